@@ -1,0 +1,457 @@
+/**
+ * @file kl_lib.h
+ * Base library of mission analysis for earth-observation satellites: time scales and formats, reference
+ * frames, Sun, Moon and planets, Earth models and geoid, rotations, on-board time, satellite and run ids.
+ *
+ * Every public function takes its context as identifiers ("ids") that the caller initialises and closes,
+ * and an error vector `ierr` as its last argument. It returns KL_OK, KL_WARN or KL_ERR; on KL_ERR the
+ * outputs are not to be used. kl_get_code and kl_get_msg turn a vector into code numbers and texts.
+ * Handles are zero-initialised by the caller before their first use: `kl_time_id time_id = {0};`.
+ * NULL where a value is required is an input error like any other and never a crash.
+ *
+ * Units: metres, m/s and m/s2 for states; degrees for angles; days (MJD2000) for instants; seconds for
+ * differences of time scales.
+ */
+#ifndef KL_LIB_H
+#define KL_LIB_H
+
+#include <stdint.h>
+
+#if defined(__GNUC__)
+#define KL_API __attribute__((visibility("default")))
+#else
+#define KL_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- status, scales, formats, frames --------------------------------------------------------------- */
+
+/** Status of a public function. */
+enum {
+    KL_OK = 0,   /**< nothing recorded */
+    KL_WARN = 1, /**< at least one warning, no error */
+    KL_ERR = -1  /**< an error: the outputs are not to be used */
+};
+
+/** Time references. */
+enum {
+    KL_TIME_UNDEF = -1, /**< left open: only where a text carries its own reference */
+    KL_TIME_TAI = 0,
+    KL_TIME_UTC = 1,
+    KL_TIME_UT1 = 2,
+    KL_TIME_GPS = 3
+};
+
+/** Processing format: MJD2000, days since 2000-01-01 00:00:00 of the reference; -18262.0 to 36524.0. */
+enum { KL_PROC = 0 };
+
+/** Transport formats: four longs, unused ones 0. */
+enum {
+    KL_TRANS_0 = 0,   /**< days, seconds of day, microseconds */
+    KL_TRANS_11 = 11, /**< as 0 */
+    KL_TRANS_21 = 21, /**< as 0 */
+    KL_TRANS_22 = 22, /**< days, milliseconds of day, microseconds of the millisecond */
+    KL_TRANS_23 = 23, /**< as 22, and a count of ticks of 2.0625 microseconds */
+    KL_TRANS_31 = 31, /**< GPS week, seconds of week, fraction of second in 2^-16 s */
+    KL_TRANS_41 = 41, /**< seconds since 1980-01-06 00:00:00, microseconds; KL_TIME_GPS only */
+    KL_TRANS_42 = 42  /**< GPS week, seconds of week, microseconds; KL_TIME_GPS only */
+};
+
+/** Texts of a time: tens digit the layout; units digit 2 and 4 with a prefix "RRR=", 3 and 4 with microseconds. */
+enum {
+    KL_ASCII_11 = 11, /**< yyyy-mm-dd_hh:nn:ss */
+    KL_ASCII_12 = 12,
+    KL_ASCII_13 = 13, /**< yyyy-mm-dd_hh:nn:ss.uuuuuu */
+    KL_ASCII_14 = 14,
+    KL_ASCII_21 = 21, /**< yyyymmdd_hhnnss */
+    KL_ASCII_22 = 22,
+    KL_ASCII_23 = 23, /**< yyyymmdd_hhnnssuuuuuu */
+    KL_ASCII_24 = 24,
+    KL_ASCII_31 = 31, /**< dd-MMM-yyyy hh:nn:ss */
+    KL_ASCII_32 = 32,
+    KL_ASCII_33 = 33, /**< dd-MMM-yyyy hh:nn:ss.uuuuuu */
+    KL_ASCII_34 = 34,
+    KL_ASCII_41 = 41, /**< yyyy-mm-ddThh:nn:ss */
+    KL_ASCII_42 = 42,
+    KL_ASCII_43 = 43, /**< yyyy-mm-ddThh:nn:ss.uuuuuu */
+    KL_ASCII_44 = 44,
+    KL_ASCII_51 = 51, /**< yyyymmddThhnnss */
+    KL_ASCII_52 = 52,
+    KL_ASCII_53 = 53, /**< yyyymmddThhnnssuuuuuu */
+    KL_ASCII_54 = 54
+};
+
+/** Reference frames. */
+enum {
+    KL_BM2000 = 1, /**< barycentric, mean equator and equinox of J2000 */
+    KL_HM2000 = 2, /**< heliocentric, mean equator and equinox of J2000 */
+    KL_GM2000 = 3, /**< geocentric, mean equator and equinox of J2000 */
+    KL_MOD = 4,    /**< geocentric, mean equator and equinox of date */
+    KL_TOD = 5,    /**< geocentric, true equator and equinox of date */
+    KL_PEF = 6,    /**< pseudo Earth-fixed: before polar motion */
+    KL_EF = 7,     /**< Earth-fixed */
+    KL_LIF = 8,    /**< launch inertial frame */
+    KL_BM1950 = 9, /**< barycentric, mean equator and equinox of B1950 (FK4, without E-terms) */
+    KL_GALACTIC = 10,
+    KL_TEME = 11 /**< true equator, mean equinox of date */
+};
+
+/** Calculation modes of a state. */
+enum { KL_CALC_POS = 1, KL_CALC_POS_VEL = 2, KL_CALC_POS_VEL_ACC = 3 };
+
+/** Planets. */
+enum {
+    KL_MERCURY = 1,
+    KL_VENUS = 2,
+    KL_EARTH_MOON_BARYCENTRE = 3,
+    KL_MARS = 4,
+    KL_JUPITER = 5,
+    KL_SATURN = 6,
+    KL_URANUS = 7,
+    KL_NEPTUNE = 8
+};
+
+/** Modes of kl_model_init. */
+enum { KL_MODEL_DEFAULT = 0, KL_MODEL_USER = 1 };
+
+/** Kinds of model: indices of the selection array of kl_model_init. */
+enum {
+    KL_MODEL_EARTH = 0,
+    KL_MODEL_SUN = 1,
+    KL_MODEL_MOON = 2,
+    KL_MODEL_PLANET = 3,
+    KL_MODEL_STAR = 4,
+    KL_MODEL_NUTATION = 5,
+    KL_MODEL_PRECESSION = 6,
+    KL_MODEL_CONSTANTS = 7,
+    KL_MODEL_LIGHT_PROPAGATION = 8
+};
+
+/** Interpolation of quaternions. */
+enum { KL_INTERPOL_SLERP = 0 };
+
+/** Kinds of id. */
+enum { KL_ID_RUN = 1, KL_ID_TIME = 2, KL_ID_MODEL = 3 };
+
+/** CCSDS unsegmented time code. */
+enum { KL_CUC_TIME_FIELD_ONLY = 0, KL_CUC_WITH_P_FIELD = 1 };
+enum { KL_CUC_EPOCH_1958 = 0, KL_CUC_EPOCH_1980 = 1, KL_CUC_EPOCH_USER = 2 };
+
+/** Sizes of callers' buffers. */
+enum {
+    KL_MSG_LENGTH = 512,       /**< characters of one message */
+    KL_MAX_MSG = 256,          /**< slots of a message array: always all of them, since all are cleared */
+    KL_MAX_CODES = 257,        /**< entries of a code array */
+    KL_TIME_ASCII_LENGTH = 32, /**< characters of any text of a time, terminator included */
+    KL_TRANSPORT_LENGTH = 4,   /**< longs of a transport time */
+    KL_CUC_LENGTH = 19         /**< octets of the longest CUC with its P-field */
+};
+
+/** Public function ids, for kl_get_code and kl_get_msg. */
+enum {
+    KL_ID_FUNC_TIME_TRANSPORT_TO_ASCII = 0,
+    KL_ID_FUNC_TIME_TRANSPORT_TO_TRANSPORT = 1,
+    KL_ID_FUNC_TIME_TRANSPORT_TO_PROCESSING = 2,
+    KL_ID_FUNC_TIME_PROCESSING_TO_ASCII = 3,
+    KL_ID_FUNC_TIME_PROCESSING_TO_TRANSPORT = 4,
+    KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING = 5,
+    KL_ID_FUNC_TIME_ASCII_TO_ASCII = 6, /**< two words of error vector */
+    KL_ID_FUNC_TIME_ASCII_TO_TRANSPORT = 7,
+    KL_ID_FUNC_TIME_ASCII_TO_PROCESSING = 8,
+    KL_ID_FUNC_TIME_ADD = 9,
+    KL_ID_FUNC_TIME_DIFF = 10,
+    KL_ID_FUNC_TIME_OBT_TO_TIME = 11,
+    KL_ID_FUNC_TIME_TIME_TO_OBT = 12,
+    KL_ID_FUNC_TIME_REF_INIT_FILE = 13,
+    KL_ID_FUNC_TIME_REF_INIT = 14,
+    KL_ID_FUNC_TIME_ID_INIT = 15,
+    KL_ID_FUNC_TIME_REF_CLOSE = 16, /**< kl_time_close */
+    KL_ID_FUNC_CHANGE_CART_CS = 17,
+    KL_ID_FUNC_GEOD_TO_CART = 18,
+    KL_ID_FUNC_CART_TO_GEOD = 19,
+    KL_ID_FUNC_KEPL_TO_CART = 20,
+    KL_ID_FUNC_CART_TO_KEPL = 21,
+    KL_ID_FUNC_SUN = 22,
+    KL_ID_FUNC_MOON = 23,
+    KL_ID_FUNC_PLANET = 24,
+    KL_ID_FUNC_STAR_RADEC = 25,
+    KL_ID_FUNC_GEOD_DISTANCE = 26,
+    KL_ID_FUNC_TIME_GET_LEAP_SECOND_INFO = 27,
+    KL_ID_FUNC_DEFAULT_SAT_INIT = 28,
+    KL_ID_FUNC_RUN_INIT = 29,
+    KL_ID_FUNC_GET_ROTATION_ANGLES = 30,
+    KL_ID_FUNC_GET_ROTATED_VECTORS = 31,
+    KL_ID_FUNC_POSITION_ON_ORBIT = 32,
+    KL_ID_FUNC_QUATERNIONS_TO_VECTORS = 33,
+    KL_ID_FUNC_VECTORS_TO_QUATERNIONS = 34,
+    KL_ID_FUNC_STAR_CATALOG = 35,
+    KL_ID_FUNC_CART_TO_RADEC = 36,
+    KL_ID_FUNC_RADEC_TO_CART = 37,
+    KL_ID_FUNC_ECLIPSE = 38,
+    KL_ID_FUNC_COTICCHIA_SURACE = 39,
+    /* 40 is unassigned */
+    KL_ID_FUNC_MATRIX_TO_EULER = 41,
+    KL_ID_FUNC_MODEL_INIT = 42,
+    KL_ID_FUNC_MODEL_CLOSE = 43,
+    KL_ID_FUNC_GEOID_CALC = 44,
+    KL_ID_FUNC_QUATERNIONS_INTERPOL = 45,
+    KL_ID_FUNC_TIME_CUC_TO_PROCESSING = 46,
+    KL_ID_FUNC_TIME_PROCESSING_TO_CUC = 47
+};
+
+/* ---- handles and records --------------------------------------------------------------------------- */
+
+/** Handle of a time id; zero-initialise it. */
+typedef struct kl_time_id {
+    void *record;
+} kl_time_id;
+
+/** Handle of a model id; zero-initialise it. */
+typedef struct kl_model_id {
+    void *record;
+} kl_model_id;
+
+/** Selections and constants of a model id. */
+typedef struct kl_model_data {
+    long earth, sun, moon, planet, star, nutation, precession, constants, light_propagation;
+    double gravity_radius; /**< m */
+    double gm;             /**< m3/s2 */
+    double j2, j3, j4;
+    double semi_major_axis, semi_minor_axis; /**< m */
+    double eccentricity, flattening;
+    double angle_0, angle_1, angle_2;             /**< sidereal angle: deg, deg/day, deg/day2 */
+    double angle_sim_0, angle_sim_1, angle_sim_2; /**< the second set, rounded */
+    double astronomical_unit;                     /**< km */
+} kl_model_data;
+
+/** Input of kl_geoid_calc. */
+typedef struct kl_geoid_input {
+    kl_model_id *model_id;
+    double latitude;  /**< geodetic, deg, -90 to 90 */
+    double longitude; /**< deg, 0 to 360 */
+    double height;    /**< not read */
+    long max_degree;  /**< 0 to 360 */
+} kl_geoid_input;
+
+/** On-board time of the Tarvos, Brisa and Vardo formats. */
+typedef struct kl_obt_tarvos {
+    long sat_id;
+    unsigned long coarse;
+    unsigned long fine;
+} kl_obt_tarvos;
+typedef kl_obt_tarvos kl_obt_brisa;
+typedef kl_obt_tarvos kl_obt_vardo;
+
+/** On-board time of the Kelda format. */
+typedef struct kl_obt_kelda {
+    long sat_id;
+    double obt; /**< s */
+} kl_obt_kelda;
+
+/** Clock correlation of the Tarvos format. */
+typedef struct kl_obt_param_tarvos {
+    long sat_id;
+    double ref_time;          /**< MJD2000, days */
+    unsigned long ref_coarse; /**< counts */
+    unsigned long ref_fine;   /**< 2^-32 count */
+    unsigned long clock_step; /**< picoseconds a count */
+} kl_obt_param_tarvos;
+
+/** Clock correlation of the Kelda format. */
+typedef struct kl_obt_param_kelda {
+    long sat_id;
+    unsigned long ref_time;     /**< s since 2000-01-01 */
+    uint32_t ref_time_fraction; /**< 2^-16 s */
+    unsigned long ref_obt;      /**< s */
+    uint32_t ref_obt_fraction;  /**< 2^-16 s */
+    double gain;
+    double offset; /**< s */
+} kl_obt_param_kelda;
+
+/** Clock correlation of the Brisa format. */
+typedef struct kl_obt_param_brisa {
+    long sat_id;
+    long offset; /**< s, subtracted */
+    unsigned long ref_coarse;
+    unsigned long ref_fine;        /**< 2^-16 */
+    unsigned long week;            /**< GPS week */
+    unsigned long seconds_of_week; /**< s */
+    unsigned long fraction;        /**< 2^-16 s */
+} kl_obt_param_brisa;
+
+/** Clock correlation of the Vardo format. */
+typedef struct kl_obt_param_vardo {
+    long sat_id;
+    long offset; /**< s */
+} kl_obt_param_vardo;
+
+/** One row of a time correlation: the same instant on three scales, and the differences. */
+typedef struct kl_time_row {
+    double tai, ut1, utc;             /**< MJD2000, days */
+    double tai_utc, tai_ut1, tai_gps; /**< s */
+} kl_time_row;
+
+/** Data of a time id. */
+typedef struct kl_time_id_data {
+    long model;       /**< -1 explicit values (one row); any other non-zero number a table */
+    long combination; /**< 2: two bulletins joined, with a gap between them */
+    long no_extrapolation;
+    long second_bulletin_row; /**< first row of the second bulletin, with combination 2 */
+    double a, b, c;           /**< UT1-UTC = a + b (t - c) - (UT2-UT1) after the table; s, s/day, MJD2000 */
+    long leap_sign;           /**< output: 0 none, +1, -1 */
+    double leap_utc;          /**< output: first UTC instant after the leap second, MJD2000 */
+    double leap_tai;          /**< output: TAI instant at which it begins, MJD2000 */
+    long n_rows;
+    kl_time_row *rows;
+} kl_time_id_data;
+
+/** Layout of a CUC. */
+typedef struct kl_cuc_config {
+    long cuc_type;       /**< KL_CUC_TIME_FIELD_ONLY or KL_CUC_WITH_P_FIELD */
+    long epoch_type;     /**< KL_CUC_EPOCH_1958, _1980 or _USER */
+    long epoch_time_ref; /**< scale of epoch, with KL_CUC_EPOCH_USER */
+    double epoch;        /**< MJD2000, days, with KL_CUC_EPOCH_USER */
+    long n_coarse;       /**< 1 to 7 octets */
+    long n_fine;         /**< 0 to 10 octets */
+} kl_cuc_config;
+
+/* ---- errors ---------------------------------------------------------------------------------------- */
+
+KL_API long kl_silent(void);
+KL_API long kl_verbose(void);
+KL_API long kl_get_code(const long *func_id, const long *ierr, long *n_codes, long *codes);
+KL_API long kl_get_msg(const long *func_id, const long *ierr, long *n_msg, char msg[][512]);
+KL_API long kl_print_msg(const long *n_msg, char msg[][512]);
+KL_API void kl_free_array(void **array);
+KL_API long kl_check_library_version(void);
+
+/* ---- time: ids ------------------------------------------------------------------------------------- */
+
+KL_API long kl_time_ref_init(const double tri_time[4], const long *orbit, const double *anx_time,
+                             const double *orbit_duration, kl_time_id *time_id, long *ierr);
+KL_API long kl_time_close(kl_time_id *time_id, long *ierr);
+KL_API long kl_time_init_status(kl_time_id *time_id);
+KL_API long kl_time_get_mode(kl_time_id *time_id);
+KL_API long kl_time_get_sat_id(kl_time_id *time_id);
+KL_API long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data);
+KL_API long kl_time_set_id_data(kl_time_id *time_id, const kl_time_id_data *data);
+KL_API long kl_time_free_id_data(kl_time_id_data *data);
+
+/* ---- time: processing format ----------------------------------------------------------------------- */
+
+KL_API long kl_time_processing_to_processing(kl_time_id *time_id, const long *proc_id_in, const long *time_ref_in,
+                                             const double *time_in, const long *proc_id_out, const long *time_ref_out,
+                                             double *time_out, long *ierr);
+KL_API long kl_time_add(const long *proc_id, const long *time_ref, const double *time, const double *duration,
+                        double *time_out, long *ierr);
+KL_API long kl_time_diff(const long *proc_id, const long *time_ref, const double *time1, const double *time2,
+                         double *duration, long *ierr);
+KL_API long kl_time_get_leap_second_info(kl_time_id *time_id, const long *ascii_id_out, long *leap_sign,
+                                         char *utc_time_before, char *utc_time_after, long *ierr);
+
+/* ---- time: texts and transport formats --------------------------------------------------------------- */
+
+KL_API long kl_time_ascii_to_ascii(kl_time_id *time_id, const long *ascii_id_in, const long *time_ref_in,
+                                   const char *ascii_in, const long *ascii_id_out, const long *time_ref_out,
+                                   char *ascii_out, long ierr[2]);
+KL_API long kl_time_ascii_to_processing(kl_time_id *time_id, const long *ascii_id_in, const long *time_ref_in,
+                                        const char *ascii_in, const long *proc_id_out, const long *time_ref_out,
+                                        double *time_out, long *ierr);
+KL_API long kl_time_ascii_to_transport(kl_time_id *time_id, const long *ascii_id_in, const long *time_ref_in,
+                                       const char *ascii_in, const long *trans_id_out, const long *time_ref_out,
+                                       long transport_out[4], long *ierr);
+KL_API long kl_time_processing_to_ascii(kl_time_id *time_id, const long *proc_id_in, const long *time_ref_in,
+                                        const double *time_in, const long *ascii_id_out, const long *time_ref_out,
+                                        char *ascii_out, long *ierr);
+KL_API long kl_time_processing_to_transport(kl_time_id *time_id, const long *proc_id_in, const long *time_ref_in,
+                                            const double *time_in, const long *trans_id_out, const long *time_ref_out,
+                                            long transport_out[4], long *ierr);
+KL_API long kl_time_transport_to_ascii(kl_time_id *time_id, const long *trans_id_in, const long *time_ref_in,
+                                       const long transport_in[4], const long *ascii_id_out, const long *time_ref_out,
+                                       char *ascii_out, long *ierr);
+KL_API long kl_time_transport_to_processing(kl_time_id *time_id, const long *trans_id_in, const long *time_ref_in,
+                                            const long transport_in[4], const long *proc_id_out,
+                                            const long *time_ref_out, double *time_out, long *ierr);
+KL_API long kl_time_transport_to_transport(kl_time_id *time_id, const long *trans_id_in, const long *time_ref_in,
+                                           const long transport_in[4], const long *trans_id_out,
+                                           const long *time_ref_out, long transport_out[4], long *ierr);
+
+/* ---- time: on-board clocks --------------------------------------------------------------------------- */
+
+KL_API long kl_time_obt_to_time(const long *sat_id, const long *time_ref, const void *parameters, const void *obt,
+                                double *time, long *ierr);
+KL_API long kl_time_time_to_obt(const long *sat_id, const long *time_ref, const void *parameters, const double *time,
+                                void *obt, long *ierr);
+KL_API long kl_time_cuc_to_processing(kl_time_id *time_id, const kl_cuc_config *config, const long *time_ref,
+                                      const unsigned char *cuc, double *time, long *ierr);
+KL_API long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *config, const long *time_ref,
+                                      const double *time, unsigned char *cuc, long *ierr);
+
+/* ---- Earth models ------------------------------------------------------------------------------------ */
+
+KL_API long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id, long *ierr);
+KL_API long kl_model_init_status(kl_model_id *model_id);
+KL_API long kl_model_get_data(kl_model_id *model_id, kl_model_data *data);
+KL_API long kl_model_close(kl_model_id *model_id, long *ierr);
+
+/* ---- geoid ------------------------------------------------------------------------------------------- */
+
+KL_API long kl_geoid_calc(const kl_geoid_input *inputs, double *undulation, long *ierr);
+KL_API long kl_geoid_grid(kl_model_id *model_id, const long *max_degree, const double *lat, const long *n_lat,
+                          const double *lon, const long *n_lon, double *undulation, long *ierr);
+
+/* ---- frames ------------------------------------------------------------------------------------------ */
+
+KL_API long kl_change_cart_cs(kl_model_id *model_id, kl_time_id *time_id, const long *calc_mode, const long *cs_in,
+                              const long *cs_out, const long *time_ref, const double *time, const double pos[3],
+                              const double vel[3], const double acc[3], double pos_out[3], double vel_out[3],
+                              double acc_out[3], long *ierr);
+
+/* ---- Sun, Moon and planets --------------------------------------------------------------------------- */
+
+KL_API long kl_sun(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time,
+                   double sun_pos[3], double sun_vel[3], long *ierr);
+KL_API long kl_moon(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time,
+                    double moon_pos[3], double moon_vel[3], long *ierr);
+KL_API long kl_planet(kl_model_id *model_id, kl_time_id *time_id, const long *planet_id, const long *time_ref,
+                      const double *time, double planet_pos[3], double planet_vel[3], long *ierr);
+
+/* ---- rotations and quaternions ----------------------------------------------------------------------- */
+
+KL_API long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr);
+KL_API long kl_vectors_to_quaternions(const double x[3], const double y[3], const double z[3], double q[4], long *ierr);
+KL_API long kl_quaternions_interpol(const long *mode, const double *t1, const double q1[4], const double *t2,
+                                    double q2[4], const double *t, double q[4], long *ierr);
+KL_API long kl_euler_to_matrix(const double angles[3], double matrix[9], long *ierr);
+KL_API long kl_matrix_to_euler(const double matrix[9], double angles[3], long *ierr);
+KL_API long kl_get_rotation_angles(const double x1[3], const double y1[3], const double z1[3], const double x2[3],
+                                   const double y2[3], const double z2[3], double angles[3], long *ierr);
+KL_API long kl_get_rotated_vectors(const double x1[3], const double y1[3], const double z1[3], const double angles[3],
+                                   double x2[3], double y2[3], double z2[3], long *ierr);
+
+/* ---- satellites -------------------------------------------------------------------------------------- */
+
+KL_API long kl_default_sat_init(long *sat_id, const char *file_name, long *ierr);
+KL_API long kl_default_sat_close(const long *sat_id);
+KL_API long kl_set_tle_sat_data(const long *sat_id, const long *catalogue_number, const char *name,
+                                const char *designator);
+KL_API long kl_set_sp3_sat_data(long sat_id, const char *identifier);
+
+/* ---- runs -------------------------------------------------------------------------------------------- */
+
+KL_API long kl_run_init(const long *sat_id, kl_time_id *time_id, kl_model_id *model_id, long *run_id, long *ierr);
+KL_API long kl_run_init_status(const long *run_id);
+KL_API long kl_run_id_status(const long *run_id, const long *kind);
+KL_API long kl_run_get_ids(const long *run_id, long *sat_id, kl_time_id *time_id, kl_model_id *model_id);
+KL_API void kl_run_close(const long *run_id);
+
+/* ---- run twins: a run id in place of the leading ids --------------------------------------------------- */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,1 @@
+// Objects come here.
