@@ -1,0 +1,22 @@
+#!/bin/sh
+# Builds the library and runs all tests. `./check.sh --all` adds the debug, clang and sanitizer builds.
+set -eu
+cd "$(dirname "$0")"
+tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev
+
+run_preset() {
+    echo "== $1"
+    cmake --preset "$1" -DKITLIB_TESTS=ON -DKITLIB_WERROR=ON >"build-$1.log" 2>&1 || { cat "build-$1.log"; exit 1; }
+    cmake --build --preset "$1" >"build-$1.log" 2>&1 || { tail -n 60 "build-$1.log"; exit 1; }
+    rm -f "build-$1.log"
+    ctest --preset "$1" -j "$(nproc)"
+}
+
+case "${1:-}" in
+"") run_preset release ;;
+--all)
+    tools/install_missing.sh clang
+    for preset in release debug clang asan tsan; do run_preset "$preset"; done
+    ;;
+*) echo "usage: ./check.sh [--all]" >&2; exit 2 ;;
+esac

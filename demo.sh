@@ -1,0 +1,11 @@
+#!/bin/sh
+# Builds the library and shows the sky above the Earth, for now or for a UTC instant: ./demo.sh 2026-03-20T14:46:00
+set -eu
+cd "$(dirname "$0")"
+tools/install_missing.sh g++ cmake ninja-build
+{
+    cmake --preset release -DKITLIB_TESTS=OFF
+    cmake --build --preset release --target kl_demo
+} >build-demo.log 2>&1 || { cat build-demo.log; exit 1; }
+rm -f build-demo.log
+exec build/release/apps/kl_demo data/time_correlation.csv "$@"
