@@ -115,6 +115,55 @@ KL_API long KL_Print_Err_Msg(const char *text);
 
 /* ---- id records ---------------------------------------------------------------------------------------- */
 
+/*
+ * A record begins with a kl_id_record. Records without a mutex (runs, or none could be made) are used without locking.
+ * A lock that fails prints a line with the number of its place on standard error and the function returns -1.
+ * `handle` is a pointer to a handle; NULL counts as an uninitialised one.
+ */
+
+/**
+ * Fills the head of a record: kind, satellite id, initialised, two empty lists, no instances, a mutex. `mode` is left.
+ * 0; a positive number when no mutex could be made (a line is printed, the id works without); -1 with the record not
+ * initialised and nothing to free when there is no memory for the lists.
+ */
+KL_API long KL_Id_init(const long *sat_id, long kind, void *record);
+/** 1 when the handle holds an initialised record, else 0. */
+KL_API long KL_Id_init_status(const void *handle);
+/** Kind of an initialised id, else 0. */
+KL_API long KL_Id_get_init_type(const void *handle);
+/** Mode of an id; the handle must hold a record. */
+KL_API long KL_Id_get_mode(const void *handle);
+/** Satellite id of an id; the handle must hold a record. */
+KL_API long KL_Id_get_sat_id(const void *handle);
+/** 1 when the 64-bit values behind both pointers are equal: the equality function of id lists. */
+KL_API long KL_Id_cmp(const void *a, const void *b);
+/**
+ * Closes an id: unregisters it from the ids it uses, deletes lists and mutex. The record itself is its kind's to free.
+ * 0, or -1 when it is not initialised, is in use by another id or an instance (nothing changes, nothing is printed),
+ * or a lock fails.
+ */
+KL_API long KL_Id_close(void *handle);
+/** Records that `user` is built on `used`, both records. 0 (also for NULL), or -1. */
+KL_API long KL_Link_ids(void *used, void *user);
+/** The reverse of KL_Link_ids. */
+KL_API long KL_Unlink_ids(void *used, void *user);
+/** The first record of the kind that a record is built on, in the order of linking, or NULL. */
+KL_API void *KL_Get_used_id(const void *record, long kind);
+/** Number of ids and instances that use an id; 0 without a record or when the lock fails. */
+KL_API long KL_Is_used(const void *handle);
+/** One more object shares the id. Nothing without a record. */
+KL_API long KL_Add_instance(void *handle);
+/** One object less shares the id. */
+KL_API long KL_Delete_instance(void *handle);
+/**
+ * Makes the head of the target's record a copy of the source's: same kind, status, satellite, mode, count of instances
+ * and used ids, no users, a mutex of its own. The target's record must have been initialised or zeroed; what it was
+ * linked to is let go. 0, or -1 (no record, no memory, no mutex, a lock) with the target not initialised.
+ */
+KL_API long KL_Copy_id(const void *source_handle, void *target_handle);
+/** 1 when a CUC may have so many octets: coarse 1 to 7, fine 0 to 10. */
+KL_API long KL_Check_cuc_octets(long coarse, long fine);
+
 /* ---- version ------------------------------------------------------------------------------------------- */
 
 /* ---- satellites ---------------------------------------------------------------------------------------- */
@@ -172,6 +221,54 @@ KL_API void *KL_Model_get_data(kl_model_id *model_id, long kind);
 
 /* ---- geoid --------------------------------------------------------------------------------------------- */
 
+/** Conditions of KL_Legfdn. */
+enum { KL_LEGFDN_POLE_ERR = 0 };
+
+/**
+ * What kl_geoid_calc computes, without its checks: the correction from height anomaly to undulation and the undulation,
+ * m; either output may be NULL (the correction alone costs a second pass). Latitude 91 is a marker: all Legendre
+ * functions count as zero. 0, or -1 without a condition: no memory, no tables in the model, degree outside 0 to 360.
+ */
+KL_API long KL_Geoid_undu(const kl_geoid_input *inputs, double *height_anomaly_correction, double *undulation,
+                          kl_error_record *error);
+
+/**
+ * The same computed in a chosen way: -1 by the published routines below, step by step; 0 by the baseline kernel, 1 and
+ * 2 by those for AVX2 and AVX-512. KL_Geoid_undu takes the widest; all kernels give the same bits. -1 also when the
+ * machine or the build does not have the kernel.
+ */
+KL_API long KL_Geoid_undu_by(long way, const kl_geoid_input *inputs, double *height_anomaly_correction,
+                             double *undulation);
+
+/** Geocentric latitude (rad), normal gravity on the ellipsoid (m/s2) and geocentric radius (m) of a geodetic point. */
+KL_API void KL_Radgra(double *geocentric_latitude_rad, double *normal_gravity, double *radius, double lat_deg,
+                      double lon_deg, double height);
+
+/**
+ * Fully normalised Legendre functions of order m in the colatitude theta (rad).
+ *
+ * @param[out] p            [nmax + 1] P(n,m) at index n for n = m to nmax; entries below m are not touched
+ * @param[in]  derivatives  non-zero: fill dp too
+ * @param[out] dp           [nmax + 1] dP/dtheta, as p; may be NULL without derivatives
+ * @return 0; -1 with KL_LEGFDN_POLE_ERR for derivatives at a pole, without a condition for m < 0 or a missing array
+ */
+KL_API long KL_Legfdn(long m, double theta, double *p, long nmax, long derivatives, double *dp,
+                      kl_error_record *error);
+
+/** sin(m lambda) and cos(m lambda) at index m, for m = 1 to nmax; [nmax + 1] each, index 0 is not touched. */
+KL_API void KL_Dscml(long nmax, double sin_ml[], double cos_ml[], double lambda_rad);
+
+/**
+ * The synthesis: correction and undulation, m. P, HC, HS, CC, CS in triangular order, index n(n+1)/2 + m, for degrees 0
+ * to max(nmax, 1); sin_ml, cos_ml as KL_Dscml gives them, to order max(nmax, 1).
+ */
+KL_API void KL_Hundu(long nmax, const double P[], const double HC[], const double HS[], const double sin_ml[],
+                     const double cos_ml[], const double CC[], const double CS[], double *correction,
+                     double *undulation, double normal_gravity, double radius);
+
+/** Frees `count` rows, then the array of rows; NULL does nothing. */
+KL_API void KL_Free_dhc(double **rows, long count);
+
 /* ---- frame chain --------------------------------------------------------------------------------------- */
 
 /** Carries a state between any two frames; order 0 to 2. 0, 1 when something was warned of, or -1. */
@@ -180,6 +277,51 @@ KL_API long KL_Change_CoordinateSystem(kl_model_id *model_id, kl_time_id *time_i
                                        kl_error_record *error);
 
 /* ---- bodies -------------------------------------------------------------------------------------------- */
+
+/*
+ * States are written into the vectors that the caller's Cord points to (elements 1 to 3); frame and order (1) are set,
+ * the acceleration is never touched. Date records are TDB (reference 1) in MJD2000 (format 3).
+ */
+
+/** Heliocentric (KL_HM2000) and barycentric (KL_BM2000) state of the Earth: m, m/s. P. Stumpff (1980). */
+KL_API long KL_Earth(const kl_time_record *tdb, Cord *barycentric, Cord *heliocentric, kl_error_record *error);
+/** Geocentric Sun, mean of date (KL_MOD): m, m/s; the Earth turned round, without light time. */
+KL_API long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb, Cord *sun,
+                          kl_error_record *error);
+/** Geocentric Moon, mean of date (KL_MOD): m, m/s. J. Meeus (1984). */
+KL_API long KL_Moon_PosVel(const kl_time_record *tdb, Cord *moon, kl_error_record *error);
+/**
+ * Heliocentric planet (KL_HM2000): m, m/s. J. L. Simon et al. (1994). The record's codes are not checked.
+ * Returns 1 with a complete state when it warns: date beyond 1000 Julian years from J2000.0, or no convergence.
+ */
+KL_API long KL_Planets(long planet, const kl_time_record *tdb, Cord *state, kl_error_record *error);
+/**
+ * Sun as seen from a satellite (any frame), with the light time taken off in one refinement: state in KL_MOD and the
+ * TAI instant (MJD2000) at which the light left. The satellite's three vectors must exist.
+ */
+KL_API long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb,
+                                          const Cord *satellite, Cord *sun, kl_time_record *emission,
+                                          kl_error_record *error);
+/**
+ * The same for a time of any scale (KL_TIME_TAI to KL_TIME_GPS, MJD2000), in KL_EF: m, m/s. The axes are those of the
+ * instant at which the light left; with KL_TIME_UT1 those of the given time.
+ */
+KL_API long KL_Sun_travel_time(kl_model_id *model_id, kl_time_id *time_id, long time_ref, double time,
+                               const Cord *satellite, double sun_pos[3], double sun_vel[3], kl_error_record *error);
+
+/** Earth: velocities (AU/s) and positions (AU), barycentric and heliocentric; date MJD TDB; mean equator and equinox
+ * of the Julian epoch deqx, of the date when deqx <= 0. */
+KL_API void KL_SlaEvp(double dvb[3], double dpb[3], double dvh[3], double dph[3], double date, double deqx);
+/** Geocentric Moon, mean equator and equinox of date: AU, AU/s; date MJD TDB. */
+KL_API void KL_SlaDmoon(double pv[6], double date);
+/** Heliocentric planet (KL_MERCURY to KL_NEPTUNE), J2000: AU, AU/s; date MJD TDB. jstat: 0, 1 beyond 1000 years from
+ * J2000.0, 2 Kepler's equation not solved, -1 no such planet (pv zero). */
+KL_API void KL_SlaPlanet(long np, double pv[6], long *jstat, double date);
+/** Precession matrix from Julian epoch ep0 to ep1, J. H. Lieske (1979). */
+KL_API void KL_SlaPrec(double ep0, double ep1, double rmatp[3][3]);
+/** Up to three turns of the axes (rad) about those that `order` names: x, y, z in either case, or 1, 2, 3. Any other
+ * letter ends it. */
+KL_API void KL_SlaDeuler(const char *order, double phi, double theta, double psi, double rmat[3][3]);
 
 /* ---- mathematics --------------------------------------------------------------------------------------- */
 
