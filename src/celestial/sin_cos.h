@@ -1,0 +1,73 @@
+// Sines and cosines of many angles at once, without branches: the loop runs in vector registers. Same results for every
+// compiler and width, since nothing is contracted.
+#ifndef KL_SRC_CELESTIAL_SIN_COS_H
+#define KL_SRC_CELESTIAL_SIN_COS_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+// pi/2 in three parts: 27 bits, 27 bits and the rest. Multiples of the first two are exact below 2^26.
+constexpr double kHalfPiA = 0x1.921fb54p+0;
+constexpr double kHalfPiB = 0x1.10b461p-30;
+constexpr double kHalfPiC = 0x1.a62633145c06ep-58;
+constexpr double kTwoOverPi = 0.63661977236758134308;
+// Adding this number rounds to an integer, which then stands in the last bits.
+constexpr double kRounder = 0x1.8p52;
+
+// Angle in -pi to pi, by whole turns.
+inline double reduced(double angle)
+{
+    const double turns = (angle * (kTwoOverPi / 4.0) + kRounder) - kRounder;
+    return ((angle - turns * (4.0 * kHalfPiA)) - turns * (4.0 * kHalfPiB)) - turns * (4.0 * kHalfPiC);
+}
+
+// Angle in degrees, -180 to 180; exact.
+inline double reduced_degrees(double angle)
+{
+    const double turns = (angle * (1.0 / 360.0) + kRounder) - kRounder;
+    return angle - turns * 360.0;
+}
+
+// Within 2e-16 of the true values for angles up to 1e8 rad. Not finite in, NaN out.
+template <std::size_t N>
+void sin_cos(const double (&angle)[N], double (&sine)[N], double (&cosine)[N])
+{
+    for (std::size_t i = 0; i < N; ++i) {
+        const double shifted = angle[i] * kTwoOverPi + kRounder;
+        const double quarters = shifted - kRounder;
+        const double r = ((angle[i] - quarters * kHalfPiA) - quarters * kHalfPiB) - quarters * kHalfPiC;
+        const double q = r * r;
+        // Taylor: what is left out is below 5e-17 within -pi/4 to pi/4.
+        // clang-format off
+        const double s = r + r * q * (-1.0 / 6.0
+                                + q * (1.0 / 120.0
+                                + q * (-1.0 / 5040.0
+                                + q * (1.0 / 362880.0
+                                + q * (-1.0 / 39916800.0
+                                + q * (1.0 / 6227020800.0
+                                + q * (-1.0 / 1307674368000.0)))))));
+        const double c = 1.0 + q * (-1.0 / 2.0
+                             + q * (1.0 / 24.0
+                             + q * (-1.0 / 720.0
+                             + q * (1.0 / 40320.0
+                             + q * (-1.0 / 3628800.0
+                             + q * (1.0 / 479001600.0
+                             + q * (-1.0 / 87178291200.0
+                             + q * (1.0 / 20922789888000.0))))))));
+        // clang-format on
+        // Odd quarters exchange sine and cosine; the second bit turns the sign of the sine, and with the first one
+        // that of the cosine.
+        std::uint64_t quarter, sine_bits, cosine_bits;
+        std::memcpy(&quarter, &shifted, sizeof quarter);
+        std::memcpy(&sine_bits, &s, sizeof sine_bits);
+        std::memcpy(&cosine_bits, &c, sizeof cosine_bits);
+        const std::uint64_t exchange = (sine_bits ^ cosine_bits) & (std::uint64_t{0} - (quarter & 1));
+        sine_bits ^= exchange ^ ((quarter & 2) << 62);
+        cosine_bits ^= exchange ^ (((quarter + 1) & 2) << 62);
+        std::memcpy(&sine[i], &sine_bits, sizeof sine_bits);
+        std::memcpy(&cosine[i], &cosine_bits, sizeof cosine_bits);
+    }
+}
+
+#endif
