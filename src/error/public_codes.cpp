@@ -194,9 +194,9 @@ long KL_Err_Vector(long function_id, const kl_error_record *record, long *ierr)
         const int bit = row.code_to_bit(record->codes[i]);
         if (bit < 0)
             continue;
-        const int severity = function_messages(row.function_id).messages->rows[record->codes[i]].severity;
         long *word = &ierr[bit / kWordBits];
-        KL_Write_Bit(word, severity > 0 ? kWarningBit : kErrorBit, 1);
+        const Message &message = function_messages(row.function_id).messages->rows[record->codes[i]];
+        KL_Write_Bit(word, message.severity > 0 ? kWarningBit : kErrorBit, 1);
         KL_Write_Bit(word, bit % kWordBits, 1);
     }
     return 0;
