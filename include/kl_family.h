@@ -166,9 +166,97 @@ KL_API long KL_Check_cuc_octets(long coarse, long fine);
 
 /* ---- version ------------------------------------------------------------------------------------------- */
 
+/** Copies "KL_VERS_4.27" into a buffer of at least 13 characters and returns it. */
+KL_API char *KL_Get_lib_version(char *text);
+/**
+ * Appends the versions of lower libraries that this one works with to a list of 100-character elements (of the
+ * data-handling library), rows "KL_KF_COMPAT_<version>" padded with zeros. Returns the row that ends the table, which
+ * is not in the list.
+ */
+KL_API const char *KL_Get_compatibility_table(void *list);
+
 /* ---- satellites ---------------------------------------------------------------------------------------- */
 
+/*
+ * Satellite tables, one row a satellite: rows 0 to 9 the default satellites (ids 0 to 9), 10 to 59 the fixed missions
+ * in ascending order of id, 60 the generic satellite (200), 61 the generic geostationary one (300), 62 the
+ * geostationary mission (301), 63 medium Earth orbit (ids from 400 on with id modulo 400 below 100). Process-wide;
+ * neither reading nor writing a row takes a lock.
+ */
+enum { KL_N_SAT_ROWS = 64, KL_N_CATALOGUE_ROWS = 65 };
+
+/** Catalogue data of a satellite. Texts are padded with zeros; at full width they have no terminator. */
+typedef struct kl_tle_sat_data {
+    int64_t catalogue_number;
+    char name[25];
+    char designator[9]; /**< international designator; "00000   " when unknown */
+    char reserved[6];   /**< 0 */
+} kl_tle_sat_data;
+
+/* Envelope: semi-major axis, m; inclination, deg; eccentricity; argument of perigee, deg. */
+extern KL_API double A_MIN[KL_N_SAT_ROWS], A_NOM[KL_N_SAT_ROWS], A_MAX[KL_N_SAT_ROWS];
+extern KL_API double I_MIN[KL_N_SAT_ROWS], I_NOM[KL_N_SAT_ROWS], I_MAX[KL_N_SAT_ROWS];
+extern KL_API double E_NOM[KL_N_SAT_ROWS], W_NOM[KL_N_SAT_ROWS];
+/* Two sets of limits: semi-major axis, m; inclination, deg; eccentricity. */
+extern KL_API double KL_TOLERANCE_AMIN_L[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_AMAX_L[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_IMIN_L[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_IMAX_L[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_EMIN_L[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_EMAX_L[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_AMIN_T[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_AMAX_T[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_IMIN_T[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_IMAX_T[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_EMIN_T[KL_N_SAT_ROWS];
+extern KL_API double KL_TOLERANCE_EMAX_T[KL_N_SAT_ROWS];
+extern KL_API long KL_SAT_TYPE[KL_N_SAT_ROWS];                   /**< 1 geostationary (rows 61 and 62), else 0 */
+extern KL_API char KL_SP3_PARAMS[KL_N_SAT_ROWS][4];              /**< SP3 identifier */
+extern KL_API kl_tle_sat_data TLE_SAT_DATA[KL_N_CATALOGUE_ROWS]; /**< row 64 answers for invalid ids */
+extern KL_API char kl_default_sat_names[10][30];                 /**< names of the default satellites */
+extern KL_API long kl_default_sat_array[10];                     /**< 1: the slot is in use */
+
+/** 0 when the satellite id is valid, a default satellite's slot included; else -1 with code 0. */
+KL_API long KL_Check_sat_id(const long *sat_id, kl_error_record *error);
+/** 0 for the geostationary ids 300 and 301, else -1; records nothing. */
+KL_API long KL_Check_Geo_sat_id(const long *sat_id, kl_error_record *error);
+/** Row of a satellite: 0, or -1 with code 0 (invalid id) or 1 (default satellite that is not initialised). */
+KL_API long KL_Sat_id_to_array(const long *sat_id, long *index, kl_error_record *error);
+/** The id itself for a default satellite (0 to 9), else -1; whether its slot is in use is not looked at. */
+KL_API long KL_Default_to_array(const long *sat_id);
+/** 1 for the ids of medium Earth orbit: from 400 on, id modulo 400 below 100. */
+KL_API long KL_Is_MEO_sat(const long *sat_id);
+/**
+ * Name of a satellite, "UNDEFINED" for an invalid id; the name of a free default slot is empty. `text` has 30
+ * characters; a name of all 30 has no terminator. Returns 0.
+ */
+KL_API long KL_Get_mission_name(const long *sat_id, char *text);
+/**
+ * Orbital period of the smallest semi-major axis of a satellite, s. 0; 1 with code 1 when the axis is below the Earth's
+ * radius, which is taken instead; -1 with code 0 for an invalid id.
+ */
+KL_API long KL_Get_min_period(const long *sat_id, double *period, kl_error_record *error);
+/** The same of the largest axis, where the largest of all satellites is taken instead. */
+KL_API long KL_Get_max_period(const long *sat_id, double *period, kl_error_record *error);
+/**
+ * Catalogue data of a satellite; of an invalid id those of the unknown satellite. Writes 25 and 9 characters, padded
+ * with zeros: a text of full width has no terminator. Returns 0.
+ */
+KL_API long KL_Get_tle_sat_data(const long *sat_id, long *catalogue_number, char *name, char *designator);
+/** SP3 identifier of a satellite: 4 characters, as above. An invalid id reads row 0. Returns 0. */
+KL_API long KL_Get_sp3_data(long sat_id, char *text);
+
 /* ---- runs ---------------------------------------------------------------------------------------------- */
+
+/** Kind of a run (KL_ID_RUN) when it is initialised, else 0. */
+KL_API long KL_Run_get_init_type(const long *run_id);
+/** 1 when every id that an id of the list uses is in the list as well, else 0. `uses_list`: list of id records. */
+KL_API long KL_Run_check_consistency(void *uses_list);
+/**
+ * Detaches the id of a kind from a run, for libraries that close an id which belongs to one. 1 when an id of that kind
+ * was detached, else 0. Only kinds 2 (time), 3 (model) and 4 have an effect.
+ */
+KL_API long KL_Run_Generic_close(const long *run_id, long kind);
 
 /* ---- time: references, calendar, standard record ------------------------------------------------------- */
 

@@ -367,6 +367,13 @@ KL_API long kl_print_msg(const long *n_msg, char msg[][512]);
 
 /** Frees an array that the library allocated for the caller and sets the pointer to NULL; NULL does nothing. */
 KL_API void kl_free_array(void **array);
+
+/**
+ * Prints the versions of the file-handling library, the data-handling library and this one on standard output, and a
+ * line for each pair that does not fit together, with the versions that would.
+ *
+ * @return 0, or -1 when a pair does not fit (or there is no memory to find out)
+ */
 KL_API long kl_check_library_version(void);
 
 /* ---- time: ids ------------------------------------------------------------------------------------- */
@@ -460,9 +467,10 @@ enum {
  * Conditions (bit): KL_GEOID_CALC_DEGREE_ERR 0, _LATITUDE_ERR 1, _LONGITUDE_ERR 2, _COMPUTATION_ERR 3; all errors. The
  * degree is checked first, then the latitude.
  * The correction from height anomaly to undulation and the term of degree zero, -0.53 m, are in the value. Degrees 0
- * and 1 leave these two alone. Rounding is below 1e-11 m; the model itself is good to half a metre or a metre.
+ * and 1 leave these two alone. Rounding: below 1e-12 m at the 140 points and degrees of the reference; the model itself
+ * is good to half a metre or a metre.
  * The same bits on every machine of one C library, whatever its vector instructions; nothing is kept between calls, and
- * any number of threads may call. For many points on few parallels kl_geoid_grid is thirty times faster.
+ * any number of threads may call. For many points on few parallels kl_geoid_grid is dozens of times faster.
  * Source: Lemoine et al., NASA/TP-1998-206861 (1998); Rapp, J. Geodesy 71, 282-289 (1997); the published EGM96
  * undulation program (F477).
  */
@@ -609,21 +617,206 @@ KL_API long kl_get_rotated_vectors(const double x1[3], const double y1[3], const
 
 /* ---- satellites -------------------------------------------------------------------------------------- */
 
+/*
+ * Satellite ids: 0 to 9 default satellites, filled at run time; 11, 12, 21, 31, 32, 33, 41, 51, 61, 71, 81, 91, 101 to
+ * 103, 110 to 113, 120 and 125 to 154 the fixed missions; 200 a generic low orbit; 300 a generic geostationary one, 301
+ * a geostationary mission; from 400 on every id whose remainder modulo 400 is below 100 the generic medium Earth orbit.
+ * Every other id is invalid. The tables behind them are process-wide: only the reservation of a default satellite is
+ * locked, so nobody may use a satellite while another thread fills or closes it.
+ */
+
+/** Conditions of kl_default_sat_init. */
+enum {
+    KL_DEFAULT_SAT_INIT_NO_SLOT_ERR = 0, /**< all ten default satellites are in use */
+    KL_DEFAULT_SAT_INIT_FILE_ERR = 1,    /**< the file is missing or wrong; its reader says where on standard error */
+    KL_DEFAULT_SAT_INIT_LOCK_ERR = 2,    /**< the table could not be locked */
+    KL_DEFAULT_SAT_INIT_UNLOCK_ERR = 3   /**< never recorded */
+};
+
+/**
+ * Takes the lowest free default satellite and fills it from a satellite configuration file.
+ *
+ * @param[out] sat_id     0 to 9, also when the file then fails: that slot is in use, its data are what they were, and
+ *                        kl_default_sat_close frees it; left as it is when no slot was taken
+ * @param[in]  file_name  path; "" takes the slot with an empty name, SP3 identifier and envelope (all zero)
+ * @param[out] ierr       [1] error vector, decoded with KL_ID_FUNC_DEFAULT_SAT_INIT; bits as below
+ * @return KL_OK, or KL_ERR; KL_ERR with a clear vector when sat_id is NULL, or when the table could not be unlocked (a
+ *         line on standard output says so)
+ * Conditions (bit), all errors: KL_DEFAULT_SAT_INIT_NO_SLOT_ERR 0, _FILE_ERR 1 (also a NULL name, which takes no
+ * slot), _LOCK_ERR 2.
+ * The file: `key = value` lines with `#` comments, one satellite a file, every key once; lengths in m, angles in deg.
+ * examples/satellite.cfg lists and explains the keys. Nothing of a file with a mistake is taken over.
+ */
 KL_API long kl_default_sat_init(long *sat_id, const char *file_name, long *ierr);
+
+/**
+ * Frees a default satellite: clears its name, SP3 identifier, envelope and catalogue data; its limits stay.
+ *
+ * @param[in] sat_id  0 to 9, in use or not
+ * @return the id, or -1 when it is not 0 to 9 or NULL
+ * Takes no lock.
+ */
 KL_API long kl_default_sat_close(const long *sat_id);
+
+/**
+ * Replaces the catalogue data of a satellite that is not a default one.
+ *
+ * @param[in] sat_id            a valid id from 11 on
+ * @param[in] catalogue_number  number of the two-line elements
+ * @param[in] name              catalogue name; at most 25 characters are taken
+ * @param[in] designator        international designator; at most 9 characters are taken
+ * @return 0, or -1 with nothing changed: an invalid id, a default satellite, or NULL
+ * All ids of medium Earth orbit share one row.
+ */
 KL_API long kl_set_tle_sat_data(const long *sat_id, const long *catalogue_number, const char *name,
                                 const char *designator);
+
+/**
+ * Replaces the SP3 identifier of a satellite.
+ *
+ * @param[in] sat_id      a valid id, a default satellite in use included
+ * @param[in] identifier  at most 4 characters are taken
+ * @return 0, or -1 with nothing changed: an invalid id, a free default satellite, or NULL
+ */
 KL_API long kl_set_sp3_sat_data(long sat_id, const char *identifier);
 
 /* ---- runs -------------------------------------------------------------------------------------------- */
 
+/*
+ * A run groups a satellite id, a time id and perhaps a model id under one number, 0 to 19, for the functions that end
+ * in _run. There are 20 runs a process. The ids of a run cannot be closed before the run. Different threads may open
+ * and close different runs at once; nobody may close a run that another thread is using.
+ */
+
+/** Conditions of kl_run_init. */
+enum {
+    KL_RUN_INIT_NO_SLOT_ERR = 0,     /**< all 20 runs are in use */
+    KL_RUN_INIT_SAT_ID_ERR = 1,      /**< invalid satellite id, or a default satellite that is not initialised */
+    KL_RUN_INIT_TIME_ID_ERR = 2,     /**< time id not initialised */
+    KL_RUN_INIT_MEMORY_ERR = 3,      /**< no memory */
+    KL_RUN_INIT_CONSISTENCY_ERR = 4, /**< never recorded */
+    KL_RUN_INIT_LOCK_ERR = 5,        /**< the run table could not be locked */
+    KL_RUN_INIT_UNLOCK_ERR = 6       /**< the run table could not be unlocked */
+};
+
+/**
+ * Opens a run: the lowest number that is free.
+ *
+ * @param[in]  sat_id    a valid satellite id
+ * @param[in]  time_id   initialised time id; it cannot be closed before the run
+ * @param[in]  model_id  model id, the same; uninitialised or NULL: a run without one, which works with default models
+ * @param[out] run_id    0 to 19, or -1 on an error
+ * @param[out] ierr      [1] error vector, bits as below
+ * @return KL_OK or KL_ERR; KL_ERR with a clear vector when run_id is NULL
+ * Conditions (bit), all errors: KL_RUN_INIT_NO_SLOT_ERR 0, _SAT_ID_ERR 1, _TIME_ID_ERR 2, _MEMORY_ERR 3, _LOCK_ERR 5,
+ * _UNLOCK_ERR 6. Checked in the order: lock, free number, memory, unlock, satellite id, time id, memory.
+ */
 KL_API long kl_run_init(const long *sat_id, kl_time_id *time_id, kl_model_id *model_id, long *run_id, long *ierr);
+
+/**
+ * Is there such a run?
+ *
+ * @param[in] run_id  any number
+ * @return 1 when it is an initialised run, else 0
+ */
 KL_API long kl_run_init_status(const long *run_id);
+
+/**
+ * Does a run have an initialised id of a kind?
+ *
+ * @param[in] run_id  any number
+ * @param[in] kind    KL_ID_RUN (the run itself), KL_ID_TIME, KL_ID_MODEL, or 4, the first kind that higher libraries
+ *                    attach; any other kind is answered with 0
+ * @return 1 or 0
+ */
 KL_API long kl_run_id_status(const long *run_id, const long *kind);
+
+/**
+ * The ids of a run, still owned by whoever initialised them.
+ *
+ * @param[in]  run_id    an initialised run
+ * @param[out] sat_id    its satellite id
+ * @param[out] time_id   its time id
+ * @param[out] model_id  its model id; uninitialised when it has none
+ * @return 0, or -1 with the outputs untouched when the run is not initialised or an argument is NULL
+ */
 KL_API long kl_run_get_ids(const long *run_id, long *sat_id, kl_time_id *time_id, kl_model_id *model_id);
+
+/**
+ * Closes a run and lets go of its ids, which stay open. Nothing when it is not initialised.
+ *
+ * @param[in] run_id  the run; ids that higher libraries attached to it are not looked for
+ */
 KL_API void kl_run_close(const long *run_id);
 
 /* ---- run twins: a run id in place of the leading ids --------------------------------------------------- */
+
+/*
+ * Each is the function without _run, called with the ids of a run: same arguments, outputs, conditions, public function
+ * id and status. Without such a run they return KL_ERR at once, with the error vector as it was and nothing printed;
+ * only the two of the on-board clocks call on with satellite id -1, whose condition is then in the vector. A run
+ * without a model id works with the default models.
+ */
+
+/** kl_sun with the model and time ids of a run. */
+KL_API long kl_sun_run(const long *run_id, const long *time_ref, const double *time, double sun_pos[3],
+                       double sun_vel[3], long *ierr);
+/** kl_moon with the model and time ids of a run. */
+KL_API long kl_moon_run(const long *run_id, const long *time_ref, const double *time, double moon_pos[3],
+                        double moon_vel[3], long *ierr);
+/** kl_planet with the model and time ids of a run. */
+KL_API long kl_planet_run(const long *run_id, const long *planet_id, const long *time_ref, const double *time,
+                          double planet_pos[3], double planet_vel[3], long *ierr);
+/** kl_change_cart_cs with the model and time ids of a run. */
+KL_API long kl_change_cart_cs_run(const long *run_id, const long *calc_mode, const long *cs_in, const long *cs_out,
+                                  const long *time_ref, const double *time, const double pos[3], const double vel[3],
+                                  const double acc[3], double pos_out[3], double vel_out[3], double acc_out[3],
+                                  long *ierr);
+/** kl_time_get_leap_second_info with the time id of a run. */
+KL_API long kl_time_get_leap_second_info_run(const long *run_id, const long *ascii_id_out, long *leap_sign,
+                                             char *utc_time_before, char *utc_time_after, long *ierr);
+/** kl_time_obt_to_time with the satellite id of a run. */
+KL_API long kl_time_obt_to_time_run(const long *run_id, const long *time_ref, const void *parameters, const void *obt,
+                                    double *time, long *ierr);
+/** kl_time_time_to_obt with the satellite id of a run. */
+KL_API long kl_time_time_to_obt_run(const long *run_id, const long *time_ref, const void *parameters,
+                                    const double *time, void *obt, long *ierr);
+/** kl_time_ascii_to_ascii with the time id of a run. */
+KL_API long kl_time_ascii_to_ascii_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
+                                       const char *ascii_in, const long *ascii_id_out, const long *time_ref_out,
+                                       char *ascii_out, long ierr[2]);
+/** kl_time_ascii_to_processing with the time id of a run. */
+KL_API long kl_time_ascii_to_processing_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
+                                            const char *ascii_in, const long *proc_id_out, const long *time_ref_out,
+                                            double *time_out, long *ierr);
+/** kl_time_ascii_to_transport with the time id of a run. */
+KL_API long kl_time_ascii_to_transport_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
+                                           const char *ascii_in, const long *trans_id_out, const long *time_ref_out,
+                                           long transport_out[4], long *ierr);
+/** kl_time_processing_to_ascii with the time id of a run. */
+KL_API long kl_time_processing_to_ascii_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
+                                            const double *time_in, const long *ascii_id_out, const long *time_ref_out,
+                                            char *ascii_out, long *ierr);
+/** kl_time_processing_to_processing with the time id of a run. */
+KL_API long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
+                                                 const double *time_in, const long *proc_id_out,
+                                                 const long *time_ref_out, double *time_out, long *ierr);
+/** kl_time_processing_to_transport with the time id of a run. */
+KL_API long kl_time_processing_to_transport_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
+                                                const double *time_in, const long *trans_id_out,
+                                                const long *time_ref_out, long transport_out[4], long *ierr);
+/** kl_time_transport_to_ascii with the time id of a run. */
+KL_API long kl_time_transport_to_ascii_run(const long *run_id, const long *trans_id_in, const long *time_ref_in,
+                                           const long transport_in[4], const long *ascii_id_out,
+                                           const long *time_ref_out, char *ascii_out, long *ierr);
+/** kl_time_transport_to_processing with the time id of a run. */
+KL_API long kl_time_transport_to_processing_run(const long *run_id, const long *trans_id_in, const long *time_ref_in,
+                                                const long transport_in[4], const long *proc_id_out,
+                                                const long *time_ref_out, double *time_out, long *ierr);
+/** kl_time_transport_to_transport with the time id of a run. */
+KL_API long kl_time_transport_to_transport_run(const long *run_id, const long *trans_id_in, const long *time_ref_in,
+                                               const long transport_in[4], const long *trans_id_out,
+                                               const long *time_ref_out, long transport_out[4], long *ierr);
 
 #ifdef __cplusplus
 }
