@@ -1,0 +1,65 @@
+/**
+ * @file lib_error.hpp
+ */
+#ifndef ORBKIT_LIB_ERROR_HPP
+#define ORBKIT_LIB_ERROR_HPP
+
+#include "../kl_lib.h"
+
+#include <kit_common.hpp>
+
+#include <string>
+#include <vector>
+
+namespace ORBKIT {
+
+using ::InternalError;
+using ::KitClass;
+using ::KitError;
+
+/**
+ * The failure of one call of this library, as a KitError carries it: the operation, and the error vector of the call,
+ * of which it keeps a copy. A failure is thrown when the status is KL_ERR, and for KL_WARN when KitClass::throwWarn is
+ * set; otherwise warnings are dropped.
+ *
+ * @code{.cpp}
+ * try {
+ *     ORBKIT::ModelId(KL_MODEL_USER, {0, 0, 7, 0, 0, 0, 0, 0, 0});
+ * } catch (const KitError &error) {
+ *     for (const std::string &message : error.getMsg())
+ *         std::printf("%s\n", message.c_str());
+ *     // -> ModelId::init
+ *     // -> ORBKIT_LIB >>> ERROR in kl_model_init: Wrong enumeration value for %s model
+ *     std::vector<long> codes;
+ *     error.getCodes(codes);
+ *     std::printf("condition %ld\n", codes.at(0)); // -> condition 2
+ * }
+ * @endcode
+ */
+class KL_API LibError : public InternalError {
+public:
+    /**
+     * @param name       operation, "Class::method"
+     * @param status     returned by the call
+     * @param public_id  KL_ID_FUNC_*, whose error vector it is
+     * @param ierr       error vector of the call; NULL counts as a clear one
+     */
+    LibError(const std::string &name, long status, long public_id, const long *ierr);
+    ~LibError() override;
+    /** A copy on the heap. */
+    LibError *clone() const override;
+    LibError(const LibError &) = default;
+    LibError &operator=(const LibError &) = default;
+
+    /** Appends the condition numbers of the call, see kl_get_code. */
+    void getCodes(std::vector<long> &codes) const override;
+    /** Appends the operation, then the messages of the call, see kl_get_msg. */
+    void getMsg(std::vector<std::string> &messages) const override;
+
+private:
+    long words_[2];
+};
+
+} // namespace ORBKIT
+
+#endif

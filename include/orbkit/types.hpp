@@ -1,0 +1,96 @@
+/**
+ * @file types.hpp
+ * Values that the functions of ORBKIT::LibFunc take and return.
+ */
+#ifndef ORBKIT_TYPES_HPP
+#define ORBKIT_TYPES_HPP
+
+#include "../kl_lib.h"
+
+#include <array>
+#include <string>
+
+namespace ORBKIT {
+
+/** Three components: a position (m), a velocity (m/s), an axis, or three angles (deg). */
+using Vector = std::array<double, 3>;
+
+/** Vector part first, scalar last. */
+using Quaternion = std::array<double, 4>;
+
+/** Row by row. */
+using Matrix = std::array<double, 9>;
+
+/** Four longs, unused ones 0; see KL_TRANS_*. */
+using TransportTime = std::array<long, KL_TRANSPORT_LENGTH>;
+
+/** P-field, if the configuration has one, and time field; the octets after them are 0. */
+using CucTime = std::array<unsigned char, KL_CUC_LENGTH>;
+
+/** Three orthogonal axes. */
+struct Axes {
+    Vector x, y, z;
+};
+
+/** State of a body: m, m/s, Earth-fixed. */
+struct BodyState {
+    Vector pos, vel;
+};
+
+/** State in a frame: m, m/s, m/s2. What the calculation mode leaves out is neither read nor set. */
+struct State {
+    Vector pos{}, vel{}, acc{};
+};
+
+/** A text of a time. It lives on the stack: conversions to it allocate nothing. */
+struct TimeText {
+    char text[KL_TIME_ASCII_LENGTH];
+
+    const char *c_str() const { return text; }
+    std::string str() const { return text; }
+};
+
+/** Argument type: any terminated text, borrowed for the call. */
+class TextArgument {
+public:
+    TextArgument(const char *text) : text_(text) {}
+    TextArgument(const std::string &text) : text_(text.c_str()) {}
+    TextArgument(const TimeText &text) : text_(text.text) {}
+
+    const char *c_str() const { return text_; }
+
+private:
+    const char *text_;
+};
+
+/** The leap second of a time id: sign 0 and empty texts when it has none. */
+struct LeapSecondInfo {
+    long sign;
+    TimeText before, after; /**< UTC */
+};
+
+/** The record that goes with the parameters of an on-board clock. */
+template <typename Parameters>
+struct OnBoardTimeOf;
+template <>
+struct OnBoardTimeOf<kl_obt_param_tarvos> {
+    using Type = kl_obt_tarvos;
+};
+template <>
+struct OnBoardTimeOf<kl_obt_param_kelda> {
+    using Type = kl_obt_kelda;
+};
+template <>
+struct OnBoardTimeOf<kl_obt_param_brisa> {
+    using Type = kl_obt_brisa;
+};
+template <>
+struct OnBoardTimeOf<kl_obt_param_vardo> {
+    using Type = kl_obt_vardo;
+};
+template <typename Parameters>
+using OnBoardTime = typename OnBoardTimeOf<Parameters>::Type;
+
+} // namespace ORBKIT
+
+#endif

@@ -1,0 +1,98 @@
+#include "orbkit/model_id.hpp"
+
+#include "objects/throw_rule.h"
+
+#include <string>
+
+namespace ORBKIT {
+
+ModelId::ModelId() = default;
+
+ModelId::ModelId(long mode, const std::vector<long> &models)
+{
+    init(mode, models);
+}
+
+ModelId::ModelId(const ModelId &other) = default;
+
+ModelId::ModelId(ModelId &&other) noexcept = default;
+
+ModelId &ModelId::operator=(const ModelId &other)
+{
+    if (this != &other) {
+        eraseObject();
+        KitId::operator=(other);
+    }
+    return *this;
+}
+
+ModelId &ModelId::operator=(ModelId &&other)
+{
+    if (this != &other) {
+        eraseObject();
+        handle_ = other.handle_;
+        other.handle_ = {};
+    }
+    return *this;
+}
+
+ModelId::~ModelId()
+{
+    try {
+        eraseObject();
+    } catch (const std::exception &) { // the id stays open
+    }
+}
+
+void ModelId::init(long mode, const std::vector<long> &models)
+{
+    constexpr std::size_t kKinds = KL_MODEL_LIGHT_PROPAGATION + 1;
+    if (mode == KL_MODEL_USER && models.size() != kKinds) {
+        KitError error;
+        error.addMsg("Models vector must be of size " + std::to_string(kKinds));
+        error.addMsg("ModelId::init");
+        throw error;
+    }
+    ModelId fresh;
+    long ierr[1] = {0};
+    const long status = kl_model_init(&mode, mode == KL_MODEL_USER ? models.data() : nullptr, fresh.getId(), ierr);
+    fresh.addInstance(); // a refused model leaves an initialised id: fresh closes it
+    check("ModelId::init", status, KL_ID_FUNC_MODEL_INIT, ierr);
+    *this = std::move(fresh);
+}
+
+kl_model_data ModelId::getData() const
+{
+    kl_model_id id = handle_.model; // the call initialises an empty handle for a moment
+    kl_model_data data;
+    if (kl_model_get_data(&id, &data) != KL_OK)
+        throw KitError("Model data cannot be read.");
+    return data;
+}
+
+long ModelId::status() const
+{
+    return kl_model_init_status(getId());
+}
+
+kl_model_id *ModelId::getId() const
+{
+    return &handle_.model;
+}
+
+void ModelId::eraseObject()
+{
+    const std::lock_guard<std::mutex> lock(release_mutex());
+    subtractInstance();
+    kl_model_id id = handle_.model;
+    handle_ = {};
+    const Share share = share_of(&id);
+    if (share == Share::kHeld)
+        return;
+    long ierr[1] = {0};
+    const long status = kl_model_close(&id, ierr); // refused for an id in use: the refusal is what verbose mode shows
+    if (share == Share::kFree)
+        check("ModelId::ModelId", status, KL_ID_FUNC_MODEL_CLOSE, ierr); // On purpose: this name, not eraseObject.
+}
+
+} // namespace ORBKIT
