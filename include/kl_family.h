@@ -340,8 +340,7 @@ KL_API void KL_Radgra(double *geocentric_latitude_rad, double *normal_gravity, d
  * @param[out] dp           [nmax + 1] dP/dtheta, as p; may be NULL without derivatives
  * @return 0; -1 with KL_LEGFDN_POLE_ERR for derivatives at a pole, without a condition for m < 0 or a missing array
  */
-KL_API long KL_Legfdn(long m, double theta, double *p, long nmax, long derivatives, double *dp,
-                      kl_error_record *error);
+KL_API long KL_Legfdn(long m, double theta, double *p, long nmax, long derivatives, double *dp, kl_error_record *error);
 
 /** sin(m lambda) and cos(m lambda) at index m, for m = 1 to nmax; [nmax + 1] each, index 0 is not touched. */
 KL_API void KL_Dscml(long nmax, double sin_ml[], double cos_ml[], double lambda_rad);
@@ -412,6 +411,153 @@ KL_API void KL_SlaPrec(double ep0, double ep1, double rmatp[3][3]);
 KL_API void KL_SlaDeuler(const char *order, double phi, double theta, double psi, double rmat[3][3]);
 
 /* ---- mathematics --------------------------------------------------------------------------------------- */
+
+/*
+ * Flat vectors and matrices: element 0 first, matrices row by row, 3x3 unless sizes are given. Outputs of element-wise
+ * operations and of the 3x3 and 3-vector products may be one of the inputs.
+ */
+
+KL_API void KL_add_vv(const double *a, long n, const double *b, double *out); /**< out = a + b */
+KL_API void KL_sub_vv(const double *a, long n, const double *b, double *out); /**< out = a - b */
+KL_API void KL_mult_ev(long n, const double *a, double *out, double s);       /**< out = s a */
+KL_API double KL_mult_vv(const double *a, long n, const double *b);           /**< dot product */
+KL_API void KL_mult3_vv(const double *a, const double *b, double *out);       /**< cross product */
+KL_API void KL_copy_v(const double *a, long n, double *out);
+/** Length; on purpose the sum of squares itself where that is not above 1e-20, so that a null vector shows. */
+KL_API double KL_modulus(const double *a, long n);
+/** Normalises in place and returns what KL_modulus says; a vector that counts as null is left as it is. */
+KL_API double KL_norm(double *a, long n);
+/** Time derivative of the unit vector of a: (da - (u.da) u) / |a|. */
+KL_API void KL_Unit_Vector_Deriv(const double *a, const double *da, double *out);
+KL_API void KL_add_mm(const double *a, const double *b, double *out);
+KL_API void KL_sub_mm(const double *a, const double *b, double *out);
+KL_API void KL_mult_mm(const double *a, const double *b, double *out);
+/** n x m by m x p; out is neither of them. */
+KL_API void KL_mult_mm2(const double *a, long n, long m, const double *b, long p, double *out);
+KL_API void KL_mult_mv(const double *a, const double *v, double *out);
+KL_API void KL_mult_mv2(const double *a, long n, long m, const double *v, double *out);
+KL_API void KL_mult_vm(const double *v, const double *a, double *out); /**< row vector times matrix */
+KL_API void KL_mult_em(const double *a, double *out, double s);
+KL_API void KL_copy_m(const double *a, double *out);
+KL_API void KL_transpose(const double *a, double *out);
+KL_API void KL_transpose2(const double *a, long n, long m, double *out); /**< out, m x n, is not a */
+KL_API double KL_det(const double *a);
+KL_API void KL_identity(long n, long m, double *out);
+/**
+ * Inverse by Gauss-Jordan elimination with the largest pivot of each column, the first on ties.
+ *
+ * @param[in,out] a         [n x m] square in use; destroyed
+ * @param[in,out] identity  [n x m] the identity; destroyed
+ * @param[out]    out       [n x m] the inverse
+ * @return 0, or -1 at an exact zero pivot; 0 at once for sizes below 1
+ */
+KL_API long KL_inverse_gauss_jordan_reduction(double *a, double *identity, long n, long m, double *out);
+KL_API long KL_inverse(const double *a, long n, long m, double *out); /**< on copies; -1 also without memory */
+KL_API long KL_inverse3(const double *a, double *out);
+/** out = M^-1 v, dout = -M^-1 (dM out), ddout = M^-1 (-ddM out - 2 dM dout). */
+KL_API void KL_Vector_derivs(const double *m, const double *dm, const double *ddm, const double *v, double *out,
+                             double *dout, double *ddout);
+KL_API long KL_Check_orthonormal(const double *a); /**< 1 when the rows are orthonormal within 1e-6 */
+
+/* One-based vectors and matrices; a matrix has its rows in one block. Allocators give zeros, or NULL. */
+
+KL_API double *KL_dvector(long lo, long hi);
+KL_API double *KL_double_vector(long n);
+KL_API void KL_free_dvector(double *v, long lo);
+KL_API void KL_free_double_vector(double *v);
+KL_API int32_t *KL_ivector(long lo, long hi);
+KL_API void KL_free_ivector(int32_t *v, long lo);
+KL_API double **KL_dmatrix(long rlo, long rhi, long clo, long chi);
+KL_API double **KL_double_matrix(long n, long m);
+KL_API void KL_free_dmatrix(double **m, long rlo, long clo);
+KL_API void KL_free_double_matrix(double **m);
+KL_API void KL_dvadd(const double *a, long n, const double *b, double *out);
+KL_API void KL_dvsub(const double *a, long n, const double *b, double *out);
+KL_API void KL_dvsmy(const double *a, long n, double *out, double s);
+KL_API void KL_dvcopy(const double *a, long n, double *out);
+KL_API double KL_dvdot(const double *a, long n, const double *b);
+KL_API double KL_dvmag(const double *a, long n); /**< as KL_modulus */
+KL_API double KL_dvnorm(double *a, long n);      /**< as KL_norm */
+KL_API void KL_threedim_dvmult(const double *a, const double *b, double *out);
+KL_API void KL_dmmult(double *const *a, long n, long m, double *const *b, long p, double **out);
+KL_API void KL_dmvmult(double *const *a, long n, long m, const double *v, double *out);
+KL_API void KL_dvmmult(const double *v, long n, double *const *a, long m, double *out);
+KL_API void KL_dmadd(double *const *a, long n, long m, double *const *b, double **out);
+KL_API void KL_dmsub(double *const *a, long n, long m, double *const *b, double **out);
+KL_API void KL_dmsmy(double *const *a, long n, long m, double **out, double s);
+KL_API void KL_dmtranspose(double *const *a, long n, long m, double **out); /**< out, m x n, is not a */
+KL_API void KL_dmcopy(double *const *a, long n, long m, double **out);
+KL_API double KL_dm_det(double *const *a); /**< 3x3 */
+/**
+ * LU decomposition in place: Crout's method with implicit pivoting. A zero pivot becomes 1e-20, so that singular
+ * matrices are not reported.
+ *
+ * @param[in,out] a       [1..n][1..n]
+ * @param[out]    index   [1..n] the row swapped in at each step
+ * @param[out]    parity  1 or -1 after an even or odd number of swaps
+ * @return 0, or -1 without memory
+ */
+KL_API long KL_ludcmp(double **a, long n, int32_t *index, double *parity);
+KL_API void KL_lubksb(double *const *a, long n, const int32_t *index, double *b); /**< b becomes the solution */
+KL_API long KL_dsolve(double *const *a, long n, const double *b, double *x);      /**< on copies; -1 without memory */
+KL_API long KL_dminv(double *const *a, long n, double **out);                     /**< on a copy; -1 without memory */
+KL_API double KL_detm(double *const *a, long n);                                  /**< on a copy; 0 without memory */
+
+KL_API void KL_dm_to_flat(double *const *a, double out[9]); /**< one-based 3x3 to flat */
+KL_API void KL_flat_to_dm(const double a[9], double **out); /**< flat 3x3 to one-based */
+KL_API void KL_Cord_Set(long cs, long order, const double pos[3], const double vel[3], const double acc[3], Cord *cord);
+KL_API void KL_Cord_to_flat(const Cord *cord, double pos[3], double vel[3], double acc[3]);
+KL_API void KL_Cord_Reset(Cord *cord); /**< zeroes frame, order and the three vectors */
+KL_API void KL_Copy_Cord(const Cord *from, Cord *to);
+KL_API void KL_Mult_Cord(const Cord *from, Cord *to, double s);
+
+/** A vector with its derivatives: one-based 3-vectors. */
+typedef struct kl_vec_der {
+    long word;
+    double *value, *first, *second;
+} kl_vec_der;
+/** 0, or -1 when any of the three could not be had: release with KL_Free_vec_der all the same. */
+KL_API long KL_Alloc_vec_der(kl_vec_der *block);
+KL_API void KL_Free_vec_der(kl_vec_der *block);
+
+KL_API kl_complex KL_Complex(double re, double im);
+KL_API kl_complex KL_Cadd(kl_complex a, kl_complex b);
+KL_API kl_complex KL_Csub(kl_complex a, kl_complex b);
+KL_API kl_complex KL_Cmul(kl_complex a, kl_complex b);
+KL_API kl_complex KL_Cdiv(kl_complex a, kl_complex b);
+KL_API kl_complex KL_Conjg(kl_complex a);
+KL_API double KL_Cabs(kl_complex a);
+KL_API kl_complex KL_Csqrt(kl_complex a); /**< principal root */
+KL_API kl_complex KL_RCmul(double s, kl_complex a);
+
+/*
+ * Frame rotations: one-based 3x3, radians. About x the rows are (1, 0, 0), (0, C, S), (0, -S, C). KL_D* is the first
+ * derivative in time for an angle with a rate, KL_2D* the second.
+ */
+KL_API void KL_Rotx(double angle, double **m);
+KL_API void KL_Roty(double angle, double **m);
+KL_API void KL_Rotz(double angle, double **m);
+KL_API void KL_Drotx(double angle, double rate, double **m);
+KL_API void KL_Droty(double angle, double rate, double **m);
+KL_API void KL_Drotz(double angle, double rate, double **m);
+KL_API void KL_2Drotx(double angle, double rate, double rate_of_rate, double **m);
+KL_API void KL_2Droty(double angle, double rate, double rate_of_rate, double **m);
+KL_API void KL_2Drotz(double angle, double rate, double rate_of_rate, double **m);
+
+KL_API double KL_to_rad(double degrees);
+KL_API double KL_to_deg(double radians);
+KL_API double KL_degsin(double degrees);
+KL_API double KL_degcos(double degrees);
+KL_API double KL_degasin(double x); /**< deg; beyond [-1, 1] a line on standard error and the clamped result */
+KL_API double KL_degacos(double x); /**< deg; likewise */
+KL_API double KL_degatan2(double y, double x);
+KL_API double KL_degtan2(double a, double b); /**< on purpose tan(a / b), not an arc tangent */
+KL_API double KL_to_2pi(double angle);        /**< [0, 2 pi) */
+KL_API double KL_to_pi(double angle);         /**< [-pi, pi) */
+KL_API double KL_to_180(double degrees);      /**< [-180, 180) */
+KL_API double KL_to_360(double degrees);      /**< [0, 360) */
+KL_API double KL_Get_Bessel(double t);        /**< Besselian year of an MJD2000 date */
+KL_API double KL_Get_ut2_ut1(double t);       /**< UT2 - UT1, s, of an MJD2000 date */
 
 /* ---- rotations and quaternions ------------------------------------------------------------------------- */
 

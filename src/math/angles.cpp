@@ -1,0 +1,87 @@
+// Degree trigonometry, angle reduction, and two small astronomical formulas.
+#include "math/math.h"
+
+#include <cmath>
+#include <cstdio>
+
+double KL_to_rad(double degrees)
+{
+    return degrees * KL_RAD_PER_DEG;
+}
+
+double KL_to_deg(double radians)
+{
+    return radians * KL_DEG_PER_RAD;
+}
+
+double KL_degsin(double degrees)
+{
+    return std::sin(KL_to_rad(degrees));
+}
+
+double KL_degcos(double degrees)
+{
+    return std::cos(KL_to_rad(degrees));
+}
+
+double KL_degasin(double x)
+{
+    if (x > 1.0 || x < -1.0) {
+        std::fputs("ERROR in KL_degasin: arc-sine out of limits \n", stderr);
+        x = x > 0.0 ? 1.0 : -1.0;
+    }
+    return KL_to_deg(std::asin(x));
+}
+
+double KL_degacos(double x)
+{
+    if (x > 1.0 || x < -1.0) {
+        std::fputs("ERROR in KL_degacos: arc-cosine out of limits \n", stderr);
+        x = x > 0.0 ? 1.0 : -1.0;
+    }
+    return KL_to_deg(std::acos(x));
+}
+
+double KL_degatan2(double y, double x)
+{
+    return KL_to_deg(std::atan2(y, x));
+}
+
+// On purpose: the tangent of a quotient of two angles, not a two-argument arc tangent.
+double KL_degtan2(double a, double b)
+{
+    return std::tan(KL_to_rad(a) / KL_to_rad(b));
+}
+
+double KL_to_2pi(double angle)
+{
+    return reduced_to_2pi(angle);
+}
+
+double KL_to_pi(double angle)
+{
+    const double reduced = reduced_to_2pi(angle);
+    return reduced >= KL_PI ? reduced - KL_TWO_PI : reduced;
+}
+
+double KL_to_180(double degrees)
+{
+    return KL_to_deg(KL_to_pi(KL_to_rad(degrees)));
+}
+
+double KL_to_360(double degrees)
+{
+    return KL_to_deg(KL_to_2pi(KL_to_rad(degrees)));
+}
+
+double KL_Get_Bessel(double t)
+{
+    return (t + 51544.0 - 51544.03) / 365.2422 + 2000.0;
+}
+
+double KL_Get_ut2_ut1(double t)
+{
+    const double angle = KL_TWO_PI * KL_Get_Bessel(t);
+    return 0.022 * std::sin(angle) - 0.012 * std::cos(angle) - 0.006 * std::sin(2.0 * angle)
+           + 0.007 * std::cos(2.0 * angle);
+}
