@@ -53,7 +53,8 @@ constexpr CodeMap kLegfdnToUndu[] = {
     {KL_LEGFDN_POLE_ERR, KL_GEOID_UNDU_POLE_ERR},
 };
 
-constexpr double kNoLegendreLatitude = 91.0; // deg: a marker that leaves all Legendre functions zero
+// On purpose: this latitude (deg) is no place but a marker; the Legendre step is skipped and all functions stay zero.
+constexpr double kNoLegendreLatitude = 91.0;
 
 // The correction has terms of degrees 0 and 1 whatever the maximum degree.
 long legendre_degree(long max_degree)

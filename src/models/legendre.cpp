@@ -14,23 +14,25 @@ constexpr Message kLegfdnMessages[] = {
 };
 static_assert(std::size(kLegfdnMessages) == KL_LEGFDN_POLE_ERR + 1);
 
-// Below this p(m,m) goes on as zero: it is worth nothing in any sum, and subnormal numbers are slow.
+// Below this P(m,m) counts as zero: it is worth nothing in any sum, and subnormal numbers are slow.
 constexpr double kNegligibleSectoral = 1e-280;
 
 double sectoral(long m, double sin_theta)
 {
     double p = m == 0 ? 1.0 : std::sqrt(3.0) * sin_theta;
-    for (long k = 2; k <= m; ++k)
+    for (long k = 2; k <= m; ++k) {
         p *= sin_theta * std::sqrt(static_cast<double>(2 * k + 1) / static_cast<double>(2 * k));
-    return std::fabs(p) < kNegligibleSectoral ? 0.0 : p;
+        if (std::fabs(p) < kNegligibleSectoral)
+            return 0.0;
+    }
+    return p;
 }
 
 } // namespace
 
 const MessageGroup messages_KL_Legfdn = group(kLegfdnMessages);
 
-// Colombo, OSU Report 310 (1981); Holmes and Featherstone, J. Geodesy 76, 279-299 (2002), eqs. 11-13: forward in degree
-// from the sectoral value.
+// Forward in degree from the sectoral value: Holmes and Featherstone, J. Geodesy 76, 279-299 (2002), section 2.
 long KL_Legfdn(long m, double theta, double *p, long nmax, long derivatives, double *dp, kl_error_record *record)
 {
     Activation call(KL_FN_LEGFDN, record);
@@ -41,16 +43,18 @@ long KL_Legfdn(long m, double theta, double *p, long nmax, long derivatives, dou
     if (derivatives != 0 && std::fabs(sin_theta) < DBL_EPSILON && call.stops(KL_LEGFDN_POLE_ERR))
         return KL_ERR;
 
+    const double dm = static_cast<double>(m);
     for (long n = m; n <= nmax; ++n) {
-        const double dn = static_cast<double>(n), dm = static_cast<double>(m);
+        const double dn = static_cast<double>(n);
         if (n == m) {
             p[n] = sectoral(m, sin_theta);
-        } else if (n == m + 1) {
-            p[n] = std::sqrt(2.0 * dm + 3.0) * cos_theta * p[m];
         } else {
-            const double below = (dn + dm - 1.0) * (dn - dm - 1.0) / (2.0 * dn - 3.0);
-            p[n] = std::sqrt((2.0 * dn + 1.0) / ((dn + dm) * (dn - dm)))
-                   * (std::sqrt(2.0 * dn - 1.0) * cos_theta * p[n - 1] - std::sqrt(below) * p[n - 2]);
+            const double apart = (dn - dm) * (dn + dm);
+            const double a = std::sqrt((2.0 * dn - 1.0) * (2.0 * dn + 1.0) / apart);
+            p[n] = a * cos_theta * p[n - 1];
+            if (n > m + 1)
+                p[n] -= std::sqrt((2.0 * dn + 1.0) * (dn + dm - 1.0) * (dn - dm - 1.0) / (apart * (2.0 * dn - 3.0)))
+                        * p[n - 2];
         }
         if (derivatives != 0) {
             const double previous =
@@ -65,7 +69,7 @@ void KL_Dscml(long nmax, double sin_ml[], double cos_ml[], double lambda)
 {
     if (sin_ml == nullptr || cos_ml == nullptr)
         return;
-    // Chebyshev recurrences from order 0, which has no place in the arrays' contract and is not written.
+    // Chebyshev recurrences, from order 0, which is not written.
     double s1 = 0.0, c1 = 1.0;
     double s = std::sin(lambda), c = std::cos(lambda);
     const double two_cos = 2.0 * c;

@@ -247,7 +247,7 @@ TEST(Geoid, GridEqualsSingleCalls)
         }
 }
 
-TEST(Geoid, FullTurnIsNoTurn)
+TEST(Geoid, Longitude360IsAcceptedThoughTheTextExcludesItAndIsThatOf0) // on purpose
 {
     for (double lat : {-90.0, -33.0, 0.0, 71.2, 90.0})
         EXPECT_EQ(undulation(point(lat, 360.0)), undulation(point(lat, 0.0))) << lat;
@@ -266,7 +266,7 @@ TEST(Geoid, ModelIdDoesNotMatter)
     EXPECT_EQ(kl_model_close(&model_id, &ierr), KL_OK);
 }
 
-TEST(Geoid, MarkerLatitudeSkipsTheLegendreFunctions) // on purpose
+TEST(Geoid, Latitude91IsAMarkerThatSkipsTheLegendreFunctions) // on purpose
 {
     const kl_geoid_input at = point(91.0, 10.0);
     double correction, value;
