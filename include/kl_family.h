@@ -260,6 +260,9 @@ KL_API long KL_Run_Generic_close(const long *run_id, long kind);
 
 /* ---- time: references, calendar, standard record ------------------------------------------------------- */
 
+/** Month names of texts, by number 1 to 12; entry 0 is empty. */
+extern KL_API const char kl_months[13][4];
+
 KL_API long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error_record *error);
 KL_API long KL_Calendar(const kl_calendar_record *in, int *valid, kl_error_record *error);
 KL_API long KL_Calendar_MJD(const kl_calendar_record *in, kl_time_record *out, kl_error_record *error);
@@ -358,11 +361,127 @@ KL_API void KL_Free_dhc(double **rows, long count);
 
 /* ---- frame chain --------------------------------------------------------------------------------------- */
 
-/** Carries a state between any two frames; order 0 to 2. 0, 1 when something was warned of, or -1. */
+/** Nutation with its first two derivatives: rad, rad/s, rad/s2. */
+typedef struct kl_nutation {
+    double dpsi[3], deps[3];
+    double obliquity; /**< mean obliquity used, rad */
+} kl_nutation;
+
+/** Rotation between two frames, row by row, with its first two derivatives: per s, per s2. */
+typedef struct kl_flat_rotation {
+    double r[9], dr[9], ddr[9];
+} kl_flat_rotation;
+
+/** Nutation series of nine terms at days since 2000-01-01 00:00 (1990 to 2030 within 0.10 and 0.03 arcsec of IAU 1980).
+ */
+KL_API void KL_Sim_Nut_Term(double days, kl_nutation *nutation);
+/** Precession of IAU 1976 from J2000 to the mean of date, days since 2000-01-01 00:00. */
+KL_API void KL_Precession(double days, kl_flat_rotation *precession);
+
+/** Angle with its first two derivatives: deg in [0, 360), deg/s, deg/s2. */
+typedef struct kl_angle {
+    double value, rate, rate_of_rate;
+} kl_angle;
+
+/** Apparent sidereal angle of a model id at days of UT1 since 2000-01-01 00:00. -1 when the id has no nutation. */
+KL_API long KL_H_Angle(kl_model_id *model_id, double ut1_days, kl_angle *angle);
+/** Linear sidereal angle of the second set of constants. */
+KL_API long KL_H_Angle_Sim(kl_model_id *model_id, double ut1_days, kl_angle *angle);
+/* The rotations about z by these angles, true of date to pseudo Earth-fixed; record of order 2. */
+KL_API long KL_Earth_Rotation(kl_model_id *model_id, double ut1_days, kl_rotation_record *rotation);
+KL_API long KL_Earth_Rotation_Sim(kl_model_id *model_id, double ut1_days, kl_rotation_record *rotation);
+/** Earth-fixed to launch inertial: by H(t) - ((H(t_ref) + reference angle, deg) reduced). */
+KL_API long KL_Earth_Rotation_Delta(kl_model_id *model_id, double ut1_days, double reference_days,
+                                    double reference_angle, kl_rotation_record *rotation);
+/** Pseudo Earth-fixed to Earth-fixed. The pole is zero for an id that holds no pole coordinates. */
+KL_API long KL_Polar_Motion_Rotation(kl_time_id *time_id, double ut1_days, kl_rotation_record *rotation);
+
+/** Applies a rotation record to a state; the lower of the two orders holds from there on, vectors above it are 0. */
+KL_API void KL_rva(const Cord *in, const kl_rotation_record *rotation, Cord *out);
+
+/**
+ * Carries a state between any two frames, 1 to 13.
+ *
+ * @param[in]  model_id  models; an uninitialised id means the default ones
+ * @param[in]  time_id   correlation; needed where the date has to change its scale
+ * @param[in]  order     0 position, 1 with velocity, 2 with acceleration
+ * @param[in]  date      TDB, TAI, UT1 or UTC; Julian day, days since 1950 or MJD2000
+ * @param[in]  in        state in its initial frame; may be out
+ * @param[in]  final_cs  frame wanted
+ * @param[out] out       state there; untouched on failure
+ * @return 0, 1 when something was warned of, or -1
+ */
 KL_API long KL_Change_CoordinateSystem(kl_model_id *model_id, kl_time_id *time_id, long order,
                                        const kl_time_record *date, const Cord *in, long final_cs, Cord *out,
                                        kl_error_record *error);
+/** The same among frames 3 to 7, 11, 12 and 13, without nutation and with the linear sidereal angle. */
+KL_API long KL_Change_CoordinateSystem_Sim(kl_model_id *model_id, kl_time_id *time_id, long order,
+                                           const kl_time_record *date, const Cord *in, long final_cs, Cord *out,
+                                           kl_error_record *error);
+/** Earth-fixed to the quasi Earth-fixed frame that the simplified chain reaches: takes polar motion off. */
+KL_API long KL_EF_to_QEF(kl_time_id *time_id, const kl_time_record *date, const Cord *in, Cord *out, long order);
 
+/** One step of a path: appends an edge code to the list and moves the current frame. */
+KL_API void KL_Compute_Transformations(int32_t *count, int32_t *current, long final_cs, int32_t *list);
+/** Brings the date of a path to UT1, MJD2000, where one of its edges needs that; 0, or -1 when it cannot. */
+KL_API long KL_Identify_nutation_or_rotation(kl_time_id *time_id, long count, const int32_t *list,
+                                             kl_time_record *date);
+/** Applies the edges of a path in order; in may be out. */
+KL_API long KL_Start_computations(kl_model_id *model_id, kl_time_id *time_id, long count, const int32_t *list,
+                                  const kl_time_record *date, const Cord *in, long final_cs, Cord *out, long order);
+
+/*
+ * The edges of the graph, in the order of their codes 0 to 23. Date: UT1 for 7 to 14, 22 and 23, TDB for the
+ * translations 3, 4, 5 and 16 to 18 (other scales go through the time id). 0 or -1; in may be out.
+ */
+KL_API long KL_GALACTIC_to_BM1950(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date,
+                                  const Cord *in, Cord *out, long order);
+KL_API long KL_GALACTIC_to_BM2000(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date,
+                                  const Cord *in, Cord *out, long order);
+KL_API long KL_BM1950_to_BM2000(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                                Cord *out, long order);
+KL_API long KL_BM2000_to_HM2000(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                                Cord *out, long order);
+KL_API long KL_BM2000_to_GM2000(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                                Cord *out, long order);
+KL_API long KL_HM2000_to_GM2000(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                                Cord *out, long order);
+KL_API long KL_GM2000_to_MoD(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                             Cord *out, long order);
+KL_API long KL_MoD_to_ToD(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                          Cord *out, long order);
+KL_API long KL_TOD_to_TEME(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                           Cord *out, long order);
+KL_API long KL_ToD_to_PEF(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                          Cord *out, long order);
+KL_API long KL_PEF_to_ToD(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                          Cord *out, long order);
+KL_API long KL_EF_to_PEF(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                         Cord *out, long order);
+KL_API long KL_PEF_to_EF(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                         Cord *out, long order);
+KL_API long KL_TEME_to_TOD(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                           Cord *out, long order);
+KL_API long KL_ToD_to_MoD(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                          Cord *out, long order);
+KL_API long KL_MoD_to_GM2000(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                             Cord *out, long order);
+KL_API long KL_GM2000_to_HM2000(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                                Cord *out, long order);
+KL_API long KL_GM2000_to_BM2000(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                                Cord *out, long order);
+KL_API long KL_HM2000_to_BM2000(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                                Cord *out, long order);
+KL_API long KL_BM2000_to_BM1950(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                                Cord *out, long order);
+KL_API long KL_BM2000_to_GALACTIC(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date,
+                                  const Cord *in, Cord *out, long order);
+KL_API long KL_BM1950_to_GALACTIC(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date,
+                                  const Cord *in, Cord *out, long order);
+KL_API long KL_EF_to_LIF(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                         Cord *out, long order);
+KL_API long KL_LIF_to_EF(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *date, const Cord *in,
+                         Cord *out, long order);
 /* ---- bodies -------------------------------------------------------------------------------------------- */
 
 /*

@@ -378,51 +378,585 @@ KL_API long kl_check_library_version(void);
 
 /* ---- time: ids ------------------------------------------------------------------------------------- */
 
+/** Conditions of kl_time_ref_init; bits 4 to 7 are never set, since the orbit arguments are not looked at. */
+enum {
+    KL_TIME_REF_INIT_TAI_ERR = 0, /**< TAI time is out of range */
+    KL_TIME_REF_INIT_UTC_ERR = 1, /**< UTC time is out of range */
+    KL_TIME_REF_INIT_UT1_ERR = 2, /**< UT1 time is out of range */
+    KL_TIME_REF_INIT_GPS_ERR = 3, /**< GPS time is out of range */
+    KL_TIME_REF_INIT_ORBIT_ERR = 4,
+    KL_TIME_REF_INIT_ANX_TIME_ERR = 5,
+    KL_TIME_REF_INIT_ORBIT_DURATION_ERR = 6,
+    KL_TIME_REF_INIT_ANX_DURATION_ERR = 7,
+    KL_TIME_REF_INIT_MEMORY_ERR = 8, /**< no memory */
+    KL_TIME_REF_INIT_ID_ERR = 9      /**< the id is already initialised; it is not touched */
+};
+
+/**
+ * Time id from the readings of one instant on four scales: constant differences between the scales at every instant.
+ *
+ * @param[in]  tri_time        [4] the same instant in TAI, UTC, UT1 and GPS, in this order; MJD2000, days, -18262.0 to
+ *                             36524.0
+ * @param[in]  orbit           accepted and ignored; may be NULL
+ * @param[in]  anx_time        accepted and ignored; may be NULL
+ * @param[in]  orbit_duration  accepted and ignored; may be NULL
+ * @param[out] time_id         zero-initialised handle; initialised on success, left as it is otherwise
+ * @param[out] ierr            [1] KL_TIME_REF_INIT_*
+ * @return KL_OK or KL_ERR; KL_ERR with a clear vector when time_id is NULL
+ *
+ * TAI-UTC and TAI-GPS are rounded to whole seconds, halves away from zero (37.4 s of readings is 37 s), as far as days
+ * in a double can tell a half second; TAI-UT1 is kept as it is. The id knows no leap second, belongs to no satellite
+ * (-1), has mode -1 and never warns.
+ */
 KL_API long kl_time_ref_init(const double tri_time[4], const long *orbit, const double *anx_time,
                              const double *orbit_duration, kl_time_id *time_id, long *ierr);
+
+/** Conditions of kl_time_close. */
+enum {
+    KL_TIME_REF_CLOSE_ID_ERR = 0 /**< the id is not initialised, or another id or an object uses it */
+};
+
+/**
+ * Closes a time id, frees its record and resets the handle.
+ *
+ * @param[in,out] time_id  handle; left as it is when the close is refused
+ * @param[out]    ierr     [1] KL_TIME_REF_CLOSE_*; decode it with KL_ID_FUNC_TIME_REF_CLOSE
+ * @return KL_OK or KL_ERR
+ *
+ * Its messages are those of kl_time_ref_close, which is the name that the message table has for it.
+ */
 KL_API long kl_time_close(kl_time_id *time_id, long *ierr);
+
+/** 1 when the time id is initialised, else 0 (also for NULL). */
 KL_API long kl_time_init_status(kl_time_id *time_id);
+
+/** Time model of the id: -1 explicit values, another number a table; 0 when it is not initialised. */
 KL_API long kl_time_get_mode(kl_time_id *time_id);
+
+/** Satellite that the id was made for, -1 for none; 0 when it is not initialised. */
 KL_API long kl_time_get_sat_id(kl_time_id *time_id);
+
+/**
+ * Copies the data of a time id, leap second included.
+ *
+ * @param[in]  time_id  initialised time id
+ * @param[out] data     filled; its rows are allocated for the caller: release them with kl_time_free_id_data. Left as
+ *                      it is on failure
+ * @return 0, or -1; in verbose mode with a line on standard error that says why
+ *
+ * What it returns can be set again: the UTC time of explicit values is made from TAI and TAI-UTC.
+ */
 KL_API long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data);
+
+/**
+ * Gives a time id a correlation table.
+ *
+ * @param[in,out] time_id  handle; an uninitialised one is initialised (satellite id -1), the data of an initialised one
+ *                         that nothing else uses is replaced. No other thread may be using the id
+ * @param[in]     data     the table. model: not 0; -1 with exactly one row means explicit values, constant at every
+ *                         instant; 8 and 10 do not count an instant after the last row as outside, 8 gives no
+ *                         out-of-range warning at all. combination: 2 when the table joins two bulletins and
+ *                         second_bulletin_row is then the first row of the second. no_extrapolation: 0 to compute
+ *                         UT1-UTC after the table with a, b and c, otherwise the last row holds there. rows: at least
+ *                         one, finite, -18262.0 to 36524.0, increasing on all scales, TAI-UTC and TAI-GPS whole
+ *                         seconds, times that agree with the differences to 2e-6 s. leap_sign, leap_utc and leap_tai
+ *                         are not read
+ * @return 0, or -1 with nothing changed; in verbose mode with a line on standard error that says what is wrong
+ *
+ * Between rows TAI-UT1 is interpolated linearly, TAI-UTC and TAI-GPS are those of the row before. The id knows one leap
+ * second: the last change of TAI-UTC, which is taken to happen at the start of the calendar quarter of the later row,
+ * so rows may lie on any day; an earlier leap second takes effect at its row, which should stand at 0h of that day.
+ * The first conversion outside the table warns once, as if the one before had been inside.
+ * After the table with extrapolation TAI-GPS is 19 s whatever the table holds, and the UT1-UTC formula takes a UT1 or
+ * GPS time to UTC with TAI-UT1 and TAI-GPS added as if they were days.
+ */
 KL_API long kl_time_set_id_data(kl_time_id *time_id, const kl_time_id_data *data);
+
+/** Frees the rows that kl_time_get_id_data allocated: rows NULL, n_rows 0. 0, or -1 for NULL. */
 KL_API long kl_time_free_id_data(kl_time_id_data *data);
 
 /* ---- time: processing format ----------------------------------------------------------------------- */
 
-KL_API long kl_time_processing_to_processing(kl_time_id *time_id, const long *proc_id_in, const long *time_ref_in,
-                                             const double *time_in, const long *proc_id_out, const long *time_ref_out,
-                                             double *time_out, long *ierr);
+/** Conditions of kl_time_add. */
+enum {
+    KL_TIME_ADD_PROC_ID_ERR = 0,  /**< processing format id is not KL_PROC */
+    KL_TIME_ADD_TIME_REF_ERR = 1, /**< time reference outside 0 to 3 */
+    KL_TIME_ADD_TIME_ERR = 2,     /**< time outside -18262.0 to 36524.0, or NaN */
+    KL_TIME_ADD_SUM_ERR = 3       /**< sum outside that range, or NaN; it is written all the same */
+};
+
+/**
+ * Processing time plus a duration, both in days of the same scale: no leap second comes in.
+ *
+ * @param[in]  proc_id   KL_PROC
+ * @param[in]  time_ref  KL_TIME_TAI to KL_TIME_GPS; only checked
+ * @param[in]  time      MJD2000, days, -18262.0 to 36524.0
+ * @param[in]  duration  days, of either sign
+ * @param[out] time_out  MJD2000, days; also written with KL_TIME_ADD_SUM_ERR
+ * @param[out] ierr      [1] KL_TIME_ADD_*
+ * @return KL_OK or KL_ERR; KL_ERR with a clear vector when duration or time_out is NULL
+ */
 KL_API long kl_time_add(const long *proc_id, const long *time_ref, const double *time, const double *duration,
                         double *time_out, long *ierr);
+
+/** Conditions of kl_time_diff. */
+enum {
+    KL_TIME_DIFF_PROC_ID_ERR = 0,  /**< processing format id is not KL_PROC */
+    KL_TIME_DIFF_TIME_REF_ERR = 1, /**< time reference outside 0 to 3 */
+    KL_TIME_DIFF_TIME1_ERR = 2,    /**< first time outside -18262.0 to 36524.0, or NaN */
+    KL_TIME_DIFF_TIME2_ERR = 3     /**< second time outside that range, or NaN */
+};
+
+/**
+ * Difference of two processing times of the same scale, in days of that scale: no leap second comes in.
+ *
+ * @param[in]  proc_id   KL_PROC
+ * @param[in]  time_ref  KL_TIME_TAI to KL_TIME_GPS; only checked
+ * @param[in]  time1     MJD2000, days, -18262.0 to 36524.0; checked wholly before time2
+ * @param[in]  time2     MJD2000, days, -18262.0 to 36524.0
+ * @param[out] duration  time1 - time2, days
+ * @param[out] ierr      [1] KL_TIME_DIFF_*
+ * @return KL_OK or KL_ERR; KL_ERR with a clear vector when duration is NULL
+ */
 KL_API long kl_time_diff(const long *proc_id, const long *time_ref, const double *time1, const double *time2,
                          double *duration, long *ierr);
+
+/** Conditions of kl_time_get_leap_second_info. */
+enum {
+    KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR = 0,  /**< not an ASCII format */
+    KL_TIME_GET_LEAP_SECOND_INFO_ADD_ERR = 1,     /**< never recorded */
+    KL_TIME_GET_LEAP_SECOND_INFO_CONVERT_ERR = 2, /**< an instant could not be written */
+    KL_TIME_GET_LEAP_SECOND_INFO_TIME_ID_WARN = 3 /**< the time id is not initialised: sign 0, empty texts */
+};
+
+/**
+ * The one leap second that a time id knows: the last change of TAI-UTC in its table.
+ *
+ * @param[in]  time_id          time id
+ * @param[in]  ascii_id_out     KL_ASCII_11 to KL_ASCII_54
+ * @param[out] leap_sign        0 none, 1 a positive, -1 a negative leap second
+ * @param[out] utc_time_before  [KL_TIME_ASCII_LENGTH] UTC 1/86401 day before utc_time_after: 23:59:59.000012 where the
+ *                              format has microseconds, also for a negative leap second; empty without a leap second
+ * @param[out] utc_time_after   [KL_TIME_ASCII_LENGTH] first UTC instant after it, 00:00:00 of the first day of a
+ *                              quarter; empty without a leap second
+ * @param[out] ierr             [1] KL_TIME_GET_LEAP_SECOND_INFO_*
+ * @return KL_OK, KL_WARN or KL_ERR; KL_ERR with a clear vector when an output is NULL. The sign is 0 and the texts are
+ *         empty after a warning or an error
+ */
 KL_API long kl_time_get_leap_second_info(kl_time_id *time_id, const long *ascii_id_out, long *leap_sign,
                                          char *utc_time_before, char *utc_time_after, long *ierr);
 
-/* ---- time: texts and transport formats --------------------------------------------------------------- */
+/* ---- time: the nine conversions between processing times, texts and transport times -------------------- */
 
+/*
+ * The nine conversions kl_time_A_to_B read an instant in one format and scale and write it in another. They share
+ * this:
+ *
+ * - An instant passes through whole microseconds, rounded to the nearest. A text comes back from a text unchanged,
+ *   and so does a transport time; format 31 rounds to its steps of 15 microseconds, and format 23 is written without
+ *   ticks, since its microseconds leave nothing to them.
+ * - Equal scales need no time id and no correlation. With different ones an uninitialised id is an error, and an
+ *   instant outside the correlation table a warning: the first row, the last row or a formula then serves.
+ * - The once-only warnings 7 to 9 say that a computation has left the good region of a table after one that was
+ *   inside it. The time id remembers this, once for all conversions. A time id of explicit values gives no such
+ *   warning.
+ * - The 61st second of a UTC day exists in a positive leap second that the time id knows and is refused elsewhere.
+ *   Texts (23:59:60) and the transport formats 0, 11, 21, 22, 23 (86400 s of day) hold it. Processing times and
+ *   format 31 cannot: they get the second before it.
+ * - Texts must fit their format to the character; month names are capitals. A prefix must be that of time_ref_in,
+ *   unless this is KL_TIME_UNDEF, and is written for time_ref_out. Dates run from 1950-01-01 to the end of
+ *   2099-12-31.
+ * - Beginning- and end-of-mission texts stand for the limits of the processing range, in every layout:
+ *   0000-00-00_00:00:00 for -18262.0, 9999-99-99_99:99:99 and 9999-12-31_23:59:59 for 36524.0. With a named month
+ *   they are "00-000-0000 00:00:00", "99-999-9999 99:99:99" and "31-DEC-9999 23:59:59". Their microseconds are 000000
+ *   in the first and 999999 in the others, where 000000 is read too. Between texts such a text stays what it is, and
+ *   dates at the limits stay dates. A processing or transport time that is exactly a limit is written as
+ *   0000-00-00_00:00:00 or 9999-99-99_99:99:99. A change of scale moves a limit like any instant; a date is written
+ *   then.
+ * - Transport formats 41 and 42 take KL_TIME_GPS only. Weeks and seconds before 1980 are negative.
+ * - A NULL format or scale is a wrong one, a NULL input one out of range; a NULL output gives KL_ERR and a clear
+ *   vector.
+ */
+
+/** Conditions of kl_time_processing_to_processing. */
+enum {
+    KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_IN_ERR = 0,      /**< input format is not KL_PROC */
+    KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_IN_ERR = 1,     /**< input scale outside 0 to 3 */
+    KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_OUT_ERR = 2,     /**< output format is not KL_PROC */
+    KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3 */
+    KL_TIME_PROCESSING_TO_PROCESSING_DAYS_ERR = 4,            /**< input outside its range, or NaN */
+    KL_TIME_PROCESSING_TO_PROCESSING_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
+    KL_TIME_PROCESSING_TO_PROCESSING_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
+    KL_TIME_PROCESSING_TO_PROCESSING_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
+    KL_TIME_PROCESSING_TO_PROCESSING_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
+    KL_TIME_PROCESSING_TO_PROCESSING_VALIDITY_WARN = 9,       /**< left the validity of the time id */
+    KL_TIME_PROCESSING_TO_PROCESSING_STANDARD_FORMAT_ERR = 10 /**< input not split into whole units */
+};
+
+/**
+ * Carries a processing time to another scale.
+ *
+ * @param[in]  time_id        time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  proc_id_in     KL_PROC
+ * @param[in]  time_ref_in    scale of the input: KL_TIME_TAI, _UTC, _UT1 or _GPS
+ * @param[in]  time_in        MJD2000, days, -18262.0 to 36524.0
+ * @param[in]  proc_id_out    KL_PROC
+ * @param[in]  time_ref_out   scale of the output, 0 to 3
+ * @param[out] time_out       MJD2000, days; may lie outside the processing range by the difference of the scales
+ * @param[out] ierr           [1] error vector, bits as in the enumeration above
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_PROCESSING_TO_PROCESSING_*, see there; what all nine conversions share stands above.
+ * Equal scales return the value rounded to the nearest microsecond and need no time id. A UTC result inside a
+ * positive leap second is folded onto the second before it: 23:59:59 and the fraction. The result is not checked
+ * against the range. Order of the checks: input format, scale and value, then output format and scale.
+ */
+KL_API long kl_time_processing_to_processing(kl_time_id *time_id, const long *proc_id_in, const long *time_ref_in,
+                                             const double *time_in, const long *proc_id_out, const long *time_ref_out,
+                                             double *time_out, long *ierr);
+
+/** Conditions of kl_time_ascii_to_ascii. */
+enum {
+    KL_TIME_ASCII_TO_ASCII_ASCII_ID_IN_ERR = 0,     /**< input format is none of KL_ASCII_* */
+    KL_TIME_ASCII_TO_ASCII_TIME_REF_IN_ERR = 1,     /**< input scale outside -1 to 3 */
+    KL_TIME_ASCII_TO_ASCII_ASCII_ID_OUT_ERR = 2,    /**< output format is none of KL_ASCII_* */
+    KL_TIME_ASCII_TO_ASCII_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3 */
+    KL_TIME_ASCII_TO_ASCII_YEAR_ERR = 4,            /**< year is not 1950 to 2099 */
+    KL_TIME_ASCII_TO_ASCII_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
+    KL_TIME_ASCII_TO_ASCII_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
+    KL_TIME_ASCII_TO_ASCII_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
+    KL_TIME_ASCII_TO_ASCII_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
+    KL_TIME_ASCII_TO_ASCII_VALIDITY_WARN = 9,       /**< left the validity of the time id */
+    KL_TIME_ASCII_TO_ASCII_LAYOUT_ERR = 10,         /**< separators of the format missing */
+    KL_TIME_ASCII_TO_ASCII_TOO_SHORT_ERR = 11,      /**< shorter than its format, or NULL */
+    KL_TIME_ASCII_TO_ASCII_TOO_LONG_ERR = 12,       /**< longer than its format */
+    KL_TIME_ASCII_TO_ASCII_PREFIX_ERR = 13,         /**< prefix is no "TAI=" "UTC=" "UT1=" "GPS=" */
+    KL_TIME_ASCII_TO_ASCII_PREFIX_REF_ERR = 14,     /**< prefix contradicts the input scale */
+    KL_TIME_ASCII_TO_ASCII_NO_REF_ERR = 15,         /**< KL_TIME_UNDEF and no prefix */
+    KL_TIME_ASCII_TO_ASCII_MISSION_LIMIT_ERR = 16,  /**< year 0000 or 9999, but no limit */
+    KL_TIME_ASCII_TO_ASCII_MONTH_ERR = 17,          /**< month is not 01 to 12, JAN to DEC */
+    KL_TIME_ASCII_TO_ASCII_DAY_ERR = 18,            /**< day is not 01 to 31 */
+    KL_TIME_ASCII_TO_ASCII_HOUR_ERR = 19,           /**< hour is not 00 to 23 */
+    KL_TIME_ASCII_TO_ASCII_MINUTE_ERR = 20,         /**< minute is not 00 to 59 */
+    KL_TIME_ASCII_TO_ASCII_SECOND_ERR = 21,         /**< second is not 00 to 60 */
+    KL_TIME_ASCII_TO_ASCII_MICROSECOND_ERR = 22,    /**< microsecond is not a number */
+    KL_TIME_ASCII_TO_ASCII_DAY_OF_30_ERR = 23,      /**< day 31 of a month of 30 */
+    KL_TIME_ASCII_TO_ASCII_DAY_OF_29_ERR = 24,      /**< day 30 or 31 of a leap February */
+    KL_TIME_ASCII_TO_ASCII_DAY_OF_28_ERR = 25,      /**< day 29 to 31 of another February */
+    KL_TIME_ASCII_TO_ASCII_LEAP_SECOND_ERR = 26,    /**< second 60 without a leap second */
+    KL_TIME_ASCII_TO_ASCII_BEFORE_1950_ERR = 32,    /**< output before 1950 */
+    KL_TIME_ASCII_TO_ASCII_AFTER_2099_ERR = 33      /**< output after 2099 */
+};
+
+/**
+ * Writes the instant of a text in another format, another scale or both.
+ *
+ * @param[in]  time_id        time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  ascii_id_in    format of the text, KL_ASCII_*
+ * @param[in]  time_ref_in    scale of the text, KL_TIME_*; with a prefix also KL_TIME_UNDEF
+ * @param[in]  ascii_in       text of exactly the length of its format, then a NUL
+ * @param[in]  ascii_id_out   format of the output, KL_ASCII_*
+ * @param[in]  time_ref_out   scale of the output, 0 to 3
+ * @param[out] ascii_out      [KL_TIME_ASCII_LENGTH] text and a NUL; may be the input text
+ * @param[out] ierr           [2] error vector of two words, bits as in the enumeration above
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_ASCII_TO_ASCII_*, see there; what all nine conversions share stands above.
+ * The last two conditions are bits 0 and 1 of the second word, all others bits of the first.
+ */
 KL_API long kl_time_ascii_to_ascii(kl_time_id *time_id, const long *ascii_id_in, const long *time_ref_in,
                                    const char *ascii_in, const long *ascii_id_out, const long *time_ref_out,
                                    char *ascii_out, long ierr[2]);
+
+/** Conditions of kl_time_ascii_to_processing. */
+enum {
+    KL_TIME_ASCII_TO_PROCESSING_ASCII_ID_IN_ERR = 0,     /**< input format is none of KL_ASCII_* */
+    KL_TIME_ASCII_TO_PROCESSING_TIME_REF_IN_ERR = 1,     /**< input scale outside -1 to 3 */
+    KL_TIME_ASCII_TO_PROCESSING_PROC_ID_OUT_ERR = 2,     /**< output format is not KL_PROC */
+    KL_TIME_ASCII_TO_PROCESSING_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3 */
+    KL_TIME_ASCII_TO_PROCESSING_YEAR_ERR = 4,            /**< year is not 1950 to 2099 */
+    KL_TIME_ASCII_TO_PROCESSING_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
+    KL_TIME_ASCII_TO_PROCESSING_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
+    KL_TIME_ASCII_TO_PROCESSING_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
+    KL_TIME_ASCII_TO_PROCESSING_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
+    KL_TIME_ASCII_TO_PROCESSING_VALIDITY_WARN = 9,       /**< left the validity of the time id */
+    KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR = 10,         /**< separators of the format missing */
+    KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR = 11,      /**< shorter than its format, or NULL */
+    KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR = 12,       /**< longer than its format */
+    KL_TIME_ASCII_TO_PROCESSING_PREFIX_ERR = 13,         /**< prefix is no "TAI=" "UTC=" "UT1=" "GPS=" */
+    KL_TIME_ASCII_TO_PROCESSING_PREFIX_REF_ERR = 14,     /**< prefix contradicts the input scale */
+    KL_TIME_ASCII_TO_PROCESSING_NO_REF_ERR = 15,         /**< KL_TIME_UNDEF and no prefix */
+    KL_TIME_ASCII_TO_PROCESSING_MISSION_LIMIT_ERR = 16,  /**< year 0000 or 9999, but no limit */
+    KL_TIME_ASCII_TO_PROCESSING_MONTH_ERR = 17,          /**< month is not 01 to 12, JAN to DEC */
+    KL_TIME_ASCII_TO_PROCESSING_DAY_ERR = 18,            /**< day is not 01 to 31 */
+    KL_TIME_ASCII_TO_PROCESSING_HOUR_ERR = 19,           /**< hour is not 00 to 23 */
+    KL_TIME_ASCII_TO_PROCESSING_MINUTE_ERR = 20,         /**< minute is not 00 to 59 */
+    KL_TIME_ASCII_TO_PROCESSING_SECOND_ERR = 21,         /**< second is not 00 to 60 */
+    KL_TIME_ASCII_TO_PROCESSING_MICROSECOND_ERR = 22,    /**< microsecond is not a number */
+    KL_TIME_ASCII_TO_PROCESSING_DAY_OF_30_ERR = 23,      /**< day 31 of a month of 30 */
+    KL_TIME_ASCII_TO_PROCESSING_DAY_OF_29_ERR = 24,      /**< day 30 or 31 of a leap February */
+    KL_TIME_ASCII_TO_PROCESSING_DAY_OF_28_ERR = 25,      /**< day 29 to 31 of another February */
+    KL_TIME_ASCII_TO_PROCESSING_LEAP_SECOND_ERR = 26     /**< second 60 without a leap second */
+};
+
+/**
+ * Reads a text.
+ *
+ * @param[in]  time_id        time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  ascii_id_in    format of the text, KL_ASCII_*
+ * @param[in]  time_ref_in    scale of the text, KL_TIME_*; with a prefix also KL_TIME_UNDEF
+ * @param[in]  ascii_in       text of exactly the length of its format, then a NUL
+ * @param[in]  proc_id_out    KL_PROC
+ * @param[in]  time_ref_out   scale of the output, 0 to 3
+ * @param[out] time_out       MJD2000, days; may lie outside the processing range by the difference of the scales
+ * @param[out] ierr           [1] error vector, bits as in the enumeration above
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_ASCII_TO_PROCESSING_*, see there; what all nine conversions share stands above.
+ */
 KL_API long kl_time_ascii_to_processing(kl_time_id *time_id, const long *ascii_id_in, const long *time_ref_in,
                                         const char *ascii_in, const long *proc_id_out, const long *time_ref_out,
                                         double *time_out, long *ierr);
+
+/** Conditions of kl_time_ascii_to_transport. */
+enum {
+    KL_TIME_ASCII_TO_TRANSPORT_ASCII_ID_IN_ERR = 0,     /**< input format is none of KL_ASCII_* */
+    KL_TIME_ASCII_TO_TRANSPORT_TIME_REF_IN_ERR = 1,     /**< input scale outside -1 to 3 */
+    KL_TIME_ASCII_TO_TRANSPORT_TRANS_ID_OUT_ERR = 2,    /**< output format is none of KL_TRANS_* */
+    KL_TIME_ASCII_TO_TRANSPORT_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3, or not GPS */
+    KL_TIME_ASCII_TO_TRANSPORT_YEAR_ERR = 4,            /**< year is not 1950 to 2099 */
+    KL_TIME_ASCII_TO_TRANSPORT_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
+    KL_TIME_ASCII_TO_TRANSPORT_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
+    KL_TIME_ASCII_TO_TRANSPORT_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
+    KL_TIME_ASCII_TO_TRANSPORT_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
+    KL_TIME_ASCII_TO_TRANSPORT_VALIDITY_WARN = 9,       /**< left the validity of the time id */
+    KL_TIME_ASCII_TO_TRANSPORT_LAYOUT_ERR = 10,         /**< separators of the format missing */
+    KL_TIME_ASCII_TO_TRANSPORT_TOO_SHORT_ERR = 11,      /**< shorter than its format, or NULL */
+    KL_TIME_ASCII_TO_TRANSPORT_TOO_LONG_ERR = 12,       /**< longer than its format */
+    KL_TIME_ASCII_TO_TRANSPORT_PREFIX_ERR = 13,         /**< prefix is no "TAI=" "UTC=" "UT1=" "GPS=" */
+    KL_TIME_ASCII_TO_TRANSPORT_PREFIX_REF_ERR = 14,     /**< prefix contradicts the input scale */
+    KL_TIME_ASCII_TO_TRANSPORT_NO_REF_ERR = 15,         /**< KL_TIME_UNDEF and no prefix */
+    KL_TIME_ASCII_TO_TRANSPORT_MISSION_LIMIT_ERR = 16,  /**< year 0000 or 9999, but no limit */
+    KL_TIME_ASCII_TO_TRANSPORT_MONTH_ERR = 17,          /**< month is not 01 to 12, JAN to DEC */
+    KL_TIME_ASCII_TO_TRANSPORT_DAY_ERR = 18,            /**< day is not 01 to 31 */
+    KL_TIME_ASCII_TO_TRANSPORT_HOUR_ERR = 19,           /**< hour is not 00 to 23 */
+    KL_TIME_ASCII_TO_TRANSPORT_MINUTE_ERR = 20,         /**< minute is not 00 to 59 */
+    KL_TIME_ASCII_TO_TRANSPORT_SECOND_ERR = 21,         /**< second is not 00 to 60 */
+    KL_TIME_ASCII_TO_TRANSPORT_MICROSECOND_ERR = 22,    /**< microsecond is not a number */
+    KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_30_ERR = 23,      /**< day 31 of a month of 30 */
+    KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_29_ERR = 24,      /**< day 30 or 31 of a leap February */
+    KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_28_ERR = 25,      /**< day 29 to 31 of another February */
+    KL_TIME_ASCII_TO_TRANSPORT_LEAP_SECOND_ERR = 26     /**< second 60 without a leap second */
+};
+
+/**
+ * Reads a text into a transport time.
+ *
+ * @param[in]  time_id        time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  ascii_id_in    format of the text, KL_ASCII_*
+ * @param[in]  time_ref_in    scale of the text, KL_TIME_*; with a prefix also KL_TIME_UNDEF
+ * @param[in]  ascii_in       text of exactly the length of its format, then a NUL
+ * @param[in]  trans_id_out   format of the output, KL_TRANS_*
+ * @param[in]  time_ref_out   scale of the output, 0 to 3
+ * @param[out] transport_out  [4] fields as the format has them, then zeros; may be the input record
+ * @param[out] ierr           [1] error vector, bits as in the enumeration above
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_ASCII_TO_TRANSPORT_*, see there; what all nine conversions share stands above.
+ */
 KL_API long kl_time_ascii_to_transport(kl_time_id *time_id, const long *ascii_id_in, const long *time_ref_in,
                                        const char *ascii_in, const long *trans_id_out, const long *time_ref_out,
                                        long transport_out[4], long *ierr);
+
+/** Conditions of kl_time_processing_to_ascii. */
+enum {
+    KL_TIME_PROCESSING_TO_ASCII_PROC_ID_IN_ERR = 0,       /**< input format is not KL_PROC */
+    KL_TIME_PROCESSING_TO_ASCII_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3 */
+    KL_TIME_PROCESSING_TO_ASCII_ASCII_ID_OUT_ERR = 2,     /**< output format is none of KL_ASCII_* */
+    KL_TIME_PROCESSING_TO_ASCII_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3 */
+    KL_TIME_PROCESSING_TO_ASCII_DAYS_ERR = 4,             /**< input outside its range, or NaN */
+    KL_TIME_PROCESSING_TO_ASCII_NOT_INITIALISED_ERR = 5,  /**< scales differ, no initialised time id */
+    KL_TIME_PROCESSING_TO_ASCII_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
+    KL_TIME_PROCESSING_TO_ASCII_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
+    KL_TIME_PROCESSING_TO_ASCII_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */
+    KL_TIME_PROCESSING_TO_ASCII_VALIDITY_WARN = 9,        /**< left the validity of the time id */
+    KL_TIME_PROCESSING_TO_ASCII_STANDARD_FORMAT_ERR = 10, /**< input not split into whole units */
+    KL_TIME_PROCESSING_TO_ASCII_BEFORE_1950_ERR = 11,     /**< output before 1950 */
+    KL_TIME_PROCESSING_TO_ASCII_AFTER_2099_ERR = 12       /**< output after 2099 */
+};
+
+/**
+ * Writes a processing time as a text.
+ *
+ * @param[in]  time_id        time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  proc_id_in     KL_PROC
+ * @param[in]  time_ref_in    scale of the input: KL_TIME_TAI, _UTC, _UT1 or _GPS
+ * @param[in]  time_in        MJD2000, days, -18262.0 to 36524.0
+ * @param[in]  ascii_id_out   format of the output, KL_ASCII_*
+ * @param[in]  time_ref_out   scale of the output, 0 to 3
+ * @param[out] ascii_out      [KL_TIME_ASCII_LENGTH] text and a NUL; may be the input text
+ * @param[out] ierr           [1] error vector, bits as in the enumeration above
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_PROCESSING_TO_ASCII_*, see there; what all nine conversions share stands above.
+ * The text is that of the nearest microsecond, whose rounding carries through to the year. A format without
+ * microseconds cuts them off, so that 23:59:59.9 keeps its day.
+ */
 KL_API long kl_time_processing_to_ascii(kl_time_id *time_id, const long *proc_id_in, const long *time_ref_in,
                                         const double *time_in, const long *ascii_id_out, const long *time_ref_out,
                                         char *ascii_out, long *ierr);
+
+/** Conditions of kl_time_processing_to_transport. */
+enum {
+    KL_TIME_PROCESSING_TO_TRANSPORT_PROC_ID_IN_ERR = 0,      /**< input format is not KL_PROC */
+    KL_TIME_PROCESSING_TO_TRANSPORT_TIME_REF_IN_ERR = 1,     /**< input scale outside 0 to 3 */
+    KL_TIME_PROCESSING_TO_TRANSPORT_TRANS_ID_OUT_ERR = 2,    /**< output format is none of KL_TRANS_* */
+    KL_TIME_PROCESSING_TO_TRANSPORT_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3, or not GPS */
+    KL_TIME_PROCESSING_TO_TRANSPORT_DAYS_ERR = 4,            /**< input outside its range, or NaN */
+    KL_TIME_PROCESSING_TO_TRANSPORT_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
+    KL_TIME_PROCESSING_TO_TRANSPORT_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
+    KL_TIME_PROCESSING_TO_TRANSPORT_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
+    KL_TIME_PROCESSING_TO_TRANSPORT_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
+    KL_TIME_PROCESSING_TO_TRANSPORT_VALIDITY_WARN = 9,       /**< left the validity of the time id */
+    KL_TIME_PROCESSING_TO_TRANSPORT_STANDARD_FORMAT_ERR = 10 /**< input not split into whole units */
+};
+
+/**
+ * Writes a processing time as a transport time.
+ *
+ * @param[in]  time_id        time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  proc_id_in     KL_PROC
+ * @param[in]  time_ref_in    scale of the input: KL_TIME_TAI, _UTC, _UT1 or _GPS
+ * @param[in]  time_in        MJD2000, days, -18262.0 to 36524.0
+ * @param[in]  trans_id_out   format of the output, KL_TRANS_*
+ * @param[in]  time_ref_out   scale of the output, 0 to 3
+ * @param[out] transport_out  [4] fields as the format has them, then zeros; may be the input record
+ * @param[out] ierr           [1] error vector, bits as in the enumeration above
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_PROCESSING_TO_TRANSPORT_*, see there; what all nine conversions share stands above.
+ */
 KL_API long kl_time_processing_to_transport(kl_time_id *time_id, const long *proc_id_in, const long *time_ref_in,
                                             const double *time_in, const long *trans_id_out, const long *time_ref_out,
                                             long transport_out[4], long *ierr);
+
+/** Conditions of kl_time_transport_to_ascii. */
+enum {
+    KL_TIME_TRANSPORT_TO_ASCII_TRANS_ID_IN_ERR = 0,      /**< input format is none of KL_TRANS_* */
+    KL_TIME_TRANSPORT_TO_ASCII_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3, or not GPS */
+    KL_TIME_TRANSPORT_TO_ASCII_ASCII_ID_OUT_ERR = 2,     /**< output format is none of KL_ASCII_* */
+    KL_TIME_TRANSPORT_TO_ASCII_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3 */
+    KL_TIME_TRANSPORT_TO_ASCII_DAYS_ERR = 4,             /**< day outside -18262 to 36524 */
+    KL_TIME_TRANSPORT_TO_ASCII_NOT_INITIALISED_ERR = 5,  /**< scales differ, no initialised time id */
+    KL_TIME_TRANSPORT_TO_ASCII_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
+    KL_TIME_TRANSPORT_TO_ASCII_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
+    KL_TIME_TRANSPORT_TO_ASCII_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */
+    KL_TIME_TRANSPORT_TO_ASCII_VALIDITY_WARN = 9,        /**< left the validity of the time id */
+    KL_TIME_TRANSPORT_TO_ASCII_LEAP_SECOND_ERR = 10,     /**< 61st second without a leap second */
+    KL_TIME_TRANSPORT_TO_ASCII_SECONDS_ERR = 11,         /**< seconds of day not 0 to 86399 */
+    KL_TIME_TRANSPORT_TO_ASCII_MILLISECONDS_ERR = 12,    /**< milliseconds of day not 0 to 86399999 */
+    KL_TIME_TRANSPORT_TO_ASCII_MICROSECONDS_ERR = 13,    /**< not 0 to 999999, or 0 to 999 */
+    KL_TIME_TRANSPORT_TO_ASCII_TICKS_ERR = 14,           /**< not 0 to 4294967295, or beyond 2099 */
+    KL_TIME_TRANSPORT_TO_ASCII_WEEK_ERR = 15,            /**< GPS week outside -1566 to 6260 */
+    KL_TIME_TRANSPORT_TO_ASCII_SECONDS_OF_WEEK_ERR = 16, /**< not 0 to 604799 */
+    KL_TIME_TRANSPORT_TO_ASCII_FRACTION_ERR = 17,        /**< not 0 to 65535 */
+    KL_TIME_TRANSPORT_TO_ASCII_GPS_SECONDS_ERR = 18,     /**< outside 1950 to 2099 */
+    KL_TIME_TRANSPORT_TO_ASCII_BEFORE_1950_ERR = 19,     /**< output before 1950 */
+    KL_TIME_TRANSPORT_TO_ASCII_AFTER_2099_ERR = 20       /**< output after 2099 */
+};
+
+/**
+ * Writes a transport time as a text.
+ *
+ * @param[in]  time_id        time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  trans_id_in    format of the record, KL_TRANS_*
+ * @param[in]  time_ref_in    scale of the record: KL_TIME_TAI, _UTC, _UT1 or _GPS
+ * @param[in]  transport_in   [4] fields as the format has them; those that it has not are not read
+ * @param[in]  ascii_id_out   format of the output, KL_ASCII_*
+ * @param[in]  time_ref_out   scale of the output, 0 to 3
+ * @param[out] ascii_out      [KL_TIME_ASCII_LENGTH] text and a NUL; may be the input text
+ * @param[out] ierr           [1] error vector, bits as in the enumeration above
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_TRANSPORT_TO_ASCII_*, see there; what all nine conversions share stands above.
+ */
 KL_API long kl_time_transport_to_ascii(kl_time_id *time_id, const long *trans_id_in, const long *time_ref_in,
                                        const long transport_in[4], const long *ascii_id_out, const long *time_ref_out,
                                        char *ascii_out, long *ierr);
+
+/** Conditions of kl_time_transport_to_processing. */
+enum {
+    KL_TIME_TRANSPORT_TO_PROCESSING_TRANS_ID_IN_ERR = 0,      /**< input format is none of KL_TRANS_* */
+    KL_TIME_TRANSPORT_TO_PROCESSING_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3, or not GPS */
+    KL_TIME_TRANSPORT_TO_PROCESSING_PROC_ID_OUT_ERR = 2,      /**< output format is not KL_PROC */
+    KL_TIME_TRANSPORT_TO_PROCESSING_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_DAYS_ERR = 4,             /**< day outside -18262 to 36524 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_NOT_INITIALISED_ERR = 5,  /**< scales differ, no initialised time id */
+    KL_TIME_TRANSPORT_TO_PROCESSING_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
+    KL_TIME_TRANSPORT_TO_PROCESSING_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
+    KL_TIME_TRANSPORT_TO_PROCESSING_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */
+    KL_TIME_TRANSPORT_TO_PROCESSING_VALIDITY_WARN = 9,        /**< left the validity of the time id */
+    KL_TIME_TRANSPORT_TO_PROCESSING_LEAP_SECOND_ERR = 10,     /**< 61st second without a leap second */
+    KL_TIME_TRANSPORT_TO_PROCESSING_SECONDS_ERR = 11,         /**< seconds of day not 0 to 86399 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_MILLISECONDS_ERR = 12,    /**< milliseconds of day not 0 to 86399999 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_MICROSECONDS_ERR = 13,    /**< not 0 to 999999, or 0 to 999 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_TICKS_ERR = 14,           /**< not 0 to 4294967295, or beyond 2099 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_WEEK_ERR = 15,            /**< GPS week outside -1566 to 6260 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_SECONDS_OF_WEEK_ERR = 16, /**< not 0 to 604799 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_FRACTION_ERR = 17,        /**< not 0 to 65535 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_GPS_SECONDS_ERR = 18      /**< outside 1950 to 2099 */
+};
+
+/**
+ * Reads a transport time.
+ *
+ * @param[in]  time_id        time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  trans_id_in    format of the record, KL_TRANS_*
+ * @param[in]  time_ref_in    scale of the record: KL_TIME_TAI, _UTC, _UT1 or _GPS
+ * @param[in]  transport_in   [4] fields as the format has them; those that it has not are not read
+ * @param[in]  proc_id_out    KL_PROC
+ * @param[in]  time_ref_out   scale of the output, 0 to 3
+ * @param[out] time_out       MJD2000, days; may lie outside the processing range by the difference of the scales
+ * @param[out] ierr           [1] error vector, bits as in the enumeration above
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_TRANSPORT_TO_PROCESSING_*, see there; what all nine conversions share stands above.
+ * Accuracy: a processing time holds a microsecond over the whole range, near 2099 just so (steps of 0.63
+ * microseconds).
+ */
 KL_API long kl_time_transport_to_processing(kl_time_id *time_id, const long *trans_id_in, const long *time_ref_in,
                                             const long transport_in[4], const long *proc_id_out,
                                             const long *time_ref_out, double *time_out, long *ierr);
+
+/** Conditions of kl_time_transport_to_transport. */
+enum {
+    KL_TIME_TRANSPORT_TO_TRANSPORT_TRANS_ID_IN_ERR = 0,      /**< input format is none of KL_TRANS_* */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3, or not GPS */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_TRANS_ID_OUT_ERR = 2,     /**< output format is none of KL_TRANS_* */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3, or not GPS */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_DAYS_ERR = 4,             /**< day outside -18262 to 36524 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_NOT_INITIALISED_ERR = 5,  /**< scales differ, no initialised time id */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_VALIDITY_WARN = 9,        /**< left the validity of the time id */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_LEAP_SECOND_ERR = 10,     /**< 61st second without a leap second */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_SECONDS_ERR = 11,         /**< seconds of day not 0 to 86399 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_MILLISECONDS_ERR = 12,    /**< milliseconds of day not 0 to 86399999 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_MICROSECONDS_ERR = 13,    /**< not 0 to 999999, or 0 to 999 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_TICKS_ERR = 14,           /**< not 0 to 4294967295, or beyond 2099 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_WEEK_ERR = 15,            /**< GPS week outside -1566 to 6260 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_SECONDS_OF_WEEK_ERR = 16, /**< not 0 to 604799 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_FRACTION_ERR = 17,        /**< not 0 to 65535 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_GPS_SECONDS_ERR = 18      /**< outside 1950 to 2099 */
+};
+
+/**
+ * Writes the instant of a transport time in another format, another scale or both.
+ *
+ * @param[in]  time_id        time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  trans_id_in    format of the record, KL_TRANS_*
+ * @param[in]  time_ref_in    scale of the record: KL_TIME_TAI, _UTC, _UT1 or _GPS
+ * @param[in]  transport_in   [4] fields as the format has them; those that it has not are not read
+ * @param[in]  trans_id_out   format of the output, KL_TRANS_*
+ * @param[in]  time_ref_out   scale of the output, 0 to 3
+ * @param[out] transport_out  [4] fields as the format has them, then zeros; may be the input record
+ * @param[out] ierr           [1] error vector, bits as in the enumeration above
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_TRANSPORT_TO_TRANSPORT_*, see there; what all nine conversions share stands above.
+ */
 KL_API long kl_time_transport_to_transport(kl_time_id *time_id, const long *trans_id_in, const long *time_ref_in,
                                            const long transport_in[4], const long *trans_id_out,
                                            const long *time_ref_out, long transport_out[4], long *ierr);
@@ -440,9 +974,52 @@ KL_API long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *
 
 /* ---- Earth models ------------------------------------------------------------------------------------ */
 
+/** Conditions of kl_model_init. */
+enum {
+    KL_MODEL_INIT_INITIALISED_ERR = 0, /**< the handle is already initialised */
+    KL_MODEL_INIT_MEMORY_ERR = 1,
+    KL_MODEL_INIT_SELECTION_ERR = 2, /**< a selection that is not offered */
+    KL_MODEL_INIT_N_CODES
+};
+
+/**
+ * Selects the models of the Earth and the sky. The record does not change afterwards and may be read by any thread.
+ *
+ * @param[in]     mode      KL_MODEL_DEFAULT (all selections 0; so does any number but 1) or KL_MODEL_USER
+ * @param[in]     models    [9] selections in the order of KL_MODEL_EARTH ... with KL_MODEL_USER: 0, and for the Sun 0
+ * or 1, for light propagation 0, 1 or 2; not read (may be NULL) in the default mode
+ * @param[in,out] model_id  handle, not initialised
+ * @param[out]    ierr      [1] error vector
+ * @return KL_OK or KL_ERR. After a refused selection (bit 2) the handle is initialised all the same, with the blocks
+ *         before the refused one filled and the others zero: close it.
+ */
 KL_API long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id, long *ierr);
+
+/** 1 when the model id is initialised, else 0 (also for NULL). */
 KL_API long kl_model_init_status(kl_model_id *model_id);
+
+/**
+ * Selections and constants of a model id; those of the default models for an uninitialised one, which stays so.
+ *
+ * @param[in]  model_id  handle, or NULL
+ * @param[out] data      25 numbers, units in kl_model_data
+ * @return 0, or -1 when data is NULL
+ */
 KL_API long kl_model_get_data(kl_model_id *model_id, kl_model_data *data);
+
+/** Conditions of kl_model_close. */
+enum {
+    KL_MODEL_CLOSE_ERR = 0, /**< not initialised, or in use by another id or object */
+    KL_MODEL_CLOSE_N_CODES
+};
+
+/**
+ * Frees a model id and resets its handle.
+ *
+ * @param[in,out] model_id  handle
+ * @param[out]    ierr      [1] error vector
+ * @return KL_OK, or KL_ERR with nothing changed
+ */
 KL_API long kl_model_close(kl_model_id *model_id, long *ierr);
 
 /* ---- geoid ------------------------------------------------------------------------------------------- */
@@ -591,11 +1168,10 @@ enum {
  * @param[out] planet_pos [3] m, Earth-fixed (KL_EF)
  * @param[out] planet_vel [3] m/s, Earth-fixed, relative to the rotating axes
  * @param[out] ierr       [1] error vector, bits KL_PLANET_*
- * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR planet_pos and planet_vel are untouched. NULL for one of them, and a model
- * id without a routine for the planets (refused init), is KL_ERR with no bit. KL_WARN may come with no bit.
- * An uninitialised time id is KL_PLANET_TIME_ID_ERR, but KL_PLANET_PROC_TO_PROC_ERR for a time in TAI. Geometric: no
- * light time, no aberration. The astronomical unit is the rounded 1.496e11 m: 1.4234e-5 too large.
- * Accuracy: @PLANET@.
+ * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR planet_pos and planet_vel are untouched. NULL for one of them, and a
+ * model id without a routine for the planets (refused init), is KL_ERR with no bit. KL_WARN may come with no bit. An
+ * uninitialised time id is KL_PLANET_TIME_ID_ERR, but KL_PLANET_PROC_TO_PROC_ERR for a time in TAI. Geometric: no light
+ * time, no aberration. The astronomical unit is the rounded 1.496e11 m: 1.4234e-5 too large. Accuracy: @PLANET@.
  * Source: J. L. Simon, P. Bretagnon, J. Chapront, M. Chapront-Touze, G. Francou, J. Laskar, Astron. Astrophys. 282, 663
  * (1994); the Earth as in kl_sun.
  */

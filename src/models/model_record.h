@@ -15,19 +15,10 @@ using MoonRoutine = long (*)(const kl_time_record *tdb, Cord *moon, kl_error_rec
 // Heliocentric planet, J2000.
 using PlanetRoutine = long (*)(long planet, const kl_time_record *tdb, Cord *state, kl_error_record *error);
 
-// Nutation in longitude and obliquity with two derivatives: rad, rad/s, rad/s2; the mean obliquity used, rad.
-struct NutationTerms {
-    double dpsi[3], deps[3];
-    double mean_obliquity;
-};
-// `days` since 2000-01-01 00:00.
-using NutationRoutine = void (*)(double days, NutationTerms *terms);
-
-// Precession J2000 to mean of date: 3x3 row by row, with two derivatives in time.
-struct RotationWithRates {
-    double r[9], dr[9], ddr[9]; // 1, 1/s, 1/s2
-};
-using PrecessionRoutine = void (*)(double days, int order, RotationWithRates *rotation);
+// Nutation at days since 2000-01-01 00:00.
+using NutationRoutine = void (*)(double days, kl_nutation *nutation);
+// Precession from J2000 to the mean of date.
+using PrecessionRoutine = void (*)(double days, kl_flat_rotation *precession);
 
 struct EarthModel {
     long value;

@@ -1,0 +1,199 @@
+// Model ids, and the wiring of the model record: the one place that knows every routine behind it.
+#include "error/activation.h"
+#include "error/message_groups.h"
+#include "models/egm96_tables.h"
+#include "models/model_record.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <iterator>
+
+namespace {
+
+constexpr Message kInit[] = {
+    /* KL_MODEL_INIT_INITIALISED_ERR */ error("Model ID is already initialised"),
+    /* KL_MODEL_INIT_MEMORY_ERR      */ error("Memory allocation error"),
+    // On purpose: the name of the model is passed, and the placeholder printed as it stands.
+    /* KL_MODEL_INIT_SELECTION_ERR   */ error("Wrong enumeration value for %s model"),
+};
+static_assert(std::size(kInit) == KL_MODEL_INIT_N_CODES);
+
+constexpr Message kClose[] = {
+    /* KL_MODEL_CLOSE_ERR */ error("The Model Id is not initialized or it could be in use by another Id."),
+};
+static_assert(std::size(kClose) == KL_MODEL_CLOSE_N_CODES);
+
+constexpr long kNoSatellite = -1;
+constexpr int kKinds = 9;
+
+const ModelBlocks kDefaultBlocks = {
+    {0,            // Earth
+     6378136.0,    // gravity reference radius, m
+     3.9860044e14, // GM, m3/s2
+     0.001082626,
+     -2.536e-06,
+     -1.623e-06, // J2, J3, J4
+     6378137.0,
+     6356752.3142, // axes of the ellipsoid, m (WGS84)
+     0.0818191908426,
+     0.0033528106647474805,                       // first eccentricity, flattening
+     {99.96779469, 360.985647366286, 2.9079e-13}, // deg, deg/day, deg/day2 (GMST 1982 from 2000-01-01 00:00)
+     {99.96779469, 360.9856473, 2.9079e-13},      // the same with a rounded rate
+     0,
+     kEgm96Count,
+     HC_EGM96,
+     HS_EGM96,
+     CC_EGM96,
+     CS_EGM96},
+    {0, KL_Sun_PosVel, KL_Earth},
+    {0, KL_Moon_PosVel},
+    {0, KL_Planets},
+    {0, nullptr}, // stars are carried out by other libraries of the family
+    {0, KL_Sim_Nut_Term},
+    {0, KL_Precession},
+    {0, 149597870.0}, // km
+    {0},
+};
+
+// Where the block of each kind lies, and the largest selection that it takes. Each block begins with its value.
+struct Kind {
+    const char *name;
+    std::size_t offset, size;
+    unsigned long largest;
+};
+
+#define BLOCK(member) offsetof(ModelBlocks, member), sizeof(ModelBlocks::member)
+constexpr Kind kKind[kKinds] = {
+    {"Earth", BLOCK(earth), 0},
+    {"Sun", BLOCK(sun), 1},
+    {"Moon", BLOCK(moon), 0},
+    {"Planet", BLOCK(planet), 0},
+    {"Star", BLOCK(star), 0},
+    {"Nutation", BLOCK(nutation), 0},
+    {"Precession", BLOCK(precession), 0},
+    {"Constants", BLOCK(constants), 0},
+    {"Light propagation", BLOCK(light), 2},
+};
+#undef BLOCK
+
+char *block_at(ModelBlocks *blocks, int kind)
+{
+    return reinterpret_cast<char *>(blocks) + kKind[kind].offset;
+}
+
+void fill_block(ModelBlocks *blocks, int kind, long value)
+{
+    char *block = block_at(blocks, kind);
+    std::memcpy(block, reinterpret_cast<const char *>(&kDefaultBlocks) + kKind[kind].offset, kKind[kind].size);
+    std::memcpy(block, &value, sizeof value);
+}
+
+ModelIdRecord *initialised_record(const kl_model_id *model_id)
+{
+    return KL_Id_init_status(model_id) == 1 ? static_cast<ModelIdRecord *>(model_id->record) : nullptr;
+}
+
+} // namespace
+
+const MessageGroup messages_kl_model_init = group(kInit);
+const MessageGroup messages_kl_model_close = group(kClose);
+
+const ModelBlocks &model_blocks(const kl_model_id *model_id)
+{
+    const ModelIdRecord *record = initialised_record(model_id);
+    return record != nullptr ? record->blocks : kDefaultBlocks;
+}
+
+long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id, long *ierr)
+{
+    Activation call(KL_FN_MODEL_INIT, ierr);
+    if (mode == nullptr || model_id == nullptr)
+        return KL_ERR;
+    if (initialised_record(model_id) != nullptr && call.stops(KL_MODEL_INIT_INITIALISED_ERR))
+        return KL_ERR;
+    const bool user = *mode == KL_MODEL_USER;
+    if (user && models == nullptr && call.stops(KL_MODEL_INIT_SELECTION_ERR, kKind[KL_MODEL_EARTH].name))
+        return KL_ERR;
+
+    auto *record = static_cast<ModelIdRecord *>(std::calloc(1, sizeof(ModelIdRecord)));
+    if (record == nullptr || KL_Id_init(&kNoSatellite, KL_ID_MODEL, record) < 0) {
+        std::free(record);
+        static_cast<void>(call.stops(KL_MODEL_INIT_MEMORY_ERR));
+        return KL_ERR;
+    }
+    model_id->record = record;
+    if (user)
+        std::memcpy(record->selections, models, sizeof record->selections);
+    for (int kind = 0; kind < kKinds; ++kind) {
+        const long value = record->selections[kind];
+        // On purpose: a refusal leaves the handle initialised, with the blocks before this one filled.
+        if (static_cast<unsigned long>(value) > kKind[kind].largest
+            && call.stops(KL_MODEL_INIT_SELECTION_ERR, kKind[kind].name))
+            return KL_ERR;
+        fill_block(&record->blocks, kind, value);
+    }
+    return call.status();
+}
+
+long kl_model_init_status(kl_model_id *model_id)
+{
+    return KL_Id_init_status(model_id);
+}
+
+long kl_model_get_data(kl_model_id *model_id, kl_model_data *data)
+{
+    if (data == nullptr)
+        return KL_ERR;
+    const ModelBlocks &m = model_blocks(model_id);
+    const EarthModel &e = m.earth;
+    *data = {e.value,
+             m.sun.value,
+             m.moon.value,
+             m.planet.value,
+             m.star.value,
+             m.nutation.value,
+             m.precession.value,
+             m.constants.value,
+             m.light.value,
+             e.gravity_radius,
+             e.gm,
+             e.j2,
+             e.j3,
+             e.j4,
+             e.semi_major_axis,
+             e.semi_minor_axis,
+             e.eccentricity,
+             e.flattening,
+             e.angle[0],
+             e.angle[1],
+             e.angle[2],
+             e.angle_sim[0],
+             e.angle_sim[1],
+             e.angle_sim[2],
+             m.constants.astronomical_unit};
+    return KL_OK;
+}
+
+void *KL_Model_get_data(kl_model_id *model_id, long kind)
+{
+    if (model_id == nullptr)
+        return nullptr;
+    const long mode = KL_MODEL_DEFAULT;
+    if (initialised_record(model_id) == nullptr && kl_model_init(&mode, nullptr, model_id, nullptr) != KL_OK)
+        return nullptr;
+    if (kind == -1)
+        kind = KL_MODEL_EARTH;
+    return kind >= 0 && kind < kKinds ? block_at(&initialised_record(model_id)->blocks, static_cast<int>(kind))
+                                      : nullptr;
+}
+
+long kl_model_close(kl_model_id *model_id, long *ierr)
+{
+    Activation call(KL_FN_MODEL_CLOSE, ierr);
+    if (KL_Id_close(model_id) != 0 && call.stops(KL_MODEL_CLOSE_ERR))
+        return KL_ERR;
+    std::free(model_id->record);
+    model_id->record = nullptr;
+    return call.status();
+}
