@@ -585,7 +585,7 @@ enum {
     KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_OUT_ERR = 2,     /**< output format is not KL_PROC */
     KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3 */
     KL_TIME_PROCESSING_TO_PROCESSING_DAYS_ERR = 4,            /**< input outside its range, or NaN */
-    KL_TIME_PROCESSING_TO_PROCESSING_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
+    KL_TIME_PROCESSING_TO_PROCESSING_TIME_ID_ERR = 5,         /**< scales differ, no initialised time id */
     KL_TIME_PROCESSING_TO_PROCESSING_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
     KL_TIME_PROCESSING_TO_PROCESSING_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
     KL_TIME_PROCESSING_TO_PROCESSING_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
@@ -616,35 +616,35 @@ KL_API long kl_time_processing_to_processing(kl_time_id *time_id, const long *pr
 
 /** Conditions of kl_time_ascii_to_ascii. */
 enum {
-    KL_TIME_ASCII_TO_ASCII_ASCII_ID_IN_ERR = 0,     /**< input format is none of KL_ASCII_* */
-    KL_TIME_ASCII_TO_ASCII_TIME_REF_IN_ERR = 1,     /**< input scale outside -1 to 3 */
-    KL_TIME_ASCII_TO_ASCII_ASCII_ID_OUT_ERR = 2,    /**< output format is none of KL_ASCII_* */
-    KL_TIME_ASCII_TO_ASCII_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3 */
-    KL_TIME_ASCII_TO_ASCII_YEAR_ERR = 4,            /**< year is not 1950 to 2099 */
-    KL_TIME_ASCII_TO_ASCII_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
-    KL_TIME_ASCII_TO_ASCII_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
-    KL_TIME_ASCII_TO_ASCII_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
-    KL_TIME_ASCII_TO_ASCII_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
-    KL_TIME_ASCII_TO_ASCII_VALIDITY_WARN = 9,       /**< left the validity of the time id */
-    KL_TIME_ASCII_TO_ASCII_LAYOUT_ERR = 10,         /**< separators of the format missing */
-    KL_TIME_ASCII_TO_ASCII_TOO_SHORT_ERR = 11,      /**< shorter than its format, or NULL */
-    KL_TIME_ASCII_TO_ASCII_TOO_LONG_ERR = 12,       /**< longer than its format */
-    KL_TIME_ASCII_TO_ASCII_PREFIX_ERR = 13,         /**< prefix is no "TAI=" "UTC=" "UT1=" "GPS=" */
-    KL_TIME_ASCII_TO_ASCII_PREFIX_REF_ERR = 14,     /**< prefix contradicts the input scale */
-    KL_TIME_ASCII_TO_ASCII_NO_REF_ERR = 15,         /**< KL_TIME_UNDEF and no prefix */
-    KL_TIME_ASCII_TO_ASCII_MISSION_LIMIT_ERR = 16,  /**< year 0000 or 9999, but no limit */
-    KL_TIME_ASCII_TO_ASCII_MONTH_ERR = 17,          /**< month is not 01 to 12, JAN to DEC */
-    KL_TIME_ASCII_TO_ASCII_DAY_ERR = 18,            /**< day is not 01 to 31 */
-    KL_TIME_ASCII_TO_ASCII_HOUR_ERR = 19,           /**< hour is not 00 to 23 */
-    KL_TIME_ASCII_TO_ASCII_MINUTE_ERR = 20,         /**< minute is not 00 to 59 */
-    KL_TIME_ASCII_TO_ASCII_SECOND_ERR = 21,         /**< second is not 00 to 60 */
-    KL_TIME_ASCII_TO_ASCII_MICROSECOND_ERR = 22,    /**< microsecond is not a number */
-    KL_TIME_ASCII_TO_ASCII_DAY_OF_30_ERR = 23,      /**< day 31 of a month of 30 */
-    KL_TIME_ASCII_TO_ASCII_DAY_OF_29_ERR = 24,      /**< day 30 or 31 of a leap February */
-    KL_TIME_ASCII_TO_ASCII_DAY_OF_28_ERR = 25,      /**< day 29 to 31 of another February */
-    KL_TIME_ASCII_TO_ASCII_LEAP_SECOND_ERR = 26,    /**< second 60 without a leap second */
-    KL_TIME_ASCII_TO_ASCII_BEFORE_1950_ERR = 32,    /**< output before 1950 */
-    KL_TIME_ASCII_TO_ASCII_AFTER_2099_ERR = 33      /**< output after 2099 */
+    KL_TIME_ASCII_TO_ASCII_ASCII_ID_IN_ERR = 0,    /**< input format is none of KL_ASCII_* */
+    KL_TIME_ASCII_TO_ASCII_TIME_REF_IN_ERR = 1,    /**< input scale outside -1 to 3 */
+    KL_TIME_ASCII_TO_ASCII_ASCII_ID_OUT_ERR = 2,   /**< output format is none of KL_ASCII_* */
+    KL_TIME_ASCII_TO_ASCII_TIME_REF_OUT_ERR = 3,   /**< output scale outside 0 to 3 */
+    KL_TIME_ASCII_TO_ASCII_YEAR_ERR = 4,           /**< year is not 1950 to 2099 */
+    KL_TIME_ASCII_TO_ASCII_TIME_ID_ERR = 5,        /**< scales differ, no initialised time id */
+    KL_TIME_ASCII_TO_ASCII_OUT_OF_RANGE_WARN = 6,  /**< instant outside the table */
+    KL_TIME_ASCII_TO_ASCII_BULLETIN_A_WARN = 7,    /**< left the table: by formula from here on */
+    KL_TIME_ASCII_TO_ASCII_BULLETIN_B_A_WARN = 8,  /**< now in the gap between two bulletins */
+    KL_TIME_ASCII_TO_ASCII_VALIDITY_WARN = 9,      /**< left the validity of the time id */
+    KL_TIME_ASCII_TO_ASCII_LAYOUT_ERR = 10,        /**< separators of the format missing */
+    KL_TIME_ASCII_TO_ASCII_TOO_SHORT_ERR = 11,     /**< shorter than its format, or NULL */
+    KL_TIME_ASCII_TO_ASCII_TOO_LONG_ERR = 12,      /**< longer than its format */
+    KL_TIME_ASCII_TO_ASCII_PREFIX_ERR = 13,        /**< prefix is no "TAI=" "UTC=" "UT1=" "GPS=" */
+    KL_TIME_ASCII_TO_ASCII_PREFIX_REF_ERR = 14,    /**< prefix contradicts the input scale */
+    KL_TIME_ASCII_TO_ASCII_NO_REF_ERR = 15,        /**< KL_TIME_UNDEF and no prefix */
+    KL_TIME_ASCII_TO_ASCII_MISSION_LIMIT_ERR = 16, /**< year 0000 or 9999, but no limit */
+    KL_TIME_ASCII_TO_ASCII_MONTH_ERR = 17,         /**< month is not 01 to 12, JAN to DEC */
+    KL_TIME_ASCII_TO_ASCII_DAY_ERR = 18,           /**< day is not 01 to 31 */
+    KL_TIME_ASCII_TO_ASCII_HOUR_ERR = 19,          /**< hour is not 00 to 23 */
+    KL_TIME_ASCII_TO_ASCII_MINUTE_ERR = 20,        /**< minute is not 00 to 59 */
+    KL_TIME_ASCII_TO_ASCII_SECOND_ERR = 21,        /**< second is not 00 to 60 */
+    KL_TIME_ASCII_TO_ASCII_MICROSECOND_ERR = 22,   /**< microsecond is not a number */
+    KL_TIME_ASCII_TO_ASCII_DAY_OF_30_ERR = 23,     /**< day 31 of a month of 30 */
+    KL_TIME_ASCII_TO_ASCII_DAY_OF_29_ERR = 24,     /**< day 30 or 31 of a leap February */
+    KL_TIME_ASCII_TO_ASCII_DAY_OF_28_ERR = 25,     /**< day 29 to 31 of another February */
+    KL_TIME_ASCII_TO_ASCII_LEAP_SECOND_ERR = 26,   /**< second 60 without a leap second */
+    KL_TIME_ASCII_TO_ASCII_BEFORE_1950_ERR = 32,   /**< output before 1950 */
+    KL_TIME_ASCII_TO_ASCII_AFTER_2099_ERR = 33     /**< output after 2099 */
 };
 
 /**
@@ -668,33 +668,33 @@ KL_API long kl_time_ascii_to_ascii(kl_time_id *time_id, const long *ascii_id_in,
 
 /** Conditions of kl_time_ascii_to_processing. */
 enum {
-    KL_TIME_ASCII_TO_PROCESSING_ASCII_ID_IN_ERR = 0,     /**< input format is none of KL_ASCII_* */
-    KL_TIME_ASCII_TO_PROCESSING_TIME_REF_IN_ERR = 1,     /**< input scale outside -1 to 3 */
-    KL_TIME_ASCII_TO_PROCESSING_PROC_ID_OUT_ERR = 2,     /**< output format is not KL_PROC */
-    KL_TIME_ASCII_TO_PROCESSING_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3 */
-    KL_TIME_ASCII_TO_PROCESSING_YEAR_ERR = 4,            /**< year is not 1950 to 2099 */
-    KL_TIME_ASCII_TO_PROCESSING_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
-    KL_TIME_ASCII_TO_PROCESSING_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
-    KL_TIME_ASCII_TO_PROCESSING_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
-    KL_TIME_ASCII_TO_PROCESSING_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
-    KL_TIME_ASCII_TO_PROCESSING_VALIDITY_WARN = 9,       /**< left the validity of the time id */
-    KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR = 10,         /**< separators of the format missing */
-    KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR = 11,      /**< shorter than its format, or NULL */
-    KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR = 12,       /**< longer than its format */
-    KL_TIME_ASCII_TO_PROCESSING_PREFIX_ERR = 13,         /**< prefix is no "TAI=" "UTC=" "UT1=" "GPS=" */
-    KL_TIME_ASCII_TO_PROCESSING_PREFIX_REF_ERR = 14,     /**< prefix contradicts the input scale */
-    KL_TIME_ASCII_TO_PROCESSING_NO_REF_ERR = 15,         /**< KL_TIME_UNDEF and no prefix */
-    KL_TIME_ASCII_TO_PROCESSING_MISSION_LIMIT_ERR = 16,  /**< year 0000 or 9999, but no limit */
-    KL_TIME_ASCII_TO_PROCESSING_MONTH_ERR = 17,          /**< month is not 01 to 12, JAN to DEC */
-    KL_TIME_ASCII_TO_PROCESSING_DAY_ERR = 18,            /**< day is not 01 to 31 */
-    KL_TIME_ASCII_TO_PROCESSING_HOUR_ERR = 19,           /**< hour is not 00 to 23 */
-    KL_TIME_ASCII_TO_PROCESSING_MINUTE_ERR = 20,         /**< minute is not 00 to 59 */
-    KL_TIME_ASCII_TO_PROCESSING_SECOND_ERR = 21,         /**< second is not 00 to 60 */
-    KL_TIME_ASCII_TO_PROCESSING_MICROSECOND_ERR = 22,    /**< microsecond is not a number */
-    KL_TIME_ASCII_TO_PROCESSING_DAY_OF_30_ERR = 23,      /**< day 31 of a month of 30 */
-    KL_TIME_ASCII_TO_PROCESSING_DAY_OF_29_ERR = 24,      /**< day 30 or 31 of a leap February */
-    KL_TIME_ASCII_TO_PROCESSING_DAY_OF_28_ERR = 25,      /**< day 29 to 31 of another February */
-    KL_TIME_ASCII_TO_PROCESSING_LEAP_SECOND_ERR = 26     /**< second 60 without a leap second */
+    KL_TIME_ASCII_TO_PROCESSING_ASCII_ID_IN_ERR = 0,    /**< input format is none of KL_ASCII_* */
+    KL_TIME_ASCII_TO_PROCESSING_TIME_REF_IN_ERR = 1,    /**< input scale outside -1 to 3 */
+    KL_TIME_ASCII_TO_PROCESSING_PROC_ID_OUT_ERR = 2,    /**< output format is not KL_PROC */
+    KL_TIME_ASCII_TO_PROCESSING_TIME_REF_OUT_ERR = 3,   /**< output scale outside 0 to 3 */
+    KL_TIME_ASCII_TO_PROCESSING_YEAR_ERR = 4,           /**< year is not 1950 to 2099 */
+    KL_TIME_ASCII_TO_PROCESSING_TIME_ID_ERR = 5,        /**< scales differ, no initialised time id */
+    KL_TIME_ASCII_TO_PROCESSING_OUT_OF_RANGE_WARN = 6,  /**< instant outside the table */
+    KL_TIME_ASCII_TO_PROCESSING_BULLETIN_A_WARN = 7,    /**< left the table: by formula from here on */
+    KL_TIME_ASCII_TO_PROCESSING_BULLETIN_B_A_WARN = 8,  /**< now in the gap between two bulletins */
+    KL_TIME_ASCII_TO_PROCESSING_VALIDITY_WARN = 9,      /**< left the validity of the time id */
+    KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR = 10,        /**< separators of the format missing */
+    KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR = 11,     /**< shorter than its format, or NULL */
+    KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR = 12,      /**< longer than its format */
+    KL_TIME_ASCII_TO_PROCESSING_PREFIX_ERR = 13,        /**< prefix is no "TAI=" "UTC=" "UT1=" "GPS=" */
+    KL_TIME_ASCII_TO_PROCESSING_PREFIX_REF_ERR = 14,    /**< prefix contradicts the input scale */
+    KL_TIME_ASCII_TO_PROCESSING_NO_REF_ERR = 15,        /**< KL_TIME_UNDEF and no prefix */
+    KL_TIME_ASCII_TO_PROCESSING_MISSION_LIMIT_ERR = 16, /**< year 0000 or 9999, but no limit */
+    KL_TIME_ASCII_TO_PROCESSING_MONTH_ERR = 17,         /**< month is not 01 to 12, JAN to DEC */
+    KL_TIME_ASCII_TO_PROCESSING_DAY_ERR = 18,           /**< day is not 01 to 31 */
+    KL_TIME_ASCII_TO_PROCESSING_HOUR_ERR = 19,          /**< hour is not 00 to 23 */
+    KL_TIME_ASCII_TO_PROCESSING_MINUTE_ERR = 20,        /**< minute is not 00 to 59 */
+    KL_TIME_ASCII_TO_PROCESSING_SECOND_ERR = 21,        /**< second is not 00 to 60 */
+    KL_TIME_ASCII_TO_PROCESSING_MICROSECOND_ERR = 22,   /**< microsecond is not a number */
+    KL_TIME_ASCII_TO_PROCESSING_DAY_OF_30_ERR = 23,     /**< day 31 of a month of 30 */
+    KL_TIME_ASCII_TO_PROCESSING_DAY_OF_29_ERR = 24,     /**< day 30 or 31 of a leap February */
+    KL_TIME_ASCII_TO_PROCESSING_DAY_OF_28_ERR = 25,     /**< day 29 to 31 of another February */
+    KL_TIME_ASCII_TO_PROCESSING_LEAP_SECOND_ERR = 26    /**< second 60 without a leap second */
 };
 
 /**
@@ -717,33 +717,33 @@ KL_API long kl_time_ascii_to_processing(kl_time_id *time_id, const long *ascii_i
 
 /** Conditions of kl_time_ascii_to_transport. */
 enum {
-    KL_TIME_ASCII_TO_TRANSPORT_ASCII_ID_IN_ERR = 0,     /**< input format is none of KL_ASCII_* */
-    KL_TIME_ASCII_TO_TRANSPORT_TIME_REF_IN_ERR = 1,     /**< input scale outside -1 to 3 */
-    KL_TIME_ASCII_TO_TRANSPORT_TRANS_ID_OUT_ERR = 2,    /**< output format is none of KL_TRANS_* */
-    KL_TIME_ASCII_TO_TRANSPORT_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3, or not GPS */
-    KL_TIME_ASCII_TO_TRANSPORT_YEAR_ERR = 4,            /**< year is not 1950 to 2099 */
-    KL_TIME_ASCII_TO_TRANSPORT_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
-    KL_TIME_ASCII_TO_TRANSPORT_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
-    KL_TIME_ASCII_TO_TRANSPORT_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
-    KL_TIME_ASCII_TO_TRANSPORT_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
-    KL_TIME_ASCII_TO_TRANSPORT_VALIDITY_WARN = 9,       /**< left the validity of the time id */
-    KL_TIME_ASCII_TO_TRANSPORT_LAYOUT_ERR = 10,         /**< separators of the format missing */
-    KL_TIME_ASCII_TO_TRANSPORT_TOO_SHORT_ERR = 11,      /**< shorter than its format, or NULL */
-    KL_TIME_ASCII_TO_TRANSPORT_TOO_LONG_ERR = 12,       /**< longer than its format */
-    KL_TIME_ASCII_TO_TRANSPORT_PREFIX_ERR = 13,         /**< prefix is no "TAI=" "UTC=" "UT1=" "GPS=" */
-    KL_TIME_ASCII_TO_TRANSPORT_PREFIX_REF_ERR = 14,     /**< prefix contradicts the input scale */
-    KL_TIME_ASCII_TO_TRANSPORT_NO_REF_ERR = 15,         /**< KL_TIME_UNDEF and no prefix */
-    KL_TIME_ASCII_TO_TRANSPORT_MISSION_LIMIT_ERR = 16,  /**< year 0000 or 9999, but no limit */
-    KL_TIME_ASCII_TO_TRANSPORT_MONTH_ERR = 17,          /**< month is not 01 to 12, JAN to DEC */
-    KL_TIME_ASCII_TO_TRANSPORT_DAY_ERR = 18,            /**< day is not 01 to 31 */
-    KL_TIME_ASCII_TO_TRANSPORT_HOUR_ERR = 19,           /**< hour is not 00 to 23 */
-    KL_TIME_ASCII_TO_TRANSPORT_MINUTE_ERR = 20,         /**< minute is not 00 to 59 */
-    KL_TIME_ASCII_TO_TRANSPORT_SECOND_ERR = 21,         /**< second is not 00 to 60 */
-    KL_TIME_ASCII_TO_TRANSPORT_MICROSECOND_ERR = 22,    /**< microsecond is not a number */
-    KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_30_ERR = 23,      /**< day 31 of a month of 30 */
-    KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_29_ERR = 24,      /**< day 30 or 31 of a leap February */
-    KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_28_ERR = 25,      /**< day 29 to 31 of another February */
-    KL_TIME_ASCII_TO_TRANSPORT_LEAP_SECOND_ERR = 26     /**< second 60 without a leap second */
+    KL_TIME_ASCII_TO_TRANSPORT_ASCII_ID_IN_ERR = 0,    /**< input format is none of KL_ASCII_* */
+    KL_TIME_ASCII_TO_TRANSPORT_TIME_REF_IN_ERR = 1,    /**< input scale outside -1 to 3 */
+    KL_TIME_ASCII_TO_TRANSPORT_TRANS_ID_OUT_ERR = 2,   /**< output format is none of KL_TRANS_* */
+    KL_TIME_ASCII_TO_TRANSPORT_TIME_REF_OUT_ERR = 3,   /**< output scale outside 0 to 3, or not GPS */
+    KL_TIME_ASCII_TO_TRANSPORT_YEAR_ERR = 4,           /**< year is not 1950 to 2099 */
+    KL_TIME_ASCII_TO_TRANSPORT_TIME_ID_ERR = 5,        /**< scales differ, no initialised time id */
+    KL_TIME_ASCII_TO_TRANSPORT_OUT_OF_RANGE_WARN = 6,  /**< instant outside the table */
+    KL_TIME_ASCII_TO_TRANSPORT_BULLETIN_A_WARN = 7,    /**< left the table: by formula from here on */
+    KL_TIME_ASCII_TO_TRANSPORT_BULLETIN_B_A_WARN = 8,  /**< now in the gap between two bulletins */
+    KL_TIME_ASCII_TO_TRANSPORT_VALIDITY_WARN = 9,      /**< left the validity of the time id */
+    KL_TIME_ASCII_TO_TRANSPORT_LAYOUT_ERR = 10,        /**< separators of the format missing */
+    KL_TIME_ASCII_TO_TRANSPORT_TOO_SHORT_ERR = 11,     /**< shorter than its format, or NULL */
+    KL_TIME_ASCII_TO_TRANSPORT_TOO_LONG_ERR = 12,      /**< longer than its format */
+    KL_TIME_ASCII_TO_TRANSPORT_PREFIX_ERR = 13,        /**< prefix is no "TAI=" "UTC=" "UT1=" "GPS=" */
+    KL_TIME_ASCII_TO_TRANSPORT_PREFIX_REF_ERR = 14,    /**< prefix contradicts the input scale */
+    KL_TIME_ASCII_TO_TRANSPORT_NO_REF_ERR = 15,        /**< KL_TIME_UNDEF and no prefix */
+    KL_TIME_ASCII_TO_TRANSPORT_MISSION_LIMIT_ERR = 16, /**< year 0000 or 9999, but no limit */
+    KL_TIME_ASCII_TO_TRANSPORT_MONTH_ERR = 17,         /**< month is not 01 to 12, JAN to DEC */
+    KL_TIME_ASCII_TO_TRANSPORT_DAY_ERR = 18,           /**< day is not 01 to 31 */
+    KL_TIME_ASCII_TO_TRANSPORT_HOUR_ERR = 19,          /**< hour is not 00 to 23 */
+    KL_TIME_ASCII_TO_TRANSPORT_MINUTE_ERR = 20,        /**< minute is not 00 to 59 */
+    KL_TIME_ASCII_TO_TRANSPORT_SECOND_ERR = 21,        /**< second is not 00 to 60 */
+    KL_TIME_ASCII_TO_TRANSPORT_MICROSECOND_ERR = 22,   /**< microsecond is not a number */
+    KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_30_ERR = 23,     /**< day 31 of a month of 30 */
+    KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_29_ERR = 24,     /**< day 30 or 31 of a leap February */
+    KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_28_ERR = 25,     /**< day 29 to 31 of another February */
+    KL_TIME_ASCII_TO_TRANSPORT_LEAP_SECOND_ERR = 26    /**< second 60 without a leap second */
 };
 
 /**
@@ -771,7 +771,7 @@ enum {
     KL_TIME_PROCESSING_TO_ASCII_ASCII_ID_OUT_ERR = 2,     /**< output format is none of KL_ASCII_* */
     KL_TIME_PROCESSING_TO_ASCII_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3 */
     KL_TIME_PROCESSING_TO_ASCII_DAYS_ERR = 4,             /**< input outside its range, or NaN */
-    KL_TIME_PROCESSING_TO_ASCII_NOT_INITIALISED_ERR = 5,  /**< scales differ, no initialised time id */
+    KL_TIME_PROCESSING_TO_ASCII_TIME_ID_ERR = 5,          /**< scales differ, no initialised time id */
     KL_TIME_PROCESSING_TO_ASCII_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
     KL_TIME_PROCESSING_TO_ASCII_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
     KL_TIME_PROCESSING_TO_ASCII_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */
@@ -808,7 +808,7 @@ enum {
     KL_TIME_PROCESSING_TO_TRANSPORT_TRANS_ID_OUT_ERR = 2,    /**< output format is none of KL_TRANS_* */
     KL_TIME_PROCESSING_TO_TRANSPORT_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3, or not GPS */
     KL_TIME_PROCESSING_TO_TRANSPORT_DAYS_ERR = 4,            /**< input outside its range, or NaN */
-    KL_TIME_PROCESSING_TO_TRANSPORT_NOT_INITIALISED_ERR = 5, /**< scales differ, no initialised time id */
+    KL_TIME_PROCESSING_TO_TRANSPORT_TIME_ID_ERR = 5,         /**< scales differ, no initialised time id */
     KL_TIME_PROCESSING_TO_TRANSPORT_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
     KL_TIME_PROCESSING_TO_TRANSPORT_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
     KL_TIME_PROCESSING_TO_TRANSPORT_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
@@ -841,7 +841,7 @@ enum {
     KL_TIME_TRANSPORT_TO_ASCII_ASCII_ID_OUT_ERR = 2,     /**< output format is none of KL_ASCII_* */
     KL_TIME_TRANSPORT_TO_ASCII_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3 */
     KL_TIME_TRANSPORT_TO_ASCII_DAYS_ERR = 4,             /**< day outside -18262 to 36524 */
-    KL_TIME_TRANSPORT_TO_ASCII_NOT_INITIALISED_ERR = 5,  /**< scales differ, no initialised time id */
+    KL_TIME_TRANSPORT_TO_ASCII_TIME_ID_ERR = 5,          /**< scales differ, no initialised time id */
     KL_TIME_TRANSPORT_TO_ASCII_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
     KL_TIME_TRANSPORT_TO_ASCII_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
     KL_TIME_TRANSPORT_TO_ASCII_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */
@@ -884,7 +884,7 @@ enum {
     KL_TIME_TRANSPORT_TO_PROCESSING_PROC_ID_OUT_ERR = 2,      /**< output format is not KL_PROC */
     KL_TIME_TRANSPORT_TO_PROCESSING_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3 */
     KL_TIME_TRANSPORT_TO_PROCESSING_DAYS_ERR = 4,             /**< day outside -18262 to 36524 */
-    KL_TIME_TRANSPORT_TO_PROCESSING_NOT_INITIALISED_ERR = 5,  /**< scales differ, no initialised time id */
+    KL_TIME_TRANSPORT_TO_PROCESSING_TIME_ID_ERR = 5,          /**< scales differ, no initialised time id */
     KL_TIME_TRANSPORT_TO_PROCESSING_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
     KL_TIME_TRANSPORT_TO_PROCESSING_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
     KL_TIME_TRANSPORT_TO_PROCESSING_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */
@@ -927,7 +927,7 @@ enum {
     KL_TIME_TRANSPORT_TO_TRANSPORT_TRANS_ID_OUT_ERR = 2,     /**< output format is none of KL_TRANS_* */
     KL_TIME_TRANSPORT_TO_TRANSPORT_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3, or not GPS */
     KL_TIME_TRANSPORT_TO_TRANSPORT_DAYS_ERR = 4,             /**< day outside -18262 to 36524 */
-    KL_TIME_TRANSPORT_TO_TRANSPORT_NOT_INITIALISED_ERR = 5,  /**< scales differ, no initialised time id */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_TIME_ID_ERR = 5,          /**< scales differ, no initialised time id */
     KL_TIME_TRANSPORT_TO_TRANSPORT_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
     KL_TIME_TRANSPORT_TO_TRANSPORT_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
     KL_TIME_TRANSPORT_TO_TRANSPORT_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */

@@ -25,6 +25,12 @@ inline bool inside_processing_range(double days)
     return days >= KL_PROCESSING_FIRST && days <= KL_PROCESSING_LAST;
 }
 
+// An argument that may be NULL.
+inline long value_or(const long *argument, long otherwise)
+{
+    return argument != nullptr ? *argument : otherwise;
+}
+
 // ---- conditions of the internal checks ----
 enum { KL_CHECK_IN_FORMAT = 0, KL_CHECK_IN_REF = 1, KL_CHECK_IN_DAYS = 2 }; // KL_Time_check_processing_inputs
 enum { KL_CHECK_OUT_FORMAT = 0, KL_CHECK_OUT_REF = 1 };                     // KL_Time_check_processing_outputs
@@ -57,6 +63,7 @@ struct TimeIdRecord {
     long n_rows;
     kl_time_row *rows;
     long (*row_notes)[2]; // beside the rows, for the builders from files
+    double rows_per_day;  // of an evenly spaced table; where the search of an uneven one starts
 };
 
 // The record of an initialised id, else null.
@@ -68,17 +75,160 @@ inline TimeIdRecord *time_record_of(const kl_time_id *time_id)
     return record->head.init_status == 1 ? record : nullptr;
 }
 
-// Largest day count within which a kl_std_record is used; sums of seconds carry with floor division.
-void normalise_seconds(kl_std_record *record);
+// The processing value of a standard record.
+inline double processing_of(const kl_std_record &record)
+{
+    return static_cast<double>(record.days) + static_cast<double>(record.seconds) / KL_SECONDS_PER_DAY
+           + static_cast<double>(record.microseconds) / KL_MICROSECONDS_PER_DAY;
+}
+
+// Seconds of the day into 0 to 86399. Floor division: readings given by hand may lie days apart.
+inline void normalise_seconds(kl_std_record *record)
+{
+    constexpr long day = 86400;
+    if (record->seconds >= 0 && record->seconds < day)
+        return;
+    long days = record->seconds / day;
+    if (record->seconds % day < 0)
+        --days;
+    record->days += days;
+    record->seconds -= days * day;
+}
+
+// ---- leap seconds ----
+
+// Does the UTC day end with the leap second that the id knows? Its sign, or 0.
+inline long leap_sign_of_day(const TimeIdRecord *id, long days)
+{
+    return id != nullptr && id->leap_sign != 0 && days == static_cast<long>(id->leap_utc - 1.0) ? id->leap_sign : 0;
+}
+
+// Where an instant lies with respect to the leap second of the id.
+struct LeapFlags {
+    bool in, after;
+};
+// `first` and `last`: column of the reference in the row and in the one after it.
+LeapFlags leap_flags(const TimeIdRecord &id, long ref, long row, double first, double last, double time);
+
+// ---- whole numbers ----
+
+// Towards zero and downwards; saturated to the range of long, NaN gives 0.
+inline long truncated_to_long(double x)
+{
+    constexpr double kEnd = 9223372036854775808.0; // 2^63
+    if (x >= -kEnd && x < kEnd)
+        return static_cast<long>(x);
+    return x >= kEnd ? INT64_MAX : x < -kEnd ? INT64_MIN : 0;
+}
+
+inline long floor_to_long(double x)
+{
+    const long whole = truncated_to_long(x);
+    return static_cast<double>(whole) > x && whole > INT64_MIN ? whole - 1 : whole;
+}
+
+constexpr long floor_div(long a, long b) // b > 0
+{
+    return a / b - (a % b < 0 ? 1 : 0);
+}
+
+// ---- calendar, 1950 to 2099: every fourth year is a leap year ----
+
+struct CalendarDay {
+    long year, month, day;
+};
+
+CalendarDay calendar_of_day(long mjd2000);
+long day_of_calendar(long year, long month, long day);
+
+inline long days_in_month(long year, long month)
+{
+    if (month == 2)
+        return year % 4 == 0 ? 29 : 28;
+    return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
+}
 
 // ---- texts and transport formats: to and from the standard record, no change of reference ----
 
-// Reads a text of a valid ASCII format; own_ref receives the reference of a prefix, or `ref` without one.
-// 0, or -1 with one of the conditions of KL_Time_check_ascii_inputs in the record.
-long read_ascii(kl_time_id *time_id, long format, long ref, const char *text, long *own_ref, kl_std_record *out,
-                kl_error_record *error);
-// Writes at most KL_TIME_ASCII_LENGTH characters, terminator included.
-long write_ascii(long format, long ref, const kl_std_record *in, char *text, kl_error_record *error);
+// read_ascii
+enum {
+    KL_ASCII_IN_FORMAT = 0,
+    KL_ASCII_IN_REF = 1,
+    KL_ASCII_IN_YEAR = 2,
+    KL_ASCII_IN_LAYOUT = 3,
+    KL_ASCII_IN_TOO_SHORT = 4,
+    KL_ASCII_IN_TOO_LONG = 5,
+    KL_ASCII_IN_PREFIX = 6,
+    KL_ASCII_IN_PREFIX_REF = 7,
+    KL_ASCII_IN_NO_REF = 8,
+    KL_ASCII_IN_MISSION_LIMIT = 9,
+    KL_ASCII_IN_MONTH = 10,
+    KL_ASCII_IN_DAY = 11,
+    KL_ASCII_IN_HOUR = 12,
+    KL_ASCII_IN_MINUTE = 13,
+    KL_ASCII_IN_SECOND = 14,
+    KL_ASCII_IN_MICROSECOND = 15,
+    KL_ASCII_IN_DAY_OF_30 = 16,
+    KL_ASCII_IN_DAY_OF_29 = 17,
+    KL_ASCII_IN_DAY_OF_28 = 18,
+    KL_ASCII_IN_LEAP_SECOND = 19,
+    KL_ASCII_IN_N_CODES = 20
+};
+enum { KL_ASCII_OUT_FORMAT = 0, KL_ASCII_OUT_REF = 1 };                           // KL_Time_check_ascii_outputs
+enum { KL_ASCII_WRITE_BEFORE_1950 = 0, KL_ASCII_WRITE_AFTER_2099 = 1 };           // write_ascii
+enum { KL_TRANS_OUT_FORMAT = 0, KL_TRANS_OUT_REF = 1, KL_TRANS_OUT_GPS_REF = 2 }; // KL_Time_check_transport_outputs
+
+// read_transport
+enum {
+    KL_TRANS_IN_FORMAT = 0,
+    KL_TRANS_IN_REF = 1,
+    KL_TRANS_IN_GPS_REF = 2,
+    KL_TRANS_IN_DAYS = 3,
+    KL_TRANS_IN_LEAP_SECOND = 4,
+    KL_TRANS_IN_SECONDS = 5,
+    KL_TRANS_IN_MILLISECONDS = 6,
+    KL_TRANS_IN_MICROSECONDS = 7,
+    KL_TRANS_IN_TICKS = 8,
+    KL_TRANS_IN_WEEK = 9,
+    KL_TRANS_IN_SECONDS_OF_WEEK = 10,
+    KL_TRANS_IN_FRACTION = 11,
+    KL_TRANS_IN_GPS_SECONDS = 12,
+    KL_TRANS_IN_N_CODES = 13
+};
+
+// Beginning- and end-of-mission texts: three writings of the two limits of the processing range.
+enum class MissionLimit {
+    none,
+    beginning,  // 0000-00-00_00:00:00
+    end,        // 9999-99-99_99:99:99
+    end_of_9999 // 9999-12-31_23:59:59
+};
+
 bool is_ascii_format(long format);
+
+// Reads a text; own_ref receives the reference of a prefix, or `ref` without one. The 61st second is read inside a
+// positive leap second of the id. 0, or -1 with one condition in the record.
+long read_ascii(kl_time_id *time_id, long format, long ref, const char *text, long *own_ref, kl_std_record *out,
+                kl_error_record *error, MissionLimit *limit = nullptr);
+// Writes at most KL_TIME_ASCII_LENGTH characters, terminator included; a valid format and reference. 86400 seconds are
+// written as 23:59:60, a limit as its text whatever the record holds.
+long write_ascii(long format, long ref, const kl_std_record *in, char *text, kl_error_record *error,
+                 MissionLimit limit = MissionLimit::none);
+long KL_Time_check_ascii_outputs(long format, long ref, kl_error_record *error);
+
+// Reads the four fields of a transport time; 0, or -1 with one condition in the record.
+long read_transport(kl_time_id *time_id, long format, long ref, const long fields[4], kl_std_record *out,
+                    kl_error_record *error);
+// Writes all four fields; a valid format.
+void write_transport(long format, const kl_std_record *in, long fields[4]);
+// Can the format tell the 61st second of a day from the second after it?
+bool transport_holds_leap_second(long format);
+long KL_Time_check_transport_outputs(long format, long ref, kl_error_record *error);
+
+// Does the day end with a positive leap second of the id? Only UTC has any.
+inline bool ends_with_leap_second(const kl_time_id *time_id, long ref, long day)
+{
+    return ref == KL_TIME_UTC && leap_sign_of_day(time_record_of(time_id), day) > 0;
+}
 
 #endif
