@@ -1,0 +1,146 @@
+// Calendar dates of MJD2000 instants and back, 1950 to 2099.
+#include "error/message_groups.h"
+#include "time/time.h"
+
+#include <cmath>
+
+namespace {
+
+enum { kOutOfLimits = 0 };
+enum {
+    kYear = 0,
+    kMonth = 1,
+    kDay = 2,
+    kSeconds = 3,
+    kMicroseconds = 4,
+    kThirtyDays = 5,
+    kLeapFebruary = 6,
+    kFebruary = 7
+};
+enum { kNotADate = 0 };
+
+constexpr Message kMjdCalendarRows[] = {
+    error("Input Time is out of limits"),
+};
+constexpr Message kCalendarRows[] = {
+    error("Input YEAR is out of limits (1950-2099)"),
+    error("Input MONTH is out of limits (1-12)"),
+    error("Input DAY is out of limits (1-31)"),
+    error("Input SECONDS is out of limits (0-86399)"),
+    error("Input MICROSECONDS is out of limits (0-999999)"),
+    error("That month has only 30 days"),
+    error("That month has only 29 days"),
+    error("That FEBRUARY has only 28 days"),
+};
+constexpr Message kCalendarMjdRows[] = {
+    error("Gregorian Calendar date not valid"),
+};
+
+// The first condition that a date meets, or -1.
+int fault_of(const kl_calendar_record &date)
+{
+    if (date.year < 1950 || date.year > 2099)
+        return kYear;
+    if (date.month < 1 || date.month > 12)
+        return kMonth;
+    if (date.day < 1 || date.day > 31)
+        return kDay;
+    if (date.seconds < 0 || date.seconds > 86399)
+        return kSeconds;
+    if (static_cast<unsigned long>(date.microseconds) > 999999UL)
+        return kMicroseconds;
+    const long days = days_in_month(date.year, date.month);
+    if (date.day > days)
+        return days == 30 ? kThirtyDays : days == 29 ? kLeapFebruary : kFebruary;
+    return -1;
+}
+
+} // namespace
+
+const MessageGroup messages_KL_MJD_Calendar = group(kMjdCalendarRows);
+const MessageGroup messages_KL_Calendar = group(kCalendarRows);
+const MessageGroup messages_KL_Calendar_MJD = group(kCalendarMjdRows);
+
+// Whole-number calendar over four-year cycles of 1461 days; January and February count as months 11 and 12 of the year
+// before.
+CalendarDay calendar_of_day(long mjd2000)
+{
+    const long n = 4000 * mjd2000 + 145864000;
+    const long y = n / 1461001;
+    const long d = mjd2000 - (1461 * y) / 4 + 36496;
+    const long m = (80 * d) / 2447;
+    const long k = m / 11;
+    return {y + k + 1900, m - 12 * k + 2, d - (2447 * m) / 80};
+}
+
+long day_of_calendar(long year, long month, long day)
+{
+    const long a = (14 - month) / 12;
+    return day + (367 * month + 4404 * a - 734) / 12 + (1461 * (year - 1900 - a)) / 4 - 36496;
+}
+
+long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error_record *error)
+{
+    Activation call(KL_FN_MJD_CALENDAR, error);
+    if ((in == nullptr || !(in->value >= KL_PROCESSING_FIRST && in->value < KL_CALENDAR_END))
+        && call.stops(kOutOfLimits))
+        return KL_ERR;
+    if (out == nullptr)
+        return KL_ERR;
+    const long day = floor_to_long(in->value);
+    const CalendarDay date = calendar_of_day(day);
+
+    double f = (in->value - static_cast<double>(day)) * 24;
+    const double h = std::trunc(f);
+    f = (f - h) * 60;
+    const double mi = std::trunc(f);
+    // On purpose: rounded to the nearest microsecond, but a rounding up to 86400 seconds is not carried into the next
+    // day.
+    f = (f - mi) * 60 + 5e-7;
+    const double s = std::trunc(f);
+
+    out->reference = in->reference;
+    out->year = date.year;
+    out->month = date.month;
+    out->day = date.day;
+    out->seconds = static_cast<long>(3600 * h + 60 * mi + s);
+    out->microseconds = static_cast<long>((f - s) * 1e6);
+    return call.status();
+}
+
+long KL_Calendar(const kl_calendar_record *in, int *valid, kl_error_record *error)
+{
+    Activation call(KL_FN_CALENDAR, error);
+    const int fault = in != nullptr ? fault_of(*in) : kYear;
+    if (valid != nullptr)
+        *valid = fault < 0 ? 1 : 0;
+    if (fault >= 0 && call.stops(fault))
+        return KL_ERR;
+    return call.status();
+}
+
+long KL_Calendar_MJD(const kl_calendar_record *in, kl_time_record *out, kl_error_record *error)
+{
+    Activation call(KL_FN_CALENDAR_MJD, error);
+    int valid = 0;
+    KL_Calendar(in, &valid, nullptr);
+    if (valid == 0 && call.stops(kNotADate))
+        return KL_ERR;
+    if (out == nullptr)
+        return KL_ERR;
+    const long h = in->seconds / 3600;
+    const long r = in->seconds - 3600 * h;
+    const long mi = static_cast<long>(static_cast<double>(r) / 60.0);
+    const double seconds =
+        static_cast<double>(3600 * h + 60 * mi + (r - 60 * mi)) + static_cast<double>(in->microseconds) / 1e6;
+    out->reference = static_cast<std::int32_t>(in->reference);
+    out->format = KL_FORMAT_MJD2000;
+    out->value = static_cast<double>(day_of_calendar(in->year, in->month, in->day)) + seconds / KL_SECONDS_PER_DAY;
+    return call.status();
+}
+
+double KL_MJD_to_Julian(double mjd2000)
+{
+    // On purpose: counted from midnight, half a day more than the astronomical Julian date; all users rely on it.
+    return mjd2000 + 2451545.0;
+}

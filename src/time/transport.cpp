@@ -1,0 +1,232 @@
+// Transport formats: records of whole numbers, to the standard record and back.
+#include "error/message_groups.h"
+#include "time/time.h"
+
+#include <iterator>
+
+namespace {
+
+constexpr Message kInputRows[] = {
+    /* KL_TRANS_IN_FORMAT          */ error("Input transport format ID is not correct (%li)", kLongArgument),
+    /* KL_TRANS_IN_REF             */ error("Input time reference ID is not correct (%li)", kLongArgument),
+    /* KL_TRANS_IN_GPS_REF         */ error("Input transport format needs GPS time (%li)", kLongArgument),
+    /* KL_TRANS_IN_DAYS            */ error("Number of days out of range (%li)", kLongArgument),
+    /* KL_TRANS_IN_LEAP_SECOND     */ error("61st second outside a positive leap second (day %li)", kLongArgument),
+    /* KL_TRANS_IN_SECONDS         */ error("Number of seconds out of range (%li)", kLongArgument),
+    /* KL_TRANS_IN_MILLISECONDS    */ error("Number of milliseconds out of range (%li)", kLongArgument),
+    /* KL_TRANS_IN_MICROSECONDS    */ error("Number of microseconds out of range (%li)", kLongArgument),
+    /* KL_TRANS_IN_TICKS           */ error("Number of ticks out of range (%li)", kLongArgument),
+    /* KL_TRANS_IN_WEEK            */ error("GPS week out of range (%li)", kLongArgument),
+    /* KL_TRANS_IN_SECONDS_OF_WEEK */ error("Seconds of week out of range (%li)", kLongArgument),
+    /* KL_TRANS_IN_FRACTION        */ error("Fraction of second out of range (%li)", kLongArgument),
+    /* KL_TRANS_IN_GPS_SECONDS     */ error("Seconds since the GPS epoch out of range (%li)", kLongArgument),
+};
+static_assert(std::size(kInputRows) == KL_TRANS_IN_N_CODES);
+constexpr Message kOutputRows[] = {
+    /* KL_TRANS_OUT_FORMAT  */ error("Output transport format ID is not correct (%li)", kLongArgument),
+    /* KL_TRANS_OUT_REF     */ error("Output time reference ID is not correct (%li)", kLongArgument),
+    /* KL_TRANS_OUT_GPS_REF */ error("Output transport format needs GPS time (%li)", kLongArgument),
+};
+
+// ---- fields ----
+
+constexpr long kDaySeconds = 86400;
+constexpr long kWeekSeconds = 7 * kDaySeconds;
+constexpr long kFirstDay = static_cast<long>(KL_PROCESSING_FIRST);
+constexpr long kLastDay = static_cast<long>(KL_PROCESSING_LAST);
+constexpr long kLastTick = 4294967295; // a counter of 32 bits
+
+enum class Unit { none, day, second, millisecond, microsecond, tick, week, second_of_week, fraction, gps_second };
+
+struct Field {
+    Unit unit = Unit::none;
+    long first = 0, last = 0;
+    int fault = 0;
+};
+
+// Seconds and milliseconds reach into the 61st second; whether there is one is asked afterwards.
+constexpr Field kDays = {Unit::day, kFirstDay, kLastDay, KL_TRANS_IN_DAYS};
+constexpr Field kSeconds = {Unit::second, 0, kDaySeconds, KL_TRANS_IN_SECONDS};
+constexpr Field kMilliseconds = {Unit::millisecond, 0, 1000 * kDaySeconds + 999, KL_TRANS_IN_MILLISECONDS};
+constexpr Field kMicroseconds = {Unit::microsecond, 0, 999999, KL_TRANS_IN_MICROSECONDS};
+constexpr Field kMicrosecondsOfMillisecond = {Unit::microsecond, 0, 999, KL_TRANS_IN_MICROSECONDS};
+constexpr Field kTicks = {Unit::tick, 0, kLastTick, KL_TRANS_IN_TICKS}; // 2.0625 microseconds each
+constexpr Field kWeek = {Unit::week, floor_div(kFirstDay - KL_GPS_EPOCH_DAY, 7),
+                         floor_div(kLastDay - KL_GPS_EPOCH_DAY, 7), KL_TRANS_IN_WEEK};
+constexpr Field kSecondsOfWeek = {Unit::second_of_week, 0, kWeekSeconds - 1, KL_TRANS_IN_SECONDS_OF_WEEK};
+constexpr Field kFraction = {Unit::fraction, 0, 65535, KL_TRANS_IN_FRACTION}; // 2^-16 s
+constexpr Field kGpsSeconds = {Unit::gps_second, (kFirstDay - KL_GPS_EPOCH_DAY) * kDaySeconds,
+                               (kLastDay + 1 - KL_GPS_EPOCH_DAY) * kDaySeconds - 1, KL_TRANS_IN_GPS_SECONDS};
+
+struct Format {
+    long id;
+    bool gps_only;
+    Field fields[KL_TRANSPORT_LENGTH];
+};
+constexpr Format kFormats[] = {
+    {KL_TRANS_0, false, {kDays, kSeconds, kMicroseconds, {}}},
+    {KL_TRANS_11, false, {kDays, kSeconds, kMicroseconds, {}}},
+    {KL_TRANS_21, false, {kDays, kSeconds, kMicroseconds, {}}},
+    {KL_TRANS_22, false, {kDays, kMilliseconds, kMicrosecondsOfMillisecond, {}}},
+    {KL_TRANS_23, false, {kDays, kMilliseconds, kMicrosecondsOfMillisecond, kTicks}},
+    {KL_TRANS_31, false, {kWeek, kSecondsOfWeek, kFraction, {}}},
+    {KL_TRANS_41, true, {kGpsSeconds, kMicroseconds, {}, {}}},
+    {KL_TRANS_42, true, {kWeek, kSecondsOfWeek, kMicroseconds, {}}},
+};
+
+const Format *format_of(long id)
+{
+    for (const Format &format : kFormats)
+        if (format.id == id)
+            return &format;
+    return nullptr;
+}
+
+// Adds one field, inside its range, to the record.
+void add(Unit unit, long value, kl_std_record *out)
+{
+    switch (unit) {
+    case Unit::none:
+        break;
+    case Unit::day:
+        out->days += value;
+        break;
+    case Unit::week:
+        out->days += 7 * value + KL_GPS_EPOCH_DAY;
+        break;
+    case Unit::gps_second:
+        out->days += KL_GPS_EPOCH_DAY;
+        [[fallthrough]];
+    case Unit::second_of_week:
+        out->days += floor_div(value, kDaySeconds);
+        out->seconds += value - kDaySeconds * floor_div(value, kDaySeconds);
+        break;
+    case Unit::second:
+        out->seconds += value;
+        break;
+    case Unit::millisecond:
+        out->seconds += value / 1000;
+        out->microseconds += value % 1000 * 1000;
+        break;
+    case Unit::microsecond:
+        out->microseconds += value;
+        break;
+    case Unit::tick:
+        out->microseconds += (33 * value + 8) / 16; // nearest
+        break;
+    case Unit::fraction:
+        out->microseconds += (1000000 * value + 32768) / 65536; // nearest
+        break;
+    }
+}
+
+// Carries microseconds and, over a day of its own length, seconds; less than a day of them.
+void carry(kl_time_id *time_id, long ref, kl_std_record *record)
+{
+    record->seconds += record->microseconds / 1000000;
+    record->microseconds %= 1000000;
+    if (record->seconds < kDaySeconds)
+        return;
+    const long length = kDaySeconds + (ends_with_leap_second(time_id, ref, record->days) ? 1 : 0);
+    if (record->seconds < length)
+        return;
+    record->seconds -= length;
+    ++record->days;
+}
+
+} // namespace
+
+const MessageGroup messages_KL_Time_check_transport_inputs = group(kInputRows);
+const MessageGroup messages_KL_Time_check_transport_outputs = group(kOutputRows);
+
+long read_transport(kl_time_id *time_id, long id, long ref, const long fields[4], kl_std_record *out,
+                    kl_error_record *error)
+{
+    Activation call(KL_FN_TIME_CHECK_TRANSPORT_INPUTS, error);
+    const Format *format = format_of(id);
+    if (format == nullptr && call.stops(KL_TRANS_IN_FORMAT, &id))
+        return KL_ERR;
+    if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_TRANS_IN_REF, &ref))
+        return KL_ERR;
+    if (format->gps_only && ref != KL_TIME_GPS && call.stops(KL_TRANS_IN_GPS_REF, &ref))
+        return KL_ERR;
+    if (fields == nullptr && call.stops(format->fields[0].fault))
+        return KL_ERR;
+
+    *out = {0, 0, 0};
+    for (int i = 0; i < KL_TRANSPORT_LENGTH; ++i) {
+        const Field &field = format->fields[i];
+        if (field.unit == Unit::none)
+            break;
+        if ((fields[i] < field.first || fields[i] > field.last) && call.stops(field.fault, &fields[i]))
+            return KL_ERR;
+        add(field.unit, fields[i], out);
+        const bool in_61st_second = out->seconds == kDaySeconds;
+        if (in_61st_second && !ends_with_leap_second(time_id, ref, out->days)
+            && call.stops(KL_TRANS_IN_LEAP_SECOND, &out->days))
+            return KL_ERR;
+    }
+    carry(time_id, ref, out);
+    if (out->days > kLastDay) {
+        // Seconds of the last week, or ticks, that lead beyond the last day.
+        const int last = id == KL_TRANS_23 ? KL_TRANS_IN_TICKS : KL_TRANS_IN_DAYS;
+        if (call.stops(last, id == KL_TRANS_23 ? &fields[3] : &out->days))
+            return KL_ERR;
+    }
+    return call.status();
+}
+
+void write_transport(long id, const kl_std_record *in, long fields[4])
+{
+    const long days = in->days;
+    const long seconds = in->seconds;
+    const long microseconds = in->microseconds;
+    const long gps_days = days - KL_GPS_EPOCH_DAY;
+    const long week = floor_div(gps_days, 7);
+    const long seconds_of_week = kDaySeconds * (gps_days - 7 * week) + seconds;
+    const auto put = [fields](long a, long b, long c) {
+        fields[0] = a;
+        fields[1] = b;
+        fields[2] = c;
+        fields[3] = 0; // the microseconds leave nothing to ticks
+    };
+    switch (id) {
+    case KL_TRANS_22:
+    case KL_TRANS_23:
+        put(days, 1000 * seconds + microseconds / 1000, microseconds % 1000);
+        break;
+    case KL_TRANS_31: {
+        const long fraction = (65536 * microseconds + 500000) / 1000000; // nearest
+        const long carried = seconds_of_week + fraction / 65536;
+        put(week + carried / kWeekSeconds, carried % kWeekSeconds, fraction % 65536);
+        break;
+    }
+    case KL_TRANS_41:
+        put(kDaySeconds * gps_days + seconds, microseconds, 0);
+        break;
+    case KL_TRANS_42:
+        put(week, seconds_of_week, microseconds);
+        break;
+    default:
+        put(days, seconds, microseconds);
+        break;
+    }
+}
+
+bool transport_holds_leap_second(long format)
+{
+    return format < KL_TRANS_31; // a second of the week, or since the epoch, has only one name
+}
+
+long KL_Time_check_transport_outputs(long id, long ref, kl_error_record *error)
+{
+    Activation call(KL_FN_TIME_CHECK_TRANSPORT_OUTPUTS, error);
+    const Format *format = format_of(id);
+    if (format == nullptr && call.stops(KL_TRANS_OUT_FORMAT, &id))
+        return KL_ERR;
+    if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_TRANS_OUT_REF, &ref))
+        return KL_ERR;
+    if (format->gps_only && ref != KL_TIME_GPS && call.stops(KL_TRANS_OUT_GPS_REF, &ref))
+        return KL_ERR;
+    return call.status();
+}
