@@ -23,7 +23,7 @@ constexpr int kEgm96Blocks = kEgm96Degree / kEgm96Lanes + 1;
 constexpr int kEgm96RowLength = 4 * kEgm96Lanes;
 
 // Doubles in front of a block: the rows of the earlier ones, 361 - 8 i of block i.
-static constexpr std::size_t egm96_block_start(int block)
+static constexpr std::size_t egm96_block_start(long block)
 {
     return static_cast<std::size_t>((block * (kEgm96Degree + 1) - block * (block - 1) / 2 * kEgm96Lanes)
                                     * kEgm96RowLength);

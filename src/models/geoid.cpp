@@ -113,7 +113,7 @@ public:
             s[lane] = s[lane - 1] * c1 + c[lane - 1] * s1;
         }
         const double c8 = std::cos(kEgm96Lanes * lambda), s8 = std::sin(kEgm96Lanes * lambda);
-        for (int block = 0; block < sums_.n_blocks; ++block) {
+        for (long block = 0; block < sums_.n_blocks; ++block) {
             const double *cosine = sums_.cosine + block * kEgm96Lanes, *sine = sums_.sine + block * kEgm96Lanes;
             for (int lane = 0; lane < kEgm96Lanes; ++lane) {
                 total[lane] += cosine[lane] * c[lane] + sine[lane] * s[lane];
@@ -237,7 +237,20 @@ bool wrong_longitude(double lon_deg)
     return !(0.0 <= lon_deg && lon_deg <= 360.0);
 }
 
-long packed_grid(long max_degree, const double *lat, long n_lat, const double *lon, long n_lon, double *undulation)
+// A missing or negative count, or no array for it, is the fault of that coordinate.
+bool is_array(const double *values, const long *count)
+{
+    return count != nullptr && (*count == 0 || (*count > 0 && values != nullptr));
+}
+
+// Records a condition that ends the call.
+long refused(Activation &call, int code, const void *value = nullptr)
+{
+    (void)call.stops(code, value);
+    return KL_ERR;
+}
+
+void packed_grid(long max_degree, const double *lat, long n_lat, const double *lon, long n_lon, double *undulation)
 {
     PackedParallel parallel(widest_geoid_kernel(), max_degree);
     for (long row = 0; row < n_lat; ++row) {
@@ -245,7 +258,6 @@ long packed_grid(long max_degree, const double *lat, long n_lat, const double *l
         for (long column = 0; column < n_lon; ++column)
             *undulation++ = parallel.at(longitude_radians(lon[column])) + kZeroDegree;
     }
-    return KL_OK;
 }
 
 long plain_grid(const EarthModel &earth, long max_degree, const double *lat, long n_lat, const double *lon, long n_lon,
@@ -343,16 +355,16 @@ long kl_geoid_calc(const kl_geoid_input *inputs, double *undulation, long *ierr)
     Activation call(KL_FN_GEOID_CALC, ierr);
     if (inputs == nullptr || undulation == nullptr)
         return KL_ERR;
-    if (wrong_degree(inputs->max_degree) && call.stops(KL_GEOID_CALC_DEGREE_ERR, &inputs->max_degree))
-        return KL_ERR;
-    if (wrong_latitude(inputs->latitude) && call.stops(KL_GEOID_CALC_LATITUDE_ERR, &inputs->latitude))
-        return KL_ERR;
-    if (wrong_longitude(inputs->longitude) && call.stops(KL_GEOID_CALC_LONGITUDE_ERR, &inputs->longitude))
-        return KL_ERR;
+    if (wrong_degree(inputs->max_degree))
+        return refused(call, KL_GEOID_CALC_DEGREE_ERR, &inputs->max_degree);
+    if (wrong_latitude(inputs->latitude))
+        return refused(call, KL_GEOID_CALC_LATITUDE_ERR, &inputs->latitude);
+    if (wrong_longitude(inputs->longitude))
+        return refused(call, KL_GEOID_CALC_LONGITUDE_ERR, &inputs->longitude);
 
     ErrorRecord undu;
-    if (KL_Geoid_undu(inputs, nullptr, undulation, &undu) != KL_OK && call.stops(KL_GEOID_CALC_COMPUTATION_ERR))
-        return KL_ERR;
+    if (KL_Geoid_undu(inputs, nullptr, undulation, &undu) != KL_OK)
+        return refused(call, KL_GEOID_CALC_COMPUTATION_ERR);
     return call.status();
 }
 
@@ -360,30 +372,29 @@ long kl_geoid_grid(kl_model_id *model_id, const long *max_degree, const double *
                    const double *lon, const long *n_lon, double *undulation, long *ierr)
 {
     Activation call(KL_FN_GEOID_CALC, ierr);
-    if ((max_degree == nullptr || wrong_degree(*max_degree)) && call.stops(KL_GEOID_CALC_DEGREE_ERR, max_degree))
-        return KL_ERR;
-    // A missing or negative count, or no array for it, is the fault of that coordinate.
-    if ((n_lat == nullptr || *n_lat < 0 || (*n_lat > 0 && lat == nullptr)) && call.stops(KL_GEOID_CALC_LATITUDE_ERR))
-        return KL_ERR;
-    if ((n_lon == nullptr || *n_lon < 0 || (*n_lon > 0 && lon == nullptr)) && call.stops(KL_GEOID_CALC_LONGITUDE_ERR))
-        return KL_ERR;
+    if (max_degree == nullptr || wrong_degree(*max_degree))
+        return refused(call, KL_GEOID_CALC_DEGREE_ERR, max_degree);
+    if (!is_array(lat, n_lat))
+        return refused(call, KL_GEOID_CALC_LATITUDE_ERR);
+    if (!is_array(lon, n_lon))
+        return refused(call, KL_GEOID_CALC_LONGITUDE_ERR);
     const double *bad_lat = std::find_if(lat, lat + *n_lat, wrong_latitude);
-    if (bad_lat != lat + *n_lat && call.stops(KL_GEOID_CALC_LATITUDE_ERR, bad_lat))
-        return KL_ERR;
+    if (bad_lat != lat + *n_lat)
+        return refused(call, KL_GEOID_CALC_LATITUDE_ERR, bad_lat);
     const double *bad_lon = std::find_if(lon, lon + *n_lon, wrong_longitude);
-    if (bad_lon != lon + *n_lon && call.stops(KL_GEOID_CALC_LONGITUDE_ERR, bad_lon))
-        return KL_ERR;
+    if (bad_lon != lon + *n_lon)
+        return refused(call, KL_GEOID_CALC_LONGITUDE_ERR, bad_lon);
     if (*n_lat == 0 || *n_lon == 0)
         return KL_OK;
     if (undulation == nullptr)
         return KL_ERR;
 
     const EarthModel &earth = model_blocks(model_id).earth;
-    const bool done = usable(earth, *max_degree)
-                      && (built_in(earth) ? packed_grid(*max_degree, lat, *n_lat, lon, *n_lon, undulation)
-                                          : plain_grid(earth, *max_degree, lat, *n_lat, lon, *n_lon, undulation))
-                             == KL_OK;
-    if (!done && call.stops(KL_GEOID_CALC_COMPUTATION_ERR))
-        return KL_ERR;
+    if (!usable(earth, *max_degree))
+        return refused(call, KL_GEOID_CALC_COMPUTATION_ERR);
+    if (built_in(earth))
+        packed_grid(*max_degree, lat, *n_lat, lon, *n_lon, undulation);
+    else if (plain_grid(earth, *max_degree, lat, *n_lat, lon, *n_lon, undulation) != KL_OK)
+        return refused(call, KL_GEOID_CALC_COMPUTATION_ERR);
     return call.status();
 }

@@ -19,7 +19,7 @@
 struct GeoidSums {
     alignas(64) double cosine[kEgm96Blocks * kEgm96Lanes];
     alignas(64) double sine[kEgm96Blocks * kEgm96Lanes];
-    int n_blocks; // those that count: beyond, the sums are zero and not written
+    int n_blocks = 0; // those that count: beyond, the sums are zero and not written
 };
 
 // `packed` as in egm96_layout.h; `weight` [max_degree + 1], those of degrees 0 and 1 unused (their HC, HS are zero).
@@ -49,8 +49,8 @@ namespace {
 constexpr double kNegligibleSectoral = 1e-130;
 
 using Vector = double __attribute__((vector_size(KL_GEOID_VECTOR_BYTES)));
-constexpr int kWidth = KL_GEOID_VECTOR_BYTES / sizeof(double);
-constexpr int kVectors = kEgm96Lanes / kWidth;
+constexpr long kWidth = KL_GEOID_VECTOR_BYTES / sizeof(double);
+constexpr long kVectors = kEgm96Lanes / kWidth;
 
 // A factor of all lanes. Narrow vectors are faster with it spread out in memory, wide ones spread it as they load.
 #if KL_GEOID_VECTOR_BYTES == 16
