@@ -24,14 +24,16 @@ namespace ORBKIT {
  * @code{.cpp}
  * using ORBKIT::LibFunc;
  * const ORBKIT::TimeId time({0.0, 0.0, 0.0, 0.0});
- * const double noon = LibFunc::timeAsciiToProcessing(time, KL_ASCII_41, KL_TIME_UTC, "2000-01-01T12:00:00",
- * KL_TIME_UTC); const ORBKIT::BodyState sun = LibFunc::sun(ORBKIT::ModelId(), time, KL_TIME_UTC, noon); const double r
- * = std::sqrt(sun.pos[0] * sun.pos[0] + sun.pos[1] * sun.pos[1] + sun.pos[2] * sun.pos[2]); std::printf("%.1f: the Sun
- * is %.1f million km away\n", noon, r / 1e9); // -> 0.5: the Sun is 147.1 million km away try {
+ * const double noon =
+ *     LibFunc::timeAsciiToProcessing(time, KL_ASCII_41, KL_TIME_UTC, "2000-01-01T12:00:00", KL_TIME_UTC);
+ * const ORBKIT::Vector sun = LibFunc::sun(ORBKIT::ModelId(), time, KL_TIME_UTC, noon).pos;
+ * std::printf("the Sun at %.1f: %.1f million km\n", noon, std::hypot(sun[0], sun[1], sun[2]) / 1e9);
+ * // -> the Sun at 0.5: 147.1 million km
+ * try {
  *     LibFunc::sun(ORBKIT::ModelId(), time, KL_TIME_UTC, 40000.0);
  * } catch (const KitError &error) {
- *     std::printf("%s\n", error.getMsg().at(1).c_str()); // -> ORBKIT_LIB >>> ERROR in kl_sun: Input date is out of
- * range
+ *     std::printf("%s\n", error.getMsg().at(1).c_str());
+ *     // -> ORBKIT_LIB >>> ERROR in kl_sun: Input date is out of range
  * }
  * @endcode
  */

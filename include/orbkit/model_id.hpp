@@ -20,10 +20,12 @@ namespace ORBKIT {
  *
  * @code{.cpp}
  * const ORBKIT::ModelId model(KL_MODEL_USER, {0, 1, 0, 0, 0, 0, 0, 0, 2});
- * const kl_model_data data = model.getData();
- * std::printf("Sun %ld, semi-major axis %.0f m\n", data.sun, data.semi_major_axis); // -> Sun 1, semi-major axis
- * 6378137 m try { ORBKIT::ModelId(KL_MODEL_USER, {0, 0, 0}); } catch (const KitError &error) { std::printf("%s\n",
- * error.getMsg().front().c_str()); // -> Models vector must be of size 9
+ * std::printf("Sun %ld, semi-major axis %.0f m\n", model.getData().sun, model.getData().semi_major_axis);
+ * // -> Sun 1, semi-major axis 6378137 m
+ * try {
+ *     ORBKIT::ModelId(KL_MODEL_USER, {0, 0, 0});
+ * } catch (const KitError &error) {
+ *     std::printf("%s\n", error.getMsg().front().c_str()); // -> Models vector must be of size 9
  * }
  * @endcode
  */

@@ -14,8 +14,8 @@ namespace ORBKIT {
  *
  * @code{.cpp}
  * // No rotation at 10 s, a quarter turn about z at 20 s: an eighth of a turn at 15 s.
- * ORBKIT::QuaternionsInterpolationCfg cfg = {KL_INTERPOL_SLERP, 10.0, {0, 0, 0, 1}, 20.0, {0, 0, 0.5, 0.5}, 15.0};
- * cfg.q2[2] = cfg.q2[3] = std::sqrt(0.5);
+ * const double s = std::sqrt(0.5);
+ * ORBKIT::QuaternionsInterpolationCfg cfg = {KL_INTERPOL_SLERP, 10.0, {0, 0, 0, 1}, 20.0, {0, 0, s, s}, 15.0};
  * const ORBKIT::Quaternion q = ORBKIT::LibFunc::quaternionsInterpol(cfg);
  * std::printf("%.1f deg about z\n", 2.0 * std::atan2(q[2], q[3]) * 180.0 / std::acos(-1.0)); // -> 45.0 deg about z
  * @endcode

@@ -21,8 +21,8 @@ namespace ORBKIT {
  * const ORBKIT::TimeId time({0.0, 0.0, 0.0, 0.0});
  * ORBKIT::RunId run(ORBKIT::SatId(200), time);
  * std::printf("satellite %ld, run open %ld\n", run.getSatellite(), run.status()); // -> satellite 200, run open 1
- * const double r = ORBKIT::LibFunc::moon(run, KL_TIME_TAI, 0.0).pos[2];
- * std::printf("the Moon is %s the equator\n", r < 0 ? "south of" : "north of"); // -> the Moon is south of the equator
+ * const double z = ORBKIT::LibFunc::moon(run, KL_TIME_TAI, 0.0).pos[2];
+ * std::printf("the Moon is %s of the equator\n", z < 0 ? "south" : "north"); // -> the Moon is south of the equator
  * run.eraseObject();
  * std::printf("run open %ld\n", run.status()); // -> run open 0
  * @endcode

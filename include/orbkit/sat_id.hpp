@@ -19,7 +19,7 @@ namespace ORBKIT {
  *
  * @code{.cpp}
  * ORBKIT::SatId generic(200);
- * generic.setTleData(25544, "STATION", "98067A");
+ * generic.setTleData(99999, "EXAMPLE", "00000A");
  * std::printf("satellite %ld\n", generic.getSatellite()); // -> satellite 200
  * try {
  *     ORBKIT::SatId(13).setSP3Data("L13");

@@ -32,9 +32,9 @@ struct TimeIdData {
  * conversions with one id in two threads share its once-only warnings.
  *
  * @code{.cpp}
- * // In 2017 TAI was 37 s ahead of UTC and 19 s ahead of GPS; UT1 was 0.4 s ahead of UTC on 1 March.
+ * // On 1 March 2017 TAI was 37 s ahead of UTC and 19 s ahead of GPS; UT1 was 0.5 s ahead of UTC.
  * const double utc = 6269.0, second = 1.0 / 86400.0;
- * const ORBKIT::TimeId time({utc + 37 * second, utc, utc + 0.4 * second, utc + 18 * second});
+ * const ORBKIT::TimeId time({utc + 37 * second, utc, utc + 0.5 * second, utc + 18 * second});
  * const double gps = ORBKIT::LibFunc::timeProcessingToProcessing(time, KL_TIME_UTC, 6300.5, KL_TIME_GPS);
  * std::printf("GPS-UTC %.0f s\n", (gps - 6300.5) * 86400.0); // -> GPS-UTC 18 s
  *

@@ -1,0 +1,38 @@
+// Where is the Sun overhead at the June solstice of 2026, and how high is the geoid there? In C++; same_task.c is the
+// same in C.
+#include "orbkit.hpp"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+using namespace ORBKIT;
+
+int main()
+try {
+    const double degrees = 180.0 / std::acos(-1.0);
+    const double second = 1.0 / 86400.0;
+    // The same instant in TAI, UTC, UT1 and GPS: TAI-UTC is 37 s, GPS-UTC 18 s, UT1-UTC less than 0.1 s.
+    const TimeId time_id({9497.0 + 37 * second, 9497.0, 9497.0, 9497.0 + 18 * second});
+    const ModelId model_id; // the default models
+    const char *solstice = "2026-06-21T08:24:00";
+
+    const double time = LibFunc::timeAsciiToProcessing(time_id, KL_ASCII_41, KL_TIME_UTC, solstice, KL_TIME_UTC);
+    const Vector sun = LibFunc::sun(model_id, time_id, KL_TIME_UTC, time).pos;
+    const double latitude = degrees * std::atan2(sun[2], std::hypot(sun[0], sun[1]));
+    const double longitude = degrees * std::atan2(sun[1], sun[0]);
+    std::printf("%s UTC is day %.2f\n", solstice, time);
+    std::printf("Sun overhead at %.2f deg north, %.2f deg east\n", latitude, longitude);
+    std::printf("Geoid there: %.2f m\n", LibFunc::geoid(model_id, latitude, longitude));
+
+    const double too_late = 40000.0;
+    try {
+        LibFunc::sun(model_id, time_id, KL_TIME_UTC, too_late);
+    } catch (const KitError &error) {
+        std::printf("Day %.0f: %s\n", too_late, error.getMsg().at(1).c_str());
+    }
+    return EXIT_SUCCESS;
+} catch (const KitError &error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return EXIT_FAILURE;
+}
