@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Independent values for the ephemerides: the published formulas once more, term by term, in 40-digit arithmetic.
 
-Reads the coefficients from src/celestial/*_tables.h and writes reference_values.inc:
-    python3 tests/celestial/reference.py src/celestial > tests/celestial/reference_values.inc
+Reads the coefficients from src/celestial/*_tables.h and writes the values of the tests:
+    python3 tools/ephemeris_reference.py src/celestial > tests/celestial/reference_values.inc
 Every sine is taken of its own argument; angles are reduced by the true 2 pi. Needs python3-mpmath.
 """
 import re
@@ -196,7 +196,7 @@ def line(head, vectors):
 
 def main(folder):
     read_table = lambda name: read("%s/%s_tables.h" % (folder, name))
-    print("// Made by reference.py: 40-digit evaluation. Body, MJD (TDB), numbers in AU and AU/s.")
+    print("// Made by tools/ephemeris_reference.py: 40-digit evaluation. Body, MJD (TDB), numbers in AU and AU/s.")
     print("// Bodies 1 to 8 the planets, 9 the Moon; 10 and 11 the Earth, barycentric and heliocentric, J2000;")
     print("// 12 and 13 the same at the equinox of date.")
     for date in DATES:
