@@ -367,16 +367,16 @@ typedef struct kl_nutation {
     double obliquity; /**< mean obliquity used, rad */
 } kl_nutation;
 
-/** Rotation between two frames, row by row, with its first two derivatives: per s, per s2. */
-typedef struct kl_flat_rotation {
-    double r[9], dr[9], ddr[9];
-} kl_flat_rotation;
+/** Precession angles with their first two derivatives: rad, rad/s, rad/s2. */
+typedef struct kl_precession {
+    double zeta[3], z[3], theta[3];
+} kl_precession;
 
 /** Nutation series of nine terms at days since 2000-01-01 00:00 (1990 to 2030 within 0.10 and 0.03 arcsec of IAU 1980).
  */
 KL_API void KL_Sim_Nut_Term(double days, kl_nutation *nutation);
 /** Precession of IAU 1976 from J2000 to the mean of date, days since 2000-01-01 00:00. */
-KL_API void KL_Precession(double days, kl_flat_rotation *precession);
+KL_API void KL_Precession(double days, kl_precession *angles);
 
 /** Angle with its first two derivatives: deg in [0, 360), deg/s, deg/s2. */
 typedef struct kl_angle {

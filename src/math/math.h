@@ -21,7 +21,7 @@ inline double length_or_square(double sum_of_squares)
     return sum_of_squares > KL_NULL_LENGTH_SQUARED ? std::sqrt(sum_of_squares) : sum_of_squares;
 }
 
-// ---- the one angle reduction ----
+// ---- the two angle reductions ----
 
 // [0, 2 pi). NaN and infinities give NaN.
 inline double reduced_to_2pi(double angle)
@@ -32,6 +32,13 @@ inline double reduced_to_2pi(double angle)
     else if (angle > KL_TWO_PI)
         reduced = angle - 2.0 * std::trunc(angle / KL_TWO_PI) * KL_PI;
     return reduced == KL_TWO_PI ? 0.0 : reduced;
+}
+
+// [0, 360), in degrees throughout: whole turns are exact.
+inline double reduced_to_360(double degrees)
+{
+    const double reduced = degrees - 360.0 * std::floor(degrees / 360.0);
+    return reduced >= 360.0 ? 0.0 : reduced;
 }
 
 // ---- views ----

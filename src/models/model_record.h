@@ -18,7 +18,7 @@ using PlanetRoutine = long (*)(long planet, const kl_time_record *tdb, Cord *sta
 // Nutation at days since 2000-01-01 00:00.
 using NutationRoutine = void (*)(double days, kl_nutation *nutation);
 // Precession from J2000 to the mean of date.
-using PrecessionRoutine = void (*)(double days, kl_flat_rotation *precession);
+using PrecessionRoutine = void (*)(double days, kl_precession *angles);
 
 struct EarthModel {
     long value;
