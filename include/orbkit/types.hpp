@@ -37,7 +37,7 @@ struct BodyState {
     Vector pos, vel;
 };
 
-/** State in a frame: m, m/s, m/s2. What the calculation mode leaves out is neither read nor set. */
+/** State in a frame: m, m/s, m/s2. What the calculation mode leaves out comes out 0. */
 struct State {
     Vector pos{}, vel{}, acc{};
 };
