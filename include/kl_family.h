@@ -305,6 +305,19 @@ KL_API long KL_Time_ref_init_check_inputs(const double tri_time[4], kl_error_rec
 
 /* ---- time: on-board clocks ----------------------------------------------------------------------------- */
 
+/** Takes the octet counts and the epoch type from a P-field of one octet, or of two where the first one's bit 7 is set;
+ * the other fields of data stay as they are. Code 0: an identification other than 001 and 010. */
+KL_API long KL_Cuc_get_data_from_P_field(const unsigned char *octets, kl_cuc_config *data, kl_error_record *error);
+/** Writes the P-field of one or two octets. Code 0: an epoch type that no identification stands for. */
+KL_API long KL_Cuc_compute_P_field(const kl_cuc_config *data, unsigned char *octets, long *n_octets,
+                                   kl_error_record *error);
+/** Codes 0 to 4: time id, CUC type, octet counts (not looked at when they come from a P-field), epoch type, scale. */
+KL_API long KL_Cuc_check_inputs(kl_time_id *time_id, const kl_cuc_config *config, long time_ref,
+                                long octets_from_p_field, kl_error_record *error);
+/** The epoch of a CUC in a scale, MJD2000. Code 0: it cannot be converted. */
+KL_API long KL_Get_CUC_processing_epoch(kl_time_id *time_id, const kl_cuc_config *config, long time_ref, double *epoch,
+                                        kl_error_record *error);
+
 /* ---- models -------------------------------------------------------------------------------------------- */
 
 /** Block of a kind of model (-1 or 0 Earth, 1 to 8 the others); an uninitialised id is initialised and stays so. */

@@ -1,0 +1,282 @@
+// The CCSDS unsegmented time code: whole seconds and a binary fraction since an epoch, with or without its P-field.
+#include "error/message_groups.h"
+#include "time/time.h"
+
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+enum { KL_CUC_P_FIELD_EPOCH = 0 };       // KL_Cuc_get_data_from_P_field
+enum { KL_CUC_P_FIELD_NO_EPOCH = 0 };    // KL_Cuc_compute_P_field
+enum { KL_CUC_EPOCH_NOT_CONVERTED = 0 }; // KL_Get_CUC_processing_epoch
+enum {
+    KL_CUC_CHECK_TIME_ID = 0,
+    KL_CUC_CHECK_TYPE = 1,
+    KL_CUC_CHECK_OCTETS = 2,
+    KL_CUC_CHECK_EPOCH_TYPE = 3,
+    KL_CUC_CHECK_TIME_REF = 4
+};
+constexpr Message kReadRows[] = {
+    /* KL_CUC_P_FIELD_EPOCH */ error("Epoch code in P-field not valid"),
+};
+constexpr Message kWriteRows[] = {
+    /* KL_CUC_P_FIELD_NO_EPOCH */ error("Input epoch not valid"),
+};
+constexpr Message kCheckRows[] = {
+    /* KL_CUC_CHECK_TIME_ID    */ error("Time id not initialized"),
+    /* KL_CUC_CHECK_TYPE       */ error("Wrong CUC type"),
+    /* KL_CUC_CHECK_OCTETS     */ error("Wrong number of octets"),
+    /* KL_CUC_CHECK_EPOCH_TYPE */ error("Wrong CUC epoch type"),
+    /* KL_CUC_CHECK_TIME_REF   */ error("Wrong time reference"),
+};
+constexpr Message kEpochRows[] = {
+    /* KL_CUC_EPOCH_NOT_CONVERTED */ error("Error converting to different time reference"),
+};
+constexpr Message kDecodeRows[] = {
+    /* KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR  */ error("Error in CUC configuration"),
+    /* KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR */ error("Error getting CUC P field data"),
+    /* KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR   */ error("Error getting CUC epoch"),
+};
+constexpr Message kEncodeRows[] = {
+    /* KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR  */ error("Error in CUC configuration"),
+    /* KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR   */ error("Error getting CUC epoch"),
+    /* KL_TIME_PROCESSING_TO_CUC_TIME_ERR    */ error("CUC epoch must be previous to processing input date"),
+    /* KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR */ error("Error computing P-field"),
+};
+
+// P-field, first octet: extension, three bits of time-code identification, coarse octets less one, fine octets.
+constexpr unsigned kExtension = 0x80;
+constexpr unsigned kIdentification1958 = 1;
+constexpr unsigned kIdentificationUser = 2;
+constexpr long kFirstCoarse = 4; // octets that the first octet can count
+constexpr long kFirstFine = 3;
+
+constexpr double kEpoch1958 = -15340.0; // 1958-01-01 TAI
+constexpr double kEpoch1980 = -7300.0;  // 1980-01-06 GPS
+
+constexpr long kHighFine = 6;                      // fine octets that one integer takes exactly from a double
+constexpr double kCoarseEnd = 72057594037927936.0; // 2^56: seconds that seven octets cannot hold
+
+long p_field_length(long n_coarse, long n_fine)
+{
+    return n_coarse > kFirstCoarse || n_fine > kFirstFine ? 2 : 1;
+}
+
+// 256^n.
+constexpr double kPowers[] = {1.0, 0x1p8, 0x1p16, 0x1p24, 0x1p32, 0x1p40, 0x1p48};
+
+// To the nearest whole number, halves up. No sum with one half: it could round up what lies just below.
+std::uint64_t nearest(double x)
+{
+    const auto whole = static_cast<std::uint64_t>(x);
+    return whole + (x - static_cast<double>(whole) >= 0.5 ? 1 : 0);
+}
+
+// The last n octets of a number, the highest first.
+void put_octets(std::uint64_t number, long n, unsigned char *out)
+{
+    for (long i = n - 1; i >= 0; --i, number >>= 8)
+        out[i] = static_cast<unsigned char>(number & 0xff);
+}
+
+// Seconds since the epoch as the octets of a time field; false when they do not fit the coarse ones. The fraction is
+// rounded to the last fine octet, with the carry through to the coarse ones.
+bool write_time_field(double days_since_epoch, long n_coarse, long n_fine, unsigned char *out)
+{
+    // Days and the seconds of the day are taken apart: seconds since the epoch would lose the last bits.
+    const double whole_days = std::floor(days_since_epoch);
+    if (!(whole_days * KL_SECONDS_PER_DAY < kCoarseEnd))
+        return false;
+    const double second_of_day = (days_since_epoch - whole_days) * KL_SECONDS_PER_DAY;
+    const double whole_seconds = std::floor(second_of_day);
+    const double fraction = second_of_day - whole_seconds;
+    auto coarse = static_cast<std::uint64_t>(whole_days) * 86400 + static_cast<std::uint64_t>(whole_seconds);
+
+    const long n_high = n_fine < kHighFine ? n_fine : kHighFine;
+    const long n_low = n_fine - n_high;
+    const double scaled = fraction * kPowers[n_high];
+    std::uint64_t high = n_low > 0 ? static_cast<std::uint64_t>(scaled) : nearest(scaled);
+    std::uint64_t low = 0;
+    if (n_low > 0) {
+        low = nearest((scaled - static_cast<double>(high)) * kPowers[n_low]);
+        high += low >> (8 * n_low);
+    }
+    coarse += high >> (8 * n_high);
+    if (coarse >> (8 * n_coarse) != 0)
+        return false;
+    put_octets(coarse, n_coarse, out);
+    put_octets(high, n_high, out + n_coarse);
+    put_octets(low, n_low, out + n_coarse + n_high);
+    return true;
+}
+
+// Seconds since the epoch of a time field.
+double read_time_field(const unsigned char *field, long n_coarse, long n_fine)
+{
+    std::uint64_t coarse = 0;
+    for (long i = 0; i < n_coarse; ++i)
+        coarse = coarse << 8 | field[i];
+    const unsigned char *fine = field + n_coarse;
+    const long n_high = n_fine < kHighFine ? n_fine : kHighFine;
+    std::uint64_t high = 0;
+    for (long i = 0; i < n_high; ++i)
+        high = high << 8 | fine[i];
+    std::uint64_t low = 0;
+    for (long i = n_high; i < n_fine; ++i)
+        low = low << 8 | fine[i];
+    const double fraction =
+        (static_cast<double>(high) + static_cast<double>(low) / kPowers[n_fine - n_high]) / kPowers[n_high];
+    return static_cast<double>(coarse) + fraction;
+}
+
+} // namespace
+
+const MessageGroup messages_KL_Cuc_get_data_from_P_field = group(kReadRows);
+const MessageGroup messages_KL_Cuc_compute_P_field = group(kWriteRows);
+const MessageGroup messages_KL_Cuc_check_inputs = group(kCheckRows);
+const MessageGroup messages_KL_Get_CUC_processing_epoch = group(kEpochRows);
+const MessageGroup messages_kl_time_cuc_to_processing = group(kDecodeRows);
+const MessageGroup messages_kl_time_processing_to_cuc = group(kEncodeRows);
+
+long KL_Cuc_get_data_from_P_field(const unsigned char *octets, kl_cuc_config *data, kl_error_record *error)
+{
+    Activation call(KL_FN_CUC_GET_DATA_FROM_P_FIELD, error);
+    if (octets == nullptr || data == nullptr)
+        return KL_ERR;
+    const unsigned first = octets[0];
+    const unsigned second = (first & kExtension) != 0 ? octets[1] : 0;
+    const unsigned identification = first >> 4 & 7;
+    if (identification != kIdentification1958 && identification != kIdentificationUser
+        && call.stops(KL_CUC_P_FIELD_EPOCH))
+        return KL_ERR;
+    data->epoch_type = identification == kIdentification1958 ? KL_CUC_EPOCH_1958 : KL_CUC_EPOCH_USER;
+    data->n_coarse = static_cast<long>((first >> 2 & 3) + 1 + (second >> 5 & 3));
+    data->n_fine = static_cast<long>((first & 3) + (second >> 2 & 7));
+    return call.status();
+}
+
+long KL_Cuc_compute_P_field(const kl_cuc_config *data, unsigned char *octets, long *n_octets, kl_error_record *error)
+{
+    Activation call(KL_FN_CUC_COMPUTE_P_FIELD, error);
+    if (data == nullptr || octets == nullptr || n_octets == nullptr
+        || KL_Check_cuc_octets(data->n_coarse, data->n_fine) == 0)
+        return KL_ERR;
+    if (data->epoch_type != KL_CUC_EPOCH_1958 && data->epoch_type != KL_CUC_EPOCH_USER
+        && call.stops(KL_CUC_P_FIELD_NO_EPOCH))
+        return KL_ERR;
+    const unsigned identification = data->epoch_type == KL_CUC_EPOCH_1958 ? kIdentification1958 : kIdentificationUser;
+    const long coarse = data->n_coarse < kFirstCoarse ? data->n_coarse : kFirstCoarse;
+    const long fine = data->n_fine < kFirstFine ? data->n_fine : kFirstFine;
+    *n_octets = p_field_length(data->n_coarse, data->n_fine);
+    octets[0] = static_cast<unsigned char>((*n_octets == 2 ? kExtension : 0) | identification << 4
+                                           | static_cast<unsigned>(coarse - 1) << 2 | static_cast<unsigned>(fine));
+    if (*n_octets == 2)
+        octets[1] = static_cast<unsigned char>(static_cast<unsigned>(data->n_coarse - coarse) << 5
+                                               | static_cast<unsigned>(data->n_fine - fine) << 2);
+    return call.status();
+}
+
+long KL_Cuc_check_inputs(kl_time_id *time_id, const kl_cuc_config *config, long time_ref, long octets_from_p_field,
+                         kl_error_record *error)
+{
+    Activation call(KL_FN_CUC_CHECK_INPUTS, error);
+    if (time_record_of(time_id) == nullptr && call.stops(KL_CUC_CHECK_TIME_ID))
+        return KL_ERR;
+    const bool known_type =
+        config != nullptr && (config->cuc_type == KL_CUC_TIME_FIELD_ONLY || config->cuc_type == KL_CUC_WITH_P_FIELD);
+    if (!known_type && call.stops(KL_CUC_CHECK_TYPE))
+        return KL_ERR;
+    if (octets_from_p_field == 0 && KL_Check_cuc_octets(config->n_coarse, config->n_fine) == 0
+        && call.stops(KL_CUC_CHECK_OCTETS))
+        return KL_ERR;
+    if ((config->epoch_type < KL_CUC_EPOCH_1958 || config->epoch_type > KL_CUC_EPOCH_USER)
+        && call.stops(KL_CUC_CHECK_EPOCH_TYPE))
+        return KL_ERR;
+    if (KL_Check_time_ref_2(time_ref) == 0 && call.stops(KL_CUC_CHECK_TIME_REF))
+        return KL_ERR;
+    return call.status();
+}
+
+long KL_Get_CUC_processing_epoch(kl_time_id *time_id, const kl_cuc_config *config, long time_ref, double *epoch,
+                                 kl_error_record *error)
+{
+    Activation call(KL_FN_GET_CUC_PROCESSING_EPOCH, error);
+    if (config == nullptr || epoch == nullptr)
+        return KL_ERR;
+    double own_epoch = kEpoch1958;
+    long own_ref = KL_TIME_TAI;
+    if (config->epoch_type == KL_CUC_EPOCH_1980) {
+        own_epoch = kEpoch1980;
+        own_ref = KL_TIME_GPS;
+    } else if (config->epoch_type == KL_CUC_EPOCH_USER) {
+        own_epoch = config->epoch;
+        own_ref = config->epoch_time_ref;
+    }
+    if (own_ref == time_ref) {
+        *epoch = own_epoch;
+        return call.status();
+    }
+    const long processing = KL_PROC;
+    if (kl_time_processing_to_processing(time_id, &processing, &own_ref, &own_epoch, &processing, &time_ref, epoch,
+                                         nullptr)
+            == KL_ERR
+        && call.stops(KL_CUC_EPOCH_NOT_CONVERTED))
+        return KL_ERR;
+    return call.status();
+}
+
+long kl_time_cuc_to_processing(kl_time_id *time_id, const kl_cuc_config *config, const long *time_ref,
+                               const unsigned char *cuc, double *time, long *ierr)
+{
+    Activation call(KL_FN_TIME_CUC_TO_PROCESSING, ierr);
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
+    const bool with_p_field = config != nullptr && config->cuc_type == KL_CUC_WITH_P_FIELD;
+    if (KL_Cuc_check_inputs(time_id, config, ref, with_p_field ? 1 : 0, nullptr) == KL_ERR
+        && call.stops(KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR))
+        return KL_ERR;
+    if (cuc == nullptr || time == nullptr)
+        return KL_ERR;
+    kl_cuc_config own = *config;
+    const unsigned char *field = cuc;
+    if (with_p_field) {
+        if (KL_Cuc_get_data_from_P_field(cuc, &own, nullptr) == KL_ERR
+            && call.stops(KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR))
+            return KL_ERR;
+        field += (cuc[0] & kExtension) != 0 ? 2 : 1;
+    }
+    double epoch = 0.0;
+    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR
+        && call.stops(KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR))
+        return KL_ERR;
+    *time = epoch + read_time_field(field, own.n_coarse, own.n_fine) / KL_SECONDS_PER_DAY;
+    return call.status();
+}
+
+long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *config, const long *time_ref,
+                               const double *time, unsigned char *cuc, long *ierr)
+{
+    Activation call(KL_FN_TIME_PROCESSING_TO_CUC, ierr);
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
+    if (KL_Cuc_check_inputs(time_id, config, ref, 0, nullptr) == KL_ERR
+        && call.stops(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR))
+        return KL_ERR;
+    double epoch = 0.0;
+    if (KL_Get_CUC_processing_epoch(time_id, config, ref, &epoch, nullptr) == KL_ERR
+        && call.stops(KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR))
+        return KL_ERR;
+    if ((time == nullptr || !(*time >= epoch)) && call.stops(KL_TIME_PROCESSING_TO_CUC_TIME_ERR))
+        return KL_ERR;
+    if (cuc == nullptr)
+        return KL_ERR;
+    unsigned char octets[KL_CUC_LENGTH];
+    long n_p_field = 0;
+    if (config->cuc_type == KL_CUC_WITH_P_FIELD && KL_Cuc_compute_P_field(config, octets, &n_p_field, nullptr) == KL_ERR
+        && call.stops(KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR))
+        return KL_ERR;
+    if (!write_time_field(*time - epoch, config->n_coarse, config->n_fine, octets + n_p_field)
+        && call.stops(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR))
+        return KL_ERR;
+    std::memcpy(cuc, octets, static_cast<std::size_t>(n_p_field + config->n_coarse + config->n_fine));
+    return call.status();
+}
