@@ -342,7 +342,7 @@ long KL_Time_check_ascii_outputs(long format, long ref, kl_error_record *error)
     Activation call(KL_FN_TIME_CHECK_ASCII_OUTPUTS, error);
     if (!is_ascii_format(format) && call.stops(KL_ASCII_OUT_FORMAT, &format))
         return KL_ERR;
-    if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_ASCII_OUT_REF, &ref))
+    if (!is_time_ref(ref) && call.stops(KL_ASCII_OUT_REF, &ref))
         return KL_ERR;
     return call.status();
 }

@@ -217,8 +217,8 @@ struct Split {
 };
 Split split(double seconds)
 {
-    const double whole = std::floor(seconds);
-    return {truncated_to_long(whole), truncated_to_long(std::floor(1e6 * (seconds - whole) + 0.5))};
+    const long whole = floor_to_long(seconds);
+    return {whole, floor_to_long(1e6 * (seconds - static_cast<double>(whole)) + 0.5)};
 }
 
 void normalise_microseconds(kl_std_record *record)
@@ -259,6 +259,67 @@ bool place_in_leap_second(const TimeIdRecord &id, const LeapFlags &leap, kl_std_
         return true;
     }
     return false;
+}
+
+// A record of a scale to TAI with the differences at it.
+kl_std_record added(kl_std_record record, long ref, const Deltas &deltas)
+{
+    switch (ref) {
+    case KL_TIME_UTC: {
+        const double step = record.seconds > kLastSecond ? 1.0 : 0.0; // the 61st second still counts with the old value
+        record.seconds += truncated_to_long(deltas.tai_utc - step);
+        break;
+    }
+    case KL_TIME_UT1: {
+        const Split ut1 = split(deltas.tai_ut1);
+        record.seconds += ut1.seconds;
+        record.microseconds += ut1.microseconds;
+        break;
+    }
+    default:
+        record.seconds += truncated_to_long(deltas.tai_gps);
+        break;
+    }
+    normalise_microseconds(&record);
+    normalise_seconds(&record);
+    return record;
+}
+
+// A TAI record to a scale with the differences at it.
+kl_std_record subtracted(kl_std_record record, const TimeIdRecord &id, long ref, const Deltas &deltas)
+{
+    switch (ref) {
+    case KL_TIME_UTC:
+        record.seconds -= truncated_to_long(deltas.tai_utc);
+        break;
+    case KL_TIME_UT1: {
+        const Split ut1 = split(deltas.tai_ut1);
+        record.seconds -= ut1.seconds;
+        record.microseconds -= ut1.microseconds;
+        break;
+    }
+    default:
+        record.seconds -= truncated_to_long(deltas.tai_gps);
+        break;
+    }
+    normalise_microseconds(&record);
+    if (ref != KL_TIME_UTC || !place_in_leap_second(id, deltas.leap, &record))
+        normalise_seconds(&record);
+    return record;
+}
+
+// The look-up where it has nothing to report: explicit values, or inside the table.
+bool quick_deltas(const TimeIdRecord &id, long ref, const kl_std_record &instant, Deltas *deltas)
+{
+    if (id.model == KL_TIME_MODEL_EXPLICIT) {
+        *deltas = deltas_of(id.rows[0]);
+        return true;
+    }
+    const double t = processing_of(instant);
+    if (id.n_rows == 1 || !(column_of(id.rows[0], ref) <= t && t < column_of(id.rows[id.n_rows - 1], ref)))
+        return false;
+    *deltas = deltas_inside(id, ref, t);
+    return true;
 }
 
 } // namespace
@@ -322,40 +383,32 @@ long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *
     Activation call(KL_FN_TIME_T2T_REF_TO_TAI, error);
     if (in == nullptr || out == nullptr)
         return KL_ERR;
-    kl_std_record tai = *in;
     if (ref == KL_TIME_TAI) {
-        *out = tai;
+        *out = *in;
         return call.status();
     }
     Deltas deltas{};
-    if (!look_up_record(time_id, ref, tai, &deltas, &call))
+    if (!look_up_record(time_id, ref, *in, &deltas, &call))
         return KL_ERR;
-
-    switch (ref) {
-    case KL_TIME_UTC: {
-        const double step = tai.seconds > kLastSecond ? 1.0 : 0.0; // the 61st second still counts with the old value
-        tai.seconds += truncated_to_long(deltas.tai_utc - step);
-        break;
-    }
-    case KL_TIME_UT1: {
-        const Split ut1 = split(deltas.tai_ut1);
-        tai.seconds += ut1.seconds;
-        tai.microseconds += ut1.microseconds;
-        break;
-    }
-    default:
-        tai.seconds += truncated_to_long(deltas.tai_gps);
-        break;
-    }
-    normalise_microseconds(&tai);
-    // That a day ends with a leap second changes nothing in TAI: only the check's range matters here.
-    if (long flag = 0; !inside_processing_range(static_cast<double>(tai.days))
-                       && KL_Time_check_leap_second(time_id, KL_TIME_TAI, &tai, &flag, nullptr) == KL_ERR
+    // That a day ends with a leap second changes nothing in TAI: only the check's range matters here, and the day has
+    // not moved yet.
+    if (long flag = 0; !inside_processing_range(static_cast<double>(in->days))
+                       && KL_Time_check_leap_second(time_id, KL_TIME_TAI, in, &flag, nullptr) == KL_ERR
                        && call.stops(KL_TO_TAI_LEAP_SECOND))
         return KL_ERR;
-    normalise_seconds(&tai);
-    *out = tai;
+    *out = added(*in, ref, deltas);
     return call.status();
+}
+
+bool quickly_to_tai(const TimeIdRecord &id, long ref, kl_std_record *record)
+{
+    Deltas deltas;
+    if (ref == KL_TIME_TAI)
+        return true;
+    if (!quick_deltas(id, ref, *record, &deltas))
+        return false;
+    *record = added(*record, ref, deltas);
+    return true;
 }
 
 long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record *in, kl_std_record *out,
@@ -364,36 +417,28 @@ long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record
     Activation call(KL_FN_TIME_T2T_REF_FROM_TAI, error);
     if (in == nullptr || out == nullptr)
         return KL_ERR;
-    kl_std_record instant = *in;
     if (ref == KL_TIME_TAI) {
-        *out = instant;
+        *out = *in;
         return call.status();
     }
     // The table is searched with the TAI time.
     Deltas deltas{};
     const long own_ref = KL_Check_time_ref_2(ref) == 1 ? long{KL_TIME_TAI} : ref;
-    if (!look_up_record(time_id, own_ref, instant, &deltas, &call))
+    if (!look_up_record(time_id, own_ref, *in, &deltas, &call))
         return KL_ERR;
-
-    switch (ref) {
-    case KL_TIME_UTC:
-        instant.seconds -= truncated_to_long(deltas.tai_utc);
-        break;
-    case KL_TIME_UT1: {
-        const Split ut1 = split(deltas.tai_ut1);
-        instant.seconds -= ut1.seconds;
-        instant.microseconds -= ut1.microseconds;
-        break;
-    }
-    default:
-        instant.seconds -= truncated_to_long(deltas.tai_gps);
-        break;
-    }
-    normalise_microseconds(&instant);
-    if (ref != KL_TIME_UTC || !place_in_leap_second(*time_record_of(time_id), deltas.leap, &instant))
-        normalise_seconds(&instant);
-    *out = instant;
+    *out = subtracted(*in, *time_record_of(time_id), ref, deltas);
     return call.status();
+}
+
+bool quickly_from_tai(const TimeIdRecord &id, long ref, kl_std_record *record)
+{
+    Deltas deltas;
+    if (ref == KL_TIME_TAI)
+        return true;
+    if (!quick_deltas(id, KL_TIME_TAI, *record, &deltas))
+        return false;
+    *record = subtracted(*record, id, ref, deltas);
+    return true;
 }
 
 long KL_Check_Time_warn_flags(kl_time_id *time_id, const kl_std_record *tai, const long *selector, long *warning)

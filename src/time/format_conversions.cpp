@@ -307,11 +307,16 @@ private:
 
     bool change_reference(long ref_out, bool holds_leap_second)
     {
+        TimeIdRecord *id = time_record_of(time_id_);
         const bool changes = ref_out != ref_;
-        if (changes && !step(KL_Time_t2t_ref_to_tai, KL_FN_TIME_T2T_REF_TO_TAI, ref_, kReferenceStep))
+        if (changes && !(id != nullptr && quickly_to_tai(*id, ref_, &record_))
+            && !step(KL_Time_t2t_ref_to_tai, KL_FN_TIME_T2T_REF_TO_TAI, ref_, kReferenceStep))
             return false;
-        warn_once();
-        if (changes && !step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack))
+        // An empty id and one of explicit values have no once-only warnings.
+        if (id != nullptr && id->model != KL_TIME_MODEL_EXPLICIT)
+            warn_once();
+        if (changes && !(id != nullptr && quickly_from_tai(*id, ref_out, &record_))
+            && !step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack))
             return false;
         if (record_.seconds == 86400)
             place_leap_second(ref_out, changes, holds_leap_second);
@@ -320,25 +325,19 @@ private:
 
     using ReferenceStep = long (*)(kl_time_id *, long, const kl_std_record *, kl_std_record *, kl_error_record *);
 
+    // One step with all that it has to report.
     template <std::size_t N>
     bool step(ReferenceStep convert, int function_id, long ref, const CodeMap (&map)[N])
     {
         ErrorRecord found;
-        kl_std_record out;
-        convert(time_id_, ref, &record_, &out, &found);
-        if (found.count != 0 && call_.stops(function_id, found, map))
-            return false;
-        record_ = out;
-        return true;
+        convert(time_id_, ref, &record_, &record_, &found);
+        return found.count == 0 || !call_.stops(function_id, found, map);
     }
 
     // The once-only warnings of a correlation table, on the TAI record; on the record as it is when the reference does
-    // not change. An empty id and one of explicit values have none.
+    // not change.
     void warn_once()
     {
-        const TimeIdRecord *id = time_record_of(time_id_);
-        if (id == nullptr || id->model == KL_TIME_MODEL_EXPLICIT)
-            return;
         const long flags = KL_FLAGS_CONVERSION;
         long warned = 0;
         KL_Check_Time_warn_flags(time_id_, &record_, &flags, &warned);

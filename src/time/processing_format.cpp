@@ -28,7 +28,7 @@ long KL_Time_check_processing_inputs(long format, long ref, const double *time, 
     Activation call(KL_FN_TIME_CHECK_PROCESSING_INPUTS, error);
     if (format != KL_PROC && call.stops(KL_CHECK_IN_FORMAT, &format))
         return KL_ERR;
-    if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_CHECK_IN_REF, &ref))
+    if (!is_time_ref(ref) && call.stops(KL_CHECK_IN_REF, &ref))
         return KL_ERR;
     if (time == nullptr || !inside_processing_range(*time)) {
         const long shown = time != nullptr ? truncated_to_long(*time) : 0;
@@ -43,7 +43,7 @@ long KL_Time_check_processing_outputs(long format, long ref, kl_error_record *er
     Activation call(KL_FN_TIME_CHECK_PROCESSING_OUTPUTS, error);
     if (format != KL_PROC && call.stops(KL_CHECK_OUT_FORMAT, &format))
         return KL_ERR;
-    if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_CHECK_OUT_REF, &ref))
+    if (!is_time_ref(ref) && call.stops(KL_CHECK_OUT_REF, &ref))
         return KL_ERR;
     return call.status();
 }
@@ -54,16 +54,13 @@ long KL_Time_p2t_format_to_std(kl_time_id *time_id, long ref, const double *time
     Activation call(KL_FN_TIME_P2T_FORMAT_TO_STD, error);
     if (time == nullptr || out == nullptr)
         return KL_ERR;
-    const double t = *time;
-    out->days = floor_to_long(t);
-    const double fraction = t - static_cast<double>(out->days);
-    out->seconds = floor_to_long(KL_SECONDS_PER_DAY * fraction);
-    out->microseconds = floor_to_long(
-        (fraction - static_cast<double>(out->seconds) / KL_SECONDS_PER_DAY) * KL_MICROSECONDS_PER_DAY + 0.5);
-    if (out->microseconds == 1000000) {
-        out->microseconds = 0;
-        ++out->seconds;
+    // Far outside the calendar there are no seconds to speak of: a value without a meaning, as long as it is one.
+    constexpr double kLargest = 1e15; // days
+    if (!(*time >= -kLargest && *time <= kLargest)) {
+        *out = {truncated_to_long(*time), 0, 0};
+        return call.status();
     }
+    *out = standard_of(*time);
     if (out->seconds != 86400)
         return call.status();
 

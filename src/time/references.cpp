@@ -22,7 +22,7 @@ const MessageGroup messages_KL_Check_time_ref = group(kCheckRows);
 
 long KL_Time_ref_enum_to_Time_enum(long ref)
 {
-    return KL_Check_time_ref_2(ref) == 1 ? kRecordReference[ref] : -1;
+    return is_time_ref(ref) ? kRecordReference[ref] : -1;
 }
 
 long KL_Time_enum_to_Time_ref_enum(int ref)
@@ -41,7 +41,7 @@ long KL_Check_time_ref(const long *ref, kl_error_record *error)
 // On purpose: KL_TIME_UNDEF is refused here and accepted above.
 long KL_Check_time_ref_2(long ref)
 {
-    return ref >= KL_TIME_TAI && ref <= KL_TIME_GPS ? 1 : 0;
+    return is_time_ref(ref) ? 1 : 0;
 }
 
 double KL_round(double x)

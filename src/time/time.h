@@ -75,6 +75,30 @@ inline TimeIdRecord *time_record_of(const kl_time_id *time_id)
     return record->head.init_status == 1 ? record : nullptr;
 }
 
+// Is it one of the four public references?
+inline bool is_time_ref(long ref)
+{
+    return ref >= KL_TIME_TAI && ref <= KL_TIME_GPS;
+}
+
+// The standard record of a processing value, nearest microsecond. A value that is rounded up to midnight keeps its day
+// with 86400 seconds: what these are depends on leap seconds.
+inline kl_std_record standard_of(double t)
+{
+    kl_std_record out;
+    out.days = static_cast<long>(t);
+    out.days -= static_cast<double>(out.days) > t ? 1 : 0;
+    const double fraction = t - static_cast<double>(out.days); // 0 to 1: cutting is rounding down
+    out.seconds = static_cast<long>(KL_SECONDS_PER_DAY * fraction);
+    out.microseconds = static_cast<long>(
+        (fraction - static_cast<double>(out.seconds) / KL_SECONDS_PER_DAY) * KL_MICROSECONDS_PER_DAY + 0.5);
+    if (out.microseconds == 1000000) {
+        out.microseconds = 0;
+        ++out.seconds;
+    }
+    return out;
+}
+
 // The processing value of a standard record.
 inline double processing_of(const kl_std_record &record)
 {
@@ -109,6 +133,13 @@ struct LeapFlags {
 };
 // `first` and `last`: column of the reference in the row and in the one after it.
 LeapFlags leap_flags(const TimeIdRecord &id, long ref, long row, double first, double last, double time);
+
+// ---- one instant between a scale and TAI ----
+
+// As KL_Time_t2t_ref_to_tai and _from_tai, in place, where there is nothing to report: explicit values, or inside the
+// table. Otherwise false with the record as it is, and these have to be asked.
+bool quickly_to_tai(const TimeIdRecord &id, long ref, kl_std_record *record);
+bool quickly_from_tai(const TimeIdRecord &id, long ref, kl_std_record *record);
 
 // ---- whole numbers ----
 

@@ -146,7 +146,7 @@ long read_transport(kl_time_id *time_id, long id, long ref, const long fields[4]
     const Format *format = format_of(id);
     if (format == nullptr && call.stops(KL_TRANS_IN_FORMAT, &id))
         return KL_ERR;
-    if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_TRANS_IN_REF, &ref))
+    if (!is_time_ref(ref) && call.stops(KL_TRANS_IN_REF, &ref))
         return KL_ERR;
     if (format->gps_only && ref != KL_TIME_GPS && call.stops(KL_TRANS_IN_GPS_REF, &ref))
         return KL_ERR;
@@ -224,7 +224,7 @@ long KL_Time_check_transport_outputs(long id, long ref, kl_error_record *error)
     const Format *format = format_of(id);
     if (format == nullptr && call.stops(KL_TRANS_OUT_FORMAT, &id))
         return KL_ERR;
-    if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_TRANS_OUT_REF, &ref))
+    if (!is_time_ref(ref) && call.stops(KL_TRANS_OUT_REF, &ref))
         return KL_ERR;
     if (format->gps_only && ref != KL_TIME_GPS && call.stops(KL_TRANS_OUT_GPS_REF, &ref))
         return KL_ERR;
