@@ -230,12 +230,17 @@ public:
 
     bool from_processing(const long *format, const long *ref, const double *time)
     {
-        ErrorRecord found;
-        ref_ = value_of(ref);
-        if (KL_Time_check_processing_inputs(value_of(format), ref_, time, &found) != KL_OK
-            && call_.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, found, kFromProcessing))
-            return false;
         origin_ = Origin::processing;
+        ref_ = value_of(ref);
+        if (value_of(format) != KL_PROC || !is_time_ref(ref_) || time == nullptr || !inside_processing_range(*time)) {
+            ErrorRecord found;
+            KL_Time_check_processing_inputs(value_of(format), ref_, time, &found);
+            return !call_.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, found, kFromProcessing);
+        }
+        record_ = standard_of(*time);
+        if (record_.seconds != 86400)
+            return true;
+        ErrorRecord found;
         return KL_Time_p2t_format_to_std(time_id_, ref_, time, &record_, &found) == KL_OK
                || !call_.stops(KL_FN_TIME_P2T_FORMAT_TO_STD, found, kToStandardRecord);
     }
@@ -260,22 +265,22 @@ public:
 
     bool to_processing(const long *format, const long *ref, double *time)
     {
-        ErrorRecord found;
-        if (KL_Time_check_processing_outputs(value_of(format), value_of(ref), &found) != KL_OK
-            && call_.stops(KL_FN_TIME_CHECK_PROCESSING_OUTPUTS, found, kToProcessing))
-            return false;
+        if (value_of(format) != KL_PROC || !is_time_ref(value_of(ref))) {
+            ErrorRecord found;
+            KL_Time_check_processing_outputs(value_of(format), value_of(ref), &found);
+            return !call_.stops(KL_FN_TIME_CHECK_PROCESSING_OUTPUTS, found, kToProcessing);
+        }
         if (time == nullptr || !change_reference(*ref, false))
             return false;
-        KL_Time_t2p_format_from_std(&record_, time);
+        *time = processing_of(record_);
         return true;
     }
 
     bool to_ascii(const long *format, const long *ref, char *text, const TextRange &range)
     {
         ErrorRecord found;
-        if (KL_Time_check_ascii_outputs(value_of(format), value_of(ref), &found) != KL_OK
-            && call_.stops(KL_FN_TIME_CHECK_ASCII_OUTPUTS, found, kToAscii))
-            return false;
+        if (KL_Time_check_ascii_outputs(value_of(format), value_of(ref), &found) != KL_OK)
+            return !call_.stops(KL_FN_TIME_CHECK_ASCII_OUTPUTS, found, kToAscii);
         if (text == nullptr || !change_reference(*ref, true))
             return false;
         return write_ascii(*format, *ref, &record_, text, &found, limit_to_write()) == KL_OK
@@ -285,16 +290,14 @@ public:
     bool to_transport(const long *format, const long *ref, long fields[4])
     {
         ErrorRecord found;
-        if (KL_Time_check_transport_outputs(value_of(format), value_of(ref), &found) != KL_OK
-            && call_.stops(KL_FN_TIME_CHECK_TRANSPORT_OUTPUTS, found, kToTransport))
-            return false;
+        if (KL_Time_check_transport_outputs(value_of(format), value_of(ref), &found) != KL_OK)
+            return !call_.stops(KL_FN_TIME_CHECK_TRANSPORT_OUTPUTS, found, kToTransport);
         if (fields == nullptr || !change_reference(*ref, transport_holds_leap_second(*format)))
             return false;
         write_transport(*format, &record_, fields);
         return true;
     }
 
-    // Status of the whole: a missing output ends a call without a condition.
     [[nodiscard]] long status_of(bool done) const
     {
         if (!done)
