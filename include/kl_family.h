@@ -693,6 +693,25 @@ KL_API double KL_Get_ut2_ut1(double t);       /**< UT2 - UT1, s, of an MJD2000 d
 
 /* ---- rotations and quaternions ------------------------------------------------------------------------- */
 
+/* Quaternions have their scalar last. Outputs may be inputs. */
+
+KL_API void KL_Quaternion_product(const double p[4], const double r[4], double out[4]); /**< Hamilton's */
+KL_API void KL_Quaternion_conjugate(const double q[4], double out[4]);
+KL_API void KL_Quaternion_inverse(const double q[4], double out[4]); /**< of a unit quaternion: the conjugate */
+KL_API double KL_Quaternion_norm(double q[4]);                       /**< in place, as KL_norm */
+/** Angle in radians, 0 to 2 pi; without a rotation the axis is null. */
+KL_API void KL_Quaternion_to_axis_angle(const double q[4], double axis[3], double *angle);
+KL_API void KL_Angle_axis_to_quaternion(const double axis[3], double out[4], double angle);
+/** q1 turned on towards q2 by a multiple of the rotation between them. */
+KL_API void KL_Quaternion_extrapol(const double q1[4], const double q2[4], double out[4], double factor);
+/** Spherical linear interpolation; q2 is negated in place where it lies on the other half. */
+KL_API void KL_Slerp_algo(const double q1[4], double q2[4], double out[4], double u);
+/** 1 when the matrix is the one that sines and cosines of three angles make, within 1e-9. */
+KL_API long KL_Check_rotation_matrix(const double matrix[9], double s0, double c0, double s1, double c1, double s2,
+                                     double c2);
+/** Matrix from axes 1 to axes 2 (unit vectors, row by row): v2 = M v1. -1 when they are of different hands. */
+KL_API long KL_CS_Rotation(const double axes1[9], const double axes2[9], double matrix[9]);
+
 #ifdef __cplusplus
 }
 #endif

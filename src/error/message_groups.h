@@ -40,7 +40,6 @@ extern const MessageGroup messages_KL_Geoid_undu;
 extern const MessageGroup messages_KL_Legfdn;
 extern const MessageGroup messages_KL_Dhcsin;
 extern const MessageGroup messages_KL_Dhccorr;
-extern const MessageGroup messages_KL_CS_Rotation;
 extern const MessageGroup messages_kl_time_transport_to_ascii;
 extern const MessageGroup messages_kl_time_transport_to_transport;
 extern const MessageGroup messages_kl_time_transport_to_processing;

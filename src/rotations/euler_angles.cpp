@@ -1,0 +1,236 @@
+// Rotation angles and matrices, and the angles between two sets of axes.
+#include "error/activation.h"
+#include "error/message_groups.h"
+#include "math/math.h"
+
+#include <cmath>
+#include <iterator>
+
+namespace {
+
+constexpr Message kFromMatrix[] = {
+    /* KL_MATRIX_TO_EULER_ROTATION_ERR    */ error("The matrix does not define a rotation"),
+    /* KL_MATRIX_TO_EULER_AMBIGUITY_WARN  */ warning("Ambiguity in angles determination"),
+    /* KL_MATRIX_TO_EULER_ORTHONORMAL_ERR */ error("The matrix is not orthonormal"),
+};
+static_assert(std::size(kFromMatrix) == KL_MATRIX_TO_EULER_N_CODES);
+
+// The same two for both functions.
+constexpr Message kBetweenAxes[] = {
+    /* KL_GET_ROTATION_ANGLES_ORTHOGONAL_ERR */ error("Input vectors are not orthogonal"),
+    /* KL_GET_ROTATION_ANGLES_ROTATION_ERR   */ error("Error occurred during call to function KL_CS_Rotation"),
+};
+static_assert(std::size(kBetweenAxes) == KL_GET_ROTATION_ANGLES_N_CODES);
+static_assert(std::size(kBetweenAxes) == KL_GET_ROTATED_VECTORS_N_CODES);
+
+constexpr double kOrthonormal = 1e-6;
+constexpr double kRotation = 1e-9;
+
+struct SineCosine {
+    double s, c;
+};
+
+SineCosine of_degrees(double degrees)
+{
+    const double angle = degrees * KL_RAD_PER_DEG;
+    return {std::sin(angle), std::cos(angle)};
+}
+
+void fill_matrix(const SineCosine &a0, const SineCosine &a1, const SineCosine &a2, double m[9])
+{
+    m[0] = a1.c * a2.c + a0.s * a1.s * a2.s;
+    m[1] = a0.c * a2.s;
+    m[2] = a1.s * a2.c - a0.s * a1.c * a2.s;
+    m[3] = -a1.c * a2.s + a0.s * a1.s * a2.c;
+    m[4] = a0.c * a2.c;
+    m[5] = -a1.s * a2.s - a0.s * a1.c * a2.c;
+    m[6] = -a0.c * a1.s;
+    m[7] = a0.s;
+    m[8] = a0.c * a1.c;
+}
+
+void matrix_of(const double angles[3], double m[9])
+{
+    fill_matrix(of_degrees(angles[0]), of_degrees(angles[1]), of_degrees(angles[2]), m);
+    for (int row = 0; row < 3; ++row)
+        normalise(m + 3 * row, 3);
+}
+
+// Degrees in (-180, 180].
+double arc_tangent(double y, double x)
+{
+    const double degrees = std::atan2(y, x) * KL_DEG_PER_RAD;
+    return degrees <= -180.0 ? degrees + 360.0 : degrees;
+}
+
+bool rows_are_orthonormal(const double m[9])
+{
+    for (int i = 0; i < 3; ++i) {
+        if (!(std::fabs(std::sqrt(dot(m + 3 * i, m + 3 * i, 3)) - 1.0) <= kOrthonormal))
+            return false;
+        const int j = (i + 1) % 3;
+        if (!(std::fabs(dot(m + 3 * i, m + 3 * j, 3)) <= kOrthonormal))
+            return false;
+    }
+    return true;
+}
+
+enum Found { kAngles, kAmbiguous, kNoRotation };
+
+// Angles of an orthonormal matrix.
+Found angles_of(const double m[9], double angles[3])
+{
+    const auto M = [m](int i, int j) { return m[3 * i + j]; };
+    const double c = std::sqrt(M(2, 0) * M(2, 0) + M(2, 2) * M(2, 2)); // |cos a0|
+    if (c < kRotation) {
+        if (std::fabs(M(1, 0)) < kRotation && std::fabs(M(0, 0)) < kRotation)
+            return kNoRotation;
+        angles[0] = M(2, 1) > 0.0 ? 90.0 : 270.0; // on purpose not reduced
+        angles[1] = arc_tangent(M(1, 0) * M(2, 1), M(0, 0));
+        angles[2] = 0.0;
+        return kAmbiguous;
+    }
+    if (std::fabs(M(0, 1)) < kRotation && std::fabs(M(1, 1)) < kRotation)
+        return kNoRotation;
+    if (KL_Check_rotation_matrix(m, M(2, 1), c, -M(2, 0) / c, M(2, 2) / c, M(0, 1) / c, M(1, 1) / c) == 0)
+        return kNoRotation;
+    angles[0] = arc_tangent(M(2, 1), c);
+    angles[1] = arc_tangent(-M(2, 0), M(2, 2));
+    angles[2] = arc_tangent(M(0, 1), M(1, 1));
+    return kAngles;
+}
+
+// Unit axes, row by row; false when one is null or two are not orthogonal.
+bool unit_axes(const double *x, const double *y, const double *z, double axes[9])
+{
+    if (x == nullptr || y == nullptr || z == nullptr)
+        return false;
+    const double *const given[3] = {x, y, z};
+    for (int i = 0; i < 3; ++i) {
+        KL_copy_v(given[i], 3, axes + 3 * i);
+        normalise(axes + 3 * i, 3);
+    }
+    return rows_are_orthonormal(axes);
+}
+
+// Takes off what is left of non-orthogonality; the handedness stays.
+void orthogonalise(double axes[9])
+{
+    double *x = axes;
+    double *y = axes + 3;
+    double *z = axes + 6;
+    const double along = dot(x, y, 3);
+    for (int i = 0; i < 3; ++i)
+        y[i] -= along * x[i];
+    normalise(y, 3);
+    double normal[3];
+    cross(x, y, normal);
+    KL_mult_ev(3, normal, z, dot(normal, z, 3) < 0.0 ? -1.0 : 1.0);
+}
+
+} // namespace
+
+const MessageGroup messages_kl_matrix_to_euler = group(kFromMatrix);
+const MessageGroup messages_kl_get_rotation_angles = group(kBetweenAxes);
+const MessageGroup messages_kl_get_rotated_vectors = group(kBetweenAxes);
+
+long KL_Check_rotation_matrix(const double matrix[9], double s0, double c0, double s1, double c1, double s2, double c2)
+{
+    double rebuilt[9];
+    fill_matrix({s0, c0}, {s1, c1}, {s2, c2}, rebuilt);
+    for (int i = 0; i < 9; ++i)
+        if (!(std::fabs(rebuilt[i] - matrix[i]) <= kRotation))
+            return 0;
+    return 1;
+}
+
+long KL_CS_Rotation(const double axes1[9], const double axes2[9], double matrix[9])
+{
+    double from[9];
+    double to[9];
+    KL_copy_m(axes1, from);
+    KL_copy_m(axes2, to);
+    orthogonalise(from);
+    orthogonalise(to);
+    for (int i = 0; i < 3; ++i)
+        for (int j = 0; j < 3; ++j)
+            matrix[3 * i + j] = dot(to + 3 * i, from + 3 * j, 3);
+    return KL_det(matrix) > 0.0 ? 0 : KL_ERR; // sets of different hands are no rotation apart
+}
+
+long kl_euler_to_matrix(const double angles[3], double matrix[9], long *ierr)
+{
+    Activation call(KL_FN_EULER_TO_MATRIX, ierr);
+    if (angles == nullptr || matrix == nullptr)
+        return KL_ERR;
+    double m[9]; // matrix may overlap angles
+    matrix_of(angles, m);
+    KL_copy_m(m, matrix);
+    return call.status();
+}
+
+long kl_matrix_to_euler(const double matrix[9], double angles[3], long *ierr)
+{
+    Activation call(KL_FN_MATRIX_TO_EULER, ierr);
+    if ((matrix == nullptr || !rows_are_orthonormal(matrix)) && call.stops(KL_MATRIX_TO_EULER_ORTHONORMAL_ERR))
+        return KL_ERR;
+    if (angles == nullptr)
+        return KL_ERR;
+    double found[3];
+    switch (angles_of(matrix, found)) {
+    case kNoRotation:
+        static_cast<void>(call.stops(KL_MATRIX_TO_EULER_ROTATION_ERR));
+        return KL_ERR;
+    case kAmbiguous:
+        if (call.stops(KL_MATRIX_TO_EULER_AMBIGUITY_WARN))
+            return KL_ERR;
+        break;
+    case kAngles:
+        break;
+    }
+    KL_copy_v(found, 3, angles);
+    return call.status();
+}
+
+long kl_get_rotation_angles(const double x1[3], const double y1[3], const double z1[3], const double x2[3],
+                            const double y2[3], const double z2[3], double angles[3], long *ierr)
+{
+    Activation call(KL_FN_GET_ROTATION_ANGLES, ierr);
+    double axes1[9];
+    double axes2[9];
+    if (!(unit_axes(x1, y1, z1, axes1) && unit_axes(x2, y2, z2, axes2))
+        && call.stops(KL_GET_ROTATION_ANGLES_ORTHOGONAL_ERR))
+        return KL_ERR;
+    if (angles == nullptr)
+        return KL_ERR;
+    double matrix[9];
+    double found[3];
+    if ((KL_CS_Rotation(axes1, axes2, matrix) != 0 || angles_of(matrix, found) == kNoRotation)
+        && call.stops(KL_GET_ROTATION_ANGLES_ROTATION_ERR))
+        return KL_ERR;
+    KL_copy_v(found, 3, angles);
+    return call.status();
+}
+
+long kl_get_rotated_vectors(const double x1[3], const double y1[3], const double z1[3], const double angles[3],
+                            double x2[3], double y2[3], double z2[3], long *ierr)
+{
+    Activation call(KL_FN_GET_ROTATED_VECTORS, ierr);
+    double axes[9];
+    if (!unit_axes(x1, y1, z1, axes) && call.stops(KL_GET_ROTATED_VECTORS_ORTHOGONAL_ERR))
+        return KL_ERR;
+    const bool finite =
+        angles != nullptr && std::isfinite(angles[0]) && std::isfinite(angles[1]) && std::isfinite(angles[2]);
+    if (!finite && call.stops(KL_GET_ROTATED_VECTORS_ROTATION_ERR))
+        return KL_ERR;
+    if (x2 == nullptr || y2 == nullptr || z2 == nullptr)
+        return KL_ERR;
+    double matrix[9];
+    double out[9];
+    matrix_of(angles, matrix);
+    KL_mult_mm(matrix, axes, out);
+    KL_copy_v(out, 3, x2);
+    KL_copy_v(out + 3, 3, y2);
+    KL_copy_v(out + 6, 3, z2);
+    return call.status();
+}

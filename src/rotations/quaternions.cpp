@@ -1,0 +1,237 @@
+// Quaternions: vector part first, scalar last. The axis vectors x, y, z are the columns of the attitude matrix.
+#include "error/activation.h"
+#include "error/message_groups.h"
+#include "math/math.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace {
+
+constexpr Message kToVectors[] = {
+    /* KL_QUATERNIONS_TO_VECTORS_MODULE_ERR */ error("Wrong input quaternion. The module is different from 1"),
+};
+static_assert(std::size(kToVectors) == KL_QUATERNIONS_TO_VECTORS_N_CODES);
+
+constexpr Message kFromVectors[] = {
+    /* KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR     */ error("Wrong input vectors."),
+    /* KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR */ error("Input vectors are not orthonormal"),
+};
+static_assert(std::size(kFromVectors) == KL_VECTORS_TO_QUATERNIONS_N_CODES);
+
+constexpr Message kInterpol[] = {
+    /* KL_QUATERNIONS_INTERPOL_RANGE_WARN    */
+    warning("Time interpolation parameter out of quaternions range. Extrapolation will be used."),
+    /* KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR */ error("Wrong algorithm. Only KL_INTERPOL_SLERP allowed."),
+};
+static_assert(std::size(kInterpol) == KL_QUATERNIONS_INTERPOL_N_CODES);
+
+constexpr double kUnit = 1e-6;           // departure from unit length, and from orthogonality
+constexpr double kNearlyEqual = 1e-9;    // of the dot product from 1: linear weights serve
+constexpr double kNearlyOpposite = 1e-6; // sine of the angle between
+constexpr int kScalar = 3;
+
+bool is_unit(double length)
+{
+    return std::fabs(length - 1.0) <= kUnit; // not so for NaN
+}
+
+bool usable(const double q[4])
+{
+    const double square = dot(q, q, 4);
+    return std::isfinite(square) && square > KL_NULL_LENGTH_SQUARED;
+}
+
+// Quaternion of a matrix by its columns, before the sign of the convention: the trace, or the largest diagonal element
+// (Shepperd, J. Guidance and Control 1, 223, 1978).
+void provisional_quaternion(const double *const column[3], double q[4])
+{
+    const auto A = [column](int i, int j) { return column[j][i]; };
+    const double trace = A(0, 0) + A(1, 1) + A(2, 2);
+    int i = 0;
+    if (trace > 0.0) {
+        const double s = std::sqrt(trace + 1.0);
+        const double f = 0.5 / s;
+        q[0] = (A(2, 1) - A(1, 2)) * f;
+        q[1] = (A(0, 2) - A(2, 0)) * f;
+        q[2] = (A(1, 0) - A(0, 1)) * f;
+        q[kScalar] = s / 2.0;
+        return;
+    }
+    if (A(1, 1) > A(i, i))
+        i = 1;
+    if (A(2, 2) > A(i, i))
+        i = 2;
+    const int j = (i + 1) % 3;
+    const int k = (i + 2) % 3;
+    const double s = std::sqrt(A(i, i) - A(j, j) - A(k, k) + 1.0);
+    const double f = 0.5 / s;
+    q[i] = s / 2.0;
+    q[kScalar] = (A(k, j) - A(j, k)) * f;
+    q[j] = (A(j, i) + A(i, j)) * f;
+    q[k] = (A(k, i) + A(i, k)) * f;
+}
+
+} // namespace
+
+const MessageGroup messages_kl_quaternions_to_vectors = group(kToVectors);
+const MessageGroup messages_kl_vectors_to_quaternions = group(kFromVectors);
+const MessageGroup messages_kl_quaternions_interpol = group(kInterpol);
+
+long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr)
+{
+    Activation call(KL_FN_QUATERNIONS_TO_VECTORS, ierr);
+    if ((q == nullptr || !is_unit(std::sqrt(dot(q, q, 4)))) && call.stops(KL_QUATERNIONS_TO_VECTORS_MODULE_ERR))
+        return KL_ERR;
+    if (x == nullptr || y == nullptr || z == nullptr)
+        return KL_ERR;
+    const double q0 = q[0];
+    const double q1 = q[1];
+    const double q2 = q[2];
+    const double q3 = q[kScalar];
+    x[0] = q0 * q0 - q1 * q1 - q2 * q2 + q3 * q3;
+    y[0] = 2.0 * (q0 * q1 + q2 * q3);
+    z[0] = 2.0 * (q0 * q2 - q1 * q3);
+    x[1] = 2.0 * (q0 * q1 - q2 * q3);
+    y[1] = -q0 * q0 + q1 * q1 - q2 * q2 + q3 * q3;
+    z[1] = 2.0 * (q1 * q2 + q0 * q3);
+    x[2] = 2.0 * (q0 * q2 + q1 * q3);
+    y[2] = 2.0 * (q1 * q2 - q0 * q3);
+    z[2] = -q0 * q0 - q1 * q1 + q2 * q2 + q3 * q3;
+    return call.status();
+}
+
+long kl_vectors_to_quaternions(const double x[3], const double y[3], const double z[3], double q[4], long *ierr)
+{
+    Activation call(KL_FN_VECTORS_TO_QUATERNIONS, ierr);
+    if ((x == nullptr || y == nullptr || z == nullptr) && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
+        return KL_ERR;
+    if (q == nullptr)
+        return KL_ERR;
+    double axes[3][3];
+    bool null = false;
+    const double *const given[3] = {x, y, z};
+    for (int i = 0; i < 3; ++i) {
+        KL_copy_v(given[i], 3, axes[i]);
+        null = null || normalise(axes[i], 3) <= KL_NULL_LENGTH_SQUARED;
+    }
+    const bool orthogonal = std::fabs(dot(axes[0], axes[1], 3)) <= kUnit && std::fabs(dot(axes[0], axes[2], 3)) <= kUnit
+                            && std::fabs(dot(axes[1], axes[2], 3)) <= kUnit;
+    if (!orthogonal && call.stops(KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR))
+        return KL_ERR;
+
+    double out[4] = {};
+    const double *const columns[3] = {axes[0], axes[1], axes[2]};
+    provisional_quaternion(columns, out);
+    for (int i = 0; i < kScalar; ++i) // the sign of the attitude matrix's convention
+        out[i] = -out[i];
+    // A left-handed set, or a null vector among the three.
+    if ((null || !is_unit(std::sqrt(dot(out, out, 4)))) && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
+        return KL_ERR;
+    KL_copy_v(out, 4, q);
+    return call.status();
+}
+
+long kl_quaternions_interpol(const long *mode, const double *t1, const double q1[4], const double *t2, double q2[4],
+                             const double *t, double q[4], long *ierr)
+{
+    Activation call(KL_FN_QUATERNIONS_INTERPOL, ierr);
+    if (t1 == nullptr || q1 == nullptr || t2 == nullptr || q2 == nullptr || t == nullptr || q == nullptr)
+        return KL_ERR;
+    const bool inside = *t1 <= *t && *t <= *t2;
+    const double u = *t == *t1 ? 0.0 : (*t - *t1) / (*t2 - *t1);
+    if ((!std::isfinite(u) || !std::isfinite(*t) || !usable(q1) || !usable(q2))
+        && call.stops(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR))
+        return KL_ERR;
+    if (inside) {
+        if ((mode == nullptr || *mode != KL_INTERPOL_SLERP) && call.stops(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR))
+            return KL_ERR;
+        KL_Slerp_algo(q1, q2, q, u);
+        return call.status();
+    }
+    // On purpose: the mode is not looked at here.
+    if (call.stops(KL_QUATERNIONS_INTERPOL_RANGE_WARN))
+        return KL_ERR;
+    KL_Quaternion_extrapol(q1, q2, q, u);
+    return call.status();
+}
+
+void KL_Quaternion_product(const double p[4], const double r[4], double out[4])
+{
+    double v[3];
+    cross(p, r, v);
+    const double scalar = p[kScalar] * r[kScalar] - dot(p, r, 3);
+    for (int i = 0; i < 3; ++i)
+        v[i] += p[kScalar] * r[i] + r[kScalar] * p[i];
+    KL_copy_v(v, 3, out);
+    out[kScalar] = scalar;
+}
+
+void KL_Quaternion_conjugate(const double q[4], double out[4])
+{
+    for (int i = 0; i < kScalar; ++i)
+        out[i] = -q[i];
+    out[kScalar] = q[kScalar];
+}
+
+void KL_Quaternion_inverse(const double q[4], double out[4])
+{
+    KL_Quaternion_conjugate(q, out);
+}
+
+double KL_Quaternion_norm(double q[4])
+{
+    return normalise(q, 4);
+}
+
+void KL_Quaternion_to_axis_angle(const double q[4], double axis[3], double *angle)
+{
+    *angle = 2.0 * std::acos(std::clamp(q[kScalar], -1.0, 1.0));
+    // On purpose: degrees against radians, so that this never takes effect for a unit quaternion.
+    if (*angle > 180.0)
+        *angle -= 360.0;
+    const double s = std::sin(*angle / 2.0);
+    KL_mult_ev(3, q, axis, s != 0.0 ? 1.0 / s : 0.0); // without a rotation there is no axis
+    normalise(axis, 3);
+}
+
+void KL_Angle_axis_to_quaternion(const double axis[3], double out[4], double angle)
+{
+    KL_mult_ev(3, axis, out, std::sin(angle / 2.0));
+    out[kScalar] = std::cos(angle / 2.0);
+}
+
+void KL_Quaternion_extrapol(const double q1[4], const double q2[4], double out[4], double factor)
+{
+    double step[4];
+    double axis[3];
+    double angle = 0.0;
+    KL_Quaternion_inverse(q1, step);
+    KL_Quaternion_product(step, q2, step);
+    KL_Quaternion_to_axis_angle(step, axis, &angle);
+    KL_Angle_axis_to_quaternion(axis, step, reduced_to_2pi(factor * angle));
+    KL_Quaternion_product(q1, step, out);
+    normalise(out, 4);
+}
+
+void KL_Slerp_algo(const double q1[4], double q2[4], double out[4], double u)
+{
+    double d = dot(q1, q2, 4);
+    if (d < 0.0) {
+        // On purpose: the caller's second quaternion is changed.
+        KL_mult_ev(4, q2, q2, -1.0);
+        d = dot(q1, q2, 4);
+    }
+    double w1 = 1.0 - u;
+    double w2 = u;
+    if (std::fabs(d - 1.0) > kNearlyEqual && d <= 1.0) {
+        const double theta = std::acos(d);
+        const double s = std::sin(theta);
+        w1 = std::fabs(s) < kNearlyOpposite ? 0.5 : std::sin((1.0 - u) * theta) / s;
+        w2 = std::fabs(s) < kNearlyOpposite ? 0.5 : std::sin(u * theta) / s;
+    }
+    for (int i = 0; i < 4; ++i)
+        out[i] = w1 * q1[i] + w2 * q2[i];
+    normalise(out, 4);
+}
