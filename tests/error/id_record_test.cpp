@@ -10,6 +10,7 @@
 #include <random>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -157,8 +158,11 @@ TEST(Links, StandOnBothSidesAfterAnyHistory)
     long refused = 0;
     long closed = 0;
     for (int step = 0; step < 20000; ++step) {
-        std::size_t used = pick(kIds);
+        const std::size_t one = pick(kIds);
+        std::size_t used = one;
         std::size_t user = (used + 1 + pick(kIds - 1)) % kIds;
+        if (used > user) // an id is built on older ones: the links have no circle
+            std::swap(used, user);
         const auto same = [&](const Link &link) { return link.used == used && link.user == user; };
         switch (pick(6)) {
         case 0:
@@ -178,26 +182,26 @@ TEST(Links, StandOnBothSidesAfterAnyHistory)
                 links.erase(found);
             break;
         case 3:
-            KL_Add_instance(&ids[used]->handle);
-            ++instances[used];
+            KL_Add_instance(&ids[one]->handle);
+            ++instances[one];
             break;
         case 4:
-            if (instances[used] > 0) {
-                KL_Delete_instance(&ids[used]->handle);
-                --instances[used];
+            if (instances[one] > 0) {
+                KL_Delete_instance(&ids[one]->handle);
+                --instances[one];
             }
             break;
         default: {
             const auto n_users =
-                std::count_if(links.begin(), links.end(), [&](const Link &l) { return l.used == used; });
-            const bool free = n_users == 0 && instances[used] == 0;
-            ASSERT_EQ(KL_Id_close(&ids[used]->handle), free ? 0 : -1) << step;
+                std::count_if(links.begin(), links.end(), [&](const Link &l) { return l.used == one; });
+            const bool free = n_users == 0 && instances[one] == 0;
+            ASSERT_EQ(KL_Id_close(&ids[one]->handle), free ? 0 : -1) << step;
             ++(free ? closed : refused);
             if (free) {
-                links.erase(std::remove_if(links.begin(), links.end(), [&](const Link &l) { return l.user == used; }),
+                links.erase(std::remove_if(links.begin(), links.end(), [&](const Link &l) { return l.user == one; }),
                             links.end());
                 const long sat_id = 200;
-                ASSERT_EQ(KL_Id_init(&sat_id, KL_ID_TIME, &ids[used]->record), 0);
+                ASSERT_EQ(KL_Id_init(&sat_id, KL_ID_TIME, &ids[one]->record), 0);
             }
         }
         }
@@ -391,13 +395,13 @@ TEST(Locks, AnIdWhoseMutexCannotBeMadeIsInitialisedWithoutOne)
     SKIP_WITHOUT_FAULTS();
     const std::string line = "ERROR in KL_Id_init: Could not create the mutex (98)\n";
     // The lists are the first two blocks, the mutex the third.
-    for (const auto &[site, nth] : {std::pair(Site::kMutexInit, 0), std::pair(Site::kAllocation, 2)}) {
+    for (const auto &place : {std::pair(Site::kMutexInit, 0), std::pair(Site::kAllocation, 2)}) {
         kl_id_record record = {};
         kl_id_record *handle = &record;
         const long sat_id = 200;
         long result = 0;
         const std::string err = captured_stderr([&] {
-            Fail fail(site, nth);
+            Fail fail(place.first, place.second);
             result = KL_Id_init(&sat_id, KL_ID_TIME, &record);
             fail.disarm();
         });
