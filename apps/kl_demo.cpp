@@ -16,17 +16,21 @@ namespace {
 constexpr double kDegrees = 57.29577951308232;
 const long kProcessing = KL_PROC;
 
-// Ends the program with the messages of a failed call; warnings are printed and the call counts.
+bool outside_table = false;
+
+// Ends the program with the messages of a failed call. The one warning that can come is that of an instant outside the
+// time correlation; it is said once, at the end.
 void require(long status, long function_id, const long *ierr)
 {
-    if (status == KL_OK)
+    if (status == KL_WARN)
+        outside_table = true;
+    if (status != KL_ERR)
         return;
     static char messages[KL_MAX_MSG][512];
     long n = 0;
     kl_get_msg(&function_id, ierr, &n, messages);
     kl_print_msg(&n, messages);
-    if (status == KL_ERR)
-        std::exit(EXIT_FAILURE);
+    std::exit(EXIT_FAILURE);
 }
 
 struct Instant {
@@ -41,7 +45,11 @@ Instant read_instant(kl_time_id *time_id, const char *given)
         std::snprintf(instant.text, sizeof instant.text, "%.31s", given);
     else if (const long format = KL_ASCII_43; KL_Time_current_time(&format, instant.text, nullptr) != 0)
         std::exit(EXIT_FAILURE);
-    const long format = std::strchr(instant.text, '.') != nullptr ? KL_ASCII_43 : KL_ASCII_41;
+    const bool fraction = std::strchr(instant.text, '.') != nullptr;
+    constexpr std::size_t kWithMicroseconds = 26;
+    for (std::size_t n = std::strlen(instant.text); fraction && n < kWithMicroseconds; ++n)
+        instant.text[n] = '0';
+    const long format = fraction ? KL_ASCII_43 : KL_ASCII_41;
     const long utc = KL_TIME_UTC;
     long ierr[1];
     require(kl_time_ascii_to_processing(time_id, &format, &utc, instant.text, &kProcessing, &utc, &instant.utc, ierr),
@@ -228,6 +236,8 @@ int main(int argc, char **argv)
     show_formats(run_id, instant.utc);
     show_bodies(run_id, instant.utc);
     show_satellite(run_id, instant.utc);
+    if (outside_table)
+        std::puts("\nThe instant lies outside the rows of the time correlation: the nearest row's UT1-UTC was used.");
 
     kl_run_close(&run_id);
     require(kl_model_close(&model_id, ierr), KL_ID_FUNC_MODEL_CLOSE, ierr);
