@@ -259,9 +259,11 @@ TEST_F(Bodies, StayNearErfaInTheEarthFixedFrame)
         double arcsec, km;
     };
     constexpr Case kCases[] = {
-        {"Sun", kSun, 0, 2.8, 900.0},        {"Moon", kMoon, 0, 14.0, 47.0},      {"Mercury", kPlanet, 1, 5.0, 2000.0},
-        {"Venus", kPlanet, 2, 10.0, 2000.0}, {"Mars", kPlanet, 4, 7.0, 2000.0},   {"Jupiter", kPlanet, 5, 0.8, 2000.0},
-        {"Saturn", kPlanet, 6, 0.5, 2000.0}, {"Uranus", kPlanet, 7, 0.4, 2000.0}, {"Neptune", kPlanet, 8, 0.3, 2000.0},
+        {"Sun", kSun, 0, 2.7, 900.0},         {"Moon", kMoon, 0, 13.8, 46.0},
+        {"Mercury", kPlanet, 1, 4.4, 1900.0}, {"Venus", kPlanet, 2, 8.6, 1900.0},
+        {"Mars", kPlanet, 4, 5.3, 1900.0},    {"Jupiter", kPlanet, 5, 0.65, 1900.0},
+        {"Saturn", kPlanet, 6, 0.3, 1900.0},  {"Uranus", kPlanet, 7, 0.18, 1900.0},
+        {"Neptune", kPlanet, 8, 0.1, 1900.0},
     };
     for (const Case &c : kCases)
         for (double ut1 = kFirst + 1.0; ut1 < kLast; ut1 += 23.37) {
