@@ -34,7 +34,7 @@ TEST(LibError, KeepsItsOwnCopyOfTheVector)
     EXPECT_EQ(codes_of(error), (std::vector<long>{1, 2}));
     EXPECT_EQ(messages_of(error),
               (std::vector<std::string>{"Class::method", "ORBKIT_LIB >>> ERROR in kl_sun: Input date is out of range",
-                                        "ORBKIT_LIB >>> ERROR in kl_sun: Time reference not initialised"}));
+                                        "ORBKIT_LIB >>> ERROR in kl_sun: Time Reference not initialised"}));
     EXPECT_EQ(error.status(), KL_ERR);
     EXPECT_EQ(error.functionId(), KL_ID_FUNC_SUN);
     EXPECT_EQ(error.library(), 2);
