@@ -23,7 +23,7 @@ T *shifted(T *p, long elements)
 template <typename T>
 T *allocate(long lo, long hi)
 {
-    if (hi < lo - 1)
+    if (hi < lo)
         return nullptr;
     unsigned long n = static_cast<unsigned long>(hi) - static_cast<unsigned long>(lo) + 1UL;
     if (n > PTRDIFF_MAX / sizeof(T) - kFront)
