@@ -87,8 +87,10 @@ public:
             else
                 take(line);
         }
-        if (std::ferror(file) != 0)
+        if (std::ferror(file) != 0) {
             wrong("the file cannot be read");
+            return false;
+        }
         for (std::size_t key = 0; key < std::size(kKeys); ++key)
             if (seen_[key] == 0)
                 wrong("the file ends without", kKeys[key].name);

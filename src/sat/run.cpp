@@ -45,15 +45,13 @@ kl_id_record *record_of(void *handle_record)
     return static_cast<kl_id_record *>(handle_record);
 }
 
+// On failure one side may stand alone; the run is released then.
 bool link(kl_id_record *used, kl_id_record *run)
 {
     if (!IdList(run->uses).append(used))
         return false;
     const UsersLock lock(used);
-    if (IdList(used->users).append(run))
-        return true;
-    IdList(run->uses).remove(used);
-    return false;
+    return IdList(used->users).append(run);
 }
 
 void forget_run(kl_id_record *used, const kl_id_record *run)

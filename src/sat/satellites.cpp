@@ -74,8 +74,9 @@ long get_period(int function_id, const long *sat_id, const double (&axes)[KL_N_S
                 double *period, kl_error_record *error)
 {
     Activation call(function_id, error);
-    const long row = usable_row_of(sat_id);
-    if (row < 0 && call.stops(KL_PERIOD_SAT_ID))
+    ErrorRecord mapping;
+    long row = 0;
+    if (KL_Sat_id_to_array(sat_id, &row, &mapping) != 0 && call.stops(KL_PERIOD_SAT_ID))
         return KL_ERR;
     double axis = axes[row];
     if (axis < kEarthRadius) {
@@ -154,8 +155,10 @@ long KL_Get_max_period(const long *sat_id, double *period, kl_error_record *erro
 
 long kl_set_tle_sat_data(const long *sat_id, const long *catalogue_number, const char *name, const char *designator)
 {
-    const long row = usable_row_of(sat_id);
-    if (row < KL_ROW_FIRST_MISSION || catalogue_number == nullptr || name == nullptr || designator == nullptr)
+    ErrorRecord mapping;
+    long row = 0;
+    if (catalogue_number == nullptr || name == nullptr || designator == nullptr
+        || KL_Sat_id_to_array(sat_id, &row, &mapping) != 0 || is_default_satellite(row))
         return -1;
     kl_tle_sat_data &data = TLE_SAT_DATA[row];
     data.catalogue_number = *catalogue_number;
@@ -176,8 +179,9 @@ long KL_Get_tle_sat_data(const long *sat_id, long *catalogue_number, char *name,
 
 long kl_set_sp3_sat_data(long sat_id, const char *identifier)
 {
-    const long row = usable_row_of(&sat_id);
-    if (row < 0 || identifier == nullptr)
+    ErrorRecord mapping;
+    long row = 0;
+    if (identifier == nullptr || KL_Sat_id_to_array(&sat_id, &row, &mapping) != 0)
         return -1;
     put_text(KL_SP3_PARAMS[row], identifier);
     return 0;

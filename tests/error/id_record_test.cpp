@@ -5,6 +5,7 @@
 #include "support/fault_injection.h"
 
 #include <algorithm>
+#include <cstring>
 #include <functional>
 #include <memory>
 #include <random>
@@ -47,7 +48,9 @@ using Entries = std::vector<const kl_id_record *>;
 
 TEST(IdRecord, IsFilledByInit)
 {
-    kl_id_record record = {};
+    kl_id_record record;
+    std::memset(&record, 0x5a, sizeof record);
+    record.init_status = 0;
     record.mode = 77;
     kl_id_record *handle = &record;
     EXPECT_EQ(KL_Id_init_status(&handle), 0);
@@ -59,7 +62,8 @@ TEST(IdRecord, IsFilledByInit)
     EXPECT_EQ(KL_Id_get_sat_id(&handle), 301);
     EXPECT_EQ(KL_Id_get_mode(&handle), 77) << "a mode is its kind's to set";
     EXPECT_EQ(KL_Is_used(&handle), 0);
-    EXPECT_NE(record.mutex, nullptr);
+    EXPECT_EQ(record.instances, 0);
+    ASSERT_NE(record.mutex, nullptr);
     EXPECT_EQ(KL_Id_close(&handle), 0);
     EXPECT_EQ(record.kind, 0);
     EXPECT_EQ(record.init_status, 0);

@@ -1,4 +1,5 @@
 // Default satellites and the file they are filled from.
+#include "kit_data_handling.h"
 #include "kl_family.h"
 #include "support/captured_stream.h"
 #include "support/fault_injection.h"
@@ -140,6 +141,8 @@ TEST_F(DefaultSatellites, ClosingClearsAllButTheLimits)
     const long id = init(kExample);
     ASSERT_EQ(id, 0);
     EXPECT_EQ(kl_set_sp3_sat_data(0, "SP3!"), 0) << "while it is in use";
+    const long number = 7;
+    EXPECT_EQ(kl_set_tle_sat_data(&id, &number, "x", "y"), -1) << "in use or not";
     EXPECT_EQ(kl_default_sat_close(&id), 0);
     EXPECT_EQ(KL_Check_sat_id(&id, nullptr), -1);
     EXPECT_EQ(std::string(kl_default_sat_names[0], 30), std::string(30, '\0'));
@@ -303,9 +306,19 @@ TEST_F(DefaultSatellites, EveryMistakeInAFileIsReportedWithItsLine)
         EXPECT_EQ(ierr[0], kErrorBit | 1L << KL_DEFAULT_SAT_INIT_FILE_ERR) << c.name;
         EXPECT_EQ(A_MIN[id], 0) << c.name;
         kl_default_sat_close(&id);
+        kd_sat_init data, before;
+        std::memset(&data, 0x5a, sizeof data);
+        std::memset(&before, 0x5a, sizeof before);
+        captured_stderr([&] { EXPECT_EQ(KD_Read_sat_init_file(path.c_str(), &data), -1) << c.name; });
+        EXPECT_EQ(std::memcmp(&data, &before, sizeof data), 0) << c.name;
     }
     const std::string err = captured_stderr([&] { init("no/such/file.cfg"); });
     EXPECT_EQ(err, "KD_Read_sat_init_file: no/such/file.cfg:0: No such file or directory\n");
+    const std::string directory = captured_stderr([&] { init("examples"); });
+    EXPECT_EQ(directory, "KD_Read_sat_init_file: examples:0: the file cannot be read\n");
+    kd_sat_init data;
+    EXPECT_EQ(KD_Read_sat_init_file(nullptr, &data), -1);
+    EXPECT_EQ(KD_Read_sat_init_file(kExample, nullptr), -1);
 }
 
 TEST_F(DefaultSatellites, LocksThatFail)

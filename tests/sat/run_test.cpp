@@ -65,10 +65,13 @@ protected:
         return run;
     }
 
-    RunLayout *layout()
+    // Record of the oldest run, or of one of the next.
+    RunLayout *layout(int skip = 0)
     {
-        auto *users = static_cast<kd_list *>(ids.time_record.record.users);
-        return kd_list_size(users) > 0 ? *static_cast<RunLayout **>(kd_list_data(kd_list_begin(users))) : nullptr;
+        kd_list_node *node = kd_list_begin(static_cast<kd_list *>(ids.time_record.record.users));
+        while (skip-- > 0)
+            node = kd_list_next(node);
+        return *static_cast<RunLayout **>(kd_list_data(node));
     }
 
     Ids ids;
@@ -81,8 +84,10 @@ long status(long run, long kind)
 
 TEST_F(Runs, GroupThreeIdsUnderTheLowestFreeNumber)
 {
-    for (long n = 0; n < 5; ++n)
+    for (long n = 0; n < 5; ++n) {
         EXPECT_EQ(open(), n);
+        EXPECT_EQ(layout(static_cast<int>(n))->head.mode, n) << "the run's own number";
+    }
     const long third = 3;
     kl_run_close(&third);
     EXPECT_EQ(kl_run_init_status(&third), 0);
@@ -96,12 +101,11 @@ TEST_F(Runs, GroupThreeIdsUnderTheLowestFreeNumber)
     EXPECT_EQ(model.record, ids.model.record);
     EXPECT_EQ(KL_Run_get_init_type(&third), KL_ID_RUN);
     const RunLayout *run = layout();
-    ASSERT_NE(run, nullptr);
     EXPECT_EQ(run->head.kind, KL_ID_RUN);
     EXPECT_EQ(run->head.sat_id, kSatId);
     EXPECT_EQ(run->head.mutex, nullptr);
     EXPECT_EQ(run->head.instances, 0);
-    EXPECT_EQ(run->head.mode, 0) << "the number of the first run";
+    EXPECT_EQ(run->sat_id, kSatId);
     EXPECT_EQ(KL_Get_used_id(run, KL_ID_TIME), ids.time.record);
     EXPECT_EQ(KL_Get_used_id(run, KL_ID_MODEL), ids.model.record);
 }

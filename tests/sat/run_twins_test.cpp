@@ -175,6 +175,17 @@ TEST_F(RunTwins, OnPurposeThoseOfTheClocksPassOnThatThereIsNoSatellite)
         }
 }
 
+TEST_F(RunTwins, KeepTheIdsOfTheirRunFromBeingClosed)
+{
+    long ierr[1] = {0};
+    EXPECT_EQ(kl_time_close(&ids.time, ierr), KL_ERR);
+    EXPECT_EQ(ierr[0], LONG_MIN | 1L);
+    EXPECT_EQ(kl_time_init_status(&ids.time), 1);
+    EXPECT_EQ(kl_model_close(&ids.model, ierr), KL_ERR);
+    EXPECT_EQ(ierr[0], LONG_MIN | 1L);
+    EXPECT_EQ(kl_model_init_status(&ids.model), 1);
+}
+
 TEST_F(RunTwins, TakeTheModelsOfTheRunOrTheDefaultOnes)
 {
     kl_model_id no_moon = {};

@@ -1,5 +1,6 @@
 // Satellite ids, their rows and the data behind them.
 #include "kl_family.h"
+#include "support/captured_stream.h"
 #include "support/tolerances.h"
 
 #include <gtest/gtest.h>
@@ -159,6 +160,15 @@ TEST(SatelliteIds, HaveTheirMessages)
         EXPECT_EQ(text_of(record), c.text) << c.name;
         EXPECT_EQ(c.call(nullptr, &record), -1) << c.name;
     }
+    // In verbose mode the mapping says first what is wrong with the id.
+    double period = 0;
+    const long free_slot = 4;
+    kl_verbose();
+    const std::string said = captured_stderr([&] { KL_Get_min_period(&free_slot, &period, nullptr); });
+    const std::string refused = captured_stderr([&] { EXPECT_EQ(kl_set_sp3_sat_data(13, "x"), -1); });
+    kl_silent();
+    EXPECT_EQ(said, std::string(cases[2].text) + "\n" + cases[3].text + "\n");
+    EXPECT_EQ(refused, std::string(cases[1].text) + "\n");
     // Kept in the table although no check records it.
     kl_error_record record;
     KL_Reset_Err(&record);
