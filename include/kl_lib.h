@@ -1404,8 +1404,8 @@ KL_API long kl_quaternions_interpol(const long *mode, const double *t1, const do
  * @param[in]  angles  [3] deg
  * @param[out] matrix  [9] row by row, with s and c the sines and cosines:
  *                     c1c2+s0s1s2, c0s2, s1c2-s0c1s2 / -c1s2+s0s1c2, c0c2, -s1s2-s0c1c2 / -c0s1, s0, c0c1.
- *                     Angles (0, 0, 90) give 0 1 0 / -1 0 0 / 0 0 1: the components of a fixed vector in axes
- *                     turned by 90 deg about z
+ *                     In frame rotations that is Rz(a2) Rx(-a0) Ry(-a1). Angles (0, 0, 90) give
+ *                     0 1 0 / -1 0 0 / 0 0 1: the components of a fixed vector in axes turned by 90 deg about z
  * @param[out] ierr    [1] cleared; there are no conditions and the function has no public id
  * @return KL_OK (KL_ERR for NULL)
  */
