@@ -1,0 +1,117 @@
+// Time ids of the tests: explicit readings, and tables built from the differences of the scales.
+#ifndef KL_TESTS_TIME_TIME_TABLE_H
+#define KL_TESTS_TIME_TIME_TABLE_H
+
+#include "kl_family.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <vector>
+
+// What a vector holds after one error, or after one warning.
+constexpr long error_bit(long bit)
+{
+    return LONG_MIN | 1L << bit;
+}
+constexpr long warning_bit(long bit)
+{
+    return 1L << 30 | 1L << bit;
+}
+
+constexpr double kDay = 86400.0; // s
+constexpr long kProcessing = KL_PROC;
+
+struct OwnedTimeId {
+    kl_time_id id{};
+
+    OwnedTimeId() = default;
+    ~OwnedTimeId()
+    {
+        if (kl_time_init_status(&id) != 0) {
+            EXPECT_EQ(kl_time_close(&id, nullptr), KL_OK) << "something still uses it";
+        }
+    }
+    OwnedTimeId(const OwnedTimeId &) = delete;
+    OwnedTimeId &operator=(const OwnedTimeId &) = delete;
+};
+
+inline kl_time_row row_at(double utc, double tai_utc, double tai_ut1, double tai_gps = 19.0)
+{
+    kl_time_row row;
+    row.utc = utc;
+    row.tai = utc + tai_utc / kDay;
+    row.ut1 = row.tai - tai_ut1 / kDay;
+    row.tai_utc = tai_utc;
+    row.tai_ut1 = tai_ut1;
+    row.tai_gps = tai_gps;
+    return row;
+}
+
+struct Table {
+    std::vector<kl_time_row> rows;
+    kl_time_id_data data{};
+
+    explicit Table(std::vector<kl_time_row> given) : rows(std::move(given))
+    {
+        data.model = 1;
+        data.no_extrapolation = 1;
+    }
+    long set(kl_time_id *id)
+    {
+        data.n_rows = static_cast<long>(rows.size());
+        data.rows = rows.data();
+        return kl_time_set_id_data(id, &data);
+    }
+};
+
+// Six days of daily rows around a leap second; the first row stands `phase` days after 0h. UT1 runs on evenly.
+inline Table leap_table(double leap_utc, double tai_utc_before, int sign, double phase = 0.0)
+{
+    std::vector<kl_time_row> rows;
+    for (int i = -3; i <= 3; ++i) {
+        const double utc = leap_utc + i + phase;
+        rows.push_back(row_at(utc, tai_utc_before + (utc < leap_utc ? 0 : sign), tai_utc_before + 0.3 + 0.001 * i));
+    }
+    return Table(rows);
+}
+
+constexpr double k2017 = 6210.0; // 2017-01-01
+
+// Converts between scales and hands out the vector; the result is NaN after an error.
+struct Converted {
+    long status;
+    long ierr;
+    double time;
+};
+inline Converted convert(kl_time_id *id, long from, double time, long to)
+{
+    Converted out{KL_OK, -1, __builtin_nan("")};
+    out.status =
+        kl_time_processing_to_processing(id, &kProcessing, &from, &time, &kProcessing, &to, &out.time, &out.ierr);
+    return out;
+}
+
+struct Deltas {
+    long status;
+    double tai_utc, tai_ut1, tai_gps;
+    long in_leap, after_leap;
+    kl_error_record error;
+
+    bool warned(long code) const
+    {
+        constexpr long kFileDeltas = 38; // the look-up's internal id
+        long found = 0;
+        KL_Check_Err(kFileDeltas, code, &error, &found);
+        return found == 1;
+    }
+};
+inline Deltas deltas_at(kl_time_id *id, long ref, double time)
+{
+    Deltas out;
+    out.status = KL_Time_ref_init_file_deltas(id, &time, &ref, &out.tai_utc, &out.tai_ut1, &out.tai_gps, &out.in_leap,
+                                              &out.after_leap, &out.error);
+    return out;
+}
+
+#endif
