@@ -1,5 +1,6 @@
 // Precession between two epochs, rotations from Euler angles, correction of the equinox.
 #include "celestial/celestial.h"
+#include "celestial/sin_cos.h"
 
 namespace {
 
@@ -10,11 +11,9 @@ struct Matrix {
     double m[3][3];
 };
 
-// Rotation of the axes about one of them; false for a letter that names none.
-bool axis_rotation(char axis, double angle, Matrix *rotation)
+// Rotation of the axes about one of them, from sine and cosine of the angle; false for a letter that names none.
+bool axis_rotation(char axis, double s, double c, Matrix *rotation)
 {
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
     switch (axis) {
     case 'X':
     case 'x':
@@ -41,10 +40,12 @@ bool axis_rotation(char axis, double angle, Matrix *rotation)
 void KL_SlaDeuler(const char *order, double phi, double theta, double psi, double rmat[3][3])
 {
     const double angles[3] = {phi, theta, psi};
+    double s[3], c[3];
+    sin_cos(angles, s, c);
     Matrix result = {{{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}}};
     for (int n = 0; n < 3 && order != nullptr; ++n) {
         Matrix axis;
-        if (!axis_rotation(order[n], angles[n], &axis)) // the end of the text names no axis either
+        if (!axis_rotation(order[n], s[n], c[n], &axis)) // the end of the text names no axis either
             break;
         Matrix product;
         for (int i = 0; i < 3; ++i)

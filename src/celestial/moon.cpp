@@ -6,140 +6,152 @@
 #include "error/message_groups.h"
 #include "time/time.h"
 
-#include <array>
 #include <cstddef>
+#include <cstdlib>
 
 namespace {
 
-// A complex number and its rate per century: a unit vector at an angle, sums of such angles by multiplication.
-struct Turn {
-    double re, im, re_rate, im_rate;
-};
+// A complex number in one register of two; * works on each part, product() is the complex one.
+using Complex = double __attribute__((vector_size(16)));
 
-Turn operator*(const Turn &a, const Turn &b)
+Complex product(Complex a, Complex b)
 {
-    return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re,
-            a.re_rate * b.re + a.re * b.re_rate - (a.im_rate * b.im + a.im * b.im_rate),
-            a.re_rate * b.im + a.re * b.im_rate + (a.im_rate * b.re + a.im * b.re_rate)};
+    return a[0] * b + a[1] * Complex{-b[1], b[0]};
 }
 
-Turn conjugate(const Turn &a)
-{
-    return {a.re, -a.im, a.re_rate, -a.im_rate};
-}
-
-// Multiples -kMost to kMost of an angle.
+// Multiples -kMost to kMost of an angle: powers of its unit vector, with a factor if `once` has one.
 template <int kMost>
 struct Multiples {
-    Turn turn[2 * kMost + 1];
+    Complex power[2 * kMost + 1];
 
-    explicit Multiples(const Turn &once)
+    explicit Multiples(Complex once)
     {
-        turn[kMost] = {1.0, 0.0, 0.0, 0.0};
+        power[kMost] = Complex{1.0, 0.0};
         for (int k = 1; k <= kMost; ++k) {
-            turn[kMost + k] = turn[kMost + k - 1] * once;
-            turn[kMost - k] = conjugate(turn[kMost + k]);
+            const Complex z = product(power[kMost + k - 1], once);
+            power[kMost + k] = z;
+            power[kMost - k] = Complex{z[0], -z[1]};
         }
     }
-    const Turn &operator[](int multiple) const { return turn[kMost + multiple]; }
+    Complex operator[](int multiple) const { return power[kMost + multiple]; }
 };
 
-// The series use few of the possible pairs of multiples: of M and M', and of D and F. Each pair is multiplied once.
+// The series use few of the possible pairs of multiples: of M and M' (the anomalies), and of D and F (the elongations).
+// Each pair is multiplied once. Arguments are turned to the side of positive D, or positive F without D.
 struct Pair {
     int a, b;
 };
-
-// The pairs of all three series in the order of their first appearance, as a compile-time list.
-template <class Pick>
-constexpr auto list_pairs(Pick pick)
+constexpr bool operator==(const Pair &x, const Pair &y)
 {
-    struct {
-        Pair pairs[64] = {};
-        int count = 0;
-    } list;
-    const auto add = [&](const LunarTerm &term) {
-        const Pair pair = pick(term);
-        for (int i = 0; i < list.count; ++i)
-            if (list.pairs[i].a == pair.a && list.pairs[i].b == pair.b)
-                return;
-        list.pairs[list.count++] = pair;
-    };
-    for (const LunarTerm &term : kTl)
-        add(term);
-    for (const LunarTerm &term : kTb)
-        add(term);
-    for (const LunarTerm &term : kTp)
-        add(term);
-    return list;
+    return x.a == y.a && x.b == y.b;
+}
+
+constexpr int side_of(const LunarTerm &term)
+{
+    return term.d < 0 || (term.d == 0 && term.f < 0) ? -1 : 1;
 }
 constexpr Pair anomalies_of(const LunarTerm &term)
 {
-    return {term.m, term.mp};
+    return {side_of(term) * term.m, side_of(term) * term.mp};
 }
 constexpr Pair elongations_of(const LunarTerm &term)
 {
-    return {term.d, term.f};
-}
-constexpr auto kAnomalyPairs = list_pairs(anomalies_of);
-constexpr auto kElongationPairs = list_pairs(elongations_of);
-
-template <class List>
-constexpr std::uint8_t place(const List &list, const Pair &pair)
-{
-    int i = 0;
-    while (list.pairs[i].a != pair.a || list.pairs[i].b != pair.b)
-        ++i;
-    return static_cast<std::uint8_t>(i);
+    return {side_of(term) * term.d, side_of(term) * term.f};
 }
 
-// A series with the places of its pairs.
-struct PlacedTerm {
-    double c;
-    std::uint8_t anomalies, elongations;
+struct PairList {
+    Pair pairs[48] = {};
+    int count = 0;
+
+    constexpr int place(const Pair &pair) const
+    {
+        int i = 0;
+        while (i < count && !(pairs[i] == pair))
+            ++i;
+        return i;
+    }
+    template <std::size_t N, class Pick>
+    constexpr void add(const LunarTerm (&terms)[N], Pick pick)
+    {
+        for (const LunarTerm &term : terms) {
+            const int i = place(pick(term));
+            pairs[i] = pick(term);
+            count = i < count ? count : i + 1;
+        }
+    }
 };
-template <std::size_t N>
-constexpr std::array<PlacedTerm, N> placed(const LunarTerm (&terms)[N])
-{
-    std::array<PlacedTerm, N> result = {};
-    for (std::size_t i = 0; i < N; ++i)
-        result[i] = {terms[i].c, place(kAnomalyPairs, anomalies_of(terms[i])),
-                     place(kElongationPairs, elongations_of(terms[i]))};
-    return result;
-}
-constexpr auto kLongitudeTerms = placed(kTl);
-constexpr auto kLatitudeTerms = placed(kTb);
-constexpr auto kParallaxTerms = placed(kTp);
 
+template <class Pick>
+constexpr PairList pairs_of_all_series(Pick pick)
+{
+    PairList list;
+    list.add(kTl, pick);
+    list.add(kTb, pick);
+    list.add(kTp, pick);
+    return list;
+}
+constexpr PairList kAnomalies = pairs_of_all_series(anomalies_of);
+constexpr PairList kElongations = pairs_of_all_series(elongations_of);
+
+// A series in groups of the same elongations, small terms first in each.
+template <std::size_t N>
+struct Series {
+    struct Term {
+        Complex c; // the coefficient, twice
+        int anomalies;
+    } terms[N];
+    struct Group {
+        int elongations, end;
+    } groups[N];
+    int n_groups;
+};
+
+template <std::size_t N>
+constexpr Series<N> series_of(const LunarTerm (&rows)[N], bool of_sines)
+{
+    Series<N> series = {};
+    int n = 0;
+    for (int pair = 0; pair < kElongations.count; ++pair) {
+        const int before = n;
+        for (std::size_t i = N; i-- > 0;)
+            if (elongations_of(rows[i]) == kElongations.pairs[pair]) {
+                const double c = of_sines ? side_of(rows[i]) * rows[i].c : rows[i].c; // sin(-x) = -sin x
+                series.terms[n++] = {Complex{c, c}, kAnomalies.place(anomalies_of(rows[i]))};
+            }
+        if (n > before)
+            series.groups[series.n_groups++] = {pair, n};
+    }
+    return series;
+}
+constexpr auto kLongitudeSeries = series_of(kTl, true);
+constexpr auto kLatitudeSeries = series_of(kTb, true);
+constexpr auto kParallaxSeries = series_of(kTp, false);
+
+struct ComplexAndRate {
+    Complex value, rate;
+};
 struct ValueAndRate {
     double value, rate; // degrees, degrees per century
 };
 
-// Sum of the sines, the small terms first.
+// The elongations come as partners: (im, re) picks the sine of a product, re im' + im re', and (re, -im) the cosine.
 template <std::size_t N>
-ValueAndRate sum_of_sines(const std::array<PlacedTerm, N> &terms, const Turn *anomalies, const Turn *elongations)
+ValueAndRate sum(const Series<N> &series, const ComplexAndRate *anomalies, const ComplexAndRate *partners)
 {
-    ValueAndRate sum = {0.0, 0.0};
-    for (std::size_t i = N; i-- > 0;) {
-        const Turn &a = anomalies[terms[i].anomalies];
-        const Turn &b = elongations[terms[i].elongations];
-        sum.value += terms[i].c * (a.re * b.im + a.im * b.re);
-        sum.rate += terms[i].c * ((a.re_rate * b.im + a.im_rate * b.re) + (a.re * b.im_rate + a.im * b.re_rate));
+    Complex total = {0.0, 0.0}, total_rate = {0.0, 0.0};
+    int i = 0;
+    for (int g = 0; g < series.n_groups; ++g) {
+        Complex value = {0.0, 0.0}, rate = {0.0, 0.0};
+        do {
+            const ComplexAndRate &z = anomalies[series.terms[i].anomalies];
+            value += series.terms[i].c * z.value;
+            rate += series.terms[i].c * z.rate;
+        } while (++i < series.groups[g].end);
+        const ComplexAndRate &partner = partners[series.groups[g].elongations];
+        total += value * partner.value;
+        total_rate += rate * partner.value + value * partner.rate;
     }
-    return sum;
-}
-
-// Sum of the cosines.
-template <std::size_t N>
-ValueAndRate sum_of_cosines(const std::array<PlacedTerm, N> &terms, const Turn *anomalies, const Turn *elongations)
-{
-    ValueAndRate sum = {0.0, 0.0};
-    for (std::size_t i = N; i-- > 0;) {
-        const Turn &a = anomalies[terms[i].anomalies];
-        const Turn &b = elongations[terms[i].elongations];
-        sum.value += terms[i].c * (a.re * b.re - a.im * b.im);
-        sum.rate += terms[i].c * ((a.re_rate * b.re - a.im_rate * b.im) + (a.re * b.re_rate - a.im * b.im_rate));
-    }
-    return sum;
+    return {total[0] + total[1], total_rate[0] + total_rate[1]};
 }
 
 constexpr Message kMoonPosVelMessages[] = {
@@ -184,22 +196,33 @@ void KL_SlaDmoon(double pv[6], double date)
     // Multiples of M, M', D and F. The eccentricity factor goes with M: E^|m| of every term.
     double s[6], c[6];
     sin_cos(argument, s, c);
-    const auto unit = [&](int k) { return Turn{c[k], s[k], -s[k] * rate[k], c[k] * rate[k]}; };
-    const Turn eccentricity = {1.0 + (kEfac[0] + kEfac[1] * t) * t, 0.0, kEfac[0] + 2.0 * kEfac[1] * t, 0.0};
-    const Multiples<2> sun(eccentricity * unit(kSunAnomaly));
+    const auto unit = [&](int k) { return Complex{c[k], s[k]}; };
+    const double e = 1.0 + (kEfac[0] + kEfac[1] * t) * t;
+    const double e_rate = (kEfac[0] + 2.0 * kEfac[1] * t) / e; // of its logarithm
+    const Multiples<2> sun(e * unit(kSunAnomaly));
     const Multiples<4> moon(unit(kMoonAnomaly));
     const Multiples<4> elongation(unit(kElongation));
     const Multiples<3> latitude(unit(kArgumentOfLatitude));
-    Turn anomalies[kAnomalyPairs.count], elongations[kElongationPairs.count];
-    for (int i = 0; i < kAnomalyPairs.count; ++i)
-        anomalies[i] = sun[kAnomalyPairs.pairs[i].a] * moon[kAnomalyPairs.pairs[i].b];
-    for (int i = 0; i < kElongationPairs.count; ++i)
-        elongations[i] = elongation[kElongationPairs.pairs[i].a] * latitude[kElongationPairs.pairs[i].b];
+    ComplexAndRate anomalies[kAnomalies.count], for_sine[kElongations.count], for_cosine[kElongations.count];
+    for (int i = 0; i < kAnomalies.count; ++i) {
+        const Pair k = kAnomalies.pairs[i];
+        const Complex z = product(sun[k.a], moon[k.b]);
+        const double turning = k.a * rate[kSunAnomaly] + k.b * rate[kMoonAnomaly];
+        anomalies[i] = {z, (std::abs(k.a) * e_rate) * z + turning * Complex{-z[1], z[0]}};
+    }
+    for (int i = 0; i < kElongations.count; ++i) {
+        const Pair k = kElongations.pairs[i];
+        const Complex z = product(elongation[k.a], latitude[k.b]);
+        const double turning = k.a * rate[kElongation] + k.b * rate[kArgumentOfLatitude];
+        const Complex sine = {z[1], z[0]}, cosine = {z[0], -z[1]};
+        for_sine[i] = {sine, turning * cosine};
+        for_cosine[i] = {cosine, -turning * sine};
+    }
 
     // Longitude, latitude, parallax: rad, rad/s.
-    const ValueAndRate tl = sum_of_sines(kLongitudeTerms, anomalies, elongations);
-    const ValueAndRate tb = sum_of_sines(kLatitudeTerms, anomalies, elongations);
-    const ValueAndRate tp = sum_of_cosines(kParallaxTerms, anomalies, elongations);
+    const ValueAndRate tl = sum(kLongitudeSeries, anomalies, for_sine);
+    const ValueAndRate tb = sum(kLatitudeSeries, anomalies, for_sine);
+    const ValueAndRate tp = sum(kParallaxSeries, anomalies, for_cosine);
     const double lon = argument[kMoonLongitude] + kDegree * tl.value;
     const double lon_rate = (rate[kMoonLongitude] + kDegree * tl.rate) / kSecondsPerCentury;
     const double g = 1.0 - kLatfac[0] * slow_cos[2] - kLatfac[1] * slow_cos[3];
