@@ -140,7 +140,8 @@ long kl_quaternions_interpol(const long *mode, const double *t1, const double q1
     if (t1 == nullptr || q1 == nullptr || t2 == nullptr || q2 == nullptr || t == nullptr || q == nullptr)
         return KL_ERR;
     const bool inside = *t1 <= *t && *t <= *t2;
-    const double u = *t == *t1 ? 0.0 : (*t - *t1) / (*t2 - *t1);
+    const double span = *t2 - *t1;
+    const double u = *t == *t1 ? 0.0 : span != 0.0 ? (*t - *t1) / span : NAN;
     if ((!std::isfinite(u) || !std::isfinite(*t) || !usable(q1) || !usable(q2))
         && call.stops(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR))
         return KL_ERR;

@@ -154,6 +154,8 @@ Counts time_to_tarvos(const kl_obt_param_tarvos &ref, double time)
 
 double time_to_kelda(const kl_obt_param_kelda &ref, double time)
 {
+    if (ref.gain == 0.0)
+        return NAN; // a clock that stands has no reading
     return kelda_ref_obt(ref) + (KL_SECONDS_PER_DAY * time - kelda_ref_time(ref) - ref.offset) / ref.gain;
 }
 
