@@ -99,11 +99,13 @@ inline kl_std_record standard_of(double t)
     return out;
 }
 
-// The processing value of a standard record.
+// The processing value of a standard record. The parts of the day are added first: with one rounding of the large sum
+// the microsecond comes back up to the end of 2099, with two it would not.
 inline double processing_of(const kl_std_record &record)
 {
-    return static_cast<double>(record.days) + static_cast<double>(record.seconds) / KL_SECONDS_PER_DAY
-           + static_cast<double>(record.microseconds) / KL_MICROSECONDS_PER_DAY;
+    return static_cast<double>(record.days)
+           + (static_cast<double>(record.seconds) / KL_SECONDS_PER_DAY
+              + static_cast<double>(record.microseconds) / KL_MICROSECONDS_PER_DAY);
 }
 
 // Seconds of the day into 0 to 86399. Floor division: readings given by hand may lie days apart.
