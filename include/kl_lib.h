@@ -1255,8 +1255,9 @@ enum {
  * @param[out] ierr      [1] error vector, bits KL_SUN_*
  * @return KL_OK or KL_ERR; on KL_ERR sun_pos and sun_vel are untouched. NULL for one of them is KL_ERR with no bit.
  * An uninitialised time id is KL_SUN_TIME_ID_ERR, but KL_SUN_TDB_ERR for a time in TAI, which fails only on the way to
- * UT1. Geometric: no light time, no aberration. The astronomical unit is the rounded 1.496e11 m: lengths and velocities
- * are 1.4234e-5 of themselves too large (2129 km).
+ * UT1. An instant outside the table of the time id gives a complete result and no condition. Geometric: no light time,
+ * no aberration. The astronomical unit is the rounded 1.496e11 m: lengths and velocities are 1.4234e-5 of themselves
+ * too large (2129 km).
  * Accuracy: 2.65" and 880 km from a full theory (ERFA's, same precession, full nutation of 1980) over 1950-2099, the
  * unit of length apart; velocity 0.51 m/s before the axes turn, 142 m/s after, since a direction turns with them.
  * Source: P. Stumpff, Astron. Astrophys. Suppl. Ser. 41, 1-8 (1980).

@@ -76,15 +76,16 @@ long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *time_id, c
     if (tdb->reference != KL_REF_TDB && call.stops(KL_LIGHT_SUN_REFERENCE))
         return KL_ERR;
 
-    const SunRoutine sun_at = model_blocks(model_id).sun.sun;
+    const SunRoutine routine = model_blocks(model_id).sun.sun;
     kl_time_record departure = *tdb;
-    departure.value = tdb->value - kFirstGuess;
-    if ((sun_at == nullptr || sun_at(model_id, time_id, &departure, sun, nullptr) == KL_ERR)
-        && call.stops(KL_LIGHT_SUN_SUN))
+    const auto sun_leaves = [&](double days) {
+        departure.value = days;
+        return routine != nullptr && routine(model_id, time_id, &departure, sun, nullptr) != KL_ERR;
+    };
+    if (!sun_leaves(tdb->value - kFirstGuess) && call.stops(KL_LIGHT_SUN_SUN))
         return KL_ERR;
     const double light_days = distance(*sun, observer) / kSpeedOfLight / KL_SECONDS_PER_DAY;
-    departure.value = tdb->value - light_days;
-    if (sun_at(model_id, time_id, &departure, sun, nullptr) == KL_ERR && call.stops(KL_LIGHT_SUN_SUN))
+    if (!sun_leaves(tdb->value - light_days) && call.stops(KL_LIGHT_SUN_SUN))
         return KL_ERR;
 
     emission->reference = KL_REF_TAI;

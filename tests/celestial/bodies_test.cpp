@@ -1,7 +1,6 @@
 // Sun, Moon and planets in the Earth-fixed frame: conditions, frames and units, laws, the whole way against ERFA.
 #include "kl_family.h"
 #include "models/model_record.h"
-#include "support/tolerances.h"
 
 #include <algorithm>
 #include <cmath>
@@ -459,24 +458,18 @@ TEST(BodyRoutines, ScaleWithTheRoundedAstronomicalUnitOnPurpose)
     KL_SlaEvp(vb, pb, vh, ph, mjd, 2000.0);
     KL_SlaDmoon(moon_au, mjd);
     KL_SlaPlanet(KL_MARS, mars_au, &status, mjd);
-    const struct {
-        const State *state;
-        int frame;
-        const double *position, *velocity; // AU, AU/s
-    } cases[] = {
-        {&earth[0], KL_BM2000, pb, vb},
-        {&earth[1], KL_HM2000, ph, vh},
-        {&moon, KL_MOD, moon_au, moon_au + 3},
-        {&mars, KL_HM2000, mars_au, mars_au + 3},
-    };
-    for (const auto &c : cases) {
-        EXPECT_EQ(c.state->cs, c.frame);
-        EXPECT_EQ(c.state->order, 1) << c.frame;
+    const auto expect = [](const State &state, int frame, const double *pos, const double *vel) {
+        EXPECT_EQ(state.cs, frame);
+        EXPECT_EQ(state.order, 1) << frame;
         for (int i = 0; i < 3; ++i) {
-            EXPECT_EQ(c.state->position()[i], c.position[i] * kMetresPerAu) << c.frame;
-            EXPECT_EQ(c.state->velocity()[i], c.velocity[i] * kMetresPerAu) << c.frame;
+            EXPECT_EQ(state.position()[i], pos[i] * kMetresPerAu) << frame;
+            EXPECT_EQ(state.velocity()[i], vel[i] * kMetresPerAu) << frame;
         }
-    }
+    };
+    expect(earth[0], KL_BM2000, pb, vb);
+    expect(earth[1], KL_HM2000, ph, vh);
+    expect(moon, KL_MOD, moon_au, moon_au + 3);
+    expect(mars, KL_HM2000, mars_au, mars_au + 3);
     EXPECT_TRUE(earth[0].acc[1] == 5.0 && moon.acc[1] == 5.0 && mars.acc[1] == 5.0);
 }
 
