@@ -43,13 +43,27 @@ bool usable(const double q[4])
     return std::isfinite(square) && square > KL_NULL_LENGTH_SQUARED;
 }
 
-// Quaternion of a matrix by its columns, before the sign of the convention: the trace, or the largest diagonal element
-// (Shepperd, J. Guidance and Control 1, 223, 1978).
-void provisional_quaternion(const double *const column[3], double q[4])
+struct Columns {
+    double v[3][3];
+    double operator()(int i, int j) const { return v[j][i]; }
+};
+
+// The largest component first (Shepperd, J. Guidance and Control 1, 223, 1978); i, j, k in cyclic order.
+template <int i, int j, int k>
+void from_largest(const Columns &A, double q[4])
 {
-    const auto A = [column](int i, int j) { return column[j][i]; };
+    const double s = std::sqrt(A(i, i) - A(j, j) - A(k, k) + 1.0);
+    const double f = 0.5 / s;
+    q[i] = s / 2.0;
+    q[j] = (A(j, i) + A(i, j)) * f;
+    q[k] = (A(k, i) + A(i, k)) * f;
+    q[kScalar] = (A(k, j) - A(j, k)) * f;
+}
+
+// Quaternion of a matrix, before the sign of the convention.
+void provisional_quaternion(const Columns &A, double q[4])
+{
     const double trace = A(0, 0) + A(1, 1) + A(2, 2);
-    int i = 0;
     if (trace > 0.0) {
         const double s = std::sqrt(trace + 1.0);
         const double f = 0.5 / s;
@@ -59,18 +73,14 @@ void provisional_quaternion(const double *const column[3], double q[4])
         q[kScalar] = s / 2.0;
         return;
     }
-    if (A(1, 1) > A(i, i))
-        i = 1;
-    if (A(2, 2) > A(i, i))
-        i = 2;
-    const int j = (i + 1) % 3;
-    const int k = (i + 2) % 3;
-    const double s = std::sqrt(A(i, i) - A(j, j) - A(k, k) + 1.0);
-    const double f = 0.5 / s;
-    q[i] = s / 2.0;
-    q[kScalar] = (A(k, j) - A(j, k)) * f;
-    q[j] = (A(j, i) + A(i, j)) * f;
-    q[k] = (A(k, i) + A(i, k)) * f;
+    // Ties keep the earlier axis.
+    const double first = std::max(A(0, 0), A(1, 1));
+    if (A(2, 2) > first)
+        from_largest<2, 0, 1>(A, q);
+    else if (A(1, 1) > A(0, 0))
+        from_largest<1, 2, 0>(A, q);
+    else
+        from_largest<0, 1, 2>(A, q);
 }
 
 } // namespace
@@ -109,27 +119,29 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
         return KL_ERR;
     if (q == nullptr)
         return KL_ERR;
-    double axes[3][3];
-    bool null = false;
     const double *const given[3] = {x, y, z};
+    Columns axes;
+    bool null = false;
     for (int i = 0; i < 3; ++i) {
-        KL_copy_v(given[i], 3, axes[i]);
-        null = null || normalise(axes[i], 3) <= KL_NULL_LENGTH_SQUARED;
+        for (int k = 0; k < 3; ++k)
+            axes.v[i][k] = given[i][k];
+        null = null || normalise(axes.v[i], 3) <= KL_NULL_LENGTH_SQUARED;
     }
-    const bool orthogonal = std::fabs(dot(axes[0], axes[1], 3)) <= kUnit && std::fabs(dot(axes[0], axes[2], 3)) <= kUnit
-                            && std::fabs(dot(axes[1], axes[2], 3)) <= kUnit;
+    const bool orthogonal = std::fabs(dot(axes.v[0], axes.v[1], 3)) <= kUnit
+                            && std::fabs(dot(axes.v[0], axes.v[2], 3)) <= kUnit
+                            && std::fabs(dot(axes.v[1], axes.v[2], 3)) <= kUnit;
     if (!orthogonal && call.stops(KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR))
         return KL_ERR;
 
     double out[4] = {};
-    const double *const columns[3] = {axes[0], axes[1], axes[2]};
-    provisional_quaternion(columns, out);
+    provisional_quaternion(axes, out);
     for (int i = 0; i < kScalar; ++i) // the sign of the attitude matrix's convention
         out[i] = -out[i];
     // A left-handed set, or a null vector among the three.
     if ((null || !is_unit(std::sqrt(dot(out, out, 4)))) && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
         return KL_ERR;
-    KL_copy_v(out, 4, q);
+    for (int i = 0; i < 4; ++i)
+        q[i] = out[i];
     return call.status();
 }
 
