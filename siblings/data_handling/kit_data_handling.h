@@ -69,7 +69,7 @@ typedef struct kd_sat_init {
  *
  * `#` at the start of a line or after a blank begins a comment; empty lines do not count. A text may stand between
  * double quotes, which keep its blanks and `#`. Numbers are decimal, with a point, in metres and degrees. Lines hold
- * at most 510 characters. Every key stands exactly once, in any order:
+ * at most 511 characters. Every key stands exactly once, in any order:
  *
  *   name (1 to 30 characters), sp3_id (1 to 4), catalogue_number (whole number), catalogue_name (1 to 25),
  *   designator (1 to 9), tolerance_l_a_min, _a_max, _e_min, _e_max, _i_min, _i_max, the same six with tolerance_t_,
