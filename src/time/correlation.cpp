@@ -390,10 +390,11 @@ long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *
     Deltas deltas{};
     if (!look_up_record(time_id, ref, *in, &deltas, &call))
         return KL_ERR;
-    // That a day ends with a leap second changes nothing in TAI: only the check's range matters here. UT1 of the first
-    // instant of 1950 in TAI lies on the day before, and comes back.
+    // That a day ends with a leap second changes nothing in TAI: only the check's range matters here, of the day before
+    // seconds are carried into it. UT1 of the first instant of 1950 in TAI lies on the day before, and comes back.
     const kl_std_record tai = added(*in, ref, deltas);
-    if (long flag = 0; !inside_processing_range(static_cast<double>(tai.days))
+    if (long flag = 0; !inside_processing_range(static_cast<double>(in->days))
+                       && !inside_processing_range(static_cast<double>(tai.days))
                        && KL_Time_check_leap_second(time_id, KL_TIME_TAI, &tai, &flag, nullptr) == KL_ERR
                        && call.stops(KL_TO_TAI_LEAP_SECOND))
         return KL_ERR;
