@@ -310,20 +310,30 @@ private:
 
     bool change_reference(long ref_out, bool holds_leap_second)
     {
-        TimeIdRecord *id = time_record_of(time_id_);
+        const TimeIdRecord *id = time_record_of(time_id_);
+        const bool changes = ref_out != ref_;
+        if (id != nullptr && id->model == KL_TIME_MODEL_EXPLICIT) {
+            if (changes)
+                shift_by_explicit_values(id->rows[0], ref_, ref_out, &record_);
+        } else if (!by_table(id, ref_out)) {
+            return false;
+        }
+        if (record_.seconds == 86400)
+            place_leap_second(ref_out, changes, holds_leap_second);
+        return true;
+    }
+
+    // By way of TAI, with all that a table warns of; also the refusal when there is none and the scales differ.
+    bool by_table(const TimeIdRecord *id, long ref_out)
+    {
         const bool changes = ref_out != ref_;
         if (changes && !(id != nullptr && quickly_to_tai(*id, ref_, &record_))
             && !step(KL_Time_t2t_ref_to_tai, KL_FN_TIME_T2T_REF_TO_TAI, ref_, kReferenceStep))
             return false;
-        // An empty id and one of explicit values have no once-only warnings.
-        if (id != nullptr && id->model != KL_TIME_MODEL_EXPLICIT)
+        if (id != nullptr)
             warn_once();
-        if (changes && !(id != nullptr && quickly_from_tai(*id, ref_out, &record_))
-            && !step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack))
-            return false;
-        if (record_.seconds == 86400)
-            place_leap_second(ref_out, changes, holds_leap_second);
-        return true;
+        return !changes || (id != nullptr && quickly_from_tai(*id, ref_out, &record_))
+               || step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack);
     }
 
     using ReferenceStep = long (*)(kl_time_id *, long, const kl_std_record *, kl_std_record *, kl_error_record *);

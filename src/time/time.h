@@ -31,6 +31,28 @@ inline long value_or(const long *argument, long otherwise)
     return argument != nullptr ? *argument : otherwise;
 }
 
+// ---- whole numbers ----
+
+// Towards zero and downwards; saturated to the range of long, NaN gives 0.
+inline long truncated_to_long(double x)
+{
+    constexpr double kEnd = 9223372036854775808.0; // 2^63
+    if (x >= -kEnd && x < kEnd)
+        return static_cast<long>(x);
+    return x >= kEnd ? INT64_MAX : x < -kEnd ? INT64_MIN : 0;
+}
+
+inline long floor_to_long(double x)
+{
+    const long whole = truncated_to_long(x);
+    return static_cast<double>(whole) > x && whole > INT64_MIN ? whole - 1 : whole;
+}
+
+constexpr long floor_div(long a, long b) // b > 0
+{
+    return a / b - (a % b < 0 ? 1 : 0);
+}
+
 // ---- conditions of the internal checks ----
 enum { KL_CHECK_IN_FORMAT = 0, KL_CHECK_IN_REF = 1, KL_CHECK_IN_DAYS = 2 }; // KL_Time_check_processing_inputs
 enum { KL_CHECK_OUT_FORMAT = 0, KL_CHECK_OUT_REF = 1 };                     // KL_Time_check_processing_outputs
@@ -138,32 +160,47 @@ LeapFlags leap_flags(const TimeIdRecord &id, long ref, long row, double first, d
 
 // ---- one instant between a scale and TAI ----
 
+// How far a scale is behind TAI: whole seconds, and microseconds of 0 to 1000000.
+struct BehindTai {
+    long seconds, microseconds;
+};
+inline BehindTai behind_tai(const kl_time_row &row, long ref)
+{
+    switch (ref) {
+    case KL_TIME_TAI:
+        return {0, 0};
+    case KL_TIME_UTC:
+        return {static_cast<long>(row.tai_utc), 0};
+    case KL_TIME_UT1: {
+        const long whole = floor_to_long(row.tai_ut1);
+        return {whole, static_cast<long>(1e6 * (row.tai_ut1 - static_cast<double>(whole)) + 0.5)};
+    }
+    default:
+        return {static_cast<long>(row.tai_gps), 0};
+    }
+}
+
+// From one scale to another with the row of explicit values: what the two steps by way of TAI give, in one.
+inline void shift_by_explicit_values(const kl_time_row &row, long from, long to, kl_std_record *record)
+{
+    const BehindTai in = behind_tai(row, from);
+    const BehindTai out = behind_tai(row, to);
+    record->seconds += in.seconds - out.seconds;
+    record->microseconds += in.microseconds - out.microseconds;
+    if (record->microseconds >= 1000000) {
+        record->microseconds -= 1000000;
+        ++record->seconds;
+    } else if (record->microseconds < 0) {
+        record->microseconds += 1000000;
+        --record->seconds;
+    }
+    normalise_seconds(record);
+}
+
 // As KL_Time_t2t_ref_to_tai and _from_tai, in place, where there is nothing to report: explicit values, or inside the
 // table. Otherwise false with the record as it is, and these have to be asked.
 bool quickly_to_tai(const TimeIdRecord &id, long ref, kl_std_record *record);
 bool quickly_from_tai(const TimeIdRecord &id, long ref, kl_std_record *record);
-
-// ---- whole numbers ----
-
-// Towards zero and downwards; saturated to the range of long, NaN gives 0.
-inline long truncated_to_long(double x)
-{
-    constexpr double kEnd = 9223372036854775808.0; // 2^63
-    if (x >= -kEnd && x < kEnd)
-        return static_cast<long>(x);
-    return x >= kEnd ? INT64_MAX : x < -kEnd ? INT64_MIN : 0;
-}
-
-inline long floor_to_long(double x)
-{
-    const long whole = truncated_to_long(x);
-    return static_cast<double>(whole) > x && whole > INT64_MIN ? whole - 1 : whole;
-}
-
-constexpr long floor_div(long a, long b) // b > 0
-{
-    return a / b - (a % b < 0 ? 1 : 0);
-}
 
 // ---- calendar, 1950 to 2099: every fourth year is a leap year ----
 
