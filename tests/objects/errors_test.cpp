@@ -78,14 +78,22 @@ TEST(LibError, ClonesAsWhatItIs)
 
 TEST(LibError, OnPurposeFailureOfEulerToMatrixDecodesToNothing)
 {
-    const long ierr[1] = {LONG_MIN | 1L};
-    const LibError error("LibFunc::eulerToMatrix", KL_ERR, 40, ierr);
-    EXPECT_EQ(captured_stderr([&] { EXPECT_TRUE(codes_of(error).empty()); }),
-              "ERROR in kl_get_code: function id does not have an equivalent KIT function\n");
-    EXPECT_EQ(
-        captured_stderr([&] { EXPECT_EQ(messages_of(error), std::vector<std::string>{"LibFunc::eulerToMatrix"}); }),
+    constexpr const char *kNoMessages =
         "ERROR in KL_Err_Vector: function id does not have and equivalent KIT function\n"
-        "ERROR in kl_get_msg: Could not create and err structure\n");
+        "ERROR in kl_get_msg: Could not create and err structure\n";
+    EXPECT_EQ(captured_stderr([] {
+                  try {
+                      LibFunc::eulerToMatrix(nullptr, nullptr);
+                      ADD_FAILURE() << "no exception";
+                  } catch (const KitError &error) {
+                      EXPECT_EQ(error.error()->functionId(), 40);
+                      EXPECT_EQ(error.getMsg(), std::vector<std::string>{"LibFunc::eulerToMatrix"});
+                  }
+              }),
+              kNoMessages);
+    const long ierr[1] = {LONG_MIN | 1L};
+    EXPECT_EQ(captured_stderr([&] { EXPECT_TRUE(codes_of(LibError("a::b", KL_ERR, 40, ierr)).empty()); }),
+              "ERROR in kl_get_code: function id does not have an equivalent KIT function\n");
 }
 
 TEST(KitError, CarriesTheFailureAndItsText)
