@@ -1,9 +1,9 @@
 // The Earth: barycentric and heliocentric state, P. Stumpff, Astron. Astrophys. Suppl. Ser. 41, 1-8 (1980).
 #include "celestial/celestial.h"
 #include "celestial/earth_tables.h"
-#include "celestial/sin_cos.h"
 #include "error/activation.h"
 #include "error/message_groups.h"
+#include "math/sin_cos.h"
 #include "time/time.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // Precession between two epochs, rotations from Euler angles, correction of the equinox.
 #include "celestial/celestial.h"
-#include "celestial/sin_cos.h"
+#include "math/sin_cos.h"
 
 namespace {
 

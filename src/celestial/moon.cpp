@@ -1,9 +1,9 @@
 // The Moon: geocentric state, J. Meeus, l'Astronomie, June 1984, p. 348.
 #include "celestial/celestial.h"
 #include "celestial/moon_tables.h"
-#include "celestial/sin_cos.h"
 #include "error/activation.h"
 #include "error/message_groups.h"
+#include "math/sin_cos.h"
 #include "time/time.h"
 
 #include <cstddef>

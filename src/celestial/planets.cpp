@@ -1,9 +1,9 @@
 // The planets: heliocentric state, J. L. Simon et al., Astron. Astrophys. 282, 663 (1994).
 #include "celestial/celestial.h"
 #include "celestial/planet_tables.h"
-#include "celestial/sin_cos.h"
 #include "error/activation.h"
 #include "error/message_groups.h"
+#include "math/sin_cos.h"
 #include "time/time.h"
 
 namespace {

@@ -4,8 +4,9 @@
 
 #include "kl_family.h"
 #include "math/math.h"
+#include "math/sin_cos.h"
 
-#include <cmath>
+#include <cstddef>
 
 enum { KL_QMOD = 12, KL_PTOD = 13, KL_FIRST_FRAME = 1, KL_LAST_FRAME = 13 };
 
@@ -26,11 +27,6 @@ struct Turn {
     double c, s;
     double rate, rate_of_rate; // rad/s, rad/s2
 };
-
-inline Turn turn(int axis, double angle, double rate, double rate_of_rate)
-{
-    return {axis, std::cos(angle), std::sin(angle), rate, rate_of_rate};
-}
 
 inline Turn inverse(const Turn &t)
 {
@@ -74,6 +70,25 @@ struct Turns {
     int n;
     Turn turns[3];
 };
+
+struct TurnBy {
+    int axis;
+    double angle, rate, rate_of_rate; // rad, rad/s, rad/s2
+};
+
+template <std::size_t N>
+Turns turns_by(const TurnBy (&given)[N])
+{
+    double angle[N], sine[N], cosine[N];
+    for (std::size_t i = 0; i < N; ++i)
+        angle[i] = given[i].angle;
+    sin_cos(angle, sine, cosine);
+    Turns out;
+    out.n = static_cast<int>(N);
+    for (std::size_t i = 0; i < N; ++i)
+        out.turns[i] = {given[i].axis, cosine[i], sine[i], given[i].rate, given[i].rate_of_rate};
+    return out;
+}
 
 Turns precession_turns(const kl_precession &angles);
 Turns nutation_turns(const kl_nutation &nutation);

@@ -59,9 +59,8 @@ kl_angle linear_sidereal_angle(const EarthModel &earth, double ut1_days)
 
 Turns z_turn(const kl_angle &degrees)
 {
-    return {1,
-            {turn(2, degrees.value * KL_RAD_PER_DEG, degrees.rate * KL_RAD_PER_DEG,
-                  degrees.rate_of_rate * KL_RAD_PER_DEG)}};
+    return turns_by(
+        {{2, degrees.value * KL_RAD_PER_DEG, degrees.rate * KL_RAD_PER_DEG, degrees.rate_of_rate * KL_RAD_PER_DEG}});
 }
 
 // W = Ry(-xp) Rx(-yp)
@@ -74,7 +73,7 @@ Turns polar_motion_turns(const kl_time_id *time_id, double ut1_days)
     const PoleCoordinate y = pole_coordinate(id->pole_y, id->pole_reference_date, id->pole_period, ut1_days);
     if (x.value == 0.0 && y.value == 0.0 && x.rate == 0.0 && y.rate == 0.0)
         return {}; // the identity, without sines
-    return {2, {turn(0, -y.value, -y.rate, 0.0), turn(1, -x.value, -x.rate, 0.0)}};
+    return turns_by({{0, -y.value, -y.rate, 0.0}, {1, -x.value, -x.rate, 0.0}});
 }
 
 long KL_H_Angle(kl_model_id *model_id, double ut1_days, kl_angle *angle)

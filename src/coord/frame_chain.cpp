@@ -114,7 +114,7 @@ Turns teme(Journey &j)
         return {};
     double q[3];
     equation_of_equinoxes(j.nutation(), q);
-    return {1, {turn(2, q[0], q[1], q[2])}};
+    return turns_by({{2, q[0], q[1], q[2]}});
 }
 
 Turns earth_rotation(Journey &j)

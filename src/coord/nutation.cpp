@@ -59,11 +59,13 @@ Phase conjugate(const Phase &a)
 void KL_Sim_Nut_Term(double days, kl_nutation *nutation)
 {
     const double t = days - KL_J2000_DAYS;
+    double angle[kArguments], sine[kArguments], cosine[kArguments];
+    for (int i = 0; i < kArguments; ++i)
+        angle[i] = kArgument[i].c0 + (kArgument[i].c1 + kArgument[i].c2 * t) * t;
+    sin_cos(angle, sine, cosine); // takes whole turns off
     Phase argument[kArguments];
-    for (int i = 0; i < kArguments; ++i) {
-        const double angle = reduced_to_2pi(kArgument[i].c0 + (kArgument[i].c1 + kArgument[i].c2 * t) * t);
-        argument[i] = {std::cos(angle), std::sin(angle)};
-    }
+    for (int i = 0; i < kArguments; ++i)
+        argument[i] = {cosine[i], sine[i]};
     // The arguments of the terms by addition of angles.
     const Phase f2 = argument[kF] * argument[kF];
     const Phase d2 = argument[kD] * argument[kD];
@@ -95,9 +97,9 @@ void KL_Sim_Nut_Term(double days, kl_nutation *nutation)
 // N = Rx(-(eps0 + deps)) Rz(-dpsi) Rx(eps0), the mean obliquity fixed in both factors
 Turns nutation_turns(const kl_nutation &n)
 {
-    return {3,
-            {turn(0, n.obliquity, 0.0, 0.0), turn(2, -n.dpsi[0], -n.dpsi[1], -n.dpsi[2]),
-             turn(0, -(n.obliquity + n.deps[0]), -n.deps[1], -n.deps[2])}};
+    return turns_by({{0, n.obliquity, 0.0, 0.0},
+                     {2, -n.dpsi[0], -n.dpsi[1], -n.dpsi[2]},
+                     {0, -(n.obliquity + n.deps[0]), -n.deps[1], -n.deps[2]}});
 }
 
 // Without the complementary terms, by the cosine of the mean obliquity.

@@ -35,7 +35,7 @@ void KL_Precession(double days, kl_precession *angles)
 // P = Rz(-pi/2 - z) Rx(theta) Rz(pi/2 - zeta) = Rz(-z) Ry(theta) Rz(-zeta)
 Turns precession_turns(const kl_precession &p)
 {
-    return {3,
-            {turn(2, -p.zeta[0], -p.zeta[1], -p.zeta[2]), turn(1, p.theta[0], p.theta[1], p.theta[2]),
-             turn(2, -p.z[0], -p.z[1], -p.z[2])}};
+    return turns_by({{2, -p.zeta[0], -p.zeta[1], -p.zeta[2]},
+                     {1, p.theta[0], p.theta[1], p.theta[2]},
+                     {2, -p.z[0], -p.z[1], -p.z[2]}});
 }

@@ -1,7 +1,7 @@
 // Sines and cosines of many angles at once, without branches: the loop runs in vector registers. Same results for every
 // compiler and width, since nothing is contracted.
-#ifndef KL_SRC_CELESTIAL_SIN_COS_H
-#define KL_SRC_CELESTIAL_SIN_COS_H
+#ifndef KL_SRC_MATH_SIN_COS_H
+#define KL_SRC_MATH_SIN_COS_H
 
 #include <cstddef>
 #include <cstdint>
