@@ -74,10 +74,16 @@ bool fails_now(faults::Site site)
     return true;
 }
 
-void *counted(void *block)
+// The block of an allocation that is not to fail.
+template <typename Allocate>
+void *allocated(Allocate allocate)
 {
-    if (block != nullptr)
-        ++blocks;
+    if (fails_now(faults::Site::kAllocation)) {
+        errno = ENOMEM;
+        return nullptr;
+    }
+    void *block = allocate();
+    blocks += block != nullptr ? 1 : 0;
     return block;
 }
 
@@ -93,32 +99,16 @@ extern "C" {
 
 void *__libc_malloc(std::size_t size);
 void *__libc_calloc(std::size_t count, std::size_t size);
-void *__libc_realloc(void *block, std::size_t size);
 void __libc_free(void *block);
 
 void *malloc(std::size_t size) noexcept
 {
-    if (fails_now(faults::Site::kAllocation)) {
-        errno = ENOMEM;
-        return nullptr;
-    }
-    return counted(__libc_malloc(size));
+    return allocated([=] { return __libc_malloc(size); });
 }
 
 void *calloc(std::size_t count, std::size_t size) noexcept
 {
-    if (fails_now(faults::Site::kAllocation)) {
-        errno = ENOMEM;
-        return nullptr;
-    }
-    return counted(__libc_calloc(count, size));
-}
-
-void *realloc(void *block, std::size_t size) noexcept
-{
-    if (block == nullptr)
-        return malloc(size);
-    return __libc_realloc(block, size);
+    return allocated([=] { return __libc_calloc(count, size); });
 }
 
 void free(void *block) noexcept
