@@ -2,8 +2,7 @@
 #include "error/message_groups.h"
 #include "time/time.h"
 
-#include <cmath>
-#include <cstring>
+#include <cstdint>
 
 namespace {
 
@@ -67,67 +66,68 @@ long p_field_length(long n_coarse, long n_fine)
 constexpr double kPowers[] = {1.0, 0x1p8, 0x1p16, 0x1p24, 0x1p32, 0x1p40, 0x1p48};
 
 // To the nearest whole number, halves up. No sum with one half: it could round up what lies just below.
-std::uint64_t nearest(double x)
+std::int64_t nearest(double x)
 {
-    const auto whole = static_cast<std::uint64_t>(x);
+    const auto whole = static_cast<std::int64_t>(x);
     return whole + (x - static_cast<double>(whole) >= 0.5 ? 1 : 0);
 }
 
-// The last n octets of a number, the highest first.
-void put_octets(std::uint64_t number, long n, unsigned char *out)
-{
-    for (long i = n - 1; i >= 0; --i, number >>= 8)
-        out[i] = static_cast<unsigned char>(number & 0xff);
-}
+// Seconds since an epoch as the numbers that the octets of a time field write: the coarse octets, the first fine
+// octets and those after them.
+struct TimeField {
+    std::int64_t coarse, high, low;
+    long n_coarse, n_high, n_low;
+};
 
-// Seconds since the epoch as the octets of a time field; false when they do not fit the coarse ones. The fraction is
-// rounded to the last fine octet, with the carry through to the coarse ones.
-bool write_time_field(double days_since_epoch, long n_coarse, long n_fine, unsigned char *out)
+// False when the seconds do not fit the coarse octets. The fraction is rounded to the last fine octet, with the carry
+// through to the coarse ones.
+bool split_seconds(double days_since_epoch, long n_coarse, long n_fine, TimeField *field)
 {
     // Days and the seconds of the day are taken apart: seconds since the epoch would lose the last bits.
-    const double whole_days = std::floor(days_since_epoch);
-    if (!(whole_days * KL_SECONDS_PER_DAY < kCoarseEnd))
+    if (!(days_since_epoch < kCoarseEnd / KL_SECONDS_PER_DAY))
         return false;
-    const double second_of_day = (days_since_epoch - whole_days) * KL_SECONDS_PER_DAY;
-    const double whole_seconds = std::floor(second_of_day);
-    const double fraction = second_of_day - whole_seconds;
-    auto coarse = static_cast<std::uint64_t>(whole_days) * 86400 + static_cast<std::uint64_t>(whole_seconds);
+    const auto days = static_cast<std::int64_t>(days_since_epoch);
+    const double second_of_day = (days_since_epoch - static_cast<double>(days)) * KL_SECONDS_PER_DAY;
+    const auto second = static_cast<std::int64_t>(second_of_day);
+    const double fraction = second_of_day - static_cast<double>(second);
 
     const long n_high = n_fine < kHighFine ? n_fine : kHighFine;
     const long n_low = n_fine - n_high;
     const double scaled = fraction * kPowers[n_high];
-    std::uint64_t high = n_low > 0 ? static_cast<std::uint64_t>(scaled) : nearest(scaled);
-    std::uint64_t low = 0;
+    *field = {days * 86400 + second, nearest(scaled), 0, n_coarse, n_high, n_low};
     if (n_low > 0) {
-        low = nearest((scaled - static_cast<double>(high)) * kPowers[n_low]);
-        high += low >> (8 * n_low);
+        field->high = static_cast<std::int64_t>(scaled);
+        field->low = nearest((scaled - static_cast<double>(field->high)) * kPowers[n_low]);
+        field->high += field->low >> (8 * n_low);
     }
-    coarse += high >> (8 * n_high);
-    if (coarse >> (8 * n_coarse) != 0)
-        return false;
-    put_octets(coarse, n_coarse, out);
-    put_octets(high, n_high, out + n_coarse);
-    put_octets(low, n_low, out + n_coarse + n_high);
-    return true;
+    field->coarse += field->high >> (8 * n_high);
+    return field->coarse >> (8 * n_coarse) == 0;
+}
+
+// The last n octets of a number, the highest first; returns what follows them.
+unsigned char *put_octets(std::int64_t number, long n, unsigned char *out)
+{
+    for (unsigned char *octet = out + n; octet != out; number >>= 8)
+        *--octet = static_cast<unsigned char>(number);
+    return out + n;
+}
+
+std::int64_t number_of(const unsigned char *octets, long n)
+{
+    std::int64_t number = 0;
+    for (long i = 0; i < n; ++i)
+        number = number << 8 | octets[i];
+    return number;
 }
 
 // Seconds since the epoch of a time field.
 double read_time_field(const unsigned char *field, long n_coarse, long n_fine)
 {
-    std::uint64_t coarse = 0;
-    for (long i = 0; i < n_coarse; ++i)
-        coarse = coarse << 8 | field[i];
-    const unsigned char *fine = field + n_coarse;
     const long n_high = n_fine < kHighFine ? n_fine : kHighFine;
-    std::uint64_t high = 0;
-    for (long i = 0; i < n_high; ++i)
-        high = high << 8 | fine[i];
-    std::uint64_t low = 0;
-    for (long i = n_high; i < n_fine; ++i)
-        low = low << 8 | fine[i];
-    const double fraction =
-        (static_cast<double>(high) + static_cast<double>(low) / kPowers[n_fine - n_high]) / kPowers[n_high];
-    return static_cast<double>(coarse) + fraction;
+    const double coarse = static_cast<double>(number_of(field, n_coarse));
+    const double high = static_cast<double>(number_of(field + n_coarse, n_high));
+    const double low = static_cast<double>(number_of(field + n_coarse + n_high, n_fine - n_high));
+    return coarse + (high + low / kPowers[n_fine - n_high]) / kPowers[n_high];
 }
 
 } // namespace
@@ -269,14 +269,20 @@ long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *config,
         return KL_ERR;
     if (cuc == nullptr)
         return KL_ERR;
-    unsigned char octets[KL_CUC_LENGTH];
+    unsigned char p_field[2];
     long n_p_field = 0;
-    if (config->cuc_type == KL_CUC_WITH_P_FIELD && KL_Cuc_compute_P_field(config, octets, &n_p_field, nullptr) == KL_ERR
+    if (config->cuc_type == KL_CUC_WITH_P_FIELD
+        && KL_Cuc_compute_P_field(config, p_field, &n_p_field, nullptr) == KL_ERR
         && call.stops(KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR))
         return KL_ERR;
-    if (!write_time_field(*time - epoch, config->n_coarse, config->n_fine, octets + n_p_field)
+    TimeField field{};
+    if (!split_seconds(*time - epoch, config->n_coarse, config->n_fine, &field)
         && call.stops(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR))
         return KL_ERR;
-    std::memcpy(cuc, octets, static_cast<std::size_t>(n_p_field + config->n_coarse + config->n_fine));
+    for (long i = 0; i < n_p_field; ++i)
+        *cuc++ = p_field[i];
+    cuc = put_octets(field.coarse, field.n_coarse, cuc);
+    cuc = put_octets(field.high, field.n_high, cuc);
+    put_octets(field.low, field.n_low, cuc);
     return call.status();
 }
