@@ -38,24 +38,31 @@ constexpr long kModelOpenEnd = 10;
 
 constexpr double kGpsAfterTable = 19.0; // s
 
-// A column of the table, by public reference; the rows are in the order TAI, UT1, UTC.
-double column_of(const kl_time_row &row, long ref)
+// Calls `use` with the column of a public reference; the rows are in the order TAI, UT1, UTC.
+template <typename Use>
+inline auto with_column(long ref, const Use &use)
 {
     switch (ref) {
     case KL_TIME_TAI:
-        return row.tai;
+        return use([](const kl_time_row &row) { return row.tai; });
     case KL_TIME_UTC:
-        return row.utc;
+        return use([](const kl_time_row &row) { return row.utc; });
     case KL_TIME_UT1:
-        return row.ut1;
+        return use([](const kl_time_row &row) { return row.ut1; });
     default:
-        return row.tai - row.tai_gps / KL_SECONDS_PER_DAY;
+        return use([](const kl_time_row &row) { return row.tai - row.tai_gps / KL_SECONDS_PER_DAY; });
     }
+}
+
+double column_of(const kl_time_row &row, long ref)
+{
+    return with_column(ref, [&row](auto column) { return column(row); });
 }
 
 // The row with column(row) <= t < column(row + 1), of rows 0 to n_rows - 2; t lies below the last row. The search goes
 // out from where an evenly spaced table would have the row.
-long enclosing_row(const TimeIdRecord &id, long ref, double t)
+template <typename Column>
+long enclosing_row(const TimeIdRecord &id, double t, Column column)
 {
     const kl_time_row *rows = id.rows;
     const long last = id.n_rows - 1;
@@ -63,34 +70,34 @@ long enclosing_row(const TimeIdRecord &id, long ref, double t)
     long low = guess > 0.0 ? std::min(static_cast<long>(guess), last - 1) : 0;
     long high = low + 1;
     // Invariant at the end: column(low) <= t < column(high), row 0 standing for all that lies before it.
-    for (long step = 1; low > 0 && t < column_of(rows[low], ref); step *= 2) {
+    for (long step = 1; low > 0 && t < column(rows[low]); step *= 2) {
         high = low;
         low = std::max(low - step, 0L);
     }
-    for (long step = 1; high < last && t >= column_of(rows[high], ref); step *= 2) {
+    for (long step = 1; high < last && t >= column(rows[high]); step *= 2) {
         low = high;
         high = std::min(high + step, last);
     }
     while (high - low > 1) {
         const long middle = low + (high - low) / 2;
-        (t < column_of(rows[middle], ref) ? high : low) = middle;
+        (t < column(rows[middle]) ? high : low) = middle;
     }
     return low;
 }
 
 // The row of an instant inside the table: the one that KL_binary_search gives, or the next one once t has reached it.
-long row_inside(const TimeIdRecord &id, long ref, double t)
+template <typename Column>
+long row_inside(const TimeIdRecord &id, long ref, double t, Column column)
 {
     const kl_time_row *rows = id.rows;
     const long last = id.n_rows - 1;
-    long row = enclosing_row(id, ref, t);
+    long row = enclosing_row(id, t, column);
     // Where the slack lets no other row match, or only one that t has passed, the search ends at this row.
-    const bool next_matches = row + 1 < last && column_of(rows[row + 1], ref) - kEdge <= t;
-    const bool two_before_match =
-        row > 1 && t < column_of(rows[row], ref) + kEdge && t < column_of(rows[row - 1], ref) + kEdge;
+    const bool next_matches = row + 1 < last && column(rows[row + 1]) - kEdge <= t;
+    const bool two_before_match = row > 1 && t < column(rows[row]) + kEdge && t < column(rows[row - 1]) + kEdge;
     if (next_matches || two_before_match) {
         row = KL_binary_search(rows, 0, last - 1, ref, &t);
-        if (row + 1 < last && t >= column_of(rows[row + 1], ref))
+        if (row + 1 < last && t >= column(rows[row + 1]))
             ++row;
     }
     return row;
@@ -116,19 +123,55 @@ Deltas deltas_of(const kl_time_row &row)
     return {row.tai_utc, row.tai_ut1, row.tai_gps, {false, false}};
 }
 
-Deltas deltas_inside(const TimeIdRecord &id, long ref, double t)
+// The differences between row i and the next one, c0 and c1 in the column of the reference.
+Deltas deltas_between(const TimeIdRecord &id, long ref, double t, long i, double c0, double c1)
 {
-    const long i = row_inside(id, ref, t);
     const kl_time_row &row = id.rows[i];
     const kl_time_row &next = id.rows[i + 1];
-    const double c0 = column_of(row, ref);
-    const double c1 = column_of(next, ref);
     Deltas deltas = deltas_of(row);
     deltas.tai_ut1 = next.tai_ut1 - (next.tai_ut1 - row.tai_ut1) * (c1 - t) / (c1 - c0);
+    if (id.leap_sign == 0)
+        return deltas;
     deltas.leap = leap_flags(id, ref, i, c0, c1, t);
     if (deltas.leap.in || deltas.leap.after)
         deltas.tai_utc = next.tai_utc;
     return deltas;
+}
+
+template <typename Column>
+Deltas deltas_inside(const TimeIdRecord &id, long ref, double t, Column column)
+{
+    const long i = row_inside(id, ref, t, column);
+    return deltas_between(id, ref, t, i, column(id.rows[i]), column(id.rows[i + 1]));
+}
+
+// The differences at an instant inside the table, where nothing is to be reported; false outside. The row is guessed
+// from the second of the record, which is known sooner than t; clear of the slack around it no other row can match.
+template <typename Column>
+bool quick_deltas(const TimeIdRecord &id, long ref, double second, double t, Column column, Deltas *deltas)
+{
+    const double last = static_cast<double>(id.n_rows - 1);
+    const double guess = (second - id.rows[0].tai) * id.rows_per_day;
+    if (guess >= 0.0 && guess < last) {
+        const long i = static_cast<long>(guess);
+        const double c0 = column(id.rows[i]);
+        const double c1 = column(id.rows[i + 1]);
+        if (c0 + kEdge <= t && t < c1 - kEdge) {
+            *deltas = deltas_between(id, ref, t, i, c0, c1);
+            return true;
+        }
+    }
+    if (id.n_rows == 1 || !(column(id.rows[0]) <= t && t < column(id.rows[id.n_rows - 1])))
+        return false;
+    *deltas = deltas_inside(id, ref, t, column);
+    return true;
+}
+
+bool quick_deltas(const TimeIdRecord &id, long ref, const kl_std_record &record, double t, Deltas *deltas)
+{
+    const double second =
+        static_cast<double>(record.days) + static_cast<double>(record.seconds) * (1.0 / KL_SECONDS_PER_DAY);
+    return with_column(ref, [&](auto column) { return quick_deltas(id, ref, second, t, column, deltas); });
 }
 
 // After the table with the UT1-UTC formula.
@@ -187,7 +230,7 @@ long look_up(const kl_time_id *time_id, long ref, double t, Deltas *deltas, kl_e
     const double first = column_of(id->rows[0], ref);
     const double last = column_of(id->rows[id->n_rows - 1], ref);
     if (first - kEdge <= t && t < last && id->n_rows > 1)
-        *deltas = deltas_inside(*id, ref, t);
+        *deltas = with_column(ref, [&](auto column) { return deltas_inside(*id, ref, t, column); });
     else
         *deltas = deltas_outside(*id, ref, t, first, last, &call);
     return call.status();
@@ -308,20 +351,6 @@ kl_std_record subtracted(kl_std_record record, const TimeIdRecord &id, long ref,
     return record;
 }
 
-// The look-up where it has nothing to report: explicit values, or inside the table.
-bool quick_deltas(const TimeIdRecord &id, long ref, const kl_std_record &instant, Deltas *deltas)
-{
-    if (id.model == KL_TIME_MODEL_EXPLICIT) {
-        *deltas = deltas_of(id.rows[0]);
-        return true;
-    }
-    const double t = processing_of(instant);
-    if (id.n_rows == 1 || !(column_of(id.rows[0], ref) <= t && t < column_of(id.rows[id.n_rows - 1], ref)))
-        return false;
-    *deltas = deltas_inside(id, ref, t);
-    return true;
-}
-
 } // namespace
 
 const MessageGroup messages_KL_Time_ref_init_file_deltas = group(kDeltaRows);
@@ -407,7 +436,7 @@ bool quickly_to_tai(const TimeIdRecord &id, long ref, kl_std_record *record)
     Deltas deltas;
     if (ref == KL_TIME_TAI)
         return true;
-    if (!quick_deltas(id, ref, *record, &deltas))
+    if (!quick_deltas(id, ref, *record, processing_of(*record), &deltas))
         return false;
     *record = added(*record, ref, deltas);
     return true;
@@ -432,15 +461,43 @@ long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record
     return call.status();
 }
 
-bool quickly_from_tai(const TimeIdRecord &id, long ref, kl_std_record *record)
+bool quickly_from_tai(const TimeIdRecord &id, long ref, double tai_days, kl_std_record *record)
 {
     Deltas deltas;
     if (ref == KL_TIME_TAI)
         return true;
-    if (!quick_deltas(id, KL_TIME_TAI, *record, &deltas))
+    if (!quick_deltas(id, KL_TIME_TAI, *record, tai_days, &deltas))
         return false;
     *record = subtracted(*record, id, ref, deltas);
     return true;
+}
+
+long once_only_warning(TimeIdRecord *id, long set, double tai_days)
+{
+    auto &was_inside = id->previous_inside[set];
+    // Notes whether this computation is in the good region of a flag; true when the one before was and this is not.
+    const auto leaves = [&](int flag, bool inside) {
+        const bool before = was_inside[flag].load(std::memory_order_relaxed) == 1;
+        if (before != inside) // written only when it changes: a shared id then stays in every core's cache
+            was_inside[flag].store(inside ? 1 : 0, std::memory_order_relaxed);
+        return before && !inside;
+    };
+    const double t = tai_days;
+    const double first = id->rows[0].tai;
+    const double last = id->rows[id->n_rows - 1].tai;
+
+    long warning = 0;
+    if (id->no_extrapolation == 0 && leaves(0, !(t > last)))
+        warning = 1;
+    if (id->combination == KL_COMBINATION_TWO_BULLETINS) {
+        const long second = id->second_bulletin_row;
+        if (leaves(1, !(id->rows[second - 1].tai < t && t < id->rows[second].tai)))
+            warning = 2;
+    }
+    if (warning != 0)
+        return warning;
+    const bool open_end = id->model == kModelNeverOutside || id->model == kModelOpenEnd;
+    return leaves(2, (first <= t && t <= last) || (t > last && open_end)) ? 3 : 0;
 }
 
 long KL_Check_Time_warn_flags(kl_time_id *time_id, const kl_std_record *tai, const long *selector, long *warning)
@@ -454,30 +511,7 @@ long KL_Check_Time_warn_flags(kl_time_id *time_id, const kl_std_record *tai, con
     if (id == nullptr || id->model == KL_TIME_MODEL_EXPLICIT) // explicit values hold at every instant
         return KL_OK;
 
-    auto &was_inside = id->previous_inside[*selector];
-    // Notes whether this computation is in the good region of a flag; true when the one before was and this is not.
-    const auto leaves = [&](int flag, bool inside) {
-        const bool before = was_inside[flag].load(std::memory_order_relaxed) == 1;
-        if (before != inside) // written only when it changes: a shared id then stays in every core's cache
-            was_inside[flag].store(inside ? 1 : 0, std::memory_order_relaxed);
-        return before && !inside;
-    };
-    const double t = processing_of(*tai);
-    const double first = id->rows[0].tai;
-    const double last = id->rows[id->n_rows - 1].tai;
-
-    if (id->no_extrapolation == 0 && leaves(0, !(t > last)))
-        *warning = 1;
-    if (id->combination == KL_COMBINATION_TWO_BULLETINS) {
-        const long second = id->second_bulletin_row;
-        if (leaves(1, !(id->rows[second - 1].tai < t && t < id->rows[second].tai)))
-            *warning = 2;
-    }
-    if (*warning != 0)
-        return KL_OK;
-    const bool open_end = id->model == kModelNeverOutside || id->model == kModelOpenEnd;
-    if (leaves(2, (first <= t && t <= last) || (t > last && open_end)))
-        *warning = 3;
+    *warning = once_only_warning(id, *selector, processing_of(*tai));
     return KL_OK;
 }
 

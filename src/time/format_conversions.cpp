@@ -310,29 +310,38 @@ private:
 
     bool change_reference(long ref_out, bool holds_leap_second)
     {
-        const TimeIdRecord *id = time_record_of(time_id_);
+        TimeIdRecord *id = time_record_of(time_id_);
         const bool changes = ref_out != ref_;
         if (id != nullptr && id->model == KL_TIME_MODEL_EXPLICIT) {
             if (changes)
                 shift_by_explicit_values(id->rows[0], ref_, ref_out, &record_);
-        } else if (!by_table(id, ref_out)) {
-            return false;
+        } else if (id != nullptr) {
+            if (!by_table(id, ref_out))
+                return false;
+        } else if (changes) {
+            // Refuses, but copies TAI: the refusal may come from either.
+            if (!step(KL_Time_t2t_ref_to_tai, KL_FN_TIME_T2T_REF_TO_TAI, ref_, kReferenceStep)
+                || !step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack))
+                return false;
         }
         if (record_.seconds == 86400)
             place_leap_second(ref_out, changes, holds_leap_second);
         return true;
     }
 
-    // By way of TAI, with all that a table warns of; also the refusal when there is none and the scales differ.
-    bool by_table(const TimeIdRecord *id, long ref_out)
+    // By way of TAI, with all that a table warns of. The once-only warnings look at the TAI record, or at the record as
+    // it is when the scale does not change.
+    bool by_table(TimeIdRecord *id, long ref_out)
     {
         const bool changes = ref_out != ref_;
-        if (changes && !(id != nullptr && quickly_to_tai(*id, ref_, &record_))
+        if (changes && !quickly_to_tai(*id, ref_, &record_)
             && !step(KL_Time_t2t_ref_to_tai, KL_FN_TIME_T2T_REF_TO_TAI, ref_, kReferenceStep))
             return false;
-        if (id != nullptr)
-            warn_once();
-        return !changes || (id != nullptr && quickly_from_tai(*id, ref_out, &record_))
+        const double tai_days = processing_of(record_);
+        const long warning = once_only_warning(id, KL_FLAGS_CONVERSION, tai_days);
+        if (warning != 0)
+            (void)call_.stops(static_cast<int>(kBulletinA + warning - 1));
+        return !changes || quickly_from_tai(*id, ref_out, tai_days, &record_)
                || step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack);
     }
 
@@ -345,17 +354,6 @@ private:
         ErrorRecord found;
         convert(time_id_, ref, &record_, &record_, &found);
         return found.count == 0 || !call_.stops(function_id, found, map);
-    }
-
-    // The once-only warnings of a correlation table, on the TAI record; on the record as it is when the reference does
-    // not change.
-    void warn_once()
-    {
-        const long flags = KL_FLAGS_CONVERSION;
-        long warned = 0;
-        KL_Check_Time_warn_flags(time_id_, &record_, &flags, &warned);
-        if (warned != 0)
-            (void)call_.stops(static_cast<int>(kBulletinA + warned - 1));
     }
 
     // What becomes of 86400 seconds: the 61st second of a day, or midnight to which a processing time was rounded up.
