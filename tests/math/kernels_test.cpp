@@ -213,34 +213,6 @@ TEST(Products, OfAllShapesAgree)
         EXPECT_NEAR(square[i], i % 4 == 0 ? 1.0 : 0.0, kRelative);
 }
 
-TEST(ElementWise, SumsScalesAndTransposes)
-{
-    Matrix a(2, 3);
-    Matrix b(2, 3);
-    Matrix out(2, 3);
-    Matrix turned(3, 2);
-    for (int i = 1; i <= 2; ++i)
-        for (int j = 1; j <= 3; ++j) {
-            a.p[i][j] = 10.0 * i + j;
-            b.p[i][j] = i * j;
-        }
-    KL_dmadd(a.p, 2, 3, b.p, out.p);
-    EXPECT_EQ(out.p[2][3], 29.0);
-    KL_dmsub(a.p, 2, 3, b.p, out.p);
-    EXPECT_EQ(out.p[2][3], 17.0);
-    KL_dmsmy(a.p, 2, 3, out.p, -2.0);
-    EXPECT_EQ(out.p[2][1], -42.0);
-    KL_dmcopy(a.p, 2, 3, out.p);
-    EXPECT_EQ(out.p[1][3], 13.0);
-    KL_dmtranspose(a.p, 2, 3, turned.p);
-    EXPECT_EQ(turned.p[3][1], 13.0);
-    double sum[9];
-    KL_add_mm(kExample, kExampleInverse, sum);
-    KL_sub_mm(sum, kExample, sum); // in place
-    for (int i = 0; i < 9; ++i)
-        EXPECT_NEAR(sum[i], kExampleInverse[i], kRelative);
-}
-
 // y = M^-1 v(t) differentiated twice, with M = R(t) scaled: a case with a closed form. M = m(t) I, m = 2 + 3t + 4t^2 at
 // t = 0: y = v/2, y' = -3v/4, y'' = v (2 * 9 / 8 - 8 / 4).
 TEST(Derivatives, OfAnInverseTimesAVector)
@@ -318,31 +290,6 @@ TEST(Allocators, TakeAnyLowerBoundAndRefuseNonsense)
     block.second[3] = 1.0;
     KL_Free_vec_der(&block);
     EXPECT_EQ(block.second, nullptr);
-}
-
-TEST(StateRecords, SetCopyScaleAndReset)
-{
-    double storage[2][3][4] = {};
-    Cord a = {0, 0, storage[0][0], storage[0][1], storage[0][2]};
-    Cord b = {0, 0, storage[1][0], storage[1][1], storage[1][2]};
-    const double pos[3] = {1.0, 2.0, 3.0};
-    const double vel[3] = {4.0, 5.0, 6.0};
-    const double acc[3] = {7.0, 8.0, 9.0};
-    KL_Cord_Set(KL_TEME, 2, pos, vel, acc, &a);
-    KL_Mult_Cord(&a, &b, -2.0);
-    EXPECT_EQ(b.cs, KL_TEME);
-    EXPECT_EQ(b.order, 2);
-    EXPECT_EQ(b.pos[1], -2.0);
-    EXPECT_EQ(b.vel[2], -10.0);
-    EXPECT_EQ(b.acc[3], -18.0);
-    KL_Copy_Cord(&a, &b);
-    double out[3][3];
-    KL_Cord_to_flat(&b, out[0], out[1], out[2]);
-    EXPECT_TRUE(std::equal(pos, pos + 3, out[0]) && std::equal(vel, vel + 3, out[1])
-                && std::equal(acc, acc + 3, out[2]));
-    KL_Cord_Reset(&b);
-    EXPECT_EQ(b.cs + b.order, 0);
-    EXPECT_EQ(b.pos[1] + b.vel[2] + b.acc[3], 0.0);
 }
 
 } // namespace
