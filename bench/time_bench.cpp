@@ -104,7 +104,7 @@ void rival_utc_to_ut1(benchmark::State &state)
 }
 BENCHMARK(rival_utc_to_ut1);
 
-// ---- formats, UTC to UT1 ----
+// ---- formats ----
 
 struct Texts {
     char text[kInstants][KL_TIME_ASCII_LENGTH];
@@ -211,7 +211,7 @@ BENCHMARK(ascii_to_ascii);
 
 void processing_to_transport(benchmark::State &state)
 {
-    TimeId time(20000);
+    TimeId time(state.range(1));
     const long format = state.range(0);
     const long from = KL_TIME_UTC;
     const long to = KL_TIME_GPS;
@@ -223,11 +223,11 @@ void processing_to_transport(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(processing_to_transport)->Arg(KL_TRANS_0)->Arg(KL_TRANS_23)->Arg(KL_TRANS_31)->Arg(KL_TRANS_42);
+BENCHMARK(processing_to_transport)->ArgsProduct({{KL_TRANS_0, KL_TRANS_23, KL_TRANS_31, KL_TRANS_42}, {1, 20000}});
 
 void transport_to_processing(benchmark::State &state)
 {
-    TimeId time(20000);
+    TimeId time(state.range(1));
     const long format = state.range(0);
     const Texts &texts = written(KL_ASCII_11, format);
     const long from = KL_TIME_UTC;
@@ -240,11 +240,11 @@ void transport_to_processing(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(transport_to_processing)->Arg(KL_TRANS_0)->Arg(KL_TRANS_23)->Arg(KL_TRANS_31);
+BENCHMARK(transport_to_processing)->ArgsProduct({{KL_TRANS_0, KL_TRANS_23, KL_TRANS_31}, {1, 20000}});
 
 void transport_to_transport(benchmark::State &state)
 {
-    TimeId time(20000);
+    TimeId time(state.range(0));
     const long format = KL_TRANS_22;
     const long format_out = KL_TRANS_42;
     const Texts &texts = written(KL_ASCII_11, format);
@@ -258,6 +258,6 @@ void transport_to_transport(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(transport_to_transport);
+BENCHMARK(transport_to_transport)->Arg(1)->Arg(20000);
 
 } // namespace

@@ -153,26 +153,26 @@ long read_transport(kl_time_id *time_id, long id, long ref, const long fields[4]
     if (fields == nullptr && call.stops(format->fields[0].fault))
         return KL_ERR;
 
-    *out = {0, 0, 0};
+    kl_std_record record = {0, 0, 0};
     for (int i = 0; i < KL_TRANSPORT_LENGTH; ++i) {
         const Field &field = format->fields[i];
         if (field.unit == Unit::none)
             break;
         if ((fields[i] < field.first || fields[i] > field.last) && call.stops(field.fault, &fields[i]))
             return KL_ERR;
-        add(field.unit, fields[i], out);
-        const bool in_61st_second = out->seconds == kDaySeconds;
-        if (in_61st_second && !ends_with_leap_second(time_id, ref, out->days)
-            && call.stops(KL_TRANS_IN_LEAP_SECOND, &out->days))
+        add(field.unit, fields[i], &record);
+        if (record.seconds == kDaySeconds && !ends_with_leap_second(time_id, ref, record.days)
+            && call.stops(KL_TRANS_IN_LEAP_SECOND, &fields[0]))
             return KL_ERR;
     }
-    carry(time_id, ref, out);
-    if (out->days > kLastDay) {
-        // Seconds of the last week, or ticks, that lead beyond the last day.
-        const int last = id == KL_TRANS_23 ? KL_TRANS_IN_TICKS : KL_TRANS_IN_DAYS;
-        if (call.stops(last, id == KL_TRANS_23 ? &fields[3] : &out->days))
+    carry(time_id, ref, &record);
+    if (record.days > kLastDay) { // seconds of the last week, or ticks
+        const bool by_ticks = id == KL_TRANS_23;
+        const long shown = by_ticks ? fields[3] : record.days;
+        if (call.stops(by_ticks ? KL_TRANS_IN_TICKS : KL_TRANS_IN_DAYS, &shown))
             return KL_ERR;
     }
+    *out = record;
     return call.status();
 }
 
