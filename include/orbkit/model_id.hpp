@@ -38,7 +38,7 @@ public:
     ModelId(const ModelId &other);
     ModelId(ModelId &&other) noexcept;
     ModelId &operator=(const ModelId &other);
-    ModelId &operator=(ModelId &&other);
+    ModelId &operator=(ModelId &&other) noexcept;
     ~ModelId() override;
 
     /**

@@ -57,7 +57,7 @@ public:
     TimeId(const TimeId &other);
     TimeId(TimeId &&other) noexcept;
     TimeId &operator=(const TimeId &other);
-    TimeId &operator=(TimeId &&other);
+    TimeId &operator=(TimeId &&other) noexcept;
     ~TimeId() override;
 
     /**

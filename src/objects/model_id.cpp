@@ -3,6 +3,7 @@
 #include "objects/throw_rule.h"
 
 #include <string>
+#include <utility>
 
 namespace ORBKIT {
 
@@ -26,13 +27,10 @@ ModelId &ModelId::operator=(const ModelId &other)
     return *this;
 }
 
-ModelId &ModelId::operator=(ModelId &&other)
+ModelId &ModelId::operator=(ModelId &&other) noexcept
 {
-    if (this != &other) {
-        eraseObject();
-        handle_ = other.handle_;
-        other.handle_ = {};
-    }
+    ModelId taken(std::move(other));
+    std::swap(handle_, taken.handle_); // what was held goes with `taken`
     return *this;
 }
 

@@ -2,16 +2,15 @@
 
 #include "objects/throw_rule.h"
 
+#include <memory>
+#include <utility>
+
 namespace ORBKIT {
 
 namespace {
 
-// What kl_time_get_id_data allocates, freed on every way out.
-struct OwnedTimeData : kl_time_id_data {
-    OwnedTimeData() : kl_time_id_data{} {}
-    OwnedTimeData(const OwnedTimeData &) = delete;
-    OwnedTimeData &operator=(const OwnedTimeData &) = delete;
-    ~OwnedTimeData() { kl_time_free_id_data(this); }
+struct FreeRows {
+    void operator()(kl_time_id_data *data) const { kl_time_free_id_data(data); }
 };
 
 } // namespace
@@ -48,13 +47,10 @@ TimeId &TimeId::operator=(const TimeId &other)
     return *this;
 }
 
-TimeId &TimeId::operator=(TimeId &&other)
+TimeId &TimeId::operator=(TimeId &&other) noexcept
 {
-    if (this != &other) {
-        eraseObject();
-        handle_ = other.handle_;
-        other.handle_ = {};
-    }
+    TimeId taken(std::move(other));
+    std::swap(handle_, taken.handle_); // what was held goes with `taken`
     return *this;
 }
 
@@ -102,7 +98,8 @@ void TimeId::init(const TimeIdData &data)
 
 TimeIdData TimeId::getData() const
 {
-    OwnedTimeData data;
+    kl_time_id_data data{};
+    const std::unique_ptr<kl_time_id_data, FreeRows> rows(&data);
     if (kl_time_get_id_data(getId(), &data) != KL_OK)
         throw KitError("Time correlation data cannot be read.");
     return TimeIdData(data);
