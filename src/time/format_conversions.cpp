@@ -319,7 +319,7 @@ private:
             if (!by_table(id, ref_out))
                 return false;
         } else if (changes) {
-            // Refuses, but copies TAI: the refusal may come from either.
+            // TAI is copied without an id: it is one step or the other that refuses.
             if (!step(KL_Time_t2t_ref_to_tai, KL_FN_TIME_T2T_REF_TO_TAI, ref_, kReferenceStep)
                 || !step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack))
                 return false;
