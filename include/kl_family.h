@@ -263,20 +263,34 @@ KL_API long KL_Run_Generic_close(const long *run_id, long kind);
 /** Month names of texts, by number 1 to 12; entry 0 is empty. */
 extern KL_API const char kl_months[13][4];
 
+/** Calendar date of an instant from 1950 to 2099, nearest microsecond; rounding up to midnight gives 86400 seconds of
+ * the same day. */
 KL_API long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error_record *error);
+/** valid = 1 for a good date, else 0 and -1 with the first condition. */
 KL_API long KL_Calendar(const kl_calendar_record *in, int *valid, kl_error_record *error);
+/** The instant of a good date, in MJD2000. */
 KL_API long KL_Calendar_MJD(const kl_calendar_record *in, kl_time_record *out, kl_error_record *error);
+/** MJD2000 + 2451545.0: counted from midnight, half a day more than the astronomical Julian date. */
 KL_API double KL_MJD_to_Julian(double mjd2000);
+/** floor(x + 0.5). */
 KL_API double KL_round(double x);
+/** Reference of a time record of a public one, and back; -1 where there is none. */
 KL_API long KL_Time_ref_enum_to_Time_enum(long ref);
 KL_API long KL_Time_enum_to_Time_ref_enum(int ref);
+/** 0 for -1 to 3. */
 KL_API long KL_Check_time_ref(const long *ref, kl_error_record *error);
+/** 1 for 0 to 3, else 0; records nothing. */
 KL_API long KL_Check_time_ref_2(long ref);
+/** Format, reference and range of a processing time; the first that is wrong ends the check. */
 KL_API long KL_Time_check_processing_inputs(long format, long ref, const double *time, kl_error_record *error);
 KL_API long KL_Time_check_processing_outputs(long format, long ref, kl_error_record *error);
+/** Day, second and microsecond of a processing time, nearest microsecond; 86400 seconds in UTC at the end of a day with
+ * the leap second of the id. */
 KL_API long KL_Time_p2t_format_to_std(kl_time_id *time_id, long ref, const double *time, kl_std_record *out,
                                       kl_error_record *error);
+/** The processing time of a standard record; always 0. */
 KL_API long KL_Time_t2p_format_from_std(const kl_std_record *in, double *out);
+/** The present UTC time as a text, 32 characters; conditions 0 to 2 of kl_time_get_leap_second_info in the record. */
 KL_API long KL_Time_current_time(const long *ascii_format, char *out, kl_error_record *error);
 
 /* ---- time: correlation, leap seconds ------------------------------------------------------------------- */
