@@ -2,6 +2,7 @@
 #include "error/message_groups.h"
 #include "time/time.h"
 
+#include <cmath>
 #include <cstdint>
 
 namespace {
@@ -61,6 +62,9 @@ long p_field_length(long n_coarse, long n_fine)
 {
     return n_coarse > kFirstCoarse || n_fine > kFirstFine ? 2 : 1;
 }
+
+// Stands for no configuration: it is refused for its type.
+constexpr kl_cuc_config kNoConfig = {-1, 0, 0, 0.0, 0, 0};
 
 // 256^n.
 constexpr double kPowers[] = {1.0, 0x1p8, 0x1p16, 0x1p24, 0x1p32, 0x1p40, 0x1p48};
@@ -144,9 +148,9 @@ long KL_Cuc_get_data_from_P_field(const unsigned char *octets, kl_cuc_config *da
     Activation call(KL_FN_CUC_GET_DATA_FROM_P_FIELD, error);
     if (octets == nullptr || data == nullptr)
         return KL_ERR;
-    const unsigned first = octets[0];
-    const unsigned second = (first & kExtension) != 0 ? octets[1] : 0;
-    const unsigned identification = first >> 4 & 7;
+    const unsigned long first = octets[0];
+    const unsigned long second = (first & kExtension) != 0 ? octets[1] : 0;
+    const unsigned long identification = first >> 4 & 7;
     if (identification != kIdentification1958 && identification != kIdentificationUser
         && call.stops(KL_CUC_P_FIELD_EPOCH))
         return KL_ERR;
@@ -183,10 +187,10 @@ long KL_Cuc_check_inputs(kl_time_id *time_id, const kl_cuc_config *config, long 
     Activation call(KL_FN_CUC_CHECK_INPUTS, error);
     if (time_record_of(time_id) == nullptr && call.stops(KL_CUC_CHECK_TIME_ID))
         return KL_ERR;
-    const bool known_type =
-        config != nullptr && (config->cuc_type == KL_CUC_TIME_FIELD_ONLY || config->cuc_type == KL_CUC_WITH_P_FIELD);
-    if (!known_type && call.stops(KL_CUC_CHECK_TYPE))
+    if (config == nullptr || (config->cuc_type != KL_CUC_TIME_FIELD_ONLY && config->cuc_type != KL_CUC_WITH_P_FIELD)) {
+        (void)call.stops(KL_CUC_CHECK_TYPE);
         return KL_ERR;
+    }
     if (octets_from_p_field == 0 && KL_Check_cuc_octets(config->n_coarse, config->n_fine) == 0
         && call.stops(KL_CUC_CHECK_OCTETS))
         return KL_ERR;
@@ -231,13 +235,13 @@ long kl_time_cuc_to_processing(kl_time_id *time_id, const kl_cuc_config *config,
 {
     Activation call(KL_FN_TIME_CUC_TO_PROCESSING, ierr);
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
-    const bool with_p_field = config != nullptr && config->cuc_type == KL_CUC_WITH_P_FIELD;
-    if (KL_Cuc_check_inputs(time_id, config, ref, with_p_field ? 1 : 0, nullptr) == KL_ERR
+    kl_cuc_config own = config != nullptr ? *config : kNoConfig;
+    const bool with_p_field = own.cuc_type == KL_CUC_WITH_P_FIELD;
+    if (KL_Cuc_check_inputs(time_id, &own, ref, with_p_field ? 1 : 0, nullptr) == KL_ERR
         && call.stops(KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR))
         return KL_ERR;
     if (cuc == nullptr || time == nullptr)
         return KL_ERR;
-    kl_cuc_config own = *config;
     const unsigned char *field = cuc;
     if (with_p_field) {
         if (KL_Cuc_get_data_from_P_field(cuc, &own, nullptr) == KL_ERR
@@ -258,25 +262,26 @@ long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *config,
 {
     Activation call(KL_FN_TIME_PROCESSING_TO_CUC, ierr);
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
-    if (KL_Cuc_check_inputs(time_id, config, ref, 0, nullptr) == KL_ERR
+    const kl_cuc_config &own = config != nullptr ? *config : kNoConfig;
+    const double instant = time != nullptr ? *time : std::nan("");
+    if (KL_Cuc_check_inputs(time_id, &own, ref, 0, nullptr) == KL_ERR
         && call.stops(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR))
         return KL_ERR;
     double epoch = 0.0;
-    if (KL_Get_CUC_processing_epoch(time_id, config, ref, &epoch, nullptr) == KL_ERR
+    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR
         && call.stops(KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR))
         return KL_ERR;
-    if ((time == nullptr || !(*time >= epoch)) && call.stops(KL_TIME_PROCESSING_TO_CUC_TIME_ERR))
+    if (!(instant >= epoch) && call.stops(KL_TIME_PROCESSING_TO_CUC_TIME_ERR))
         return KL_ERR;
     if (cuc == nullptr)
         return KL_ERR;
     unsigned char p_field[2];
     long n_p_field = 0;
-    if (config->cuc_type == KL_CUC_WITH_P_FIELD
-        && KL_Cuc_compute_P_field(config, p_field, &n_p_field, nullptr) == KL_ERR
+    if (own.cuc_type == KL_CUC_WITH_P_FIELD && KL_Cuc_compute_P_field(&own, p_field, &n_p_field, nullptr) == KL_ERR
         && call.stops(KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR))
         return KL_ERR;
     TimeField field{};
-    if (!split_seconds(*time - epoch, config->n_coarse, config->n_fine, &field)
+    if (!split_seconds(instant - epoch, own.n_coarse, own.n_fine, &field)
         && call.stops(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR))
         return KL_ERR;
     for (long i = 0; i < n_p_field; ++i)

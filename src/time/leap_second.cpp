@@ -66,8 +66,8 @@ long KL_Leap_second_utc_time(const long *ref, const double *time, double *quarte
     date.month = (date.month - 1) / 3 * 3 + 1;
     date.day = 1;
     if (quarter_start == nullptr) {
-        if (call.stops(KL_QUARTER_READING))
-            return KL_ERR;
+        (void)call.stops(KL_QUARTER_READING);
+        return KL_ERR;
     }
     *quarter_start = static_cast<double>(day_of_calendar(date.year, date.month, date.day));
     return call.status();
@@ -81,8 +81,10 @@ long KL_Time_check_leap_second(kl_time_id *time_id, long ref, const kl_std_recor
         *leap_flag = 0;
     if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_LEAP_CHECK_REF))
         return KL_ERR;
-    if ((rec == nullptr || !inside_processing_range(static_cast<double>(rec->days))) && call.stops(KL_LEAP_CHECK_DATE))
+    if (rec == nullptr || !inside_processing_range(static_cast<double>(rec->days))) {
+        (void)call.stops(KL_LEAP_CHECK_DATE);
         return KL_ERR;
+    }
     // On purpose: neither the reference nor the sign is looked at, so the day of a negative leap second keeps its 86400
     // seconds as well.
     if (leap_flag != nullptr)

@@ -44,6 +44,7 @@ constexpr long kTarvos = 21;
 constexpr long kVardo = 51;
 constexpr long kKelda = 61;
 constexpr long kBrisa = 71;
+constexpr long kNoSatellite = -1;
 
 constexpr double kTurn = 4294967296.0;          // counts after which the Tarvos counter starts again
 constexpr double kHalfTurn = 2147483648.0;      // 2^31
@@ -194,9 +195,9 @@ long kl_time_obt_to_time(const long *sat_id, const long *time_ref, const void *p
                          double *time, long *ierr)
 {
     Activation call(KL_FN_TIME_OBT_TO_TIME, ierr);
-    if ((sat_id == nullptr || KL_Check_sat_id(sat_id, nullptr) != KL_OK) && call.stops(KL_TIME_OBT_TO_TIME_SAT_ID_ERR))
+    const long satellite = value_or(sat_id, kNoSatellite);
+    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK && call.stops(KL_TIME_OBT_TO_TIME_SAT_ID_ERR))
         return KL_ERR;
-    const long satellite = *sat_id;
     if ((!is_tagged(parameters, satellite) || !is_tagged(obt, satellite)) && call.stops(KL_TIME_OBT_TO_TIME_TAG_ERR))
         return KL_ERR;
     if (!has_format(satellite) && call.stops(KL_TIME_OBT_TO_TIME_NO_OBT_ERR))
@@ -241,9 +242,9 @@ long kl_time_time_to_obt(const long *sat_id, const long *time_ref, const void *p
                          void *obt, long *ierr)
 {
     Activation call(KL_FN_TIME_TIME_TO_OBT, ierr);
-    if ((sat_id == nullptr || KL_Check_sat_id(sat_id, nullptr) != KL_OK) && call.stops(KL_TIME_TIME_TO_OBT_SAT_ID_ERR))
+    const long satellite = value_or(sat_id, kNoSatellite);
+    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK && call.stops(KL_TIME_TIME_TO_OBT_SAT_ID_ERR))
         return KL_ERR;
-    const long satellite = *sat_id;
     if ((!is_tagged(parameters, satellite) || !is_tagged(obt, satellite)) && call.stops(KL_TIME_TIME_TO_OBT_TAG_ERR))
         return KL_ERR;
     if (!has_format(satellite) && call.stops(KL_TIME_TIME_TO_OBT_NO_OBT_ERR))
