@@ -399,8 +399,8 @@ typedef struct kl_precession {
     double zeta[3], z[3], theta[3];
 } kl_precession;
 
-/** Nutation series of nine terms at days since 2000-01-01 00:00 (1990 to 2030 within 0.10 and 0.03 arcsec of IAU 1980).
- */
+/** Nutation series of nine terms at days since 2000-01-01 00:00 (1990 to 2030 within 0.103 and 0.039 arcsec of IAU
+ * 1980, longitude and obliquity). */
 KL_API void KL_Sim_Nut_Term(double days, kl_nutation *nutation);
 /** Precession of IAU 1976 from J2000 to the mean of date, days since 2000-01-01 00:00. */
 KL_API void KL_Precession(double days, kl_precession *angles);

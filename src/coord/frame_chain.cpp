@@ -373,9 +373,15 @@ bool walk(Journey &j, int code, State *state)
     return false;
 }
 
+// What was asked for, of what the state holds.
+int order_of(const Cord &cord, long order)
+{
+    return static_cast<int>(std::clamp(std::min(order, static_cast<long>(cord.order)), 0L, 2L));
+}
+
 State state_of(const Cord &cord, long order)
 {
-    State state = {static_cast<int>(std::clamp(std::min(order, static_cast<long>(cord.order)), 0L, 2L)), {}, {}, {}};
+    State state = {order_of(cord, order), {}, {}, {}};
     KL_copy_v(cord.pos + 1, 3, state.pos);
     if (state.order >= 1)
         KL_copy_v(cord.vel + 1, 3, state.vel);
@@ -433,7 +439,7 @@ long change(int function_id, kl_model_id *model_id, kl_time_id *time_id, long or
     if (path.n == 0) {
         KL_Copy_Cord(in, out);
         out->cs = static_cast<std::int32_t>(final_cs);
-        out->order = static_cast<std::int32_t>(order);
+        out->order = order_of(*in, order);
         return call.status();
     }
 
