@@ -55,7 +55,7 @@ constexpr long kFirstFine = 3;
 constexpr double kEpoch1958 = -15340.0; // 1958-01-01 TAI
 constexpr double kEpoch1980 = -7300.0;  // 1980-01-06 GPS
 
-constexpr long kHighFine = 6;                      // fine octets that one integer takes exactly from a double
+constexpr long kHighFine = 5;                      // fine octets that go into one integer with the seconds of a day
 constexpr double kCoarseEnd = 72057594037927936.0; // 2^56: seconds that seven octets cannot hold
 
 long p_field_length(long n_coarse, long n_fine)
@@ -67,7 +67,7 @@ long p_field_length(long n_coarse, long n_fine)
 constexpr kl_cuc_config kNoConfig = {-1, 0, 0, 0.0, 0, 0};
 
 // 256^n.
-constexpr double kPowers[] = {1.0, 0x1p8, 0x1p16, 0x1p24, 0x1p32, 0x1p40, 0x1p48};
+constexpr double kPowers[] = {1.0, 0x1p8, 0x1p16, 0x1p24, 0x1p32, 0x1p40};
 
 // To the nearest whole number, halves up. No sum with one half: it could round up what lies just below.
 std::int64_t nearest(double x)
@@ -92,20 +92,38 @@ bool split_seconds(double days_since_epoch, long n_coarse, long n_fine, TimeFiel
         return false;
     const auto days = static_cast<std::int64_t>(days_since_epoch);
     const double second_of_day = (days_since_epoch - static_cast<double>(days)) * KL_SECONDS_PER_DAY;
-    const auto second = static_cast<std::int64_t>(second_of_day);
-    const double fraction = second_of_day - static_cast<double>(second);
 
+    // Scaling by powers of two, cutting and taking the rest are exact.
     const long n_high = n_fine < kHighFine ? n_fine : kHighFine;
     const long n_low = n_fine - n_high;
-    const double scaled = fraction * kPowers[n_high];
-    *field = {days * 86400 + second, nearest(scaled), 0, n_coarse, n_high, n_low};
-    if (n_low > 0) {
-        field->high = static_cast<std::int64_t>(scaled);
-        field->low = nearest((scaled - static_cast<double>(field->high)) * kPowers[n_low]);
-        field->high += field->low >> (8 * n_low);
+    const double scaled = second_of_day * kPowers[n_high];
+    std::int64_t number = 0;
+    std::int64_t low = 0;
+    if (n_low == 0) {
+        number = nearest(scaled);
+    } else {
+        number = static_cast<std::int64_t>(scaled);
+        low = nearest((scaled - static_cast<double>(number)) * kPowers[n_low]);
+        number += low >> (8 * n_low);
     }
-    field->coarse += field->high >> (8 * n_high);
+    const std::int64_t second = number >> (8 * n_high);
+    *field = {days * 86400 + second, number, low, n_coarse, n_high, n_low};
     return field->coarse >> (8 * n_coarse) == 0;
+}
+
+// What kl_time_processing_to_processing gives for midnight and an id of explicit values, where it has nothing to
+// report; else false.
+bool convert_quickly(const TimeIdRecord *id, long ref_in, double days, long ref_out, double *out)
+{
+    if (id == nullptr || id->model != KL_TIME_MODEL_EXPLICIT || !is_time_ref(ref_in) || !is_time_ref(ref_out)
+        || !inside_processing_range(days))
+        return false;
+    kl_std_record record = {static_cast<long>(days), 0, 0};
+    if (static_cast<double>(record.days) != days)
+        return false;
+    shift_by_explicit_values(id->rows[0], ref_in, ref_out, &record);
+    *out = processing_of(record);
+    return true;
 }
 
 // The last n octets of a number, the highest first; returns what follows them.
@@ -221,6 +239,8 @@ long KL_Get_CUC_processing_epoch(kl_time_id *time_id, const kl_cuc_config *confi
         *epoch = own_epoch;
         return call.status();
     }
+    if (convert_quickly(time_record_of(time_id), own_ref, own_epoch, time_ref, epoch))
+        return call.status();
     const long processing = KL_PROC;
     if (kl_time_processing_to_processing(time_id, &processing, &own_ref, &own_epoch, &processing, &time_ref, epoch,
                                          nullptr)

@@ -188,6 +188,21 @@ TEST_F(Cuc, EpochsAreConvertedToTheScaleOfTheTime)
     }
 }
 
+TEST_F(Cuc, EpochsAreConvertedAsAnyTime)
+{
+    constexpr double kEpochs[] = {-15340.0, -7300.0, -18262.0, 36524.0, 1234.0, 1234.5, 1234.0 - 1e-12};
+    for (const double epoch : kEpochs)
+        for (long from = 0; from < 4; ++from)
+            for (long to = 0; to < 4; ++to) {
+                if (from == to)
+                    continue;
+                const kl_cuc_config config = {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_USER, from, epoch, 4, 0};
+                double got = kNaN;
+                EXPECT_EQ(KL_Get_CUC_processing_epoch(&time_id.id, &config, to, &got, nullptr), 0);
+                EXPECT_EQ(got, convert(&time_id.id, from, epoch, to).time) << epoch << " " << from << to;
+            }
+}
+
 // ---- rounding ----
 
 TEST_F(Cuc, TheLastFineOctetIsRoundedWithTheCarryIntoTheCoarseOnes)
