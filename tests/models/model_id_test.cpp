@@ -178,7 +178,8 @@ TEST(ModelId, BadCallsGetTheirConditions)
     }
     EXPECT_EQ(kl_model_init_status(nullptr), 0);
     long ierr = 77;
-    for (kl_model_id empty{}; kl_model_id * id : {&empty, static_cast<kl_model_id *>(nullptr)}) {
+    kl_model_id empty{};
+    for (kl_model_id *id : {&empty, static_cast<kl_model_id *>(nullptr)}) {
         EXPECT_EQ(kl_model_close(id, &ierr), KL_ERR);
         EXPECT_EQ(ierr, error_bit(KL_MODEL_CLOSE_ERR));
     }
