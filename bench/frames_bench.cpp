@@ -94,7 +94,7 @@ void rival(benchmark::State &state)
 }
 
 BENCHMARK_CAPTURE(change, GM2000_to_EF, KL_GM2000, KL_EF)->Name("kl_change_cart_cs GM2000 to EF");
-BENCHMARK(rival)->Name("kl_change_cart_cs/rival eraPmat76 eraNutm80 eraGst94");
+BENCHMARK(rival)->Name("kl_change_cart_cs GM2000 to EF/rival eraPmat76 eraNutm80 eraGst94");
 BENCHMARK_CAPTURE(change, EF_to_GM2000, KL_EF, KL_GM2000)->Name("kl_change_cart_cs EF to GM2000");
 BENCHMARK_CAPTURE(change, TEME_to_EF, KL_TEME, KL_EF)->Name("kl_change_cart_cs TEME to EF");
 BENCHMARK_CAPTURE(change, GM2000_to_BM1950, KL_GM2000, KL_BM1950)->Name("kl_change_cart_cs GM2000 to BM1950");

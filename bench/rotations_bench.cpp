@@ -61,7 +61,7 @@ void quaternions_to_vectors_eigen(benchmark::State &state)
         benchmark::DoNotOptimize(m);
     }
 }
-BENCHMARK(quaternions_to_vectors_eigen);
+BENCHMARK(quaternions_to_vectors_eigen)->Name("quaternions_to_vectors/rival Eigen");
 
 void vectors_to_quaternions(benchmark::State &state)
 {
@@ -133,7 +133,7 @@ void slerp_eigen(benchmark::State &state)
         benchmark::DoNotOptimize(q);
     }
 }
-BENCHMARK(slerp_eigen);
+BENCHMARK(slerp_eigen)->Name("slerp/rival Eigen");
 
 // A call that is refused, in silent mode.
 void failing_call(benchmark::State &state)

@@ -102,7 +102,7 @@ void rival_utc_to_ut1(benchmark::State &state)
         benchmark::DoNotOptimize(ut12);
     });
 }
-BENCHMARK(rival_utc_to_ut1);
+BENCHMARK(rival_utc_to_ut1)->Name("processing_utc_to_ut1/1/rival eraUtctai eraTaiut1");
 
 // ---- formats ----
 
@@ -156,7 +156,7 @@ void rival_fields_to_tai(benchmark::State &state)
         benchmark::DoNotOptimize(tai2);
     });
 }
-BENCHMARK(rival_fields_to_tai);
+BENCHMARK(rival_fields_to_tai)->Name("ascii_to_processing/11/rival eraDtf2d eraUtctai");
 
 void processing_to_ascii(benchmark::State &state)
 {
@@ -189,7 +189,7 @@ void rival_tai_to_fields(benchmark::State &state)
         benchmark::DoNotOptimize(time);
     });
 }
-BENCHMARK(rival_tai_to_fields);
+BENCHMARK(rival_tai_to_fields)->Name("processing_to_ascii/11/rival eraTaiutc eraD2dtf");
 
 void ascii_to_ascii(benchmark::State &state)
 {

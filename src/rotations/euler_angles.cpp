@@ -2,6 +2,7 @@
 #include "error/activation.h"
 #include "error/message_groups.h"
 #include "math/math.h"
+#include "math/sin_cos.h"
 
 #include <cmath>
 #include <iterator>
@@ -30,12 +31,6 @@ struct SineCosine {
     double s, c;
 };
 
-SineCosine of_degrees(double degrees)
-{
-    const double angle = degrees * KL_RAD_PER_DEG;
-    return {std::sin(angle), std::cos(angle)};
-}
-
 void fill_matrix(const SineCosine &a0, const SineCosine &a1, const SineCosine &a2, double m[9])
 {
     m[0] = a1.c * a2.c + a0.s * a1.s * a2.s;
@@ -49,11 +44,28 @@ void fill_matrix(const SineCosine &a0, const SineCosine &a1, const SineCosine &a
     m[8] = a0.c * a1.c;
 }
 
+// Whole turns taken off: exact.
+double without_turns(double degrees)
+{
+    constexpr double kManyTurns = 1e9;
+    return std::fabs(degrees) < kManyTurns ? reduced_degrees(degrees) : std::fmod(degrees, 360.0);
+}
+
 void matrix_of(const double angles[3], double m[9])
 {
-    fill_matrix(of_degrees(angles[0]), of_degrees(angles[1]), of_degrees(angles[2]), m);
-    for (int row = 0; row < 3; ++row)
-        normalise(m + 3 * row, 3);
+    double angle[4] = {}; // two pairs: the fourth fills a register
+    double s[4];
+    double c[4];
+    for (int i = 0; i < 3; ++i)
+        angle[i] = without_turns(angles[i]) * KL_RAD_PER_DEG;
+    sin_cos(angle, s, c);
+    double rows[9]; // stays in registers
+    fill_matrix({s[0], c[0]}, {s[1], c[1]}, {s[2], c[2]}, rows);
+    for (int row = 0; row < 3; ++row) {
+        const double length = length_or_square(dot(rows + 3 * row, rows + 3 * row, 3));
+        for (int i = 3 * row; i < 3 * row + 3; ++i)
+            m[i] = rows[i] / length;
+    }
 }
 
 // Degrees in (-180, 180].
@@ -163,9 +175,8 @@ long kl_euler_to_matrix(const double angles[3], double matrix[9], long *ierr)
     Activation call(KL_FN_EULER_TO_MATRIX, ierr);
     if (angles == nullptr || matrix == nullptr)
         return KL_ERR;
-    double m[9]; // matrix may overlap angles
-    matrix_of(angles, m);
-    KL_copy_m(m, matrix);
+    const double copy[3] = {angles[0], angles[1], angles[2]}; // matrix may overlap angles
+    matrix_of(copy, matrix);
     return call.status();
 }
 

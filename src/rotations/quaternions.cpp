@@ -123,9 +123,12 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
     Columns axes;
     bool null = false;
     for (int i = 0; i < 3; ++i) {
+        const double *const v = given[i];
+        const double length = length_or_square(dot(v, v, 3));
+        const bool too_short = length <= KL_NULL_LENGTH_SQUARED;
         for (int k = 0; k < 3; ++k)
-            axes.v[i][k] = given[i][k];
-        null = null || normalise(axes.v[i], 3) <= KL_NULL_LENGTH_SQUARED;
+            axes.v[i][k] = too_short ? v[k] : v[k] / length;
+        null |= too_short;
     }
     const bool orthogonal = std::fabs(dot(axes.v[0], axes.v[1], 3)) <= kUnit
                             && std::fabs(dot(axes.v[0], axes.v[2], 3)) <= kUnit
@@ -135,13 +138,19 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
 
     double out[4] = {};
     provisional_quaternion(axes, out);
-    for (int i = 0; i < kScalar; ++i) // the sign of the attitude matrix's convention
-        out[i] = -out[i];
+    // The vector part changes its sign: the convention of the attitude matrix.
+    const double q0 = -out[0];
+    const double q1 = -out[1];
+    const double q2 = -out[2];
+    const double q3 = out[kScalar];
     // A left-handed set, or a null vector among the three.
-    if ((null || !is_unit(std::sqrt(dot(out, out, 4)))) && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
+    if ((null || !is_unit(std::sqrt(q0 * q0 + q1 * q1 + q2 * q2 + q3 * q3)))
+        && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
         return KL_ERR;
-    for (int i = 0; i < 4; ++i)
-        q[i] = out[i];
+    q[0] = q0;
+    q[1] = q1;
+    q[2] = q2;
+    q[kScalar] = q3;
     return call.status();
 }
 
