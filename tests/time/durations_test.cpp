@@ -91,27 +91,21 @@ TEST(TimeDiff, SubtractsDaysAndTellsWhatIsWrong)
 TEST(Durations, MissingArgumentsAreTheConditionsOfTheirInputs)
 {
     double out = kSoon;
-    long ierr = -1;
-    const long *no_long = nullptr;
-    const double *no_double = nullptr;
-    EXPECT_EQ(kl_time_add(no_long, &kUtc, &kSoon, &kSoon, &out, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, error_bit(KL_TIME_ADD_PROC_ID_ERR));
-    EXPECT_EQ(kl_time_add(&kProcessing, no_long, &kSoon, &kSoon, &out, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, error_bit(KL_TIME_ADD_TIME_REF_ERR));
-    EXPECT_EQ(kl_time_add(&kProcessing, &kUtc, no_double, &kSoon, &out, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, error_bit(KL_TIME_ADD_TIME_ERR));
-    EXPECT_EQ(kl_time_add(&kProcessing, &kUtc, &kSoon, no_double, &out, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, 0);
-    EXPECT_EQ(kl_time_add(&kProcessing, &kUtc, &kSoon, &kSoon, nullptr, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, 0);
-    EXPECT_EQ(kl_time_diff(no_long, &kUtc, &kSoon, &kSoon, &out, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, error_bit(KL_TIME_DIFF_PROC_ID_ERR));
-    EXPECT_EQ(kl_time_diff(&kProcessing, &kUtc, no_double, &kSoon, &out, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, error_bit(KL_TIME_DIFF_TIME1_ERR));
-    EXPECT_EQ(kl_time_diff(&kProcessing, &kUtc, &kSoon, no_double, &out, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, error_bit(KL_TIME_DIFF_TIME2_ERR));
-    EXPECT_EQ(kl_time_diff(&kProcessing, &kUtc, &kSoon, &kSoon, nullptr, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, 0);
+    const long *none = nullptr;
+    const double *never = nullptr;
+    // clang-format off
+    expect_refused({
+        {KL_TIME_ADD_PROC_ID_ERR, [&](long *e) { return kl_time_add(none, &kUtc, &kSoon, &kSoon, &out, e); }},
+        {KL_TIME_ADD_TIME_REF_ERR, [&](long *e) { return kl_time_add(&kProcessing, none, &kSoon, &kSoon, &out, e); }},
+        {KL_TIME_ADD_TIME_ERR, [&](long *e) { return kl_time_add(&kProcessing, &kUtc, never, &kSoon, &out, e); }},
+        {-1, [&](long *e) { return kl_time_add(&kProcessing, &kUtc, &kSoon, never, &out, e); }},
+        {-1, [&](long *e) { return kl_time_add(&kProcessing, &kUtc, &kSoon, &kSoon, nullptr, e); }},
+        {KL_TIME_DIFF_PROC_ID_ERR, [&](long *e) { return kl_time_diff(none, &kUtc, &kSoon, &kSoon, &out, e); }},
+        {KL_TIME_DIFF_TIME1_ERR, [&](long *e) { return kl_time_diff(&kProcessing, &kUtc, never, &kSoon, &out, e); }},
+        {KL_TIME_DIFF_TIME2_ERR, [&](long *e) { return kl_time_diff(&kProcessing, &kUtc, &kSoon, never, &out, e); }},
+        {-1, [&](long *e) { return kl_time_diff(&kProcessing, &kUtc, &kSoon, &kSoon, nullptr, e); }},
+    });
+    // clang-format on
     EXPECT_EQ(out, kSoon) << "nothing is written";
 }
 

@@ -49,33 +49,28 @@ TEST(TimeRefInit, RoundsTheWholeSecondDifferences)
 {
     struct Case {
         const char *name;
-        double tai, utc, gps; // seconds of 2000-01-01
+        double tai, utc, gps; // seconds of `day`
         double tai_utc, tai_gps;
+        double day;
     };
     constexpr Case kCases[] = {
-        {"down", 37.4, 0.0, 18.4, 37.0, 19.0},
-        {"half a second goes away from zero", 37.5, 0.0, 0.0, 38.0, 38.0},
-        {"so does a negative one", -0.5, 0.0, 0.0, -1.0, -1.0},
-        {"negative and down", -37.4, 0.0, 0.0, -37.0, -37.0},
-        {"readings a day apart", 86400.0, 0.0, 86381.0, 86400.0, 19.0},
+        {"down", 37.4, 0.0, 18.4, 37.0, 19.0, 0.0},
+        {"half a second goes away from zero", 37.5, 0.0, 0.0, 38.0, 38.0, 0.0},
+        {"so does a negative one", -0.5, 0.0, 0.0, -1.0, -1.0, 0.0},
+        {"negative and down", -37.4, 0.0, 0.0, -37.0, -37.0, 0.0},
+        {"readings a day apart", 86400.0, 0.0, 86381.0, 86400.0, 19.0, 0.0},
+        {"far from the epoch days hold 37.49999997 s", 37.5, 0.0, 0.0, 37.0, 37.0, 8000.0},
     };
     for (const Case &c : kCases) {
         OwnedTimeId id;
-        const double tri_time[4] = {c.tai / kDay, c.utc / kDay, 0.25 / kDay, c.gps / kDay};
+        const double tri_time[4] = {c.day + c.tai / kDay, c.day + c.utc / kDay, c.day + 0.25 / kDay,
+                                    c.day + c.gps / kDay};
         EXPECT_EQ(init(tri_time, &id.id).status, KL_OK) << c.name;
         const kl_time_row row = only_row_of(&id.id);
         EXPECT_EQ(row.tai_utc, c.tai_utc) << c.name;
         EXPECT_EQ(row.tai_gps, c.tai_gps) << c.name;
-        EXPECT_NEAR(row.tai_ut1, c.tai - 0.25, 1e-10) << c.name; // not rounded
+        EXPECT_NEAR(row.tai_ut1, c.tai - 0.25, 1e-7) << c.name; // not rounded
     }
-}
-
-TEST(TimeRefInit, DaysCannotHoldAHalfSecondExactlyFarFromTheEpoch)
-{
-    OwnedTimeId id;
-    const double tri_time[4] = {8000.0 + 37.5 / kDay, 8000.0, 8000.0, 8000.0}; // 37.49999997 s apart
-    ASSERT_EQ(init(tri_time, &id.id).status, KL_OK);
-    EXPECT_EQ(only_row_of(&id.id).tai_utc, 37.0);
 }
 
 TEST(TimeRefInit, EachReadingIsChecked)
@@ -313,48 +308,35 @@ TEST(TimeIdData, ATableTakesThePlaceOfTheOneBefore)
 
 TEST(TimeIdData, WhatCannotBeATableIsRefusedAndChangesNothing)
 {
-    using Change = std::function<void(Table &)>;
     struct Case {
         const char *name;
-        Change spoil;
+        std::function<void(Table &)> spoil;
         const char *line; // part of the verbose line
     };
+    using T = Table;
+    // clang-format off
     const Case cases[] = {
-        {"model 0", [](Table &t) { t.data.model = 0; }, "model 0"},
-        {"explicit values with rows", [](Table &t) { t.data.model = -1; }, "exactly one row"},
-        {"no rows", [](Table &t) { t.rows.clear(); }, "at least one row"},
-        {"not finite", [](Table &t) { t.rows[3].tai_ut1 = kNaN; }, "not finite"},
-        {"infinite", [](Table &t) { t.rows[3].tai = kInfinity; }, "not finite"},
-        {"a not finite", [](Table &t) { t.data.a = kNaN; }, "UT1-UTC formula"},
-        {"b not finite", [](Table &t) { t.data.b = kInfinity; }, "UT1-UTC formula"},
-        {"c not finite", [](Table &t) { t.data.c = kNaN; }, "UT1-UTC formula"},
-        {"too early", [](Table &t) { t.rows[0] = row_at(-18262.001, 36.0, 36.3); }, "out of range"},
-        {"too late", [](Table &t) { t.rows.back() = row_at(36524.0, 37.0, 36.3); }, "out of range"},
-        {"TAI-UTC with a fraction", [](Table &t) { t.rows[2] = row_at(k2017 - 1, 36.5, 36.3); }, "whole seconds"},
-        {"TAI-GPS with a fraction", [](Table &t) { t.rows[2].tai_gps = 19.25; }, "whole seconds"},
-        {"UTC off by 3 microseconds", [](Table &t) { t.rows[2].utc += 3e-6 / kDay; }, "agree"},
-        {"UT1 off by 3 microseconds", [](Table &t) { t.rows[2].ut1 -= 3e-6 / kDay; }, "agree"},
-        {"the same row twice", [](Table &t) { t.rows[2] = t.rows[1]; }, "increasing"},
-        {"rows the wrong way round", [](Table &t) { std::swap(t.rows[2], t.rows[1]); }, "increasing"},
-        {"GPS time that goes back",
-         [](Table &t) {
-             t.rows[1] = row_at(k2017 - 2 + 1 / kDay, 36.0, 36.3);
-             t.rows[0] = row_at(k2017 - 2, 36.0, 36.3, 10.0);
-         },
-         "increasing"},
-        {"second bulletin from the first row",
-         [](Table &t) {
-             t.data.combination = 2;
-             t.data.second_bulletin_row = 0;
-         },
-         "second bulletin"},
-        {"second bulletin after the last row",
-         [](Table &t) {
-             t.data.combination = 2;
-             t.data.second_bulletin_row = 7;
-         },
-         "second bulletin"},
+        {"model 0", [](T &t) { t.data.model = 0; }, "model 0"},
+        {"explicit values with rows", [](T &t) { t.data.model = -1; }, "exactly one row"},
+        {"no rows", [](T &t) { t.rows.clear(); }, "at least one row"},
+        {"not finite", [](T &t) { t.rows[3].tai_ut1 = kNaN; }, "not finite"},
+        {"infinite", [](T &t) { t.rows[3].tai = kInfinity; }, "not finite"},
+        {"a not finite", [](T &t) { t.data.a = kNaN; }, "UT1-UTC formula"},
+        {"b not finite", [](T &t) { t.data.b = kInfinity; }, "UT1-UTC formula"},
+        {"c not finite", [](T &t) { t.data.c = kNaN; }, "UT1-UTC formula"},
+        {"too early", [](T &t) { t.rows[0] = row_at(-18262.001, 36.0, 36.3); }, "out of range"},
+        {"too late", [](T &t) { t.rows.back() = row_at(36524.0, 37.0, 36.3); }, "out of range"},
+        {"TAI-UTC with a fraction", [](T &t) { t.rows[2] = row_at(k2017 - 1, 36.5, 36.3); }, "whole seconds"},
+        {"TAI-GPS with a fraction", [](T &t) { t.rows[2].tai_gps = 19.25; }, "whole seconds"},
+        {"UTC off by 3 microseconds", [](T &t) { t.rows[2].utc += 3e-6 / kDay; }, "agree"},
+        {"UT1 off by 3 microseconds", [](T &t) { t.rows[2].ut1 -= 3e-6 / kDay; }, "agree"},
+        {"the same row twice", [](T &t) { t.rows[2] = t.rows[1]; }, "increasing"},
+        {"rows the wrong way round", [](T &t) { std::swap(t.rows[2], t.rows[1]); }, "increasing"},
+        {"GPS time that goes back", [](T &t) { t.rows[1] = row_at(t.rows[0].utc + 1 / kDay, 36.0, 36.3, 28.0); }, "increasing"},
+        {"second bulletin at row 0", [](T &t) { t.data.combination = 2; }, "second bulletin"},
+        {"second bulletin after the end", [](T &t) { t.data.combination = 2; t.data.second_bulletin_row = 7; }, "second bulletin"},
     };
+    // clang-format on
     OwnedTimeId id;
     const double tri_time[4] = {0.0, 0.0, 0.0, 0.0};
     init(tri_time, &id.id);
@@ -424,17 +406,7 @@ struct PublishedTimes : testing::Test {
 
 TEST_F(PublishedTimes, GiveTaiUtcOfEveryLeapSecond)
 {
-    // IERS Bulletin C: first day of each value since 1972.
-    struct Step {
-        double mjd, tai_utc;
-    };
-    constexpr Step kSteps[] = {
-        {41317, 10}, {41499, 11}, {41683, 12}, {42048, 13}, {42413, 14}, {42778, 15}, {43144, 16},
-        {43509, 17}, {43874, 18}, {44239, 19}, {44786, 20}, {45151, 21}, {45516, 22}, {46247, 23},
-        {47161, 24}, {47892, 25}, {48257, 26}, {48804, 27}, {49169, 28}, {49534, 29}, {50083, 30},
-        {50630, 31}, {51179, 32}, {53736, 33}, {54832, 34}, {56109, 35}, {57204, 36}, {57754, 37},
-    };
-    for (const Step &step : kSteps) {
+    for (const TaiUtcStep &step : kTaiUtcSteps) {
         const double utc = step.mjd - 51544.0;
         constexpr double kTick = 1.0 / 1024.0; // days
         EXPECT_NEAR((convert(&time.id, KL_TIME_UTC, utc, KL_TIME_TAI).time - utc) * kDay, step.tai_utc, 1e-6);

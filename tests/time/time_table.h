@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <functional>
+#include <utility>
 #include <vector>
 
 // What a vector holds after one error, or after one warning.
@@ -17,6 +19,20 @@ constexpr long error_bit(long bit)
 constexpr long warning_bit(long bit)
 {
     return 1L << 30 | 1L << bit;
+}
+
+// Calls that must fail: the bit in the vector of each, or -1 for a clear one.
+struct Refused {
+    long bit;
+    std::function<long(long *ierr)> call;
+};
+inline void expect_refused(const std::vector<Refused> &calls)
+{
+    for (std::size_t i = 0; i < calls.size(); ++i) {
+        long ierr = 77;
+        EXPECT_EQ(calls[i].call(&ierr), KL_ERR) << "call " << i;
+        EXPECT_EQ(ierr, calls[i].bit < 0 ? 0 : error_bit(calls[i].bit)) << "call " << i;
+    }
 }
 
 constexpr double kDay = 86400.0; // s
@@ -77,6 +93,18 @@ inline Table leap_table(double leap_utc, double tai_utc_before, int sign, double
 }
 
 constexpr double k2017 = 6210.0; // 2017-01-01
+
+// IERS Bulletin C: MJD of the first day of each value of TAI-UTC since 1972; every one but the first follows a leap
+// second.
+struct TaiUtcStep {
+    double mjd, tai_utc;
+};
+constexpr TaiUtcStep kTaiUtcSteps[] = {
+    {41317, 10}, {41499, 11}, {41683, 12}, {42048, 13}, {42413, 14}, {42778, 15}, {43144, 16},
+    {43509, 17}, {43874, 18}, {44239, 19}, {44786, 20}, {45151, 21}, {45516, 22}, {46247, 23},
+    {47161, 24}, {47892, 25}, {48257, 26}, {48804, 27}, {49169, 28}, {49534, 29}, {50083, 30},
+    {50630, 31}, {51179, 32}, {53736, 33}, {54832, 34}, {56109, 35}, {57204, 36}, {57754, 37},
+};
 
 // Converts between scales and hands out the vector; the result is NaN after an error.
 struct Converted {
