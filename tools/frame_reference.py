@@ -1,13 +1,16 @@
 #!/usr/bin/env python3
 """Independent states for the frame chain: every way as one matrix of time, differentiated numerically in 50 digits.
 
-    python3 tools/frame_reference.py > tests/coord/reference_states.inc
+    python3 tools/frame_reference.py states > tests/coord/reference_states.inc
+    python3 tools/frame_reference.py angles > tests/coord/reference_angles.inc
 No rate of an angle is written down here: velocity and acceleration are differences of the carried position of
 a point that moves with constant acceleration. Precession: J. H. Lieske (1979) in rounded degrees; nutation: its nine
 largest terms, each from its own argument; sidereal time: GMST 1982 from 0h; FK4 to FK5: E. M. Standish (1982). Needs
 python3-mpmath.
 """
-from mpmath import cos, diff, matrix, mp, mpf, pi, sin
+import sys
+
+from mpmath import cos, diff, fmod, matrix, mp, mpf, pi, sin
 
 mp.dps = 50
 DEG = pi / 180
@@ -31,12 +34,17 @@ def Rz(a):
     return matrix([[cos(a), sin(a), 0], [-sin(a), cos(a), 0], [0, 0, 1]])
 
 
-def precession(d):
+def precession_angles(d):
     t = (d - mpf("0.5")) / 36525
     zeta = poly(t, "0", "0.6406161", "0.0000839", "0.0000050")
     z = poly(t, "0", "0.6406161", "0.0003041", "0.0000051")
     theta = poly(t, "0", "0.5567530", "-0.0001185", "-0.0000116")
-    return Rz(-z * DEG) * Ry(theta * DEG) * Rz(-zeta * DEG)
+    return zeta * DEG, z * DEG, theta * DEG
+
+
+def precession(d):
+    zeta, z, theta = precession_angles(d)
+    return Rz(-z) * Ry(theta) * Rz(-zeta)
 
 
 OBLIQUITY = mpf("23.439291") * DEG
@@ -81,8 +89,12 @@ def mean_sidereal(d):
     return poly(d, "99.96779469", "360.985647366286", "2.9079e-13") * DEG
 
 
+def apparent_sidereal(d):
+    return mean_sidereal(d) + equinoxes(d)
+
+
 def earth(d):
-    return Rz(mean_sidereal(d) + equinoxes(d))
+    return Rz(apparent_sidereal(d))
 
 
 def teme(d):
@@ -123,14 +135,38 @@ def carried(way, date, axis):
     return lambda s: (way(mpf(date) + s / 86400) * (start[0] + start[1] * s + start[2] * s * s / 2))[axis]
 
 
-def main():
+ANGLES = [
+    ("zeta", lambda d: precession_angles(d)[0]),
+    ("z", lambda d: precession_angles(d)[1]),
+    ("theta", lambda d: precession_angles(d)[2]),
+    ("dpsi", lambda d: nutation_angles(d)[0]),
+    ("deps", lambda d: nutation_angles(d)[1]),
+    ("H", apparent_sidereal),
+]
+
+
+def derivatives(function):
+    return [diff(function, 0, n) for n in range(3)]
+
+
+def states():
     print("// Made by tools/frame_reference.py: 50-digit differences. From, to, days since 2000-01-01 00:00, state there.")
     print("// All begin with the state " + "; ".join(", ".join(repr(x) for x in v) for v in START) + " (m, m/s, m/s2).")
     for first, last, way in WAYS:
         for date in DATES:
-            numbers = [diff(carried(way, date, axis), 0, n, h=mpf(10) ** -9) for n in range(3) for axis in range(3)]
+            axes = [derivatives(carried(way, date, axis)) for axis in range(3)]
+            numbers = [axis[n] for n in range(3) for axis in axes]
             print("{%d, %d, %r, {%s}}," % (first, last, date, ", ".join(mp.nstr(x, 17) for x in numbers)))
 
 
+def angles():
+    print("// Made by tools/frame_reference.py: 50-digit differences. Days since 2000-01-01 00:00; rad, rad/s, rad/s2.")
+    for name, angle in ANGLES:
+        for date in DATES:
+            numbers = derivatives(lambda s: angle(mpf(date) + s / 86400))
+            numbers[0] = fmod(numbers[0], 2 * pi) if name == "H" else numbers[0]
+            print('{"%s", %r, {%s}},' % (name, date, ", ".join(mp.nstr(x, 17) for x in numbers)))
+
+
 if __name__ == "__main__":
-    main()
+    {"states": states, "angles": angles}[sys.argv[1]]()

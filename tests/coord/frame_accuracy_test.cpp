@@ -5,6 +5,7 @@
 
 #include <erfa.h>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace {
 
@@ -69,6 +70,43 @@ TEST(FrameAccuracy, StatesAreThoseOfNumericDifferences)
         for (int v = 0; v < 3; ++v)
             EXPECT_LT(distance(state, v, row.numbers + 3 * v), turn * size[v])
                 << row.from << " to " << row.to << " at " << row.days << ", derivative " << v;
+    }
+}
+
+struct ReferenceAngle {
+    const char *name;
+    double days, numbers[3];
+};
+constexpr ReferenceAngle kReferenceAngles[] = {
+#include "coord/reference_angles.inc"
+};
+
+// The rates that are too small to show in a state: the square of the sidereal angle, the third order of precession.
+// Rates of nutation leave out the squares of its arguments.
+TEST(FrameAccuracy, AnglesAndTheirRatesAreThoseOfNumericDifferences)
+{
+    constexpr double kNoSquares[3] = {0.0, 2e-18, 6e-25}; // rad/s, rad/s2
+    for (const ReferenceAngle &row : kReferenceAngles) {
+        kl_precession p;
+        kl_nutation n;
+        kl_angle h;
+        KL_Precession(row.days, &p);
+        KL_Sim_Nut_Term(row.days, &n);
+        ASSERT_EQ(KL_H_Angle(nullptr, row.days, &h), 0);
+        const double sidereal[3] = {h.value * M_PI / 180.0, h.rate * M_PI / 180.0, h.rate_of_rate * M_PI / 180.0};
+        const std::string name = row.name;
+        const double *ours = name == "zeta"    ? p.zeta
+                             : name == "z"     ? p.z
+                             : name == "theta" ? p.theta
+                             : name == "dpsi"  ? n.dpsi
+                             : name == "deps"  ? n.deps
+                                               : sidereal;
+        const bool precession = name[0] == 'z' || name[0] == 't';
+        const double rounding[3] = {name == "H" ? 5e-11 : 1e-16, precession ? 1e-26 : kNoSquares[1],
+                                    precession ? 1e-38 : kNoSquares[2]};
+        for (int i = 0; i < 3; ++i)
+            EXPECT_NEAR(ours[i], row.numbers[i], rounding[i]) << name << " at " << row.days << ", derivative " << i;
+        EXPECT_TRUE(h.value >= 0.0 && h.value < 360.0);
     }
 }
 
