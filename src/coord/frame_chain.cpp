@@ -89,7 +89,7 @@ public:
     bool lacks_earth() const { return models.sun.earth == nullptr; }
 
 private:
-    kl_nutation nutation_;
+    kl_nutation nutation_ = {};
     bool has_nutation_ = false;
 };
 

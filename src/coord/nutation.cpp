@@ -63,22 +63,20 @@ void KL_Sim_Nut_Term(double days, kl_nutation *nutation)
     for (int i = 0; i < kArguments; ++i)
         angle[i] = kArgument[i].c0 + (kArgument[i].c1 + kArgument[i].c2 * t) * t;
     sin_cos(angle, sine, cosine); // takes whole turns off
-    Phase argument[kArguments];
-    for (int i = 0; i < kArguments; ++i)
-        argument[i] = {cosine[i], sine[i]};
+    const auto argument = [&](int i) { return Phase{cosine[i], sine[i]}; };
     // The arguments of the terms by addition of angles.
-    const Phase f2 = argument[kF] * argument[kF];
-    const Phase d2 = argument[kD] * argument[kD];
+    const Phase f2 = argument(kF) * argument(kF);
+    const Phase d2 = argument(kD) * argument(kD);
     Phase phase[kTerms];
-    phase[kO] = argument[kOmega];
+    phase[kO] = argument(kOmega);
     phase[k2O] = phase[kO] * phase[kO];
     phase[k2FO] = f2 * phase[kO];
     phase[k2F2O] = f2 * phase[k2O];
     phase[k2F2D2O] = phase[k2F2O] * conjugate(d2);
-    phase[kLpTerm] = argument[kLp];
-    phase[kLTerm] = argument[kL];
-    phase[kLp2F2D2O] = argument[kLp] * phase[k2F2D2O];
-    phase[kL2F2O] = argument[kL] * phase[k2F2O];
+    phase[kLpTerm] = argument(kLp);
+    phase[kLTerm] = argument(kL);
+    phase[kLp2F2D2O] = argument(kLp) * phase[k2F2D2O];
+    phase[kL2F2O] = argument(kL) * phase[k2F2O];
 
     *nutation = {};
     nutation->obliquity = KL_MEAN_OBLIQUITY_DEG * KL_RAD_PER_DEG;
