@@ -276,6 +276,7 @@ KL_API double KL_MJD_to_Julian(double mjd2000);
 KL_API double KL_round(double x);
 /** Reference of a time record of a public one, and back; -1 where there is none. */
 KL_API long KL_Time_ref_enum_to_Time_enum(long ref);
+/** From the numbering of kl_time_record to KL_TIME_*; -1 for TDB and anything else. */
 KL_API long KL_Time_enum_to_Time_ref_enum(int ref);
 /** 0 for -1 to 3. */
 KL_API long KL_Check_time_ref(const long *ref, kl_error_record *error);
@@ -283,6 +284,7 @@ KL_API long KL_Check_time_ref(const long *ref, kl_error_record *error);
 KL_API long KL_Check_time_ref_2(long ref);
 /** Format, reference and range of a processing time; the first that is wrong ends the check. */
 KL_API long KL_Time_check_processing_inputs(long format, long ref, const double *time, kl_error_record *error);
+/** Format and reference of a processing output: codes 0 and 1. */
 KL_API long KL_Time_check_processing_outputs(long format, long ref, kl_error_record *error);
 /** Day, second and microsecond of a processing time, nearest microsecond; 86400 seconds in UTC at the end of a day with
  * the leap second of the id. */
@@ -295,26 +297,41 @@ KL_API long KL_Time_current_time(const long *ascii_format, char *out, kl_error_r
 
 /* ---- time: correlation, leap seconds ------------------------------------------------------------------- */
 
+/** A processing time (MJD2000, days) from one KL_TIME_* reference to another; equal ones copy. Code 0 on failure. */
 KL_API long KL_Get_time_in_ref(kl_time_id *time_id, long ref_in, long ref_out, double *time_out, kl_error_record *error,
                                double time_in);
+/** A standard record of a reference to TAI. Codes 0 not initialised, 1 outside the table (warning), 2 leap second. */
 KL_API long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *in, kl_std_record *out,
                                    kl_error_record *error);
+/** A TAI record to a reference; UTC inside a positive leap second has 86400 seconds. Codes 0 and 1 as above. */
 KL_API long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record *in, kl_std_record *out,
                                      kl_error_record *error);
+/**
+ * TAI-UTC, TAI-UT1 and TAI-GPS (s) at an instant (MJD2000 days of a KL_TIME_* reference), and whether it lies in or
+ * after the leap second of the id. Codes 0 reference, 1 not initialised; warnings 2 outside the table, 3 UT1 in the
+ * formula.
+ */
 KL_API long KL_Time_ref_init_file_deltas(kl_time_id *time_id, const double *time, const long *ref, double *tai_utc,
                                          double *tai_ut1, double *tai_gps, long *in_leap_second,
                                          long *after_leap_second, kl_error_record *error);
 /** Row of the table around a time; column 0 TAI, 1 UTC, 2 UT1, 3 GPS. */
 KL_API long KL_binary_search(const kl_time_row *table, long first, long last, long column, const double *time);
+/** Once-only warning (1 formula, 2 gap, 3 outside; 0 none) of a computation at a TAI record; selector 0 or 1: set of
+ * flags. */
 KL_API long KL_Check_Time_warn_flags(kl_time_id *time_id, const kl_std_record *tai, const long *selector,
                                      long *warning);
+/* MJD2000 days. On purpose the mean anomaly, in degrees, goes to the sines as radians. */
 KL_API long KL_Time_p2p_ref_tai_to_tdb(const double *tai, double *tdb);
 KL_API long KL_Time_p2p_ref_tdb_to_tai(const double *tdb, double *tai);
+/** First instant of the calendar quarter of a time (MJD2000, days). Codes 0 reference, 1 and 3 internal. */
 KL_API long KL_Leap_second_utc_time(const long *ref, const double *time, double *quarter_start, kl_error_record *error);
+/** leap_flag: sign of the leap second that ends the record's day, or 0. Codes 0 reference, 1 date. */
 KL_API long KL_Time_check_leap_second(kl_time_id *time_id, long ref, const kl_std_record *rec, long *leap_flag,
                                       kl_error_record *error);
+/** Whether a time of row `row` (column values first, last) lies in or after the leap second of the id. */
 KL_API long KL_Check_if_time_is_post_leap_second(kl_time_id *time_id, long ref, long row, long *in_leap_second,
                                                  long *after_leap_second, double first, double last, double time);
+/** Readings in TAI, UTC, UT1 and GPS (MJD2000, days) inside the processing range: codes 0 to 3. */
 KL_API long KL_Time_ref_init_check_inputs(const double tri_time[4], kl_error_record *error);
 
 /* ---- time: on-board clocks ----------------------------------------------------------------------------- */
