@@ -1,6 +1,6 @@
 // Geoid undulation: truth, agreement of the ways to compute it, conditions.
 #include "kl_family.h"
-#include "models/geoid_truth.h"
+#include "models/geoid_truth.inc"
 #include "models/model_record.h"
 #include "support/captured_stream.h"
 #include "support/tolerances.h"

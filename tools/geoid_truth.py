@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
-"""Makes geoid_truth.h: geoid undulations in 60 digits, by another route than the library's.
+"""Makes geoid_truth.inc: geoid undulations in 60 digits, by another route than the library's.
 
 For each degree the Legendre functions go downward in order from P(n,n); the library goes upward in degree. All
 constants and coefficients are taken as their decimals. Needs mpmath and the listings of the published figures:
 
     egm96_tables list data/egm96 potential >potential.txt
     egm96_tables list data/egm96 correction >correction.txt
-    python3 geoid_truth.py potential.txt correction.txt >geoid_truth.h
+    python3 geoid_truth.py potential.txt correction.txt >geoid_truth.inc
 """
 import sys
 
