@@ -129,6 +129,12 @@ inline double dot(const double *a, const double *b, long n)
     return sum;
 }
 
+// Of three, without a leading zero to wait for.
+inline double dot3(const double *a, const double *b)
+{
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
 // out may be a or b.
 inline void cross(const double *a, const double *b, double *out)
 {

@@ -62,9 +62,9 @@ void matrix_of(const double angles[3], double m[9])
     double rows[9]; // stays in registers
     fill_matrix({s[0], c[0]}, {s[1], c[1]}, {s[2], c[2]}, rows);
     for (int row = 0; row < 3; ++row) {
-        const double length = length_or_square(dot(rows + 3 * row, rows + 3 * row, 3));
+        const double scale = 1.0 / std::sqrt(dot3(rows + 3 * row, rows + 3 * row));
         for (int i = 3 * row; i < 3 * row + 3; ++i)
-            m[i] = rows[i] / length;
+            m[i] = rows[i] * scale;
     }
 }
 
@@ -78,10 +78,10 @@ double arc_tangent(double y, double x)
 bool rows_are_orthonormal(const double m[9])
 {
     for (int i = 0; i < 3; ++i) {
-        if (!(std::fabs(std::sqrt(dot(m + 3 * i, m + 3 * i, 3)) - 1.0) <= kOrthonormal))
+        if (!(std::fabs(std::sqrt(dot3(m + 3 * i, m + 3 * i)) - 1.0) <= kOrthonormal))
             return false;
         const int j = (i + 1) % 3;
-        if (!(std::fabs(dot(m + 3 * i, m + 3 * j, 3)) <= kOrthonormal))
+        if (!(std::fabs(dot3(m + 3 * i, m + 3 * j)) <= kOrthonormal))
             return false;
     }
     return true;

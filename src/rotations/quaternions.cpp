@@ -32,9 +32,10 @@ constexpr double kNearlyEqual = 1e-9;    // of the dot product from 1: linear we
 constexpr double kNearlyOpposite = 1e-6; // sine of the angle between
 constexpr int kScalar = 3;
 
-bool is_unit(double length)
+bool is_unit(double square)
 {
-    return std::fabs(length - 1.0) <= kUnit; // not so for NaN
+    // Nearer than kUnit the square needs no root; not so for NaN.
+    return std::fabs(square - 1.0) <= kUnit || std::fabs(std::sqrt(square) - 1.0) <= kUnit;
 }
 
 bool usable(const double q[4])
@@ -92,7 +93,7 @@ const MessageGroup messages_kl_quaternions_interpol = group(kInterpol);
 long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr)
 {
     Activation call(KL_FN_QUATERNIONS_TO_VECTORS, ierr);
-    if ((q == nullptr || !is_unit(std::sqrt(dot(q, q, 4)))) && call.stops(KL_QUATERNIONS_TO_VECTORS_MODULE_ERR))
+    if ((q == nullptr || !is_unit(dot(q, q, 4))) && call.stops(KL_QUATERNIONS_TO_VECTORS_MODULE_ERR))
         return KL_ERR;
     if (x == nullptr || y == nullptr || z == nullptr)
         return KL_ERR;
@@ -124,15 +125,15 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
     bool null = false;
     for (int i = 0; i < 3; ++i) {
         const double *const v = given[i];
-        const double length = length_or_square(dot(v, v, 3));
-        const bool too_short = length <= KL_NULL_LENGTH_SQUARED;
+        const double square = dot3(v, v);
+        null |= square <= KL_NULL_LENGTH_SQUARED;
+        const double scale = square <= KL_NULL_LENGTH_SQUARED ? 1.0 : 1.0 / std::sqrt(square);
         for (int k = 0; k < 3; ++k)
-            axes.v[i][k] = too_short ? v[k] : v[k] / length;
-        null |= too_short;
+            axes.v[i][k] = v[k] * scale;
     }
-    const bool orthogonal = std::fabs(dot(axes.v[0], axes.v[1], 3)) <= kUnit
-                            && std::fabs(dot(axes.v[0], axes.v[2], 3)) <= kUnit
-                            && std::fabs(dot(axes.v[1], axes.v[2], 3)) <= kUnit;
+    const bool orthogonal = std::fabs(dot3(axes.v[0], axes.v[1])) <= kUnit
+                            && std::fabs(dot3(axes.v[0], axes.v[2])) <= kUnit
+                            && std::fabs(dot3(axes.v[1], axes.v[2])) <= kUnit;
     if (!orthogonal && call.stops(KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR))
         return KL_ERR;
 
@@ -144,7 +145,7 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
     const double q2 = -out[2];
     const double q3 = out[kScalar];
     // A left-handed set, or a null vector among the three.
-    if ((null || !is_unit(std::sqrt(q0 * q0 + q1 * q1 + q2 * q2 + q3 * q3)))
+    if ((null || !is_unit(q0 * q0 + q1 * q1 + q2 * q2 + q3 * q3))
         && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
         return KL_ERR;
     q[0] = q0;
