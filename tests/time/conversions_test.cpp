@@ -1,144 +1,149 @@
-// What the nine conversions share: conditions of their arguments, changes of scale, once-only warnings.
-#include "kl_family.h"
+// The nine conversions: known values, conditions, changes of scale, warnings, and every day there and back.
 #include "support/captured_stream.h"
 #include "support/tolerances.h"
 #include "time/format_cases.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <cmath>
-#include <limits>
+#include <cstdio>
+#include <ctime>
+#include <random>
 
 namespace {
 
-constexpr Kind kKinds[] = {kOfProcessing, kOfAscii, kOfTransport};
-constexpr long kFormats[] = {KL_PROC, KL_ASCII_13, KL_TRANS_0};
-constexpr long kScales[] = {KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1, KL_TIME_GPS};
+constexpr long kScales[] = {kTai, kUtc, kUt1, kGps};
+constexpr long kMicrosecondsOfDay = 86400000000;
 
-// An instant in all kinds, written by the microsecond of a day.
-Value instant(long day, long seconds, long microseconds)
+// One form of each kind.
+Form plain(Kind kind, long ref)
 {
-    Value value(day, seconds, microseconds);
-    value.time =
-        static_cast<double>(day) + static_cast<double>(seconds) / 86400.0 + static_cast<double>(microseconds) / 8.64e10;
-    long format = KL_TRANS_0;
-    long text_format = KL_ASCII_13;
-    long scale = KL_TIME_TAI;
-    kl_time_transport_to_ascii(nullptr, &format, &scale, value.fields, &text_format, &scale, value.text, nullptr);
+    constexpr long kFormats[] = {KL_PROC, KL_ASCII_13, KL_TRANS_0};
+    return {kind, kFormats[kind], ref};
+}
+
+// An instant in all plain forms, its text by the C library. Microseconds may lie on a neighbouring day.
+Value instant(long day, long microseconds)
+{
+    const long days = microseconds < 0 ? day - 1 : day;
+    const long left = microseconds - (days - day) * kMicrosecondsOfDay;
+    Value value(days, left / 1000000, left % 1000000);
+    value.time = static_cast<double>(days) + static_cast<double>(left) / 8.64e10;
+    const std::time_t unix_time = (days + 10957) * 86400 + value.fields[1]; // 10957 days from 1970 to 2000
+    std::tm utc{};
+    const std::size_t n = std::strftime(value.text, sizeof value.text, "%Y-%m-%d_%H:%M:%S", gmtime_r(&unix_time, &utc));
+    std::snprintf(value.text + n, sizeof value.text - n, ".%06d", static_cast<int>(value.fields[2]));
     return value;
 }
 
-// Calls `each` for every pair of kinds, with a name for messages.
-template <typename Each>
-void for_all_nine(Each each)
+void expect_equal(Kind kind, const Value &got, const Value &expected)
 {
-    for (const Kind from : kKinds)
-        for (const Kind to : kKinds)
-            each(from, to, std::string(kKindNames[from]) + " to " + kKindNames[to]);
+    const double two_roundings = kRounding * std::max(1.0, std::fabs(expected.time));
+    if (kind == kOfProcessing)
+        EXPECT_NEAR(got.time, expected.time, std::min(kSpacing2099, two_roundings));
+    else if (kind == kOfAscii)
+        EXPECT_STREQ(got.text, expected.text);
+    else
+        EXPECT_EQ(fields_of(got), fields_of(expected));
 }
 
-// ---- arguments ----
-
-struct ArgumentCase {
+enum Ways { kOneWay, kBothWays };
+struct ValueCase {
     const char *name;
-    long format_in, ref_in, format_out, ref_out; // kGood: as it should be; kNull: NULL
+    IdName id;
+    Form from;
+    Value given;
+    Form to;
+    Value expected;
+    Ways ways;
+};
+const ValueCase kValues[] = {
+#include "time/conversion_values.inc"
+};
+
+TEST(Conversions, KnownValues)
+{
+    NamedIds ids;
+    for (const ValueCase &c : kValues) {
+        SCOPED_TRACE(std::string(c.name) + ", format " + std::to_string(c.from.format));
+        const Outcome there = convert(ids[c.id], c.from, c.given, c.to);
+        EXPECT_EQ(there.status, KL_OK);
+        EXPECT_EQ(there.ierr[0], 0);
+        expect_equal(c.to.kind, there.value, c.expected);
+        if (c.ways == kBothWays)
+            expect_equal(c.from.kind, convert(ids[c.id], c.to, c.expected, c.from).value, c.given);
+    }
+}
+
+// ---- conditions ----
+
+constexpr Form kEvery = {kOfProcessing, kNull, kNull};
+struct ConditionCase {
+    const char *name;
+    IdName id;
+    Form from;
+    Value given;
+    Form to;
     long bit;
 };
-constexpr long kGood = -1000;
-constexpr long kNull = -2000;
-// The same bits in all nine: the first conditions have the same numbers everywhere.
-constexpr ArgumentCase kArguments[] = {
-    {"input format", 99, kGood, kGood, kGood, KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_IN_ERR},
-    {"input format NULL", kNull, kGood, kGood, kGood, KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_IN_ERR},
-    {"input scale", kGood, 4, kGood, kGood, KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_IN_ERR},
-    {"input scale", kGood, -2, kGood, kGood, KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_IN_ERR},
-    {"input scale NULL", kGood, kNull, kGood, kGood, KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_IN_ERR},
-    {"output format", kGood, kGood, 99, kGood, KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_OUT_ERR},
-    {"output format NULL", kGood, kGood, kNull, kGood, KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_OUT_ERR},
-    {"output scale", kGood, kGood, kGood, 4, KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_OUT_ERR},
-    {"output scale open", kGood, kGood, kGood, KL_TIME_UNDEF, KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_OUT_ERR},
-    {"output scale NULL", kGood, kGood, kGood, kNull, KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_OUT_ERR},
-    {"all wrong: the first ends the call", 99, 99, 99, 99, KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_IN_ERR},
-    {"input before output", kGood, 99, 99, 99, KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_IN_ERR},
-    {"no time id", kGood, KL_TIME_UTC, kGood, KL_TIME_TAI, KL_TIME_PROCESSING_TO_PROCESSING_TIME_ID_ERR},
-    {"no time id", kGood, KL_TIME_TAI, kGood, KL_TIME_UT1, KL_TIME_PROCESSING_TO_PROCESSING_TIME_ID_ERR},
+const ConditionCase kConditions[] = {
+#include "time/conversion_conditions.inc"
 };
 
-const long *pick(long given, const long *good)
+TEST(Conversions, TableOfConditions)
 {
-    static long slots[4];
-    static int next = 0;
-    if (given == kGood || given == kNull)
-        return given == kGood ? good : nullptr;
-    long *slot = &slots[next++ % 4];
-    *slot = given;
-    return slot;
-}
-
-TEST(Conversions, TableOfArguments)
-{
-    const Value good = instant(0, 43200, 0);
-    const long tai = KL_TIME_TAI;
-    kl_time_id empty{};
-    for_all_nine([&](Kind from, Kind to, const std::string &name) {
-        for (const ArgumentCase &c : kArguments) {
-            const Side in = {from, pick(c.format_in, &kFormats[from]), pick(c.ref_in, &tai), &good};
-            const Side out = {to, pick(c.format_out, &kFormats[to]), pick(c.ref_out, &tai), nullptr};
-            Value result;
-            for (kl_time_id *id : {&empty, static_cast<kl_time_id *>(nullptr)}) {
-                long ierr[2] = {7, 7};
-                EXPECT_EQ(convert(id, in, out, &result, ierr), KL_ERR) << name << ", " << c.name;
-                EXPECT_EQ(ierr[0], error_bit(c.bit)) << name << ", " << c.name;
-                EXPECT_TRUE(result.untouched()) << name << ", " << c.name;
-                EXPECT_EQ(convert(id, in, out, &result, nullptr), KL_ERR) << name << ", " << c.name;
-            }
-        }
-    });
-}
-
-TEST(Conversions, NullInputsAndOutputs)
-{
-    const Value good = instant(0, 43200, 0);
-    const long tai = KL_TIME_TAI;
-    for_all_nine([&](Kind from, Kind to, const std::string &name) {
-        const Side out = {to, &kFormats[to], &tai, nullptr};
-        Value result;
-        long ierr[2] = {7, 7};
-        EXPECT_EQ(convert(nullptr, {from, &kFormats[from], &tai, nullptr}, out, &result, ierr), KL_ERR) << name;
-        const long bit = from == kOfAscii ? long{KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR}
-                                          : long{KL_TIME_PROCESSING_TO_PROCESSING_DAYS_ERR};
-        EXPECT_EQ(ierr[0], error_bit(bit)) << name;
-        EXPECT_EQ(convert(nullptr, {from, &kFormats[from], &tai, &good}, out, nullptr, ierr), KL_ERR) << name;
-        EXPECT_EQ(ierr[0], 0) << name;
-    });
-}
-
-TEST(Conversions, OutputFormatsOfGpsTimeNeedIt)
-{
-    ExplicitId values;
-    const Value good = instant(0, 43200, 0);
-    for (const Kind from : kKinds) {
-        for (const long format : {KL_TRANS_41, KL_TRANS_42}) {
-            const auto to = [&](long ref) {
-                return convert(&values.id, from, kFormats[from], KL_TIME_TAI, good, kOfTransport, format, ref);
-            };
-            EXPECT_EQ(to(KL_TIME_UTC).ierr[0], error_bit(KL_TIME_ASCII_TO_TRANSPORT_TIME_REF_OUT_ERR));
-            EXPECT_EQ(to(KL_TIME_GPS).status, KL_OK);
+    NamedIds ids;
+    for (const ConditionCase &c : kConditions) {
+        for (const Kind kind : kKinds) {
+            const bool every = c.to.format == kNull;
+            if (!every && c.to.kind != kind)
+                continue;
+            SCOPED_TRACE(std::string(c.name) + " " + c.given.text + " to kind " + std::to_string(kind));
+            const Outcome out = convert(ids[c.id], c.from, c.given, every ? plain(kind, kTai) : c.to);
+            EXPECT_EQ(out.status, KL_ERR);
+            EXPECT_EQ(out.ierr[c.bit / 32], error_bit(c.bit % 32));
+            EXPECT_TRUE(c.bit < 32 || out.ierr[0] == 0);
+            EXPECT_TRUE(out.value.untouched());
         }
     }
 }
 
-TEST(Conversions, ProcessingTimesOutOfRange)
+constexpr long kGood = -1000; // in place of a format or a scale: a good one
+struct ArgumentCase {
+    const char *name;
+    long format_in, ref_in, format_out, ref_out;
+    long bit;
+};
+// The same bits in all nine: the first conditions have the same numbers everywhere.
+constexpr ArgumentCase kArguments[] = {
+#include "time/conversion_arguments.inc"
+};
+
+TEST(Conversions, TableOfArguments)
 {
-    const double inf = std::numeric_limits<double>::infinity();
-    for (const Kind to : kKinds) {
-        for (const double time : {-18262.0000001, 36524.0000001, inf, -inf, std::nan(""), 1e300}) {
-            const Outcome out =
-                convert(nullptr, kOfProcessing, KL_PROC, KL_TIME_TAI, Value(time), to, kFormats[to], KL_TIME_TAI);
-            EXPECT_EQ(out.status, KL_ERR) << time;
-            EXPECT_EQ(out.ierr[0], error_bit(KL_TIME_PROCESSING_TO_PROCESSING_DAYS_ERR)) << time;
-            EXPECT_TRUE(out.value.untouched()) << time;
+    const auto form = [](const Form &good, long format, long ref) {
+        return Form{good.kind, format == kGood ? good.format : format, ref == kGood ? good.ref : ref};
+    };
+    const Value noon = instant(0, kMicrosecondsOfDay / 2);
+    kl_time_id empty{};
+    for (int i = 0; i < 9; ++i) {
+        const Form in = plain(kKinds[i / 3], kTai);
+        const Form out = plain(kKinds[i % 3], kTai);
+        for (const ArgumentCase &c : kArguments) {
+            for (kl_time_id *id : {&empty, static_cast<kl_time_id *>(nullptr)}) {
+                const Outcome got =
+                    convert(id, form(in, c.format_in, c.ref_in), noon, form(out, c.format_out, c.ref_out));
+                EXPECT_EQ(got.status, KL_ERR) << i << ", " << c.name;
+                EXPECT_EQ(got.ierr[0], error_bit(c.bit)) << i << ", " << c.name;
+                EXPECT_TRUE(got.value.untouched()) << i << ", " << c.name;
+            }
         }
+        const Outcome no_input = convert(nullptr, in, nullptr, out);
+        const long bit = in.kind == kOfAscii ? long{KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR}
+                                             : long{KL_TIME_PROCESSING_TO_PROCESSING_DAYS_ERR};
+        EXPECT_EQ(no_input.ierr[0], error_bit(bit)) << i;
+        const Outcome no_output = convert(nullptr, in, &noon, out, false);
+        EXPECT_EQ(no_output.status, KL_ERR) << i;
+        EXPECT_EQ(no_output.ierr[0], 0) << i;
     }
 }
 
@@ -146,8 +151,8 @@ TEST(Conversions, VerboseModePrintsTheCheckAndThenTheConversion)
 {
     kl_verbose();
     const std::string lines = captured_stderr([] {
-        convert(nullptr, kOfProcessing, KL_PROC, KL_TIME_TAI, Value(-20000.5), kOfProcessing, KL_PROC, KL_TIME_TAI);
-        convert(nullptr, kOfAscii, KL_ASCII_11, KL_TIME_TAI, Value("2024"), kOfProcessing, KL_PROC, KL_TIME_TAI);
+        convert(nullptr, plain(kOfProcessing, kTai), -20000.5, plain(kOfProcessing, kTai));
+        convert(nullptr, plain(kOfAscii, kTai), "2024", plain(kOfProcessing, kTai));
     });
     kl_silent();
     EXPECT_EQ(lines, "ORBKIT_LIB >>> ERROR in KL_Time_check_processing_inputs: Number of days out of range (-20000)\n"
@@ -156,100 +161,127 @@ TEST(Conversions, VerboseModePrintsTheCheckAndThenTheConversion)
                      "ORBKIT_LIB >>> ERROR in kl_time_ascii_to_processing: Text is too short for its format\n");
 }
 
-// ---- scales ----
-
-// All nine agree with whole microseconds added by hand: TAI-UTC 37 s, TAI-UT1 36.4 s, TAI-GPS 19 s.
-TEST(Conversions, BetweenAllScalesWithConstantDifferences)
-{
-    ExplicitId values;
-    constexpr long kBehindTai[] = {0, 37000000, 36400000, 19000000};
-    for (const long day : {-18261L, -7301L, -1L, 0L, 6210L, 36523L}) {
-        for (const long from_scale : kScales) {
-            for (const long to_scale : kScales) {
-                const Value in = instant(day, 21, 500001);
-                const long microseconds = 21500001 + kBehindTai[from_scale] - kBehindTai[to_scale];
-                const Value expected = microseconds >= 0 ? instant(day, microseconds / 1000000, microseconds % 1000000)
-                                                         : instant(day - 1, 86399 - (-microseconds - 1) / 1000000,
-                                                                   999999 - (-microseconds - 1) % 1000000);
-                for_all_nine([&](Kind from, Kind to, const std::string &name) {
-                    const Outcome out =
-                        convert(&values.id, from, kFormats[from], from_scale, in, to, kFormats[to], to_scale);
-                    EXPECT_EQ(out.status, KL_OK) << name;
-                    if (to == kOfProcessing)
-                        EXPECT_NEAR(out.value.time, expected.time, kSpacing2099) << name << day;
-                    else if (to == kOfAscii)
-                        EXPECT_STREQ(out.value.text, expected.text) << name << from_scale << to_scale;
-                    else
-                        EXPECT_EQ(fields_of(out.value), fields_of(expected)) << name << from_scale << to_scale;
-                });
-            }
-        }
-    }
-}
-
-TEST(ProcessingToProcessing, EqualScalesRoundToTheMicrosecondAndNeedNoId)
-{
-    for (const long scale : kScales) {
-        const double day = 1.0 + 1234.4 * kMicrosecond;
-        const Converted out = convert(nullptr, scale, day, scale);
-        EXPECT_EQ(out.status, KL_OK);
-        EXPECT_NEAR(out.time, 1.0 + 1234.0 * kMicrosecond, kRounding);
-        for (const double limit : {-18262.0, 36524.0})
-            EXPECT_EQ(convert(nullptr, scale, limit, scale).time, limit);
-    }
-}
-
-TEST(ProcessingToProcessing, TheResultIsNotCheckedAgainstTheRange)
-{
-    ExplicitId values;
-    const Converted out = convert(&values.id, KL_TIME_TAI, -18262.0, KL_TIME_UTC);
-    EXPECT_EQ(out.status, KL_OK);
-    EXPECT_NEAR(out.time, -18262.0 - 37.0 / kDay, kSpacing2099);
-}
-
 // ---- warnings ----
-
-constexpr double kInside = k2017 - 1.5;
-constexpr double kAfter = k2017 + 30.0;
 
 constexpr long kOutside = KL_TIME_PROCESSING_TO_PROCESSING_OUT_OF_RANGE_WARN;
 constexpr long kOutsideAndLeft = warning_bit(kOutside) | warning_bit(KL_TIME_PROCESSING_TO_PROCESSING_VALIDITY_WARN);
 
 // One call after the other in one time id: the condition that the call before was inside is shared by all nine.
-TEST(Warnings, AreGivenOnceByAllNineTogether)
+TEST(Conversions, WarnOnceOfALeftTableAllNineTogether)
 {
-    for_all_nine([](Kind from, Kind to, const std::string &name) {
+    for (int i = 0; i < 9; ++i) {
         LeapId table(1);
-        const auto call = [&](double day) {
-            const Value in = instant(static_cast<long>(day), 43200, 0);
-            const Outcome out =
-                convert(&table.id, from, kFormats[from], KL_TIME_UTC, in, to, kFormats[to], KL_TIME_TAI);
-            EXPECT_FALSE(out.value.untouched()) << name;
-            EXPECT_EQ(out.status, out.ierr[0] == 0 ? KL_OK : KL_WARN) << name;
+        const auto call = [&](long day) {
+            const Outcome out = convert(&table.id, plain(kKinds[i / 3], kUtc), instant(day, kMicrosecondsOfDay / 2),
+                                        plain(kKinds[i % 3], kTai));
+            EXPECT_FALSE(out.value.untouched()) << i;
+            EXPECT_EQ(out.status, out.ierr[0] == 0 ? KL_OK : KL_WARN) << i;
             return out.ierr[0];
         };
-        EXPECT_EQ(call(kAfter), kOutsideAndLeft) << name;
-        EXPECT_EQ(call(kAfter), warning_bit(kOutside)) << name;
-        EXPECT_EQ(call(kInside), 0) << name;
-        EXPECT_EQ(call(kAfter), kOutsideAndLeft) << name;
-    });
+        EXPECT_EQ(call(6240), kOutsideAndLeft) << i;
+        EXPECT_EQ(call(6240), warning_bit(kOutside)) << i;
+        EXPECT_EQ(call(6208), 0) << i;
+        EXPECT_EQ(call(6240), kOutsideAndLeft) << i;
+    }
 }
 
-TEST(Warnings, OnBothLegsAreTwoLinesAndOneBit)
+TEST(Conversions, WarningsOnBothLegsAreTwoLinesAndOneBit)
 {
     LeapId table(1);
-    convert(&table.id, KL_TIME_UTC, kAfter, KL_TIME_TAI); // spends the once-only one
+    const Value after(6240.0);
+    const Form utc = plain(kOfProcessing, kUtc);
+    convert(&table.id, utc, after, plain(kOfProcessing, kTai)); // spends the once-only one
     kl_verbose();
-    long ierr = 0;
+    Outcome out;
     const std::string lines =
-        captured_stderr([&] { ierr = convert(&table.id, KL_TIME_UTC, kAfter, KL_TIME_UT1).ierr; });
+        captured_stderr([&] { out = convert(&table.id, utc, after, plain(kOfProcessing, kUt1)); });
     kl_silent();
-    EXPECT_EQ(ierr, warning_bit(kOutside));
+    EXPECT_EQ(out.ierr[0], warning_bit(kOutside));
     const std::string line =
         "ORBKIT_LIB >>> WARNING in kl_time_processing_to_processing: Time out of initialization range\n";
     const std::size_t first = lines.find(line);
     ASSERT_NE(first, std::string::npos);
     EXPECT_NE(lines.find(line, first + 1), std::string::npos);
+}
+
+// ---- there and back ----
+
+// All nine agree with whole microseconds added by hand: TAI-UTC 37 s, TAI-UT1 36.4 s, TAI-GPS 19 s.
+TEST(Conversions, BetweenAllScalesWithConstantDifferences)
+{
+    ConstantId constant;
+    constexpr long kBehindTai[] = {0, 37000000, 36400000, 19000000};
+    for (const long day : {-18261L, -7301L, -1L, 0L, 6210L, 36523L}) {
+        for (int i = 0; i < 9 * 16; ++i) {
+            const Form in = plain(kKinds[i % 3], kScales[i / 9 % 4]);
+            const Form out = plain(kKinds[i / 3 % 3], kScales[i / 36]);
+            SCOPED_TRACE("kind " + std::to_string(in.kind) + " to " + std::to_string(out.kind) + ", scale "
+                         + std::to_string(in.ref) + " to " + std::to_string(out.ref));
+            const Outcome got = convert(&constant.id, in, instant(day, 21500001), out);
+            EXPECT_EQ(got.status, KL_OK);
+            expect_equal(out.kind, got.value, instant(day, 21500001 + kBehindTai[in.ref] - kBehindTai[out.ref]));
+        }
+    }
+}
+
+// Every day of the range at a random microsecond.
+template <typename Each>
+void for_every_day(Each each)
+{
+    std::mt19937_64 random(31);
+    std::uniform_int_distribution<long> microseconds(0, kMicrosecondsOfDay - 1);
+    for (long day = -18262; day <= 36524 && !testing::Test::HasFailure(); ++day)
+        each(instant(day, microseconds(random)));
+}
+
+TEST(Conversions, EveryDayThroughEveryTextWithMicroseconds)
+{
+    for_every_day([](const Value &value) {
+        Form form = {kOfAscii, 13, kUtc};
+        Value text = value;
+        for (const long next : {14, 23, 24, 33, 34, 43, 44, 53, 54, 13}) {
+            const Form before = form;
+            form.format = next;
+            text = convert(nullptr, before, text, form).value;
+        }
+        EXPECT_STREQ(text.text, value.text);
+        expect_equal(kOfTransport, convert(nullptr, form, text, plain(kOfTransport, kUtc)).value, value);
+    });
+}
+
+// Format 31 in its own steps of 2^-16 s.
+TEST(Conversions, EveryDayThroughEveryTransportFormat)
+{
+    for_every_day([](const Value &value) {
+        const Form standard = plain(kOfTransport, kGps);
+        for (const long format : {11, 21, 22, 23, 31, 41, 42}) {
+            const Form form = {kOfTransport, format, kGps};
+            const Value there = convert(nullptr, standard, value, form).value;
+            Value back = convert(nullptr, form, there, standard).value;
+            if (format == 31) {
+                expect_equal(kOfTransport, convert(nullptr, standard, back, form).value, there);
+                const long moved = (back.fields[0] - value.fields[0]) * kMicrosecondsOfDay
+                                   + (back.fields[1] - value.fields[1]) * 1000000 + back.fields[2] - value.fields[2];
+                EXPECT_LE(std::labs(moved), 8);
+            } else {
+                expect_equal(kOfTransport, back, value);
+            }
+        }
+    });
+}
+
+TEST(Conversions, EveryDayThroughDaysOfEveryScale)
+{
+    ConstantId constant;
+    for_every_day([&](const Value &value) {
+        if (value.fields[0] == -18262 || value.fields[0] >= 36524)
+            return; // not in every scale
+        for (const long ref : kScales) {
+            const Form days = plain(kOfProcessing, ref);
+            const Value there = convert(&constant.id, plain(kOfAscii, kUtc), value, days).value;
+            EXPECT_STREQ(convert(&constant.id, days, there, plain(kOfAscii, kUtc)).value.text, value.text);
+        }
+    });
 }
 
 } // namespace
