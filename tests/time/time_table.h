@@ -8,8 +8,14 @@
 
 #include <climits>
 #include <functional>
+#include <limits>
 #include <utility>
 #include <vector>
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kDay = 86400.0; // s
+constexpr long kProcessing = KL_PROC;
 
 // What a vector holds after one error, or after one warning.
 constexpr long error_bit(long bit)
@@ -21,7 +27,14 @@ constexpr long warning_bit(long bit)
     return 1L << 30 | 1L << bit;
 }
 
-// Calls that must fail: the bit in the vector of each, or -1 for a clear one.
+// The condition of a row that has none: the vector stays clear.
+constexpr long kNone = -1;
+constexpr long error_or_none(long bit)
+{
+    return bit == kNone ? 0 : error_bit(bit);
+}
+
+// Calls that must fail: the bit in the vector of each, or kNone for a clear one.
 struct Refused {
     long bit;
     std::function<long(long *ierr)> call;
@@ -31,12 +44,19 @@ inline void expect_refused(const std::vector<Refused> &calls)
     for (std::size_t i = 0; i < calls.size(); ++i) {
         long ierr = 77;
         EXPECT_EQ(calls[i].call(&ierr), KL_ERR) << "call " << i;
-        EXPECT_EQ(ierr, calls[i].bit < 0 ? 0 : error_bit(calls[i].bit)) << "call " << i;
+        EXPECT_EQ(ierr, error_or_none(calls[i].bit)) << "call " << i;
     }
 }
 
-constexpr double kDay = 86400.0; // s
-constexpr long kProcessing = KL_PROC;
+// Hands every pointer on but that of one argument.
+struct AllBut {
+    long missing;
+    template <typename T>
+    T *operator()(long argument, T *pointer) const
+    {
+        return argument == missing ? nullptr : pointer;
+    }
+};
 
 struct OwnedTimeId {
     kl_time_id id{};
@@ -50,18 +70,22 @@ struct OwnedTimeId {
     }
     OwnedTimeId(const OwnedTimeId &) = delete;
     OwnedTimeId &operator=(const OwnedTimeId &) = delete;
+    operator kl_time_id *() { return &id; }
+};
+
+// Explicit readings: seconds of 2000-01-01 in TAI, UTC, UT1 and GPS.
+struct ReadingsId : OwnedTimeId {
+    ReadingsId(double tai, double utc, double ut1, double gps)
+    {
+        const double tri_time[4] = {tai / kDay, utc / kDay, ut1 / kDay, gps / kDay};
+        EXPECT_EQ(kl_time_ref_init(tri_time, nullptr, nullptr, nullptr, &id, nullptr), KL_OK);
+    }
 };
 
 inline kl_time_row row_at(double utc, double tai_utc, double tai_ut1, double tai_gps = 19.0)
 {
-    kl_time_row row;
-    row.utc = utc;
-    row.tai = utc + tai_utc / kDay;
-    row.ut1 = row.tai - tai_ut1 / kDay;
-    row.tai_utc = tai_utc;
-    row.tai_ut1 = tai_ut1;
-    row.tai_gps = tai_gps;
-    return row;
+    const double tai = utc + tai_utc / kDay;
+    return {tai, tai - tai_ut1 / kDay, utc, tai_utc, tai_ut1, tai_gps};
 }
 
 struct Table {
@@ -81,6 +105,18 @@ struct Table {
     }
 };
 
+struct TableId : OwnedTimeId {
+    explicit TableId(Table table) { EXPECT_EQ(table.set(&id), 0); }
+};
+
+// Ten days without a leap second: UT1-UTC from 1 s down to 0.5 s.
+inline Table ten_days()
+{
+    return Table({row_at(0.0, 32.0, 31.0), row_at(10.0, 32.0, 31.5)});
+}
+
+constexpr double k2017 = 6210.0; // 2017-01-01
+
 // Six days of daily rows around a leap second; the first row stands `phase` days after 0h. UT1 runs on evenly.
 inline Table leap_table(double leap_utc, double tai_utc_before, int sign, double phase = 0.0)
 {
@@ -92,18 +128,11 @@ inline Table leap_table(double leap_utc, double tai_utc_before, int sign, double
     return Table(rows);
 }
 
-constexpr double k2017 = 6210.0; // 2017-01-01
-
-// IERS Bulletin C: MJD of the first day of each value of TAI-UTC since 1972; every one but the first follows a leap
-// second.
 struct TaiUtcStep {
     double mjd, tai_utc;
 };
 constexpr TaiUtcStep kTaiUtcSteps[] = {
-    {41317, 10}, {41499, 11}, {41683, 12}, {42048, 13}, {42413, 14}, {42778, 15}, {43144, 16},
-    {43509, 17}, {43874, 18}, {44239, 19}, {44786, 20}, {45151, 21}, {45516, 22}, {46247, 23},
-    {47161, 24}, {47892, 25}, {48257, 26}, {48804, 27}, {49169, 28}, {49534, 29}, {50083, 30},
-    {50630, 31}, {51179, 32}, {53736, 33}, {54832, 34}, {56109, 35}, {57204, 36}, {57754, 37},
+#include "time/tai_utc.inc"
 };
 
 // Converts between scales and hands out the vector; the result is NaN after an error.
@@ -114,7 +143,7 @@ struct Converted {
 };
 inline Converted convert(kl_time_id *id, long from, double time, long to)
 {
-    Converted out{KL_OK, -1, __builtin_nan("")};
+    Converted out{KL_OK, -1, kNaN};
     out.status =
         kl_time_processing_to_processing(id, &kProcessing, &from, &time, &kProcessing, &to, &out.time, &out.ierr);
     return out;
