@@ -35,11 +35,16 @@ constexpr double kLeapSpan = 1.1574062499999999e-5;      // days: one second les
 constexpr double kBeforeTheLeap = 1.1573940116433837e-5; // days: 1/86401, 12 microseconds short of a second
 constexpr double kHalfMicrosecond = 0.5;                 // microseconds
 
-bool write_utc(double utc, long format, char *text)
+// Writes a time in its own reference: no time id comes in.
+bool write_time(long ref, const double *time, long format, char *text)
 {
     const long processing = KL_PROC;
-    const long ref = KL_TIME_UTC;
-    return kl_time_processing_to_ascii(nullptr, &processing, &ref, &utc, &format, &ref, text, nullptr) != KL_ERR;
+    return kl_time_processing_to_ascii(nullptr, &processing, &ref, time, &format, &ref, text, nullptr) != KL_ERR;
+}
+
+bool write_utc(double utc, long format, char *text)
+{
+    return write_time(KL_TIME_UTC, &utc, format, text);
 }
 
 } // namespace
@@ -54,13 +59,17 @@ long KL_Leap_second_utc_time(const long *ref, const double *time, double *quarte
     const long reference = value_or(ref, KL_TIME_UNDEF);
     if (KL_Check_time_ref_2(reference) == 0 && call.stops(KL_QUARTER_REF))
         return KL_ERR;
-    // The standard record carries what lies within half a microsecond of midnight into the next day, as a text would.
-    kl_std_record instant{};
-    if (time == nullptr || !inside_processing_range(*time)
-        || KL_Time_p2t_format_to_std(nullptr, reference, time, &instant, nullptr) == KL_ERR) {
-        if (call.stops(KL_QUARTER_WRITING))
+    if (time == nullptr || !inside_processing_range(*time)) {
+        // The conversion that refuses the time reports first.
+        char text[KL_TIME_ASCII_LENGTH];
+        if (!write_time(reference, time, KL_ASCII_11, text) && call.stops(KL_QUARTER_WRITING))
             return KL_ERR;
     }
+    // The standard record carries what lies within half a microsecond of midnight into the next day, as a text would.
+    kl_std_record instant{};
+    if (KL_Time_p2t_format_to_std(nullptr, reference, time, &instant, nullptr) == KL_ERR
+        && call.stops(KL_QUARTER_WRITING))
+        return KL_ERR;
     // On purpose: leap seconds happen at the end of a quarter, whatever day of the quarter the time falls on.
     CalendarDay date = calendar_of_day(instant.days);
     date.month = (date.month - 1) / 3 * 3 + 1;
