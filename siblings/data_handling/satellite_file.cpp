@@ -78,14 +78,19 @@ public:
 
     bool read(std::FILE *file)
     {
-        char line[512];
-        while (std::fgets(line, sizeof line, file) != nullptr) {
+        char line[511];
+        for (int c = std::getc(file); c != EOF; c = std::getc(file)) {
             ++line_;
-            const std::size_t length = std::strlen(line);
-            if (length + 1 == sizeof line && line[length - 1] != '\n' && skip_rest(file))
+            std::size_t length = 0;
+            for (; c != EOF && c != '\n'; c = std::getc(file), ++length)
+                if (length < sizeof line)
+                    line[length] = static_cast<char>(c);
+            if (length > sizeof line)
                 wrong("the line is too long");
+            else if (std::memchr(line, '\0', length) != nullptr)
+                wrong("the line holds a zero byte");
             else
-                take(line);
+                take({line, length});
         }
         if (std::ferror(file) != 0) {
             wrong("the file cannot be read");
@@ -98,15 +103,6 @@ public:
     }
 
 private:
-    // Drops what is left of a line; false when nothing was.
-    static bool skip_rest(std::FILE *file)
-    {
-        bool more = false;
-        for (int c = std::getc(file); c != EOF && c != '\n'; c = std::getc(file))
-            more = true;
-        return more;
-    }
-
     static bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
     static std::string_view trimmed(std::string_view text)
