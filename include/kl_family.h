@@ -216,7 +216,7 @@ extern KL_API kl_tle_sat_data TLE_SAT_DATA[KL_N_CATALOGUE_ROWS]; /**< row 64 ans
 extern KL_API char kl_default_sat_names[10][30];                 /**< names of the default satellites */
 extern KL_API long kl_default_sat_array[10];                     /**< 1: the slot is in use */
 
-/** 0 when the satellite id is valid, a default satellite's slot included; else -1 with code 0. */
+/** 0 when the satellite id is valid, which a default satellite is while its slot is in use; else -1 with code 0. */
 KL_API long KL_Check_sat_id(const long *sat_id, kl_error_record *error);
 /** 0 for the geostationary ids 300 and 301, else -1; records nothing. */
 KL_API long KL_Check_Geo_sat_id(const long *sat_id, kl_error_record *error);
@@ -328,7 +328,8 @@ KL_API long KL_Leap_second_utc_time(const long *ref, const double *time, double 
 /** leap_flag: sign of the leap second that ends the record's day, or 0. Codes 0 reference, 1 date. */
 KL_API long KL_Time_check_leap_second(kl_time_id *time_id, long ref, const kl_std_record *rec, long *leap_flag,
                                       kl_error_record *error);
-/** Whether a time of row `row` (column values first, last) lies in or after the leap second of the id. */
+/** Whether a time of row `row` (column values first, last) lies in or after the leap second of the id. 0, or -1 for an
+ * uninitialised id or a row that it has not. */
 KL_API long KL_Check_if_time_is_post_leap_second(kl_time_id *time_id, long ref, long row, long *in_leap_second,
                                                  long *after_leap_second, double first, double last, double time);
 /** Readings in TAI, UTC, UT1 and GPS (MJD2000, days) inside the processing range: codes 0 to 3. */

@@ -525,7 +525,7 @@ KL_API long kl_time_diff(const long *proc_id, const long *time_ref, const double
 enum {
     KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR = 0,  /**< not an ASCII format */
     KL_TIME_GET_LEAP_SECOND_INFO_ADD_ERR = 1,     /**< never recorded */
-    KL_TIME_GET_LEAP_SECOND_INFO_CONVERT_ERR = 2, /**< an instant could not be written */
+    KL_TIME_GET_LEAP_SECOND_INFO_CONVERT_ERR = 2, /**< an instant could not be written: it lies before 1950 */
     KL_TIME_GET_LEAP_SECOND_INFO_TIME_ID_WARN = 3 /**< the time id is not initialised: sign 0, empty texts */
 };
 
@@ -541,7 +541,7 @@ enum {
  *                              quarter; empty without a leap second
  * @param[out] ierr             [1] KL_TIME_GET_LEAP_SECOND_INFO_*
  * @return KL_OK, KL_WARN or KL_ERR; KL_ERR with a clear vector when an output is NULL. The sign is 0 and the texts are
- *         empty after a warning or an error
+ *         empty after a wrong format (0) and after the warning (3); the format is checked first
  */
 KL_API long kl_time_get_leap_second_info(kl_time_id *time_id, const long *ascii_id_out, long *leap_sign,
                                          char *utc_time_before, char *utc_time_after, long *ierr);
@@ -967,7 +967,7 @@ KL_API long kl_time_transport_to_transport(kl_time_id *time_id, const long *tran
 enum {
     KL_TIME_OBT_TO_TIME_SAT_ID_ERR = 0,     /**< no such satellite */
     KL_TIME_OBT_TO_TIME_TIME_REF_ERR = 1,   /**< time reference outside 0 to 3 */
-    KL_TIME_OBT_TO_TIME_TAG_ERR = 2,        /**< parameters or on-board time of another satellite */
+    KL_TIME_OBT_TO_TIME_TAG_ERR = 2,        /**< parameters or on-board time of another satellite, or NULL */
     KL_TIME_OBT_TO_TIME_REF_TIME_ERR = 3,   /**< reference time outside -18262.0 to 36524.0 */
     KL_TIME_OBT_TO_TIME_NO_OBT_ERR = 4,     /**< a satellite without an on-board-time format */
     KL_TIME_OBT_TO_TIME_OBT_ERR = 5,        /**< never recorded */
@@ -992,6 +992,8 @@ enum {
  * @param[out] time        MJD2000, days
  * @param[out] ierr        [1] KL_TIME_OBT_TO_TIME_*
  * @return KL_OK or KL_ERR; KL_ERR with a clear vector when time is NULL
+ * Checked in the order: satellite id, ids of the records, a format for the satellite, time reference, reference time,
+ * clock step, result.
  *
  * The Tarvos counter starts again after 2^32 counts: a difference of more than half a turn from the reference counts
  * the other way round.
@@ -1003,7 +1005,7 @@ KL_API long kl_time_obt_to_time(const long *sat_id, const long *time_ref, const 
 enum {
     KL_TIME_TIME_TO_OBT_SAT_ID_ERR = 0,    /**< no such satellite */
     KL_TIME_TIME_TO_OBT_TIME_REF_ERR = 1,  /**< time reference outside 0 to 3 */
-    KL_TIME_TIME_TO_OBT_TAG_ERR = 2,       /**< parameters or on-board time of another satellite */
+    KL_TIME_TIME_TO_OBT_TAG_ERR = 2,       /**< parameters or on-board time of another satellite, or NULL */
     KL_TIME_TIME_TO_OBT_TIME_ERR = 3,      /**< time outside -18262.0 to 36524.0 */
     KL_TIME_TIME_TO_OBT_REF_TIME_ERR = 4,  /**< reference time outside that range */
     KL_TIME_TIME_TO_OBT_NO_OBT_ERR = 5,    /**< a satellite without an on-board-time format */
@@ -1021,7 +1023,9 @@ enum {
  * @param[in,out] obt         record of the satellite's format. THE CALLER SETS ITS sat_id to the satellite's before the
  *                            call (the records have different sizes); the counts are filled
  * @param[out]    ierr        [1] KL_TIME_TIME_TO_OBT_*
- * @return KL_OK or KL_ERR
+ * @return KL_OK or KL_ERR, then with the counts as they were
+ * Checked in the order: satellite id, ids of the records, a format for the satellite, time reference, time, reference
+ * time, clock step, result.
  *
  * Fine counts are cut, not rounded. Tarvos counts come out from 0 up to 2^32.
  */
@@ -1050,7 +1054,7 @@ enum {
  *
  * Epochs: KL_CUC_EPOCH_1958 is 1958-01-01 TAI, KL_CUC_EPOCH_1980 is 1980-01-06 GPS, KL_CUC_EPOCH_USER the one of the
  * configuration. It is converted to the scale of the result, to the microsecond, and the seconds are added there.
- * there. Converting it is a conversion like any other for the once-only warnings of the time id, and gives none itself.
+ * Converting it is a conversion like any other for the once-only warnings of the time id, and gives none itself.
  * Source: CCSDS 301.0-B, section on the unsegmented time code.
  */
 KL_API long kl_time_cuc_to_processing(kl_time_id *time_id, const kl_cuc_config *config, const long *time_ref,
