@@ -2,7 +2,7 @@
 # Builds the library and runs all tests. `./check.sh --all` adds the debug, clang and sanitizer builds.
 set -eu
 cd "$(dirname "$0")"
-tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev
+tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev binutils python3-cffi
 
 run_preset() {
     echo "== $1"
