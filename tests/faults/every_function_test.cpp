@@ -1,0 +1,94 @@
+// Every public function, with each of its allocations and lock calls failing in turn.
+#include "support/every_function.h"
+#include "support/fault_injection.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <set>
+#include <string>
+
+using faults::Fail;
+using faults::Site;
+
+namespace {
+
+struct NamedSite {
+    Site site;
+    const char *name;
+};
+
+constexpr NamedSite kSites[] = {{Site::kAllocation, "allocation"},
+                                {Site::kMutexInit, "mutex initialisation"},
+                                {Site::kMutexLock, "lock"},
+                                {Site::kMutexUnlock, "unlock"}};
+
+const std::set<std::string> kTables = {"kl_default_sat_array", "kl_default_sat_names", "kl_months"};
+
+// What the call returns when nothing fails.
+long clean_status(const PublicCall &f)
+{
+    World world;
+    EXPECT_TRUE(world.open());
+    const long status = f.call(world);
+    world.close();
+    return status;
+}
+
+// One call with the nth use of a site failing; false when it does not use the site that often.
+bool fails_and_recovers(const PublicCall &f, const NamedSite &where, int nth, long clean)
+{
+    SCOPED_TRACE(std::string(f.name) + ", " + where.name + " " + std::to_string(nth));
+    const long blocks = faults::live_blocks();
+    World world;
+    EXPECT_TRUE(world.open());
+    Fail fail(where.site, nth);
+    const long status = f.call(world);
+    const bool failed = fail.disarm();
+    if (failed && status != clean) {
+        EXPECT_EQ(status, KL_ERR);
+    }
+    // An unlocking that fails is a line on standard output; the function is done by then, and what it closes stays.
+    if (where.site == Site::kMutexUnlock) {
+        world.close();
+        return failed;
+    }
+    if (failed && status != clean) {
+        EXPECT_TRUE(!f.has_vector || world.ierr[0] != 0) << "a failure without a code";
+        EXPECT_EQ(f.call(world), clean) << "the second call";
+    }
+    world.close();
+    EXPECT_EQ(faults::live_blocks(), blocks) << "memory kept";
+    return failed;
+}
+
+} // namespace
+
+TEST(EveryFunction, IsInTheTableOfCalls)
+{
+    std::set<std::string> missing;
+    std::ifstream symbols("src/exported_symbols.txt");
+    for (std::string name; std::getline(symbols, name);)
+        if (name.rfind("kl_", 0) == 0 && kTables.count(name) == 0)
+            missing.insert(name);
+    EXPECT_GE(missing.size(), 70U);
+    for (const PublicCall *f = every_call(); f != every_call_end(); ++f)
+        EXPECT_EQ(missing.erase(f->name), 1U) << f->name;
+    EXPECT_EQ(missing, std::set<std::string>());
+}
+
+TEST(EveryFunction, SurvivesEachFailureOfMemoryAndLocks)
+{
+    SKIP_WITHOUT_FAULTS();
+    kl_silent();
+    int failures = 0;
+    for (const PublicCall *f = every_call(); f != every_call_end(); ++f) {
+        const long clean = clean_status(*f); // also fills what is allocated once
+        EXPECT_TRUE(!f->has_vector || clean >= KL_OK) << f->name;
+        for (const NamedSite &where : kSites)
+            for (int nth = 0; fails_and_recovers(*f, where, nth, clean); ++nth)
+                ++failures;
+    }
+    EXPECT_GT(failures, 50);
+    RecordProperty("failures", failures);
+}
