@@ -24,49 +24,44 @@ Form text_form(long format)
     return {kOfAscii, format, kUtc};
 }
 
-TEST(Texts, OneInstantInEveryFormat)
+TEST(Texts, AnInstantAndTheMissionLimitsInEveryFormat)
 {
     for (const FormatCase &c : kFormats) {
-        const bool has_microseconds = c.format % 10 >= 3;
-        const Outcome written = convert(nullptr, kStandard, {8825, 45296, 789012}, text_form(c.format));
-        EXPECT_STREQ(written.value.text, c.text);
-        const Outcome read = convert(nullptr, text_form(c.format), c.text, kStandard);
-        EXPECT_EQ(fields_of(read.value), has_microseconds ? "8825 45296 789012 0" : "8825 45296 0 0") << c.text;
-    }
-}
-
-TEST(Texts, MissionLimitsAreReadWrittenAndKeptInEveryFormat)
-{
-    for (const FormatCase &to : kFormats) {
         const auto written = [&](const Form &from, const Value &value) {
-            return std::string(convert(nullptr, from, value, text_form(to.format)).value.text);
+            return std::string(convert(nullptr, from, value, text_form(c.format)).value.text);
         };
+        const auto days = [&](const char *text) {
+            return convert(nullptr, text_form(c.format), text, kDays).value.time;
+        };
+        EXPECT_EQ(written(kStandard, {8825, 45296, 789012}), c.text);
+        EXPECT_NEAR(days(c.text), 8825.0 + (c.format % 10 >= 3 ? 45296.789012 : 45296.0) / kDay, kSpacing2099);
+        EXPECT_EQ(written(kDays, -18262.0), c.beginning);
+        EXPECT_EQ(written(kDays, 36524.0), c.end);
+        EXPECT_EQ(written(kStandard, {-18262, 0, 0}), c.beginning);
+        EXPECT_EQ(written(kStandard, {36524, 0, 0}), c.end);
+        EXPECT_EQ(days(c.beginning), -18262.0);
+        EXPECT_EQ(days(c.end), 36524.0);
+        EXPECT_EQ(days(c.end_of_9999), 36524.0);
         for (const FormatCase &from : kFormats) {
-            EXPECT_EQ(written(text_form(from.format), from.beginning), to.beginning);
-            EXPECT_EQ(written(text_form(from.format), from.end), to.end);
-            EXPECT_EQ(written(text_form(from.format), from.end_of_9999), to.end_of_9999);
+            EXPECT_EQ(written(text_form(from.format), from.beginning), c.beginning);
+            EXPECT_EQ(written(text_form(from.format), from.end), c.end);
+            EXPECT_EQ(written(text_form(from.format), from.end_of_9999), c.end_of_9999);
         }
-        EXPECT_EQ(written(kDays, -18262.0), to.beginning);
-        EXPECT_EQ(written(kDays, 36524.0), to.end);
-        EXPECT_EQ(written(kStandard, {-18262, 0, 0}), to.beginning);
-        EXPECT_EQ(written(kStandard, {36524, 0, 0}), to.end);
-        EXPECT_EQ(convert(nullptr, text_form(to.format), to.beginning, kDays).value.time, -18262.0);
-        for (const char *end : {to.end, to.end_of_9999})
-            EXPECT_EQ(convert(nullptr, text_form(to.format), end, kDays).value.time, 36524.0) << end;
     }
 }
 
 // Every microsecond around the full seconds, and steps between them: UTC texts in order, and each back to its TAI.
 TEST(Texts, ComeBackInOrderAroundALeapSecond)
 {
-    LeapId table(1);
+    NamedIds ids;
     const Form tai = {kOfTransport, KL_TRANS_0, kTai};
     std::string before;
     for (long us = 34000000; us < 39000000;) {
         const Value given(6210, us / 1000000, us % 1000000);
-        const Value text = convert(&table.id, tai, given, text_form(23)).value;
+        const Value text = convert(ids[kPositiveLeap], tai, given, text_form(23)).value;
         ASSERT_GT(text.text, before) << us;
-        ASSERT_EQ(fields_of(convert(&table.id, text_form(23), text, tai).value), fields_of(given)) << text.text;
+        ASSERT_EQ(fields_of(convert(ids[kPositiveLeap], text_form(23), text, tai).value), fields_of(given))
+            << text.text;
         before = text.text;
         us += std::fabs(std::remainder(static_cast<double>(us), 1e6)) < 3000.0 ? 1 : 97;
     }
@@ -89,7 +84,7 @@ TEST(PresentTime, IsTheClockInTheFormatAskedFor)
     }
 }
 
-constexpr char kItsRows[] = "ORBKIT_LIB >>> ERROR in kl_time_get_leap_second_info: ";
+constexpr char kRowsOf[] = "kl_time_get_leap_second_info";
 
 TEST(PresentTime, ReportsUnderTheRowsOfTheLeapSecondInformationOnPurpose)
 {
@@ -98,7 +93,7 @@ TEST(PresentTime, ReportsUnderTheRowsOfTheLeapSecondInformationOnPurpose)
     const long bad = 17;
     for (const long *format : {&bad, static_cast<const long *>(nullptr)}) {
         EXPECT_EQ(KL_Time_current_time(format, text, &error), -1);
-        EXPECT_EQ(message_of(error), std::string(kItsRows) + "Error in adding times in Processing format");
+        expect_error(error, kRowsOf, "Error in adding times in Processing format");
     }
     EXPECT_STREQ(text, "untouched");
 }
@@ -109,12 +104,11 @@ TEST(PresentTime, LocksThatFail)
     char text[KL_TIME_ASCII_LENGTH] = "untouched";
     const long format = KL_ASCII_41;
     kl_error_record error;
-    long status = 0;
     faults::Fail lock(faults::Site::kMutexLock);
-    status = KL_Time_current_time(&format, text, &error);
+    long status = KL_Time_current_time(&format, text, &error);
     EXPECT_TRUE(lock.disarm());
     EXPECT_EQ(status, -1);
-    EXPECT_EQ(message_of(error), std::string(kItsRows) + "Error in converting from Processing to ASCII format");
+    expect_error(error, kRowsOf, "Error in converting from Processing to ASCII format");
 
     const std::string lines = captured_stdout([&] {
         faults::Fail unlock(faults::Site::kMutexUnlock);
