@@ -3,6 +3,7 @@
 #ifndef KL_SRC_MATH_SIN_COS_H
 #define KL_SRC_MATH_SIN_COS_H
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -22,11 +23,27 @@ inline double reduced(double angle)
     return ((angle - turns * (4.0 * kHalfPiA)) - turns * (4.0 * kHalfPiB)) - turns * (4.0 * kHalfPiC);
 }
 
-// Angle in degrees, -180 to 180; exact.
+// Angle in degrees, -180 to 180 and what rounding adds; exact below 2^53.
 inline double reduced_degrees(double angle)
 {
     const double turns = (angle * (1.0 / 360.0) + kRounder) - kRounder;
     return angle - turns * 360.0;
+}
+
+// The same, exact for every finite angle. Infinite in, NaN out.
+inline double reduced_any_degrees(double angle)
+{
+    if (std::fabs(angle) < 0x1p53)
+        return reduced_degrees(angle);
+    if (!std::isfinite(angle))
+        return NAN;
+    // m * 2^k with integers; the powers of two from 2^3 on come back modulo 360 after 12.
+    int exponent = 0;
+    const double fraction = std::frexp(std::fabs(angle), &exponent);
+    const auto m = static_cast<std::uint64_t>(fraction * 0x1p53);
+    const int k = exponent - 53;
+    const std::uint64_t power = std::uint64_t{1} << (k < 3 ? k : 3 + (k - 3) % 12);
+    return (angle < 0.0 ? -1.0 : 1.0) * reduced_degrees(static_cast<double>(m % 360 * power % 360));
 }
 
 // Within 2e-16 of the true values for angles up to 1e8 rad. Not finite in, NaN out.

@@ -44,20 +44,13 @@ void fill_matrix(const SineCosine &a0, const SineCosine &a1, const SineCosine &a
     m[8] = a0.c * a1.c;
 }
 
-// Whole turns taken off: exact.
-double without_turns(double degrees)
-{
-    constexpr double kManyTurns = 1e9;
-    return std::fabs(degrees) < kManyTurns ? reduced_degrees(degrees) : std::fmod(degrees, 360.0);
-}
-
 void matrix_of(const double angles[3], double m[9])
 {
     double angle[4] = {}; // two pairs: the fourth fills a register
     double s[4];
     double c[4];
     for (int i = 0; i < 3; ++i)
-        angle[i] = without_turns(angles[i]) * KL_RAD_PER_DEG;
+        angle[i] = reduced_any_degrees(angles[i]) * KL_RAD_PER_DEG;
     sin_cos(angle, s, c);
     double rows[9]; // stays in registers
     fill_matrix({s[0], c[0]}, {s[1], c[1]}, {s[2], c[2]}, rows);
