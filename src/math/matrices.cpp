@@ -1,6 +1,7 @@
 // Flat matrices, row by row.
 #include "math/math.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -94,7 +95,8 @@ void KL_Vector_derivs(const double *m, const double *dm, const double *ddm, cons
                       double *ddout)
 {
     double inverse[9];
-    KL_inverse3(m, inverse);
+    if (KL_inverse3(m, inverse) != 0)
+        std::fill_n(inverse, 9, std::nan("")); // no status to say it with
     double x[3];
     double dx[3];
     double rhs[3];
