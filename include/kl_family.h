@@ -406,6 +406,12 @@ KL_API void KL_Free_dhc(double **rows, long count);
 
 /* ---- frame chain --------------------------------------------------------------------------------------- */
 
+/** Frames inside: handled as KL_MOD and KL_TOD. kl_change_cart_cs does not take them. */
+enum {
+    KL_QMOD = 12, /**< quasi mean of date */
+    KL_PTOD = 13  /**< pseudo true of date */
+};
+
 /** Nutation with its first two derivatives: rad, rad/s, rad/s2. */
 typedef struct kl_nutation {
     double dpsi[3], deps[3];
@@ -445,7 +451,7 @@ KL_API long KL_Polar_Motion_Rotation(kl_time_id *time_id, double ut1_days, kl_ro
 KL_API void KL_rva(const Cord *in, const kl_rotation_record *rotation, Cord *out);
 
 /**
- * Carries a state between any two frames, 1 to 13.
+ * Carries a state between any two frames, 1 to 13 (KL_PTOD).
  *
  * @param[in]  model_id  models; an uninitialised id means the default ones
  * @param[in]  time_id   correlation; needed where the date has to change its scale
@@ -455,6 +461,12 @@ KL_API void KL_rva(const Cord *in, const kl_rotation_record *rotation, Cord *out
  * @param[in]  final_cs  frame wanted
  * @param[out] out       state there; untouched on failure
  * @return 0, 1 when something was warned of, or -1
+ *
+ * Errors: 0 reference or format of the date, 1 initial frame, 2 final frame, 3 no state of the Earth, 4 date more than
+ * a day outside the processing range, 5 time id not initialised, 10 KL_LIF on the way (no time id of this library holds
+ * its reference), 11 date not converted, or no routine in the model id. Warnings: 6 and 7 between KL_TOD and KL_PTOD,
+ * KL_MOD and KL_QMOD, whose state is copied; 8 with every KL_MOD to KL_TOD; 9 order 2 and KL_BM2000 or KL_HM2000 at
+ * an end.
  */
 KL_API long KL_Change_CoordinateSystem(kl_model_id *model_id, kl_time_id *time_id, long order,
                                        const kl_time_record *date, const Cord *in, long final_cs, Cord *out,
@@ -534,28 +546,32 @@ KL_API long KL_LIF_to_EF(kl_model_id *model_id, kl_time_id *time_id, const kl_ti
  * the acceleration is never touched. Date records are TDB (reference 1) in MJD2000 (format 3).
  */
 
-/** Heliocentric (KL_HM2000) and barycentric (KL_BM2000) state of the Earth: m, m/s. P. Stumpff (1980). */
+/** Barycentric (KL_BM2000) and heliocentric (KL_HM2000) state of the Earth: m, m/s. P. Stumpff (1980). Codes 0 the
+ * record is not TDB, 1 not MJD2000. */
 KL_API long KL_Earth(const kl_time_record *tdb, Cord *barycentric, Cord *heliocentric, kl_error_record *error);
-/** Geocentric Sun, mean of date (KL_MOD): m, m/s; the Earth turned round, without light time. */
+/** Geocentric Sun, mean of date (KL_MOD): m, m/s; the Earth turned round, without light time. Codes 2 no state of the
+ * Earth, 3 no change of frame. */
 KL_API long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb, Cord *sun,
                           kl_error_record *error);
-/** Geocentric Moon, mean of date (KL_MOD): m, m/s. J. Meeus (1984). */
+/** Geocentric Moon, mean of date (KL_MOD): m, m/s. J. Meeus (1984). Codes 0 the record is not TDB, 1 not MJD2000. */
 KL_API long KL_Moon_PosVel(const kl_time_record *tdb, Cord *moon, kl_error_record *error);
 /**
  * Heliocentric planet (KL_HM2000): m, m/s. J. L. Simon et al. (1994). The record's codes are not checked.
- * Returns 1 with a complete state when it warns: date beyond 1000 Julian years from J2000.0, or no convergence.
+ * Returns 1 with a complete state when it warns: code 3 date beyond 1000 Julian years from J2000.0, 4 no convergence.
+ * Errors: 2 planet not 1 to 8.
  */
 KL_API long KL_Planets(long planet, const kl_time_record *tdb, Cord *state, kl_error_record *error);
 /**
  * Sun as seen from a satellite (any frame), with the light time taken off in one refinement: state in KL_MOD and the
- * TAI instant (MJD2000) at which the light left. The satellite's three vectors must exist.
+ * TAI instant (MJD2000) at which the light left. The satellite's three vectors must exist. Codes 0 the satellite's
+ * state, 1 the record is not TDB, 2 the Sun.
  */
 KL_API long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb,
                                           const Cord *satellite, Cord *sun, kl_time_record *emission,
                                           kl_error_record *error);
 /**
  * The same for a time of any scale (KL_TIME_TAI to KL_TIME_GPS, MJD2000), in KL_EF: m, m/s. The axes are those of the
- * instant at which the light left; with KL_TIME_UT1 those of the given time.
+ * instant at which the light left; with KL_TIME_UT1 those of the given time. Codes as the bits of kl_sun.
  */
 KL_API long KL_Sun_travel_time(kl_model_id *model_id, kl_time_id *time_id, long time_ref, double time,
                                const Cord *satellite, double sun_pos[3], double sun_vel[3], kl_error_record *error);
@@ -618,7 +634,7 @@ KL_API void KL_identity(long n, long m, double *out);
 KL_API long KL_inverse_gauss_jordan_reduction(double *a, double *identity, long n, long m, double *out);
 KL_API long KL_inverse(const double *a, long n, long m, double *out); /**< on copies; -1 also without memory */
 KL_API long KL_inverse3(const double *a, double *out);
-/** out = M^-1 v, dout = -M^-1 (dM out), ddout = M^-1 (-ddM out - 2 dM dout). */
+/** out = M^-1 v, dout = -M^-1 (dM out), ddout = M^-1 (-ddM out - 2 dM dout); all NaN where M has no inverse. */
 KL_API void KL_Vector_derivs(const double *m, const double *dm, const double *ddm, const double *v, double *out,
                              double *dout, double *ddout);
 KL_API long KL_Check_orthonormal(const double *a); /**< 1 when the rows are orthonormal within 1e-6 */

@@ -1091,7 +1091,7 @@ KL_API long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *
 enum {
     KL_MODEL_INIT_INITIALISED_ERR = 0, /**< the handle is already initialised */
     KL_MODEL_INIT_MEMORY_ERR = 1,
-    KL_MODEL_INIT_SELECTION_ERR = 2, /**< a selection that is not offered */
+    KL_MODEL_INIT_SELECTION_ERR = 2, /**< a selection that is not offered, or none given; its text shows a bare "%s" */
     KL_MODEL_INIT_N_CODES
 };
 
@@ -1104,7 +1104,8 @@ enum {
  * @param[in,out] model_id  handle, not initialised
  * @param[out]    ierr      [1] error vector
  * @return KL_OK or KL_ERR. After a refused selection (bit 2) the handle is initialised all the same, with the blocks
- *         before the refused one filled and the others zero: close it.
+ *         before the refused one filled and the others zero: close it. NULL for models with KL_MODEL_USER is bit 2 too,
+ *         but leaves the handle as it was; NULL for mode or model_id is KL_ERR with no bit.
  */
 KL_API long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id, long *ierr);
 
@@ -1189,25 +1190,25 @@ KL_API long kl_geoid_grid(kl_model_id *model_id, const long *max_degree, const d
 
 /** Conditions of kl_change_cart_cs. */
 enum {
-    KL_CHANGE_CART_CS_TIME_REF_ERR = 0,
-    KL_CHANGE_CART_CS_DATE_ERR = 1,
-    KL_CHANGE_CART_CS_CALC_MODE_ERR = 2,
-    KL_CHANGE_CART_CS_CS_IN_ERR = 3,
-    KL_CHANGE_CART_CS_CS_OUT_ERR = 4,
+    KL_CHANGE_CART_CS_TIME_REF_ERR = 0,  /**< time reference not 0 to 3, or NULL */
+    KL_CHANGE_CART_CS_DATE_ERR = 1,      /**< date outside -18262.0 to 36524.0, not a number, or NULL */
+    KL_CHANGE_CART_CS_CALC_MODE_ERR = 2, /**< mode not 1 to 3, or NULL */
+    KL_CHANGE_CART_CS_CS_IN_ERR = 3,     /**< frame not 1 to 11, or NULL */
+    KL_CHANGE_CART_CS_CS_OUT_ERR = 4,    /**< frame not 1 to 11, or NULL */
     KL_CHANGE_CART_CS_TIME_ID_ERR = 5,   /**< the time cannot be brought to UT1 */
     KL_CHANGE_CART_CS_FORMULA_WARN = 6,  /**< once, when a call leaves the table for the UT1-UTC formula */
     KL_CHANGE_CART_CS_GAP_WARN = 7,      /**< once, when a call enters the gap between two bulletins */
     KL_CHANGE_CART_CS_VALIDITY_WARN = 8, /**< once, when a call leaves the validity of the table */
     KL_CHANGE_CART_CS_TAI_ERR = 9,       /**< the time cannot be brought to TAI; the outputs are written by then */
-    KL_CHANGE_CART_CS_TRANSFORMATION_ERR = 10,
-    KL_CHANGE_CART_CS_LIF_ERR = 11, /**< KL_LIF: no time id of this library holds its reference */
+    KL_CHANGE_CART_CS_TRANSFORMATION_ERR = 10, /**< a model id without the routine (refused init), or no way to TDB */
+    KL_CHANGE_CART_CS_LIF_ERR = 11,            /**< KL_LIF: no time id of this library holds its reference */
     KL_CHANGE_CART_CS_N_CODES
 };
 
 /**
  * Carries a position, velocity and acceleration from one reference frame to another.
  *
- * @param[in]  model_id   models; an uninitialised id means the default ones, for this call only
+ * @param[in]  model_id   models; NULL or uninitialised: the default ones, for this call only
  * @param[in]  time_id    initialised time correlation
  * @param[in]  calc_mode  KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC: outputs above the mode are zero
  * @param[in]  cs_in      frame of the input, KL_BM2000 to KL_TEME
@@ -1221,8 +1222,14 @@ enum {
  * @param[out] vel_out    [3] m/s, the derivative in the output frame; may be vel
  * @param[out] acc_out    [3] m/s2; may be acc. Between barycentric, heliocentric and geocentric frames the acceleration
  *                        of the origin is taken as zero
- * @param[out] ierr       [1] error vector, KL_CHANGE_CART_CS_*
- * @return KL_OK, KL_WARN or KL_ERR
+ * @param[out] ierr       [1] error vector, bits KL_CHANGE_CART_CS_*
+ * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR the outputs are untouched, except with KL_CHANGE_CART_CS_TAI_ERR. NULL
+ * for one of the six vectors is KL_ERR with no bit.
+ *
+ * An uninitialised time id is KL_CHANGE_CART_CS_TIME_ID_ERR, but for a time in UT1, which fails only on the way to TDB
+ * (KL_CHANGE_CART_CS_TRANSFORMATION_ERR) or to TAI (KL_CHANGE_CART_CS_TAI_ERR); equal frames ask for the time id too.
+ * The warnings of the chain behind (true of date, acceleration of the origin) have no bit and leave KL_OK: they are
+ * lines of the verbose mode. KL_LIF to KL_LIF copies.
  *
  * Galactic frames carry positions only: velocity and acceleration come out as zero. BM1950 is without E-terms.
  * Precession IAU 1976, nine terms of nutation, GMST 1982; UT1 serves for TT there. GM2000 to EF at 7000 km, 1990 to
@@ -1326,9 +1333,10 @@ enum {
  * @param[out] planet_vel [3] m/s, Earth-fixed, relative to the rotating axes
  * @param[out] ierr       [1] error vector, bits KL_PLANET_*
  * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR planet_pos and planet_vel are untouched. NULL for one of them, and a
- * model id without a routine for the planets (refused init), is KL_ERR with no bit. KL_WARN may come with no bit. An
- * uninitialised time id is KL_PLANET_TIME_ID_ERR, but KL_PLANET_PROC_TO_PROC_ERR for a time in TAI. Geometric: no light
- * time, no aberration. The astronomical unit is the rounded 1.496e11 m: 1.4234e-5 too large.
+ * model id without a routine for the planets (refused init), is KL_ERR with no bit. KL_WARN, which no date of the
+ * range gives, may come with no bit. An uninitialised time id is KL_PLANET_TIME_ID_ERR, but KL_PLANET_PROC_TO_PROC_ERR
+ * for a time in TAI. Geometric: no light time, no aberration. The astronomical unit is the rounded 1.496e11 m,
+ * 1.4234e-5 too large.
  * Accuracy: the theory's own claim for 1800-2200, heliocentric longitude, Mercury to Neptune: 4", 5", 6", 17", 71",
  * 81", 86", 11". The Earth adds, over 1950-2099, 8.5" (Venus) and 1870 km at most against a full theory of its motion.
  * Source: J. L. Simon, P. Bretagnon, J. Chapront, M. Chapront-Touze, G. Francou, J. Laskar, Astron. Astrophys. 282, 663

@@ -8,7 +8,7 @@
 
 #include <cstddef>
 
-enum { KL_QMOD = 12, KL_PTOD = 13, KL_FIRST_FRAME = 1, KL_LAST_FRAME = 13 };
+enum { KL_FIRST_FRAME = KL_BM2000, KL_LAST_FRAME = KL_PTOD };
 
 constexpr double KL_SECONDS_PER_CENTURY = 36525.0 * 86400.0;
 constexpr double KL_J2000_DAYS = 0.5;               // J2000.0 in days since 2000-01-01 00:00
