@@ -43,17 +43,18 @@ TEST(MjdCalendar, RoundingUpToMidnightStaysOnTheSameDayWith86400SecondsOnPurpose
     EXPECT_EQ(date_of(1.0 - 1e-12), "2000-1-1 86400 s 0 us");
 }
 
-// Against the calendar of the C library, and back to the same number.
+// Against the calendar of the C library, at a time that doubles and microseconds hold, and back to the same number.
 TEST(MjdCalendar, EveryDayOfTheRangeAndBack)
 {
     for (long day = -18262; day < 36525; ++day) {
-        const kl_time_record in = {kUtcOfRecord, kMjd, static_cast<double>(day) + 0.75};
+        const kl_time_record in = {kUtcOfRecord, kMjd, static_cast<double>(day) + 0.75 + 1.0 / 8192.0};
         kl_calendar_record date{};
         KL_MJD_Calendar(&in, &date, nullptr);
         const std::time_t unix_time = (day + 10957) * 86400L; // 10957 days from 1970 to 2000
         std::tm utc{};
         gmtime_r(&unix_time, &utc);
-        const kl_calendar_record expected = {kUtcOfRecord, utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday, 64800, 0};
+        const kl_calendar_record expected = {kUtcOfRecord, utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday, 64810,
+                                             546875};
         ASSERT_EQ(write(date), write(expected)) << day;
         kl_time_record out{};
         KL_Calendar_MJD(&date, &out, nullptr);
