@@ -1,4 +1,4 @@
-// States for the frame chain, and a time id whose four scales are 37, 37.3 and 19 s apart.
+// States for the frame chain, a time id whose four scales are 37, 37.3 and 19 s apart, and ERFA's way to the Earth.
 #ifndef KL_TESTS_COORD_CHAIN_STATE_H
 #define KL_TESTS_COORD_CHAIN_STATE_H
 
@@ -7,11 +7,26 @@
 
 #include <algorithm>
 #include <cmath>
+#include <erfa.h>
 
 enum { kTdb = 1, kTai = 3, kUt1 = 4, kUtc = 5, kGps = 6 }; // references of a date record
 enum { kJulianDay = 1, kDays1950 = 2, kMjd2000 = 3 };      // its formats
 constexpr double kStart[3][3] = {{7e6, -1.2e6, 3.4e6}, {1250, 7100, -2500}, {-4.5, 0.75, -6.25}}; // m, m/s, m/s2
-constexpr double kTaiMinusUt1 = 37.3;
+constexpr double kBehindTai[4] = {0.0, 37.0, 37.3, 19.0};        // s: TAI, UTC, UT1, GPS
+constexpr double kTtMinusUt1 = kBehindTai[KL_TIME_UT1] + 32.184; // s
+constexpr double kFirst = -18262.0, kLast = 36524.0;             // MJD2000
+constexpr double kJdOfDayZero = 2451544.5;
+constexpr double kArcsecond = 4.848136811095359935899141e-6; // rad
+constexpr double kMetresPerAu = 1.496e11;                    // the library's; the true one is 14 millionths shorter
+
+inline double length(const double v[3])
+{
+    return std::hypot(v[0], v[1], v[2]);
+}
+inline double distance(const double a[3], const double b[3])
+{
+    return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
+}
 
 struct ChainState : Cord {
     double store[3][4] = {};
@@ -26,45 +41,16 @@ struct ChainState : Cord {
     ChainState(const ChainState &) = delete;
     ChainState &operator=(const ChainState &) = delete;
 
-    double at(int vector, int axis) const { return store[vector][axis + 1]; }
+    const double *operator[](long derivative) const { return store[derivative] + 1; }
     bool is(const double (&vectors)[3][3]) const
     {
-        for (int v = 0; v < 3; ++v)
-            if (!std::equal(vectors[v], vectors[v] + 3, store[v] + 1))
-                return false;
-        return true;
+        return std::equal(vectors[0], vectors[1], (*this)[0]) && std::equal(vectors[1], vectors[2], (*this)[1])
+               && std::equal(vectors[2], vectors[3], (*this)[2]);
     }
 };
 
-inline double distance(const ChainState &state, int vector, const double other[3])
-{
-    return std::hypot(state.at(vector, 0) - other[0], state.at(vector, 1) - other[1], state.at(vector, 2) - other[2]);
-}
-
-struct ChainTimeId : OwnedTimeId {
-    ChainTimeId()
-    {
-        const double noon = 9000.5;
-        const double times[4] = {noon, noon - 37.0 / kDay, noon - kTaiMinusUt1 / kDay, noon - 19.0 / kDay};
-        EXPECT_EQ(kl_time_ref_init(times, nullptr, nullptr, nullptr, &id, nullptr), KL_OK);
-    }
-};
-
-// A model id; a refused selection leaves the blocks from that kind on without routines.
-struct ChainModelId {
-    kl_model_id id{};
-
-    explicit ChainModelId(long refused_kind = -1)
-    {
-        long models[9] = {};
-        if (refused_kind >= 0)
-            models[refused_kind] = 99;
-        const long mode = KL_MODEL_USER;
-        EXPECT_EQ(kl_model_init(&mode, models, &id, nullptr), refused_kind >= 0 ? KL_ERR : KL_OK);
-    }
-    ~ChainModelId() { EXPECT_EQ(kl_model_close(&id, nullptr), KL_OK); }
-    ChainModelId(const ChainModelId &) = delete;
-    ChainModelId &operator=(const ChainModelId &) = delete;
+struct ChainTimeId : ReadingsId {
+    ChainTimeId() : ReadingsId(0.0, -kBehindTai[KL_TIME_UTC], -kBehindTai[KL_TIME_UT1], -kBehindTai[KL_TIME_GPS]) {}
 };
 
 // In place, with the default models.
@@ -72,6 +58,18 @@ inline long carry(kl_time_id *time_id, const kl_time_record &date, ChainState *s
                   kl_error_record *error = nullptr)
 {
     return KL_Change_CoordinateSystem(nullptr, time_id, order, &date, state, to, state, error);
+}
+
+// From J2000 to the Earth: precession 1976, nutation 1980, sidereal time 1994, no pole.
+inline void erfa_earth_fixed(double ut1_days, const double inertial[3], double fixed[3])
+{
+    const double tt = ut1_days + kTtMinusUt1 / kDay;
+    double precession[3][3], nutation[3][3], turned[3][3];
+    eraPmat76(kJdOfDayZero, tt, precession);
+    eraNutm80(kJdOfDayZero, tt, nutation);
+    eraRxr(nutation, precession, turned);
+    eraRz(eraGst94(kJdOfDayZero, ut1_days), turned);
+    eraRxp(turned, const_cast<double *>(inertial), fixed);
 }
 
 #endif
