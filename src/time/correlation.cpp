@@ -1,5 +1,7 @@
 // Correlation of the time scales: differences at an instant, one instant between a scale and TAI, once-only warnings.
 #include "error/message_groups.h"
+#include "math/math.h"
+#include "math/sin_cos.h"
 #include "time/time.h"
 
 #include <algorithm>
@@ -106,21 +108,24 @@ long row_inside(const TimeIdRecord &id, long ref, double t, Column column)
 // UT2 - UT1, s: the seasonal variation at a UTC instant.
 double seasonal_term(double utc_days)
 {
-    constexpr double kTwoPi = 6.283185307179586;
     const double besselian_year = (utc_days + 51544.0 - 51544.03) / 365.2422 + 2000.0;
-    const double angle = kTwoPi * besselian_year;
-    return 0.022 * std::sin(angle) - 0.012 * std::cos(angle) - 0.006 * std::sin(2.0 * angle)
-           + 0.007 * std::cos(2.0 * angle);
+    const double angle = KL_TWO_PI * besselian_year;
+    const double angles[2] = {angle, 2.0 * angle};
+    double s[2];
+    double c[2];
+    sin_cos(angles, s, c);
+    return 0.022 * s[0] - 0.012 * c[0] - 0.006 * s[1] + 0.007 * c[1];
 }
 
 struct Deltas {
     double tai_utc, tai_ut1, tai_gps; // s
     LeapFlags leap;
+    bool out_of_range, from_ut1; // to be reported: KL_DELTAS_OUT_OF_RANGE, KL_DELTAS_UT1_FORMULA
 };
 
 Deltas deltas_of(const kl_time_row &row)
 {
-    return {row.tai_utc, row.tai_ut1, row.tai_gps, {false, false}};
+    return {row.tai_utc, row.tai_ut1, row.tai_gps, {false, false}, false, false};
 }
 
 // The differences between row i and the next one, c0 and c1 in the column of the reference.
@@ -145,37 +150,8 @@ Deltas deltas_inside(const TimeIdRecord &id, long ref, double t, Column column)
     return deltas_between(id, ref, t, i, column(id.rows[i]), column(id.rows[i + 1]));
 }
 
-// The differences at an instant inside the table, where nothing is to be reported; false outside. The row is guessed
-// from the second of the record, which is known sooner than t; clear of the slack around it no other row can match.
-template <typename Column>
-bool quick_deltas(const TimeIdRecord &id, long ref, double second, double t, Column column, Deltas *deltas)
-{
-    const double last = static_cast<double>(id.n_rows - 1);
-    const double guess = (second - id.rows[0].tai) * id.rows_per_day;
-    if (guess >= 0.0 && guess < last) {
-        const long i = static_cast<long>(guess);
-        const double c0 = column(id.rows[i]);
-        const double c1 = column(id.rows[i + 1]);
-        if (c0 + kEdge <= t && t < c1 - kEdge) {
-            *deltas = deltas_between(id, ref, t, i, c0, c1);
-            return true;
-        }
-    }
-    if (id.n_rows == 1 || !(column(id.rows[0]) <= t && t < column(id.rows[id.n_rows - 1])))
-        return false;
-    *deltas = deltas_inside(id, ref, t, column);
-    return true;
-}
-
-bool quick_deltas(const TimeIdRecord &id, long ref, const kl_std_record &record, double t, Deltas *deltas)
-{
-    const double second =
-        static_cast<double>(record.days) + static_cast<double>(record.seconds) * (1.0 / KL_SECONDS_PER_DAY);
-    return with_column(ref, [&](auto column) { return quick_deltas(id, ref, second, t, column, deltas); });
-}
-
-// After the table with the UT1-UTC formula.
-Deltas deltas_by_formula(const TimeIdRecord &id, long ref, double t, Activation *call)
+// After the table with the UT1-UTC formula; TAI-UT1 is left at 0 where nobody asks for it.
+Deltas deltas_by_formula(const TimeIdRecord &id, long ref, double t, bool with_ut1)
 {
     const kl_time_row &row = id.rows[id.n_rows - 1];
     double utc = t;
@@ -187,31 +163,69 @@ Deltas deltas_by_formula(const TimeIdRecord &id, long ref, double t, Activation 
         break;
     // On purpose, for UT1 and GPS: the seconds of TAI-UT1 and TAI-GPS are added to the days as they are.
     case KL_TIME_UT1:
-        (void)call->stops(KL_DELTAS_UT1_FORMULA);
         utc = t + row.tai_ut1 - row.tai_utc / KL_SECONDS_PER_DAY;
         break;
     default:
         utc = t + row.tai_gps - row.tai_utc / KL_SECONDS_PER_DAY;
         break;
     }
-    const double ut1_utc = id.a + id.b * (utc - id.c) - seasonal_term(utc);
+    const double tai_ut1 = with_ut1 ? row.tai_utc - (id.a + id.b * (utc - id.c) - seasonal_term(utc)) : 0.0;
     // On purpose: 19 s, whatever the table says.
-    return {row.tai_utc, row.tai_utc - ut1_utc, kGpsAfterTable, {false, false}};
+    return {row.tai_utc, tai_ut1, kGpsAfterTable, {false, false}, false, ref == KL_TIME_UT1};
 }
 
-Deltas deltas_outside(const TimeIdRecord &id, long ref, double t, double first, double last, Activation *call)
+Deltas deltas_outside(const TimeIdRecord &id, long ref, double t, double first, double last, bool with_ut1)
 {
-    if (id.model != kModelNeverOutside && !(first - kEdge <= t && t <= last + kEdge))
-        (void)call->stops(KL_DELTAS_OUT_OF_RANGE);
+    Deltas deltas;
     if (t < last) {
-        Deltas deltas = deltas_of(id.rows[0]);
+        deltas = deltas_of(id.rows[0]);
         deltas.leap = leap_flags(id, ref, 0, first, column_of(id.rows[id.n_rows > 1 ? 1 : 0], ref), t);
-        return deltas;
+    } else {
+        const long end = id.n_rows - 1;
+        deltas = id.no_extrapolation != 0 ? deltas_of(id.rows[end]) : deltas_by_formula(id, ref, t, with_ut1);
+        deltas.leap = leap_flags(id, ref, end, last, last, t);
     }
-    const long end = id.n_rows - 1;
-    Deltas deltas = id.no_extrapolation != 0 ? deltas_of(id.rows[end]) : deltas_by_formula(id, ref, t, call);
-    deltas.leap = leap_flags(id, ref, end, last, last, t);
+    deltas.out_of_range = id.model != kModelNeverOutside && !(first - kEdge <= t && t <= last + kEdge);
     return deltas;
+}
+
+template <typename Column>
+Deltas deltas_at(const TimeIdRecord &id, long ref, double t, bool with_ut1, Column column)
+{
+    const double first = column(id.rows[0]);
+    const double last = column(id.rows[id.n_rows - 1]);
+    if (first - kEdge <= t && t < last && id.n_rows > 1)
+        return deltas_inside(id, ref, t, column);
+    return deltas_outside(id, ref, t, first, last, with_ut1);
+}
+
+// The same for a conversion in silent mode. The row is guessed from the second of the record, which is known sooner
+// than t; clear of the slack around it no other row can match.
+template <typename Column>
+Deltas quick_deltas(const TimeIdRecord &id, long ref, double second, double t, bool with_ut1, Column column)
+{
+    const double last = static_cast<double>(id.n_rows - 1);
+    const double guess = (second - id.rows[0].tai) * id.rows_per_day;
+    if (guess >= 0.0 && guess < last) {
+        const long i = static_cast<long>(guess);
+        const double c0 = column(id.rows[i]);
+        const double c1 = column(id.rows[i + 1]);
+        if (c0 + kEdge <= t && t < c1 - kEdge)
+            return deltas_between(id, ref, t, i, c0, c1);
+    }
+    return deltas_at(id, ref, t, with_ut1, column);
+}
+
+// False where there is more to report than that the instant is outside the table, or lines to print of it.
+bool quick_deltas(const TimeIdRecord &id, long ref, const kl_std_record &record, double t, bool with_ut1,
+                  Deltas *deltas)
+{
+    const double second =
+        static_cast<double>(record.days) + static_cast<double>(record.seconds) * (1.0 / KL_SECONDS_PER_DAY);
+    if (id.model == 0 || !inside_processing_range(static_cast<double>(record.days)))
+        return false;
+    *deltas = with_column(ref, [&](auto column) { return quick_deltas(id, ref, second, t, with_ut1, column); });
+    return !deltas->out_of_range || !is_verbose();
 }
 
 // The differences at an instant of a scale; 0, 1 with a warning or -1, conditions in the record.
@@ -227,12 +241,11 @@ long look_up(const kl_time_id *time_id, long ref, double t, Deltas *deltas, kl_e
         *deltas = deltas_of(id->rows[0]);
         return call.status();
     }
-    const double first = column_of(id->rows[0], ref);
-    const double last = column_of(id->rows[id->n_rows - 1], ref);
-    if (first - kEdge <= t && t < last && id->n_rows > 1)
-        *deltas = with_column(ref, [&](auto column) { return deltas_inside(*id, ref, t, column); });
-    else
-        *deltas = deltas_outside(*id, ref, t, first, last, &call);
+    *deltas = with_column(ref, [&](auto column) { return deltas_at(*id, ref, t, true, column); });
+    if (deltas->out_of_range)
+        (void)call.stops(KL_DELTAS_OUT_OF_RANGE);
+    if (deltas->from_ut1)
+        (void)call.stops(KL_DELTAS_UT1_FORMULA);
     return call.status();
 }
 
@@ -431,13 +444,14 @@ long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *
     return call.status();
 }
 
-bool quickly_to_tai(const TimeIdRecord &id, long ref, kl_std_record *record)
+bool quickly_to_tai(const TimeIdRecord &id, long ref, kl_std_record *record, bool *out_of_range)
 {
     Deltas deltas;
     if (ref == KL_TIME_TAI)
         return true;
-    if (!quick_deltas(id, ref, *record, processing_of(*record), &deltas))
+    if (!quick_deltas(id, ref, *record, processing_of(*record), ref == KL_TIME_UT1, &deltas))
         return false;
+    *out_of_range |= deltas.out_of_range;
     *record = added(*record, ref, deltas);
     return true;
 }
@@ -461,13 +475,14 @@ long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record
     return call.status();
 }
 
-bool quickly_from_tai(const TimeIdRecord &id, long ref, double tai_days, kl_std_record *record)
+bool quickly_from_tai(const TimeIdRecord &id, long ref, double tai_days, kl_std_record *record, bool *out_of_range)
 {
     Deltas deltas;
     if (ref == KL_TIME_TAI)
         return true;
-    if (!quick_deltas(id, KL_TIME_TAI, *record, tai_days, &deltas))
+    if (!quick_deltas(id, KL_TIME_TAI, *record, tai_days, ref == KL_TIME_UT1, &deltas))
         return false;
+    *out_of_range |= deltas.out_of_range;
     *record = subtracted(*record, id, ref, deltas);
     return true;
 }

@@ -334,15 +334,20 @@ private:
     bool by_table(TimeIdRecord *id, long ref_out)
     {
         const bool changes = ref_out != ref_;
-        if (changes && !quickly_to_tai(*id, ref_, &record_)
+        bool out_of_range = false;
+        if (changes && !quickly_to_tai(*id, ref_, &record_, &out_of_range)
             && !step(KL_Time_t2t_ref_to_tai, KL_FN_TIME_T2T_REF_TO_TAI, ref_, kReferenceStep))
             return false;
         const double tai_days = processing_of(record_);
         const long warning = once_only_warning(id, KL_FLAGS_CONVERSION, tai_days);
         if (warning != 0)
             (void)call_.stops(static_cast<int>(kBulletinA + warning - 1));
-        return !changes || quickly_from_tai(*id, ref_out, tai_days, &record_)
-               || step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack);
+        if (changes && !quickly_from_tai(*id, ref_out, tai_days, &record_, &out_of_range)
+            && !step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack))
+            return false;
+        if (out_of_range)
+            (void)call_.stops(kOutOfRange);
+        return true;
     }
 
     using ReferenceStep = long (*)(kl_time_id *, long, const kl_std_record *, kl_std_record *, kl_error_record *);

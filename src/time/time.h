@@ -197,10 +197,10 @@ inline void shift_by_explicit_values(const kl_time_row &row, long from, long to,
     normalise_seconds(record);
 }
 
-// As KL_Time_t2t_ref_to_tai and _from_tai, in place, for an instant inside the table of the id, where there is nothing
-// to report. Otherwise false with the record as it is, and these have to be asked.
-bool quickly_to_tai(const TimeIdRecord &id, long ref, kl_std_record *record);
-bool quickly_from_tai(const TimeIdRecord &id, long ref, double tai_days, kl_std_record *record);
+// As KL_Time_t2t_ref_to_tai and _from_tai, in place and without error records: out_of_range becomes true where they
+// warn of it. False, with the record as it is, where they have more to report; then they have to be asked.
+bool quickly_to_tai(const TimeIdRecord &id, long ref, kl_std_record *record, bool *out_of_range);
+bool quickly_from_tai(const TimeIdRecord &id, long ref, double tai_days, kl_std_record *record, bool *out_of_range);
 
 // KL_Check_Time_warn_flags of a table: 0, or the warning 1 to 3.
 long once_only_warning(TimeIdRecord *id, long set, double tai_days);
