@@ -4,60 +4,30 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
-#include <string>
 
 namespace {
 
 using Octets = std::vector<unsigned char>;
 
-struct PFieldCase {
-    long epoch_type, n_coarse, n_fine;
-    Octets p_field;
-};
-struct EpochCase {
-    const char *name;
-    long epoch_type, epoch_ref;
-    double epoch;
-    long ref;
-    Octets coarse;
-    double time;
-};
-struct SecondsCase {
-    const char *name;
-    double days;
-    long n_coarse, n_fine;
-    Octets octets;
-};
-struct ConditionCase {
-    const char *name;
-    kl_cuc_config config;
-    long ref;
-    double time;
-    long check, decode, encode;
-};
 #include "time/cuc_cases.inc"
 
 struct Cuc : testing::Test {
     ReadingsId time_id{37.0, 0.0, 0.25, 18.0};
 
-    struct Decoded {
+    struct Outcome {
         long status, ierr;
         double time;
+        Octets octets; // all KL_CUC_LENGTH, 0xAA where nothing was written
     };
-    Decoded decode(const kl_cuc_config &config, const Octets &octets, long ref = KL_TIME_TAI)
+    Outcome decode(const kl_cuc_config &config, const Octets &octets, long ref = KL_TIME_TAI)
     {
-        Decoded out{KL_OK, -1, 77.0};
+        Outcome out{KL_OK, -1, 77.0, {}};
         out.status = kl_time_cuc_to_processing(time_id, &config, &ref, octets.data(), &out.time, &out.ierr);
         return out;
     }
-
-    struct Encoded {
-        long status, ierr;
-        Octets octets; // all KL_CUC_LENGTH, 0xAA where nothing was written
-    };
-    Encoded encode(const kl_cuc_config &config, double time, long ref = KL_TIME_TAI)
+    Outcome encode(const kl_cuc_config &config, double time, long ref = KL_TIME_TAI)
     {
-        Encoded out{KL_OK, -1, Octets(KL_CUC_LENGTH, 0xaa)};
+        Outcome out{KL_OK, -1, 77.0, Octets(KL_CUC_LENGTH, 0xaa)};
         out.status = kl_time_processing_to_cuc(time_id, &config, &ref, &time, out.octets.data(), &out.ierr);
         return out;
     }
@@ -79,22 +49,21 @@ Octets with_room(Octets octets)
 
 TEST_F(Cuc, PFieldsAreThoseOfTheStandard)
 {
-    for (const PFieldCase &c : kPFields) {
-        const std::string name = std::to_string(c.n_coarse) + "+" + std::to_string(c.n_fine);
-        const kl_cuc_config config = {KL_CUC_WITH_P_FIELD, c.epoch_type, KL_TIME_TAI, -15340.0, c.n_coarse, c.n_fine};
-        const Encoded out = encode(config, -15339.999); // 86.4 s
-        EXPECT_TRUE(std::equal(c.p_field.begin(), c.p_field.end(), out.octets.begin())) << name;
-        const auto coarse_end = out.octets.begin() + static_cast<long>(c.p_field.size()) + c.n_coarse;
-        EXPECT_EQ(coarse_end[-1], 86) << name;
-        const auto rest = coarse_end + c.n_fine;
-        EXPECT_EQ(std::count(rest, out.octets.end(), 0xaa), out.octets.end() - rest) << name << " writes beyond it";
+    for (const auto &[epoch_type, n_coarse, n_fine, p_field] : kPFields) {
+        const kl_cuc_config config = {KL_CUC_WITH_P_FIELD, epoch_type, KL_TIME_TAI, -15340.0, n_coarse, n_fine};
+        const Octets octets = encode(config, -15339.999).octets; // 86.4 s
+        EXPECT_TRUE(std::equal(p_field.begin(), p_field.end(), octets.begin())) << n_coarse << "+" << n_fine;
+        const auto coarse_end = octets.begin() + static_cast<long>(p_field.size()) + n_coarse;
+        EXPECT_EQ(coarse_end[-1], 86) << n_coarse << "+" << n_fine;
+        const auto unwritten = octets.end() - (coarse_end + n_fine);
+        EXPECT_EQ(std::count(octets.end() - unwritten, octets.end(), 0xaa), unwritten) << n_coarse << "+" << n_fine;
         // The octet counts and the epoch type of the configuration are not needed to read it.
         const kl_cuc_config other = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1980, KL_TIME_TAI, -15340.0, 0, 99};
-        EXPECT_NEAR(decode(other, out.octets).time, -15339.999, c.n_fine > 0 ? 3e-8 : 5e-6) << name;
+        EXPECT_NEAR(decode(other, octets).time, -15339.999, n_fine > 0 ? 3e-8 : 5e-6) << n_coarse << "+" << n_fine;
     }
 }
 
-TEST_F(Cuc, EveryPairOfPFieldOctetsIsReadOrRefused)
+TEST_F(Cuc, EveryPairOfPFieldOctetsIsReadAndWrittenBackOrRefused)
 {
     const kl_cuc_config config = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, KL_TIME_TAI, 100.0, 0, 0};
     for (int first = 0; first < 256; ++first)
@@ -103,7 +72,7 @@ TEST_F(Cuc, EveryPairOfPFieldOctetsIsReadOrRefused)
             Octets octets(KL_CUC_LENGTH, 1);
             octets[0] = static_cast<unsigned char>(first);
             octets[1] = static_cast<unsigned char>(second);
-            const Decoded out = decode(config, octets);
+            const Outcome out = decode(config, octets);
             const int identification = first / 16 % 8;
             if (identification != 1 && identification != 2) {
                 ASSERT_EQ(out.ierr, error_bit(1)) << first;
@@ -117,40 +86,27 @@ TEST_F(Cuc, EveryPairOfPFieldOctetsIsReadOrRefused)
                 seconds += std::pow(256.0, i);
             const double want = (identification == 1 ? -15340.0 : 100.0) + seconds / kDay;
             ASSERT_NEAR(out.time, want, 4e-16 * std::fabs(want)) << first << " " << second;
-        }
-}
 
-TEST_F(Cuc, PFieldAndCountsGoThereAndBack)
-{
-    unsigned char octets[2];
-    long n_octets = 0;
-    kl_cuc_config got{};
-    for (long n_coarse = 1; n_coarse <= 7; ++n_coarse)
-        for (long n_fine = 0; n_fine <= 10; ++n_fine)
-            for (const long epoch_type : {KL_CUC_EPOCH_1958, KL_CUC_EPOCH_USER}) {
-                const kl_cuc_config config = {KL_CUC_WITH_P_FIELD, epoch_type, 0, 0.0, n_coarse, n_fine};
-                ASSERT_EQ(KL_Cuc_compute_P_field(&config, octets, &n_octets, nullptr), 0);
-                EXPECT_EQ(n_octets, n_coarse > 4 || n_fine > 3 ? 2 : 1);
-                ASSERT_EQ(KL_Cuc_get_data_from_P_field(octets, &got, nullptr), 0);
-                EXPECT_TRUE(got.n_coarse == n_coarse && got.n_fine == n_fine && got.epoch_type == epoch_type)
-                    << n_coarse << "+" << n_fine;
-            }
-    const kl_cuc_config gps = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1980, 0, 0.0, 4, 2};
-    kl_error_record error;
-    EXPECT_EQ(KL_Cuc_compute_P_field(&gps, octets, &n_octets, &error), -1);
-    EXPECT_EQ(error.codes[0], 0);
-    EXPECT_EQ(KL_Cuc_compute_P_field(nullptr, octets, &n_octets, nullptr), -1);
-    EXPECT_EQ(KL_Cuc_get_data_from_P_field(octets, nullptr, nullptr), -1);
+            kl_cuc_config read{}, again{};
+            unsigned char written[2] = {0, 0};
+            long n_octets = 0;
+            ASSERT_EQ(KL_Cuc_get_data_from_P_field(octets.data(), &read, nullptr), 0);
+            ASSERT_EQ(KL_Cuc_compute_P_field(&read, written, &n_octets, nullptr), 0);
+            ASSERT_EQ(n_octets, n_coarse > 4 || n_fine > 3 ? 2 : 1);
+            ASSERT_EQ(KL_Cuc_get_data_from_P_field(written, &again, nullptr), 0);
+            ASSERT_EQ(std::tuple(read.n_coarse, read.n_fine), std::tuple(n_coarse, n_fine));
+            ASSERT_EQ(std::tuple(again.n_coarse, again.n_fine), std::tuple(n_coarse, n_fine));
+            ASSERT_EQ(again.epoch_type, identification == 1 ? KL_CUC_EPOCH_1958 : KL_CUC_EPOCH_USER);
+        }
 }
 
 // ---- epochs ----
 
 TEST_F(Cuc, EpochsAreConvertedToTheScaleOfTheTime)
 {
-    for (const EpochCase &c : kEpochs) {
-        const kl_cuc_config config = {KL_CUC_TIME_FIELD_ONLY, c.epoch_type, c.epoch_ref, c.epoch, 4, 0};
-        EXPECT_NEAR(decode(config, c.coarse, c.ref).time, c.time, 2e-12) << c.name;
-        EXPECT_EQ(encode(config, c.time, c.ref).octets, with_room(c.coarse)) << c.name;
+    for (const auto &[name, config, ref, octets, time] : kEpochs) {
+        EXPECT_NEAR(decode(config, octets, ref).time, time, 2e-12) << name;
+        EXPECT_EQ(encode(config, time, ref).octets, with_room(octets)) << name;
     }
     // The time that comes out is not range-checked.
     EXPECT_NEAR(decode(plain(7, 0), Octets(KL_CUC_LENGTH, 0xff)).time, 0x1p56 / kDay, 1.0);
@@ -173,45 +129,35 @@ TEST_F(Cuc, EpochsAreConvertedAsAnyTime)
 
 TEST_F(Cuc, TheLastOctetIsRoundedWithTheCarryAndSecondsThatDoNotFitAreRefused)
 {
-    for (const SecondsCase &c : kSeconds) {
-        const Encoded out = encode(plain(c.n_coarse, c.n_fine), c.days);
-        EXPECT_EQ(out.octets, with_room(c.octets)) << c.name;
-        EXPECT_EQ(out.ierr, c.octets.empty() ? error_bit(0) : 0) << c.name;
+    for (const auto &[name, days, n_coarse, n_fine, octets] : kSeconds) {
+        const Outcome out = encode(plain(n_coarse, n_fine), days);
+        EXPECT_EQ(out.octets, with_room(octets)) << name;
+        EXPECT_EQ(out.ierr, octets.empty() ? error_bit(0) : 0) << name;
     }
 }
 
 TEST_F(Cuc, OctetsGoToTimeAndBackWhereADoubleHoldsThem)
 {
-    // Days hold 53 bits; two roundings and the product with 86400 leave 49 for the seconds.
-    std::mt19937_64 random(23);
-    for (long n_coarse = 1; n_coarse <= 6; ++n_coarse)
-        for (long n_fine = 0; n_coarse + n_fine <= 6; ++n_fine)
-            for (int i = 0; i < 3000; ++i) {
-                Octets octets;
-                for (long k = 0; k < n_coarse + n_fine; ++k) {
-                    const std::uint64_t any = i % 3 == 0 ? random() % 2 * 255 : random();
-                    octets.push_back(static_cast<unsigned char>(i == 0 ? 0xff : any));
-                }
-                const kl_cuc_config config = plain(n_coarse, n_fine);
-                ASSERT_EQ(encode(config, decode(config, octets).time).octets, with_room(octets))
-                    << n_coarse << "+" << n_fine;
-            }
-}
-
-TEST_F(Cuc, RealEpochsGoToTimeAndBackWithTwoFineOctets)
-{
-    // 2^-16 s is 15 microseconds; days of 2099 hold 0.6. No P-field says 1980.
-    constexpr kl_cuc_config kConfigs[] = {{KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1958, 0, 0.0, 4, 2},
+    // From real epochs 2^-16 s is 15 microseconds, and days of 2099 hold 0.6.
+    std::vector<kl_cuc_config> configs = {{KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1958, 0, 0.0, 4, 2},
                                           {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1980, 0, 0.0, 4, 2},
                                           {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, 0, 0.0, 4, 2}};
-    std::mt19937_64 random(29);
-    for (const kl_cuc_config &config : kConfigs)
-        for (int i = 0; i < 20000; ++i) {
-            Octets octets(config.cuc_type == KL_CUC_WITH_P_FIELD ? 7 : 6);
-            std::generate(octets.begin(), octets.end(), [&] { return static_cast<unsigned char>(random()); });
-            octets[0] = config.cuc_type == KL_CUC_WITH_P_FIELD ? 0x1e : octets[0];
-            const double time = decode(config, octets, KL_TIME_UTC).time;
-            ASSERT_EQ(encode(config, time, KL_TIME_UTC).octets, with_room(octets));
+    // From 0.0 days hold 53 bits; two roundings and the product with 86400 leave 49 for the seconds.
+    for (long n_coarse = 1; n_coarse <= 6; ++n_coarse)
+        for (long n_fine = 0; n_coarse + n_fine <= 6; ++n_fine)
+            configs.push_back(plain(n_coarse, n_fine));
+    std::mt19937_64 random(23);
+    for (const kl_cuc_config &config : configs)
+        for (int i = 0; i < 6000; ++i) {
+            const long ref = config.epoch_type == KL_CUC_EPOCH_USER ? KL_TIME_TAI : KL_TIME_UTC;
+            Octets octets(config.cuc_type == KL_CUC_WITH_P_FIELD ? 1 : 0, 0x1e);
+            for (long k = 0; k < config.n_coarse + config.n_fine; ++k) {
+                const std::uint64_t any = i % 3 == 0 ? random() % 2 * 255 : random();
+                octets.insert(octets.end(), static_cast<unsigned char>(i == 0 ? 0xff : any));
+            }
+            octets.resize(KL_CUC_LENGTH, 0xaa);
+            ASSERT_EQ(encode(config, decode(config, octets, ref).time, ref).octets, octets)
+                << config.n_coarse << "+" << config.n_fine;
         }
 }
 
@@ -232,50 +178,41 @@ TEST_F(Cuc, TheNearestCodeIsTaken)
 
 TEST_F(Cuc, TellsWhatIsWrong)
 {
-    for (const ConditionCase &c : kConditions) {
-        kl_error_record error;
-        EXPECT_EQ(KL_Cuc_check_inputs(time_id, &c.config, c.ref, 0, &error), c.check == kNone ? 0 : -1) << c.name;
-        EXPECT_EQ(error.count, c.check == kNone ? 0 : 1) << c.name;
-        EXPECT_TRUE(c.check == kNone || error.codes[0] == c.check) << c.name;
-        const Decoded in = decode(c.config, Octets(KL_CUC_LENGTH, 0), c.ref);
-        EXPECT_EQ(in.ierr, error_or_none(c.decode)) << c.name;
-        EXPECT_EQ(in.status, c.decode == kNone ? KL_OK : KL_ERR) << c.name;
-        EXPECT_EQ(in.time == 77.0, c.decode != kNone) << c.name;
-        const Encoded out = encode(c.config, c.time, c.ref);
-        EXPECT_EQ(out.ierr, error_or_none(c.encode)) << c.name;
-        EXPECT_EQ(out.status, c.encode == kNone ? KL_OK : KL_ERR) << c.name;
-        EXPECT_EQ(out.octets == with_room({}), c.encode != kNone) << c.name;
+    kl_error_record error;
+    for (const auto &[name, config, ref, time, check, to_time, to_octets] : kConditions) {
+        expect_code(KL_Cuc_check_inputs(time_id, &config, ref, 0, &error), error, check, name);
+        const Outcome in = decode(config, Octets(KL_CUC_LENGTH, 0), ref);
+        expect_outcome(in.status, in.ierr, to_time, name);
+        EXPECT_EQ(in.time == 77.0, to_time != kNone) << name;
+        const Outcome out = encode(config, time, ref);
+        expect_outcome(out.status, out.ierr, to_octets, name);
+        EXPECT_EQ(out.octets == with_room({}), to_octets != kNone) << name;
     }
+    const kl_cuc_config config = plain(4, 2);
+    kl_time_id none{};
+    expect_code(KL_Cuc_check_inputs(&none, &config, KL_TIME_TAI, 0, &error), error, 0, "no id");
+    const kl_cuc_config gps = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1980, 0, 0.0, 4, 2};
+    unsigned char p_field[2] = {0x7f, 0};
+    long n_octets = 0;
+    expect_code(KL_Cuc_compute_P_field(&gps, p_field, &n_octets, &error), error, 0, "1980");
+    EXPECT_EQ(KL_Cuc_compute_P_field(nullptr, p_field, &n_octets, nullptr), -1);
+    EXPECT_EQ(KL_Cuc_get_data_from_P_field(p_field, nullptr, nullptr), -1);
 }
 
 TEST_F(Cuc, MissingArgumentsAreTheConditionsOfTheirInputs)
 {
-    // Without the id, the configuration, the scale, the input, the output.
-    constexpr long kDecode[] = {0, 0, 0, kNone, kNone}, kEncode[] = {0, 0, 0, 2, kNone};
     const kl_cuc_config config = plain(4, 2);
     const long tai = KL_TIME_TAI;
     unsigned char octets[KL_CUC_LENGTH] = {0};
     double time = 1.0;
-    kl_time_id none{}, *id = time_id;
-    long ierr = 77;
-    for (long missing = 0; missing < 5; ++missing) {
-        const AllBut given{missing};
-        EXPECT_EQ(kl_time_cuc_to_processing(given(0, id), given(1, &config), given(2, &tai), given(3, octets),
-                                            given(4, &time), &ierr),
-                  KL_ERR);
-        EXPECT_EQ(ierr, error_or_none(kDecode[missing])) << missing;
-        EXPECT_EQ(kl_time_processing_to_cuc(given(0, id), given(1, &config), given(2, &tai), given(3, &time),
-                                            given(4, octets), &ierr),
-                  KL_ERR);
-        EXPECT_EQ(ierr, error_or_none(kEncode[missing])) << missing;
-    }
-    EXPECT_EQ(kl_time_cuc_to_processing(&none, &config, &tai, octets, &time, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, error_bit(0));
-    EXPECT_EQ(kl_time_processing_to_cuc(&none, &config, &tai, &time, octets, &ierr), KL_ERR);
-    EXPECT_EQ(ierr, error_bit(0));
-    kl_error_record error;
-    EXPECT_EQ(KL_Cuc_check_inputs(&none, &config, tai, 0, &error), -1);
-    EXPECT_EQ(error.codes[0], 0);
+    expect_missing({0, 0, 0, kNone, kNone}, [&](AllBut given, long *ierr) {
+        return kl_time_cuc_to_processing(given(0, &time_id.id), given(1, &config), given(2, &tai), given(3, octets),
+                                         given(4, &time), ierr);
+    });
+    expect_missing({0, 0, 0, 2, kNone}, [&](AllBut given, long *ierr) {
+        return kl_time_processing_to_cuc(given(0, &time_id.id), given(1, &config), given(2, &tai), given(3, &time),
+                                         given(4, octets), ierr);
+    });
 }
 
 } // namespace
