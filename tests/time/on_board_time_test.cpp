@@ -15,14 +15,7 @@ constexpr double kFine = 0x1p-32;
 constexpr long kNotAsked = -2; // this way is not tried
 
 template <typename Parameters, typename Obt>
-struct ClockCase {
-    const char *name;
-    long sat_id, ref;
-    Parameters parameters;
-    Obt obt;
-    double time;
-    long to_time, to_obt; // conditions
-};
+using ClockCase = std::tuple<const char *, long, long, Parameters, Obt, double, long, long>;
 using TarvosCase = ClockCase<kl_obt_param_tarvos, kl_obt_tarvos>;
 using KeldaCase = ClockCase<kl_obt_param_kelda, kl_obt_kelda>;
 using BrisaCase = ClockCase<kl_obt_param_brisa, kl_obt_brisa>;
@@ -33,22 +26,22 @@ using VardoCase = ClockCase<kl_obt_param_vardo, kl_obt_vardo>;
 template <typename Case, std::size_t kRows>
 void expect_both_ways(const Case (&cases)[kRows], double tolerance)
 {
-    for (const Case &c : cases) {
+    for (const auto &[name, sat_id, ref, parameters, obt, time, code_to_time, code_to_obt] : cases) {
         long ierr = -1;
-        if (c.to_time != kNotAsked) {
-            double time = 7777.0;
-            expect_outcome(kl_time_obt_to_time(&c.sat_id, &c.ref, &c.parameters, &c.obt, &time, &ierr), ierr, c.to_time,
-                           c.name);
-            EXPECT_NEAR(time, c.to_time == kNone ? c.time : 7777.0, tolerance) << c.name;
+        if (code_to_time != kNotAsked) {
+            double got = 7777.0;
+            const long status = kl_time_obt_to_time(&sat_id, &ref, &parameters, &obt, &got, &ierr);
+            expect_outcome(status, ierr, code_to_time, name);
+            EXPECT_NEAR(got, code_to_time == kNone ? time : 7777.0, tolerance) << name;
         }
-        if (c.to_obt != kNotAsked) {
-            auto obt = c.obt;
-            std::memset(&obt, 0x77, sizeof obt);
-            obt.sat_id = c.obt.sat_id;
-            const auto want = c.to_obt == kNone ? c.obt : obt;
-            expect_outcome(kl_time_time_to_obt(&c.sat_id, &c.ref, &c.parameters, &c.time, &obt, &ierr), ierr, c.to_obt,
-                           c.name);
-            EXPECT_EQ(std::memcmp(&obt, &want, sizeof obt), 0) << c.name;
+        if (code_to_obt != kNotAsked) {
+            auto got = obt;
+            std::memset(&got, 0x77, sizeof got);
+            got.sat_id = obt.sat_id;
+            const auto want = code_to_obt == kNone ? obt : got;
+            const long status = kl_time_time_to_obt(&sat_id, &ref, &parameters, &time, &got, &ierr);
+            expect_outcome(status, ierr, code_to_obt, name);
+            EXPECT_EQ(std::memcmp(&got, &want, sizeof got), 0) << name;
         }
     }
 }

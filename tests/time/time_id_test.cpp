@@ -249,16 +249,16 @@ TEST(TimeIdData, NoMemoryChangesNothing)
 
 // ---- the published table ----
 
-struct PublishedTimes : testing::Test {
-    OwnedTimeId time;
-    void SetUp() override { ASSERT_EQ(load_time_correlation("data/time_correlation.csv", time), 0); }
-    // How far a scale is ahead of UTC there, s.
-    double ahead(long scale, double utc) { return (convert(time, KL_TIME_UTC, utc, scale).time - utc) * kDay; }
-};
-
-TEST_F(PublishedTimes, GiveTaiUtcOfEveryLeapSecond)
+TEST(PublishedTimes, GiveTaiUtcOfEveryLeapSecondAndUt1OfDaysBetweenTheRows)
 {
-    constexpr double kTick = 1.0 / 1024.0; // days
+    constexpr double kTick = 1.0 / 1024.0;   // days
+    constexpr double kReadLinearly = 1.5e-3; // s: what the head of the table says
+    OwnedTimeId id;
+    ASSERT_EQ(load_time_correlation("data/time_correlation.csv", id), 0);
+    // How far a scale is ahead of UTC there, s.
+    const auto ahead = [&id](long scale, double utc) {
+        return (convert(id, KL_TIME_UTC, utc, scale).time - utc) * kDay;
+    };
     for (const TaiUtcStep &step : kTaiUtcSteps) {
         const double utc = step.mjd - 51544.0;
         EXPECT_NEAR(ahead(KL_TIME_TAI, utc), step.tai_utc, 1e-6);
@@ -267,15 +267,10 @@ TEST_F(PublishedTimes, GiveTaiUtcOfEveryLeapSecond)
             EXPECT_NEAR(ahead(KL_TIME_TAI, utc - kTick), step.tai_utc - 1.0, 1e-6);
         }
     }
-    EXPECT_NEAR(ahead(KL_TIME_GPS, 7000.0), 18.0, 1e-6);
-    EXPECT_EQ(TimeData(time).leap_utc, k2017);
-}
-
-TEST_F(PublishedTimes, GiveUt1OfDaysBetweenTheRows)
-{
-    constexpr double kReadLinearly = 1.5e-3; // s: what the head of the table says
     for (const auto &[mjd, ut1_utc] : kUt1Days)
         EXPECT_NEAR(ahead(KL_TIME_UT1, mjd - 51544.0), ut1_utc, kReadLinearly) << mjd;
+    EXPECT_NEAR(ahead(KL_TIME_GPS, 7000.0), 18.0, 1e-6);
+    EXPECT_EQ(TimeData(id).leap_utc, k2017);
 }
 
 } // namespace
