@@ -82,13 +82,18 @@ TEST(DeltaLookUp, TakesTheRowOfTheSearchAndTheNextOneOnceReached)
     }
 }
 
+Table with_formula(const Rows &rows, long model, long no_extrapolation)
+{
+    Table table(rows);
+    table.data = {model, 0, no_extrapolation, 0, -0.15, -0.0007, 6200.0, 0, 0.0, 0.0, 0, nullptr};
+    return table;
+}
+
 template <std::size_t n>
 void expect_deltas(const DeltaCase (&cases)[n])
 {
     for (const auto &[name, rows, model, no_extrapolation, scale, time, codes, tai_utc, tai_ut1, tai_gps] : cases) {
-        Table table(*rows);
-        table.data = {model, 0, no_extrapolation, 0, -0.15, -0.0007, 6200.0, 0, 0.0, 0.0, 0, nullptr};
-        const Deltas deltas = deltas_at(TableId(table), scale, time);
+        const Deltas deltas = deltas_at(TableId(with_formula(*rows, model, no_extrapolation)), scale, time);
         EXPECT_EQ(deltas.status, codes != 0 ? KL_WARN : KL_OK) << name << " " << model << " " << scale;
         EXPECT_EQ(deltas.codes(), codes) << name << " " << model << " " << scale;
         EXPECT_EQ(deltas.tai_utc, tai_utc) << name << " " << model << " " << scale;
@@ -107,6 +112,9 @@ TEST(DeltaLookUp, ReadsUt1LinearlyAndTheStepsAsTheyStandWithASlackOfTenPicodaysA
 TEST(DeltaLookUp, ExtrapolationAddsSecondsToDaysForUt1AndGpsOnPurpose)
 {
     expect_deltas(kByFormula);
+    TableId id(with_formula(kLate, 1, 0));
+    for (const auto &[from, to, seconds] : kConvertedByFormula)
+        EXPECT_NEAR((convert(id, from, 6300.0, to).time - 6300.0) * kDay, seconds, 2e-6) << from << to;
 }
 
 TEST(DeltaLookUp, TaiGpsIsNineteenSecondsByFormulaWhateverTheTableHoldsOnPurpose)

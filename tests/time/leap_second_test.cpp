@@ -1,5 +1,6 @@
 // Leap seconds: the quarter they fall on, the day and the second of the one an id knows, and what becomes of instants
 // around it.
+#include "support/captured_stream.h"
 #include "time/time_table.h"
 
 #include <algorithm>
@@ -67,6 +68,19 @@ TEST(QuarterStart, TellsWhatIsWrong)
     EXPECT_EQ(KL_Leap_second_utc_time(nullptr, &k2017, &start, nullptr), -1);
     EXPECT_EQ(KL_Leap_second_utc_time(&utc, nullptr, &start, nullptr), -1);
     EXPECT_EQ(KL_Leap_second_utc_time(&utc, &k2017, nullptr, nullptr), -1);
+}
+
+TEST(QuarterStart, VerboseModePrintsTheConversionThatRefusesTheTimeFirst)
+{
+    const long utc = KL_TIME_UTC;
+    const double late = 40000.0;
+    double start = 0.0;
+    kl_verbose();
+    const std::string lines = captured_stderr([&] { KL_Leap_second_utc_time(&utc, &late, &start, nullptr); });
+    kl_silent();
+    EXPECT_EQ(lines, "ORBKIT_LIB >>> ERROR in KL_Time_check_processing_inputs: Number of days out of range (40000)\n"
+                     "ORBKIT_LIB >>> ERROR in kl_time_processing_to_ascii: Number of days out of range\n"
+                     "ORBKIT_LIB >>> ERROR in KL_Leap_second_utc_time: Internal Error # 1\n");
 }
 
 TEST(LeapSecond, IsTheLastChangeOfTaiUtcAtTheStartOfItsQuarter)
