@@ -4,6 +4,7 @@
 #include "models/model_record.h"
 #include "models/owned_model.h"
 
+#include <array>
 #include <string>
 
 namespace {
@@ -16,6 +17,10 @@ constexpr long kWorks = -2;                // in a column of bits
 enum { kSun, kMoon, kPlanet };
 constexpr long kBodies[] = {kSun, kMoon, kPlanet};
 enum { kPlanetArgument, kRefArgument, kTimeArgument, kPositionArgument, kVelocityArgument, kVectorArgument };
+#include "celestial/body_bounds.inc"
+#include "celestial/body_conditions.inc"
+#include "celestial/date_records.inc"
+#include "celestial/light_time_conditions.inc"
 
 struct Call {
     long body;
@@ -57,28 +62,17 @@ Call body_at(long body, long planet, long ref, double time)
 
 TEST(Bodies, RefuseBadInputWithTheirConditions)
 {
-    const double early = std::nextafter(kFirst, -kInfinity), late = std::nextafter(kLast, kInfinity);
     ChainTimeId known;
     kl_time_id empty{};
-    const struct {
-        const char *name;
-        kl_time_id *id;
-        long planet, ref;
-        double time;
-        long missing, bits[3];
-    } rows[] = {
-#include "celestial/body_conditions.inc"
-    };
-    for (const auto &row : rows)
+    kl_time_id *const ids[] = {known, &empty, nullptr};
+    for (const auto &[name, id, planet, ref, time, missing, of_sun, of_moon, of_planet] : kConditions)
         for (long body : kBodies) {
-            SCOPED_TRACE(testing::Message() << row.name << ", body " << body);
-            Call call{body, row.id, row.planet, row.ref, row.time};
-            const bool works = row.bits[body] == kWorks;
-            EXPECT_EQ(call(row.missing), works ? KL_OK : KL_ERR);
-            if (row.missing != kVectorArgument) {
-                EXPECT_EQ(call.ierr, works ? 0 : error_or_none(row.bits[body]));
-            }
-            EXPECT_EQ(call.pos[0] != -7.0 && call.vel[2] != -7.0, works);
+            const long bit = body == kSun ? of_sun : body == kMoon ? of_moon : of_planet;
+            Call call{body, ids[id], planet, ref, time};
+            EXPECT_EQ(call(missing), bit == kWorks ? KL_OK : KL_ERR) << name << ", body " << body;
+            const long untouched_vector = missing == kVectorArgument ? 77 : 0;
+            EXPECT_EQ(call.ierr, bit == kWorks ? untouched_vector : error_or_none(bit)) << name << ", body " << body;
+            EXPECT_EQ(call.pos[0] != -7.0 && call.vel[2] != -7.0, bit == kWorks) << name << ", body " << body;
         }
 }
 
@@ -92,19 +86,18 @@ TEST(Bodies, SunReportsTheConversionToUt1AsTheOneToTdbOnPurpose)
 
 TEST(Bodies, FailWithoutTheRoutinesOfARefusedModel)
 {
-    constexpr struct {
-        long first_missing, bits[3];
-    } kRows[] = {
+    constexpr std::pair<long, std::array<long, 3>> kRows[] = {
         {KL_MODEL_SUN, {KL_SUN_BODY_ERR, KL_MOON_BODY_ERR, kNone}},
         {KL_MODEL_MOON, {KL_SUN_BODY_ERR, KL_MOON_BODY_ERR, kNone}},
         {KL_MODEL_NUTATION, {KL_SUN_BODY_ERR, KL_MOON_FRAME_ERR, KL_PLANET_FRAME_ERR}},
     };
     ChainTimeId time_id;
-    for (const auto &row : kRows) {
+    for (const auto &[first_missing, bits] : kRows) {
         OwnedModel model;
-        ASSERT_EQ(model.select(row.first_missing, 5), KL_ERR) << "refused, yet initialised";
+        ASSERT_EQ(model.select(first_missing, 5), KL_ERR) << "refused, yet initialised";
         for (long body : kBodies)
-            Call{body, time_id, KL_MARS, KL_TIME_UTC, kNoon, &model.id}.expect_error(row.bits[body], "from here on");
+            Call{body, time_id, KL_MARS, KL_TIME_UTC, kNoon, &model.id}.expect_error(
+                bits[static_cast<std::size_t>(body)], "from here on");
     }
     OwnedModel model;
     model.block<NutationModel>(KL_MODEL_NUTATION).nutation = nullptr;
@@ -132,25 +125,18 @@ TEST(Bodies, AreTheSameOnEveryScale)
 TEST(Bodies, StayNearErfaInTheEarthFixedFrameAndVelocityIsTheRate)
 {
     constexpr double kTrueAu = 149597870700.0; // m
-    constexpr struct {
-        const char *name;
-        long body, planet;
-        double arcsec, km, metres_per_second;
-    } kBounds[] = {
-#include "celestial/body_bounds.inc"
-    };
-    for (const auto &bound : kBounds) {
-        const auto at = [&](double ut1) { return body_at(bound.body, bound.planet, KL_TIME_UT1, ut1); };
+    for (const auto &[name, body, planet, arcsec, km, metres_per_second] : kBounds) {
+        const auto at = [body = body, planet = planet](double ut1) { return body_at(body, planet, KL_TIME_UT1, ut1); };
         double worst[3] = {}; // arcsec, km, m/s
         for (double ut1 = kFirst + 1.0; ut1 < kLast; ut1 += 23.37) {
             const double tt = ut1 + kTtMinusUt1 / kDay;
             double rival[2][3] = {}, earth[2][3] = {}, barycentric[2][3], seen[3], rate[3];
-            if (bound.body != kMoon)
+            if (body != kMoon)
                 eraEpv00(kJdOfDayZero, tt, earth, barycentric);
-            if (bound.body == kMoon)
+            if (body == kMoon)
                 eraMoon98(kJdOfDayZero, tt, rival);
-            else if (bound.body == kPlanet)
-                eraPlan94(kJdOfDayZero, tt, static_cast<int>(bound.planet), rival);
+            else if (body == kPlanet)
+                eraPlan94(kJdOfDayZero, tt, static_cast<int>(planet), rival);
             eraPmp(rival[0], earth[0], seen);
             erfa_earth_fixed(ut1, seen, seen);
             Call call = at(ut1);
@@ -159,9 +145,9 @@ TEST(Bodies, StayNearErfaInTheEarthFixedFrameAndVelocityIsTheRate)
             worst[1] = std::max(worst[1], std::fabs(length(call.pos) / kMetresPerAu - length(seen)) * kTrueAu / 1e3);
             worst[2] = std::max(worst[2], distance(call.vel, rate));
         }
-        EXPECT_LT(worst[0], bound.arcsec) << bound.name;
-        EXPECT_LT(worst[1], bound.km) << bound.name;
-        EXPECT_LT(worst[2], bound.metres_per_second) << bound.name;
+        EXPECT_LT(worst[0], arcsec) << name;
+        EXPECT_LT(worst[1], km) << name;
+        EXPECT_LT(worst[2], metres_per_second) << name;
     }
 }
 
@@ -207,25 +193,16 @@ TEST(Bodies, PlanetTakesTheStatusOfItsRoutineEvenWithoutABitOnPurpose)
 
 TEST(BodyRoutines, CheckTheirDateRecordsAndCodes)
 {
-    enum Routine { kEarth, kSunPosVel, kMoonPosVel, kPlanets };
-    constexpr struct {
-        const char *name;
-        Routine routine;
-        kl_time_record date;
-        long planet, status, code;
-    } kRows[] = {
-#include "celestial/date_records.inc"
-    };
-    for (const auto &row : kRows) {
+    for (const auto &[name, routine, date, planet, expected, code] : kDateRecords) {
         ChainState state(0, 1, {}), other;
         kl_error_record record;
-        const long status = row.routine == kEarth        ? KL_Earth(&row.date, &state, &other, &record)
-                            : row.routine == kSunPosVel  ? KL_Sun_PosVel(nullptr, nullptr, &row.date, &state, &record)
-                            : row.routine == kMoonPosVel ? KL_Moon_PosVel(&row.date, &state, &record)
-                                                         : KL_Planets(row.planet, &row.date, &state, &record);
-        EXPECT_EQ(status, row.status) << row.name;
-        EXPECT_EQ(record.count == 0 ? kNone : record.codes[0], row.code) << row.name;
-        EXPECT_EQ(length(state[0]) > 0.0, row.status >= 0) << row.name;
+        const long status = routine == kEarth        ? KL_Earth(&date, &state, &other, &record)
+                            : routine == kSunPosVel  ? KL_Sun_PosVel(nullptr, nullptr, &date, &state, &record)
+                            : routine == kMoonPosVel ? KL_Moon_PosVel(&date, &state, &record)
+                                                     : KL_Planets(planet, &date, &state, &record);
+        EXPECT_EQ(status, expected) << name;
+        EXPECT_EQ(record.count == 0 ? kNone : record.codes[0], code) << name;
+        EXPECT_EQ(length(state[0]) > 0.0, expected >= 0) << name;
     }
 }
 
@@ -315,22 +292,13 @@ TEST(LightTime, RefusesBadInputWithItsConditions)
     ChainTimeId known;
     kl_time_id empty{};
     const ChainState satellite(KL_EF, 2, kSatellite), nowhere(99), of_date(KL_MOD);
-    const struct {
-        const char *name;
-        kl_time_id *id;
-        const Cord *satellite;
-        long ref;
-        double time;
-        long code;
-    } rows[] = {
-#include "celestial/light_time_conditions.inc"
-    };
+    const ChainState *const satellites[] = {&satellite, &nowhere, &of_date};
     kl_error_record record;
-    for (const auto &row : rows) {
+    for (const auto &[name, id, from, ref, time, code] : kLightTimeConditions) {
         double pos[3], vel[3];
-        EXPECT_EQ(KL_Sun_travel_time(nullptr, row.id, row.ref, row.time, row.satellite, pos, vel, &record), -1);
-        ASSERT_EQ(record.count, 1) << row.name;
-        EXPECT_EQ(record.codes[0], row.code) << row.name;
+        kl_time_id *const time_id = id == kKnown ? &known.id : &empty;
+        const long status = KL_Sun_travel_time(nullptr, time_id, ref, time, satellites[from], pos, vel, &record);
+        EXPECT_TRUE(status == KL_ERR && record.count == 1 && record.codes[0] == code) << name;
     }
     OwnedModel sunless;
     ASSERT_EQ(sunless.select(KL_MODEL_SUN, 5), KL_ERR);

@@ -8,6 +8,8 @@ constexpr double kMjdZero = 2400000.5;
 constexpr double kMjd1950 = 33282.0, kMjd2099 = 88069.0;
 constexpr double kMetres = 149597870700.0; // in an AU
 constexpr int kTheMoon = 9;
+#include "celestial/angle_letters.inc"
+#include "celestial/ephemeris_bounds.inc"
 
 // Body 1 to 8 the planets, 9 the Moon, 10 and 11 the Earth (barycentric, heliocentric), 12 and 13 the same at the
 // equinox of date; position and velocity.
@@ -75,29 +77,22 @@ TEST(Ephemeris, AgreesWithIndependentEvaluations)
 // moment, the Earth's leaves out small terms, and the Moon's the motion of the obliquity (7e-14 rad/s at 4e8 m).
 TEST(Ephemeris, StaysNearErfaAndItsVelocityIsTheRateOfThePosition)
 {
-    constexpr struct {
-        const char *name;
-        int body;
-        double arcsec, km, metres_per_second, step_days, rate;
-    } kBounds[] = {
-#include "celestial/ephemeris_bounds.inc"
-    };
-    for (const auto &bound : kBounds) {
+    for (const auto &[name, body, arcsec, km, metres_per_second, step_days, off_rate] : kBounds) {
         double worst[4] = {}; // arcsec, km, m/s, m/s
         for (double mjd = kMjd1950; mjd < kMjd2099; mjd += 5.31) {
             double pv[6], rival[6], rate[3];
-            evaluate(bound.body, mjd, pv);
-            rival_of(bound.body, mjd, rival);
-            rate_of([&](double at, double *out) { evaluate(bound.body, at, out); }, mjd, bound.step_days, rate);
+            evaluate(body, mjd, pv);
+            rival_of(body, mjd, rival);
+            rate_of([body = body](double at, double *out) { evaluate(body, at, out); }, mjd, step_days, rate);
             worst[0] = std::max(worst[0], eraSepp(pv, rival) / kArcsecond);
             worst[1] = std::max(worst[1], std::fabs(length(pv) - length(rival)) * kMetres / 1e3);
             worst[2] = std::max(worst[2], distance(pv + 3, rival + 3) * kMetres);
             worst[3] = std::max(worst[3], distance(pv + 3, rate) * kMetres);
         }
-        EXPECT_LT(worst[0], bound.arcsec) << bound.name;
-        EXPECT_LT(worst[1], bound.km) << bound.name;
-        EXPECT_LT(worst[2], bound.metres_per_second) << bound.name;
-        EXPECT_LT(worst[3], bound.rate) << bound.name;
+        EXPECT_LT(worst[0], arcsec) << name;
+        EXPECT_LT(worst[1], km) << name;
+        EXPECT_LT(worst[2], metres_per_second) << name;
+        EXPECT_LT(worst[3], off_rate) << name;
     }
 }
 
@@ -147,19 +142,14 @@ TEST(Rotation, PrecessionAndEulerAnglesHaveTheirReferenceValues)
 
 TEST(Rotation, EulerAnglesFollowTheLetters)
 {
-    constexpr struct {
-        const char *letters, *turns;
-    } kRows[] = {
-#include "celestial/angle_letters.inc"
-    };
     constexpr double kAngles[3] = {0.3, -1.2, 2.1}; // rad
-    for (const auto &row : kRows) {
+    for (const auto &[letters, turns] : kLetters) {
         double got[3][3], want[3][3];
         eraIr(want);
-        for (int n = 0; row.turns[n] != '\0'; ++n)
-            (row.turns[n] == 'x' ? eraRx : row.turns[n] == 'y' ? eraRy : eraRz)(kAngles[n], want);
-        KL_SlaDeuler(row.letters, kAngles[0], kAngles[1], kAngles[2], got);
-        expect_matrix(row.turns, got, want);
+        for (int n = 0; turns[n] != '\0'; ++n)
+            (turns[n] == 'x' ? eraRx : turns[n] == 'y' ? eraRy : eraRz)(kAngles[n], want);
+        KL_SlaDeuler(letters, kAngles[0], kAngles[1], kAngles[2], got);
+        expect_matrix(turns, got, want);
     }
 }
 

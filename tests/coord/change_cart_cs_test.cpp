@@ -4,12 +4,13 @@
 #include "support/captured_stream.h"
 #include "support/fault_injection.h"
 
-#include <iterator>
-
 namespace {
 
 constexpr double kUt1Day = 9000.25;
 constexpr long kFull = KL_CALC_POS_VEL_ACC;
+constexpr long kVector = 11; // argument
+#include "coord/change_cart_cs_conditions.inc"
+#include "coord/correlation_warnings.inc"
 
 struct Call {
     kl_time_id *time_id;
@@ -25,7 +26,7 @@ struct Call {
         const AllBut arg{missing};
         return kl_change_cart_cs(model_id, time_id, arg(0, &mode), arg(1, &from), arg(2, &to), arg(3, &ref),
                                  arg(4, &time), arg(5, in[0]), arg(6, in[1]), arg(7, in[2]), arg(8, out[0]),
-                                 arg(9, out[1]), arg(10, out[2]), arg(11, &ierr));
+                                 arg(9, out[1]), arg(10, out[2]), arg(kVector, &ierr));
     }
     bool untouched() const
     {
@@ -37,40 +38,30 @@ TEST(ChangeCartCs, RefusesBadInputWithItsConditions)
 {
     OwnedModel refused;
     ASSERT_EQ(refused.select(KL_MODEL_PRECESSION, 99), KL_ERR);
-    const double early = std::nextafter(kFirst, -kInfinity), late = std::nextafter(kLast, kInfinity);
-    const struct {
-        const char *name;
-        bool has_id;
-        long mode, from, to, ref;
-        double time;
-        long bit;
-        kl_model_id *model_id = nullptr;
-    } rows[] = {
-#include "coord/change_cart_cs_conditions.inc"
-    };
     ChainTimeId known;
     kl_time_id empty{};
-    for (const auto &row : rows)
+    for (const auto &[name, given, mode, from, to, ref, time, bit] : kConditions)
         for (kl_time_id *missing : {&empty, static_cast<kl_time_id *>(nullptr)}) {
-            Call call{row.has_id ? &known.id : missing, row.mode, row.from, row.to, row.ref, row.time, row.model_id};
-            EXPECT_EQ(call(), row.bit == kNone ? KL_OK : KL_ERR) << row.name;
-            EXPECT_EQ(call.ierr, error_or_none(row.bit)) << row.name;
-            EXPECT_EQ(call.untouched(), row.bit != kNone && row.bit != KL_CHANGE_CART_CS_TAI_ERR) << row.name;
+            Call call{given == kNoId ? missing : &known.id, mode, from, to, ref, time};
+            call.model_id = given == kKnownAndRefusedModel ? &refused.id : nullptr;
+            expect_outcome(call(), call.ierr, bit, name);
+            const bool late = bit == KL_CHANGE_CART_CS_TAI_ERR; // the state has been carried
+            EXPECT_EQ(call.untouched(), bit != kNone && !late) << name;
         }
 }
 
 TEST(ChangeCartCs, MissingArgumentsNeverCrash)
 {
-    constexpr long kBits[] = {2, 3, 4, 0, 1, kNone, kNone, kNone, kNone, kNone, kNone}; // from the mode on
-    constexpr long kVector = std::size(kBits);
     ChainTimeId id;
-    for (long missing = 0; missing < kVector; ++missing) {
-        Call call{&id.id};
-        EXPECT_EQ(call(missing), KL_ERR) << missing;
-        EXPECT_EQ(call.ierr, error_or_none(kBits[missing])) << missing;
-        EXPECT_TRUE(call.untouched()) << missing;
-    }
-    EXPECT_EQ(Call{&id.id}(kVector), KL_OK);
+    const auto call_without = [&](AllBut arg, long *ierr) {
+        Call call{id};
+        const long status = call(arg.missing);
+        *ierr = call.ierr;
+        EXPECT_TRUE(call.untouched());
+        return status;
+    };
+    expect_missing({2, 3, 4, 0, 1, kNone, kNone, kNone, kNone, kNone, kNone}, call_without); // from the mode on
+    EXPECT_EQ(Call{id}(kVector), KL_OK);
 }
 
 // Above the mode the outputs are zero; they may be the inputs.
@@ -145,18 +136,11 @@ TEST(ChangeCartCs, WarnsOnceOnLeavingTheTableWhateverConversionsHaveWarnedOf)
     TableId held(table), formula(by_formula), gap(with_gap), converted(ten_days());
     EXPECT_EQ(convert(converted, KL_TIME_TAI, 20.0, KL_TIME_UT1).status, KL_WARN);
     EXPECT_EQ(convert(converted, KL_TIME_TAI, 20.0, KL_TIME_UT1).ierr & 1L << 9, 0);
-    const struct {
-        const char *name;
-        TableId *id;
-        double tai;
-        long bit;
-    } steps[] = {
-#include "coord/correlation_warnings.inc"
-    };
-    for (const auto &step : steps) {
-        Call call{&step.id->id, kFull, KL_GM2000, KL_EF, KL_TIME_TAI, step.tai};
-        EXPECT_EQ(call(), step.bit == kNone ? KL_OK : KL_WARN) << step.name << " at " << step.tai;
-        EXPECT_EQ(call.ierr, step.bit == kNone ? 0 : warning_bit(step.bit)) << step.name << " at " << step.tai;
+    TableId *const ids[] = {&held, &formula, &gap, &converted};
+    for (const auto &[name, table_of, tai, bit] : kWarnings) {
+        Call call{*ids[table_of], kFull, KL_GM2000, KL_EF, KL_TIME_TAI, tai};
+        EXPECT_EQ(call(), bit == kNone ? KL_OK : KL_WARN) << name << " at " << tai;
+        EXPECT_EQ(call.ierr, bit == kNone ? 0 : warning_bit(bit)) << name << " at " << tai;
         EXPECT_FALSE(call.untouched());
     }
 }

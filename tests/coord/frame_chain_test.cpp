@@ -9,20 +9,22 @@ namespace {
 
 constexpr kl_time_record kDate = {kUt1, kMjd2000, 9000.25};
 constexpr long kFrames[] = {1, 2, 3, 4, 5, 6, 7, 9, 10, 11}; // of the public ones all but KL_LIF
-enum { kQmod = 12, kPtod = 13 };
+#include "coord/chain_refusals.inc"
+#include "coord/edges.inc"
+#include "coord/ways.inc"
 
-std::vector<long> codes_of(const kl_error_record &error)
+Codes codes_of(const kl_error_record &error)
 {
-    return std::vector<long>(error.codes, error.codes + error.count);
+    return Codes(error.codes, error.codes + error.count);
 }
 
-std::vector<long> path(long from, long to)
+Codes path(long from, long to)
 {
     std::int32_t list[32];
     std::int32_t n = 0;
     for (std::int32_t current = static_cast<std::int32_t>(from); current != to && n < 24;)
         KL_Compute_Transformations(&n, &current, to, list);
-    return std::vector<long>(list, list + n);
+    return Codes(list, list + n);
 }
 
 // A rotation record with matrices of its own, one-based.
@@ -39,25 +41,19 @@ struct Rotation : kl_rotation_record {
 
 TEST(FrameChain, WaysAndWarningsAreThoseOfTheTruthTable)
 {
-    const struct {
-        long from, to, order;
-        std::vector<long> path, conditions;
-    } ways[] = {
-#include "coord/ways.inc"
-    };
     ChainTimeId time_id;
     const auto known = [](long frame) { return frame == kQmod ? 4 : frame == kPtod ? 5 : frame; };
-    for (const auto &way : ways) {
-        SCOPED_TRACE(testing::Message() << way.from << " to " << way.to << ", order " << way.order);
-        EXPECT_EQ(path(known(way.from), known(way.to)), way.path);
-        ChainState state(way.from);
+    for (const auto &[from, to, order, edges, conditions] : kWays) {
+        SCOPED_TRACE(testing::Message() << from << " to " << to << ", order " << order);
+        EXPECT_EQ(path(known(from), known(to)), edges);
+        ChainState state(from);
         kl_error_record error;
-        const bool fails = !way.conditions.empty() && way.conditions.back() == 10;
-        const long expected = fails ? KL_ERR : way.conditions.empty() ? KL_OK : KL_WARN;
-        EXPECT_EQ(carry(time_id, kDate, &state, way.to, way.order, &error), expected);
-        EXPECT_EQ(codes_of(error), way.conditions);
-        EXPECT_EQ(state.cs, fails ? way.from : way.to);
-        EXPECT_EQ(state.is(kStart), way.path.empty() || fails) << "copied or left alone";
+        const bool fails = !conditions.empty() && conditions.back() == 10;
+        const long expected = fails ? KL_ERR : conditions.empty() ? KL_OK : KL_WARN;
+        EXPECT_EQ(carry(time_id, kDate, &state, to, order, &error), expected);
+        EXPECT_EQ(codes_of(error), conditions);
+        EXPECT_EQ(state.cs, fails ? from : to);
+        EXPECT_EQ(state.is(kStart), edges.empty() || fails) << "copied or left alone";
     }
 }
 
@@ -67,7 +63,7 @@ TEST(FrameChain, MeanToTrueOfDateWarnsEveryTimeOnPurpose)
         ChainState state(4);
         kl_error_record error;
         EXPECT_EQ(carry(nullptr, kDate, &state, 5, i, &error), KL_WARN);
-        EXPECT_EQ(codes_of(error), std::vector<long>{8});
+        EXPECT_EQ(codes_of(error), Codes{8});
     }
 }
 
@@ -108,93 +104,66 @@ TEST(FrameChain, TakesEveryFormatAndScaleOfADate)
     constexpr double kUtcDays = kTaiDays - kBehindTai[KL_TIME_UTC] / kDay;
     double tdb = 0.0;
     ASSERT_EQ(KL_Time_p2p_ref_tai_to_tdb(&kTaiDays, &tdb), 0);
-    const kl_time_record dates[] = {
-        {kUt1, kJulianDay, kDate.value + kJdOfDayZero},
-        {kUt1, kDays1950, kDate.value + 18262.0},
-        {kTai, kMjd2000, kTaiDays},
-        {kTai, kDays1950, kTaiDays + 18262.0},
-        {kUtc, kMjd2000, kUtcDays},
-        {kUtc, kJulianDay, kUtcDays + kJdOfDayZero},
-        {kTdb, kMjd2000, tdb},
-    };
+    const std::pair<long, double> days[] = {{kUt1, kDate.value}, {kTai, kTaiDays}, {kUtc, kUtcDays}, {kTdb, tdb}};
+    const std::pair<long, double> zeros[] = {{kMjd2000, 0.0}, {kDays1950, 18262.0}, {kJulianDay, kJdOfDayZero}};
     ChainTimeId time_id;
-    for (long to : {KL_EF, KL_BM2000})
-        for (const kl_time_record &date : dates) {
-            SCOPED_TRACE(testing::Message() << "scale " << date.reference << ", format " << date.format);
-            ChainState expected(KL_GM2000), state(KL_GM2000);
-            ASSERT_NE(carry(time_id, kDate, &expected, to), KL_ERR);
-            EXPECT_NE(carry(time_id, date, &state, to), KL_ERR);
-            const double turned = date.format == kJulianDay ? 0.03 : 1e-3;
-            EXPECT_LT(distance(state[0], expected[0]), to == KL_EF ? turned : 30e3 * 100e-6);
-        }
+    for (const auto &[scale, value] : days)
+        for (const auto &[format, zero] : zeros)
+            for (long to : {KL_EF, KL_BM2000}) {
+                ChainState expected(KL_GM2000), state(KL_GM2000);
+                ASSERT_NE(carry(time_id, kDate, &expected, to), KL_ERR);
+                EXPECT_NE(carry(time_id, {static_cast<int>(scale), static_cast<int>(format), value + zero}, &state, to),
+                          KL_ERR);
+                const double turned = format == kJulianDay ? 0.03 : 1e-3;
+                EXPECT_LT(distance(state[0], expected[0]), to == KL_EF ? turned : 30e3 * 100e-6) << scale << format;
+            }
 }
 
 TEST(FrameChain, RefusesWithItsConditionsAndLeavesTheOutput)
 {
-    ChainTimeId known;
-    kl_time_id *const id = known;
-    const struct {
-        const char *name;
-        kl_time_record date;
-        long from, to;
-        kl_time_id *time_id;
-        long missing_model, condition;
-    } rows[] = {
-#include "coord/chain_refusals.inc"
-    };
+    ChainTimeId id;
     kl_error_record error;
-    for (const auto &row : rows) {
+    for (const auto &[name, date, from, to, has_id, missing_model, condition] : kRefusals) {
         OwnedModel model;
-        if (row.missing_model != kNone)
-            model.select(row.missing_model, 99);
-        const ChainState in(row.from);
+        if (missing_model != kNone)
+            model.select(missing_model, 99);
+        const ChainState in(from);
         ChainState out(77);
-        for (kl_error_record *record : {static_cast<kl_error_record *>(nullptr), &error})
-            EXPECT_EQ(KL_Change_CoordinateSystem(&model.id, row.time_id, 1, &row.date, &in, row.to, &out, record) < 0,
-                      row.condition != kNone)
-                << row.name;
-        if (row.condition != kNone) {
-            EXPECT_EQ(codes_of(error).back(), row.condition) << row.name;
-            EXPECT_TRUE(out.cs == 77 && out.is(kStart)) << row.name;
+        kl_time_id *const time_id = has_id ? &id.id : nullptr;
+        for (kl_error_record *record : {static_cast<kl_error_record *>(nullptr), &error}) {
+            const long status = KL_Change_CoordinateSystem(&model.id, time_id, 1, &date, &in, to, &out, record);
+            EXPECT_EQ(status == KL_ERR, condition != kNone) << name;
         }
+        EXPECT_TRUE(condition == kNone || codes_of(error).back() == condition) << name;
+        EXPECT_EQ(out.cs == 77 && out.is(kStart), condition != kNone) << name;
     }
     for (long missing = 0; missing < 3; ++missing) {
         ChainState state(3);
         Cord *const cord = &state;
         const AllBut arg{missing};
-        EXPECT_EQ(KL_Change_CoordinateSystem(nullptr, id, 2, arg(0, &kDate), arg(1, cord), 7, arg(2, cord), &error),
-                  KL_ERR);
-        EXPECT_EQ(codes_of(error), std::vector<long>{missing});
+        KL_Change_CoordinateSystem(nullptr, id, 2, arg(0, &kDate), arg(1, cord), 7, arg(2, cord), &error);
+        EXPECT_EQ(codes_of(error), Codes{missing});
     }
 }
 
 TEST(FrameChain, EdgesByNameAreItsSteps)
 {
-    const struct {
-        long from, to;
-        long (*routine)(kl_model_id *, kl_time_id *, const kl_time_record *, const Cord *, Cord *, long);
-        long without_models;
-    } edges[] = {
-#include "coord/edges.inc"
-    };
     ChainTimeId time_id;
     OwnedModel nothing;
     ASSERT_EQ(nothing.select(KL_MODEL_EARTH, 99), KL_ERR);
     long code = 0;
-    for (const auto &edge : edges) {
-        EXPECT_EQ(path(edge.from, edge.to), std::vector<long>{code++});
+    for (const auto &[from, to, routine, without_models] : kEdges) {
+        EXPECT_EQ(path(from, to), Codes{code++});
         for (long order = 0; order <= 2; ++order) {
-            SCOPED_TRACE(testing::Message() << edge.from << " to " << edge.to << ", order " << order);
-            const ChainState in(edge.from);
-            ChainState out(77), chained(edge.from);
-            const bool launch = edge.from == KL_LIF || edge.to == KL_LIF; // no id here holds one
-            EXPECT_EQ(edge.routine(nullptr, time_id, &kDate, &in, &out, order), launch ? KL_ERR : KL_OK);
-            EXPECT_EQ(carry(time_id, kDate, &chained, edge.to, order) == KL_ERR, launch);
+            SCOPED_TRACE(testing::Message() << from << " to " << to << ", order " << order);
+            ChainState in(from), out(77), chained(from);
+            const bool launch = from == KL_LIF || to == KL_LIF; // no id here holds one
+            EXPECT_EQ(routine(nullptr, time_id, &kDate, &in, &out, order), launch ? KL_ERR : KL_OK);
+            EXPECT_EQ(carry(time_id, kDate, &chained, to, order) == KL_ERR, launch);
             EXPECT_EQ(std::memcmp(out.store, chained.store, sizeof out.store), 0);
-            EXPECT_TRUE(launch ? out.cs == 77 : out.cs == edge.to && out.order == chained.order);
+            EXPECT_TRUE(launch ? out.cs == 77 : out.cs == to && out.order == chained.order);
+            EXPECT_EQ(routine(&nothing.id, time_id, &kDate, &in, &in, order), without_models);
         }
-        ChainState state(edge.from);
-        EXPECT_EQ(edge.routine(&nothing.id, time_id, &kDate, &state, &state, 2), edge.without_models) << code;
     }
     ChainState state(3);
     for (std::int32_t wrong : {-1, 24})
@@ -202,7 +171,9 @@ TEST(FrameChain, EdgesByNameAreItsSteps)
     EXPECT_EQ(KL_Start_computations(nullptr, time_id, 99, nullptr, &kDate, &state, 4, &state, 2), KL_ERR);
 }
 
-TEST(FrameChain, RecordsCarryAsTheEdgesDoAndTheLowerOrderWins)
+// ---- rotation records ----
+
+TEST(RotationRecords, CarryAsTheEdgesDoAndTheLowerOrderWins)
 {
     Rotation earth;
     ASSERT_EQ(KL_Earth_Rotation(nullptr, kDate.value, &earth), 0);
@@ -220,26 +191,26 @@ TEST(FrameChain, RecordsCarryAsTheEdgesDoAndTheLowerOrderWins)
 }
 
 // The axes of launch lie the angle east of the Earth's at the reference instant, and turn back as the Earth turns on.
-TEST(FrameChain, LaunchAxesTurnBackByTheAngleSinceTheReference)
+TEST(RotationRecords, OfLaunchTurnBackByTheAngleSinceTheReference)
 {
     constexpr double kReference = 9000.25, kEast = 30.0; // days, deg
-    const auto angle_of = [](const Rotation &z) { return std::atan2(z.r[1][2], z.r[1][1]); };
-    Rotation delta, then, now;
-    ASSERT_EQ(KL_Earth_Rotation(nullptr, kReference, &then), 0);
+    Rotation delta;
+    kl_angle then, now;
+    ASSERT_EQ(KL_H_Angle(nullptr, kReference, &then), 0);
     for (const double t : {kReference, kReference + 1.5}) {
         ASSERT_EQ(KL_Earth_Rotation_Delta(nullptr, t, kReference, kEast, &delta), 0);
-        ASSERT_EQ(KL_Earth_Rotation(nullptr, t, &now), 0);
-        const double off = angle_of(delta) - (angle_of(now) - angle_of(then) - kEast * M_PI / 180.0);
+        ASSERT_EQ(KL_H_Angle(nullptr, t, &now), 0);
+        const double off = std::atan2(delta.r[1][2], delta.r[1][1]) - (now.value - then.value - kEast) * M_PI / 180.0;
         EXPECT_NEAR(std::remainder(off, 2.0 * M_PI), 0.0, 1e-13) << t;
-        EXPECT_NEAR(std::hypot(delta.dr[1][1], delta.dr[1][2]), std::hypot(now.dr[1][1], now.dr[1][2]), 1e-19) << t;
+        EXPECT_NEAR(std::hypot(delta.dr[1][1], delta.dr[1][2]), now.rate * M_PI / 180.0, 1e-19) << t;
     }
     OwnedModel nothing;
     ASSERT_EQ(nothing.select(KL_MODEL_EARTH, 99), KL_ERR);
-    EXPECT_EQ(KL_Earth_Rotation(&nothing.id, kReference, &now), KL_ERR);
+    EXPECT_EQ(KL_Earth_Rotation(&nothing.id, kReference, &delta), KL_ERR);
     EXPECT_EQ(KL_Earth_Rotation_Delta(&nothing.id, kReference, kReference, kEast, &delta), KL_ERR);
 }
 
-TEST(FrameChain, ThePoleOfExplicitValuesIsZero)
+TEST(RotationRecords, OfThePoleOfExplicitValuesDoNothing)
 {
     ChainTimeId time_id;
     Rotation pole;
@@ -265,33 +236,30 @@ TEST(SimplifiedChain, TurnsByTheLinearAngleAlone)
                                      {0.0, 99.96779469},
                                      {9000.25, 61.039906515},
                                      {36523.75, 9.503368065}};
-    constexpr double kRate = 360.9856473 / kDay; // deg/s
-    constexpr double kOff = 1.1e-9;              // deg: the rate as a double, 36524 days long
-    constexpr double kRadius = 7e6;
+    constexpr double kRate = 360.9856473 / kDay;   // deg/s
+    constexpr double kOff = 1.1e-9, kRadius = 7e6; // deg: the rate as a double, 36524 days long; m
+    constexpr double w = kRate * M_PI / 180.0, ww = w * w;
     for (const auto &[days, degrees] : kAngles) {
         kl_angle angle;
         ASSERT_EQ(KL_H_Angle_Sim(nullptr, days, &angle), 0);
         EXPECT_NEAR(angle.value, degrees, kOff);
         EXPECT_NEAR(angle.rate, kRate, 1e-18);
         EXPECT_EQ(angle.rate_of_rate, 0.0);
-        const double w = kRate * M_PI / 180.0, ww = w * w;
         const double x = kRadius * std::cos(degrees * M_PI / 180.0), y = -kRadius * std::sin(degrees * M_PI / 180.0);
         const double expected[3][3] = {{x, y, 0.0}, {w * y, -w * x, 0.0}, {-ww * x, -ww * y, 0.0}};
-        const auto expect_turned = [&](const ChainState &state) {
-            for (int v = 0; v < 3; ++v)
-                EXPECT_LT(distance(state[v], expected[v]), kOff * M_PI / 180.0 * kRadius * std::pow(w, v)) << v;
-        };
+        Rotation record;
+        ASSERT_EQ(KL_Earth_Rotation_Sim(nullptr, days, &record), 0);
         for (long from : {4L, 5L, 11L, 12L, 13L})
             for (long to : {6L, 7L}) {
-                ChainState state(from, 2, {{kRadius, 0.0, 0.0}, {}, {}});
-                ASSERT_NE(carry_simply(&state, to, days), KL_ERR);
-                expect_turned(state);
+                ChainState carried(from, 2, {{kRadius, 0.0, 0.0}, {}, {}}),
+                    turned(from, 2, {{kRadius, 0.0, 0.0}, {}, {}});
+                ASSERT_NE(carry_simply(&carried, to, days), KL_ERR);
+                KL_rva(&turned, &record, &turned);
+                for (int v = 0; v < 3; ++v) {
+                    EXPECT_LT(distance(carried[v], expected[v]), kOff * M_PI / 180.0 * kRadius * std::pow(w, v)) << v;
+                    EXPECT_LT(distance(turned[v], expected[v]), kOff * M_PI / 180.0 * kRadius * std::pow(w, v)) << v;
+                }
             }
-        Rotation record;
-        ChainState turned(KL_TOD, 2, {{kRadius, 0.0, 0.0}, {}, {}});
-        ASSERT_EQ(KL_Earth_Rotation_Sim(nullptr, days, &record), 0);
-        KL_rva(&turned, &record, &turned);
-        expect_turned(turned);
     }
 }
 
@@ -307,11 +275,11 @@ TEST(SimplifiedChain, HasPrecessionButNoNutationAndNoSun)
         EXPECT_LT(distance(back[v], kStart[v]), kNear[v]);
     for (long frame : {1L, 2L, 8L, 9L, 10L}) {
         kl_error_record error;
-        ChainState from(frame), to(KL_EF);
-        EXPECT_EQ(carry_simply(&from, KL_EF, kDate.value, &error), KL_ERR);
-        EXPECT_EQ(codes_of(error), std::vector<long>{1}) << frame;
-        EXPECT_EQ(carry_simply(&to, frame, kDate.value, &error), KL_ERR);
-        EXPECT_EQ(codes_of(error), std::vector<long>{2}) << frame;
+        ChainState outside(frame);
+        EXPECT_EQ(carry_simply(&outside, KL_EF, kDate.value, &error), KL_ERR);
+        EXPECT_EQ(codes_of(error), Codes{1}) << frame;
+        EXPECT_EQ(carry_simply(&back, frame, kDate.value, &error), KL_ERR);
+        EXPECT_EQ(codes_of(error), Codes{2}) << frame;
     }
 }
 
