@@ -1,5 +1,6 @@
 #!/bin/sh
-# Builds the library and runs all tests. `./check.sh --all` adds the debug, clang and sanitizer builds.
+# Builds the library and runs all tests. `./check.sh --all` adds the debug, clang and sanitizer builds;
+# `./check.sh --coverage` measures instead which lines and branches of src/ the tests reach.
 set -eu
 cd "$(dirname "$0")"
 tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev binutils python3-cffi
@@ -9,7 +10,7 @@ run_preset() {
     cmake --preset "$1" -DKITLIB_TESTS=ON -DKITLIB_WERROR=ON >"build-$1.log" 2>&1 || { cat "build-$1.log"; exit 1; }
     cmake --build --preset "$1" >"build-$1.log" 2>&1 || { tail -n 60 "build-$1.log"; exit 1; }
     rm -f "build-$1.log"
-    ctest --preset "$1" -j "$(nproc)"
+    ctest --test-dir "build/$1" --output-on-failure -j "$(nproc)"
 }
 
 case "${1:-}" in
@@ -18,5 +19,12 @@ case "${1:-}" in
     tools/install_missing.sh clang
     for preset in release debug clang asan tsan; do run_preset "$preset"; done
     ;;
-*) echo "usage: ./check.sh [--all]" >&2; exit 2 ;;
+--coverage)
+    tools/install_missing.sh gcovr
+    find build/coverage -name '*.gcda' -delete 2>/dev/null || true
+    run_preset coverage
+    gcovr --root . --filter 'src/' --exclude '.*_tables\.h' --exclude-throw-branches --exclude-unreachable-branches \
+        --txt build/coverage/coverage.txt --txt-metric branch --fail-under-line 97 --fail-under-branch 90 --print-summary build/coverage
+    ;;
+*) echo "usage: ./check.sh [--all|--coverage]" >&2; exit 2 ;;
 esac

@@ -62,6 +62,13 @@ bool fails_and_recovers(const PublicCall &f, const NamedSite &where, int nth, lo
     return failed;
 }
 
+// How many longs the caller's arrays hold is the caller's word: a larger one cannot be found out.
+bool says_more_than_there_is(const PublicCall &f, const World &world)
+{
+    return std::string(f.name) == "kl_geoid_grid" && (world.bad.position == 3 || world.bad.position == 5)
+           && world.bad.kind != 0 && *world.bad.integers() > 0;
+}
+
 } // namespace
 
 TEST(EveryFunction, IsInTheTableOfCalls)
@@ -91,4 +98,45 @@ TEST(EveryFunction, SurvivesEachFailureOfMemoryAndLocks)
     }
     EXPECT_GT(failures, 50);
     RecordProperty("failures", failures);
+}
+
+// One argument after the other missing, or no number, or far out of range.
+TEST(EveryFunction, RefusesOrBearsAnyArgument)
+{
+    kl_silent();
+    int calls = 0;
+    for (const PublicCall *f = every_call(); f != every_call_end(); ++f) {
+        const long clean = clean_status(*f);
+        int n_arguments = 1;
+        for (int at = 0; at < n_arguments; ++at)
+            for (int kind = 0; kind < BadArgument::kKinds; ++kind) {
+                SCOPED_TRACE(std::string(f->name) + ", argument " + std::to_string(at) + ", " + std::to_string(kind));
+                const long blocks = faults::live_blocks();
+                World world;
+                ASSERT_TRUE(world.open());
+                world.bad.position = at;
+                world.bad.kind = kind;
+                if (says_more_than_there_is(*f, world)) {
+                    world.close();
+                    continue;
+                }
+                const long status = f->call(world);
+                n_arguments = world.n_arguments;
+                world.bad.position = -1;
+                const bool vector_given = !(kind == 0 && at == n_arguments - 1);
+                if (f->has_vector && vector_given) {
+                    const bool error = world.ierr[0] < 0 || world.ierr[1] < 0;
+                    const bool any = world.ierr[0] != 0 || world.ierr[1] != 0;
+                    EXPECT_TRUE(!error || status == KL_ERR);
+                    EXPECT_TRUE(error || status == KL_ERR || status == (any ? KL_WARN : KL_OK)) << status;
+                }
+                if (f->has_vector && status == KL_ERR) {
+                    EXPECT_EQ(f->call(world), clean) << "the next call";
+                }
+                world.close();
+                EXPECT_EQ(faults::live_blocks(), blocks) << "memory kept";
+                ++calls;
+            }
+    }
+    EXPECT_GT(calls, 2000);
 }

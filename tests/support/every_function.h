@@ -4,6 +4,37 @@
 
 #include "kl_lib.h"
 
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+// An argument of the call that is not what it should be: no pointer, or numbers out of every range in its place.
+struct BadArgument {
+    static constexpr int kKinds = 7; // the first is NULL
+    int position = -1;
+    int kind = 0;
+
+    const double *reals() const;
+    const long *integers() const;
+
+    template <typename T>
+    T in_place_of(T value, int at) const
+    {
+        if (at != position)
+            return value;
+        if constexpr (std::is_arithmetic_v<T>)
+            return static_cast<T>(*integers());
+        else if (kind == 0)
+            return nullptr;
+        else if constexpr (std::is_same_v<T, const double *>)
+            return reals();
+        else if constexpr (std::is_same_v<T, const long *>)
+            return integers();
+        else
+            return value;
+    }
+};
+
 // What the calls take and where they write. open() makes the shared ids, close() ends whatever is open.
 struct World {
     kl_time_id time = {nullptr};
@@ -24,8 +55,30 @@ struct World {
     char text[2][KL_TIME_ASCII_LENGTH] = {};
     unsigned char octets[KL_CUC_LENGTH] = {};
 
+    BadArgument bad;
+    int n_arguments = 0; // of the function called last
+
     bool open();
     void close();
+
+    template <typename Result, typename... Parameters, typename... Arguments>
+    long call(Result (*function)(Parameters...), Arguments... arguments)
+    {
+        n_arguments = static_cast<int>(sizeof...(Parameters));
+        return call_with(function, std::tuple<Parameters...>(arguments...), std::index_sequence_for<Parameters...>());
+    }
+
+private:
+    template <typename Result, typename... Parameters, std::size_t... I>
+    long call_with(Result (*function)(Parameters...), const std::tuple<Parameters...> &all, std::index_sequence<I...>)
+    {
+        if constexpr (std::is_void_v<Result>) {
+            function(bad.in_place_of(std::get<I>(all), static_cast<int>(I))...);
+            return KL_OK;
+        } else {
+            return function(bad.in_place_of(std::get<I>(all), static_cast<int>(I))...);
+        }
+    }
 };
 
 struct PublicCall {
