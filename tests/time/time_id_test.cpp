@@ -136,7 +136,7 @@ TEST(TimeIdData, ComesBackAsItWasSet)
     TimeData got(id);
     EXPECT_EQ(std::tuple(got.model, got.combination, got.no_extrapolation, got.second_bulletin_row),
               std::tuple(7, 2, 0, 4));
-    EXPECT_EQ(std::tuple(got.a, got.b, got.c, got.n_rows), std::tuple(0.1, -0.002, 6205.0, 7));
+    ASSERT_EQ(std::tuple(got.a, got.b, got.c, got.n_rows), std::tuple(0.1, -0.002, 6205.0, 7));
     EXPECT_EQ(std::tuple(got.leap_sign, got.leap_utc), std::tuple(1, k2017));
     EXPECT_NEAR(got.leap_tai, k2017 + 36.0 / kDay, 1e-12);
     EXPECT_EQ(std::memcmp(got.rows, table.rows.data(), sizeof(kl_time_row) * 7), 0);
