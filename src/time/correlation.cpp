@@ -216,7 +216,7 @@ Deltas quick_deltas(const TimeIdRecord &id, long ref, double second, double t, b
     return deltas_at(id, ref, t, with_ut1, column);
 }
 
-// False where there is more to report than that the instant is outside the table, or lines to print of it.
+// False where there is more to report than that the instant is outside the table, or lines to print of what it met.
 bool quick_deltas(const TimeIdRecord &id, long ref, const kl_std_record &record, double t, bool with_ut1,
                   Deltas *deltas)
 {
@@ -225,7 +225,7 @@ bool quick_deltas(const TimeIdRecord &id, long ref, const kl_std_record &record,
     if (id.model == 0 || !inside_processing_range(static_cast<double>(record.days)))
         return false;
     *deltas = with_column(ref, [&](auto column) { return quick_deltas(id, ref, second, t, with_ut1, column); });
-    return !deltas->out_of_range || !is_verbose();
+    return !(deltas->out_of_range || deltas->from_ut1) || !is_verbose();
 }
 
 // The differences at an instant of a scale; 0, 1 with a warning or -1, conditions in the record.
