@@ -1,5 +1,4 @@
 // The ephemerides in AU and AU/s: values, laws, and ERFA over 1950-2099.
-#include "celestial/rate.h"
 #include "coord/chain_state.h"
 
 namespace {

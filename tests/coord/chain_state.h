@@ -60,6 +60,21 @@ inline long carry(kl_time_id *time_id, const kl_time_record &date, ChainState *s
     return KL_Change_CoordinateSystem(nullptr, time_id, order, &date, state, to, state, error);
 }
 
+// The rate of a position by a central difference of fourth order.
+template <typename PositionAt>
+void rate_of(PositionAt position_at, double days, double step_days, double rate_per_second[3])
+{
+    constexpr double kWeights[4] = {1.0, -8.0, 8.0, -1.0}, kOffsets[4] = {-2.0, -1.0, 1.0, 2.0};
+    for (int i = 0; i < 3; ++i)
+        rate_per_second[i] = 0.0;
+    for (int k = 0; k < 4; ++k) {
+        double position[6];
+        position_at(days + kOffsets[k] * step_days, position);
+        for (int i = 0; i < 3; ++i)
+            rate_per_second[i] += kWeights[k] * position[i] / (12.0 * step_days * kDay);
+    }
+}
+
 // From J2000 to the Earth: precession 1976, nutation 1980, sidereal time 1994, no pole.
 inline void erfa_earth_fixed(double ut1_days, const double inertial[3], double fixed[3])
 {

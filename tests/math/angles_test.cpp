@@ -1,4 +1,4 @@
-// Angles, elementary rotations, complex numbers.
+// Angles and complex numbers.
 #include "kl_family.h"
 #include "support/captured_stream.h"
 
@@ -45,46 +45,6 @@ TEST(DegreeTrigonometry, ArcsOutOfLimitsAreClampedWithALine)
 TEST(DegreeTrigonometry, Degtan2IsTheTangentOfAQuotientOnPurpose)
 {
     EXPECT_NEAR(KL_degtan2(90.0, 120.0), 0.931596459944072461, 1e-14); // tan(0.75)
-}
-
-// Frame rotations: a vector along the next axis comes out along the one after it with a minus, by a quarter turn; and
-// derivatives agree with differences.
-TEST(RotationMatrices, TurnTheAxesAndDifferentiate)
-{
-    const struct {
-        void (*r)(double, double **);
-        void (*d)(double, double, double **);
-        void (*dd)(double, double, double, double **);
-        int fixed, next, after;
-    } axes[] = {{KL_Rotx, KL_Drotx, KL_2Drotx, 1, 2, 3},
-                {KL_Roty, KL_Droty, KL_2Droty, 2, 3, 1},
-                {KL_Rotz, KL_Drotz, KL_2Drotz, 3, 1, 2}};
-    constexpr double kRate = 0.7, kRateOfRate = -0.3, h = 1e-4;
-    double **m[5]; // the rotation before and after; its derivative before, now and after
-    for (double **&matrix : m)
-        matrix = KL_double_matrix(3, 3);
-    double **second = KL_double_matrix(3, 3);
-    for (const auto &axis : axes) {
-        axis.r(kPi / 2.0, second);
-        EXPECT_EQ(second[axis.fixed][axis.fixed], 1.0);
-        EXPECT_NEAR(second[axis.next][axis.after], 1.0, kRounded);
-        EXPECT_NEAR(second[axis.after][axis.next], -1.0, kRounded);
-        for (int k : {-1, 0, 1}) {
-            const double t = k * h, angle = 0.4 + kRate * t + 0.5 * kRateOfRate * t * t;
-            axis.d(angle, kRate + kRateOfRate * t, m[k + 3]);
-            if (k != 0)
-                axis.r(angle, m[k > 0]);
-        }
-        axis.dd(0.4, kRate, kRateOfRate, second);
-        for (int i = 1; i <= 3; ++i)
-            for (int j = 1; j <= 3; ++j) {
-                EXPECT_NEAR(m[3][i][j], (m[1][i][j] - m[0][i][j]) / (2.0 * h), 1e-8);
-                EXPECT_NEAR(second[i][j], (m[4][i][j] - m[2][i][j]) / (2.0 * h), 1e-8);
-            }
-    }
-    for (double **matrix : m)
-        KL_free_double_matrix(matrix);
-    KL_free_double_matrix(second);
 }
 
 TEST(ComplexNumbers, HaveTheirValues)

@@ -93,17 +93,13 @@ TEST(ModelId, DataLeaveAnUninitialisedHandleSoAndBlocksInitialiseIt)
     EXPECT_EQ(KL_Model_get_data(nullptr, 0), nullptr);
 }
 
-TEST(ModelId, EveryModeButOneIsTheDefault)
+TEST(ModelId, BadCallsGetTheirConditionsAndEveryModeButOneIsTheDefault)
 {
     const long unwanted[9] = {5, 5, 5, 5, 5, 5, 5, 5, 5};
     for (const long mode : {0L, -1L, 2L, LONG_MAX}) {
-        OwnedModel model;
-        EXPECT_EQ(kl_model_init(&mode, unwanted, &model.id, nullptr), KL_OK) << mode;
+        OwnedModel by_default;
+        EXPECT_EQ(kl_model_init(&mode, unwanted, &by_default.id, nullptr), KL_OK) << mode;
     }
-}
-
-TEST(ModelId, BadCallsGetTheirConditions)
-{
     OwnedModel model, user;
     long ierr = 77;
     expect_missing({kNone, kNone}, [&](AllBut arg, long *vector) {
