@@ -47,8 +47,7 @@ typedef struct kl_id_record {
     long mode;
 } kl_id_record;
 
-/** An instant inside: reference 1 TDB, 3 TAI, 4 UT1, 5 UTC, 6 GPS; format 1 Julian day, 2 days since 1950, 3 MJD2000.
- */
+/** An instant inside: reference 1 TDB, 2 free, 3 TAI, 4 UT1, 5 UTC, 6 GPS; format 3 MJD2000, the only one produced. */
 typedef struct kl_time_record {
     int32_t reference, format;
     double value;
@@ -59,7 +58,7 @@ typedef struct kl_std_record {
     long days, seconds, microseconds;
 } kl_std_record;
 
-/** Calendar date: seconds of the day. */
+/** Calendar date: 1950 to 2099, seconds of the day; the reference is only copied, from and to a kl_time_record. */
 typedef struct kl_calendar_record {
     long reference, year, month, day, seconds, microseconds;
 } kl_calendar_record;
@@ -264,11 +263,12 @@ KL_API long KL_Run_Generic_close(const long *run_id, long kind);
 extern KL_API const char kl_months[13][4];
 
 /** Calendar date of an instant from 1950 to 2099, nearest microsecond; rounding up to midnight gives 86400 seconds of
- * the same day. */
+ * the same day. Code 0 outside. */
 KL_API long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error_record *error);
-/** valid = 1 for a good date, else 0 and -1 with the first condition. */
+/** valid = 1 for a good date, else 0 and -1 with the first condition: codes 0 year, 1 month, 2 day, 3 seconds,
+ * 4 microseconds, 5 to 7 a month of 30, 29 or 28 days. The reference is not looked at. */
 KL_API long KL_Calendar(const kl_calendar_record *in, int *valid, kl_error_record *error);
-/** The instant of a good date, in MJD2000. */
+/** The instant of a good date, in MJD2000. Code 0 not a date. */
 KL_API long KL_Calendar_MJD(const kl_calendar_record *in, kl_time_record *out, kl_error_record *error);
 /** MJD2000 + 2451545.0: counted from midnight, half a day more than the astronomical Julian date. */
 KL_API double KL_MJD_to_Julian(double mjd2000);
@@ -278,16 +278,16 @@ KL_API double KL_round(double x);
 KL_API long KL_Time_ref_enum_to_Time_enum(long ref);
 /** From the numbering of kl_time_record to KL_TIME_*; -1 for TDB and anything else. */
 KL_API long KL_Time_enum_to_Time_ref_enum(int ref);
-/** 0 for -1 to 3. */
+/** 0 for -1 to 3, else -1 with code 0. */
 KL_API long KL_Check_time_ref(const long *ref, kl_error_record *error);
 /** 1 for 0 to 3, else 0; records nothing. */
 KL_API long KL_Check_time_ref_2(long ref);
-/** Format, reference and range of a processing time; the first that is wrong ends the check. */
+/** Format, reference and range of a processing time: codes 0 to 2; the first that is wrong ends the check. */
 KL_API long KL_Time_check_processing_inputs(long format, long ref, const double *time, kl_error_record *error);
 /** Format and reference of a processing output: codes 0 and 1. */
 KL_API long KL_Time_check_processing_outputs(long format, long ref, kl_error_record *error);
 /** Day, second and microsecond of a processing time, nearest microsecond; 86400 seconds in UTC at the end of a day with
- * the leap second of the id. */
+ * the leap second of the id. Code 0 when such a day is outside the processing range. */
 KL_API long KL_Time_p2t_format_to_std(kl_time_id *time_id, long ref, const double *time, kl_std_record *out,
                                       kl_error_record *error);
 /** The processing time of a standard record; always 0. */
@@ -303,7 +303,8 @@ KL_API long KL_Get_time_in_ref(kl_time_id *time_id, long ref_in, long ref_out, d
 /** A standard record of a reference to TAI. Codes 0 not initialised, 1 outside the table (warning), 2 leap second. */
 KL_API long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *in, kl_std_record *out,
                                    kl_error_record *error);
-/** A TAI record to a reference; UTC inside a positive leap second has 86400 seconds. Codes 0 and 1 as above. */
+/** A TAI record to a reference; UTC inside a positive leap second has 86400 seconds, and the second that a negative one
+ * takes away comes out as the next. Codes 0 and 1 as above. */
 KL_API long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record *in, kl_std_record *out,
                                      kl_error_record *error);
 /**
@@ -314,13 +315,15 @@ KL_API long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std
 KL_API long KL_Time_ref_init_file_deltas(kl_time_id *time_id, const double *time, const long *ref, double *tai_utc,
                                          double *tai_ut1, double *tai_gps, long *in_leap_second,
                                          long *after_leap_second, kl_error_record *error);
-/** Row of the table around a time; column 0 TAI, 1 UTC, 2 UT1, 3 GPS. */
+/** Row of `first` to `last` with column(row) <= time < column(row + 1), within 1e-11 day; column 0 TAI, 1 UTC, 2 UT1,
+ * 3 GPS. The table has a row after `last`; 0 when no row is found or last < 1. */
 KL_API long KL_binary_search(const kl_time_row *table, long first, long last, long column, const double *time);
 /** Once-only warning (1 formula, 2 gap, 3 outside; 0 none) of a computation at a TAI record; selector 0 or 1: set of
- * flags. */
+ * flags. Always 0, or -1 for NULL or another selector; an id of explicit values, or none, never warns. */
 KL_API long KL_Check_Time_warn_flags(kl_time_id *time_id, const kl_std_record *tai, const long *selector,
                                      long *warning);
-/* MJD2000 days. On purpose the mean anomaly, in degrees, goes to the sines as radians. */
+/** TDB of TAI and TAI of TDB, MJD2000 days. On purpose the mean anomaly, in degrees, goes to the sines as radians. 0,
+ * or -1 for NULL. */
 KL_API long KL_Time_p2p_ref_tai_to_tdb(const double *tai, double *tdb);
 KL_API long KL_Time_p2p_ref_tdb_to_tai(const double *tdb, double *tai);
 /** First instant of the calendar quarter of a time (MJD2000, days). Codes 0 reference, 1 and 3 internal. */

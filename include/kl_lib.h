@@ -296,9 +296,9 @@ typedef struct kl_time_row {
 
 /** Data of a time id. */
 typedef struct kl_time_id_data {
-    long model;       /**< -1 explicit values (one row); any other non-zero number a table */
-    long combination; /**< 2: two bulletins joined, with a gap between them */
-    long no_extrapolation;
+    long model;               /**< -1 explicit values (one row); any other non-zero number a table */
+    long combination;         /**< 2: two bulletins joined, with a gap between them */
+    long no_extrapolation;    /**< not 0: the last row holds after the table; 0: the formula below */
     long second_bulletin_row; /**< first row of the second bulletin, with combination 2 */
     double a, b, c;           /**< UT1-UTC = a + b (t - c) - (UT2-UT1) after the table; s, s/day, MJD2000 */
     long leap_sign;           /**< output: 0 none, +1, -1 */
@@ -404,6 +404,7 @@ enum {
  * @param[out] ierr            [1] KL_TIME_REF_INIT_*
  * @return KL_OK or KL_ERR; KL_ERR with a clear vector when time_id is NULL
  *
+ * An initialised id is refused before the readings are looked at; of these the first that is out of range is reported.
  * TAI-UTC and TAI-GPS are rounded to whole seconds, halves away from zero (37.4 s of readings is 37 s), as far as days
  * in a double can tell a half second; TAI-UT1 is kept as it is. The id knows no leap second, belongs to no satellite
  * (-1), has mode -1 and never warns.
@@ -454,8 +455,8 @@ KL_API long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data);
  * @param[in,out] time_id  handle; an uninitialised one is initialised (satellite id -1), the data of an initialised one
  *                         that nothing else uses is replaced. No other thread may be using the id
  * @param[in]     data     the table. model: not 0; -1 with exactly one row means explicit values, constant at every
- *                         instant; 8 and 10 do not count an instant after the last row as outside, 8 gives no
- *                         out-of-range warning at all. combination: 2 when the table joins two bulletins and
+ *                         instant; 8 never gives the out-of-range warning of a conversion; 8 and 10 do not give its
+ *                         validity warning after the last row. combination: 2 when the table joins two bulletins and
  *                         second_bulletin_row is then the first row of the second. no_extrapolation: 0 to compute
  *                         UT1-UTC after the table with a, b and c, otherwise the last row holds there. rows: at least
  *                         one, finite, -18262.0 to 36524.0, increasing on all scales, TAI-UTC and TAI-GPS whole
@@ -466,7 +467,9 @@ KL_API long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data);
  * Between rows TAI-UT1 is interpolated linearly, TAI-UTC and TAI-GPS are those of the row before. The id knows one leap
  * second: the last change of TAI-UTC, which is taken to happen at the start of the calendar quarter of the later row,
  * so rows may lie on any day; an earlier leap second takes effect at its row, which should stand at 0h of that day.
- * The first conversion outside the table warns once, as if the one before had been inside.
+ * The first conversion outside the table warns once, as if the one before had been inside. After a table with
+ * extrapolation the first one warns that it is by formula, and the next one, except with 8 and 10, that the validity
+ * has been left.
  * After the table with extrapolation TAI-GPS is 19 s whatever the table holds, and the UT1-UTC formula takes a UT1 or
  * GPS time to UTC with TAI-UT1 and TAI-GPS added as if they were days.
  */
@@ -574,8 +577,8 @@ KL_API long kl_time_get_leap_second_info(kl_time_id *time_id, const long *ascii_
  *   0000-00-00_00:00:00 or 9999-99-99_99:99:99. A change of scale moves a limit like any instant; a date is written
  *   then.
  * - Transport formats 41 and 42 take KL_TIME_GPS only. Weeks and seconds before 1980 are negative.
- * - A NULL format or scale is a wrong one, a NULL input one out of range; a NULL output gives KL_ERR and a clear
- *   vector.
+ * - A NULL format or scale is a wrong one, a NULL text too short, any other NULL input out of range in its first
+ *   field; a NULL output gives KL_ERR and a clear vector.
  */
 
 /** Conditions of kl_time_processing_to_processing. */
@@ -755,7 +758,7 @@ enum {
  * @param[in]  ascii_in       text of exactly the length of its format, then a NUL
  * @param[in]  trans_id_out   format of the output, KL_TRANS_*
  * @param[in]  time_ref_out   scale of the output, 0 to 3
- * @param[out] transport_out  [4] fields as the format has them, then zeros; may be the input record
+ * @param[out] transport_out  [4] fields as the format has them, then zeros
  * @param[out] ierr           [1] error vector, bits as in the enumeration above
  * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
  * Conditions: KL_TIME_ASCII_TO_TRANSPORT_*, see there; what all nine conversions share stands above.
@@ -790,7 +793,7 @@ enum {
  * @param[in]  time_in        MJD2000, days, -18262.0 to 36524.0
  * @param[in]  ascii_id_out   format of the output, KL_ASCII_*
  * @param[in]  time_ref_out   scale of the output, 0 to 3
- * @param[out] ascii_out      [KL_TIME_ASCII_LENGTH] text and a NUL; may be the input text
+ * @param[out] ascii_out      [KL_TIME_ASCII_LENGTH] text and a NUL
  * @param[out] ierr           [1] error vector, bits as in the enumeration above
  * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
  * Conditions: KL_TIME_PROCESSING_TO_ASCII_*, see there; what all nine conversions share stands above.
@@ -825,7 +828,7 @@ enum {
  * @param[in]  time_in        MJD2000, days, -18262.0 to 36524.0
  * @param[in]  trans_id_out   format of the output, KL_TRANS_*
  * @param[in]  time_ref_out   scale of the output, 0 to 3
- * @param[out] transport_out  [4] fields as the format has them, then zeros; may be the input record
+ * @param[out] transport_out  [4] fields as the format has them, then zeros
  * @param[out] ierr           [1] error vector, bits as in the enumeration above
  * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
  * Conditions: KL_TIME_PROCESSING_TO_TRANSPORT_*, see there; what all nine conversions share stands above.
@@ -868,7 +871,7 @@ enum {
  * @param[in]  transport_in   [4] fields as the format has them; those that it has not are not read
  * @param[in]  ascii_id_out   format of the output, KL_ASCII_*
  * @param[in]  time_ref_out   scale of the output, 0 to 3
- * @param[out] ascii_out      [KL_TIME_ASCII_LENGTH] text and a NUL; may be the input text
+ * @param[out] ascii_out      [KL_TIME_ASCII_LENGTH] text and a NUL
  * @param[out] ierr           [1] error vector, bits as in the enumeration above
  * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
  * Conditions: KL_TIME_TRANSPORT_TO_ASCII_*, see there; what all nine conversions share stands above.

@@ -199,8 +199,8 @@ Deltas deltas_at(const TimeIdRecord &id, long ref, double t, bool with_ut1, Colu
     return deltas_outside(id, ref, t, first, last, with_ut1);
 }
 
-// The same for a conversion in silent mode. The row is guessed from the second of the record, which is known sooner
-// than t; clear of the slack around it no other row can match.
+// The same for a conversion. The row is guessed from the second of the record, which is known sooner than t; clear of
+// the slack around it no other row can match.
 template <typename Column>
 Deltas quick_deltas(const TimeIdRecord &id, long ref, double second, double t, bool with_ut1, Column column)
 {
