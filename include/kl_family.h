@@ -5,6 +5,7 @@
  *
  * Internal functions return 0 or -1 (a few the severity of the last recorded code) and keep their conditions in
  * the caller's kl_error_record, the last argument, which may be NULL. They clear it before they start.
+ * The kernels, the frame chain and the getters of records take other arguments as they are: valid pointers.
  */
 #ifndef KL_FAMILY_H
 #define KL_FAMILY_H

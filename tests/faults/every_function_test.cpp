@@ -1,4 +1,5 @@
 // Every public function, with each of its allocations and lock calls failing in turn.
+#include "kl_family.h"
 #include "support/every_function.h"
 #include "support/fault_injection.h"
 
@@ -67,6 +68,12 @@ bool says_more_than_there_is(const PublicCall &f, const World &world)
 {
     return std::string(f.name) == "kl_geoid_grid" && (world.bad.position == 3 || world.bad.position == 5)
            && world.bad.kind != 0 && *world.bad.integers() > 0;
+}
+
+template <typename Result, typename... Parameters>
+void call_without_arguments(Result (*function)(Parameters...))
+{
+    static_cast<void>(function(Parameters{}...));
 }
 
 } // namespace
@@ -139,4 +146,16 @@ TEST(EveryFunction, RefusesOrBearsAnyArgument)
             }
     }
     EXPECT_GT(calls, 2000);
+}
+
+// The functions of the family that look at what they are given; the kernels and the frame chain do not.
+TEST(EveryFunction, OfTheFamilyThatChecksItsArgumentsBearsNone)
+{
+#define BEARS_NOTHING(function)                                                                                        \
+    SCOPED_TRACE(#function);                                                                                           \
+    call_without_arguments(function);
+#include "family_without_arguments.inc"
+#undef BEARS_NOTHING
+    EXPECT_EQ(KL_Id_init_status(nullptr), 0); // and nothing is open after all that
+    EXPECT_EQ(clean_status(*every_call()), 0);
 }
