@@ -88,17 +88,27 @@ KL_API void KL_Init_err_data(long function_id, kl_error_record *record, long *ie
                              kl_error_context *context);
 /** Empties a record; its arrays stay as they are. */
 KL_API void KL_Reset_Err(kl_error_record *record);
-/** Records one code; 0, or -1 when the id, the record or the code does not fit. `value` as the code's argument kind. */
+/**
+ * Records one code and prints its message in verbose mode. `value` as the code's argument kind. 0, or -1 with a line on
+ * standard error when the id, the record (of another function) or the code does not fit, or the message cannot be
+ * printed. An empty record is the function's from then on, also when the code is refused. The 257th code is dropped,
+ * with a line the first time, and 0.
+ */
 KL_API long KL_Put_Err(long function_id, long code, const void *value, kl_error_record *record);
-/** found = 1 when the record holds the code, else 0; -1 as KL_Put_Err. */
+/** found = 1 when the record holds the code, else 0. 0, or -1 with a line where the id, the record or the code does not
+ * fit. */
 KL_API long KL_Check_Err(long function_id, long code, const kl_error_record *record, long *found);
 /** Records the code for the context's function and rewrites its vector; returns the severity, 1 or -1. */
 KL_API long KL_Store_function_error(kl_error_context *context, long code, const void *value);
 /** 1 when the internal id is that of a public function. */
 KL_API long KL_Check_if_public_function(long function_id);
-/** Adds the bits of all recorded codes to the vector. */
+/** Adds the bits of all recorded codes to the vector; clears none. 0, or -1 with a line when the record is of another
+ * function or the function is not public. */
 KL_API long KL_Err_Vector(long function_id, const kl_error_record *record, long *ierr);
-/** Rebuilds a record (codes only) from the vector of a public function. */
+/**
+ * Rebuilds a record from the vector of a public function: codes in the order of bits, values 0, code -1 for a bit that
+ * no code has. 0, or -1 with a line (on purpose it names KL_Err_Vector) when no function has the id.
+ */
 KL_API long KL_Vector_Err(long public_id, const long *ierr, kl_error_record *record);
 /** Formats every recorded code. MESSAGES MUST HAVE ALL 256 SLOTS: every one of them is cleared. */
 KL_API long KL_Err_Msg(const kl_error_record *record, long *n_msg, char messages[][512]);
@@ -106,9 +116,9 @@ KL_API long KL_Err_Msg(const kl_error_record *record, long *n_msg, char messages
 KL_API long KL_Check_Bit(long word, long bit);
 /** Sets (value 1) or clears a bit; returns what it was. */
 KL_API long KL_Write_Bit(long *word, long bit, long value);
-/** found = 1 when kl_get_code of the vector contains the public code. */
+/** found = 1 when kl_get_code of the vector contains the public code, else 0. Returns 0. */
 KL_API long KL_Check_Error_Code(long public_id, long public_code, const long *ierr, long *found);
-/** status = -1, 1 or 0 of a vector: errors before warnings. */
+/** status = -1, 1 or 0 of a vector: errors before warnings. 0, or -1 when no function has the id. */
 KL_API long KL_Check_Extended_Error_Code(long public_id, const long *ierr, long *status);
 /** Writes the text and a newline to standard error. */
 KL_API long KL_Print_Err_Msg(const char *text);

@@ -1377,14 +1377,15 @@ KL_API long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3
 /** Conditions of kl_vectors_to_quaternions. */
 enum {
     KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR = 0,     /**< a null vector, or a left-handed set */
-    KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR = 1, /**< not orthogonal within 1e-6 */
+    KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR = 1, /**< not orthogonal within 1e-6; NaN */
     KL_VECTORS_TO_QUATERNIONS_N_CODES
 };
 
 /**
  * Quaternion of three axis vectors (trace, or Shepperd's method).
  *
- * @param[in]  x, y, z  [3] right-handed orthogonal set of any lengths; normalised on copies
+ * @param[in]  x, y, z  [3] right-handed orthogonal set, any lengths above 1e-10 (a null vector has less); normalised on
+ *                      copies
  * @param[out] q        [4] unit quaternion, scalar last
  * @param[out] ierr     [1] error vector
  * @return KL_OK or KL_ERR
@@ -1417,7 +1418,7 @@ KL_API long kl_quaternions_interpol(const long *mode, const double *t1, const do
 /**
  * Matrix of three rotation angles a0, a1, a2 (about x, y and z).
  *
- * @param[in]  angles  [3] deg
+ * @param[in]  angles  [3] deg; angles that are not finite give a matrix of NaN
  * @param[out] matrix  [9] row by row, with s and c the sines and cosines:
  *                     c1c2+s0s1s2, c0s2, s1c2-s0c1s2 / -c1s2+s0s1c2, c0c2, -s1s2-s0c1c2 / -c0s1, s0, c0c1.
  *                     In frame rotations that is Rz(a2) Rx(-a0) Ry(-a1). Angles (0, 0, 90) give

@@ -118,6 +118,11 @@ std::int64_t stored_value(MessageArgument argument, const void *value)
     return bits;
 }
 
+bool exists(long function_id)
+{
+    return function_id >= 0 && function_id < KL_N_FUNCTIONS;
+}
+
 int count_codes(const FunctionMessages &function)
 {
     return function.messages != nullptr ? function.messages->n_codes : 0;
@@ -145,7 +150,7 @@ bool accepted(long function_id, long code, const kl_error_record &record, const 
         put(stderr, refusals.record);
         return false;
     }
-    if (function_id < 0 || function_id >= KL_N_FUNCTIONS) {
+    if (!exists(function_id)) {
         put(stderr, refusals.function);
         return false;
     }
@@ -221,9 +226,12 @@ void KL_Init_err_data(long function_id, kl_error_record *record, long *ierr, lon
 
 long KL_Put_Err(long function_id, long code, const void *value, kl_error_record *record)
 {
-    if (record == nullptr || !accepted(function_id, code, *record, kPutRefusals))
+    if (record == nullptr)
         return -1;
-    record->function_id = static_cast<std::int32_t>(function_id);
+    if (record->count == 0 && exists(function_id)) // an empty record is taken even when the code is then refused
+        record->function_id = static_cast<std::int32_t>(function_id);
+    if (!accepted(function_id, code, *record, kPutRefusals))
+        return -1;
     if (record->count == kMaxCodes) {
         if (record->overflow == 0)
             put(stderr, "ERROR in KL_Put_Err: too many errors/warnings returned\n");
@@ -274,7 +282,7 @@ long KL_Store_function_error(kl_error_context *context, long code, const void *v
     if (KL_Check_if_public_function(context->function_id) == 1 && context->ierr != nullptr
         && KL_Err_Vector(context->function_id, context->record, context->ierr) != 0)
         put_machinery_failure();
-    if (context->function_id < 0 || context->function_id >= KL_N_FUNCTIONS)
+    if (!exists(context->function_id))
         return -1;
     const FunctionMessages &function = function_messages(context->function_id);
     return code >= 0 && code < count_codes(function) ? function.messages->rows[code].severity : -1;
@@ -286,7 +294,7 @@ long KL_Err_Msg(const kl_error_record *record, long *n_msg, char messages[][512]
         return -1;
     std::memset(messages, 0, static_cast<std::size_t>(KL_MAX_MSG) * KL_MSG_LENGTH);
     for (std::int32_t i = 0; i < record->count; ++i) {
-        if (record->function_id < 0 || record->function_id >= KL_N_FUNCTIONS)
+        if (!exists(record->function_id))
             continue;
         const FunctionMessages &function = function_messages(record->function_id);
         const std::int32_t code = record->codes[i];

@@ -276,7 +276,7 @@ long kl_print_msg(const long *n_msg, char msg[][512])
     if (*n_msg >= 1 && msg == nullptr)
         return -1;
     for (long i = 0; i < *n_msg; ++i) {
-        if (std::fprintf(stderr, "%.511s\n", msg[i]) < 0) {
+        if (std::fprintf(stderr, "%.*s\n", static_cast<int>(KL_MSG_LENGTH), msg[i]) < 0) {
             put("ERROR in kl_print_msg: error printing message\n");
             return -1;
         }
