@@ -1,13 +1,12 @@
 // Runs: their life, what they pin, what prevents them, and the links that they hold.
 #include "kit_data_handling.h"
 #include "kl_family.h"
-#include "support/captured_stream.h"
+#include "support/conditions.h"
 #include "support/fault_injection.h"
 
-#include <climits>
 #include <set>
-#include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -16,11 +15,6 @@ using faults::Fail;
 using faults::Site;
 
 constexpr long kSatId = 200;
-
-long error_bits(long condition)
-{
-    return condition < 0 ? 0 : LONG_MIN | 1L << condition;
-}
 
 // The layout of a run record, as the higher libraries know it.
 struct RunLayout {
@@ -57,6 +51,16 @@ protected:
         return run;
     }
 
+    // A run that is opened or refused, then closed: its number is 0 or none, and it leaves the ids unused.
+    void expect_run(const char *name, long bits, const long *sat_id, kl_time_id *run_time, kl_model_id *run_model)
+    {
+        long run = 5;
+        expect_bits(name, bits, [&](long *e) { return kl_run_init(sat_id, run_time, run_model, &run, e); });
+        EXPECT_EQ(run, bits == kNothing ? 0 : -1) << name;
+        kl_run_close(&run);
+        EXPECT_EQ(KL_Is_used(&time) + KL_Is_used(&model), 0) << name;
+    }
+
     // Record of the oldest run, or of one of the next.
     RunLayout *layout(long skip = 0)
     {
@@ -83,10 +87,9 @@ TEST_F(Runs, GroupThreeIdsUnderTheLowestFreeOfTwentyNumbers)
         EXPECT_EQ(layout(n)->head.mode, n) << "the run's own number";
     }
     long run = 5;
-    long ierr[1] = {0};
-    EXPECT_EQ(kl_run_init(&kSatId, &time, nullptr, &run, ierr), KL_ERR);
+    expect_bits("full", error_bits(KL_RUN_INIT_NO_SLOT_ERR),
+                [&](long *e) { return kl_run_init(&kSatId, &time, nullptr, &run, e); });
     EXPECT_EQ(run, -1);
-    EXPECT_EQ(ierr[0], error_bits(KL_RUN_INIT_NO_SLOT_ERR));
     for (const long n : {19L, 3L}) {
         kl_run_close(&n);
         kl_run_close(&n); // nothing happens
@@ -119,73 +122,50 @@ TEST_F(Runs, KnowTheKindsOfTheirIds)
         EXPECT_EQ(status(full, kind), 1 <= kind && kind <= 3 ? 1 : 0) << kind;
         EXPECT_EQ(status(plain, kind), 1 <= kind && kind <= 2 ? 1 : 0) << kind;
     }
-    for (const long run : {-1L, 7L, 20L, LONG_MAX, LONG_MIN}) {
+    const long out_of_table[] = {-1, 7, 20, LONG_MAX, LONG_MIN};
+    for (const long *run : {&out_of_table[0], &out_of_table[1], &out_of_table[2], &out_of_table[3], &out_of_table[4],
+                            static_cast<const long *>(nullptr)}) {
         long sat_id = 55;
+        const long kind = KL_ID_TIME;
         kl_time_id time_out = {this};
         kl_model_id model_out = {this};
-        EXPECT_EQ(kl_run_get_ids(&run, &sat_id, &time_out, &model_out), -1) << run;
-        EXPECT_TRUE(sat_id == 55 && time_out.record == this && model_out.record == this) << run;
-        EXPECT_EQ(kl_run_init_status(&run) + KL_Run_get_init_type(&run) + status(run, KL_ID_TIME), 0) << run;
-        EXPECT_EQ(KL_Run_Generic_close(&run, KL_ID_TIME), 0) << run;
-        kl_run_close(&run);
+        EXPECT_EQ(kl_run_get_ids(run, &sat_id, &time_out, &model_out), -1);
+        EXPECT_TRUE(sat_id == 55 && time_out.record == this && model_out.record == this);
+        EXPECT_EQ(kl_run_init_status(run) + KL_Run_get_init_type(run) + kl_run_id_status(run, &kind), 0);
+        EXPECT_EQ(KL_Run_Generic_close(run, kind), 0);
+        kl_run_close(run);
     }
-    EXPECT_EQ(kl_run_init_status(nullptr) + KL_Run_get_init_type(nullptr) + kl_run_id_status(nullptr, nullptr), 0);
+    EXPECT_EQ(kl_run_id_status(&full, nullptr), 0);
     EXPECT_EQ(kl_run_get_ids(&full, nullptr, &time, &model), -1);
-    kl_run_close(nullptr);
 }
 
 TEST_F(Runs, AreRefusedForABadId)
 {
-    const long invalid = 13;
-    const long free_slot = 4;
+    const long invalid = 13, free_slot = 4;
     kl_time_id no_time = {};
     kl_model_id no_model = {};
     kl_id_record closed_record = {};
     kl_time_id closed = {&closed_record};
-    struct Case {
-        const char *name;
-        const long *sat_id;
-        kl_time_id *time;
-        kl_model_id *model;
-        long condition;
+    const std::tuple<const char *, const long *, kl_time_id *, kl_model_id *, long> cases[] = {
+#include "sat/run_refusals.inc"
     };
-    const Case cases[] = {
-        {"invalid satellite", &invalid, &time, &model, KL_RUN_INIT_SAT_ID_ERR},
-        {"free default satellite", &free_slot, &time, &model, KL_RUN_INIT_SAT_ID_ERR},
-        {"no satellite", nullptr, &time, &model, KL_RUN_INIT_SAT_ID_ERR},
-        {"satellite before time", &invalid, &no_time, &model, KL_RUN_INIT_SAT_ID_ERR},
-        {"empty time id", &kSatId, &no_time, &model, KL_RUN_INIT_TIME_ID_ERR},
-        {"closed time id", &kSatId, &closed, &model, KL_RUN_INIT_TIME_ID_ERR},
-        {"no time id", &kSatId, nullptr, &model, KL_RUN_INIT_TIME_ID_ERR},
-        {"empty model id", &kSatId, &time, &no_model, -1},
-        {"no model id", &kSatId, &time, nullptr, -1},
-    };
-    for (const Case &c : cases) {
-        long run = 5;
-        long ierr[1] = {77};
-        EXPECT_EQ(kl_run_init(c.sat_id, c.time, c.model, &run, ierr), c.condition >= 0 ? KL_ERR : KL_OK) << c.name;
-        EXPECT_EQ(ierr[0], error_bits(c.condition)) << c.name;
-        EXPECT_EQ(run, c.condition >= 0 ? -1 : 0) << c.name;
-        kl_run_close(&run);
-        EXPECT_EQ(KL_Is_used(&time) + KL_Is_used(&model), 0) << c.name;
-    }
-    long ierr[1] = {77};
-    EXPECT_EQ(kl_run_init(&kSatId, &time, &model, nullptr, ierr), KL_ERR);
-    EXPECT_EQ(ierr[0], 0);
+    for (const auto &[name, sat_id, run_time, run_model, bits] : cases)
+        expect_run(name, bits, sat_id, run_time, run_model);
+    expect_bits("no number", kRefused, [&](long *e) { return kl_run_init(&kSatId, &time, &model, nullptr, e); });
 }
 
 TEST_F(Runs, AreConsistentWhenWhatTheirIdsUseIsInTheListTooAndOnPurposeOpenedInAnyCase)
 {
     Id lower(5);
     ASSERT_EQ(KL_Link_ids(&lower.record, model.record), 0);
-    EXPECT_EQ(open(), 0);
+    const long first = open();
+    EXPECT_EQ(first, 0);
     RunLayout *run = layout();
     EXPECT_EQ(KL_Run_check_consistency(run->head.uses), 0);
     ASSERT_EQ(KL_Link_ids(&lower.record, run), 0);
     EXPECT_EQ(KL_Run_check_consistency(run->head.uses), 1);
     EXPECT_EQ(KL_Run_check_consistency(nullptr), 1) << "nothing uses nothing";
     KL_Unlink_ids(&lower.record, model.record);
-    const long first = 0;
     kl_run_close(&first);
 }
 
@@ -207,7 +187,7 @@ TEST_F(Runs, LetGoOfAnIdWhenItsLibraryClosesIt)
 TEST_F(Runs, OnPurposeOnlyTheFirstKindOfTheHigherLibrariesIsDetached)
 {
     const long kinds[] = {4, 7, 8, 9, 11, 12};
-    for (std::size_t slot = 0; slot < 6; ++slot) {
+    for (std::size_t slot = 0; slot < std::size(kinds); ++slot) {
         Id id(kinds[slot]);
         const long run = open();
         RunLayout *record = layout();
@@ -226,32 +206,16 @@ TEST_F(Runs, OnPurposeOnlyTheFirstKindOfTheHigherLibrariesIsDetached)
 TEST_F(Runs, LeaveNothingBehindWhenMemoryOrALockFails)
 {
     SKIP_WITHOUT_FAULTS();
-    struct Case {
-        Site site;
-        int from, to;
-        long condition; // -1: passed over
+    const std::tuple<Site, int, int, long> cases[] = {
+#include "sat/run_failures.inc"
     };
-    const Case cases[] = {
-        {Site::kAllocation, 0, 6, KL_RUN_INIT_MEMORY_ERR}, // the record, two lists, two entries for each id
-        {Site::kMutexLock, 0, 0, KL_RUN_INIT_LOCK_ERR},    // of the table
-        {Site::kMutexUnlock, 0, 0, KL_RUN_INIT_UNLOCK_ERR},
-        {Site::kMutexLock, 1, 2, -1}, // of the time id and the model id
-        {Site::kMutexUnlock, 1, 2, -1},
-    };
-    for (const Case &c : cases)
-        for (int nth = c.from; nth <= c.to; ++nth) {
+    for (const auto &[site, from, to, bits] : cases)
+        for (int nth = from; nth <= to; ++nth) {
             const long blocks = faults::live_blocks();
-            long run = 5;
-            long ierr[1];
-            Fail fail(c.site, nth);
-            const long result = kl_run_init(&kSatId, &time, &model, &run, ierr);
+            Fail fail(site, nth);
+            expect_run("failure", bits, &kSatId, &time, &model);
             EXPECT_TRUE(fail.disarm()) << nth;
-            EXPECT_EQ(result, c.condition >= 0 ? KL_ERR : KL_OK);
-            EXPECT_EQ(run, c.condition >= 0 ? -1 : 0);
-            EXPECT_EQ(ierr[0], error_bits(c.condition));
-            kl_run_close(&run);
             EXPECT_EQ(faults::live_blocks(), blocks) << nth;
-            EXPECT_EQ(KL_Is_used(&time) + KL_Is_used(&model), 0) << nth;
         }
     EXPECT_EQ(open(), 0) << "no failure kept its number";
 }

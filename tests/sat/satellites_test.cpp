@@ -1,35 +1,24 @@
 // Satellite ids, their rows and the data behind them.
-#include "kl_family.h"
+#include "sat/satellite_tables.h"
 #include "support/captured_stream.h"
 #include "support/tolerances.h"
 
 #include <climits>
-#include <cstring>
-#include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
 
 constexpr long kInvalid = -1;
 
-// Valid ids and the rows they map to; within a range every id has the next row, or all have one.
-struct Range {
-    long from, to, row;
-    bool one_row;
-};
-constexpr Range kRanges[] = {
-    // clang-format off
-    {11, 12, 10, false},   {21, 21, 12, false},   {31, 33, 13, false},   {41, 41, 16, false},  {51, 51, 17, false},
-    {61, 61, 18, false},   {71, 71, 19, false},   {81, 81, 20, false},   {91, 91, 21, false},  {101, 103, 22, false},
-    {110, 113, 25, false}, {120, 120, 29, false}, {125, 154, 30, false}, {200, 200, 60, false}, {300, 301, 61, false},
-    {400, 499, 63, true},  {800, 899, 63, true},  {1200, 1299, 63, true}, {400000, 400099, 63, true}};
-// clang-format on
-
 long expected_row(long id)
 {
-    for (const Range &range : kRanges)
-        if (range.from <= id && id <= range.to)
-            return range.one_row ? range.row : range.row + id - range.from;
+    constexpr std::tuple<long, long, long, bool> kRanges[] = {
+#include "sat/satellite_ids.inc"
+    };
+    for (const auto &[from, to, row, one_row] : kRanges)
+        if (from <= id && id <= to)
+            return one_row ? row : row + id - from;
     return kInvalid;
 }
 
@@ -37,30 +26,6 @@ bool recorded_only(const kl_error_record &record, long code)
 {
     return record.count == 1 && record.codes[0] == code;
 }
-
-std::string name_of(long id)
-{
-    char name[31] = {};
-    KL_Get_mission_name(&id, name);
-    return name;
-}
-
-// What the getters write: the whole width of a field, and nothing beyond.
-struct Catalogue {
-    long number = -7;
-    char name[27], designator[11], sp3[6];
-
-    explicit Catalogue(long id)
-    {
-        for (char *text : {name, designator, sp3})
-            std::memset(text, '#', text == name ? 26 : text == designator ? 10 : 5);
-        name[26] = designator[10] = sp3[5] = '\0';
-        KL_Get_tle_sat_data(&id, &number, name, designator);
-        KL_Get_sp3_data(id, sp3);
-        EXPECT_EQ(std::string{name[25]} + designator[9] + sp3[4], "###");
-        name[25] = designator[9] = sp3[4] = '\0';
-    }
-};
 
 TEST(SatelliteIds, EveryIdHasItsRowOrNone)
 {
@@ -89,87 +54,37 @@ TEST(SatelliteIds, EveryIdHasItsRowOrNone)
     EXPECT_EQ(KL_Check_sat_id(nullptr, nullptr), -1);
 }
 
-TEST(SatelliteRows, StartWithTheirValues)
+TEST(SatelliteRows, StartWithTheirValuesAndNames)
 {
-    // Envelope a, i, e, w; then the limits of a, i and e, minimum and maximum, in both sets.
-    // clang-format off
-    double *const columns[] = {A_MIN, A_NOM, A_MAX, I_MIN, I_NOM, I_MAX, E_NOM, W_NOM,
-                               KL_TOLERANCE_AMIN_L, KL_TOLERANCE_AMAX_L, KL_TOLERANCE_IMIN_L, KL_TOLERANCE_IMAX_L,
-                               KL_TOLERANCE_EMIN_L, KL_TOLERANCE_EMAX_L, KL_TOLERANCE_AMIN_T, KL_TOLERANCE_AMAX_T,
-                               KL_TOLERANCE_IMIN_T, KL_TOLERANCE_IMAX_T, KL_TOLERANCE_EMIN_T, KL_TOLERANCE_EMAX_T};
     struct Rows {
         long from, to, type;
-        double values[20];
+        double values[std::size(kColumns)];
     };
     constexpr Rows kRows[] = {
-        {0, 9, 0, {0, 0, 0, 0, 0, 0, 0, 0, 1e6, 1e7, 60, 120, 0, 0.5, 1e6, 1e7, 60, 120, 0, 0.5}},
-        {10, 60, 0, {7118050, 7159492.7, 7194056, 98.4475, 98.549387, 98.6226, 0.001165, 90,
-                     1e6, 1e7, 60, 120, 0, 0.5, 1e6, 1e7, 60, 120, 0, 0.5}},
-        {61, 62, 1, {42164000, 42164100, 42165000, -0.1, 0, 0.1, 0, 0,
-                     3e7, 5e7, -20, 20, 0, 0.9, 4.2e7, 4.3e7, -0.1, 0.1, 0, 0.1}},
-        {63, 63, 0, {2e7, 2e7, 2e7, 55, 55, 55, 0.5, 90, 1e6, 4e7, 0, 180, 0, 1, 1e6, 3e7, 0, 180, 0, 1}}};
-    // clang-format on
-    for (const Rows &rows : kRows)
-        for (long row = rows.from; row <= rows.to; ++row) {
-            for (std::size_t i = 0; i < std::size(columns); ++i)
-                EXPECT_EQ(columns[i][row], rows.values[i]) << "row " << row << ", value " << i;
-            EXPECT_EQ(KL_SAT_TYPE[row], rows.type) << row;
+#include "sat/satellite_rows.inc"
+    };
+    for (const auto &[from, to, type, values] : kRows)
+        for (long row = from; row <= to; ++row) {
+            for (std::size_t i = 0; i < std::size(kColumns); ++i)
+                EXPECT_EQ(kColumns[i][row], values[i]) << "row " << row << ", value " << i;
+            EXPECT_EQ(KL_SAT_TYPE[row], type) << row;
             EXPECT_EQ(std::memcmp(KL_SP3_PARAMS[row], "A00", 4), 0) << row;
             EXPECT_EQ(std::memcmp(TLE_SAT_DATA[row].designator, "00000   ", 9), 0) << row;
         }
     static_assert(sizeof TLE_SAT_DATA == 65 * 48 && sizeof A_MIN == 64 * sizeof(double));
-}
-
-TEST(SatelliteRows, HaveTheirNames)
-{
-    struct Case {
-        long id;
-        const char *name, *catalogue_name;
+    constexpr std::tuple<long, const char *, const char *> kNames[] = {
+#include "sat/satellite_names.inc"
     };
-    const Case cases[] = {{0, "", "UNKNOWN"},
-                          {11, "MISSION-011", "MISSION-011"},
-                          {21, "Tarvos", "TARVOS"},
-                          {51, "Vardo", "VARDO"},
-                          {61, "Kelda", "KELDA"},
-                          {71, "Brisa", "BRISA"},
-                          {154, "MISSION-154", "MISSION-154"},
-                          {200, "Generic", "GENERIC"},
-                          {300, "GenericGeo", "GENERICGEO"},
-                          {450, "GenericMeo", "GENERICMEO"},
-                          {13, "UNDEFINED", "UNKNOWN"}};
-    for (const Case &c : cases) {
-        EXPECT_EQ(name_of(c.id), c.name) << c.id;
-        EXPECT_STREQ(Catalogue(c.id).name, c.catalogue_name) << c.id;
-        EXPECT_EQ(Catalogue(c.id).number, 0) << c.id;
+    for (const auto &[id, name, catalogue_name] : kNames) {
+        EXPECT_EQ(name_of(id), name) << id;
+        EXPECT_STREQ(Catalogue(id).name, catalogue_name) << id;
+        EXPECT_EQ(Catalogue(id).number, 0) << id;
     }
 }
-
-// Puts a row of the tables back when a test is over.
-struct RowKept {
-    explicit RowKept(long row) : row_(row), catalogue_(TLE_SAT_DATA[row]), axes_{A_MIN[row], A_MAX[row]}
-    {
-        std::memcpy(sp3_, KL_SP3_PARAMS[row], 4);
-    }
-    ~RowKept()
-    {
-        TLE_SAT_DATA[row_] = catalogue_;
-        A_MIN[row_] = axes_[0];
-        A_MAX[row_] = axes_[1];
-        std::memcpy(KL_SP3_PARAMS[row_], sp3_, 4);
-    }
-    RowKept(const RowKept &) = delete;
-    RowKept &operator=(const RowKept &) = delete;
-
-private:
-    long row_;
-    kl_tle_sat_data catalogue_;
-    double axes_[2];
-    char sp3_[4];
-};
 
 TEST(CatalogueData, ComeBackAtFullWidthWithoutATerminator)
 {
-    const RowKept kept(24);
+    const TablesKept kept;
     const long id = 103;
     const long number = LONG_MAX;
     EXPECT_EQ(kl_set_tle_sat_data(&id, &number, "exactly 25 characters, so too long", "98067ABCDEF"), 0);
@@ -183,14 +98,14 @@ TEST(CatalogueData, ComeBackAtFullWidthWithoutATerminator)
     EXPECT_STREQ(Catalogue(110).sp3, "A00") << "the row after";
     EXPECT_EQ(kl_set_tle_sat_data(&id, &number, "short", ""), 0);
     EXPECT_EQ(kl_set_sp3_sat_data(id, "G"), 0);
-    EXPECT_EQ(std::memcmp(TLE_SAT_DATA[24].name, "short\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 25), 0);
+    EXPECT_EQ(std::string(TLE_SAT_DATA[24].name, 25), "short" + std::string(20, '\0'));
     EXPECT_STREQ(Catalogue(id).designator, "");
     EXPECT_STREQ(Catalogue(id).sp3, "G");
 }
 
 TEST(CatalogueData, AreSetForValidIdsOnly)
 {
-    const RowKept meo(63);
+    const TablesKept kept;
     const long number = 5;
     const long id = 899;
     for (const long bad : {0L, 9L, -1L, 10L, 13L, 155L, 199L, 302L, 399L, 500L, 900L, LONG_MIN}) {
@@ -210,61 +125,48 @@ TEST(CatalogueData, AreSetForValidIdsOnly)
 
 TEST(CatalogueData, OnPurposeAnInvalidIdReadsTheSp3IdentifierOfRow0)
 {
-    const RowKept kept(0);
+    const TablesKept kept;
     std::memcpy(KL_SP3_PARAMS[0], "R0\0", 4);
     for (const long id : {13L, -1L, 900L, 3L})
         EXPECT_STREQ(Catalogue(id).sp3, "R0") << id;
 }
 
-// Periods computed apart, to 20 digits, from GM = 3.9860044e14 m3/s2.
+// Both periods of a satellite, the same status and at most one code.
+void expect_periods(long id, long status, long code, double shortest, double longest)
+{
+    for (const auto &[get, wanted] : {std::pair(KL_Get_min_period, shortest), std::pair(KL_Get_max_period, longest)}) {
+        double period = wanted * 2;
+        kl_error_record record;
+        EXPECT_EQ(get(&id, &period, &record), status) << id;
+        EXPECT_EQ(recorded_only(record, code), status != KL_OK) << id;
+        EXPECT_NEAR(period, status == KL_ERR ? wanted * 2 : wanted, wanted * kRounding * 2) << id;
+    }
+}
+
 TEST(Periods, FollowTheSemiMajorAxis)
 {
-    struct Case {
-        long id;
-        double shortest, longest; // s
+    constexpr std::tuple<long, double, double> kPeriods[] = {
+#include "sat/periods.inc"
     };
-    const Case cases[] = {{200, 5976.5771900753108991, 6072.5584356817824996},
-                          {300, 86163.570745127019697, 86166.636064414562141},
-                          {899, 28148.54654982108648, 28148.54654982108648}};
-    double period = 0;
-    for (const Case &c : cases) {
-        EXPECT_EQ(KL_Get_min_period(&c.id, &period, nullptr), KL_OK) << c.id;
-        EXPECT_NEAR(period, c.shortest, c.shortest * kRounding * 2) << c.id;
-        EXPECT_EQ(KL_Get_max_period(&c.id, &period, nullptr), KL_OK) << c.id;
-        EXPECT_NEAR(period, c.longest, c.longest * kRounding * 2) << c.id;
-    }
-    const long invalid = 500;
-    const double before = period;
-    kl_error_record record;
+    for (const auto &[id, shortest, longest] : kPeriods)
+        expect_periods(id, KL_OK, 0, shortest, longest);
     kl_verbose();
-    const std::string said = captured_stderr([&] { EXPECT_EQ(KL_Get_min_period(&invalid, &period, &record), KL_ERR); });
+    const std::string said = captured_stderr([] { expect_periods(500, KL_ERR, 0, 6000, 6000); });
     kl_silent();
     EXPECT_EQ(said.find("ORBKIT_LIB >>> ERROR in KL_Sat_id_to_array: "), 0U) << "the mapping says first what is wrong";
-    EXPECT_TRUE(recorded_only(record, 0));
-    EXPECT_EQ(KL_Get_max_period(&invalid, &period, &record), KL_ERR);
-    EXPECT_TRUE(recorded_only(record, 0));
-    EXPECT_EQ(period, before);
 }
 
 TEST(Periods, OnPurposeTheLongestFallsBackToTheLargestAxisOfAllSatellites)
 {
     constexpr double kEarthRadiusPeriod = 5069.342618127838804;  // s, of 6378136 m
     constexpr double kLargestAxisPeriod = 86166.636064414562141; // s, of 42165000 m
-    const RowKept kept(12);
-    const long id = 21;
-    double period = 0;
+    const TablesKept kept;
     for (const double axis : {0.0, 6378135.9, -1e7}) {
         A_MIN[12] = A_MAX[12] = axis;
-        kl_error_record record;
-        EXPECT_EQ(KL_Get_min_period(&id, &period, &record), KL_WARN);
-        EXPECT_NEAR(period, kEarthRadiusPeriod, kEarthRadiusPeriod * kRounding * 2);
-        EXPECT_TRUE(recorded_only(record, 1));
-        EXPECT_EQ(KL_Get_max_period(&id, &period, &record), KL_WARN);
-        EXPECT_NEAR(period, kLargestAxisPeriod, kLargestAxisPeriod * kRounding * 2);
-        EXPECT_TRUE(recorded_only(record, 1));
+        expect_periods(21, KL_WARN, 1, kEarthRadiusPeriod, kLargestAxisPeriod);
     }
-    A_MIN[12] = 6378136.0;
-    EXPECT_EQ(KL_Get_min_period(&id, &period, nullptr), KL_OK);
+    A_MIN[12] = A_MAX[12] = 6378136.0;
+    expect_periods(21, KL_OK, 0, kEarthRadiusPeriod, kEarthRadiusPeriod);
 }
 
 } // namespace
