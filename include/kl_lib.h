@@ -1369,14 +1369,14 @@ enum { KL_QUATERNIONS_TO_VECTORS_MODULE_ERR = 0, KL_QUATERNIONS_TO_VECTORS_N_COD
  *
  * @param[in]  q        [4] unit quaternion within 1e-6, scalar last; used as given, not normalised
  * @param[out] x, y, z  [3] columns of the attitude matrix
- * @param[out] ierr     [1] KL_QUATERNIONS_TO_VECTORS_MODULE_ERR: not of unit length
- * @return KL_OK or KL_ERR
+ * @param[out] ierr     [1] KL_QUATERNIONS_TO_VECTORS_MODULE_ERR: not of unit length; NaN, NULL
+ * @return KL_OK or KL_ERR; KL_ERR with a clear vector when an output is NULL
  */
 KL_API long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr);
 
 /** Conditions of kl_vectors_to_quaternions. */
 enum {
-    KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR = 0,     /**< a null vector, or a left-handed set */
+    KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR = 0,     /**< a null vector, or a left-handed set; NULL */
     KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR = 1, /**< not orthogonal within 1e-6; NaN */
     KL_VECTORS_TO_QUATERNIONS_N_CODES
 };
@@ -1388,7 +1388,7 @@ enum {
  *                      copies
  * @param[out] q        [4] unit quaternion, scalar last
  * @param[out] ierr     [1] error vector
- * @return KL_OK or KL_ERR
+ * @return KL_OK or KL_ERR; KL_ERR with a clear vector when q is NULL
  */
 KL_API long kl_vectors_to_quaternions(const double x[3], const double y[3], const double z[3], double q[4], long *ierr);
 
@@ -1410,7 +1410,9 @@ enum {
  * @param[in]     t     time wanted
  * @param[out]    q     [4] unit quaternion
  * @param[out]    ierr  [1] error vector
- * @return KL_OK, KL_WARN or KL_ERR. NaN, infinities and null quaternions are KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR.
+ * @return KL_OK, KL_WARN or KL_ERR. NaN, infinities, null quaternions and t1 = t2 with another t are
+ *         KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR, as a NULL mode is where it counts; KL_ERR with a clear vector when
+ *         another argument is NULL
  */
 KL_API long kl_quaternions_interpol(const long *mode, const double *t1, const double q1[4], const double *t2,
                                     double q2[4], const double *t, double q[4], long *ierr);
@@ -1432,7 +1434,7 @@ KL_API long kl_euler_to_matrix(const double angles[3], double matrix[9], long *i
 enum {
     KL_MATRIX_TO_EULER_ROTATION_ERR = 0,    /**< not a rotation within 1e-9 */
     KL_MATRIX_TO_EULER_AMBIGUITY_WARN = 1,  /**< a0 is +-90 deg: only a sum of the others is known, a2 = 0 */
-    KL_MATRIX_TO_EULER_ORTHONORMAL_ERR = 2, /**< rows not orthonormal within 1e-6 */
+    KL_MATRIX_TO_EULER_ORTHONORMAL_ERR = 2, /**< rows not orthonormal within 1e-6; NaN, NULL */
     KL_MATRIX_TO_EULER_N_CODES
 };
 
@@ -1442,7 +1444,7 @@ enum {
  * @param[in]  matrix  [9] row by row
  * @param[out] angles  [3] deg in (-180, 180]; on purpose 270 for a0 = -90 deg in the ambiguous case
  * @param[out] ierr    [1] error vector
- * @return KL_OK, KL_WARN or KL_ERR
+ * @return KL_OK, KL_WARN or KL_ERR; KL_ERR with a clear vector when angles is NULL
  */
 KL_API long kl_matrix_to_euler(const double matrix[9], double angles[3], long *ierr);
 
@@ -1459,9 +1461,9 @@ enum {
  *
  * @param[in]  x1, y1, z1  [3] first set, orthogonal; any lengths
  * @param[in]  x2, y2, z2  [3] second set
- * @param[out] angles      [3] deg, as kl_matrix_to_euler gives them; at a0 = +-90 deg a2 is 0
+ * @param[out] angles      [3] deg, as kl_matrix_to_euler gives them; at a0 = +-90 deg a2 is 0, without a warning
  * @param[out] ierr        [1] error vector
- * @return KL_OK or KL_ERR
+ * @return KL_OK or KL_ERR; KL_ERR with a clear vector when angles is NULL
  */
 KL_API long kl_get_rotation_angles(const double x1[3], const double y1[3], const double z1[3], const double x2[3],
                                    const double y2[3], const double z2[3], double angles[3], long *ierr);
@@ -1480,7 +1482,7 @@ enum {
  * @param[in]  angles      [3] deg
  * @param[out] x2, y2, z2  [3] unit axes of the turned set; may be those of the first
  * @param[out] ierr        [1] error vector
- * @return KL_OK or KL_ERR
+ * @return KL_OK or KL_ERR; KL_ERR with a clear vector when an output is NULL
  */
 KL_API long kl_get_rotated_vectors(const double x1[3], const double y1[3], const double z1[3], const double angles[3],
                                    double x2[3], double y2[3], double z2[3], long *ierr);
