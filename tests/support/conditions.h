@@ -38,4 +38,8 @@ void expect_bits(const char *name, long bits, const Call &call)
     EXPECT_EQ(ierr, bits == kRefused ? 0 : bits) << name;
 }
 
+// Rows of a table of calls, included in the body of a test: what the call returns, or what it leaves in its vector.
+#define GIVES(expected, ...) EXPECT_EQ(__VA_ARGS__, expected) << #__VA_ARGS__;
+#define LEAVES(bits, ...) expect_bits(#__VA_ARGS__, bits, [&](long *e) { return __VA_ARGS__; });
+
 #endif

@@ -1,5 +1,6 @@
 // The correlation look-up: rows, interpolation, both ends of the table, once-only warnings, one instant to TAI and
 // back.
+#include "support/captured_stream.h"
 #include "time/time_table.h"
 
 #include <algorithm>
@@ -254,3 +255,18 @@ TEST(GetTimeInRef, CopiesOrConverts)
 }
 
 } // namespace
+
+TEST(Conversion, VerboseModePrintsThatUt1GoesIntoTheFormulaAlsoUnderAModelThatIsNeverOutside)
+{
+    Table open_ended = ten_days();
+    open_ended.data.model = 8;
+    open_ended.data.no_extrapolation = 0;
+    TableId id(open_ended);
+    convert(id, KL_TIME_UTC, 50.0, KL_TIME_TAI); // spends the once-only warning
+    kl_verbose();
+    const std::string lines = captured_stderr([&] { convert(id, KL_TIME_UT1, 50.0, KL_TIME_TAI); });
+    kl_silent();
+    EXPECT_EQ(lines,
+              "ORBKIT_LIB >>> WARNING in KL_Time_ref_init_file_deltas: Input UT1 for extrapolation UT1-UTC formula "
+              "(expected UTC). Transforming to UTC with time correlations of last record\n");
+}
