@@ -164,7 +164,8 @@ long kl_quaternions_interpol(const long *mode, const double *t1, const double q1
     const bool inside = *t1 <= *t && *t <= *t2;
     const double span = *t2 - *t1;
     const double u = *t == *t1 ? 0.0 : span != 0.0 ? (*t - *t1) / span : NAN;
-    if ((!std::isfinite(u) || !std::isfinite(*t) || !usable(q1) || !usable(q2))
+    // A step of the extrapolation is u times an angle of up to a turn.
+    if ((!std::isfinite(span) || !std::isfinite(KL_TWO_PI * u) || !usable(q1) || !usable(q2))
         && call.stops(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR))
         return KL_ERR;
     if (inside) {
