@@ -8,6 +8,7 @@
 
 #include <cstring>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -64,43 +65,20 @@ std::string refusal(const std::string &upper, const std::string &lower, const st
 
 TEST(LibraryVersion, IsReportedWithEveryPairThatDoesNotFit)
 {
-    const std::string kd_kf = refusal("data_handling", "file_handling", " 4.27");
-    struct Case {
-        const char *name;
-        const char *file_handling, *data_handling;
-        std::vector<std::string> table;
-        std::string report;
-    };
+    const auto kd_kf = [](const char *versions) { return refusal("data_handling", "file_handling", versions); };
     const std::string lib_kf = refusal("lib", "file_handling", " 4.27");
     // On purpose: the first row of the table is another library's, so the list begins with a comma.
     const std::string lib_kd = refusal("lib", "data_handling", ", 4.27");
-    const auto none_of = [](const char *versions) { return refusal("data_handling", "file_handling", versions); };
-    const Case cases[] = {
-        {"all as they are", "", "", {}, heading("4.27", "4.27")},
-        {"an older data handling", "", "KD_VERS_4.26", {}, heading("4.27", "4.26") + lib_kd},
-        {"an older file handling", "KF_VERS_4.9", "", {}, heading("4.9", "4.27") + kd_kf + lib_kf},
-        {"both", "KF_VERS_5.0", "KD_VERS_5.0", {}, heading("5.0", "5.0") + kd_kf + lib_kf + lib_kd},
-        {"several fit", "", "", {"KD_KF_COMPAT_4.25", "KD_KF_COMPAT_4.27"}, heading("4.27", "4.27")},
-        {"several, none of which fits",
-         "",
-         "",
-         {"KD_KF_COMPAT_4.25", "KD_XX_COMPAT_4.27", "KD_KF_COMPAT_4.26"},
-         heading("4.27", "4.27") + none_of(" 4.25, 4.26")},
-        {"a longer one", "", "", {"KD_KF_COMPAT_4.271"}, heading("4.27", "4.27") + none_of(" 4.271")},
-        {"twenty characters are kept",
-         "KF_VERS_4.27-with-a-long-suffix",
-         "",
-         {"KD_KF_COMPAT_4.27-with-a-long-suf"},
-         heading("4.27-with-a-long-suf", "4.27") + lib_kf},
-        {"no number", "KF_VERS_", "", {}, heading("", "4.27") + kd_kf + lib_kf},
+    using Table = std::vector<std::string>;
+    const std::tuple<const char *, const char *, const char *, Table, std::string> cases[] = {
+#include "error/versions.inc"
     };
-    for (const Case &c : cases) {
-        file_handling_version = c.file_handling;
-        data_handling_version = c.data_handling;
-        data_handling_table = c.table;
+    for (const auto &[name, file_handling, data_handling, table, report] : cases) {
+        std::tie(file_handling_version, data_handling_version, data_handling_table) =
+            std::tie(file_handling, data_handling, table);
         long result = 7;
-        EXPECT_EQ(captured_stdout([&] { result = kl_check_library_version(); }), c.report) << c.name;
-        EXPECT_EQ(result, c.report.find("not compatible") == std::string::npos ? 0 : -1) << c.name;
+        EXPECT_EQ(captured_stdout([&] { result = kl_check_library_version(); }), report) << name;
+        EXPECT_EQ(result, report.find("not compatible") == std::string::npos ? 0 : -1) << name;
     }
     file_handling_version.clear();
     data_handling_version.clear();

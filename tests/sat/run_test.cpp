@@ -1,6 +1,6 @@
 // Runs: their life, what they pin, what prevents them, and the links that they hold.
 #include "kit_data_handling.h"
-#include "kl_family.h"
+#include "support/bare_id.h"
 #include "support/conditions.h"
 #include "support/fault_injection.h"
 
@@ -22,17 +22,6 @@ struct RunLayout {
     long sat_id;
     kl_id_record *model, *time;
     kl_id_record *siblings[6]; // kinds 4, 7, 8, 9, 11, 12
-};
-
-// An id without a kind's own data: enough for a run to hold.
-struct Id {
-    kl_id_record record = {};
-    kl_id_record *handle = &record;
-
-    explicit Id(long kind) { EXPECT_EQ(KL_Id_init(&kSatId, kind, &record), 0); }
-    ~Id() { EXPECT_EQ(KL_Id_close(&handle), 0) << "something still uses it"; }
-    Id(const Id &) = delete;
-    Id &operator=(const Id &) = delete;
 };
 
 class Runs : public testing::Test {
@@ -70,7 +59,7 @@ protected:
         return *static_cast<RunLayout **>(kd_list_data(node));
     }
 
-    Id time_record{KL_ID_TIME}, model_record{KL_ID_MODEL};
+    BareId time_record{KL_ID_TIME}, model_record{KL_ID_MODEL};
     kl_time_id time = {&time_record.record};
     kl_model_id model = {&model_record.record};
 };
@@ -156,7 +145,7 @@ TEST_F(Runs, AreRefusedForABadId)
 
 TEST_F(Runs, AreConsistentWhenWhatTheirIdsUseIsInTheListTooAndOnPurposeOpenedInAnyCase)
 {
-    Id lower(5);
+    BareId lower(5);
     ASSERT_EQ(KL_Link_ids(&lower.record, model.record), 0);
     const long first = open();
     EXPECT_EQ(first, 0);
@@ -188,7 +177,7 @@ TEST_F(Runs, OnPurposeOnlyTheFirstKindOfTheHigherLibrariesIsDetached)
 {
     const long kinds[] = {4, 7, 8, 9, 11, 12};
     for (std::size_t slot = 0; slot < std::size(kinds); ++slot) {
-        Id id(kinds[slot]);
+        BareId id(kinds[slot]);
         const long run = open();
         RunLayout *record = layout();
         EXPECT_EQ(record->siblings[slot], nullptr);
