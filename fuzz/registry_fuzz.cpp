@@ -1,22 +1,72 @@
 // Satellites, runs with their twins, and the decoding of error vectors.
 #include "fuzz_input.h"
 
+#include <cstdlib>
+
 namespace {
+
+// The nine conversions of a run.
+void convert_with_run(FuzzInput &in, const long *run_id)
+{
+    const long *run = in.maybe(run_id);
+    const long form_in = in.byte() % 8 == 0 ? in.number() : 10 * (1 + in.byte() % 5) + 1 + in.byte() % 4;
+    const long form_out = in.byte() % 8 == 0 ? in.number() : 10 * (1 + in.byte() % 5) + 1 + in.byte() % 4;
+    const long proc = in.byte() % 8 == 0 ? in.number() : KL_PROC;
+    const long from = in.byte() % 5;
+    const long to = in.byte() % 5;
+    const double days_in = in.real();
+    const std::string text_in = in.text(64);
+    const long fields_in[KL_TRANSPORT_LENGTH] = {in.number(), in.number(), in.bits<std::int32_t>(), in.number()};
+    const double *day = in.maybe(&days_in);
+    const char *words = in.maybe(text_in.c_str());
+    const long *parts = in.maybe(&fields_in[0]);
+    double days = 0.0;
+    char text[KL_TIME_ASCII_LENGTH];
+    long fields[KL_TRANSPORT_LENGTH];
+    long ierr[2] = {0, 0};
+    switch (in.byte() % 9) {
+    case 0:
+        kl_time_processing_to_processing_run(run, &proc, &from, day, &proc, &to, &days, ierr);
+        break;
+    case 1:
+        kl_time_processing_to_ascii_run(run, &proc, &from, day, &form_out, &to, text, ierr);
+        break;
+    case 2:
+        kl_time_processing_to_transport_run(run, &proc, &from, day, &form_out, &to, fields, ierr);
+        break;
+    case 3:
+        kl_time_ascii_to_processing_run(run, &form_in, &from, words, &proc, &to, &days, ierr);
+        break;
+    case 4:
+        kl_time_ascii_to_ascii_run(run, &form_in, &from, words, &form_out, &to, text, ierr);
+        break;
+    case 5:
+        kl_time_ascii_to_transport_run(run, &form_in, &from, words, &form_out, &to, fields, ierr);
+        break;
+    case 6:
+        kl_time_transport_to_processing_run(run, &form_in, &from, parts, &proc, &to, &days, ierr);
+        break;
+    case 7:
+        kl_time_transport_to_ascii_run(run, &form_in, &from, parts, &form_out, &to, text, ierr);
+        break;
+    default:
+        kl_time_transport_to_transport_run(run, &form_in, &from, parts, &form_out, &to, fields, ierr);
+        break;
+    }
+}
 
 void use_run(FuzzInput &in, const long *run)
 {
     const long ref = in.byte() % 4;
-    const long format = in.byte() % 2 == 0 ? KL_PROC : in.number();
     const double time = in.real();
     double days = 0.0;
     double pos[3];
     double vel[3];
     double acc[3] = {0.0, 0.0, 0.0};
     char text[KL_TIME_ASCII_LENGTH];
-    long fields[KL_TRANSPORT_LENGTH] = {in.number(), in.number(), in.number(), in.number()};
     long ierr[2] = {0, 0};
     const long other = in.number();
-    switch (in.byte() % 10) {
+    switch (in.byte() % 8) {
     case 0:
         kl_sun_run(run, &ref, &time, pos, vel, ierr);
         break;
@@ -33,32 +83,27 @@ void use_run(FuzzInput &in, const long *run)
         kl_change_cart_cs_run(run, &mode, &from, &other, &ref, &time, state, state, state, pos, vel, acc, ierr);
         break;
     }
-    case 4:
-        kl_time_processing_to_processing_run(run, &format, &ref, &time, &format, &other, &days, ierr);
-        break;
-    case 5:
-        kl_time_processing_to_ascii_run(run, &format, &ref, &time, &other, &ref, text, ierr);
-        break;
-    case 6:
-        kl_time_transport_to_processing_run(run, &other, &ref, fields, &format, &ref, &days, ierr);
-        break;
-    case 7: {
+    case 4: {
         char after[KL_TIME_ASCII_LENGTH];
         long sign = 0;
         kl_time_get_leap_second_info_run(run, &other, &sign, text, after, ierr);
         break;
     }
-    case 8: {
+    case 5: {
         const kl_obt_param_vardo parameters = {in.number(), in.number()};
         const kl_obt_vardo obt = {parameters.sat_id, in.bits<unsigned long>(), in.bits<unsigned long>()};
         kl_time_obt_to_time_run(run, &ref, &parameters, &obt, &days, ierr);
         break;
     }
-    default: {
+    case 6: {
         const kl_obt_param_vardo parameters = {in.number(), in.number()};
         kl_obt_vardo obt = {parameters.sat_id, 0, 0};
         kl_time_time_to_obt_run(run, &ref, &parameters, &time, &obt, ierr);
+        break;
     }
+    default:
+        convert_with_run(in, run);
+        break;
     }
 }
 
@@ -72,7 +117,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     while (!in.empty()) {
         long id = in.byte() % 2 == 0 ? in.byte() % 24 : in.number();
         long ierr[2] = {in.bits<long>(), in.bits<long>()};
-        switch (in.byte() % 9) {
+        switch (in.byte() % 12) {
         case 0: {
             const long sat_id = in.byte() % 2 == 0 ? 200 : in.number();
             expect_status(
@@ -115,12 +160,30 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             kl_get_code(in.maybe(&id), in.maybe(&ierr[0]), in.maybe(&n), in.maybe(&codes[0]));
             break;
         }
+        case 8: {
+            const long n = in.number();
+            if (n < 4) // more prints more of the same
+                kl_print_msg(&n, in.maybe(&messages[0]));
+            break;
+        }
+        case 9: {
+            void *array = in.byte() % 2 == 0 ? std::malloc(8) : nullptr;
+            kl_free_array(&array);
+            kl_free_array(in.maybe(&array));
+            break;
+        }
+        case 10:
+            in.byte() % 16 == 0 ? kl_verbose() : kl_silent();
+            if (in.byte() % 64 == 0) // it prints a page
+                kl_check_library_version();
+            break;
         default: {
             long n = 0;
             kl_get_msg(in.maybe(&id), in.maybe(&ierr[0]), in.maybe(&n), messages);
         }
         }
     }
+    kl_silent();
     for (long run = 0; run < 20; ++run)
         kl_run_close(&run);
     for (long sat = 0; sat < 10; ++sat)

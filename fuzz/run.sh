@@ -12,6 +12,6 @@ for target in time clocks sky rotations registry; do
     mkdir -p "$found"
     echo "== $target: $seconds s"
     (cd build/fuzz/corpus && UBSAN_OPTIONS=print_stacktrace=1 ../fuzz/${target}_fuzz -max_total_time="$seconds" \
-        -max_len=1024 -timeout=10 -print_final_stats=1 "$target" "../../../fuzz/corpus/$target" \
+        -max_len=1024 -timeout=10 -print_final_stats=1 -close_fd_mask=1 "$target" "../../../fuzz/corpus/$target" \
         2>&1 | tail -n 12)
 done
