@@ -1,12 +1,11 @@
 // ModelId and TimeId: copies share and count, the last one closes. And their base, which only counts up.
-#include "objects/open_record.h"
-#include "orbkit.hpp"
-#include "support/captured_stream.h"
+#include "objects/objects.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <atomic>
+#include <memory>
 #include <optional>
+#include <random>
 #include <thread>
 #include <tuple>
 #include <type_traits>
@@ -17,50 +16,33 @@ using namespace ORBKIT;
 namespace {
 
 template <typename Id>
-Id make();
-
-template <>
-ModelId make<ModelId>()
-{
-    return ModelId(KL_MODEL_DEFAULT, {});
-}
-
-template <>
-TimeId make<TimeId>()
-{
-    return TimeId({0.0, 0.0, 0.0, 0.0});
-}
-
-template <typename Id>
 struct Expected;
 
 template <>
 struct Expected<ModelId> {
-    static constexpr long kind = KL_ID_MODEL;
-    static constexpr long mode = 0;
+    static constexpr long kind = KL_ID_MODEL, mode = 0;
     static constexpr const char *refusal = "ORBKIT_LIB >>> ERROR in kl_model_close: The Model Id is not initialized or "
                                            "it could be in use by another Id.\n";
-    static constexpr const char *close_failure = "ModelId::ModelId";
-    static long close(void *record)
-    {
-        kl_model_id id = {record};
-        return kl_model_close(&id, nullptr);
-    }
+    static constexpr const char *close_failure = "ModelId::ModelId\n";
+    static ModelId make() { return ModelId(KL_MODEL_DEFAULT, {}); }
+    static long close(kl_model_id id) { return kl_model_close(&id, nullptr); }
 };
 
 template <>
 struct Expected<TimeId> {
-    static constexpr long kind = KL_ID_TIME;
-    static constexpr long mode = -1;
+    static constexpr long kind = KL_ID_TIME, mode = -1;
     static constexpr const char *refusal = "ORBKIT_LIB >>> ERROR in kl_time_ref_close: The Time Id is not initialized "
                                            "or it could be in use by another Id.\n";
-    static constexpr const char *close_failure = "TimeId::eraseObject";
-    static long close(void *record)
-    {
-        kl_time_id id = {record};
-        return kl_time_close(&id, nullptr);
-    }
+    static constexpr const char *close_failure = "TimeId::eraseObject\n";
+    static TimeId make() { return TimeId({0.0, 0.0, 0.0, 0.0}); }
+    static long close(kl_time_id id) { return kl_time_close(&id, nullptr); }
 };
+
+template <typename Id>
+Id make()
+{
+    return Expected<Id>::make();
+}
 
 template <typename Id>
 class SharedId : public testing::Test {
@@ -68,98 +50,62 @@ class SharedId : public testing::Test {
 using Ids = testing::Types<ModelId, TimeId>;
 TYPED_TEST_SUITE(SharedId, Ids);
 
-TYPED_TEST(SharedId, EmptyObjectHasNoIdAndNothingToClose)
+TYPED_TEST(SharedId, OneObjectIsOneInstanceOfItsKindAndCannotBeClosedBesideIt)
 {
-    TypeParam empty;
-    EXPECT_EQ(empty.status(), 0);
-    EXPECT_EQ(empty.mode(), 0);
-    EXPECT_EQ(empty.getId()->record, nullptr);
-    EXPECT_NO_THROW(empty.eraseObject());
-    TypeParam copy(empty);
-    copy = empty;
-    EXPECT_EQ(copy.status(), 0);
-}
-
-TYPED_TEST(SharedId, OneObjectIsOneInstanceOfItsKind)
-{
-    const TypeParam id = make<TypeParam>();
-    EXPECT_EQ(id.status(), 1);
+    const TypeParam id = make<TypeParam>(), empty;
     EXPECT_EQ(KL_Id_get_init_type(id.getId()), Expected<TypeParam>::kind);
     EXPECT_EQ(id.mode(), Expected<TypeParam>::mode);
-    EXPECT_EQ(instances(id.getId()), 1);
-}
-
-TYPED_TEST(SharedId, FirstObjectMayDieBeforeItsCopy)
-{
-    std::optional<TypeParam> first(make<TypeParam>());
-    const OpenRecord record(first->getId());
-    {
-        const TypeParam copy(*first);
-        EXPECT_EQ(instances(copy.getId()), 2);
-        first.reset();
-        EXPECT_TRUE(record.open());
-        EXPECT_EQ(copy.status(), 1);
-        EXPECT_EQ(instances(copy.getId()), 1);
-    }
-    EXPECT_FALSE(record.open()) << "the last copy closes";
-}
-
-TYPED_TEST(SharedId, AssignmentReleasesTheOldIdAndSharesTheNew)
-{
-    TypeParam target = make<TypeParam>();
-    const OpenRecord old_record(target.getId());
-    const TypeParam source = make<TypeParam>();
-    target = source;
-    EXPECT_FALSE(old_record.open());
-    EXPECT_EQ(target.getId()->record, source.getId()->record);
-    EXPECT_EQ(instances(source.getId()), 2);
-
-    const TypeParam &itself = target;
-    target = itself;
-    EXPECT_EQ(instances(source.getId()), 2) << "self-assignment does nothing";
-    target = source;
-    EXPECT_EQ(instances(source.getId()), 2) << "the same id again";
-    target = TypeParam();
-    EXPECT_EQ(target.status(), 0);
-    EXPECT_EQ(instances(source.getId()), 1);
-}
-
-TYPED_TEST(SharedId, MovingTakesTheIdAlong)
-{
+    EXPECT_EQ(Expected<TypeParam>::close({id.getId()->record}), KL_ERR);
+    EXPECT_EQ(empty.mode(), 0);
+    EXPECT_EQ(empty.getId()->record, nullptr);
     static_assert(std::is_nothrow_move_constructible_v<TypeParam>);
-    TypeParam first = make<TypeParam>();
-    const OpenRecord record(first.getId());
-    TypeParam second(std::move(first));
-    EXPECT_EQ(first.status(), 0); // NOLINT(bugprone-use-after-move): a moved-from object is empty
-    EXPECT_EQ(instances(second.getId()), 1);
-
-    TypeParam third = make<TypeParam>();
-    const OpenRecord third_record(third.getId());
-    third = std::move(second);
-    EXPECT_FALSE(third_record.open());
-    EXPECT_EQ(instances(third.getId()), 1);
-    TypeParam &itself = third;
-    third = std::move(itself);
-    EXPECT_EQ(third.status(), 1);
-    third = TypeParam();
-    EXPECT_FALSE(record.open());
 }
 
-TYPED_TEST(SharedId, ErasingTwiceGivesUpOneShare)
+// Random copies, moves, assignments and releases over a few objects, against shared pointers.
+TYPED_TEST(SharedId, CountsAndClosesLikeASharedPointerAfterAnyHistory)
 {
-    TypeParam first = make<TypeParam>();
-    const TypeParam copy(first);
-    first.eraseObject();
-    first.eraseObject();
-    EXPECT_EQ(first.status(), 0);
-    EXPECT_EQ(instances(copy.getId()), 1);
-}
-
-TYPED_TEST(SharedId, CannotBeClosedBesideTheObjects)
-{
-    const TypeParam id = make<TypeParam>();
-    EXPECT_EQ(Expected<TypeParam>::close(id.getId()->record), KL_ERR);
-    EXPECT_EQ(id.status(), 1);
+    constexpr std::size_t kObjects = 4;
+    std::vector<TypeParam> objects(kObjects);
+    std::vector<std::shared_ptr<OpenRecord>> pointers(kObjects), made;
+    std::mt19937 random(20260102);
+    for (int step = 0; step < 3000; ++step) {
+        const std::size_t from = random() % kObjects, to = random() % kObjects; // often the same
+        switch (random() % 6) {
+        case 0:
+            objects[to] = make<TypeParam>();
+            made.push_back(pointers[to] = std::make_shared<OpenRecord>(objects[to].getId()));
+            break;
+        case 1:
+            objects[to] = objects[from];
+            pointers[to] = pointers[from];
+            break;
+        case 2:
+            objects[to] = std::move(objects[from]);
+            pointers[to] = from == to ? pointers[to] : std::exchange(pointers[from], nullptr);
+            break;
+        case 3: { // both constructors, and a destructor
+            TypeParam copy(objects[from]), moved(std::move(objects[from]));
+            EXPECT_EQ(copy.status(), moved.status());
+            EXPECT_EQ(objects[from].status(), 0); // NOLINT(bugprone-use-after-move): a moved-from object is empty
+            objects[to] = copy;
+            pointers[to] = from == to ? pointers[to] : std::exchange(pointers[from], nullptr);
+            break;
+        }
+        default: // twice gives up one share
+            objects[to].eraseObject();
+            objects[to].eraseObject();
+            pointers[to] = nullptr;
+        }
+        for (std::size_t i = 0; i < kObjects; ++i) {
+            ASSERT_EQ(objects[i].status(), pointers[i] != nullptr ? 1 : 0) << step;
+            // One pointer more for the list of all that were made.
+            ASSERT_TRUE(!pointers[i] || instances(objects[i].getId()) == pointers[i].use_count() - 1) << step;
+        }
+        for (const std::shared_ptr<OpenRecord> &record : made)
+            ASSERT_EQ(record->open(), record.use_count() > 1) << step;
+        made.erase(std::remove_if(made.begin(), made.end(), [](const auto &record) { return record.use_count() == 1; }),
+                   made.end());
+    }
 }
 
 TYPED_TEST(SharedId, IdOfARunOutlivesItsObjectsAndSaysSoInVerboseMode)
@@ -182,7 +128,7 @@ TYPED_TEST(SharedId, IdOfARunOutlivesItsObjectsAndSaysSoInVerboseMode)
         EXPECT_EQ(KL_Id_init_status(&record), 1) << "left open";
         EXPECT_EQ(instances(&record), 0);
         kl_run_close(&run);
-        EXPECT_EQ(Expected<TypeParam>::close(record), KL_OK);
+        EXPECT_EQ(Expected<TypeParam>::close({record}), KL_OK);
     }
 }
 
@@ -201,25 +147,17 @@ TYPED_TEST(SharedId, OnPurposeFailingCloseCarriesTheNameOfTheConstructorForModel
     auto *record = static_cast<kl_id_record *>(handle);
     pthread_mutex_t *const own = std::exchange(record->mutex, &stuck);
     captured_stderr([&] {
-        try {
-            id.eraseObject();
-            ADD_FAILURE() << "no exception";
-        } catch (const KitError &error) {
-            EXPECT_EQ(error.getMsg().front(), Expected<TypeParam>::close_failure);
-            std::vector<long> codes;
-            error.getCodes(codes);
-            EXPECT_EQ(codes, std::vector<long>{0});
-        }
+        const Thrown thrown = thrown_by([&] { id.eraseObject(); });
+        EXPECT_EQ(thrown.text.find(Expected<TypeParam>::close_failure), 0U);
+        EXPECT_EQ(thrown.code, 0);
         EXPECT_EQ(id.status(), 0);
 
         id.getId()->record = handle; // and the destructor keeps quiet
-        {
-            TypeParam dying(std::move(id));
-        }
+        TypeParam(std::move(id)).status();
     });
     record->mutex = own;
     KL_Delete_instance(&handle);
-    EXPECT_EQ(Expected<TypeParam>::close(handle), KL_OK);
+    EXPECT_EQ(Expected<TypeParam>::close({handle}), KL_OK);
     pthread_mutex_unlock(&stuck);
     pthread_mutex_destroy(&stuck);
     pthread_mutexattr_destroy(&attributes);
@@ -252,32 +190,25 @@ TYPED_TEST(SharedId, ThreadsMayDropTheLastSharesAtOnce)
 
 TEST(KitId, OnPurposeAssignmentAndDestructorKeepTheOldShare)
 {
-    const ModelId one = make<ModelId>();
-    const ModelId two = make<ModelId>();
+    static_assert(std::has_virtual_destructor_v<KitId>);
+    const ModelId one = make<ModelId>(), two = make<ModelId>();
     {
         KitId share(one);
         EXPECT_EQ(instances(one.getId()), 2);
         share = two;
         EXPECT_EQ(instances(one.getId()), 2);
         EXPECT_EQ(instances(two.getId()), 2);
-        const KitId taken(std::move(share));
+        KitId taken(std::move(share));
         EXPECT_EQ(instances(two.getId()), 2);
         EXPECT_EQ(share.status(), 0); // NOLINT(bugprone-use-after-move): a moved-from object is empty
+        taken.addInstance();
+        EXPECT_EQ(instances(two.getId()), 3);
+        taken.subtractInstance();
     }
     EXPECT_EQ(instances(two.getId()), 2);
+    KitId(one).subtractInstance(); // the share of this object
     KL_Delete_instance(one.getId());
     KL_Delete_instance(two.getId());
-}
-
-TEST(KitId, CountsWhatItIsTold)
-{
-    static_assert(std::has_virtual_destructor_v<KitId>);
-    ModelId id = make<ModelId>();
-    KitId &base = id;
-    base.addInstance();
-    EXPECT_EQ(instances(base.getId()), 2);
-    base.subtractInstance();
-    EXPECT_EQ(instances(base.getId()), 1);
     KitId empty;
     empty.addInstance();
     empty.subtractInstance();
