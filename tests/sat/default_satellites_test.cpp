@@ -62,14 +62,8 @@ TEST_F(DefaultSatellites, TakeTheLowestFreeSlotAndTheEleventhFails)
         EXPECT_EQ(KL_Check_sat_id(&slot, nullptr), 0);
         EXPECT_EQ(kl_default_sat_array[slot], 1);
     }
-    EXPECT_EQ(init("", error_bits(KL_DEFAULT_SAT_INIT_NO_SLOT_ERR)), 55);
-    for (const long slot : {6L, 3L})
-        EXPECT_EQ(kl_default_sat_close(&slot), slot);
-    EXPECT_EQ(init(""), 3);
-    EXPECT_EQ(init(""), 6);
-    for (const long other : {-1L, 10L, 11L, 200L})
-        EXPECT_EQ(kl_default_sat_close(&other), -1);
-    EXPECT_EQ(kl_default_sat_close(nullptr), -1);
+    const long ids[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, -1, 10, 11, 200};
+#include "sat/slots.inc"
 }
 
 // Name, SP3 identifier, catalogue number, catalogue name and designator, with a bar between.
@@ -96,17 +90,9 @@ TEST_F(DefaultSatellites, TakeEveryValueOfTheirFileAndCloseClearsAllButTheLimits
                                   60,      120,     0,       0.5,   7e6,   7.3e6, 98,      99, 0,   0.01};
     EXPECT_EQ(values(), wanted);
 
-    const long number = 7;
-    EXPECT_EQ(kl_set_sp3_sat_data(id, "SP3!"), 0) << "while it is in use";
-    EXPECT_EQ(kl_set_tle_sat_data(&id, &number, "x", "y"), -1) << "in use or not";
-    EXPECT_EQ(kl_default_sat_close(&id), id);
-    EXPECT_EQ(KL_Check_sat_id(&id, nullptr), -1);
-    std::fill_n(wanted.begin(), 8, 0.0); // the envelope
+#include "sat/closed_slot.inc"
+    std::fill_n(wanted.begin(), 8, 0.0); // the envelope goes, the limits stay
     EXPECT_EQ(values(), wanted);
-    EXPECT_EQ(std::string(kl_default_sat_names[id], 30), std::string(30, '\0'));
-    EXPECT_EQ(std::string(KL_SP3_PARAMS[id], 4), std::string(4, '\0'));
-    const kl_tle_sat_data &row = TLE_SAT_DATA[id];
-    EXPECT_EQ(row.catalogue_number + row.name[0] + row.designator[0], 0);
 }
 
 TEST_F(DefaultSatellites, AnEmptyNameTakesAnEmptySlotAndOnPurposeAFailedFileAnUntouchedOne)
@@ -128,12 +114,7 @@ TEST_F(DefaultSatellites, AnEmptyNameTakesAnEmptySlotAndOnPurposeAFailedFileAnUn
 TEST_F(DefaultSatellites, NullIsRefusedBeforeASlotIsTaken)
 {
     long id = 55;
-    expect_bits("no name", error_bits(KL_DEFAULT_SAT_INIT_FILE_ERR),
-                [&](long *e) { return kl_default_sat_init(&id, nullptr, e); });
-    EXPECT_EQ(id, 55);
-    expect_bits("no id", kRefused, [](long *e) { return kl_default_sat_init(nullptr, "", e); });
-    EXPECT_EQ(kl_default_sat_init(&id, "", nullptr), KL_OK);
-    EXPECT_EQ(id, 0);
+#include "sat/null_satellites.inc"
 }
 
 TEST_F(DefaultSatellites, TextsMayFillTheirFieldsAndLinesComeInAnyOrder)

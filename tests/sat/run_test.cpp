@@ -76,8 +76,7 @@ TEST_F(Runs, GroupThreeIdsUnderTheLowestFreeOfTwentyNumbers)
         EXPECT_EQ(layout(n)->head.mode, n) << "the run's own number";
     }
     long run = 5;
-    expect_bits("full", error_bits(KL_RUN_INIT_NO_SLOT_ERR),
-                [&](long *e) { return kl_run_init(&kSatId, &time, nullptr, &run, e); });
+    LEAVES(error_bits(KL_RUN_INIT_NO_SLOT_ERR), kl_run_init(&kSatId, &time, nullptr, &run, e))
     EXPECT_EQ(run, -1);
     for (const long n : {19L, 3L}) {
         kl_run_close(&n);
@@ -90,17 +89,8 @@ TEST_F(Runs, GroupThreeIdsUnderTheLowestFreeOfTwentyNumbers)
     long sat_id = 0;
     kl_time_id time_out = {};
     kl_model_id model_out = {};
-    EXPECT_EQ(kl_run_get_ids(&third, &sat_id, &time_out, &model_out), 0);
-    EXPECT_EQ(sat_id, kSatId);
-    EXPECT_EQ(time_out.record, time.record);
-    EXPECT_EQ(model_out.record, model.record);
-    EXPECT_EQ(KL_Run_get_init_type(&third), KL_ID_RUN);
     const RunLayout *record = layout();
-    EXPECT_EQ(record->head.sat_id, kSatId);
-    EXPECT_EQ(record->head.mutex, nullptr);
-    EXPECT_EQ(record->head.instances, 0);
-    EXPECT_EQ(KL_Get_used_id(record, KL_ID_TIME), time.record);
-    EXPECT_EQ(KL_Get_used_id(record, KL_ID_MODEL), model.record);
+#include "sat/run_answers.inc"
 }
 
 TEST_F(Runs, KnowTheKindsOfTheirIds)
@@ -111,21 +101,14 @@ TEST_F(Runs, KnowTheKindsOfTheirIds)
         EXPECT_EQ(status(full, kind), 1 <= kind && kind <= 3 ? 1 : 0) << kind;
         EXPECT_EQ(status(plain, kind), 1 <= kind && kind <= 2 ? 1 : 0) << kind;
     }
-    const long out_of_table[] = {-1, 7, 20, LONG_MAX, LONG_MIN};
-    for (const long *run : {&out_of_table[0], &out_of_table[1], &out_of_table[2], &out_of_table[3], &out_of_table[4],
-                            static_cast<const long *>(nullptr)}) {
+    const long kind = KL_ID_TIME, none[] = {-1, 7, 20, LONG_MAX, LONG_MIN};
+    for (const long *run : {&none[0], &none[1], &none[2], &none[3], &none[4], static_cast<const long *>(nullptr)}) {
         long sat_id = 55;
-        const long kind = KL_ID_TIME;
         kl_time_id time_out = {this};
         kl_model_id model_out = {this};
-        EXPECT_EQ(kl_run_get_ids(run, &sat_id, &time_out, &model_out), -1);
-        EXPECT_TRUE(sat_id == 55 && time_out.record == this && model_out.record == this);
-        EXPECT_EQ(kl_run_init_status(run) + KL_Run_get_init_type(run) + kl_run_id_status(run, &kind), 0);
-        EXPECT_EQ(KL_Run_Generic_close(run, kind), 0);
+#include "sat/no_run.inc"
         kl_run_close(run);
     }
-    EXPECT_EQ(kl_run_id_status(&full, nullptr), 0);
-    EXPECT_EQ(kl_run_get_ids(&full, nullptr, &time, &model), -1);
 }
 
 TEST_F(Runs, AreRefusedForABadId)
@@ -162,15 +145,7 @@ TEST_F(Runs, LetGoOfAnIdWhenItsLibraryClosesIt)
 {
     const long run = open();
     RunLayout *record = layout();
-    EXPECT_EQ(KL_Run_Generic_close(&run, KL_ID_MODEL), 1);
-    EXPECT_EQ(status(run, KL_ID_MODEL), 0);
-    EXPECT_EQ(KL_Is_used(&model), 0);
-    EXPECT_EQ(KL_Run_Generic_close(&run, KL_ID_MODEL), 0) << "twice";
-    EXPECT_EQ(KL_Run_Generic_close(&run, KL_ID_RUN), 0) << "the run itself is not in its list";
-    EXPECT_EQ(KL_Run_Generic_close(&run, KL_ID_TIME), 1);
-    EXPECT_EQ(record->time, nullptr);
-    EXPECT_EQ(KL_Get_used_id(record, KL_ID_TIME), nullptr);
-    EXPECT_EQ(kl_run_init_status(&run), 1);
+#include "sat/generic_close.inc"
 }
 
 TEST_F(Runs, OnPurposeOnlyTheFirstKindOfTheHigherLibrariesIsDetached)

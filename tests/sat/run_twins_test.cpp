@@ -140,13 +140,6 @@ TEST_F(RunTwins, TouchNothingWithoutTheirRunButOnPurposeThoseOfTheClocksPassOnTh
         }
 }
 
-TEST_F(RunTwins, KeepTheIdsOfTheirRunFromBeingClosed)
-{
-    expect_bits("time", error_bits(0), [&](long *e) { return kl_time_close(&ids.time, e); });
-    expect_bits("model", error_bits(0), [&](long *e) { return kl_model_close(&ids.model, e); });
-    EXPECT_EQ(kl_time_init_status(&ids.time) + kl_model_init_status(&ids.model), 2);
-}
-
 TEST_F(RunTwins, TakeTheModelsOfTheRunOrTheDefaultOnes)
 {
     kl_model_id no_moon = {};
