@@ -44,8 +44,8 @@ struct ChainState : Cord {
     const double *operator[](long derivative) const { return store[derivative] + 1; }
     bool is(const double (&vectors)[3][3]) const
     {
-        return std::equal(vectors[0], vectors[1], (*this)[0]) && std::equal(vectors[1], vectors[2], (*this)[1])
-               && std::equal(vectors[2], vectors[3], (*this)[2]);
+        return std::equal(vectors[0], vectors[0] + 3, (*this)[0]) && std::equal(vectors[1], vectors[1] + 3, (*this)[1])
+               && std::equal(vectors[2], vectors[2] + 3, (*this)[2]);
     }
 };
 

@@ -30,7 +30,7 @@ struct Call {
     }
     bool untouched() const
     {
-        return std::all_of(out[0], out[3], [](double x) { return x == 7.0; });
+        return std::all_of(out[0], out[0] + 9, [](double x) { return x == 7.0; });
     }
 };
 
@@ -80,7 +80,7 @@ TEST(ChangeCartCs, IsTheChainInEveryModeAndPairOfFrames)
                 EXPECT_EQ(call(), KL_OK);
                 EXPECT_EQ(call.ierr, 0);
                 EXPECT_TRUE(state.is(call.out));
-                std::copy(kStart[0], kStart[3], call.out[0]);
+                std::copy(kStart[0], kStart[0] + 9, call.out[0]);
                 call.in = call.out;
                 EXPECT_EQ(call(), KL_OK);
                 EXPECT_TRUE(state.is(call.out)) << "in place";

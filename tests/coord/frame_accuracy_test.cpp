@@ -245,7 +245,7 @@ TEST(FrameAccuracy, B1950IsTheFk4OfTheStarCatalogues)
     constexpr double kERate[3] = {1.245e-3, -1.580e-3, -0.659e-3};    // arcsec a tropical century
     constexpr double kDaysAndMas[][2] = {{kFirst, 1.5}, {-5844.0, 3.3}, {0.5, 5.5}, {7305.0, 8.2}};
     for (const auto &[days, mas] : kDaysAndMas)
-        over_the_sky([days = days, mas = mas, &kE, &kERate](double ra, double dec) {
+        over_the_sky([=, days = days, mas = mas](double ra, double dec) {
             double fk5[3], with_terms[3], e[3], free[3], r1950, d1950, dr, dd;
             const double epoch = eraEpb(kJdOfDayZero, days);
             eraS2c(ra, dec, fk5);

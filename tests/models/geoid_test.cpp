@@ -174,7 +174,7 @@ TEST(Geoid, ThreadsWithSmallStacksDoNotMeet)
     const auto work = [](void *given) -> void * {
         Found &found = *static_cast<Found *>(given);
         for (std::size_t i = 0; i < points.size(); ++i)
-            for (std::size_t way : {0, 1})
+            for (std::size_t way = 0; way < 2; ++way)
                 KL_Geoid_undu_by(static_cast<long>(way) - 1, &points[i], nullptr, &found[i][way]);
         return nullptr;
     };
