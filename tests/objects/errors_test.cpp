@@ -24,24 +24,11 @@ Texts messages_of(const InternalError &error)
 
 TEST(LibError, KeepsItsOwnCopyOfTheVectorAndAppendsWhatItHolds)
 {
+    const long words[2] = {0, error_bits(1)};
     long ierr[1] = {error_bits(1) | error_bits(2)};
-    const LibError error("Class::method", KL_ERR, KL_ID_FUNC_SUN, ierr);
+    const LibError sun("Class::method", KL_ERR, KL_ID_FUNC_SUN, ierr);
     ierr[0] = 0;
-    EXPECT_EQ(codes_of(error), (Codes{99, 1, 2}));
-    EXPECT_EQ(messages_of(error),
-              (Texts{"before", "Class::method", "ORBKIT_LIB >>> ERROR in kl_sun: Input date is out of range",
-                     "ORBKIT_LIB >>> ERROR in kl_sun: Time Reference not initialised"}));
-    EXPECT_EQ(error.status(), KL_ERR);
-    EXPECT_EQ(error.functionId(), KL_ID_FUNC_SUN);
-    EXPECT_EQ(error.library(), 2);
-    EXPECT_EQ(error.kind(), 2);
-}
-
-TEST(LibError, ReadsBothWordsOfTheOneFunctionThatHasTwo)
-{
-    const long ierr[2] = {0, error_bits(1)};
-    EXPECT_EQ(codes_of(LibError("a::b", KL_ERR, KL_ID_FUNC_TIME_ASCII_TO_ASCII, ierr)), (Codes{99, 33}));
-    EXPECT_EQ(codes_of(LibError("a::b", KL_ERR, KL_ID_FUNC_TIME_ASCII_TO_ASCII, nullptr)), Codes{99});
+#include "objects/lib_errors.inc"
 }
 
 TEST(LibError, ClonesAsWhatItIs)
