@@ -18,27 +18,32 @@ class TablesKept {
 public:
     TablesKept()
     {
-        std::memcpy(catalogue_, TLE_SAT_DATA, sizeof catalogue_);
-        std::memcpy(sp3_, KL_SP3_PARAMS, sizeof sp3_);
-        for (std::size_t i = 0; i < std::size(kColumns); ++i)
-            std::memcpy(columns_[i], kColumns[i], sizeof columns_[i]);
+        each_table([this](void *table, std::size_t size) { bytes_.append(static_cast<char *>(table), size); });
     }
     ~TablesKept()
     {
         for (long slot = 0; slot < 10; ++slot)
             kl_default_sat_close(&slot);
-        std::memcpy(TLE_SAT_DATA, catalogue_, sizeof catalogue_);
-        std::memcpy(KL_SP3_PARAMS, sp3_, sizeof sp3_);
-        for (std::size_t i = 0; i < std::size(kColumns); ++i)
-            std::memcpy(kColumns[i], columns_[i], sizeof columns_[i]);
+        const char *from = bytes_.data();
+        each_table([&from](void *table, std::size_t size) {
+            std::memcpy(table, from, size);
+            from += size;
+        });
     }
     TablesKept(const TablesKept &) = delete;
     TablesKept &operator=(const TablesKept &) = delete;
 
 private:
-    kl_tle_sat_data catalogue_[std::size(TLE_SAT_DATA)];
-    char sp3_[std::size(KL_SP3_PARAMS)][4];
-    double columns_[std::size(kColumns)][std::size(A_MIN)];
+    template <typename Action>
+    static void each_table(const Action &action)
+    {
+        action(TLE_SAT_DATA, sizeof TLE_SAT_DATA);
+        action(KL_SP3_PARAMS, sizeof KL_SP3_PARAMS);
+        for (double *column : kColumns)
+            action(column, sizeof A_MIN);
+    }
+
+    std::string bytes_;
 };
 
 // What the getters write: the whole width of a field, and nothing beyond.
