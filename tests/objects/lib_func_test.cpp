@@ -110,14 +110,6 @@ TEST_F(LibFuncTest, FailuresCarryNameIdAndCondition)
     const SatId vardo(51), generic(200);
     const ModelId &m = model;
     const TimeId &t = time;
-    const auto expect_failure = [](const char *operation, long public_id, long condition, const auto &call) {
-        const Thrown thrown = thrown_by(call);
-        EXPECT_EQ(thrown.text.substr(0, thrown.text.find('\n')), operation);
-        EXPECT_EQ(thrown.function_id, public_id) << operation;
-        EXPECT_EQ(thrown.code, condition) << operation;
-    };
-#define FAILS(operation, public_id, condition, ...)                                                                    \
-    expect_failure(operation, public_id, condition, [&] { __VA_ARGS__; });
 #include "objects/failures.inc"
 }
 

@@ -44,6 +44,15 @@ Thrown thrown_by(const Action &action)
         EXPECT_EQ(thrown.code, condition) << #__VA_ARGS__;                                                             \
     }
 
+// The same by its operation, its public id and its condition.
+#define FAILS(operation, public_id, condition, ...)                                                                    \
+    {                                                                                                                  \
+        const Thrown thrown = thrown_by([&] { __VA_ARGS__; });                                                         \
+        EXPECT_EQ(thrown.text.substr(0, thrown.text.find('\n')), operation) << #__VA_ARGS__;                           \
+        EXPECT_EQ(thrown.function_id, public_id) << #__VA_ARGS__;                                                      \
+        EXPECT_EQ(thrown.code, condition) << #__VA_ARGS__;                                                             \
+    }
+
 // Tells from outside whether an id is still open, when the record may already be freed: an open record stays among the
 // users of the id that it is linked to, and closing it takes it out.
 class OpenRecord {
