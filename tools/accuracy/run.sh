@@ -1,9 +1,16 @@
 #!/bin/sh
-# Compares the library with independent ones and writes docs/accuracy.md.
+# Compares the library with independent ones and with its own formulas, and writes docs/accuracy.md. An argument is the
+# build directory.
 set -eu
 cd "$(dirname "$0")/../.."
-tools/install_missing.sh g++ cmake ninja-build liberfa-dev
-cmake --preset release -DKITLIB_ACCURACY=ON >/dev/null
-cmake --build --preset release --target accuracy >/dev/null
-build/release/tools/accuracy/accuracy >docs/accuracy.md
-tail -n +1 docs/accuracy.md
+build=${1:-build/accuracy}
+tools/install_missing.sh g++ cmake ninja-build liberfa-dev libgeographiclib-dev libproj-dev proj-data python3-mpmath
+cmake --preset release -B "$build" -DKITLIB_ACCURACY=ON -DKITLIB_TESTS=OFF -DKITLIB_APPS=OFF >/dev/null
+cmake --build "$build" --target accuracy >/dev/null
+out=$build/tools/accuracy
+python3 tools/accuracy/fidelity.py "$build/libKitLib.so" >"$out/fidelity.md" &
+rows=$!
+"$out/accuracy" "$out/listings" >"$out/comparison.md"
+wait "$rows"
+cat "$out/comparison.md" "$out/fidelity.md" >docs/accuracy.md
+cat docs/accuracy.md
