@@ -3,7 +3,7 @@
 #include "celestial/planet_tables.h"
 #include "error/activation.h"
 #include "error/message_groups.h"
-#include "math/sin_cos.h"
+#include "math/elementary.h"
 #include "time/time.h"
 
 namespace {
@@ -72,10 +72,11 @@ void KL_SlaPlanet(long np, double pv[6], long *jstat, double date)
     constexpr int kMostSteps = 10;
     constexpr double kConverged = 1e-12; // rad
     const double m = longitude - perihelion;
-    double ea = m + e * std::sin(m);
+    double ea = m + e * sine_cosine(m).s;
     double step = 0.0;
     for (int k = 0; k < kMostSteps; ++k) {
-        step = (m - ea + e * std::sin(ea)) / (1.0 - e * std::cos(ea));
+        const SineCosine now = sine_cosine(ea);
+        step = (m - ea + e * now.s) / (1.0 - e * now.c);
         ea += step;
         if (std::fabs(step) <= kConverged)
             break;
@@ -83,19 +84,22 @@ void KL_SlaPlanet(long np, double pv[6], long *jstat, double date)
     if (!(std::fabs(step) <= kConverged))
         *jstat = kNotConverged;
 
-    // Radius (AU), argument u of the latitude, mean motion (rad/s).
-    const double nu = 2.0 * std::atan2(std::sqrt((1.0 + e) / (1.0 - e)) * std::sin(ea / 2.0), std::cos(ea / 2.0));
-    const double r = a * (1.0 - e * std::cos(ea));
+    // Radius (AU), true anomaly nu, argument u of the latitude, mean motion (rad/s).
+    const SineCosine eccentric = sine_cosine(ea);
+    const double root = std::sqrt(1.0 - e * e);
+    const double per_axis = 1.0 - e * eccentric.c;
+    const double sin_nu = root * eccentric.s / per_axis, cos_nu = (eccentric.c - e) / per_axis;
+    const double r = a * per_axis;
     const double n = kGks * std::sqrt((1.0 + 1.0 / planet.amas) / (a * a * a));
-    const double u = nu + perihelion;
-    const double sin_u = std::sin(u), cos_u = std::cos(u);
+    const double sin_u = sin_nu * c[kPerihelion] + cos_nu * s[kPerihelion];
+    const double cos_u = cos_nu * c[kPerihelion] - sin_nu * s[kPerihelion];
 
     // Position and velocity of the Kepler motion, ecliptic of J2000. The rates of the elements are neglected.
     const double q = s[kHalfInclination] * c[kNode];
     const double p = s[kHalfInclination] * s[kNode];
     const double ci = c[kHalfInclination];
     const double xms = 2.0 * (p * cos_u - q * sin_u);
-    const double k = a / std::sqrt(1.0 - e * e);
+    const double k = a / root;
     const double sigma = (e * s[kPerihelion] + sin_u) * k;
     const double gamma = (e * c[kPerihelion] + cos_u) * k;
     const double h = 2.0 * p * q;

@@ -1,5 +1,6 @@
 // Sidereal angle and polar motion.
 #include "coord/coord.h"
+#include "math/elementary.h"
 #include "models/model_record.h"
 #include "time/time.h"
 
@@ -32,8 +33,9 @@ PoleCoordinate pole_coordinate(const double k[5], const double reference_date[2]
             continue;
         const double w = KL_TWO_PI / period[i];
         const double angle = w * (days - reference_date[i]);
-        out.value += k[1 + 2 * i] * std::cos(angle) + k[2 + 2 * i] * std::sin(angle);
-        out.rate += w * (k[2 + 2 * i] * std::cos(angle) - k[1 + 2 * i] * std::sin(angle));
+        const SineCosine now = sine_cosine(angle);
+        out.value += k[1 + 2 * i] * now.c + k[2 + 2 * i] * now.s;
+        out.rate += w * (k[2 + 2 * i] * now.c - k[1 + 2 * i] * now.s);
     }
     return {out.value * kRadPerArcsec, out.rate * kRadPerArcsec / KL_SECONDS_PER_DAY};
 }

@@ -1,5 +1,6 @@
 // Nutation: the nine largest terms of the series, with their derivatives.
 #include "coord/coord.h"
+#include "math/elementary.h"
 
 #include <cstdint>
 
@@ -104,7 +105,7 @@ Turns nutation_turns(const kl_nutation &n)
 // Without the complementary terms, by the cosine of the mean obliquity.
 void equation_of_equinoxes(const kl_nutation &n, double q[3])
 {
-    const double c = std::cos(n.obliquity);
+    const double c = sine_cosine(n.obliquity).c;
     for (int i = 0; i < 3; ++i)
         q[i] = n.dpsi[i] * c;
 }

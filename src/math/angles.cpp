@@ -1,4 +1,5 @@
 // Degree trigonometry, angle reduction, and two small astronomical formulas.
+#include "math/elementary.h"
 #include "math/math.h"
 
 #include <cmath>
@@ -16,12 +17,12 @@ double KL_to_deg(double radians)
 
 double KL_degsin(double degrees)
 {
-    return std::sin(KL_to_rad(degrees));
+    return sine_cosine(KL_to_rad(degrees)).s;
 }
 
 double KL_degcos(double degrees)
 {
-    return std::cos(KL_to_rad(degrees));
+    return sine_cosine(KL_to_rad(degrees)).c;
 }
 
 double KL_degasin(double x)
@@ -30,7 +31,7 @@ double KL_degasin(double x)
         std::fputs("ERROR in KL_degasin: arc-sine out of limits \n", stderr);
         x = x > 0.0 ? 1.0 : -1.0;
     }
-    return KL_to_deg(std::asin(x));
+    return KL_to_deg(arc_sine(x));
 }
 
 double KL_degacos(double x)
@@ -39,18 +40,19 @@ double KL_degacos(double x)
         std::fputs("ERROR in KL_degacos: arc-cosine out of limits \n", stderr);
         x = x > 0.0 ? 1.0 : -1.0;
     }
-    return KL_to_deg(std::acos(x));
+    return KL_to_deg(arc_cosine(x));
 }
 
 double KL_degatan2(double y, double x)
 {
-    return KL_to_deg(std::atan2(y, x));
+    return KL_to_deg(arc_tangent(y, x));
 }
 
 // On purpose: the tangent of a quotient of two angles, not a two-argument arc tangent.
 double KL_degtan2(double a, double b)
 {
-    return std::tan(KL_to_rad(a) / KL_to_rad(b));
+    const SineCosine of = sine_cosine(KL_to_rad(a) / KL_to_rad(b));
+    return of.s / of.c;
 }
 
 double KL_to_2pi(double angle)
@@ -82,6 +84,8 @@ double KL_Get_Bessel(double t)
 double KL_Get_ut2_ut1(double t)
 {
     const double angle = KL_TWO_PI * KL_Get_Bessel(t);
-    return 0.022 * std::sin(angle) - 0.012 * std::cos(angle) - 0.006 * std::sin(2.0 * angle)
-           + 0.007 * std::cos(2.0 * angle);
+    double s[2];
+    double c[2];
+    sin_cos({angle, 2.0 * angle}, s, c);
+    return 0.022 * s[0] - 0.012 * c[0] - 0.006 * s[1] + 0.007 * c[1];
 }

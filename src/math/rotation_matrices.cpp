@@ -1,4 +1,5 @@
 // Elementary frame rotations and their derivatives.
+#include "math/elementary.h"
 #include "math/math.h"
 
 #include <cmath>
@@ -22,18 +23,19 @@ void fill(Axis axis, double fixed, double c, double s, double **m)
 
 void rotation(Axis axis, double angle, double **m)
 {
-    fill(axis, 1.0, std::cos(angle), std::sin(angle), m);
+    const SineCosine of = sine_cosine(angle);
+    fill(axis, 1.0, of.c, of.s, m);
 }
 
 void first_derivative(Axis axis, double angle, double rate, double **m)
 {
-    fill(axis, 0.0, -std::sin(angle) * rate, std::cos(angle) * rate, m);
+    const SineCosine of = sine_cosine(angle);
+    fill(axis, 0.0, -of.s * rate, of.c * rate, m);
 }
 
 void second_derivative(Axis axis, double angle, double rate, double rate_of_rate, double **m)
 {
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
+    const auto [s, c] = sine_cosine(angle);
     fill(axis, 0.0, -c * rate * rate - s * rate_of_rate, -s * rate * rate + c * rate_of_rate, m);
 }
 

@@ -1,6 +1,7 @@
 // Geoid undulation: the published routines of the EGM96 program, and the calls that use them or the kernels.
 #include "error/activation.h"
 #include "error/message_groups.h"
+#include "math/elementary.h"
 #include "models/egm96_tables.h"
 #include "models/geoid_kernel.h"
 #include "models/model_record.h"
@@ -97,7 +98,8 @@ public:
         const long degree = legendre_degree(degree_);
         for (long n = 2; n <= degree; ++n)
             weights[n] = weight *= ratio;
-        kernel_(egm96_packed, static_cast<int>(degree), std::cos(theta), std::sin(theta), weights, &sums_);
+        const SineCosine of = sine_cosine(theta);
+        kernel_(egm96_packed, static_cast<int>(degree), of.c, of.s, weights, &sums_);
     }
 
     // Metres, without the term of degree zero.
@@ -105,14 +107,14 @@ public:
     {
         // cos m lambda and sin m lambda of the eight orders of a block, turned by 8 lambda from block to block
         double c[kEgm96Lanes], s[kEgm96Lanes], total[kEgm96Lanes] = {};
-        const double c1 = std::cos(lambda), s1 = std::sin(lambda);
+        const auto [s1, c1] = sine_cosine(lambda);
         c[0] = 1.0;
         s[0] = 0.0;
         for (int lane = 1; lane < kEgm96Lanes; ++lane) {
             c[lane] = c[lane - 1] * c1 - s[lane - 1] * s1;
             s[lane] = s[lane - 1] * c1 + c[lane - 1] * s1;
         }
-        const double c8 = std::cos(kEgm96Lanes * lambda), s8 = std::sin(kEgm96Lanes * lambda);
+        const auto [s8, c8] = sine_cosine(kEgm96Lanes * lambda);
         for (long block = 0; block < sums_.n_blocks; ++block) {
             const double *cosine = sums_.cosine + block * kEgm96Lanes, *sine = sums_.sine + block * kEgm96Lanes;
             for (int lane = 0; lane < kEgm96Lanes; ++lane) {
@@ -287,17 +289,18 @@ void KL_Radgra(double *geocentric_latitude_rad, double *normal_gravity, double *
                double height)
 {
     const double phi = lat_deg * kDegree, lambda = lon_deg * kDegree;
-    const double sin_phi_2 = std::sin(phi) * std::sin(phi);
+    const SineCosine latitude = sine_cosine(phi), longitude = sine_cosine(lambda);
+    const double sin_phi_2 = latitude.s * latitude.s;
     const double root = std::sqrt(1.0 - kE2 * sin_phi_2);
     const double n = kSemiMajorAxis / root; // radius of curvature in the prime vertical
-    const double x = (n + height) * std::cos(phi) * std::cos(lambda);
-    const double y = (n + height) * std::cos(phi) * std::sin(lambda);
-    const double z = (n * kOneMinusE2 + height) * std::sin(phi);
+    const double x = (n + height) * latitude.c * longitude.c;
+    const double y = (n + height) * latitude.c * longitude.s;
+    const double z = (n * kOneMinusE2 + height) * latitude.s;
     const double axis_distance = std::sqrt(x * x + y * y);
     if (radius != nullptr)
         *radius = std::sqrt(x * x + y * y + z * z);
     if (geocentric_latitude_rad != nullptr)
-        *geocentric_latitude_rad = std::atan(z / axis_distance);
+        *geocentric_latitude_rad = arc_tangent(z, axis_distance);
     if (normal_gravity != nullptr) // on the ellipsoid: Somigliana
         *normal_gravity = kEquatorialGravity * (1.0 + kSomigliana * sin_phi_2) / root;
 }

@@ -2,6 +2,7 @@
 #include "error/activation.h"
 #include "error/message_groups.h"
 #include "kl_family.h"
+#include "math/elementary.h"
 
 #include <cfloat>
 #include <cmath>
@@ -38,7 +39,7 @@ long KL_Legfdn(long m, double theta, double *p, long nmax, long derivatives, dou
     Activation call(KL_FN_LEGFDN, record);
     if (m < 0 || p == nullptr || (derivatives != 0 && dp == nullptr))
         return KL_ERR;
-    const double sin_theta = std::sin(theta), cos_theta = std::cos(theta);
+    const auto [sin_theta, cos_theta] = sine_cosine(theta);
     // Half a turn is not a double: its sine is 1.2e-16.
     if (derivatives != 0 && std::fabs(sin_theta) < DBL_EPSILON && call.stops(KL_LEGFDN_POLE_ERR))
         return KL_ERR;
@@ -71,7 +72,7 @@ void KL_Dscml(long nmax, double sin_ml[], double cos_ml[], double lambda)
         return;
     // Chebyshev recurrences, from order 0, which is not written.
     double s1 = 0.0, c1 = 1.0;
-    double s = std::sin(lambda), c = std::cos(lambda);
+    auto [s, c] = sine_cosine(lambda);
     const double two_cos = 2.0 * c;
     for (long m = 1; m <= nmax; ++m) {
         sin_ml[m] = s;

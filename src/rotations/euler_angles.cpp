@@ -1,8 +1,8 @@
 // Rotation angles and matrices, and the angles between two sets of axes.
 #include "error/activation.h"
 #include "error/message_groups.h"
+#include "math/elementary.h"
 #include "math/math.h"
-#include "math/sin_cos.h"
 
 #include <cmath>
 #include <iterator>
@@ -26,10 +26,6 @@ static_assert(std::size(kBetweenAxes) == KL_GET_ROTATED_VECTORS_N_CODES);
 
 constexpr double kOrthonormal = 1e-6;
 constexpr double kRotation = 1e-9;
-
-struct SineCosine {
-    double s, c;
-};
 
 void fill_matrix(const SineCosine &a0, const SineCosine &a1, const SineCosine &a2, double m[9])
 {
@@ -62,9 +58,9 @@ void matrix_of(const double angles[3], double m[9])
 }
 
 // Degrees in (-180, 180].
-double arc_tangent(double y, double x)
+double degrees_of(double y, double x)
 {
-    const double degrees = std::atan2(y, x) * KL_DEG_PER_RAD;
+    const double degrees = arc_tangent(y, x) * KL_DEG_PER_RAD;
     return degrees <= -180.0 ? degrees + 360.0 : degrees;
 }
 
@@ -91,7 +87,7 @@ Found angles_of(const double m[9], double angles[3])
         if (std::fabs(M(1, 0)) < kRotation && std::fabs(M(0, 0)) < kRotation)
             return kNoRotation;
         angles[0] = M(2, 1) > 0.0 ? 90.0 : 270.0; // on purpose not reduced
-        angles[1] = arc_tangent(M(1, 0) * M(2, 1), M(0, 0));
+        angles[1] = degrees_of(M(1, 0) * M(2, 1), M(0, 0));
         angles[2] = 0.0;
         return kAmbiguous;
     }
@@ -99,9 +95,9 @@ Found angles_of(const double m[9], double angles[3])
         return kNoRotation;
     if (KL_Check_rotation_matrix(m, M(2, 1), c, -M(2, 0) / c, M(2, 2) / c, M(0, 1) / c, M(1, 1) / c) == 0)
         return kNoRotation;
-    angles[0] = arc_tangent(M(2, 1), c);
-    angles[1] = arc_tangent(-M(2, 0), M(2, 2));
-    angles[2] = arc_tangent(M(0, 1), M(1, 1));
+    angles[0] = degrees_of(M(2, 1), c);
+    angles[1] = degrees_of(-M(2, 0), M(2, 2));
+    angles[2] = degrees_of(M(0, 1), M(1, 1));
     return kAngles;
 }
 

@@ -1,6 +1,7 @@
 // Quaternions: vector part first, scalar last. The axis vectors x, y, z are the columns of the attitude matrix.
 #include "error/activation.h"
 #include "error/message_groups.h"
+#include "math/elementary.h"
 #include "math/math.h"
 
 #include <algorithm>
@@ -145,8 +146,7 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
     const double q2 = -out[2];
     const double q3 = out[kScalar];
     // A left-handed set, or a null vector among the three.
-    if ((null || !is_unit(q0 * q0 + q1 * q1 + q2 * q2 + q3 * q3))
-        && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
+    if ((null || !is_unit(q0 * q0 + q1 * q1 + q2 * q2 + q3 * q3)) && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
         return KL_ERR;
     q[0] = q0;
     q[1] = q1;
@@ -211,19 +211,20 @@ double KL_Quaternion_norm(double q[4])
 
 void KL_Quaternion_to_axis_angle(const double q[4], double axis[3], double *angle)
 {
-    *angle = 2.0 * std::acos(std::clamp(q[kScalar], -1.0, 1.0));
+    *angle = 2.0 * arc_cosine(std::clamp(q[kScalar], -1.0, 1.0));
     // On purpose: degrees against radians, so that this never takes effect for a unit quaternion.
     if (*angle > 180.0)
         *angle -= 360.0;
-    const double s = std::sin(*angle / 2.0);
+    const double s = sine_cosine(*angle / 2.0).s;
     KL_mult_ev(3, q, axis, s != 0.0 ? 1.0 / s : 0.0); // without a rotation there is no axis
     normalise(axis, 3);
 }
 
 void KL_Angle_axis_to_quaternion(const double axis[3], double out[4], double angle)
 {
-    KL_mult_ev(3, axis, out, std::sin(angle / 2.0));
-    out[kScalar] = std::cos(angle / 2.0);
+    const SineCosine half = sine_cosine(angle / 2.0);
+    KL_mult_ev(3, axis, out, half.s);
+    out[kScalar] = half.c;
 }
 
 void KL_Quaternion_extrapol(const double q1[4], const double q2[4], double out[4], double factor)
@@ -250,10 +251,13 @@ void KL_Slerp_algo(const double q1[4], double q2[4], double out[4], double u)
     double w1 = 1.0 - u;
     double w2 = u;
     if (std::fabs(d - 1.0) > kNearlyEqual && d <= 1.0) {
-        const double theta = std::acos(d);
-        const double s = std::sin(theta);
-        w1 = std::fabs(s) < kNearlyOpposite ? 0.5 : std::sin((1.0 - u) * theta) / s;
-        w2 = std::fabs(s) < kNearlyOpposite ? 0.5 : std::sin(u * theta) / s;
+        const double theta = arc_cosine(d);
+        double s[4]; // two pairs: the fourth fills a register
+        double c[4];
+        sin_cos({theta, (1.0 - u) * theta, u * theta, 0.0}, s, c);
+        const bool opposite = std::fabs(s[0]) < kNearlyOpposite;
+        w1 = opposite ? 0.5 : s[1] / s[0];
+        w2 = opposite ? 0.5 : s[2] / s[0];
     }
     for (int i = 0; i < 4; ++i)
         out[i] = w1 * q1[i] + w2 * q2[i];

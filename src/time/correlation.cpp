@@ -1,7 +1,5 @@
 // Correlation of the time scales: differences at an instant, one instant between a scale and TAI, once-only warnings.
 #include "error/message_groups.h"
-#include "math/math.h"
-#include "math/sin_cos.h"
 #include "time/time.h"
 
 #include <algorithm>
@@ -105,18 +103,6 @@ long row_inside(const TimeIdRecord &id, long ref, double t, Column column)
     return row;
 }
 
-// UT2 - UT1, s: the seasonal variation at a UTC instant.
-double seasonal_term(double utc_days)
-{
-    const double besselian_year = (utc_days + 51544.0 - 51544.03) / 365.2422 + 2000.0;
-    const double angle = KL_TWO_PI * besselian_year;
-    const double angles[2] = {angle, 2.0 * angle};
-    double s[2];
-    double c[2];
-    sin_cos(angles, s, c);
-    return 0.022 * s[0] - 0.012 * c[0] - 0.006 * s[1] + 0.007 * c[1];
-}
-
 struct Deltas {
     double tai_utc, tai_ut1, tai_gps; // s
     LeapFlags leap;
@@ -169,7 +155,7 @@ Deltas deltas_by_formula(const TimeIdRecord &id, long ref, double t, bool with_u
         utc = t + row.tai_gps - row.tai_utc / KL_SECONDS_PER_DAY;
         break;
     }
-    const double tai_ut1 = with_ut1 ? row.tai_utc - (id.a + id.b * (utc - id.c) - seasonal_term(utc)) : 0.0;
+    const double tai_ut1 = with_ut1 ? row.tai_utc - (id.a + id.b * (utc - id.c) - KL_Get_ut2_ut1(utc)) : 0.0;
     // On purpose: 19 s, whatever the table says.
     return {row.tai_utc, tai_ut1, kGpsAfterTable, {false, false}, false, ref == KL_TIME_UT1};
 }

@@ -1,7 +1,6 @@
 // TAI and TDB.
+#include "math/sin_cos.h"
 #include "time/time.h"
-
-#include <cmath>
 
 namespace {
 
@@ -13,7 +12,10 @@ double tdb_minus_tai(double days)
     // On purpose: g, a mean anomaly in degrees, goes to the sines as if it were radians; the ephemerides are tuned to
     // that.
     const double g = 357.53 + 0.98560028 * (days + 0.5);
-    return (kTtMinusTai + 0.001658 * std::sin(g) + 0.000014 * std::sin(2.0 * g)) / KL_SECONDS_PER_DAY;
+    double s[2];
+    double c[2];
+    sin_cos({g, 2.0 * g}, s, c);
+    return (kTtMinusTai + 0.001658 * s[0] + 0.000014 * s[1]) / KL_SECONDS_PER_DAY;
 }
 
 } // namespace

@@ -1,24 +1,33 @@
 #!/bin/sh
-# Builds the library with both compilers, without and with optimisation, and compares the bits of a fixed set of calls.
+# Builds the library with both compilers: without optimisation, with it, and with every instruction of this machine; and
+# runs the optimised build with the plain instructions of the mathematics library as well. All bits of a fixed set of
+# calls must be the same.
 set -eu
 cd "$(dirname "$0")/../.."
 tools/install_missing.sh g++ clang cmake ninja-build
 first=""
+
+compare() { # name, file
+    [ -n "$first" ] || first="$2"
+    if cmp -s "$first" "$2"; then
+        echo "$1: same bits"
+    else
+        echo "$1: differs from $first"
+        diff "$first" "$2"
+        exit 1
+    fi
+}
+
 for compiler in g++ clang++; do
-    for level in -O0 -O3; do
-        tree="build/digest$level-$compiler"
-        cmake -S . -B "$tree" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$level" \
+    for flags in -O0 -O3 "-O3 -march=native"; do
+        tree="build/digest$(echo "$flags" | tr -d ' ')-$compiler"
+        cmake -S . -B "$tree" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" \
             -DKITLIB_TESTS=OFF -DKITLIB_APPS=OFF -DKITLIB_DIGEST=ON >/dev/null
         cmake --build "$tree" --target digest >/dev/null
         "$tree/tools/digest/digest" >"$tree/digest.txt"
-        [ -n "$first" ] || first="$tree/digest.txt"
-        if cmp -s "$first" "$tree/digest.txt"; then
-            echo "$compiler $level: same bits"
-        else
-            echo "$compiler $level: differs from $first"
-            diff "$first" "$tree/digest.txt"
-            exit 1
-        fi
+        compare "$compiler $flags" "$tree/digest.txt"
     done
 done
+GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX2_Usable,-FMA_Usable,-AVX2,-FMA,-FMA4_Usable "$tree/tools/digest/digest" >"$tree/plain.txt"
+compare "libm without AVX2 and FMA" "$tree/plain.txt"
 cat "$first"
