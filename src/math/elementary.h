@@ -47,7 +47,7 @@ inline double arc_tangent(double y, double x)
     const double high = swapped ? across : along;
     const double low = swapped ? along : across;
     const bool folded = low > kTangent * high;
-    const double t = folded ? (low - high) / (low + high) : low / high;
+    const double t = (low - (folded ? high : 0.0)) / (high + (folded ? low : 0.0));
     const double q = t * t;
     const double q2 = q * q;
     const double q4 = q2 * q2;

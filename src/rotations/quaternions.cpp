@@ -246,18 +246,20 @@ void KL_Slerp_algo(const double q1[4], double q2[4], double out[4], double u)
     if (d < 0.0) {
         // On purpose: the caller's second quaternion is changed.
         KL_mult_ev(4, q2, q2, -1.0);
-        d = dot(q1, q2, 4);
+        d = -d; // the product anew, to the last bit
     }
     double w1 = 1.0 - u;
     double w2 = u;
     if (std::fabs(d - 1.0) > kNearlyEqual && d <= 1.0) {
-        const double theta = arc_cosine(d);
-        double s[4]; // two pairs: the fourth fills a register
-        double c[4];
-        sin_cos({theta, (1.0 - u) * theta, u * theta, 0.0}, s, c);
-        const bool opposite = std::fabs(s[0]) < kNearlyOpposite;
-        w1 = opposite ? 0.5 : s[1] / s[0];
-        w2 = opposite ? 0.5 : s[2] / s[0];
+        const double sine = std::sqrt((1.0 - d) * (1.0 + d));
+        const double per_sine = 1.0 / sine; // done before the angle is
+        const double theta = arc_tangent(sine, d);
+        double s[2];
+        double c[2];
+        sin_cos({(1.0 - u) * theta, u * theta}, s, c);
+        const bool opposite = sine < kNearlyOpposite;
+        w1 = opposite ? 0.5 : s[0] * per_sine;
+        w2 = opposite ? 0.5 : s[1] * per_sine;
     }
     for (int i = 0; i < 4; ++i)
         out[i] = w1 * q1[i] + w2 * q2[i];
