@@ -113,7 +113,8 @@ TEST(CatalogueData, OnPurposeAnInvalidIdReadsTheSp3IdentifierOfRow0)
 // Both periods of a satellite, the same status and at most one code.
 void expect_periods(long id, long status, long code, double shortest, double longest)
 {
-    for (const auto &[get, wanted] : {std::pair(KL_Get_min_period, shortest), std::pair(KL_Get_max_period, longest)}) {
+    for (const auto &[get, wanted] :
+         {std::pair(&KL_Get_min_period, shortest), std::pair(&KL_Get_max_period, longest)}) {
         double period = wanted * 2;
         kl_error_record record;
         EXPECT_EQ(get(&id, &period, &record), status) << id;
