@@ -8,6 +8,8 @@
 #include <fstream>
 #include <set>
 #include <string>
+#include <thread>
+#include <vector>
 
 using faults::Fail;
 using faults::Site;
@@ -158,4 +160,35 @@ TEST(EveryFunction, OfTheFamilyThatChecksItsArgumentsBearsNone)
 #undef BEARS_NOTHING
     EXPECT_EQ(KL_Id_init_status(nullptr), 0); // and nothing is open after all that
     EXPECT_EQ(clean_status(*every_call()), 0);
+}
+
+// Four threads with the same ids in all functions at once; what they open themselves is their own.
+TEST(EveryFunction, GivesEveryThreadOfSharedIdsTheSame)
+{
+    const std::set<std::string> changes_tables = {"kl_default_sat_init", "kl_default_sat_close", "kl_set_tle_sat_data",
+                                                  "kl_set_sp3_sat_data", "kl_check_library_version"};
+    kl_silent();
+    World shared;
+    ASSERT_TRUE(shared.open());
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t)
+        threads.emplace_back([&] {
+            for (int round = 0; round < 30; ++round) {
+                World own = shared;
+                for (const PublicCall *f = every_call(); f != every_call_end(); ++f) {
+                    if (changes_tables.count(f->name) != 0)
+                        continue;
+                    const long status = f->call(own);
+                    EXPECT_TRUE(!f->has_vector || status == KL_OK || status == KL_WARN) << f->name << " " << status;
+                }
+                EXPECT_EQ(std::string(own.text[0]), "2016-06-05_05:59:24"); // 36 s behind TAI
+                own.run = -1;                                               // these belong to all
+                own.time = {nullptr};
+                own.model = {nullptr};
+                own.close();
+            }
+        });
+    for (std::thread &thread : threads)
+        thread.join();
+    shared.close();
 }

@@ -46,7 +46,7 @@ struct World {
     kl_model_id own_model = {nullptr};
     kl_time_id_data own_rows = {};
     long own_run = -1;
-    long own_sat = 0;
+    long own_sat = -1;
 
     long ierr[2] = {0, 0};
     double a[32] = {};
