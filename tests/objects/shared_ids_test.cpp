@@ -65,8 +65,8 @@ TYPED_TEST(SharedId, OneObjectIsOneInstanceOfItsKindAndCannotBeClosedBesideIt)
 TYPED_TEST(SharedId, CountsAndClosesLikeASharedPointerAfterAnyHistory)
 {
     constexpr std::size_t kObjects = 4;
-    std::vector<TypeParam> objects(kObjects);
     std::vector<std::shared_ptr<OpenRecord>> pointers(kObjects), made;
+    std::vector<TypeParam> objects(kObjects); // gone first: what is watched is closed before its watch
     std::mt19937 random(20260102);
     for (int step = 0; step < 3000; ++step) {
         const std::size_t from = random() % kObjects, to = random() % kObjects; // often the same
