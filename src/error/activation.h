@@ -27,6 +27,15 @@ struct CodeMap {
 // True when the callee recorded the code. A failing look-up only prints a line.
 bool recorded(int callee_id, int code, const kl_error_record &callee);
 
+// Is the library verbose? For the few lines that no error record carries.
+bool is_verbose();
+
+// KL_WARN or KL_ERR, for a code that the function has.
+inline long severity_of(int function_id, int code)
+{
+    return function_messages(function_id).messages->rows[code].severity;
+}
+
 class Activation {
 public:
     // Public function: clears the vector.
@@ -52,7 +61,8 @@ public:
     // Records a condition of this function; true when it is an error, which ends the call.
     [[nodiscard]] bool stops(int code, const void *value = nullptr)
     {
-        severity_ = KL_Store_function_error(&context_, code, value);
+        const bool seen = context_.ierr != nullptr || context_.record != &own_ || is_verbose();
+        severity_ = seen ? KL_Store_function_error(&context_, code, value) : severity_of(context_.function_id, code);
 #ifdef __clang_analyzer__
         return true; // the analyser cannot read the message table: to it every condition ends the call
 #else
@@ -71,9 +81,10 @@ public:
     }
 
     // KL_OK, or the severity recorded last.
-    [[nodiscard]] long status() const { return severity_; }
-
-    [[nodiscard]] const kl_error_record &record() const { return *context_.record; }
+    [[nodiscard]] long status() const
+    {
+        return severity_;
+    }
 
 private:
     void start(int function_id, kl_error_record *record)
@@ -89,8 +100,5 @@ private:
     long severity_ = KL_OK;
     kl_error_record own_;
 };
-
-// Is the library verbose? For the few lines that no error record carries.
-bool is_verbose();
 
 #endif
