@@ -34,7 +34,7 @@ struct ExplicitValues {
     kl_time_id id{};
 };
 
-// Readings of every instant, then one conversion back an iteration; or one conversion to a reading an iteration.
+// Argument 0: one conversion to a reading an iteration. Argument 1: one conversion back.
 template <typename Reading, typename Write, typename Read>
 void both_ways(benchmark::State &state, Reading blank, Write write, Read read)
 {
@@ -54,7 +54,6 @@ void both_ways(benchmark::State &state, Reading blank, Write write, Read read)
         }
         i = (i + 1) % kInstants;
     }
-    state.SetLabel(state.range(0) == 0 ? "from time" : "to time");
 }
 
 template <typename Reading, typename Parameters>
@@ -87,10 +86,14 @@ void brisa(benchmark::State &state)
 {
     clock_both_ways<kl_obt_brisa>(state, 71, kl_obt_param_brisa{71, 18, 1000, 77, 1042, 500000, 3});
 }
-BENCHMARK(tarvos)->Arg(0)->Arg(1);
-BENCHMARK(vardo)->Arg(0)->Arg(1);
-BENCHMARK(kelda)->Arg(0)->Arg(1);
-BENCHMARK(brisa)->Arg(0)->Arg(1);
+BENCHMARK(tarvos)->Name("kl_time_time_to_obt, tarvos")->Arg(0);
+BENCHMARK(tarvos)->Name("kl_time_obt_to_time, tarvos")->Arg(1);
+BENCHMARK(vardo)->Name("kl_time_time_to_obt, vardo")->Arg(0);
+BENCHMARK(vardo)->Name("kl_time_obt_to_time, vardo")->Arg(1);
+BENCHMARK(kelda)->Name("kl_time_time_to_obt, kelda")->Arg(0);
+BENCHMARK(kelda)->Name("kl_time_obt_to_time, kelda")->Arg(1);
+BENCHMARK(brisa)->Name("kl_time_time_to_obt, brisa")->Arg(0);
+BENCHMARK(brisa)->Name("kl_time_obt_to_time, brisa")->Arg(1);
 
 struct Octets {
     unsigned char octets[KL_CUC_LENGTH];
@@ -114,9 +117,29 @@ void cuc(benchmark::State &state, const kl_cuc_config &config, long scale)
 constexpr kl_cuc_config kField = {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1980, 0, 0.0, 4, 2};
 constexpr kl_cuc_config kWithPField = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, 0, 0.0, 4, 3};
 constexpr kl_cuc_config kLongest = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, 0, 0.0, 7, 10};
-BENCHMARK_CAPTURE(cuc, field_4_2_gps, kField, KL_TIME_GPS)->Arg(0)->Arg(1);
-BENCHMARK_CAPTURE(cuc, field_4_2_utc, kField, KL_TIME_UTC)->Arg(0)->Arg(1);
-BENCHMARK_CAPTURE(cuc, p_field_4_3_utc, kWithPField, KL_TIME_UTC)->Arg(0)->Arg(1);
-BENCHMARK_CAPTURE(cuc, p_field_7_10_utc, kLongest, KL_TIME_UTC)->Arg(0)->Arg(1);
+BENCHMARK_CAPTURE(cuc, field_4_2_gps, kField, KL_TIME_GPS)
+    ->Name("kl_time_processing_to_cuc, 4 and 2 octets, GPS")
+    ->Arg(0);
+BENCHMARK_CAPTURE(cuc, field_4_2_gps, kField, KL_TIME_GPS)
+    ->Name("kl_time_cuc_to_processing, 4 and 2 octets, GPS")
+    ->Arg(1);
+BENCHMARK_CAPTURE(cuc, field_4_2_utc, kField, KL_TIME_UTC)
+    ->Name("kl_time_processing_to_cuc, 4 and 2 octets, UTC")
+    ->Arg(0);
+BENCHMARK_CAPTURE(cuc, field_4_2_utc, kField, KL_TIME_UTC)
+    ->Name("kl_time_cuc_to_processing, 4 and 2 octets, UTC")
+    ->Arg(1);
+BENCHMARK_CAPTURE(cuc, p_field_4_3_utc, kWithPField, KL_TIME_UTC)
+    ->Name("kl_time_processing_to_cuc, P field, 4 and 3 octets, UTC")
+    ->Arg(0);
+BENCHMARK_CAPTURE(cuc, p_field_4_3_utc, kWithPField, KL_TIME_UTC)
+    ->Name("kl_time_cuc_to_processing, P field, 4 and 3 octets, UTC")
+    ->Arg(1);
+BENCHMARK_CAPTURE(cuc, p_field_7_10_utc, kLongest, KL_TIME_UTC)
+    ->Name("kl_time_processing_to_cuc, P field, 7 and 10 octets, UTC")
+    ->Arg(0);
+BENCHMARK_CAPTURE(cuc, p_field_7_10_utc, kLongest, KL_TIME_UTC)
+    ->Name("kl_time_cuc_to_processing, P field, 7 and 10 octets, UTC")
+    ->Arg(1);
 
 } // namespace

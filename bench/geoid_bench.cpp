@@ -1,24 +1,19 @@
-// Geoid undulation to degree 360: single points by every way, grids, threads, and GeographicLib with the same
-// coefficients. GEOID_LISTINGS is a directory with the listings potential.txt and correction.txt.
+// Geoid undulation: single points by every way, grids, and GeographicLib with the same coefficients. GEOID_LISTINGS is
+// a directory with the listings potential.txt and correction.txt.
 #include "kl_family.h"
 
 #include <GeographicLib/GravityModel.hpp>
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
-#include <cmath>
 #include <cstdint>
 #include <fstream>
 #include <sstream>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace {
 
 constexpr long kDegree = 360;
-using Clock = std::chrono::steady_clock;
 
 // A new point for each call.
 struct Walk {
@@ -84,15 +79,26 @@ GeographicLib::GravityModel make_rival()
 void single(benchmark::State &state)
 {
     Walk walk;
+    walk.at.max_degree = state.range(0);
     double value;
     long ierr;
     for (auto _ : state) {
         kl_geoid_calc(&walk.next(), &value, &ierr);
         benchmark::DoNotOptimize(value);
     }
-    state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(single)->Name("kl_geoid_calc")->Unit(benchmark::kMicrosecond);
+BENCHMARK(single)->Name("kl_geoid_calc")->ArgName("degree")->Arg(10)->Arg(36)->Arg(90)->Arg(180)->Arg(kDegree);
+
+void rival(benchmark::State &state)
+{
+    static const GeographicLib::GravityModel model = make_rival();
+    Walk walk;
+    for (auto _ : state) {
+        const kl_geoid_input &at = walk.next();
+        benchmark::DoNotOptimize(model.GeoidHeight(at.latitude, at.longitude));
+    }
+}
+BENCHMARK(rival)->Name("kl_geoid_calc/degree:360/rival GeographicLib GravityModel::GeoidHeight");
 
 void by_way(benchmark::State &state)
 {
@@ -106,80 +112,30 @@ void by_way(benchmark::State &state)
         benchmark::DoNotOptimize(value);
     }
 }
-BENCHMARK(by_way)->Name("published routines")->Unit(benchmark::kMicrosecond)->Arg(-1);
-BENCHMARK(by_way)->Name("kernel, baseline instructions")->Unit(benchmark::kMicrosecond)->Arg(0);
-BENCHMARK(by_way)->Name("kernel, AVX2")->Unit(benchmark::kMicrosecond)->Arg(1);
-BENCHMARK(by_way)->Name("kernel, AVX-512")->Unit(benchmark::kMicrosecond)->Arg(2);
+BENCHMARK(by_way)->Name("degree 360, published routines")->Arg(-1);
+BENCHMARK(by_way)->Name("degree 360, kernel, baseline instructions")->Arg(0);
+BENCHMARK(by_way)->Name("degree 360, kernel, AVX2")->Arg(1);
+BENCHMARK(by_way)->Name("degree 360, kernel, AVX-512")->Arg(2);
 
 void grid(benchmark::State &state)
 {
-    const long n_lat = 4, n_lon = state.range(0);
+    const long n_lat = 4, n_lon = state.range(0) / n_lat;
     std::vector<double> lon(static_cast<std::size_t>(n_lon)), out(lon.size() * 4);
     for (std::size_t i = 0; i < lon.size(); ++i)
         lon[i] = 360.0 * static_cast<double>(i) / static_cast<double>(n_lon);
     const double lat[4] = {-72.0, -5.0, 33.3, 60.0};
     long ierr;
-    const auto start = Clock::now();
     for (auto _ : state)
         kl_geoid_grid(nullptr, &kDegree, lat, &n_lat, lon.data(), &n_lon, out.data(), &ierr);
-    const std::chrono::duration<double, std::micro> time = Clock::now() - start;
-    state.counters["us_a_point"] = time.count() / static_cast<double>(state.iterations() * n_lat * n_lon);
+    state.SetItemsProcessed(state.iterations() * n_lat * n_lon);
 }
-BENCHMARK(grid)->Name("kl_geoid_grid, 4 parallels of")->Unit(benchmark::kMicrosecond)->Arg(100)->Arg(1440)->Arg(10000);
-
-// Calls a second of one thread and of two, in turn.
-double calls_a_second(int n_threads)
-{
-    constexpr int kCalls = 2000;
-    std::vector<std::thread> threads;
-    const auto start = Clock::now();
-    for (int t = 0; t < n_threads; ++t)
-        threads.emplace_back([] {
-            Walk walk;
-            double value;
-            long ierr;
-            for (int i = 0; i < kCalls; ++i)
-                kl_geoid_calc(&walk.next(), &value, &ierr);
-        });
-    for (std::thread &thread : threads)
-        thread.join();
-    return n_threads * kCalls / std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-void threads(benchmark::State &state)
-{
-    std::vector<double> ratios;
-    for (auto _ : state)
-        ratios.push_back(calls_a_second(2) / calls_a_second(1));
-    std::sort(ratios.begin(), ratios.end());
-    state.counters["two_over_one"] = ratios[ratios.size() / 2];
-}
-BENCHMARK(threads)->Name("two threads over one, median")->Unit(benchmark::kMillisecond)->Iterations(11);
-
-// Both in turn on the same points: their times, and how far they are apart.
-void beside_rival(benchmark::State &state)
-{
-    const GeographicLib::GravityModel rival = make_rival();
-    Walk walk;
-    double value, worst = 0.0;
-    long ierr;
-    Clock::duration ours{}, its{};
-    for (auto _ : state) {
-        const kl_geoid_input &at = walk.next();
-        const auto start = Clock::now();
-        kl_geoid_calc(&at, &value, &ierr);
-        const auto middle = Clock::now();
-        const double height = rival.GeoidHeight(at.latitude, at.longitude);
-        its += Clock::now() - middle;
-        ours += middle - start;
-        worst = std::fmax(worst, std::fabs(height - value));
-    }
-    const double calls = static_cast<double>(state.iterations());
-    state.counters["us_ours"] = std::chrono::duration<double, std::micro>(ours).count() / calls;
-    state.counters["us_rival"] = std::chrono::duration<double, std::micro>(its).count() / calls;
-    state.counters["times_faster"] = static_cast<double>(its.count()) / static_cast<double>(ours.count());
-    state.counters["um_apart"] = worst * 1e6; // another GM and the radii of the zonal terms
-}
-BENCHMARK(beside_rival)->Name("beside GeographicLib GravityModel::GeoidHeight")->Unit(benchmark::kMicrosecond);
+BENCHMARK(grid)
+    ->Name("kl_geoid_grid, a point of 4 parallels")
+    ->ArgName("points")
+    ->Arg(4)
+    ->Arg(40)
+    ->Arg(400)
+    ->Arg(5760)
+    ->Arg(40000);
 
 } // namespace

@@ -21,7 +21,7 @@ void quaternions_to_vectors_c(benchmark::State &state)
         benchmark::DoNotOptimize(axes);
     }
 }
-BENCHMARK(quaternions_to_vectors_c);
+BENCHMARK(quaternions_to_vectors_c)->Name("kl_quaternions_to_vectors");
 
 void quaternions_to_vectors_wrapped(benchmark::State &state)
 {
@@ -32,7 +32,7 @@ void quaternions_to_vectors_wrapped(benchmark::State &state)
         benchmark::DoNotOptimize(axes);
     }
 }
-BENCHMARK(quaternions_to_vectors_wrapped);
+BENCHMARK(quaternions_to_vectors_wrapped)->Name("kl_quaternions_to_vectors/rival LibFunc::quaternionsToVectors");
 
 void add_c(benchmark::State &state)
 {
@@ -46,7 +46,7 @@ void add_c(benchmark::State &state)
         benchmark::DoNotOptimize(sum);
     }
 }
-BENCHMARK(add_c);
+BENCHMARK(add_c)->Name("kl_time_add");
 
 void add_wrapped(benchmark::State &state)
 {
@@ -57,7 +57,7 @@ void add_wrapped(benchmark::State &state)
         benchmark::DoNotOptimize(sum);
     }
 }
-BENCHMARK(add_wrapped);
+BENCHMARK(add_wrapped)->Name("kl_time_add/rival LibFunc::timeAdd");
 
 const TimeId &correlation()
 {
@@ -79,7 +79,7 @@ void utc_to_gps_c(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     }
 }
-BENCHMARK(utc_to_gps_c);
+BENCHMARK(utc_to_gps_c)->Name("kl_time_processing_to_processing");
 
 void utc_to_gps_wrapped(benchmark::State &state)
 {
@@ -90,7 +90,7 @@ void utc_to_gps_wrapped(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     }
 }
-BENCHMARK(utc_to_gps_wrapped);
+BENCHMARK(utc_to_gps_wrapped)->Name("kl_time_processing_to_processing/rival LibFunc::timeProcessingToProcessing");
 
 void text_c(benchmark::State &state)
 {
@@ -106,7 +106,7 @@ void text_c(benchmark::State &state)
         benchmark::DoNotOptimize(text);
     }
 }
-BENCHMARK(text_c);
+BENCHMARK(text_c)->Name("kl_time_processing_to_ascii");
 
 void text_wrapped(benchmark::State &state)
 {
@@ -117,7 +117,7 @@ void text_wrapped(benchmark::State &state)
         benchmark::DoNotOptimize(text);
     }
 }
-BENCHMARK(text_wrapped);
+BENCHMARK(text_wrapped)->Name("kl_time_processing_to_ascii/rival LibFunc::timeProcessingToAscii");
 
 void sun_c(benchmark::State &state)
 {
@@ -133,7 +133,7 @@ void sun_c(benchmark::State &state)
         benchmark::DoNotOptimize(sun);
     }
 }
-BENCHMARK(sun_c);
+BENCHMARK(sun_c)->Name("kl_sun");
 
 void sun_wrapped(benchmark::State &state)
 {
@@ -145,7 +145,7 @@ void sun_wrapped(benchmark::State &state)
         benchmark::DoNotOptimize(sun);
     }
 }
-BENCHMARK(sun_wrapped);
+BENCHMARK(sun_wrapped)->Name("kl_sun/rival LibFunc::sun");
 
 // For the record: sharing an id, and the dear way out.
 void model_copy_and_drop(benchmark::State &state)
@@ -156,7 +156,7 @@ void model_copy_and_drop(benchmark::State &state)
         benchmark::DoNotOptimize(copy);
     }
 }
-BENCHMARK(model_copy_and_drop);
+BENCHMARK(model_copy_and_drop)->Name("ModelId copied and dropped");
 
 void failure_thrown_and_caught(benchmark::State &state)
 {
@@ -168,6 +168,6 @@ void failure_thrown_and_caught(benchmark::State &state)
         }
     }
 }
-BENCHMARK(failure_thrown_and_caught);
+BENCHMARK(failure_thrown_and_caught)->Name("LibFunc::timeAdd, failure thrown and caught");
 
 } // namespace

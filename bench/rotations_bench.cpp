@@ -50,7 +50,7 @@ void quaternions_to_vectors(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     }
 }
-BENCHMARK(quaternions_to_vectors);
+BENCHMARK(quaternions_to_vectors)->Name("kl_quaternions_to_vectors");
 
 void quaternions_to_vectors_eigen(benchmark::State &state)
 {
@@ -61,7 +61,7 @@ void quaternions_to_vectors_eigen(benchmark::State &state)
         benchmark::DoNotOptimize(m);
     }
 }
-BENCHMARK(quaternions_to_vectors_eigen)->Name("quaternions_to_vectors/rival Eigen");
+BENCHMARK(quaternions_to_vectors_eigen)->Name("kl_quaternions_to_vectors/rival Eigen toRotationMatrix");
 
 void vectors_to_quaternions(benchmark::State &state)
 {
@@ -75,7 +75,7 @@ void vectors_to_quaternions(benchmark::State &state)
         benchmark::DoNotOptimize(q);
     }
 }
-BENCHMARK(vectors_to_quaternions);
+BENCHMARK(vectors_to_quaternions)->Name("kl_vectors_to_quaternions");
 
 void euler_to_matrix(benchmark::State &state)
 {
@@ -88,7 +88,7 @@ void euler_to_matrix(benchmark::State &state)
         benchmark::DoNotOptimize(m);
     }
 }
-BENCHMARK(euler_to_matrix);
+BENCHMARK(euler_to_matrix)->Name("kl_euler_to_matrix");
 
 void matrix_to_euler(benchmark::State &state)
 {
@@ -101,7 +101,7 @@ void matrix_to_euler(benchmark::State &state)
         benchmark::DoNotOptimize(angles);
     }
 }
-BENCHMARK(matrix_to_euler);
+BENCHMARK(matrix_to_euler)->Name("kl_matrix_to_euler");
 
 void slerp(benchmark::State &state)
 {
@@ -121,7 +121,7 @@ void slerp(benchmark::State &state)
         benchmark::DoNotOptimize(q);
     }
 }
-BENCHMARK(slerp);
+BENCHMARK(slerp)->Name("kl_quaternions_interpol");
 
 void slerp_eigen(benchmark::State &state)
 {
@@ -133,7 +133,7 @@ void slerp_eigen(benchmark::State &state)
         benchmark::DoNotOptimize(q);
     }
 }
-BENCHMARK(slerp_eigen)->Name("slerp/rival Eigen");
+BENCHMARK(slerp_eigen)->Name("kl_quaternions_interpol/rival Eigen slerp");
 
 // A call that is refused, in silent mode.
 void failing_call(benchmark::State &state)
@@ -144,6 +144,6 @@ void failing_call(benchmark::State &state)
     for (auto _ : state)
         benchmark::DoNotOptimize(kl_quaternions_to_vectors(q, out[0], out[1], out[2], ierr));
 }
-BENCHMARK(failing_call);
+BENCHMARK(failing_call)->Name("kl_quaternions_to_vectors, refused");
 
 } // namespace

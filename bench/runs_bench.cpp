@@ -97,9 +97,9 @@ void BM_CheckSatId(benchmark::State &state)
 
 } // namespace
 
-BENCHMARK(BM_Convert);
-BENCHMARK(BM_ConvertRun);
-BENCHMARK(BM_Moon);
-BENCHMARK(BM_MoonRun);
-BENCHMARK(BM_RunInitClose);
-BENCHMARK(BM_CheckSatId);
+BENCHMARK(BM_Convert)->Name("kl_time_processing_to_processing");
+BENCHMARK(BM_ConvertRun)->Name("kl_time_processing_to_processing/rival kl_time_processing_to_processing_run");
+BENCHMARK(BM_Moon)->Name("kl_moon");
+BENCHMARK(BM_MoonRun)->Name("kl_moon/rival kl_moon_run");
+BENCHMARK(BM_RunInitClose)->Name("kl_run_init, kl_run_close");
+BENCHMARK(BM_CheckSatId)->Name("KL_Check_sat_id");

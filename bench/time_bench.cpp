@@ -5,6 +5,7 @@
 #include <erfa.h>
 #include <erfam.h>
 
+#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -13,7 +14,8 @@ namespace {
 constexpr long kProcessing = KL_PROC;
 constexpr double kModifiedJulianDate = 51544.0; // MJD of 2000-01-01
 
-// Time ids of one row of explicit values and of a table of 20 000 rows, from 1975 on with a row a day.
+// Time ids of one row of explicit values, and of tables from 1975 to 2029 with rows evenly apart: 20 000 are a row a
+// day.
 class TimeId {
 public:
     explicit TimeId(long n_rows)
@@ -24,7 +26,7 @@ public:
             row.tai_utc = 32.0;
             row.tai_gps = 19.0;
             row.tai_ut1 = 31.9 + 1e-5 * static_cast<double>(i % 1000);
-            row.utc = -9131.0 + static_cast<double>(i);
+            row.utc = -9131.0 + 19999.0 * static_cast<double>(i) / std::max(1.0, static_cast<double>(n_rows - 1));
             row.tai = row.utc + row.tai_utc / 86400.0;
             row.ut1 = row.tai - row.tai_ut1 / 86400.0;
         }
@@ -88,7 +90,13 @@ void processing_utc_to_ut1(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(processing_utc_to_ut1)->Arg(1)->Arg(20000);
+BENCHMARK(processing_utc_to_ut1)
+    ->Name("kl_time_processing_to_processing UTC to UT1")
+    ->ArgName("rows")
+    ->Arg(1)
+    ->Arg(20)
+    ->Arg(2000)
+    ->Arg(20000);
 
 void rival_utc_to_ut1(benchmark::State &state)
 {
@@ -102,7 +110,7 @@ void rival_utc_to_ut1(benchmark::State &state)
         benchmark::DoNotOptimize(ut12);
     });
 }
-BENCHMARK(rival_utc_to_ut1)->Name("processing_utc_to_ut1/1/rival eraUtctai eraTaiut1");
+BENCHMARK(rival_utc_to_ut1)->Name("kl_time_processing_to_processing UTC to UT1/rows:1/rival eraUtctai, eraTaiut1");
 
 // ---- formats ----
 
@@ -140,7 +148,12 @@ void ascii_to_processing(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(ascii_to_processing)->Arg(KL_ASCII_11)->Arg(KL_ASCII_34)->Arg(KL_ASCII_44);
+BENCHMARK(ascii_to_processing)
+    ->Name("kl_time_ascii_to_processing")
+    ->ArgName("format")
+    ->Arg(KL_ASCII_11)
+    ->Arg(KL_ASCII_34)
+    ->Arg(KL_ASCII_44);
 
 // The rival reads no texts: it is given the fields.
 void rival_fields_to_tai(benchmark::State &state)
@@ -156,7 +169,7 @@ void rival_fields_to_tai(benchmark::State &state)
         benchmark::DoNotOptimize(tai2);
     });
 }
-BENCHMARK(rival_fields_to_tai)->Name("ascii_to_processing/11/rival eraDtf2d eraUtctai");
+BENCHMARK(rival_fields_to_tai)->Name("kl_time_ascii_to_processing/format:11/rival eraDtf2d, eraUtctai (from fields)");
 
 void processing_to_ascii(benchmark::State &state)
 {
@@ -172,7 +185,12 @@ void processing_to_ascii(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(processing_to_ascii)->Arg(KL_ASCII_11)->Arg(KL_ASCII_34)->Arg(KL_ASCII_44);
+BENCHMARK(processing_to_ascii)
+    ->Name("kl_time_processing_to_ascii")
+    ->ArgName("format")
+    ->Arg(KL_ASCII_11)
+    ->Arg(KL_ASCII_34)
+    ->Arg(KL_ASCII_44);
 
 // The rival stops at the fields, too.
 void rival_tai_to_fields(benchmark::State &state)
@@ -189,7 +207,7 @@ void rival_tai_to_fields(benchmark::State &state)
         benchmark::DoNotOptimize(time);
     });
 }
-BENCHMARK(rival_tai_to_fields)->Name("processing_to_ascii/11/rival eraTaiutc eraD2dtf");
+BENCHMARK(rival_tai_to_fields)->Name("kl_time_processing_to_ascii/format:11/rival eraTaiutc, eraD2dtf (to fields)");
 
 void ascii_to_ascii(benchmark::State &state)
 {
@@ -207,7 +225,7 @@ void ascii_to_ascii(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(ascii_to_ascii);
+BENCHMARK(ascii_to_ascii)->Name("kl_time_ascii_to_ascii");
 
 void processing_to_transport(benchmark::State &state)
 {
@@ -223,7 +241,10 @@ void processing_to_transport(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(processing_to_transport)->ArgsProduct({{KL_TRANS_0, KL_TRANS_23, KL_TRANS_31, KL_TRANS_42}, {1, 20000}});
+BENCHMARK(processing_to_transport)
+    ->Name("kl_time_processing_to_transport")
+    ->ArgNames({"format", "rows"})
+    ->ArgsProduct({{KL_TRANS_0, KL_TRANS_23, KL_TRANS_31, KL_TRANS_42}, {1, 20000}});
 
 void transport_to_processing(benchmark::State &state)
 {
@@ -240,7 +261,10 @@ void transport_to_processing(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(transport_to_processing)->ArgsProduct({{KL_TRANS_0, KL_TRANS_23, KL_TRANS_31}, {1, 20000}});
+BENCHMARK(transport_to_processing)
+    ->Name("kl_time_transport_to_processing")
+    ->ArgNames({"format", "rows"})
+    ->ArgsProduct({{KL_TRANS_0, KL_TRANS_23, KL_TRANS_31}, {1, 20000}});
 
 void transport_to_transport(benchmark::State &state)
 {
@@ -258,6 +282,6 @@ void transport_to_transport(benchmark::State &state)
         benchmark::DoNotOptimize(out);
     });
 }
-BENCHMARK(transport_to_transport)->Arg(1)->Arg(20000);
+BENCHMARK(transport_to_transport)->Name("kl_time_transport_to_transport")->ArgName("rows")->Arg(1)->Arg(20000);
 
 } // namespace
