@@ -1,7 +1,8 @@
-// The nine conversions behind one call, and the time ids that the rows of their tables name.
+// The nine conversions behind one call, the time ids that the rows of all tables name, and rows of calls.
 #ifndef KL_TESTS_TIME_FORMAT_CASES_H
 #define KL_TESTS_TIME_FORMAT_CASES_H
 
+#include "support/conditions.h"
 #include "time/time_table.h"
 
 #include <cstddef>
@@ -12,39 +13,62 @@ constexpr long kTai = KL_TIME_TAI;
 constexpr long kUtc = KL_TIME_UTC;
 constexpr long kUt1 = KL_TIME_UT1;
 constexpr long kGps = KL_TIME_GPS;
+constexpr long kScales[] = {kTai, kUtc, kUt1, kGps};
 constexpr long kLeapDay = 6209; // 2016-12-31, MJD2000
 
-enum IdName { kNoId, kEmpty, kPositiveLeap, kNegativeLeap, kConstant };
+struct TaiUtcStep {
+    double mjd, tai_utc;
+};
+constexpr TaiUtcStep kTaiUtcSteps[] = {
+#include "time/tai_utc.inc"
+};
 
-// Daily rows around 2017-01-01 with TAI-UTC 36 s before it and a second more or less from then on; and TAI-UTC 37 s,
-// TAI-UT1 36.4 s and TAI-GPS 19 s at every instant.
+enum IdName { kNoId, kEmpty, kPositiveLeap, kNegativeLeap, kEven, kTenDays, kOpenEnd, kConstant };
+
+// Daily rows around 2017-01-01 with TAI-UTC 36 s before it and a second more, less or the same from then on; ten days
+// and no more, and ten days that are never left; TAI-UTC 37 s, TAI-UT1 36.4 s and TAI-GPS 19 s at every instant.
 struct NamedIds {
-    OwnedTimeId empty, positive, negative, constant;
+    OwnedTimeId empty;
+    TableId positive{leap_table(k2017, 36.0, 1)}, negative{leap_table(k2017, 36.0, -1)},
+        even{leap_table(k2017, 36.0, 0)};
+    TableId of_ten_days{ten_days()}, open_end{ten_days(8, 0)};
+    ReadingsId constant{37.0, 0.0, 0.6, 18.0};
 
-    NamedIds()
-    {
-        const double tai = 6300.0;
-        const double readings[4] = {tai, tai - 37.0 / kDay, tai - 36.4 / kDay, tai - 19.0 / kDay};
-        EXPECT_EQ(leap_table(k2017, 36.0, 1).set(&positive.id), 0);
-        EXPECT_EQ(leap_table(k2017, 36.0, -1).set(&negative.id), 0);
-        EXPECT_EQ(kl_time_ref_init(readings, nullptr, nullptr, nullptr, &constant.id, nullptr), KL_OK);
-    }
     kl_time_id *operator[](IdName name)
     {
-        kl_time_id *const ids[] = {nullptr, &empty.id, &positive.id, &negative.id, &constant.id};
+        kl_time_id *const ids[] = {nullptr, empty, positive, negative, even, of_ten_days, open_end, constant};
         return ids[name];
     }
 };
 
-// That a record holds one error of a function, or nothing where the text is empty.
-inline void expect_error(const kl_error_record &record, const std::string &function, const std::string &text)
+// The address of a value, for as long as the call lasts that it stands in.
+template <typename T>
+const T *at(const T &value)
+{
+    return &value;
+}
+
+template <typename T>
+const T *or_null(const T &value, T null)
+{
+    return value != null ? &value : nullptr;
+}
+
+// A call that leaves one code in its error record, or none, and its message ("" is not looked at).
+template <typename Call>
+void expect_record(const char *name, long code, const std::string &text, const Call &call)
 {
     static char messages[KL_MAX_MSG][KL_MSG_LENGTH];
     long n = 0;
+    kl_error_record record;
+    EXPECT_EQ(call(&record), code == kNone ? KL_OK : text.rfind("WARNING", 0) == 0 ? KL_WARN : KL_ERR) << name;
     KL_Err_Msg(&record, &n, messages);
-    EXPECT_EQ(n, text.empty() ? 0 : 1);
-    EXPECT_EQ(n == 1 ? messages[0] : "", text.empty() ? "" : "ORBKIT_LIB >>> ERROR in " + function + ": " + text);
+    EXPECT_EQ(n, code == kNone ? 0 : 1) << name;
+    EXPECT_TRUE(code == kNone || record.codes[0] == code) << name << " gives code " << record.codes[0];
+    EXPECT_TRUE(text.empty() || "ORBKIT_LIB >>> " + text == messages[0]) << name << " says " << messages[0];
 }
+#define RECORDS(code, text, ...)                                                                                       \
+    expect_record(#__VA_ARGS__, code, text, [&](kl_error_record *e) { return __VA_ARGS__; });
 
 // An instant in one of the three kinds; the other two members are not looked at.
 struct Value {
@@ -81,10 +105,10 @@ struct Outcome {
 inline Outcome convert(kl_time_id *id, const Form &in, const Value &value, const Form &out, bool output_given = true)
 {
     Outcome got;
-    const auto or_null = [](const long &number) { return number != kNull ? &number : nullptr; };
     const auto call = [&](auto function, const auto *input, auto *output) {
-        got.status = function(id, or_null(in.format), or_null(in.ref), value.given ? input : nullptr,
-                              or_null(out.format), or_null(out.ref), output_given ? output : nullptr, got.ierr);
+        got.status =
+            function(id, or_null(in.format, kNull), or_null(in.ref, kNull), value.given ? input : nullptr,
+                     or_null(out.format, kNull), or_null(out.ref, kNull), output_given ? output : nullptr, got.ierr);
     };
     const auto from = [&](const auto *input, auto to_processing, auto to_ascii, auto to_transport) {
         if (out.kind == kOfProcessing)
@@ -110,6 +134,31 @@ inline std::string fields_of(const Value &value)
     for (const long field : value.fields)
         out += (out.empty() ? "" : " ") + std::to_string(field);
     return out;
+}
+
+// The look-up of the differences, and its codes, a bit each.
+struct Deltas {
+    long status, codes = 0;
+    double tai_utc, tai_ut1, tai_gps;
+    long in_leap, after_leap;
+};
+inline Deltas deltas_at(kl_time_id *id, long ref, double time)
+{
+    Deltas out;
+    kl_error_record error;
+    out.status = KL_Time_ref_init_file_deltas(id, &time, &ref, &out.tai_utc, &out.tai_ut1, &out.tai_gps, &out.in_leap,
+                                              &out.after_leap, &error);
+    for (int i = 0; i < error.count; ++i)
+        out.codes |= 1L << error.codes[i];
+    return out;
+}
+
+// The standard record of a processing time, as its fields.
+inline std::string standard_of(kl_time_id *id, long ref, double time)
+{
+    kl_std_record out{};
+    EXPECT_EQ(KL_Time_p2t_format_to_std(id, ref, &time, &out, nullptr), 0) << time;
+    return fields_of({out.days, out.seconds, out.microseconds});
 }
 
 #endif

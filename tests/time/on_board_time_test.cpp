@@ -1,12 +1,11 @@
 // On-board clocks of the four missions, to processing time and back.
-#include "time/time_table.h"
+#include "time/format_cases.h"
 
-#include <cstring>
 #include <random>
 
 namespace {
 
-constexpr long kTarvos = 21, kVardo = 51, kKelda = 61, kBrisa = 71, kTai = KL_TIME_TAI;
+constexpr long kTarvos = 21, kVardo = 51, kKelda = 61, kBrisa = 71;
 constexpr unsigned long kHalfTurn = 1UL << 31;       // of the Tarvos counter, and half a count of its fine part
 constexpr unsigned long kSecondStep = 1000000000000; // picoseconds
 constexpr unsigned long kDayStep = 86400 * kSecondStep;
@@ -88,21 +87,6 @@ TEST(OnBoardTime, BrisaComesBackWithinOneCount)
         const unsigned long lost = (obt.coarse << 16 | obt.fine) - (back.coarse << 16 | back.fine);
         ASSERT_LE(lost, 1u) << i;
     }
-}
-
-TEST(OnBoardTime, MissingArgumentsAreTheConditionsOfTheirInputs)
-{
-    const kl_obt_param_vardo ref = {kVardo, 0};
-    kl_obt_vardo obt = {kVardo, 0, 0};
-    double time = 0.0;
-    expect_missing({0, 1, 2, 2, kNone}, [&](AllBut given, long *ierr) {
-        return kl_time_obt_to_time(given(0, &kVardo), given(1, &kTai), given(2, &ref), given(3, &obt), given(4, &time),
-                                   ierr);
-    });
-    expect_missing({0, 1, 2, 3, 2}, [&](AllBut given, long *ierr) {
-        return kl_time_time_to_obt(given(0, &kVardo), given(1, &kTai), given(2, &ref), given(3, &time), given(4, &obt),
-                                   ierr);
-    });
 }
 
 } // namespace

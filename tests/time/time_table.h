@@ -42,14 +42,6 @@ inline void expect_outcome(long status, const long &ierr, long bit, const char *
     EXPECT_EQ(ierr, error_or_none(bit)) << name;
 }
 
-// The same of an internal function and its record; one of its codes may be a warning.
-inline void expect_code(long status, const kl_error_record &error, long code, const char *name, long warning = -2)
-{
-    EXPECT_EQ(status, code == kNone ? KL_OK : code == warning ? KL_WARN : KL_ERR) << name;
-    EXPECT_EQ(error.count, code == kNone ? 0 : 1) << name;
-    EXPECT_TRUE(code == kNone || error.codes[0] == code) << name << " gives code " << error.codes[0];
-}
-
 // Hands every pointer on but that of one argument.
 struct AllBut {
     long missing;
@@ -126,9 +118,12 @@ struct TableId : OwnedTimeId {
 };
 
 // Ten days without a leap second: UT1-UTC from 1 s down to 0.5 s.
-inline Table ten_days()
+inline Table ten_days(long model = 1, long no_extrapolation = 1)
 {
-    return Table({row_at(0.0, 32.0, 31.0), row_at(10.0, 32.0, 31.5)});
+    Table table({row_at(0.0, 32.0, 31.0), row_at(10.0, 32.0, 31.5)});
+    table.data.model = model;
+    table.data.no_extrapolation = no_extrapolation;
+    return table;
 }
 
 // The data of an id, with what is needed to let go of them.
@@ -152,13 +147,6 @@ inline Table leap_table(double leap_utc, double tai_utc_before, int sign, double
     return Table(rows);
 }
 
-struct TaiUtcStep {
-    double mjd, tai_utc;
-};
-constexpr TaiUtcStep kTaiUtcSteps[] = {
-#include "time/tai_utc.inc"
-};
-
 // Converts between scales and hands out the vector; the result is NaN after an error.
 struct Converted {
     long status;
@@ -170,28 +158,6 @@ inline Converted convert(kl_time_id *id, long from, double time, long to)
     Converted out{KL_OK, -1, kNaN};
     out.status =
         kl_time_processing_to_processing(id, &kProcessing, &from, &time, &kProcessing, &to, &out.time, &out.ierr);
-    return out;
-}
-
-struct Deltas {
-    long status;
-    double tai_utc, tai_ut1, tai_gps;
-    long in_leap, after_leap;
-    kl_error_record error;
-
-    long codes() const // a bit each
-    {
-        long bits = 0;
-        for (int i = 0; i < error.count; ++i)
-            bits |= 1L << error.codes[i];
-        return bits;
-    }
-};
-inline Deltas deltas_at(kl_time_id *id, long ref, double time)
-{
-    Deltas out;
-    out.status = KL_Time_ref_init_file_deltas(id, &time, &ref, &out.tai_utc, &out.tai_ut1, &out.tai_gps, &out.in_leap,
-                                              &out.after_leap, &out.error);
     return out;
 }
 

@@ -1,0 +1,157 @@
+// Calendar, time references, the standard record, sums and differences, TDB.
+#include "support/tolerances.h"
+#include "time/format_cases.h"
+
+#include <cmath>
+#include <ctime>
+
+namespace {
+
+enum { kMjd = 3, kUtcOfRecord = 5 }; // format and reference of a time record
+constexpr double kJustBefore2017 = k2017 - 0.4e-6 / kDay;
+
+std::string write(const kl_calendar_record &date)
+{
+    return std::to_string(date.year) + "-" + std::to_string(date.month) + "-" + std::to_string(date.day) + " "
+           + std::to_string(date.seconds) + " s " + std::to_string(date.microseconds) + " us";
+}
+
+std::string date_of(double days)
+{
+    const kl_time_record in = {kUtcOfRecord, kMjd, days};
+    kl_calendar_record out{};
+    EXPECT_EQ(KL_MJD_Calendar(&in, &out, nullptr), 0);
+    return write(out);
+}
+
+TEST(SingleFunctions, KnownValues)
+{
+    NamedIds ids;
+#include "time/single_values.inc"
+}
+
+TEST(SingleFunctions, TableOfConditions)
+{
+    kl_calendar_record date = {7, 7, 7, 7, 7, 7};
+    kl_time_record mjd = {0, 0, 7.0};
+    kl_std_record standard{};
+    int valid = 7;
+#include "time/single_conditions.inc"
+    EXPECT_EQ(valid, 0);
+    EXPECT_EQ(date.year, 7);
+    EXPECT_EQ(mjd.value, 7.0);
+}
+
+TEST(MjdCalendar, RoundingUpToMidnightStaysOnTheSameDayWith86400SecondsOnPurpose)
+{
+    EXPECT_EQ(date_of(1.0 - 1e-12), "2000-1-1 86400 s 0 us");
+}
+
+// Against the calendar of the C library, at a time that doubles and microseconds hold, and back to the same number.
+TEST(MjdCalendar, EveryDayOfTheRangeAndBack)
+{
+    for (long day = -18262; day < 36525; ++day) {
+        const double value = static_cast<double>(day) + 0.75 + 1.0 / 8192.0;
+        const std::time_t unix_time = (day + 10957) * 86400L; // 10957 days from 1970 to 2000
+        std::tm utc{};
+        gmtime_r(&unix_time, &utc);
+        const kl_calendar_record date = {kUtcOfRecord, utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday, 64810, 546875};
+        ASSERT_EQ(date_of(value), write(date)) << day;
+        kl_time_record out{};
+        int valid = 7;
+        ASSERT_EQ(KL_Calendar(&date, &valid, nullptr), 0) << day;
+        ASSERT_EQ(KL_Calendar_MJD(&date, &out, nullptr), 0) << day;
+        ASSERT_EQ(std::tuple(out.value, out.format, out.reference, valid), std::tuple(value, kMjd, kUtcOfRecord, 1));
+    }
+}
+
+TEST(JulianDay, StartsAtMidnightHalfADayAfterTheAstronomicalOneOnPurpose)
+{
+    EXPECT_EQ(KL_MJD_to_Julian(0.0), 2451545.0); // the astronomers' date of the noon that follows
+    EXPECT_EQ(KL_MJD_to_Julian(-18262.25), 2433282.75);
+}
+
+TEST(References, UndefinedPassesTheCheckAndNotTheQuietOneOnPurpose)
+{
+    const long undefined = KL_TIME_UNDEF;
+    EXPECT_EQ(KL_Check_time_ref(&undefined, nullptr), 0);
+    EXPECT_EQ(KL_Check_time_ref_2(undefined), 0);
+}
+
+TEST(LeapSecondDay, ANegativeLeapSecondKeeps86400SecondsAsWellOnPurpose)
+{
+    NamedIds ids;
+    EXPECT_EQ(standard_of(ids[kNegativeLeap], kUtc, kJustBefore2017), "6209 86400 0 0");
+}
+
+// ---- sums and differences ----
+
+constexpr double kNullTime = 99999; // days: stands for a NULL pointer
+constexpr double kUnwritten = 7.0;
+
+using Duration = long(const long *, const long *, const double *, const double *, double *, long *);
+const std::tuple<const char *, Duration *, long, long, double, double, double, long> kDurations[] = {
+#include "time/durations.inc"
+};
+
+TEST(Durations, SumsDifferencesAndWhatIsWrong)
+{
+    for (const auto &[name, function, format, ref, first, second, expected, vector] : kDurations) {
+        double result = kUnwritten;
+        long ierr = 77;
+        EXPECT_EQ(function(or_null(format, kNull), or_null(ref, kNull), or_null(first, kNullTime),
+                           or_null(second, kNullTime), &result, &ierr),
+                  status_with(vector))
+            << name;
+        EXPECT_EQ(ierr, vector == kRefused ? 0 : vector) << name;
+        EXPECT_TRUE(result == expected || (std::isnan(result) && std::isnan(expected))) << name << ": " << result;
+    }
+}
+
+// Outputs and inputs that are NULL, of all functions that have no table of their own for them.
+TEST(MissingArguments, AreTheConditionsOfTheirInputs)
+{
+    NamedIds ids;
+    kl_time_id *const id = ids[kConstant];
+    const kl_cuc_config config = {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_USER, KL_TIME_TAI, 0.0, 4, 2};
+    const long vardo = 51, ascii = KL_ASCII_11;
+    const kl_obt_param_vardo clock = {vardo, 0};
+    kl_obt_vardo obt = {vardo, 0, 0};
+    kl_std_record standard{};
+    double time = 0.0;
+    long n = 0;
+    unsigned char octets[KL_CUC_LENGTH] = {0};
+    char text[KL_TIME_ASCII_LENGTH];
+#include "time/missing_arguments.inc"
+}
+
+// ---- TDB ----
+
+// TDB - TAI, s, with mpmath; with the anomaly turned into radians it would differ by 0.14 ms and more.
+TEST(Tdb, TheAnomalyInDegreesIsTakenAsRadiansOnPurpose)
+{
+    constexpr std::pair<double, double> kCases[] = {
+#include "time/tdb_values.inc"
+    };
+    for (const auto &[tai, difference] : kCases) {
+        double tdb = 0.0;
+        EXPECT_EQ(KL_Time_p2p_ref_tai_to_tdb(&tai, &tdb), 0);
+        const double spacing = std::nextafter(std::fabs(tai) + 1e-3, HUGE_VAL) - (std::fabs(tai) + 1e-3);
+        EXPECT_NEAR((tdb - tai) * kDay, difference, spacing * kDay + 1e-12) << tai;
+    }
+}
+
+TEST(Tdb, ComesBackWithinHalfAMicrosecond)
+{
+    // The inverse evaluates the term at the TDB instant, 32 s on: 0.0017 s times 0.986 rad a day times 32 s.
+    constexpr double kTermMoves = 0.0017 * 0.9856 * 32.2 / kDay / kDay; // days
+    for (double tai = -18262.0; tai <= 36524.0; tai += 7.3) {
+        double tdb = 0.0;
+        double back = 0.0;
+        KL_Time_p2p_ref_tai_to_tdb(&tai, &tdb);
+        KL_Time_p2p_ref_tdb_to_tai(&tdb, &back);
+        EXPECT_NEAR(back, tai, 1.1 * kTermMoves + 1.5e-11) << tai;
+    }
+}
+
+} // namespace
