@@ -39,9 +39,15 @@ bool is_unit(double square)
     return std::fabs(square - 1.0) <= kUnit || std::fabs(std::sqrt(square) - 1.0) <= kUnit;
 }
 
+// Of four, in two halves that need not wait for one another.
+double dot4(const double *a, const double *b)
+{
+    return (a[0] * b[0] + a[1] * b[1]) + (a[2] * b[2] + a[3] * b[3]);
+}
+
 bool usable(const double q[4])
 {
-    const double square = dot(q, q, 4);
+    const double square = dot4(q, q);
     return std::isfinite(square) && square > KL_NULL_LENGTH_SQUARED;
 }
 
@@ -242,7 +248,7 @@ void KL_Quaternion_extrapol(const double q1[4], const double q2[4], double out[4
 
 void KL_Slerp_algo(const double q1[4], double q2[4], double out[4], double u)
 {
-    double d = dot(q1, q2, 4);
+    double d = dot4(q1, q2);
     if (d < 0.0) {
         // On purpose: the caller's second quaternion is changed.
         KL_mult_ev(4, q2, q2, -1.0);
@@ -261,7 +267,11 @@ void KL_Slerp_algo(const double q1[4], double q2[4], double out[4], double u)
         w1 = opposite ? 0.5 : s[0] * per_sine;
         w2 = opposite ? 0.5 : s[1] * per_sine;
     }
+    double between[4];
     for (int i = 0; i < 4; ++i)
-        out[i] = w1 * q1[i] + w2 * q2[i];
-    normalise(out, 4);
+        between[i] = w1 * q1[i] + w2 * q2[i];
+    const double length = length_or_square(dot4(between, between));
+    const double scale = length > KL_NULL_LENGTH_SQUARED ? 1.0 / length : 1.0;
+    for (int i = 0; i < 4; ++i)
+        out[i] = between[i] * scale;
 }
