@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -17,6 +18,21 @@ TEST(Angles, HaveTheirValues)
 #define X(call, value, tolerance) EXPECT_NEAR(call, value, tolerance) << #call;
 #include "math/angle_values.inc"
 #undef X
+}
+
+// Three units of the last place, and one for the turn into degrees.
+TEST(DegreeTrigonometry, IsGoodToUnitsOfTheLastPlace)
+{
+    const auto expect = [](const char *call, double found, double value) {
+        const double unit = std::fmax(std::fabs(value) * 0x1p-52, std::numeric_limits<double>::denorm_min());
+        EXPECT_NEAR(found, value, 4.0 * unit) << call;
+        EXPECT_EQ(std::signbit(found), std::signbit(value)) << call;
+    };
+#define X(call, value) expect(#call, call, value);
+#include "math/elementary_values.inc"
+#undef X
+    for (double nothing : {KL_degatan2(std::nan(""), 1.0), KL_degatan2(1.0, std::nan("")), KL_degsin(HUGE_VAL)})
+        EXPECT_TRUE(std::isnan(nothing));
 }
 
 TEST(AngleReduction, InDegreesIsTheRemainderAndWildAnglesStayWild)

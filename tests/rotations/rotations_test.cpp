@@ -139,6 +139,9 @@ TEST(Quaternions, ProductsFollowTheMatrices)
     KL_Quaternion_inverse(q.data(), inverse.data());
     KL_Quaternion_product(q.data(), inverse.data(), q.data()); // in place
     EXPECT_LT(rotation_between(q, {0.0, 0.0, 0.0, 1.0}), kRounding);
+    Quaternion stretched = {1.0, -2.0, 2.0, 4.0};
+    EXPECT_EQ(KL_Quaternion_norm(stretched.data()), 5.0);
+    EXPECT_LT(distance(stretched, {0.2, -0.4, 0.4, 0.8}), kRounding);
 }
 
 TEST(Interpolation, TurnsAtAConstantRateInsideAndBeyond)
