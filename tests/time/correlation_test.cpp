@@ -153,15 +153,13 @@ TEST(OnceOnlyWarnings, ASharedIdConvertsRightInEveryThread)
 
 TEST(ToTai, AddsTheDifferenceAndCarries)
 {
-    for (const auto &[name, tai_utc, tai_ut1, tai_gps, scale, in, tai] : kInstants) {
+    const auto form = [](long ref) { return Form{kOfTransport, KL_TRANS_0, ref}; };
+    for (const auto &[name, tai_utc, tai_ut1, tai_gps, scale, given, tai] : kInstants) {
         Table table({row_at(0.0, tai_utc, tai_ut1, tai_gps)});
         table.data.model = -1;
         TableId id(table);
-        kl_std_record forth{}, back{};
-        EXPECT_EQ(KL_Time_t2t_ref_to_tai(id, scale, &in, &forth, nullptr), KL_OK) << name;
-        EXPECT_EQ(std::memcmp(&forth, &tai, sizeof tai), 0) << name << ": " << forth.days << " " << forth.seconds;
-        EXPECT_EQ(KL_Time_t2t_ref_from_tai(id, scale, &tai, &back, nullptr), KL_OK) << name;
-        EXPECT_EQ(std::memcmp(&back, &in, sizeof in), 0) << name << ": " << back.days << " " << back.seconds;
+        EXPECT_EQ(fields_of(convert(id, form(scale), given, form(kTai)).value), fields_of(tai)) << name;
+        EXPECT_EQ(fields_of(convert(id, form(kTai), tai, form(scale)).value), fields_of(given)) << name;
     }
 }
 
@@ -169,19 +167,8 @@ TEST(ToTai, ConditionsAreThoseOfTheLookUp)
 {
     NamedIds ids;
     kl_std_record out{};
+    double days = 0.0;
 #include "time/to_tai_conditions.inc"
-}
-
-TEST(GetTimeInRef, CopiesOrConverts)
-{
-    NamedIds ids;
-    double out = 0.0;
-    RECORDS(kNone, "", KL_Get_time_in_ref(nullptr, 9, 9, &out, e, 0.123456789012345)) // equal: nothing is looked at
-    EXPECT_EQ(out, 0.123456789012345);
-    RECORDS(kNone, "", KL_Get_time_in_ref(ids[kTenDays], kUtc, kTai, &out, e, 50.0)) // a warning is no failure
-    EXPECT_NEAR((out - 50.0) * kDay, 32.0, 1e-6);
-    RECORDS(0, "ERROR in KL_Get_time_in_ref: Error converting time.",
-            KL_Get_time_in_ref(nullptr, kUtc, kTai, &out, e, 5.0))
 }
 
 } // namespace

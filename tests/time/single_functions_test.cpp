@@ -133,24 +133,15 @@ TEST(Tdb, TheAnomalyInDegreesIsTakenAsRadiansOnPurpose)
     constexpr std::pair<double, double> kCases[] = {
 #include "time/tdb_values.inc"
     };
-    for (const auto &[tai, difference] : kCases) {
-        double tdb = 0.0;
-        EXPECT_EQ(KL_Time_p2p_ref_tai_to_tdb(&tai, &tdb), 0);
-        const double spacing = std::nextafter(std::fabs(tai) + 1e-3, HUGE_VAL) - (std::fabs(tai) + 1e-3);
-        EXPECT_NEAR((tdb - tai) * kDay, difference, spacing * kDay + 1e-12) << tai;
-    }
-}
-
-TEST(Tdb, ComesBackWithinHalfAMicrosecond)
-{
     // The inverse evaluates the term at the TDB instant, 32 s on: 0.0017 s times 0.986 rad a day times 32 s.
     constexpr double kTermMoves = 0.0017 * 0.9856 * 32.2 / kDay / kDay; // days
-    for (double tai = -18262.0; tai <= 36524.0; tai += 7.3) {
-        double tdb = 0.0;
-        double back = 0.0;
-        KL_Time_p2p_ref_tai_to_tdb(&tai, &tdb);
-        KL_Time_p2p_ref_tdb_to_tai(&tdb, &back);
-        EXPECT_NEAR(back, tai, 1.1 * kTermMoves + 1.5e-11) << tai;
+    for (const auto &[tai, difference] : kCases) {
+        double tdb = 0.0, back = 0.0;
+        EXPECT_EQ(KL_Time_p2p_ref_tai_to_tdb(&tai, &tdb), 0);
+        EXPECT_EQ(KL_Time_p2p_ref_tdb_to_tai(&tdb, &back), 0);
+        const double spacing = std::nextafter(std::fabs(tai) + 1e-3, HUGE_VAL) - (std::fabs(tai) + 1e-3);
+        EXPECT_NEAR((tdb - tai) * kDay, difference, spacing * kDay + 1e-12) << tai;
+        EXPECT_NEAR(back, tai, 1.1 * kTermMoves + 2.0 * spacing) << tai;
     }
 }
 
