@@ -1,7 +1,7 @@
 // Geoid undulation: truth, agreement of the ways to compute it, conditions.
 #include "models/geoid_truth.inc"
 #include "models/model_record.h"
-#include "models/owned_model.h"
+#include "support/owned_model.h"
 #include "support/captured_stream.h"
 #include "support/tolerances.h"
 #include "time/time_table.h"

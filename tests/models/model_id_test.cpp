@@ -1,6 +1,6 @@
 // Model ids: selections, constants, blocks, states of the handle.
 #include "models/model_record.h"
-#include "models/owned_model.h"
+#include "support/owned_model.h"
 #include "support/fault_injection.h"
 #include "time/time_table.h"
 

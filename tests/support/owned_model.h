@@ -1,6 +1,6 @@
 // A model id that closes itself.
-#ifndef KL_TESTS_MODELS_OWNED_MODEL_H
-#define KL_TESTS_MODELS_OWNED_MODEL_H
+#ifndef KL_TESTS_SUPPORT_OWNED_MODEL_H
+#define KL_TESTS_SUPPORT_OWNED_MODEL_H
 
 #include "kl_family.h"
 

@@ -1,6 +1,6 @@
 // States for the frame chain, a time id whose four scales are 37, 37.3 and 19 s apart, and ERFA's way to the Earth.
-#ifndef KL_TESTS_COORD_CHAIN_STATE_H
-#define KL_TESTS_COORD_CHAIN_STATE_H
+#ifndef KL_TESTS_SUPPORT_CHAIN_STATE_H
+#define KL_TESTS_SUPPORT_CHAIN_STATE_H
 
 #include "kl_family.h"
 #include "time/time_table.h"
@@ -18,6 +18,8 @@ constexpr double kFirst = -18262.0, kLast = 36524.0;             // MJD2000
 constexpr double kJdOfDayZero = 2451544.5;
 constexpr double kArcsecond = 4.848136811095359935899141e-6; // rad
 constexpr double kMetresPerAu = 1.496e11;                    // the library's; the true one is 14 millionths shorter
+
+constexpr long kFrames[] = {1, 2, 3, 4, 5, 6, 7, 9, 10, 11}; // of the public ones all but KL_LIF
 
 inline double length(const double v[3])
 {
@@ -60,20 +62,17 @@ inline long carry(kl_time_id *time_id, const kl_time_record &date, ChainState *s
     return KL_Change_CoordinateSystem(nullptr, time_id, order, &date, state, to, state, error);
 }
 
-// The rate of a position by a central difference of fourth order.
-template <typename PositionAt>
-void rate_of(PositionAt position_at, double days, double step_days, double rate_per_second[3])
-{
-    constexpr double kWeights[4] = {1.0, -8.0, 8.0, -1.0}, kOffsets[4] = {-2.0, -1.0, 1.0, 2.0};
-    for (int i = 0; i < 3; ++i)
-        rate_per_second[i] = 0.0;
-    for (int k = 0; k < 4; ++k) {
-        double position[6];
-        position_at(days + kOffsets[k] * step_days, position);
-        for (int i = 0; i < 3; ++i)
-            rate_per_second[i] += kWeights[k] * position[i] / (12.0 * step_days * kDay);
+// A rotation record with matrices of its own, one-based.
+struct Rotation : kl_rotation_record {
+    Rotation() : kl_rotation_record{0, 3, KL_double_matrix(3, 3), KL_double_matrix(3, 3), KL_double_matrix(3, 3)} {}
+    ~Rotation()
+    {
+        for (double **matrix : {r, dr, ddr})
+            KL_free_double_matrix(matrix);
     }
-}
+    Rotation(const Rotation &) = delete;
+    Rotation &operator=(const Rotation &) = delete;
+};
 
 // From J2000 to the Earth: precession 1976, nutation 1980, sidereal time 1994, no pole.
 inline void erfa_earth_fixed(double ut1_days, const double inertial[3], double fixed[3])
