@@ -80,8 +80,8 @@ TEST(Bodies, RefuseBadInputAndTheSunNamesAnotherConversionOnPurpose)
 
 // Independent way: ERFA's theories and axes; lengths in its own AU. What differs is the truncation of the series (Sun
 // 2.65", Moon 13.6", planets as seen from the Earth: the Sun's part alone, since theirs are the same) and nine terms of
-// nutation for 106 (0.1"). The velocity is the rate, turning axes included, but for what the theory's leaves out, from UT1
-// positions, so that no rounding to the microsecond comes between.
+// nutation for 106 (0.1"). The velocity is the rate of positions in UT1, where no rounding to the microsecond comes
+// between, turning axes included, but for what the theory's leaves out.
 TEST(Bodies, StayNearErfaInTheEarthFixedFrameOnEveryScaleAndVelocityIsTheRate)
 {
     constexpr double kTrueAu = 149597870700.0; // m
