@@ -7,31 +7,24 @@ namespace {
 // First epoch of the correction: B1950.0 as a Julian epoch.
 constexpr double kB1950 = 1949.9997904423;
 
-struct Matrix {
-    double m[3][3];
-};
-
-// Rotation of the axes about one of them, from sine and cosine of the angle; false for a letter that names none.
-bool axis_rotation(char axis, double s, double c, Matrix *rotation)
+// First of the two rows that a turn of the axes changes, in cyclic order; -1 for a letter that names no axis.
+int first_row(char axis)
 {
     switch (axis) {
     case 'X':
     case 'x':
     case '1':
-        *rotation = {{{1.0, 0.0, 0.0}, {0.0, c, s}, {0.0, -s, c}}};
-        return true;
+        return 1;
     case 'Y':
     case 'y':
     case '2':
-        *rotation = {{{c, 0.0, -s}, {0.0, 1.0, 0.0}, {s, 0.0, c}}};
-        return true;
+        return 2;
     case 'Z':
     case 'z':
     case '3':
-        *rotation = {{{c, s, 0.0}, {-s, c, 0.0}, {0.0, 0.0, 1.0}}};
-        return true;
+        return 0;
     default:
-        return false;
+        return -1;
     }
 }
 
@@ -42,24 +35,21 @@ void KL_SlaDeuler(const char *order, double phi, double theta, double psi, doubl
     const double angles[3] = {phi, theta, psi};
     double s[3], c[3];
     sin_cos(angles, s, c);
-    Matrix result = {{{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}}};
-    for (int n = 0; n < 3 && order != nullptr; ++n) {
-        Matrix axis;
-        if (!axis_rotation(order[n], s[n], c[n], &axis)) // the end of the text names no axis either
-            break;
-        Matrix product;
-        for (int i = 0; i < 3; ++i)
-            for (int j = 0; j < 3; ++j) {
-                double sum = 0.0;
-                for (int k = 0; k < 3; ++k)
-                    sum += axis.m[i][k] * result.m[k][j];
-                product.m[i][j] = sum;
-            }
-        result = product;
-    }
     for (int i = 0; i < 3; ++i)
         for (int j = 0; j < 3; ++j)
-            rmat[i][j] = result.m[i][j];
+            rmat[i][j] = i == j ? 1.0 : 0.0;
+    for (int n = 0; n < 3 && order != nullptr; ++n) {
+        const int i = first_row(order[n]);
+        if (i < 0) // the end of the text names no axis either
+            break;
+        const int k = i == 2 ? 0 : i + 1;
+        for (int j = 0; j < 3; ++j) {
+            const double x = rmat[i][j];
+            const double y = rmat[k][j];
+            rmat[i][j] = c[n] * x + s[n] * y + 0.0; // no negative zeros
+            rmat[k][j] = c[n] * y - s[n] * x + 0.0;
+        }
+    }
 }
 
 // J. H. Lieske, Astron. Astrophys. 73, 282 (1979).

@@ -83,9 +83,9 @@ long kl_change_cart_cs(kl_model_id *model_id, kl_time_id *time_id, const long *c
             return KL_ERR;
     }
     constexpr double kZero[3] = {0.0, 0.0, 0.0};
-    KL_copy_v(state.pos + 1, 3, pos_out);
-    KL_copy_v(*calc_mode >= KL_CALC_POS_VEL ? state.vel + 1 : kZero, 3, vel_out);
-    KL_copy_v(*calc_mode == KL_CALC_POS_VEL_ACC ? state.acc + 1 : kZero, 3, acc_out);
+    copy_three(state.pos + 1, pos_out);
+    copy_three(*calc_mode >= KL_CALC_POS_VEL ? state.vel + 1 : kZero, vel_out);
+    copy_three(*calc_mode == KL_CALC_POS_VEL_ACC ? state.acc + 1 : kZero, acc_out);
 
     double tai = 0.0;
     if (KL_Get_time_in_ref(time_id, ref, KL_TIME_TAI, &tai, nullptr, *time) == KL_ERR

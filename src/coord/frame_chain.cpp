@@ -176,16 +176,23 @@ constexpr Edge kEdge[] = {
 };
 static_assert(std::size(kEdge) == kEdges);
 
-bool is_ut1_edge(int code)
+// Sets of edges: a bit an edge.
+using EdgeSet = std::uint32_t;
+
+constexpr EdgeSet set_of(std::initializer_list<int> codes)
 {
-    return (code >= kModToTod && code <= kTodToMod) || kEdge[code].kind == kLaunch;
+    EdgeSet set = 0;
+    for (const int code : codes)
+        set |= EdgeSet{1} << code;
+    return set;
 }
 
-bool needs_nutation(int code)
-{
-    return code == kModToTod || code == kTodToMod || code == kTodToTeme || code == kTemeToTod || code == kTodToPef
-           || code == kPefToTod;
-}
+constexpr EdgeSet kPrecessionEdges = set_of({kGm2000ToMod, kModToGm2000});
+constexpr EdgeSet kNutationEdges = set_of({kModToTod, kTodToMod, kTodToTeme, kTemeToTod, kTodToPef, kPefToTod});
+constexpr EdgeSet kLaunchEdges = set_of({kEfToLif, kLifToEf});
+constexpr EdgeSet kUt1Edges = kNutationEdges | set_of({kEfToPef, kPefToEf}) | kLaunchEdges;
+constexpr EdgeSet kTranslations =
+    set_of({kBm2000ToHm2000, kBm2000ToGm2000, kHm2000ToGm2000, kGm2000ToHm2000, kGm2000ToBm2000, kHm2000ToBm2000});
 
 // ---- path ----
 
@@ -228,21 +235,20 @@ int next_edge(int current, long final_cs)
 
 struct Path {
     std::int32_t n = 0;
+    EdgeSet set = 0;
     std::int32_t edges[kLongestPath];
 
-    template <typename Predicate>
-    bool any(Predicate predicate) const
-    {
-        return std::any_of(edges, edges + n, predicate);
-    }
+    bool any(EdgeSet of) const { return (set & of) != 0; }
 };
 
 Path path_between(long initial, long final_cs)
 {
     Path path;
     std::int32_t current = static_cast<std::int32_t>(initial);
-    while (current != final_cs)
+    while (current != final_cs) {
         KL_Compute_Transformations(&path.n, &current, final_cs, path.edges);
+        path.set |= EdgeSet{1} << path.edges[path.n - 1];
+    }
     return path;
 }
 
@@ -382,11 +388,11 @@ int order_of(const Cord &cord, long order)
 State state_of(const Cord &cord, long order)
 {
     State state = {order_of(cord, order), {}, {}, {}};
-    KL_copy_v(cord.pos + 1, 3, state.pos);
+    copy_three(cord.pos + 1, state.pos);
     if (state.order >= 1)
-        KL_copy_v(cord.vel + 1, 3, state.vel);
+        copy_three(cord.vel + 1, state.vel);
     if (state.order >= 2)
-        KL_copy_v(cord.acc + 1, 3, state.acc);
+        copy_three(cord.acc + 1, state.acc);
     return state;
 }
 
@@ -398,8 +404,8 @@ void copy_out(const State &state, long final_cs, Cord *out)
 // True when the models lack a routine that the path calls.
 bool lacks_routine(const Journey &j, const Path &path)
 {
-    return (j.lacks_precession() && path.any([](int code) { return code == kGm2000ToMod || code == kModToGm2000; }))
-           || (j.lacks_nutation() && !j.simplified && path.any(needs_nutation));
+    return (j.lacks_precession() && path.any(kPrecessionEdges))
+           || (j.lacks_nutation() && !j.simplified && path.any(kNutationEdges));
 }
 
 long change(int function_id, kl_model_id *model_id, kl_time_id *time_id, long order, const kl_time_record *date,
@@ -423,17 +429,17 @@ long change(int function_id, kl_model_id *model_id, kl_time_id *time_id, long or
     const long initial = known(in->cs);
     const long last = known(final_cs);
     const Path path = path_between(initial, last);
-    const auto has = [&path](int code) { return path.any([code](int edge) { return edge == code; }); };
 
     // Warnings look at the frames as the caller passed them. On purpose: the first one comes with every MoD to ToD.
-    if (has(kModToTod) && !(in->cs == KL_PTOD && final_cs == KL_PTOD) && call.stops(KL_CHAIN_PTOD_SKIPPED))
+    if (path.any(set_of({kModToTod})) && !(in->cs == KL_PTOD && final_cs == KL_PTOD)
+        && call.stops(KL_CHAIN_PTOD_SKIPPED))
         return KL_ERR;
     if (path.n == 0 && in->cs != final_cs && call.stops(initial == KL_TOD ? KL_CHAIN_PTOD : KL_CHAIN_QMOD))
         return KL_ERR;
     const auto centred_elsewhere = [](long cs) { return cs == KL_BM2000 || cs == KL_HM2000; };
     if (order == 2 && (centred_elsewhere(initial) || centred_elsewhere(last)) && call.stops(KL_CHAIN_ACCELERATION))
         return KL_ERR;
-    if ((has(kEfToLif) || has(kLifToEf)) && call.stops(KL_CHAIN_LIF))
+    if (path.any(kLaunchEdges) && call.stops(KL_CHAIN_LIF))
         return KL_ERR;
 
     if (path.n == 0) {
@@ -444,8 +450,8 @@ long change(int function_id, kl_model_id *model_id, kl_time_id *time_id, long or
     }
 
     // Dates: UT1 for the rotations of the Earth, TDB for the place of the Earth; the rest takes what there is.
-    const bool ut1 = path.any(is_ut1_edge);
-    const bool tdb = path.any([](int code) { return kEdge[code].kind == kTranslation; });
+    const bool ut1 = path.any(kUt1Edges);
+    const bool tdb = path.any(kTranslations);
     Journey journey(model_id, time_id, mjd2000_of(*date));
     journey.simplified = simplified;
     if (!inside_chain_range(journey.days) && call.stops(KL_CHAIN_DATE_RANGE))
@@ -525,7 +531,8 @@ void KL_Compute_Transformations(int32_t *count, int32_t *current, long final_cs,
 
 long KL_Identify_nutation_or_rotation(kl_time_id *time_id, long count, const int32_t *list, kl_time_record *date)
 {
-    if (!std::any_of(list, list + count, is_ut1_edge))
+    const auto needs_ut1 = [](std::int32_t code) { return code >= 0 && code < kEdges && (kUt1Edges >> code & 1) != 0; };
+    if (!std::any_of(list, list + count, needs_ut1))
         return 0;
     double ut1 = 0.0;
     if (!to_ut1(time_id, *date, &ut1))
@@ -544,9 +551,10 @@ long KL_Start_computations(kl_model_id *model_id, kl_time_id *time_id, long coun
         if (list[path.n] < 0 || list[path.n] >= kEdges)
             return KL_ERR;
         path.edges[path.n] = list[path.n];
+        path.set |= EdgeSet{1} << list[path.n];
     }
     Journey journey(model_id, time_id, mjd2000_of(*date));
-    if (path.any([](int code) { return kEdge[code].kind == kTranslation; }) && !to_tdb(time_id, *date, &journey.tdb))
+    if (path.any(kTranslations) && !to_tdb(time_id, *date, &journey.tdb))
         return KL_ERR;
     if (lacks_routine(journey, path))
         return KL_ERR;

@@ -42,6 +42,24 @@ constexpr double rate_of(const Term &term)
            / kSecondsPerDay;
 }
 
+struct Rates { // dpsi w, dpsi w^2, deps w, deps w^2 of each term
+    double dpsi1[kTerms], dpsi2[kTerms], deps1[kTerms], deps2[kTerms];
+};
+
+constexpr Rates rates_of_terms()
+{
+    Rates rates{};
+    for (int i = 0; i < kTerms; ++i) {
+        const double w = rate_of(kTerm[i]);
+        rates.dpsi1[i] = kTerm[i].dpsi * w;
+        rates.dpsi2[i] = kTerm[i].dpsi * w * w;
+        rates.deps1[i] = kTerm[i].deps * w;
+        rates.deps2[i] = kTerm[i].deps * w * w;
+    }
+    return rates;
+}
+constexpr Rates kRates = rates_of_terms();
+
 struct Phase { // of a term: cosine and sine
     double c, s;
 };
@@ -84,13 +102,12 @@ void KL_Sim_Nut_Term(double days, kl_nutation *nutation)
     nutation->obliquity = KL_MEAN_OBLIQUITY_DEG * KL_RAD_PER_DEG;
     for (int i = 0; i < kTerms; ++i) {
         const Term &term = kTerm[i];
-        const double w = rate_of(term);
         nutation->dpsi[0] += term.dpsi * phase[i].s;
-        nutation->dpsi[1] += term.dpsi * w * phase[i].c;
-        nutation->dpsi[2] -= term.dpsi * w * w * phase[i].s;
+        nutation->dpsi[1] += kRates.dpsi1[i] * phase[i].c;
+        nutation->dpsi[2] -= kRates.dpsi2[i] * phase[i].s;
         nutation->deps[0] += term.deps * phase[i].c;
-        nutation->deps[1] -= term.deps * w * phase[i].s;
-        nutation->deps[2] -= term.deps * w * w * phase[i].c;
+        nutation->deps[1] -= kRates.deps1[i] * phase[i].s;
+        nutation->deps[2] -= kRates.deps2[i] * phase[i].c;
     }
 }
 

@@ -18,9 +18,9 @@ void KL_Cord_Set(long cs, long order, const double pos[3], const double vel[3], 
 {
     cord->cs = static_cast<int32_t>(cs);
     cord->order = static_cast<int32_t>(order);
-    KL_copy_v(pos, 3, cord->pos + 1);
-    KL_copy_v(vel, 3, cord->vel + 1);
-    KL_copy_v(acc, 3, cord->acc + 1);
+    copy_three(pos, cord->pos + 1);
+    copy_three(vel, cord->vel + 1);
+    copy_three(acc, cord->acc + 1);
 }
 
 void KL_Cord_to_flat(const Cord *cord, double pos[3], double vel[3], double acc[3])

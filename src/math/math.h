@@ -21,6 +21,17 @@ inline double length_or_square(double sum_of_squares)
     return sum_of_squares > KL_NULL_LENGTH_SQUARED ? std::sqrt(sum_of_squares) : sum_of_squares;
 }
 
+// Copies three numbers, which may overlap.
+inline void copy_three(const double *from, double *to)
+{
+    const double x = from[0];
+    const double y = from[1];
+    const double z = from[2];
+    to[0] = x;
+    to[1] = y;
+    to[2] = z;
+}
+
 // ---- the two angle reductions ----
 
 // [0, 2 pi). NaN and infinities give NaN.
