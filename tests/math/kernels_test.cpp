@@ -127,6 +127,7 @@ TEST(LuDecomposition, SolvesHilbertWhoseConditionNumberIs15514)
 TEST(LuDecomposition, ATinyNumberStandsForAZeroPivotOnPurpose)
 {
     EXPECT_NEAR(KL_detm(Matrix(2, 2, {1.0, 2.0, 2.0, 4.0}).p, 2), 1e-20, 1e-32);
+    EXPECT_NEAR(KL_detm(Matrix(2, 2, {0.0, 0.0, 0.0, 5.0}).p, 2), 5e-20, 5e-32) << "a null row stays where it is";
 }
 
 TEST(Products, OfAllShapesAgree)
