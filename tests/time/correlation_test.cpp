@@ -1,12 +1,13 @@
 // The correlation look-up: rows, interpolation, both ends of the table, once-only warnings, one instant to TAI and
-// back.
+// back; leap seconds and what becomes of instants around them.
 #include "time/format_cases.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <future>
+#include <ctime>
 #include <random>
+#include <thread>
 
 namespace {
 
@@ -15,6 +16,7 @@ constexpr long kOut = warning_bit(6), kFormula = warning_bit(7), kGap = warning_
 
 using Rows = std::vector<kl_time_row>;
 #include "time/correlation_cases.inc"
+#include "time/leap_second_cases.inc"
 
 // Rows `step` days apart, or for step 0 from a quarter of an hour to a year. TAI-GPS is the number of the row, so that
 // the look-up says which row it took.
@@ -127,39 +129,33 @@ TEST(OnceOnlyWarnings, TwoSetsOfFlagsDoNotSpendEachOthersWarning)
 {
     NamedIds ids;
     const kl_std_record after = {20, 0, 0};
-    // Set, status and warning.
-    constexpr long kCalls[][3] = {{0, 0, 3}, {0, 0, 0}, {1, 0, 3}, {1, 0, 0}, {-1, -1, 0}, {2, -1, 0}};
-    for (const auto &[set, status, expected] : kCalls) {
-        long warning = -1;
-        EXPECT_EQ(KL_Check_Time_warn_flags(ids[kTenDays], &after, &set, &warning), status) << set;
-        EXPECT_EQ(warning, expected) << set;
-    }
+    long warning = -1;
+#include "time/warning_flags.inc"
 }
 
 TEST(OnceOnlyWarnings, ASharedIdConvertsRightInEveryThread)
 {
     NamedIds ids;
-    const auto wrong = [&ids](double utc, double ut1_utc) {
-        long n = 0;
+    const auto look = [&ids](double utc, double ut1_utc) {
         for (int i = 0; i < 2000; ++i)
-            n += std::fabs((convert(ids[kTenDays], kUtc, utc, kUt1).time - utc) * kDay - ut1_utc) < 1e-6 ? 0 : 1;
-        return n;
+            EXPECT_NEAR((convert(ids[kTenDays], kUtc, utc, kUt1).time - utc) * kDay, ut1_utc, 1e-6);
     };
-    std::future<long> outside = std::async(std::launch::async, wrong, 20.0, 0.5);
-    EXPECT_EQ(wrong(5.0, 0.75) + outside.get(), 0);
+    std::thread outside(look, 20.0, 0.5);
+    look(5.0, 0.75);
+    outside.join();
 }
 
 // ---- one instant to TAI and back ----
 
 TEST(ToTai, AddsTheDifferenceAndCarries)
 {
-    const auto form = [](long ref) { return Form{kOfTransport, KL_TRANS_0, ref}; };
     for (const auto &[name, tai_utc, tai_ut1, tai_gps, scale, given, tai] : kInstants) {
         Table table({row_at(0.0, tai_utc, tai_ut1, tai_gps)});
         table.data.model = -1;
         TableId id(table);
-        EXPECT_EQ(fields_of(convert(id, form(scale), given, form(kTai)).value), fields_of(tai)) << name;
-        EXPECT_EQ(fields_of(convert(id, form(kTai), tai, form(scale)).value), fields_of(given)) << name;
+        const Form in = plain(kOfTransport, scale), in_tai = plain(kOfTransport, kTai);
+        EXPECT_EQ(fields_of(convert(id, in, given, in_tai).value), fields_of(tai)) << name;
+        EXPECT_EQ(fields_of(convert(id, in_tai, tai, in).value), fields_of(given)) << name;
     }
 }
 
@@ -169,6 +165,107 @@ TEST(ToTai, ConditionsAreThoseOfTheLookUp)
     kl_std_record out{};
     double days = 0.0;
 #include "time/to_tai_conditions.inc"
+}
+
+// ---- leap seconds: the quarter, the one of a table, its day ----
+
+TEST(QuarterStart, IsThatOfEveryDayFrom1950To2099OnPurpose)
+{
+    double expected = kNaN;
+    for (long day = -18262; day < 36524; ++day) {
+        const std::time_t seconds = (day + 10957) * 86400; // 10957 days from 1970 to 2000
+        std::tm date{};
+        gmtime_r(&seconds, &date); // the C library's calendar
+        if (date.tm_mon % 3 == 0 && date.tm_mday == 1)
+            expected = static_cast<double>(day);
+        const double time = static_cast<double>(day) + (day % 2 == 0 ? 0.0 : 0.999);
+        double start = kNaN;
+        ASSERT_EQ(KL_Leap_second_utc_time(&kUtc, &time, &start, nullptr), 0) << time;
+        ASSERT_EQ(start, expected) << time;
+    }
+}
+
+TEST(LeapSecond, IsTheLastChangeOfTaiUtcAtTheStartOfItsQuarter)
+{
+    for (const auto &[name, rows, sign, utc, tai_utc] : kTables) {
+        const TimeData data(TableId(Table{rows}));
+        EXPECT_EQ(data.leap_sign, sign) << name;
+        EXPECT_EQ(data.leap_utc, utc) << name;
+        EXPECT_NEAR(data.leap_tai, utc + tai_utc / kDay, 1.9e-12) << name;
+    }
+}
+
+TEST(LeapSecond, QuarterDayAndFlagsOfOneInstant)
+{
+    NamedIds ids;
+    double start = 0.0;
+    long flag = -7, after = -7;
+#include "time/leap_second_rows.inc"
+}
+
+TEST(LeapFlags, RunFromHalfAMicrosecondBeforeToAMicrosecondShortOfTheEnd)
+{
+    for (const auto &[name, hours, ref, ahead, microseconds, in, after] : kFlags) {
+        TableId id(leap_table(k2017, 36.0, 1, hours / 24.0));
+        const Deltas deltas = deltas_at(id, ref, k2017 + microseconds / 8.64e10 + ahead / kDay);
+        EXPECT_EQ(deltas.in_leap, in) << name << ", scale " << ref;
+        EXPECT_EQ(deltas.after_leap, after) << name << ", scale " << ref;
+        EXPECT_EQ(deltas.tai_utc, microseconds > -0.5 ? 37.0 : 36.0) << name << ", scale " << ref;
+    }
+}
+
+// Microseconds before and after 0h of TAI's next day, counted on with the old TAI-UTC, for each of the 27 (and one more
+// that never was), and as if it took a second away; with rows at 0h and at noon.
+TEST(AroundALeapSecond, EveryScaleGoesToTaiAndBackAsCountedByHand)
+{
+    constexpr long kSecond = 1000000;
+    const Form in_tai = plain(kOfTransport, kTai), in_utc = plain(kOfTransport, kUtc),
+               days = plain(kOfProcessing, kTai);
+    const auto fields_at = [](long day, long us) { return Value(day, us / kSecond, us % kSecond); };
+    const auto days_of = [&](const Value &value) { return convert(nullptr, in_tai, value, days).value.time; };
+    std::vector<long> offsets; // one by one at the ends of seconds
+    for (long second = -3; second < 3; ++second)
+        for (long us = -10; us < kSecond - 10; us += us < 10 ? 1 : 33331)
+            offsets.push_back(second * kSecond + us);
+    for (const TaiUtcStep &step : kTaiUtcSteps)
+        for (const auto &[sign, phase] :
+             {std::pair(1, 0.0), std::pair(1, 0.5), std::pair(-1, 0.0), std::pair(-1, 0.5)}) {
+            const long day = static_cast<long>(step.mjd) - 51545, before = static_cast<long>(step.tai_utc) - 1;
+            TableId id(leap_table(step.mjd - 51544.0, step.tai_utc - 1.0, sign, phase));
+            for (const long us : offsets) {
+                const Value tai = fields_at(day + 1, before * kSecond + us);
+                const Value utc = us < sign * kSecond ? fields_at(day, 86400 * kSecond + us)
+                                                      : fields_at(day + 1, us - sign * kSecond);
+                ASSERT_EQ(fields_of(convert(id, in_utc, utc, in_tai).value), fields_of(tai)) << step.mjd;
+                ASSERT_EQ(fields_of(convert(id, in_tai, tai, in_utc).value), fields_of(utc)) << step.mjd;
+                // Days hold no 61st second: it folds onto the one before. UT1 and GPS run on through it.
+                const bool folds = utc.fields[1] == 86400;
+                const double utc_days = days_of(folds ? fields_at(day, 86399 * kSecond + us) : utc);
+                const double again = days_of(folds ? fields_at(day + 1, (before - 1) * kSecond + us) : tai);
+                const double t = days_of(tai);
+                ASSERT_EQ(convert(id, kTai, t, kUtc).time, utc_days) << step.mjd << " " << us;
+                ASSERT_EQ(convert(id, kUtc, utc_days, kTai).time, again) << step.mjd << " " << us;
+                ASSERT_NEAR((t - convert(id, kTai, t, kUt1).time) * kDay, step.tai_utc - 0.7 - 0.001 * phase, 2e-6);
+                ASSERT_NEAR((t - convert(id, kTai, t, kGps).time) * kDay, 19.0, 1e-6);
+            }
+        }
+}
+
+TEST(LeapSecondInfo, WritesBothInstantsOrTellsWhatIsMissingAndLeavesTheOnceOnlyWarningsAlone)
+{
+    NamedIds ids;
+    const auto vector_outside = [&ids] { return convert(ids[kPositiveLeap], kUtc, 7000.0, kTai).ierr; };
+    EXPECT_EQ(vector_outside(), warning_bit(6) | warning_bit(9));
+    for (const auto &[given, format, vector, sign, before, after] : kInfos) {
+        long ierr = -1, got_sign = 7;
+        char texts[2][KL_TIME_ASCII_LENGTH] = {"untouched", "untouched"};
+        EXPECT_EQ(kl_time_get_leap_second_info(ids[given], &format, &got_sign, texts[0], texts[1], &ierr),
+                  status_with(vector));
+        EXPECT_EQ(std::tuple(ierr, got_sign), std::tuple(vector, sign)) << given << " " << format;
+        EXPECT_STREQ(texts[0], before) << given << " " << format;
+        EXPECT_STREQ(texts[1], after) << given << " " << format;
+    }
+    EXPECT_EQ(vector_outside(), warning_bit(6));
 }
 
 } // namespace

@@ -48,12 +48,6 @@ const T *at(const T &value)
     return &value;
 }
 
-template <typename T>
-const T *or_null(const T &value, T null)
-{
-    return value != null ? &value : nullptr;
-}
-
 // A call that leaves one code in its error record, or none, and its message ("" is not looked at).
 template <typename Call>
 void expect_record(const char *name, long code, const std::string &text, const Call &call)
@@ -94,6 +88,13 @@ struct Form {
     long format, ref;
 };
 
+// One form of each kind.
+inline Form plain(Kind kind, long ref)
+{
+    constexpr long kFormats[] = {KL_PROC, KL_ASCII_13, KL_TRANS_0};
+    return {kind, kFormats[kind], ref};
+}
+
 // The vector has the first word only, but from text to text.
 struct Outcome {
     long status = 7;
@@ -105,10 +106,10 @@ struct Outcome {
 inline Outcome convert(kl_time_id *id, const Form &in, const Value &value, const Form &out, bool output_given = true)
 {
     Outcome got;
+    const auto or_null = [](const long &number) { return number != kNull ? &number : nullptr; };
     const auto call = [&](auto function, const auto *input, auto *output) {
-        got.status =
-            function(id, or_null(in.format, kNull), or_null(in.ref, kNull), value.given ? input : nullptr,
-                     or_null(out.format, kNull), or_null(out.ref, kNull), output_given ? output : nullptr, got.ierr);
+        got.status = function(id, or_null(in.format), or_null(in.ref), value.given ? input : nullptr,
+                              or_null(out.format), or_null(out.ref), output_given ? output : nullptr, got.ierr);
     };
     const auto from = [&](const auto *input, auto to_processing, auto to_ascii, auto to_transport) {
         if (out.kind == kOfProcessing)

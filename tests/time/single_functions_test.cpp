@@ -84,28 +84,10 @@ TEST(LeapSecondDay, ANegativeLeapSecondKeeps86400SecondsAsWellOnPurpose)
     EXPECT_EQ(standard_of(ids[kNegativeLeap], kUtc, kJustBefore2017), "6209 86400 0 0");
 }
 
-// ---- sums and differences ----
-
-constexpr double kNullTime = 99999; // days: stands for a NULL pointer
-constexpr double kUnwritten = 7.0;
-
-using Duration = long(const long *, const long *, const double *, const double *, double *, long *);
-const std::tuple<const char *, Duration *, long, long, double, double, double, long> kDurations[] = {
-#include "time/durations.inc"
-};
-
 TEST(Durations, SumsDifferencesAndWhatIsWrong)
 {
-    for (const auto &[name, function, format, ref, first, second, expected, vector] : kDurations) {
-        double result = kUnwritten;
-        long ierr = 77;
-        EXPECT_EQ(function(or_null(format, kNull), or_null(ref, kNull), or_null(first, kNullTime),
-                           or_null(second, kNullTime), &result, &ierr),
-                  status_with(vector))
-            << name;
-        EXPECT_EQ(ierr, vector == kRefused ? 0 : vector) << name;
-        EXPECT_TRUE(result == expected || (std::isnan(result) && std::isnan(expected))) << name << ": " << result;
-    }
+    double result = 7.0;
+#include "time/durations.inc"
 }
 
 // Outputs and inputs that are NULL, of all functions that have no table of their own for them.
@@ -113,19 +95,19 @@ TEST(MissingArguments, AreTheConditionsOfTheirInputs)
 {
     NamedIds ids;
     kl_time_id *const id = ids[kConstant];
-    const kl_cuc_config config = {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_USER, KL_TIME_TAI, 0.0, 4, 2};
+    const kl_cuc_config config = {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_USER, kTai, 0.0, 4, 2};
+    const kl_cuc_config gps = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1980, kTai, 0.0, 4, 2};
     const long vardo = 51, ascii = KL_ASCII_11;
     const kl_obt_param_vardo clock = {vardo, 0};
     kl_obt_vardo obt = {vardo, 0, 0};
     kl_std_record standard{};
+    kl_time_id_data data{};
     double time = 0.0;
     long n = 0;
     unsigned char octets[KL_CUC_LENGTH] = {0};
     char text[KL_TIME_ASCII_LENGTH];
 #include "time/missing_arguments.inc"
 }
-
-// ---- TDB ----
 
 // TDB - TAI, s, with mpmath; with the anomaly turned into radians it would differ by 0.14 ms and more.
 TEST(Tdb, TheAnomalyInDegreesIsTakenAsRadiansOnPurpose)
