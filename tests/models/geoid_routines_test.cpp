@@ -43,10 +43,8 @@ TEST(Legfdn, DerivativesAreRefusedAtThePolesOnly)
     for (double pole : {0.0, -0.0, M_PI}) {
         kl_error_record record;
         KL_Reset_Err(&record);
-        kl_verbose();
-        EXPECT_EQ(captured_stderr([&] { EXPECT_EQ(KL_Legfdn(1, pole, p, 2, 1, dp, &record), KL_ERR); }),
+        EXPECT_EQ(verbose_text([&] { EXPECT_EQ(KL_Legfdn(1, pole, p, 2, 1, dp, &record), KL_ERR); }),
                   "ORBKIT_LIB >>> ERROR in KL_Legfdn: Legfdn does not compute derivatives at the poles\n");
-        kl_silent();
         EXPECT_TRUE(record.count == 1 && record.codes[0] == KL_LEGFDN_POLE_ERR && dp[1] == kUntouched);
         // Without derivatives: zonal functions only, sqrt(2n+1) with the sign of the pole.
         EXPECT_NEAR(column(0, pole)[1], pole < 1.0 ? std::sqrt(3.0) : -std::sqrt(3.0), 1e-15);
@@ -71,14 +69,12 @@ TEST(Radgra, FiguresOfWgs84)
 
 TEST(FreeDhc, FreesRowsAndTheirArray)
 {
-    constexpr std::size_t kRows = 100;
     const long before = faults::live_blocks();
-    auto **rows = static_cast<double **>(std::malloc(kRows * sizeof(double *)));
-    for (std::size_t row = 0; row < kRows; ++row)
+    auto **rows = static_cast<double **>(std::malloc(2 * sizeof(double *)));
+    for (int row = 0; row < 2; ++row)
         rows[row] = static_cast<double *>(std::calloc(8, sizeof(double)));
-    KL_Free_dhc(rows, kRows);
+    KL_Free_dhc(rows, 2);
     EXPECT_EQ(faults::live_blocks(), before); // a leak checker reports instead
-    KL_Free_dhc(nullptr, 3);
 }
 
 } // namespace

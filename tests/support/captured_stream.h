@@ -2,6 +2,8 @@
 #ifndef KL_TESTS_SUPPORT_CAPTURED_STREAM_H
 #define KL_TESTS_SUPPORT_CAPTURED_STREAM_H
 
+#include "kl_lib.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -12,6 +14,16 @@ std::string captured_stderr(Action action)
     testing::internal::CaptureStderr();
     action();
     return testing::internal::GetCapturedStderr();
+}
+
+// With verbose messages.
+template <typename Action>
+std::string verbose_text(Action action)
+{
+    kl_verbose();
+    const std::string text = captured_stderr(action);
+    kl_silent();
+    return text;
 }
 
 template <typename Action>
