@@ -37,9 +37,7 @@ TEST(SingleFunctions, TableOfConditions)
     kl_std_record standard{};
     int valid = 7;
 #include "time/single_conditions.inc"
-    EXPECT_EQ(valid, 0);
-    EXPECT_EQ(date.year, 7);
-    EXPECT_EQ(mjd.value, 7.0);
+    EXPECT_EQ(std::tuple(valid, date.year, mjd.value), std::tuple(0, 7, 7.0));
 }
 
 TEST(MjdCalendar, RoundingUpToMidnightStaysOnTheSameDayWith86400SecondsOnPurpose)
