@@ -148,14 +148,16 @@ TEST(OnceOnlyWarnings, ASharedIdConvertsRightInEveryThread)
 
 TEST(ToTai, AddsTheDifferenceAndCarries)
 {
-    for (const auto &[name, tai_utc, tai_ut1, tai_gps, scale, given, tai] : kInstants) {
-        Table table({row_at(0.0, tai_utc, tai_ut1, tai_gps)});
-        table.data.model = -1;
-        TableId id(table);
-        const Form in = plain(kOfTransport, scale), in_tai = plain(kOfTransport, kTai);
-        EXPECT_EQ(fields_of(convert(id, in, given, in_tai).value), fields_of(tai)) << name;
-        EXPECT_EQ(fields_of(convert(id, in_tai, tai, in).value), fields_of(given)) << name;
-    }
+    for (const auto &[name, tai_utc, tai_ut1, tai_gps, scale, given, tai] : kInstants)
+        for (const long model : {-1, 8}) { // explicit values, and a table
+            Table table({row_at(0.0, tai_utc, tai_ut1, tai_gps), row_at(20.0, tai_utc, tai_ut1, tai_gps)});
+            table.rows.resize(model == -1 ? 1 : 2);
+            table.data.model = model;
+            TableId id(table);
+            const Form in = plain(kOfTransport, scale), in_tai = plain(kOfTransport, kTai);
+            EXPECT_EQ(fields_of(convert(id, in, given, in_tai).value), fields_of(tai)) << name;
+            EXPECT_EQ(fields_of(convert(id, in_tai, tai, in).value), fields_of(given)) << name;
+        }
 }
 
 TEST(ToTai, ConditionsAreThoseOfTheLookUp)
