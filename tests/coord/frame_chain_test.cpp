@@ -81,16 +81,15 @@ TEST(FrameChain, TakesEveryFormatAndScaleOfADate)
     constexpr double kUtcDays = kTaiDays - kBehindTai[KL_TIME_UTC] / kDay;
     double tdb = 0.0;
     ASSERT_EQ(KL_Time_p2p_ref_tai_to_tdb(&kTaiDays, &tdb), 0);
-    const std::pair<long, double> days[] = {{kUt1, kDate.value}, {kTai, kTaiDays}, {kUtc, kUtcDays}, {kTdb, tdb}};
-    const std::pair<long, double> zeros[] = {{kMjd2000, 0.0}, {kDays1950, 18262.0}, {kJulianDay, kJdOfDayZero}};
+    const std::pair<int, double> days[] = {{kUt1, kDate.value}, {kTai, kTaiDays}, {kUtc, kUtcDays}, {kTdb, tdb}};
+    const std::pair<int, double> zeros[] = {{kMjd2000, 0.0}, {kDays1950, 18262.0}, {kJulianDay, kJdOfDayZero}};
     ChainTimeId time_id;
     for (const auto &[scale, value] : days)
         for (const auto &[format, zero] : zeros)
             for (long to : {KL_EF, KL_BM2000}) {
                 ChainState expected(KL_GM2000), state(KL_GM2000);
                 ASSERT_NE(carry(time_id, kDate, &expected, to), KL_ERR);
-                EXPECT_NE(carry(time_id, {static_cast<int>(scale), static_cast<int>(format), value + zero}, &state, to),
-                          KL_ERR);
+                EXPECT_NE(carry(time_id, {scale, format, value + zero}, &state, to), KL_ERR);
                 const double turned = format == kJulianDay ? 0.03 : 1e-3;
                 EXPECT_LT(distance(state[0], expected[0]), to == KL_EF ? turned : 30e3 * 100e-6) << scale << format;
             }
@@ -191,16 +190,10 @@ TEST(SimplifiedChain, TurnsByTheLinearAngleAlone)
     // Days; 99.96779469 + 360.9856473 days, in decimals.
     constexpr double kAngles[][2] = {
         {-18000.5, 177.82357104}, {0.0, 99.96779469}, {9000.25, 61.039906515}, {36523.75, 9.503368065}};
-    constexpr double kRate = 360.9856473 / kDay;   // deg/s
     constexpr double kOff = 1.1e-9, kRadius = 7e6; // deg: the rate as a double, 36524 days long; m
     constexpr double kResting[3][3] = {{kRadius, 0.0, 0.0}, {}, {}};
-    constexpr double w = kRate * M_PI / 180.0, ww = w * w;
+    constexpr double w = 360.9856473 / kDay * M_PI / 180.0, ww = w * w; // rad/s
     for (const auto &[days, degrees] : kAngles) {
-        kl_angle angle;
-        ASSERT_EQ(KL_H_Angle_Sim(nullptr, days, &angle), 0);
-        EXPECT_NEAR(angle.value, degrees, kOff);
-        EXPECT_NEAR(angle.rate, kRate, 1e-18);
-        EXPECT_EQ(angle.rate_of_rate, 0.0);
         const double x = kRadius * std::cos(degrees * M_PI / 180.0), y = -kRadius * std::sin(degrees * M_PI / 180.0);
         const double expected[3][3] = {{x, y, 0.0}, {w * y, -w * x, 0.0}, {-ww * x, -ww * y, 0.0}};
         Rotation record;
