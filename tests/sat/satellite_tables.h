@@ -6,56 +6,45 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <algorithm>
 #include <iterator>
 #include <string>
+#include <vector>
 
 static double *const kColumns[] = {
 #include "sat/columns.inc"
 };
 
-class TablesKept {
-public:
-    TablesKept()
+class KeptTables : public testing::Test {
+protected:
+    KeptTables()
     {
-        each_table([this](void *table, std::size_t size) { bytes_.append(static_cast<char *>(table), size); });
+        for (double *column : kColumns)
+            columns_.emplace_back(column, column + std::size(A_MIN));
     }
-    ~TablesKept()
+    ~KeptTables() override
     {
         for (long slot = 0; slot < 10; ++slot)
             kl_default_sat_close(&slot);
-        const char *from = bytes_.data();
-        each_table([&from](void *table, std::size_t size) {
-            std::memcpy(table, from, size);
-            from += size;
-        });
+        std::copy(catalogue_.begin(), catalogue_.end(), TLE_SAT_DATA);
+        sp3_.copy(KL_SP3_PARAMS[0], sp3_.size());
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            std::copy(columns_[i].begin(), columns_[i].end(), kColumns[i]);
     }
-    TablesKept(const TablesKept &) = delete;
-    TablesKept &operator=(const TablesKept &) = delete;
 
 private:
-    template <typename Action>
-    static void each_table(const Action &action)
-    {
-        action(TLE_SAT_DATA, sizeof TLE_SAT_DATA);
-        action(KL_SP3_PARAMS, sizeof KL_SP3_PARAMS);
-        for (double *column : kColumns)
-            action(column, sizeof A_MIN);
-    }
-
-    std::string bytes_;
+    const std::vector<kl_tle_sat_data> catalogue_{std::begin(TLE_SAT_DATA), std::end(TLE_SAT_DATA)};
+    const std::string sp3_{KL_SP3_PARAMS[0], sizeof KL_SP3_PARAMS};
+    std::vector<std::vector<double>> columns_;
 };
 
 // What the getters write: the whole width of a field, and nothing beyond.
 struct Catalogue {
     long number = -7;
-    char name[27], designator[11], sp3[6];
+    char name[27] = "##########################", designator[11] = "##########", sp3[6] = "#####";
 
     explicit Catalogue(long id)
     {
-        std::memset(name, '#', sizeof name);
-        std::memset(designator, '#', sizeof designator);
-        std::memset(sp3, '#', sizeof sp3);
         KL_Get_tle_sat_data(&id, &number, name, designator);
         KL_Get_sp3_data(id, sp3);
         EXPECT_EQ(std::string{name[25]} + designator[9] + sp3[4], "###");
