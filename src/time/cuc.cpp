@@ -111,17 +111,28 @@ bool split_seconds(double days_since_epoch, long n_coarse, long n_fine, TimeFiel
     return field->coarse >> (8 * n_coarse) == 0;
 }
 
-// What kl_time_processing_to_processing gives for midnight and an id of explicit values, where it has nothing to
-// report; else false.
-bool convert_quickly(const TimeIdRecord *id, long ref_in, double days, long ref_out, double *out)
+// What kl_time_processing_to_processing gives for midnight, where nobody sees its warnings; else false. It leaves the
+// once-only flags of the id as the conversion does.
+bool convert_quickly(TimeIdRecord *id, long ref_in, double days, long ref_out, double *out)
 {
-    if (id == nullptr || id->model != KL_TIME_MODEL_EXPLICIT || !is_time_ref(ref_in) || !is_time_ref(ref_out)
-        || !inside_processing_range(days))
+    if (id == nullptr || !is_time_ref(ref_in) || !is_time_ref(ref_out) || !inside_processing_range(days))
         return false;
     kl_std_record record = {static_cast<long>(days), 0, 0};
     if (static_cast<double>(record.days) != days)
         return false;
-    shift_by_explicit_values(id->rows[0], ref_in, ref_out, &record);
+    if (id->model == KL_TIME_MODEL_EXPLICIT) {
+        shift_by_explicit_values(id->rows[0], ref_in, ref_out, &record);
+    } else {
+        bool out_of_range = false;
+        if (is_verbose() || !quickly_to_tai(*id, ref_in, &record, &out_of_range))
+            return false;
+        const double tai_days = processing_of(record);
+        (void)once_only_warning(id, KL_FLAGS_CONVERSION, tai_days);
+        if (!quickly_from_tai(*id, ref_out, tai_days, &record, &out_of_range))
+            return false;
+    }
+    if (record.seconds == 86400)
+        return false;
     *out = processing_of(record);
     return true;
 }
