@@ -171,7 +171,7 @@ TEST(Messages, PrintingTakesUpTo256)
         SAYS(lines[std::max(n, 0L)], 0, kl_print_msg(&n, msg))
 }
 
-TEST(Messages, EveryRowOpensWithItsSeverityAndOnPurposeOneKeepsItsPlaceholder)
+TEST(Messages, EveryRowOpensWithItsSeverityAndShowsNoPlaceholder)
 {
     const std::pair<long, Codes> counts[] = {
 #include "error/code_counts.inc"
@@ -190,6 +190,7 @@ TEST(Messages, EveryRowOpensWithItsSeverityAndOnPurposeOneKeepsItsPlaceholder)
             const std::string opening = warning ? "ORBKIT_LIB >>> WARNING in " : "ORBKIT_LIB >>> ERROR in ";
             EXPECT_EQ(std::string(*msg).substr(0, opening.size()), opening);
             EXPECT_EQ(std::tolower(msg[0][opening.size()]), 'k') << *msg;
+            // Its placeholder has no argument, on purpose.
             EXPECT_EQ(std::strchr(*msg, '%') != nullptr, id == kModelInit && code == 2) << *msg;
         }
     }
