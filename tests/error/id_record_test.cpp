@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
+#include <map>
 #include <random>
 #include <thread>
 #include <vector>
@@ -39,23 +40,16 @@ std::string said_while(Site site, int nth, Call call)
     });
 }
 
-TEST(IdRecord, IsFilledByInitAndEmptiedByClose)
+TEST(IdRecord, IsFilledByInitAndEmptiedByCloseAndNoneIsUninitialised)
 {
     kl_id_record record;
     std::memset(&record, 0x5a, sizeof record);
     kl_id_record *handle = &record;
     const long sat_id = 301;
     record.mode = 77;
+    kl_id_record *none = nullptr;
+    BareId other;
 #include "error/record_life.inc"
-}
-
-TEST(IdRecord, NothingIsAnUninitialisedId)
-{
-    kl_id_record *empty = nullptr;
-    BareId id;
-    for (void *handle : {static_cast<void *>(nullptr), static_cast<void *>(&empty)}) {
-#include "error/no_id.inc"
-    }
 }
 
 // Random links, unlinks and closes over a few ids, against a plain list of pairs. An id is built on earlier ones, so
@@ -63,45 +57,40 @@ TEST(IdRecord, NothingIsAnUninitialisedId)
 TEST(Links, StandOnBothSidesAndForbidClosingAfterAnyHistory)
 {
     BareId ids[6];
-    std::vector<std::pair<BareId *, BareId *>> links; // used, user
+    std::map<const kl_id_record *, Entries> users, uses;
+    const auto drop = [](Entries &list, const kl_id_record *record) {
+        const auto found = std::find(list.begin(), list.end(), record);
+        list.erase(found, found == list.end() ? found : found + 1);
+    };
     std::mt19937 random(20260101);
     long closed = 0;
     for (int step = 0; step < 10000; ++step) {
-        BareId *const used = ids + random() % 5, *const user =
-                                                     used + 1 + random() % static_cast<unsigned>(ids + 5 - used);
-        const auto link = std::pair(used, user);
+        const std::size_t first = random() % 5;
+        kl_id_record *const used = &ids[first].record;
+        kl_id_record *user = &ids[first + 1 + random() % (5 - first)].record;
         switch (random() % 4) {
         case 0:
-            ASSERT_EQ(KL_Link_ids(&used->record, &user->record), 0);
-            links.push_back(link);
+            ASSERT_EQ(KL_Link_ids(used, user), 0);
+            users[used].push_back(user);
+            uses[user].push_back(used);
             break;
-        case 1: { // linked or not
-            ASSERT_EQ(KL_Unlink_ids(&used->record, &user->record), 0);
-            const auto found = std::find(links.begin(), links.end(), link);
-            links.erase(found, found == links.end() ? found : found + 1);
+        case 1: // linked or not
+            ASSERT_EQ(KL_Unlink_ids(used, user), 0);
+            drop(users[used], user);
+            drop(uses[user], used);
             break;
-        }
         default:
-            const auto used_by = [user](const auto &other) { return other.first == user; };
-            const bool free = std::none_of(links.begin(), links.end(), used_by);
-            ASSERT_EQ(KL_Id_close(&user->handle), free ? 0 : -1) << step;
-            if (!free)
+            ASSERT_EQ(KL_Id_close(&user), users[user].empty() ? 0 : -1) << step;
+            if (!users[user].empty())
                 break;
+            for (const kl_id_record *record : std::exchange(uses[user], {}))
+                drop(users[record], user);
+            ASSERT_EQ(KL_Id_init(&kSatId, KL_ID_TIME, user), 0);
             ++closed;
-            const auto by_user = [user](const auto &other) { return other.second == user; };
-            links.erase(std::remove_if(links.begin(), links.end(), by_user), links.end());
-            ASSERT_EQ(KL_Id_init(&kSatId, KL_ID_TIME, &user->record), 0);
         }
-        for (BareId &id : ids) {
-            Entries users, uses;
-            for (const auto &[first, second] : links) {
-                if (first == &id)
-                    users.push_back(&second->record);
-                if (second == &id)
-                    uses.push_back(&first->record);
-            }
-            ASSERT_EQ(entries(id.record.users), users) << step;
-            ASSERT_EQ(entries(id.record.uses), uses) << step;
+        for (const BareId &id : ids) {
+            ASSERT_EQ(entries(id.record.users), users[&id.record]) << step;
+            ASSERT_EQ(entries(id.record.uses), uses[&id.record]) << step;
         }
     }
     EXPECT_GT(closed, 500);
