@@ -20,7 +20,7 @@ constexpr long kSun = 140;
 constexpr long kPlanet = 142;
 
 constexpr long clear[] = {0, 0};
-constexpr kl_error_record kEmpty = {-1, 0, 0, {}, {}};
+constexpr kl_error_record kEmpty = {-1, 0, {}, {}, 0};
 char msg[KL_MAX_MSG][512];
 
 using Codes = std::vector<long>;
