@@ -69,12 +69,10 @@ struct Value {
     double time = 7.0;
     char text[KL_TIME_ASCII_LENGTH] = "untouched";
     long fields[KL_TRANSPORT_LENGTH] = {7, 7, 7, 7};
-    bool given = true;
 
     Value() = default;
     Value(double days) : time(days) {}
     Value(const char *written) { std::memcpy(text, written, strnlen(written, sizeof text - 1) + 1); }
-    Value(std::nullptr_t) : given(false) {} // a NULL argument
     Value(long a, long b, long c, long d = 0) : fields{a, b, c, d} {}
     bool untouched() const { return time == 7.0 && std::strcmp(text, "untouched") == 0 && fields[3] == 7; }
 };
@@ -82,7 +80,6 @@ struct Value {
 enum Kind { kOfProcessing, kOfAscii, kOfTransport, kOfEveryKind };
 constexpr Kind kKinds[] = {kOfProcessing, kOfAscii, kOfTransport};
 
-constexpr long kNull = -2000; // in place of a format or a scale: a NULL pointer
 struct Form {
     Kind kind;
     long format, ref;
@@ -103,21 +100,19 @@ struct Outcome {
 };
 
 // Any of the nine.
-inline Outcome convert(kl_time_id *id, const Form &in, const Value &value, const Form &out, bool output_given = true)
+inline Outcome convert(kl_time_id *id, const Form &in, const Value &value, const Form &out)
 {
     Outcome got;
-    const auto or_null = [](const long &number) { return number != kNull ? &number : nullptr; };
-    const auto call = [&](auto function, const auto *input, auto *output) {
-        got.status = function(id, or_null(in.format), or_null(in.ref), value.given ? input : nullptr,
-                              or_null(out.format), or_null(out.ref), output_given ? output : nullptr, got.ierr);
-    };
     const auto from = [&](const auto *input, auto to_processing, auto to_ascii, auto to_transport) {
+        const auto call = [&](auto function, auto *output) {
+            got.status = function(id, &in.format, &in.ref, input, &out.format, &out.ref, output, got.ierr);
+        };
         if (out.kind == kOfProcessing)
-            call(to_processing, input, &got.value.time);
+            call(to_processing, &got.value.time);
         else if (out.kind == kOfAscii)
-            call(to_ascii, input, got.value.text);
+            call(to_ascii, got.value.text);
         else
-            call(to_transport, input, got.value.fields);
+            call(to_transport, got.value.fields);
     };
     if (in.kind == kOfProcessing)
         from(&value.time, kl_time_processing_to_processing, kl_time_processing_to_ascii,
@@ -129,37 +124,22 @@ inline Outcome convert(kl_time_id *id, const Form &in, const Value &value, const
     return got;
 }
 
+// Days of one scale to days of another.
+inline Outcome convert(kl_time_id *id, long from, double days, long to)
+{
+    return convert(id, plain(kOfProcessing, from), days, plain(kOfProcessing, to));
+}
+inline double days_in(kl_time_id *id, long from, double days, long to)
+{
+    return convert(id, from, days, to).value.time;
+}
+
 inline std::string fields_of(const Value &value)
 {
     std::string out;
     for (const long field : value.fields)
         out += (out.empty() ? "" : " ") + std::to_string(field);
     return out;
-}
-
-// The look-up of the differences, and its codes, a bit each.
-struct Deltas {
-    long status, codes = 0;
-    double tai_utc, tai_ut1, tai_gps;
-    long in_leap, after_leap;
-};
-inline Deltas deltas_at(kl_time_id *id, long ref, double time)
-{
-    Deltas out;
-    kl_error_record error;
-    out.status = KL_Time_ref_init_file_deltas(id, &time, &ref, &out.tai_utc, &out.tai_ut1, &out.tai_gps, &out.in_leap,
-                                              &out.after_leap, &error);
-    for (int i = 0; i < error.count; ++i)
-        out.codes |= 1L << error.codes[i];
-    return out;
-}
-
-// The standard record of a processing time, as its fields.
-inline std::string standard_of(kl_time_id *id, long ref, double time)
-{
-    kl_std_record out{};
-    EXPECT_EQ(KL_Time_p2t_format_to_std(id, ref, &time, &out, nullptr), 0) << time;
-    return fields_of({out.days, out.seconds, out.microseconds});
 }
 
 #endif

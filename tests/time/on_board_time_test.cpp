@@ -76,8 +76,7 @@ TEST(OnBoardTime, BrisaComesBackWithinOneCount)
         double time = kNaN;
         ASSERT_EQ(kl_time_obt_to_time(&kBrisa, &kTai, &ref, &obt, &time, nullptr), KL_OK);
         ASSERT_EQ(kl_time_time_to_obt(&kBrisa, &kTai, &ref, &time, &back, nullptr), KL_OK);
-        const unsigned long lost = (obt.coarse << 16 | obt.fine) - (back.coarse << 16 | back.fine);
-        ASSERT_LE(lost, 1u) << i;
+        ASSERT_LE((obt.coarse << 16 | obt.fine) - (back.coarse << 16 | back.fine), 1u) << i;
     }
 }
 
@@ -91,19 +90,19 @@ struct Cuc : testing::Test {
     ReadingsId time_id{37.0, 0.0, 0.25, 18.0};
 
     struct Outcome {
-        long status, ierr;
-        double time;
-        Octets octets; // all KL_CUC_LENGTH, 0xAA where nothing was written
+        long status = KL_OK, ierr = -1;
+        double time = 77.0;
+        Octets octets = Octets(KL_CUC_LENGTH, 0xaa);
     };
     Outcome decode(const kl_cuc_config &config, const Octets &octets, long ref = kTai)
     {
-        Outcome out{KL_OK, -1, 77.0, {}};
+        Outcome out;
         out.status = kl_time_cuc_to_processing(time_id, &config, &ref, octets.data(), &out.time, &out.ierr);
         return out;
     }
     Outcome encode(const kl_cuc_config &config, double time, long ref = kTai)
     {
-        Outcome out{KL_OK, -1, 77.0, Octets(KL_CUC_LENGTH, 0xaa)};
+        Outcome out;
         out.status = kl_time_processing_to_cuc(time_id, &config, &ref, &time, out.octets.data(), &out.ierr);
         return out;
     }
@@ -130,7 +129,7 @@ TEST_F(Cuc, PFieldsAreThoseOfTheStandard)
     }
 }
 
-TEST_F(Cuc, EveryPairOfPFieldOctetsIsReadAndWrittenBackOrRefused)
+TEST_F(Cuc, EveryPairOfPFieldOctetsIsReadOrRefused)
 {
     // The octet counts and the epoch type of the configuration are not needed to read them.
     const kl_cuc_config config = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1980, kTai, 100.0, 0, 99};
@@ -142,7 +141,7 @@ TEST_F(Cuc, EveryPairOfPFieldOctetsIsReadAndWrittenBackOrRefused)
             const Outcome out = decode(config, octets);
             const int identification = first / 16 % 8;
             if (identification != 1 && identification != 2) {
-                ASSERT_EQ(out.ierr, error_bit(1)) << first;
+                ASSERT_EQ(out.ierr, error_bits(1)) << first;
                 continue;
             }
             const bool extended = first >= 128;
@@ -153,16 +152,6 @@ TEST_F(Cuc, EveryPairOfPFieldOctetsIsReadAndWrittenBackOrRefused)
                 seconds += std::pow(256.0, i);
             const double want = (identification == 1 ? -15340.0 : 100.0) + seconds / kDay;
             ASSERT_NEAR(out.time, want, 4e-16 * std::fabs(want)) << first << " " << second;
-
-            kl_cuc_config read{}, again{};
-            unsigned char written[2] = {0, 0};
-            long n_octets = 0;
-            ASSERT_EQ(KL_Cuc_get_data_from_P_field(octets.data(), &read, nullptr), 0);
-            ASSERT_EQ(KL_Cuc_compute_P_field(&read, written, &n_octets, nullptr), 0);
-            ASSERT_EQ(n_octets, n_coarse > 4 || n_fine > 3 ? 2 : 1);
-            ASSERT_EQ(KL_Cuc_get_data_from_P_field(written, &again, nullptr), 0);
-            ASSERT_EQ(std::tuple(again.n_coarse, again.n_fine, again.epoch_type),
-                      std::tuple(n_coarse, n_fine, identification == 1 ? KL_CUC_EPOCH_1958 : KL_CUC_EPOCH_USER));
         }
 }
 
@@ -181,16 +170,14 @@ TEST_F(Cuc, TheLastOctetIsRoundedWithTheCarryAndSecondsThatDoNotFitAreRefused)
     for (const auto &[name, days, n_coarse, n_fine, octets] : kSeconds) {
         const Outcome out = encode(counting(n_coarse, n_fine), days);
         EXPECT_EQ(out.octets, with_room(octets)) << name;
-        EXPECT_EQ(out.ierr, octets.empty() ? error_bit(0) : 0) << name;
+        EXPECT_EQ(out.ierr, octets.empty() ? error_bits(0) : 0) << name;
     }
 }
 
 TEST_F(Cuc, OctetsGoToTimeAndBackWhereADoubleHoldsThem)
 {
     // From real epochs 2^-16 s is 15 microseconds, and days of 2099 hold 0.6.
-    std::vector<kl_cuc_config> configs = {{KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1958, 0, 0.0, 4, 2},
-                                          {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1980, 0, 0.0, 4, 2},
-                                          {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, 0, 0.0, 4, 2}};
+    std::vector<kl_cuc_config> configs = {{KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1980, 0, 0.0, 4, 2}};
     // From 0.0 days hold 53 bits; two roundings and the product with 86400 leave 49 for the seconds.
     for (long n_coarse = 1; n_coarse <= 6; ++n_coarse)
         for (long n_fine = 0; n_coarse + n_fine <= 6; ++n_fine)
@@ -199,13 +186,10 @@ TEST_F(Cuc, OctetsGoToTimeAndBackWhereADoubleHoldsThem)
     for (const kl_cuc_config &config : configs)
         for (int i = 0; i < 6000; ++i) {
             const long ref = config.epoch_type == KL_CUC_EPOCH_USER ? kTai : kUtc;
-            Octets octets(config.cuc_type == KL_CUC_WITH_P_FIELD ? 1 : 0, 0x1e);
-            for (long k = 0; k < config.n_coarse + config.n_fine; ++k) {
-                const std::uint64_t any = i % 3 == 0 ? random() % 2 * 255 : random();
-                octets.insert(octets.end(), static_cast<unsigned char>(i == 0 ? 0xff : any));
-            }
-            octets.resize(KL_CUC_LENGTH, 0xaa);
-            ASSERT_EQ(encode(config, decode(config, octets, ref).time, ref).octets, octets)
+            Octets octets;
+            for (long k = 0; k < config.n_coarse + config.n_fine; ++k)
+                octets.push_back(static_cast<unsigned char>(i % 3 == 0 ? random() % 2 * 255 : random()));
+            ASSERT_EQ(encode(config, decode(config, octets, ref).time, ref).octets, with_room(octets))
                 << config.n_coarse << "+" << config.n_fine;
         }
 }
@@ -213,9 +197,9 @@ TEST_F(Cuc, OctetsGoToTimeAndBackWhereADoubleHoldsThem)
 TEST_F(Cuc, TellsWhatIsWrong)
 {
     for (const auto &[name, config, ref, time, check, to_time, to_octets] : kConditions) {
-        kl_error_record error;
-        EXPECT_EQ(KL_Cuc_check_inputs(time_id, &config, ref, 0, &error), check == kNone ? KL_OK : KL_ERR) << name;
-        EXPECT_TRUE(check == kNone || error.codes[0] == check) << name;
+        expect_record(name, check, "", [&, &given = config, scale = ref](kl_error_record *e) {
+            return KL_Cuc_check_inputs(time_id, &given, scale, 0, e);
+        });
         const Outcome in = decode(config, Octets(KL_CUC_LENGTH, 0), ref);
         expect_outcome(in.status, in.ierr, to_time, name);
         EXPECT_EQ(in.time == 77.0, to_time != kNone) << name;

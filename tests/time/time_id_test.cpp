@@ -37,17 +37,13 @@ TEST(TimeRefInit, RoundsTheWholeSecondDifferences)
 TEST(TimeRefInit, TheFirstReadingOutOfRangeEndsTheCall)
 {
     for (int i = 0; i < 4; ++i)
-        for (const double bad : {-18262.0000001, 36524.5, kNaN, kInfinity, -kInfinity}) {
-            kl_time_id id{};
-            double tri_time[4] = {-18262.0, 36524.0, kNaN, kNaN};
-            std::fill(tri_time, tri_time + i, i % 2 == 0 ? -18262.0 : 36524.0);
+        for (const double bad : {-18262.0000001, 36524.5, kNaN}) {
+            OwnedTimeId id;
+            double tri_time[4] = {-18262.0, 36524.0, -18262.0, kNaN};
             tri_time[i] = bad;
-            EXPECT_EQ(init(tri_time, &id), error_bit(i)) << i << " " << bad;
-            EXPECT_EQ(id.record, nullptr);
+            EXPECT_EQ(init(tri_time, id), error_bits(i)) << bad;
         }
-    ReadingsId id(37.0, 0.0, 0.0, 18.0);
-    EXPECT_EQ(init(nullptr, id), error_bit(9)) << "told off for the id before its readings";
-    EXPECT_EQ(TimeData(id).rows[0].tai_utc, 37.0);
+    EXPECT_EQ(init(nullptr, ReadingsId(37.0, 0.0, 0.0, 18.0)), error_bits(9)) << "the id comes before its readings";
 }
 
 // ---- getters and release ----
@@ -65,12 +61,12 @@ TEST(TimeId, ConditionsOfOrbitsHaveTextsThoughNoCallMeetsThem)
 TEST(TimeClose, IsRefusedForNoIdAndForAnIdInUse)
 {
     NamedIds ids;
-    LEAVES(error_bit(0), kl_time_close(ids[kEmpty], e))
+    LEAVES(error_bits(0), kl_time_close(ids[kEmpty], e))
     kl_time_id *const id = ids[kConstant];
     {
         BareId user(KL_ID_RUN);
         ASSERT_EQ(KL_Link_ids(id->record, user.handle), 0);
-        LEAVES(error_bit(0), kl_time_close(id, e))
+        LEAVES(error_bits(0), kl_time_close(id, e))
         EXPECT_EQ(ten_days().set(id), -1) << "data of an id in use are not replaced";
         EXPECT_EQ(kl_time_get_mode(id), -1);
     }
@@ -109,7 +105,7 @@ TEST(TimeIdData, ExplicitValuesCanBeSetAgain)
               std::tuple(-1, -1, 1, 0));
     EXPECT_EQ(data.rows[0].utc, data.rows[0].tai - 1.0 / kDay); // before 1950
     EXPECT_EQ(kl_time_set_id_data(copy, &data), 0);
-    EXPECT_EQ(convert(copy, kUtc, 5000.0, kUt1).time, convert(id, kUtc, 5000.0, kUt1).time);
+    EXPECT_EQ(days_in(copy, kUtc, 5000.0, kUt1), days_in(id, kUtc, 5000.0, kUt1));
 }
 
 TEST(TimeIdData, WhatCannotBeATableIsRefusedAndChangesNothing)
@@ -120,13 +116,10 @@ TEST(TimeIdData, WhatCannotBeATableIsRefusedAndChangesNothing)
         Table table = leap_table(k2017, 36.0, 1);
         spoil(table);
         EXPECT_EQ(captured_stderr([&] { EXPECT_EQ(table.set(&none), -1); }), "") << name;
-        EXPECT_EQ(none.record, nullptr) << name;
-        kl_verbose();
-        const std::string line = captured_stderr([&] { EXPECT_EQ(table.set(id), -1); });
-        kl_silent();
+        const std::string line = verbose_text([&] { EXPECT_EQ(table.set(id), -1); });
         EXPECT_EQ(line.rfind("ORBKIT_LIB >>> ERROR in kl_time_set_id_data: ", 0), 0u) << name;
         EXPECT_NE(line.find(part), std::string::npos) << name << ": " << line;
-        EXPECT_EQ(kl_time_get_mode(id), -1) << name;
+        EXPECT_EQ(std::tuple(none.record, kl_time_get_mode(id)), std::tuple(nullptr, -1)) << name;
     }
 }
 
@@ -134,23 +127,20 @@ TEST(TimeIdData, ATableTakesThePlaceOfTheOneBeforeUnlessThereIsNoMemory)
 {
     NamedIds ids;
     kl_time_id *const id = ids[kPositiveLeap];
-    void *const record = id->record;
     const double tri_time[4] = {0.0, 0.0, 0.0, 0.0};
     Table other = ten_days();
     for (int nth = 0; nth < 3 && faults::available(); ++nth) { // each allocation
         faults::Fail fail(faults::Site::kAllocation, nth);
         const long ierr = init(tri_time, ids[kEmpty]);
         ASSERT_TRUE(fail.disarm());
-        EXPECT_EQ(ierr, error_bit(8)) << nth;
+        EXPECT_EQ(ierr, error_bits(8)) << nth;
         faults::Fail again(faults::Site::kAllocation, nth);
         const long status = other.set(id);
         ASSERT_TRUE(again.disarm());
-        EXPECT_EQ(status, -1) << nth;
-        EXPECT_EQ(deltas_at(id, kUtc, k2017).tai_utc, 37.0) << nth;
+        EXPECT_EQ(std::tuple(status, kl_time_get_mode(id), TimeData(id).n_rows), std::tuple(-1, 1, 7)) << nth;
     }
     ASSERT_EQ(other.set(id), 0);
-    EXPECT_EQ(id->record, record);
-    EXPECT_NEAR((convert(id, kUtc, 5.0, kUt1).time - 5.0) * kDay, 32.0 - 31.25, 1e-6);
+    EXPECT_NEAR((days_in(id, kUtc, 5.0, kUt1) - 5.0) * kDay, 32.0 - 31.25, 1e-6);
     EXPECT_EQ(std::tuple(TimeData(id).leap_sign, TimeData(id).n_rows), std::tuple(0, 2));
 }
 
@@ -163,7 +153,7 @@ TEST(PublishedTimes, GiveTaiUtcOfEveryLeapSecondAndUt1OfDaysBetweenTheRows)
     OwnedTimeId id;
     ASSERT_EQ(load_time_correlation("data/time_correlation.csv", id), 0);
     // How far a scale is ahead of UTC there, s.
-    const auto ahead = [&id](long scale, double utc) { return (convert(id, kUtc, utc, scale).time - utc) * kDay; };
+    const auto ahead = [&id](long scale, double utc) { return (days_in(id, kUtc, utc, scale) - utc) * kDay; };
     for (const TaiUtcStep &step : kTaiUtcSteps) {
         const double utc = step.mjd - 51544.0;
         EXPECT_NEAR(ahead(kTai, utc), step.tai_utc, 1e-6);

@@ -16,13 +16,7 @@
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kDay = 86400.0; // s
-constexpr long kProcessing = KL_PROC;
 
-// What a vector holds after one error, or after one warning.
-constexpr long error_bit(long bit)
-{
-    return LONG_MIN | 1L << bit;
-}
 constexpr long warning_bit(long bit)
 {
     return 1L << 30 | 1L << bit;
@@ -32,7 +26,7 @@ constexpr long warning_bit(long bit)
 constexpr long kNone = -1;
 constexpr long error_or_none(long bit)
 {
-    return bit == kNone ? 0 : error_bit(bit);
+    return bit == kNone ? 0 : LONG_MIN | 1L << bit;
 }
 
 // A public function that fails with one condition, or succeeds without any.
@@ -145,20 +139,6 @@ inline Table leap_table(double leap_utc, double tai_utc_before, int sign, double
         rows.push_back(row_at(utc, tai_utc_before + (utc < leap_utc ? 0 : sign), tai_utc_before + 0.3 + 0.001 * i));
     }
     return Table(rows);
-}
-
-// Converts between scales and hands out the vector; the result is NaN after an error.
-struct Converted {
-    long status;
-    long ierr;
-    double time;
-};
-inline Converted convert(kl_time_id *id, long from, double time, long to)
-{
-    Converted out{KL_OK, -1, kNaN};
-    out.status =
-        kl_time_processing_to_processing(id, &kProcessing, &from, &time, &kProcessing, &to, &out.time, &out.ierr);
-    return out;
 }
 
 #endif
