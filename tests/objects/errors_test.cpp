@@ -41,9 +41,6 @@ TEST(LibError, StaysWhatItIsInAnExceptionAndItsCopies)
     EXPECT_EQ(codes_of(*lib_error), (Codes{99, 0}));
     copy.addMsg("while opening");
     EXPECT_EQ(copy.getMsg(), (Texts{"a::b", messages_of(*lib_error).back(), "while opening"}));
-    LibError assigned("c::d", KL_WARN, KL_ID_FUNC_MOON, nullptr);
-    assigned = *lib_error;
-    EXPECT_EQ(messages_of(assigned), messages_of(*lib_error));
 }
 
 TEST(LibError, OnPurposeFailureOfEulerToMatrixDecodesToNothing)

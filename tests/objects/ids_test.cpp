@@ -96,8 +96,6 @@ TEST(SatId, SetsCatalogueDataAndThreeCharactersOfSp3)
     generic.setSP3Data("L999");
     const kl_tle_sat_data &row = TLE_SAT_DATA[60];
 #include "objects/satellite_data.inc"
-    generic.setTleData(0, "GENERIC", "00000   ");
-    generic.setSP3Data("A00");
 }
 
 } // namespace

@@ -19,26 +19,18 @@ struct Expected;
 
 template <>
 struct Expected<ModelId> {
+    static constexpr auto close = kl_model_close;
     static constexpr long close_id = KL_ID_FUNC_MODEL_CLOSE;
     static constexpr const char *close_failure = "ModelId::ModelId";
     static ModelId make() { return ModelId(KL_MODEL_DEFAULT, {}); }
-    static long close(void *record)
-    {
-        kl_model_id id = {record};
-        return kl_model_close(&id, nullptr);
-    }
 };
 
 template <>
 struct Expected<TimeId> {
+    static constexpr auto close = kl_time_close;
     static constexpr long close_id = KL_ID_FUNC_TIME_REF_CLOSE;
     static constexpr const char *close_failure = "TimeId::eraseObject";
     static TimeId make() { return TimeId({0.0, 0.0, 0.0, 0.0}); }
-    static long close(void *record)
-    {
-        kl_time_id id = {record};
-        return kl_time_close(&id, nullptr);
-    }
 };
 
 template <typename Id>
@@ -98,17 +90,17 @@ TYPED_TEST(SharedId, IdOfAnotherOutlivesItsObjectsAndSaysSoInVerboseMode)
 {
     for (const bool verbose : {false, true}) {
         TypeParam id = TestFixture::make();
-        void *const record = id.getId()->record;
+        auto handle = *id.getId();
         {
             BareId user;
-            KL_Link_ids(record, &user.record);
+            KL_Link_ids(handle.record, &user.record);
             const auto erase = [&] { EXPECT_NO_THROW(id.eraseObject()); };
             const std::string said = verbose ? verbose_text(erase) : captured_stderr(erase);
             EXPECT_EQ(said.find("it could be in use by another Id.") != std::string::npos, verbose) << said;
-            EXPECT_EQ(KL_Id_init_status(&record), 1) << "left open";
-            EXPECT_EQ(instances(&record), 0);
+            EXPECT_EQ(KL_Id_init_status(&handle), 1) << "left open";
+            EXPECT_EQ(instances(&handle), 0);
         }
-        EXPECT_EQ(TestFixture::close(record), KL_OK);
+        EXPECT_EQ(TestFixture::close(&handle, nullptr), KL_OK);
     }
 }
 
@@ -117,7 +109,7 @@ TYPED_TEST(SharedId, OnPurposeFailingCloseCarriesTheNameOfTheConstructorForModel
     SKIP_WITHOUT_FAULTS();
     for (const bool by_destructor : {false, true}) {
         std::optional<TypeParam> id(TestFixture::make());
-        void *const record = id->getId()->record;
+        auto handle = *id->getId();
         captured_stderr([&] {
             // Giving up the share takes the lock of all releases and that of the id twice, then the close takes it.
             const faults::Fail fail(faults::Site::kMutexLock, 3);
@@ -126,8 +118,8 @@ TYPED_TEST(SharedId, OnPurposeFailingCloseCarriesTheNameOfTheConstructorForModel
             else
                 FAILS(TestFixture::close_failure, TestFixture::close_id, 0, id->eraseObject())
         });
-        EXPECT_EQ(KL_Id_init_status(&record), 1);
-        EXPECT_EQ(TestFixture::close(record), KL_OK);
+        EXPECT_EQ(KL_Id_init_status(&handle), 1);
+        EXPECT_EQ(TestFixture::close(&handle, nullptr), KL_OK);
     }
 }
 
