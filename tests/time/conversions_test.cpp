@@ -13,22 +13,6 @@
 
 namespace {
 
-constexpr long kMicrosecondsOfDay = 86400000000;
-
-// An instant in all plain forms, its text by the C library. Microseconds may lie on a neighbouring day.
-Value instant(long day, long microseconds)
-{
-    const long days = microseconds < 0 ? day - 1 : day;
-    const long left = microseconds - (days - day) * kMicrosecondsOfDay;
-    Value value(days, left / 1000000, left % 1000000);
-    value.time = static_cast<double>(days) + static_cast<double>(left) / 8.64e10;
-    const std::time_t unix_time = (days + 10957) * 86400 + value.fields[1]; // 10957 days from 1970 to 2000
-    std::tm utc{};
-    const std::size_t n = std::strftime(value.text, sizeof value.text, "%Y-%m-%d_%H:%M:%S", gmtime_r(&unix_time, &utc));
-    std::snprintf(value.text + n, sizeof value.text - n, ".%06d", static_cast<int>(value.fields[2]));
-    return value;
-}
-
 void expect_equal(Kind kind, const Value &got, const Value &expected)
 {
     const double two_roundings = kRounding * std::max(1.0, std::fabs(expected.time));
@@ -98,10 +82,10 @@ TEST(Conversions, WarnOnceOfALeftTableAllNineTogether)
     constexpr long kLeft = warning_bit(6) | warning_bit(9);
     for (int i = 0; i < 9; ++i) {
         NamedIds ids;
+        const Form in = plain(kKinds[i / 3], kUtc), tai = plain(kKinds[i % 3], kTai);
         for (const auto &[day, vector] :
              {std::pair(6240L, kLeft), {6240L, warning_bit(6)}, {6208L, 0L}, {6240L, kLeft}}) {
-            const Outcome out = convert(ids[kPositiveLeap], plain(kKinds[i / 3], kUtc),
-                                        instant(day, kMicrosecondsOfDay / 2), plain(kKinds[i % 3], kTai));
+            const Outcome out = convert(ids[kPositiveLeap], in, instant(day, kMicrosecondsOfDay / 2), tai);
             EXPECT_FALSE(out.value.untouched()) << i;
             EXPECT_EQ(std::tuple(out.status, out.ierr[0]), std::tuple(status_with(vector), vector)) << i << " " << day;
         }
@@ -111,11 +95,11 @@ TEST(Conversions, WarnOnceOfALeftTableAllNineTogether)
 TEST(VerboseMode, PrintsEveryConditionOnTheWayToTheCaller)
 {
     NamedIds ids;
-    const Form days = plain(kOfProcessing, kUtc), tai = plain(kOfProcessing, kTai), ut1 = plain(kOfProcessing, kUt1);
+    const Form days = plain(kOfProcessing, kUtc);
     const double late = 40000.0;
     double start = 0.0;
     for (const IdName left : {kPositiveLeap, kOpenEnd})
-        convert(ids[left], days, 6240.0, tai); // spends the once-only warning
+        convert(ids[left], kUtc, 6240.0, kTai); // spends the once-only warning
     kl_verbose();
 #define SAYS(lines, ...) EXPECT_EQ(captured_stderr([&] { __VA_ARGS__; }), lines) << #__VA_ARGS__;
 #include "time/verbose_lines.inc"

@@ -1,10 +1,10 @@
 // The correlation look-up: rows, interpolation, both ends of the table, once-only warnings, one instant to TAI and
 // back; leap seconds and what becomes of instants around them.
+#include "support/tolerances.h"
 #include "time/format_cases.h"
 
 #include <algorithm>
 #include <cmath>
-#include <ctime>
 #include <random>
 #include <thread>
 
@@ -16,22 +16,6 @@ constexpr long kOut = warning_bit(6), kFormula = warning_bit(7), kGap = warning_
 using Rows = std::vector<kl_time_row>;
 #include "time/correlation_cases.inc"
 #include "time/leap_second_cases.inc"
-
-// The look-up of the differences, and its codes, a bit each.
-struct Deltas {
-    long status = 7, codes = 0;
-    double tai_utc = 7.0, tai_ut1 = 7.0, tai_gps = 7.0;
-    long in_leap = 7, after_leap = 7;
-
-    Deltas(kl_time_id *id, long ref, double time)
-    {
-        kl_error_record error;
-        status =
-            KL_Time_ref_init_file_deltas(id, &time, &ref, &tai_utc, &tai_ut1, &tai_gps, &in_leap, &after_leap, &error);
-        for (int i = 0; i < error.count; ++i)
-            codes |= 1L << error.codes[i];
-    }
-};
 
 // Rows `step` days apart, or for step 0 from a quarter of an hour to a year. TAI-GPS is the number of the row, so that
 // the look-up says which row it took.
@@ -138,14 +122,6 @@ TEST(OnceOnlyWarnings, ComeWithTheFirstConversionThatLeavesTheGoodRegion)
     }
 }
 
-TEST(OnceOnlyWarnings, TwoSetsOfFlagsDoNotSpendEachOthersWarning)
-{
-    NamedIds ids;
-    const kl_std_record after = {20, 0, 0};
-    long warning = -1;
-#include "time/warning_flags.inc"
-}
-
 TEST(OnceOnlyWarnings, ASharedIdConvertsRightInEveryThread)
 {
     NamedIds ids;
@@ -171,29 +147,14 @@ TEST(ToTai, AddsTheDifferenceAndCarries)
         }
 }
 
-TEST(ToTai, ConditionsAreThoseOfTheLookUp)
-{
-    NamedIds ids;
-    kl_std_record out{};
-    double days = 0.0;
-#include "time/to_tai_conditions.inc"
-}
-
 // ---- leap seconds: the quarter, the one of a table, its day ----
 
-TEST(QuarterStart, IsThatOfEveryDayFrom1950To2099OnPurpose)
+TEST(QuarterStart, IsThatOfAnyDayOfTheQuarterOnPurpose)
 {
-    double expected = kNaN;
-    for (long day = -18262; day < 36524; ++day) {
-        const std::time_t seconds = (day + 10957) * 86400; // 10957 days from 1970 to 2000
-        std::tm date{};
-        gmtime_r(&seconds, &date); // the C library's calendar
-        if (date.tm_mon % 3 == 0 && date.tm_mday == 1)
-            expected = static_cast<double>(day);
-        const double time = static_cast<double>(day) + (day % 2 == 0 ? 0.0 : 0.999);
+    for (const auto &[time, expected] : kQuarters) {
         double start = kNaN;
-        ASSERT_EQ(KL_Leap_second_utc_time(&kUtc, &time, &start, nullptr), 0) << time;
-        ASSERT_EQ(start, expected) << time;
+        EXPECT_EQ(KL_Leap_second_utc_time(&kUtc, &time, &start, nullptr), 0) << time;
+        EXPECT_EQ(start, expected) << time;
     }
 }
 
@@ -204,14 +165,6 @@ TEST(LeapSecond, IsTheLastChangeOfTaiUtcAtTheStartOfItsQuarter)
         EXPECT_EQ(std::tuple(data.leap_sign, data.leap_utc), std::tuple(sign, utc)) << name;
         EXPECT_NEAR(data.leap_tai, utc + tai_utc / kDay, 1.9e-12) << name;
     }
-}
-
-TEST(LeapSecond, QuarterDayAndFlagsOfOneInstant)
-{
-    NamedIds ids;
-    double start = 0.0;
-    long flag = -7, after = -7;
-#include "time/leap_second_rows.inc"
 }
 
 TEST(LeapFlags, RunFromHalfAMicrosecondBeforeToAMicrosecondShortOfTheEnd)
@@ -228,11 +181,7 @@ TEST(LeapFlags, RunFromHalfAMicrosecondBeforeToAMicrosecondShortOfTheEnd)
 // that never was), and as if it took a second away; with rows at 0h and at noon.
 TEST(AroundALeapSecond, EveryScaleGoesToTaiAndBackAsCountedByHand)
 {
-    constexpr long kSecond = 1000000;
-    const Form in_tai = plain(kOfTransport, kTai), in_utc = plain(kOfTransport, kUtc),
-               days = plain(kOfProcessing, kTai);
-    const auto fields_at = [](long day, long us) { return Value(day, us / kSecond, us % kSecond); };
-    const auto days_of = [&](const Value &value) { return convert(nullptr, in_tai, value, days).value.time; };
+    const Form in_tai = plain(kOfTransport, kTai), in_utc = plain(kOfTransport, kUtc);
     std::vector<long> offsets; // one by one at the ends of seconds
     for (long second = -3; second < 3; ++second)
         for (long us = -10; us < kSecond - 10; us += us < 10 ? 1 : 33331)
@@ -243,18 +192,18 @@ TEST(AroundALeapSecond, EveryScaleGoesToTaiAndBackAsCountedByHand)
             const long day = static_cast<long>(step.mjd) - 51545, before = static_cast<long>(step.tai_utc) - 1;
             TableId id(leap_table(step.mjd - 51544.0, step.tai_utc - 1.0, sign, phase));
             for (const long us : offsets) {
-                const Value tai = fields_at(day + 1, before * kSecond + us);
-                const Value utc = us < sign * kSecond ? fields_at(day, 86400 * kSecond + us)
-                                                      : fields_at(day + 1, us - sign * kSecond);
+                const Value tai = instant(day + 1, before * kSecond + us);
+                const Value utc =
+                    us < sign * kSecond ? instant(day, 86400 * kSecond + us) : instant(day + 1, us - sign * kSecond);
                 ASSERT_EQ(fields_of(convert(id, in_utc, utc, in_tai).value), fields_of(tai)) << step.mjd;
                 ASSERT_EQ(fields_of(convert(id, in_tai, tai, in_utc).value), fields_of(utc)) << step.mjd;
                 // Days hold no 61st second: it folds onto the one before. UT1 and GPS run on through it.
                 const bool folds = utc.fields[1] == 86400;
-                const double utc_days = days_of(folds ? fields_at(day, 86399 * kSecond + us) : utc);
-                const double again = days_of(folds ? fields_at(day + 1, (before - 1) * kSecond + us) : tai);
-                const double t = days_of(tai);
-                ASSERT_EQ(days_in(id, kTai, t, kUtc), utc_days) << step.mjd << " " << us;
-                ASSERT_EQ(days_in(id, kUtc, utc_days, kTai), again) << step.mjd << " " << us;
+                const double utc_days = folds ? instant(day, 86399 * kSecond + us).time : utc.time;
+                const double again = folds ? instant(day + 1, (before - 1) * kSecond + us).time : tai.time;
+                const double t = tai.time;
+                ASSERT_NEAR(days_in(id, kTai, t, kUtc), utc_days, kSpacing2099) << step.mjd << " " << us;
+                ASSERT_NEAR(days_in(id, kUtc, utc_days, kTai), again, kSpacing2099) << step.mjd << " " << us;
                 ASSERT_NEAR((t - days_in(id, kTai, t, kUt1)) * kDay, step.tai_utc - 0.7 - 0.001 * phase, 2e-6);
                 ASSERT_NEAR((t - days_in(id, kTai, t, kGps)) * kDay, 19.0, 1e-6);
             }
@@ -264,8 +213,7 @@ TEST(AroundALeapSecond, EveryScaleGoesToTaiAndBackAsCountedByHand)
 TEST(LeapSecondInfo, WritesBothInstantsOrTellsWhatIsMissingAndLeavesTheOnceOnlyWarningsAlone)
 {
     NamedIds ids;
-    const auto vector_outside = [&ids] { return convert(ids[kPositiveLeap], kUtc, 7000.0, kTai).ierr[0]; };
-    EXPECT_EQ(vector_outside(), warning_bit(6) | warning_bit(9));
+    EXPECT_EQ(convert(ids[kPositiveLeap], kUtc, 7000.0, kTai).ierr[0], kOut | kLeft);
     for (const auto &[given, format, vector, sign, before, after] : kInfos) {
         long ierr = -1, got_sign = 7;
         char texts[2][KL_TIME_ASCII_LENGTH] = {"untouched", "untouched"};
@@ -275,7 +223,7 @@ TEST(LeapSecondInfo, WritesBothInstantsOrTellsWhatIsMissingAndLeavesTheOnceOnlyW
         EXPECT_STREQ(texts[0], before) << given << " " << format;
         EXPECT_STREQ(texts[1], after) << given << " " << format;
     }
-    EXPECT_EQ(vector_outside(), warning_bit(6));
+    EXPECT_EQ(convert(ids[kPositiveLeap], kUtc, 7000.0, kTai).ierr[0], kOut);
 }
 
 } // namespace

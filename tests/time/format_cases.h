@@ -6,7 +6,9 @@
 #include "time/time_table.h"
 
 #include <cstddef>
+#include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <string>
 
 constexpr long kTai = KL_TIME_TAI;
@@ -77,6 +79,22 @@ struct Value {
     bool untouched() const { return time == 7.0 && std::strcmp(text, "untouched") == 0 && fields[3] == 7; }
 };
 
+constexpr long kSecond = 1000000, kMicrosecondsOfDay = 86400 * kSecond; // us
+
+// An instant in all plain forms, its text by the C library. Microseconds may lie on a neighbouring day.
+inline Value instant(long day, long microseconds)
+{
+    const long days = microseconds < 0 ? day - 1 : day;
+    const long left = microseconds - (days - day) * kMicrosecondsOfDay;
+    Value value(days, left / kSecond, left % kSecond);
+    value.time = static_cast<double>(days) + static_cast<double>(left) / 8.64e10;
+    const std::time_t unix_time = (days + 10957) * 86400 + value.fields[1]; // 10957 days from 1970 to 2000
+    std::tm utc{};
+    const std::size_t n = std::strftime(value.text, sizeof value.text, "%Y-%m-%d_%H:%M:%S", gmtime_r(&unix_time, &utc));
+    std::snprintf(value.text + n, sizeof value.text - n, ".%06d", static_cast<int>(value.fields[2]));
+    return value;
+}
+
 enum Kind { kOfProcessing, kOfAscii, kOfTransport, kOfEveryKind };
 constexpr Kind kKinds[] = {kOfProcessing, kOfAscii, kOfTransport};
 
@@ -133,6 +151,22 @@ inline double days_in(kl_time_id *id, long from, double days, long to)
 {
     return convert(id, from, days, to).value.time;
 }
+
+// The look-up of the differences, and its codes, a bit each.
+struct Deltas {
+    long status = 7, codes = 0;
+    double tai_utc = 7.0, tai_ut1 = 7.0, tai_gps = 7.0;
+    long in_leap = 7, after_leap = 7;
+
+    Deltas(kl_time_id *id, long ref, double time)
+    {
+        kl_error_record error;
+        status =
+            KL_Time_ref_init_file_deltas(id, &time, &ref, &tai_utc, &tai_ut1, &tai_gps, &in_leap, &after_leap, &error);
+        for (int i = 0; i < error.count; ++i)
+            codes |= 1L << error.codes[i];
+    }
+};
 
 inline std::string fields_of(const Value &value)
 {
