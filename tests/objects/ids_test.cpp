@@ -79,14 +79,17 @@ TEST(SatId, TakesTheLowestFreeNumberAndOnPurposeEveryObjectWithItFreesIt)
 #include "objects/satellite_numbers.inc"
 }
 
-TEST(SatId, OtherNumbersFreeNothing)
+TEST(SatId, NumbersOfTheTenSlotsFreeTheirsOthersNothing)
 {
     for (long &in_use : kl_default_sat_array)
         in_use = 1;
     for (const long number : {-10L, -1L, 10L, 200L, 1L << 32})
         SatId(number).getSatellite();
-    for (long &in_use : kl_default_sat_array)
-        EXPECT_EQ(std::exchange(in_use, 0), 1);
+    for (long slot = 0; slot < 10; ++slot) {
+        EXPECT_EQ(kl_default_sat_array[slot], 1);
+        EXPECT_EQ(SatId(slot).getSatellite(), slot);
+        EXPECT_EQ(kl_default_sat_array[slot], 0);
+    }
 }
 
 TEST(SatId, SetsCatalogueDataAndThreeCharactersOfSp3)
