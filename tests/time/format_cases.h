@@ -142,16 +142,6 @@ inline Outcome convert(kl_time_id *id, const Form &in, const Value &value, const
     return got;
 }
 
-// Days of one scale to days of another.
-inline Outcome convert(kl_time_id *id, long from, double days, long to)
-{
-    return convert(id, plain(kOfProcessing, from), days, plain(kOfProcessing, to));
-}
-inline double days_in(kl_time_id *id, long from, double days, long to)
-{
-    return convert(id, from, days, to).value.time;
-}
-
 // The look-up of the differences, and its codes, a bit each.
 struct Deltas {
     long status = 7, codes = 0;

@@ -141,4 +141,17 @@ inline Table leap_table(double leap_utc, double tai_utc_before, int sign, double
     return Table(rows);
 }
 
+// Converts between scales and hands out the vector; the result is NaN after an error.
+struct Converted {
+    long status = KL_OK, ierr = -1;
+    double time = kNaN;
+};
+inline Converted convert(kl_time_id *id, long from, double time, long to)
+{
+    constexpr long kDays = KL_PROC;
+    Converted out;
+    out.status = kl_time_processing_to_processing(id, &kDays, &from, &time, &kDays, &to, &out.time, &out.ierr);
+    return out;
+}
+
 #endif
