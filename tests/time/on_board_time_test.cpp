@@ -113,12 +113,41 @@ TEST_F(Cuc, PFieldsAreThoseOfTheStandard)
         EXPECT_EQ(KL_Cuc_get_data_from_P_field(octets.data(), &read, nullptr), KL_OK);
         EXPECT_EQ(std::tuple(read.epoch_type, read.n_coarse, read.n_fine), std::tuple(epoch_type, n_coarse, n_fine));
     }
-    for (int first = 0; first < 256; ++first) {
-        const unsigned char octets[] = {static_cast<unsigned char>(first), 0x83}; // the second with reserved bits only
-        kl_cuc_config read{};
-        const bool known = first / 16 % 8 == 1 || first / 16 % 8 == 2;
-        EXPECT_EQ(KL_Cuc_get_data_from_P_field(octets, &read, nullptr), known ? KL_OK : KL_ERR) << first;
-        EXPECT_TRUE(!known || (read.n_coarse == first / 4 % 4 + 1 && read.n_fine == first % 4)) << first;
+}
+
+TEST_F(Cuc, EveryPairOfPFieldOctetsIsReadAndWrittenBackOrRefused)
+{
+    // The octet counts and the epoch type of the configuration are not needed to read them.
+    const kl_cuc_config config = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1980, kTai, 100.0, 0, 99};
+    for (int pair = 0; pair < 65536 && !HasFailure(); ++pair) {
+        const int first = pair / 256;
+        const int second = pair % 256;
+        // A time field of ones: every octet that is counted shows in the sum.
+        Octets octets = {static_cast<unsigned char>(first), static_cast<unsigned char>(second)};
+        octets.resize(KL_CUC_LENGTH, 1);
+        const Outcome out = decode(config, octets);
+        const int identification = first / 16 % 8;
+        if (identification != 1 && identification != 2) {
+            EXPECT_EQ(out.ierr, error_bits(1)) << first;
+            continue;
+        }
+        const bool extended = first >= 128;
+        const int n_coarse = first / 4 % 4 + 1 + (extended ? second / 32 % 4 : 0);
+        const int n_fine = first % 4 + (extended ? second / 4 % 8 : 0);
+        double seconds = extended ? 0.0 : (second - 1) * std::pow(256.0, n_coarse - 1); // the field begins there
+        for (int i = -n_fine; i < n_coarse; ++i)
+            seconds += std::pow(256.0, i);
+        const double want = (identification == 1 ? -15340.0 : 100.0) + seconds / kDay;
+        EXPECT_NEAR(out.time, want, 4e-16 * std::fabs(want)) << first << " " << second;
+
+        const kl_cuc_config as_read = {KL_CUC_WITH_P_FIELD,
+                                       identification == 1 ? KL_CUC_EPOCH_1958 : KL_CUC_EPOCH_USER,
+                                       kTai,
+                                       100.0,
+                                       n_coarse,
+                                       n_fine};
+        const Octets written = encode(as_read, want).octets;
+        EXPECT_EQ(decode(config, written).time, out.time) << first << " " << second;
     }
 }
 
