@@ -15,6 +15,9 @@ namespace {
 
 constexpr double kDegrees = 57.29577951308232;
 const long kProcessing = KL_PROC;
+const long kTai = KL_TIME_TAI;
+constexpr double kFirst = -18261.0; // TAI, 1950-01-02
+constexpr double kLast = 36524.5;   // TAI, noon of 2099-12-31
 
 bool outside_table = false;
 
@@ -34,7 +37,7 @@ void require(long status, long function_id, const long *ierr)
 }
 
 struct Instant {
-    double utc; // MJD2000
+    double tai; // MJD2000; days of UTC have no room for a leap second
     char text[KL_TIME_ASCII_LENGTH];
 };
 
@@ -52,22 +55,29 @@ Instant read_instant(kl_time_id *time_id, const char *given)
     const long format = fraction ? KL_ASCII_43 : KL_ASCII_41;
     const long utc = KL_TIME_UTC;
     long ierr[1];
-    require(kl_time_ascii_to_processing(time_id, &format, &utc, instant.text, &kProcessing, &utc, &instant.utc, ierr),
-            KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, ierr);
+    const long status =
+        kl_time_ascii_to_processing(time_id, &format, &utc, instant.text, &kProcessing, &kTai, &instant.tai, ierr);
+    if (status == KL_ERR)
+        std::fprintf(stderr, "%s: expected UTC as yyyy-mm-ddThh:nn:ss or with .uuuuuu, 1950 to 2099\n", instant.text);
+    require(status, KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, ierr);
+    if (!(instant.tai >= kFirst && instant.tai < kLast)) {
+        std::fprintf(stderr, "%s: shown from 1950-01-02 to noon of 2099-12-31, where all four scales have a date\n",
+                     instant.text);
+        std::exit(EXIT_FAILURE);
+    }
     return instant;
 }
 
-double in_scale(kl_time_id *time_id, long scale, double utc)
+double in_scale(kl_time_id *time_id, long scale, double tai)
 {
-    const long from = KL_TIME_UTC;
     double out = 0.0;
     long ierr[1];
-    require(kl_time_processing_to_processing(time_id, &kProcessing, &from, &utc, &kProcessing, &scale, &out, ierr),
+    require(kl_time_processing_to_processing(time_id, &kProcessing, &kTai, &tai, &kProcessing, &scale, &out, ierr),
             KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING, ierr);
     return out;
 }
 
-void show_scales(kl_time_id *time_id, double utc)
+void show_scales(kl_time_id *time_id, double tai)
 {
     struct Scale {
         const char *name;
@@ -76,21 +86,20 @@ void show_scales(kl_time_id *time_id, double utc)
     std::puts("Time scales                                  MJD2000, days");
     for (const Scale &scale :
          {Scale{"TAI", KL_TIME_TAI}, {"UTC", KL_TIME_UTC}, {"UT1", KL_TIME_UT1}, {"GPS", KL_TIME_GPS}}) {
-        const double time = in_scale(time_id, scale.id, utc);
+        const double time = in_scale(time_id, scale.id, tai);
         const long format = KL_ASCII_43;
         char text[KL_TIME_ASCII_LENGTH];
         long ierr[1];
-        require(kl_time_processing_to_ascii(time_id, &kProcessing, &scale.id, &time, &format, &scale.id, text, ierr),
+        require(kl_time_processing_to_ascii(time_id, &kProcessing, &kTai, &tai, &format, &scale.id, text, ierr),
                 KL_ID_FUNC_TIME_PROCESSING_TO_ASCII, ierr);
         std::printf("  %s   %-28s %20.11f\n", scale.name, text, time);
     }
-    const double tai = in_scale(time_id, KL_TIME_TAI, utc);
     double tdb = 0.0;
     KL_Time_p2p_ref_tai_to_tdb(&tai, &tdb);
     std::printf("  TDB   %-28s %20.11f\n", "", tdb);
 }
 
-void show_formats(long run_id, double utc)
+void show_formats(long run_id, double tai)
 {
     const long scale = KL_TIME_UTC;
     const long gps = KL_TIME_GPS;
@@ -101,7 +110,7 @@ void show_formats(long run_id, double utc)
             const long format = family + variant;
             char text[KL_TIME_ASCII_LENGTH];
             long ierr[1];
-            require(kl_time_processing_to_ascii_run(&run_id, &kProcessing, &scale, &utc, &format, &scale, text, ierr),
+            require(kl_time_processing_to_ascii_run(&run_id, &kProcessing, &kTai, &tai, &format, &scale, text, ierr),
                     KL_ID_FUNC_TIME_PROCESSING_TO_ASCII, ierr);
             std::printf("%-32s", text);
         }
@@ -113,7 +122,7 @@ void show_formats(long run_id, double utc)
         const long *out = format == KL_TRANS_41 || format == KL_TRANS_42 ? &gps : &scale;
         long fields[KL_TRANSPORT_LENGTH];
         long ierr[1];
-        require(kl_time_processing_to_transport_run(&run_id, &kProcessing, &scale, &utc, &id, out, fields, ierr),
+        require(kl_time_processing_to_transport_run(&run_id, &kProcessing, &kTai, &tai, &id, out, fields, ierr),
                 KL_ID_FUNC_TIME_PROCESSING_TO_TRANSPORT, ierr);
         std::printf("  transport %2ld (%s)  %10ld %8ld %6ld %3ld\n", format, out == &gps ? "GPS" : "UTC", fields[0],
                     fields[1], fields[2], fields[3]);
@@ -153,11 +162,10 @@ void show_body(const char *name, const kl_model_data &earth, const double pos[3]
     std::printf("   %8.3f %8.3f %7.2f\n", below.latitude, below.longitude, geoid);
 }
 
-void show_bodies(long run_id, double utc)
+void show_bodies(long run_id, double tai)
 {
     static const char *const kPlanets[] = {"",        "Mercury", "Venus",  "E-M bary", "Mars",
                                            "Jupiter", "Saturn",  "Uranus", "Neptune"};
-    const long scale = KL_TIME_UTC;
     double pos[3];
     double vel[3];
     long ierr[1];
@@ -168,17 +176,17 @@ void show_bodies(long run_id, double utc)
 
     std::printf("\n%-10s %53s %41s   %s\n", "Earth-fixed", "position, km", "velocity, km/s",
                 "below: lat, lon deg; geoid m");
-    require(kl_sun_run(&run_id, &scale, &utc, pos, vel, ierr), KL_ID_FUNC_SUN, ierr);
+    require(kl_sun_run(&run_id, &kTai, &tai, pos, vel, ierr), KL_ID_FUNC_SUN, ierr);
     show_body("Sun", earth, pos, vel);
-    require(kl_moon_run(&run_id, &scale, &utc, pos, vel, ierr), KL_ID_FUNC_MOON, ierr);
+    require(kl_moon_run(&run_id, &kTai, &tai, pos, vel, ierr), KL_ID_FUNC_MOON, ierr);
     show_body("Moon", earth, pos, vel);
     for (long planet = KL_MERCURY; planet <= KL_NEPTUNE; ++planet) {
-        require(kl_planet_run(&run_id, &planet, &scale, &utc, pos, vel, ierr), KL_ID_FUNC_PLANET, ierr);
+        require(kl_planet_run(&run_id, &planet, &kTai, &tai, pos, vel, ierr), KL_ID_FUNC_PLANET, ierr);
         show_body(kPlanets[planet], earth, pos, vel);
     }
 }
 
-void show_satellite(long run_id, double utc)
+void show_satellite(long run_id, double tai)
 {
     struct Frame {
         const char *name;
@@ -189,14 +197,13 @@ void show_satellite(long run_id, double utc)
     const double vel[3] = {170.1, -1096.3, 7379.0};
     const double acc[3] = {-7.6790, -1.2406, 0.0};
     const long mode = KL_CALC_POS_VEL_ACC;
-    const long scale = KL_TIME_UTC;
     const long from = KL_GM2000;
     std::printf("\n%-8s %41s %41s %32s\n", "Satellite", "position, km", "velocity, km/s", "acceleration, m/s2");
     for (const Frame &frame :
          {Frame{"GM2000", KL_GM2000}, {"TOD", KL_TOD}, {"TEME", KL_TEME}, {"PEF", KL_PEF}, {"EF", KL_EF}}) {
         double out[3][3];
         long ierr[1];
-        require(kl_change_cart_cs_run(&run_id, &mode, &from, &frame.id, &scale, &utc, pos, vel, acc, out[0], out[1],
+        require(kl_change_cart_cs_run(&run_id, &mode, &from, &frame.id, &kTai, &tai, pos, vel, acc, out[0], out[1],
                                       out[2], ierr),
                 KL_ID_FUNC_CHANGE_CART_CS, ierr);
         std::printf("  %-7s", frame.name);
@@ -215,7 +222,7 @@ void show_satellite(long run_id, double utc)
 int main(int argc, char **argv)
 {
     if (argc < 2 || argc > 3) {
-        std::fprintf(stderr, "usage: %s TIME_CORRELATION_FILE [yyyy-mm-ddThh:nn:ss]\n", argv[0]);
+        std::fprintf(stderr, "usage: %s TIME_CORRELATION_FILE [yyyy-mm-ddThh:nn:ss[.uuuuuu]]\n", argv[0]);
         return EXIT_FAILURE;
     }
     kl_time_id time_id = {nullptr};
@@ -232,12 +239,13 @@ int main(int argc, char **argv)
     require(kl_run_init(&satellite, &time_id, &model_id, &run_id, ierr), KL_ID_FUNC_RUN_INIT, ierr);
 
     std::printf("The sky above the Earth at %s UTC\n\n", instant.text);
-    show_scales(&time_id, instant.utc);
-    show_formats(run_id, instant.utc);
-    show_bodies(run_id, instant.utc);
-    show_satellite(run_id, instant.utc);
+    show_scales(&time_id, instant.tai);
+    show_formats(run_id, instant.tai);
+    show_bodies(run_id, instant.tai);
+    show_satellite(run_id, instant.tai);
     if (outside_table)
-        std::puts("\nThe instant lies outside the rows of the time correlation: the nearest row's UT1-UTC was used.");
+        std::puts("\nThe instant lies outside the rows of the time correlation: the nearest row's TAI-UTC and "
+                  "UT1-UTC\nwere used.");
 
     kl_run_close(&run_id);
     require(kl_model_close(&model_id, ierr), KL_ID_FUNC_MODEL_CLOSE, ierr);

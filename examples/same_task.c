@@ -41,7 +41,7 @@ int main(void)
     require(kl_sun(&model_id, &time_id, &utc, &time, sun_pos, sun_vel, ierr), sun_id, ierr);
     input.model_id = &model_id;
     input.latitude = degrees * atan2(sun_pos[2], hypot(sun_pos[0], sun_pos[1]));
-    input.longitude = degrees * atan2(sun_pos[1], sun_pos[0]);
+    input.longitude = fmod(degrees * atan2(sun_pos[1], sun_pos[0]) + 360.0, 360.0);
     require(kl_geoid_calc(&input, &undulation, ierr), KL_ID_FUNC_GEOID_CALC, ierr);
     printf("%s UTC is day %.2f\n", solstice, time);
     printf("Sun overhead at %.2f deg north, %.2f deg east\n", input.latitude, input.longitude);

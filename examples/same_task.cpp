@@ -20,7 +20,7 @@ try {
     const double time = LibFunc::timeAsciiToProcessing(time_id, KL_ASCII_41, KL_TIME_UTC, solstice, KL_TIME_UTC);
     const Vector sun = LibFunc::sun(model_id, time_id, KL_TIME_UTC, time).pos;
     const double latitude = degrees * std::atan2(sun[2], std::hypot(sun[0], sun[1]));
-    const double longitude = degrees * std::atan2(sun[1], sun[0]);
+    const double longitude = std::fmod(degrees * std::atan2(sun[1], sun[0]) + 360.0, 360.0);
     std::printf("%s UTC is day %.2f\n", solstice, time);
     std::printf("Sun overhead at %.2f deg north, %.2f deg east\n", latitude, longitude);
     std::printf("Geoid there: %.2f m\n", LibFunc::geoid(model_id, latitude, longitude));

@@ -150,7 +150,10 @@ enum {
     KL_CUC_LENGTH = 19         /**< octets of the longest CUC with its P-field */
 };
 
-/** Public function ids, for kl_get_code and kl_get_msg. */
+/**
+ * Public function ids, for kl_get_code and kl_get_msg. The numbers are those of the family: functions that this header
+ * does not declare are not in this library.
+ */
 enum {
     KL_ID_FUNC_TIME_TRANSPORT_TO_ASCII = 0,
     KL_ID_FUNC_TIME_TRANSPORT_TO_TRANSPORT = 1,
@@ -224,7 +227,7 @@ typedef struct kl_model_data {
     double eccentricity, flattening;
     double angle_0, angle_1, angle_2;             /**< sidereal angle: deg, deg/day, deg/day2 */
     double angle_sim_0, angle_sim_1, angle_sim_2; /**< the second set, rounded */
-    double astronomical_unit;                     /**< km */
+    double astronomical_unit;                     /**< km; the ephemerides have a rounded one of their own */
 } kl_model_data;
 
 /** Input of kl_geoid_calc. */
@@ -564,8 +567,8 @@ KL_API long kl_time_get_leap_second_info(kl_time_id *time_id, const long *ascii_
  *   inside it. The time id remembers this, once for all conversions. A time id of explicit values gives no such
  *   warning.
  * - The 61st second of a UTC day exists in a positive leap second that the time id knows and is refused elsewhere.
- *   Texts (23:59:60) and the transport formats 0, 11, 21, 22, 23 (86400 s of day) hold it. Processing times and
- *   format 31 cannot: they get the second before it.
+ *   Texts (23:59:60) and the transport formats 0, 11, 21, 22, 23 (86400 s of day) hold it. UTC processing times and
+ *   format 31 cannot: they get the second before it. A time id knows the last leap second of its table only.
  * - Texts must fit their format to the character; month names are capitals. A prefix must be that of time_ref_in,
  *   unless this is KL_TIME_UNDEF, and is written for time_ref_out. Dates run from 1950-01-01 to the end of
  *   2099-12-31.
@@ -1104,6 +1107,8 @@ enum {
  * @param[in]     mode      KL_MODEL_DEFAULT (all selections 0; so does any number but 1) or KL_MODEL_USER
  * @param[in]     models    [9] selections in the order of KL_MODEL_EARTH ... with KL_MODEL_USER: 0, and for the Sun 0
  * or 1, for light propagation 0, 1 or 2; not read (may be NULL) in the default mode
+ * (the Sun of 1 is the Sun of 0; the light propagation is recorded for other libraries of the family and changes
+ * nothing in this one)
  * @param[in,out] model_id  handle, not initialised
  * @param[out]    ierr      [1] error vector
  * @return KL_OK or KL_ERR. After a refused selection (bit 2) the handle is initialised all the same, with the blocks

@@ -56,7 +56,7 @@ public:
     void setTleData(long catalogue_number, const std::string &name, const std::string &designator);
 
     /**
-     * SP3 identifier of the satellite: the first three characters are taken.
+     * SP3 identifier of the satellite: the first three characters are taken (kl_set_sp3_sat_data takes four).
      *
      * @throws KitError with "SP3 Id cannot be set."
      */
