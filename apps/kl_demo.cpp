@@ -17,7 +17,7 @@ constexpr double kDegrees = 57.29577951308232;
 const long kProcessing = KL_PROC;
 const long kTai = KL_TIME_TAI;
 constexpr double kFirst = -18261.0; // TAI, 1950-01-02
-constexpr double kLast = 36524.5;   // TAI, noon of 2099-12-31
+constexpr double kLast = 36524.0;   // TAI, 2099-12-31
 
 bool outside_table = false;
 
@@ -61,7 +61,7 @@ Instant read_instant(kl_time_id *time_id, const char *given)
         std::fprintf(stderr, "%s: expected UTC as yyyy-mm-ddThh:nn:ss or with .uuuuuu, 1950 to 2099\n", instant.text);
     require(status, KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, ierr);
     if (!(instant.tai >= kFirst && instant.tai < kLast)) {
-        std::fprintf(stderr, "%s: shown from 1950-01-02 to noon of 2099-12-31, where all four scales have a date\n",
+        std::fprintf(stderr, "%s: shown from 1950-01-02T00:00:00 to 2099-12-30T23:59:22, where all scales have a date\n",
                      instant.text);
         std::exit(EXIT_FAILURE);
     }
