@@ -61,7 +61,8 @@ Instant read_instant(kl_time_id *time_id, const char *given)
         std::fprintf(stderr, "%s: expected UTC as yyyy-mm-ddThh:nn:ss or with .uuuuuu, 1950 to 2099\n", instant.text);
     require(status, KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, ierr);
     if (!(instant.tai >= kFirst && instant.tai < kLast)) {
-        std::fprintf(stderr, "%s: shown from 1950-01-02T00:00:00 to 2099-12-30T23:59:22, where all scales have a date\n",
+        std::fprintf(stderr,
+                     "%s: shown from 1950-01-02T00:00:00 to 2099-12-30T23:59:22, where all scales have a date\n",
                      instant.text);
         std::exit(EXIT_FAILURE);
     }
