@@ -79,7 +79,7 @@ def main():
     load = float((results / "load.txt").read_text().split()[0])
     print("# Speed\n")
     print(f"Written by `bench/run.sh` on {os.cpu_count()} cores, {cpu[1] if cpu else 'unknown CPU'}; {compiler}, Release.")
-    busy = "; other programs had a share of the cores, so two threads over one says little here" if load > 0.5 else ""
+    busy = "; other programs had a share of the cores, so two threads over one says little here" if load > 1.0 else ""
     print(f"Load average of the machine when it began: {load}{busy}.\n")
     print("Each figure is the median of seven repetitions, in nanoseconds of CPU time; a subject's calls and their rivals")
     print("take turns at random in one process. A ratio above one says how many times slower the rival is.\n")
@@ -100,7 +100,8 @@ def main():
 
     threads = lines("threads.txt")
     print("## Two threads over one\n")
-    print("Calls a second, medians of nine runs in turn; both threads use the same ids.\n")
+    print("Calls a second, medians of fifteen runs in turn; both threads use the same ids. The first and the last row are")
+    print("arithmetic that shares nothing with anybody: what two cores of this machine give.\n")
     print(table(("call", "one", "two", "two / one"), *threads[1:-1]))
     print(threads[-1][0] + ".\n")
 

@@ -185,32 +185,27 @@ Deltas deltas_at(const TimeIdRecord &id, long ref, double t, bool with_ut1, Colu
     return deltas_outside(id, ref, t, first, last, with_ut1);
 }
 
-// The same for a conversion. The row is guessed from the second of the record, which is known sooner than t; clear of
-// the slack around it no other row can match.
+// The same for a conversion, which guesses the row before it knows t; clear of the slack around it no other row can
+// match.
 template <typename Column>
-Deltas quick_deltas(const TimeIdRecord &id, long ref, double second, double t, bool with_ut1, Column column)
+Deltas quick_deltas(const TimeIdRecord &id, long ref, long row, double t, bool with_ut1, Column column)
 {
-    const double last = static_cast<double>(id.n_rows - 1);
-    const double guess = (second - id.rows[0].tai) * id.rows_per_day;
-    if (guess >= 0.0 && guess < last) {
-        const long i = static_cast<long>(guess);
-        const double c0 = column(id.rows[i]);
-        const double c1 = column(id.rows[i + 1]);
+    if (row >= 0) {
+        const double c0 = column(id.rows[row]);
+        const double c1 = column(id.rows[row + 1]);
         if (c0 + kEdge <= t && t < c1 - kEdge)
-            return deltas_between(id, ref, t, i, c0, c1);
+            return deltas_between(id, ref, t, row, c0, c1);
     }
     return deltas_at(id, ref, t, with_ut1, column);
 }
 
 // False where there is more to report than that the instant is outside the table, or lines to print of what it met.
-bool quick_deltas(const TimeIdRecord &id, long ref, const kl_std_record &record, double t, bool with_ut1,
+bool quick_deltas(const TimeIdRecord &id, long ref, long row, const kl_std_record &record, double t, bool with_ut1,
                   Deltas *deltas)
 {
-    const double second =
-        static_cast<double>(record.days) + static_cast<double>(record.seconds) * (1.0 / KL_SECONDS_PER_DAY);
     if (id.model == 0 || !inside_processing_range(static_cast<double>(record.days)))
         return false;
-    *deltas = with_column(ref, [&](auto column) { return quick_deltas(id, ref, second, t, with_ut1, column); });
+    *deltas = with_column(ref, [&](auto column) { return quick_deltas(id, ref, row, t, with_ut1, column); });
     return !(deltas->out_of_range || deltas->from_ut1) || !is_verbose();
 }
 
@@ -430,12 +425,18 @@ long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *
     return call.status();
 }
 
-bool quickly_to_tai(const TimeIdRecord &id, long ref, kl_std_record *record, bool *out_of_range)
+long likely_row(const TimeIdRecord &id, double about)
+{
+    const double row = (about - id.rows[0].tai) * id.rows_per_day;
+    return row >= 0.0 && row < static_cast<double>(id.n_rows - 1) ? static_cast<long>(row) : -1;
+}
+
+bool quickly_to_tai(const TimeIdRecord &id, long ref, long row, kl_std_record *record, bool *out_of_range)
 {
     Deltas deltas;
     if (ref == KL_TIME_TAI)
         return true;
-    if (!quick_deltas(id, ref, *record, processing_of(*record), ref == KL_TIME_UT1, &deltas))
+    if (!quick_deltas(id, ref, row, *record, processing_of(*record), ref == KL_TIME_UT1, &deltas))
         return false;
     *out_of_range |= deltas.out_of_range;
     *record = added(*record, ref, deltas);
@@ -461,12 +462,13 @@ long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record
     return call.status();
 }
 
-bool quickly_from_tai(const TimeIdRecord &id, long ref, double tai_days, kl_std_record *record, bool *out_of_range)
+bool quickly_from_tai(const TimeIdRecord &id, long ref, long row, double tai_days, kl_std_record *record,
+                      bool *out_of_range)
 {
     Deltas deltas;
     if (ref == KL_TIME_TAI)
         return true;
-    if (!quick_deltas(id, KL_TIME_TAI, *record, tai_days, ref == KL_TIME_UT1, &deltas))
+    if (!quick_deltas(id, KL_TIME_TAI, row, *record, tai_days, ref == KL_TIME_UT1, &deltas))
         return false;
     *out_of_range |= deltas.out_of_range;
     *record = subtracted(*record, id, ref, deltas);

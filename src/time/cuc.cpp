@@ -124,11 +124,12 @@ bool convert_quickly(TimeIdRecord *id, long ref_in, double days, long ref_out, d
         shift_by_explicit_values(id->rows[0], ref_in, ref_out, &record);
     } else {
         bool out_of_range = false;
-        if (is_verbose() || !quickly_to_tai(*id, ref_in, &record, &out_of_range))
+        const long row = likely_row(*id, days);
+        if (is_verbose() || !quickly_to_tai(*id, ref_in, row, &record, &out_of_range))
             return false;
         const double tai_days = processing_of(record);
         (void)once_only_warning(id, KL_FLAGS_CONVERSION, tai_days);
-        if (!quickly_from_tai(*id, ref_out, tai_days, &record, &out_of_range))
+        if (!quickly_from_tai(*id, ref_out, row, tai_days, &record, &out_of_range))
             return false;
     }
     if (record.seconds == 86400)

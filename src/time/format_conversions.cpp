@@ -237,6 +237,7 @@ public:
             KL_Time_check_processing_inputs(value_of(format), ref_, time, &found);
             return !call_.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, found, kFromProcessing);
         }
+        given_ = *time;
         record_ = standard_of(*time);
         if (record_.seconds != 86400)
             return true;
@@ -335,19 +336,28 @@ private:
     {
         const bool changes = ref_out != ref_;
         bool out_of_range = false;
-        if (changes && !quickly_to_tai(*id, ref_, &record_, &out_of_range)
+        const long row = likely_row(*id, about());
+        if (changes && !quickly_to_tai(*id, ref_, row, &record_, &out_of_range)
             && !step(KL_Time_t2t_ref_to_tai, KL_FN_TIME_T2T_REF_TO_TAI, ref_, kReferenceStep))
             return false;
         const double tai_days = processing_of(record_);
         const long warning = once_only_warning(id, KL_FLAGS_CONVERSION, tai_days);
         if (warning != 0)
             (void)call_.stops(static_cast<int>(kBulletinA + warning - 1));
-        if (changes && !quickly_from_tai(*id, ref_out, tai_days, &record_, &out_of_range)
+        if (changes && !quickly_from_tai(*id, ref_out, row, tai_days, &record_, &out_of_range)
             && !step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack))
             return false;
         if (out_of_range)
             (void)call_.stops(kOutOfRange);
         return true;
+    }
+
+    // Days, to the second; a processing time is known before its record.
+    [[nodiscard]] double about() const
+    {
+        if (origin_ == Origin::processing)
+            return given_;
+        return static_cast<double>(record_.days) + static_cast<double>(record_.seconds) * (1.0 / KL_SECONDS_PER_DAY);
     }
 
     using ReferenceStep = long (*)(kl_time_id *, long, const kl_std_record *, kl_std_record *, kl_error_record *);
@@ -392,6 +402,7 @@ private:
     Origin origin_ = Origin::processing;
     long ref_ = KL_TIME_UNDEF;
     MissionLimit text_limit_ = MissionLimit::none;
+    double given_ = 0.0; // the processing time
     kl_std_record record_ = {0, 0, 0};
 };
 
