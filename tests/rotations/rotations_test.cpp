@@ -178,6 +178,12 @@ TEST(Interpolation, NegatesTheSecondQuaternionInPlaceOnPurpose)
             EXPECT_LT(rotation_between(got, product(q, about(0, 0, 1, t * angle))), kRounding);
             EXPECT_EQ(q2, negated) << "left negated";
         }
+    // Half a turn is as short in either direction: it stays as it is.
+    Quaternion half = {1.0, 0.0, 0.0, 0.0}, got;
+    const Quaternion none = {0.0, 0.0, 0.0, 1.0};
+    const double middle = 0.5;
+    EXPECT_EQ(kl_quaternions_interpol(&mode, &t1, none.data(), &t2, half.data(), &middle, got.data(), nullptr), KL_OK);
+    EXPECT_LT(distance(got, {std::sqrt(0.5), 0.0, 0.0, std::sqrt(0.5)}), kRounding);
 }
 
 TEST(EulerAngles, AgreeWithProductsOfElementaryRotations)
