@@ -44,8 +44,8 @@ TEST(Ephemeris, AgreesWithIndependentEvaluations)
         double pv[6];
         evaluate(row.body, row.mjd, pv);
         const bool planet = row.body <= KL_NEPTUNE, moon = row.body == kTheMoon;
-        const double position = planet ? 2e-12 * length(row.pv) : moon ? 5e-14 : 1e-12;
-        const double velocity = planet ? 5e-12 * length(row.pv + 3) : moon ? 1e-19 : 2e-19;
+        const double position = planet ? 6e-13 * length(row.pv) : moon ? 1e-14 : 1.5e-13;
+        const double velocity = planet ? 6e-13 * length(row.pv + 3) : 2e-20;
         for (int i = 0; i < 6; ++i)
             EXPECT_NEAR(pv[i], row.pv[i], i < 3 ? position : velocity) << row.body << " MJD " << row.mjd << " " << i;
     }
