@@ -86,6 +86,6 @@ double KL_Get_ut2_ut1(double t)
     const double angle = KL_TWO_PI * KL_Get_Bessel(t);
     double s[2];
     double c[2];
-    sin_cos({angle, 2.0 * angle}, s, c);
+    sin_cos_any({angle, 2.0 * angle}, s, c);
     return 0.022 * s[0] - 0.012 * c[0] - 0.006 * s[1] + 0.007 * c[1];
 }

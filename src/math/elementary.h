@@ -6,6 +6,25 @@
 #include "math/sin_cos.h"
 
 #include <cmath>
+#include <cstddef>
+
+// sin_cos for angles of any size.
+template <std::size_t N>
+void sin_cos_any(const double (&angle)[N], double (&sine)[N], double (&cosine)[N])
+{
+    constexpr double kLargest = 1e8; // rad: sin_cos takes whole turns off up to here
+    bool within = true;
+    for (const double a : angle)
+        within &= std::fabs(a) < kLargest;
+    if (within) {
+        sin_cos(angle, sine, cosine);
+        return;
+    }
+    for (std::size_t i = 0; i < N; ++i) {
+        sine[i] = std::sin(angle[i]);
+        cosine[i] = std::cos(angle[i]);
+    }
+}
 
 struct SineCosine {
     double s, c;
@@ -13,12 +32,9 @@ struct SineCosine {
 
 inline SineCosine sine_cosine(double angle)
 {
-    constexpr double kLargest = 1e8; // rad: sin_cos takes whole turns off up to here
-    if (!(std::fabs(angle) < kLargest))
-        return {std::sin(angle), std::cos(angle)};
     double s[1];
     double c[1];
-    sin_cos({angle}, s, c);
+    sin_cos_any({angle}, s, c);
     return {s[0], c[0]};
 }
 

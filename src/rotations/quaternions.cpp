@@ -262,7 +262,7 @@ void KL_Slerp_algo(const double q1[4], double q2[4], double out[4], double u)
         const double theta = arc_tangent(sine, d);
         double s[2];
         double c[2];
-        sin_cos({(1.0 - u) * theta, u * theta}, s, c);
+        sin_cos_any({(1.0 - u) * theta, u * theta}, s, c);
         const bool opposite = sine < kNearlyOpposite;
         w1 = opposite ? 0.5 : s[0] * per_sine;
         w2 = opposite ? 0.5 : s[1] * per_sine;

@@ -128,12 +128,10 @@ bool convert_quickly(TimeIdRecord *id, long ref_in, double days, long ref_out, d
         if (is_verbose() || !quickly_to_tai(*id, ref_in, row, &record, &out_of_range))
             return false;
         const double tai_days = processing_of(record);
-        (void)once_only_warning(id, KL_FLAGS_CONVERSION, tai_days);
-        if (!quickly_from_tai(*id, ref_out, row, tai_days, &record, &out_of_range))
+        if (!quickly_from_tai(*id, ref_out, row, tai_days, &record, &out_of_range) || record.seconds == 86400)
             return false;
+        (void)once_only_warning(id, KL_FLAGS_CONVERSION, tai_days); // last: the whole conversion would look once more
     }
-    if (record.seconds == 86400)
-        return false;
     *out = processing_of(record);
     return true;
 }

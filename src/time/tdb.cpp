@@ -1,5 +1,5 @@
 // TAI and TDB.
-#include "math/sin_cos.h"
+#include "math/elementary.h"
 #include "time/time.h"
 
 namespace {
@@ -14,7 +14,7 @@ double tdb_minus_tai(double days)
     const double g = 357.53 + 0.98560028 * (days + 0.5);
     double s[2];
     double c[2];
-    sin_cos({g, 2.0 * g}, s, c);
+    sin_cos_any({g, 2.0 * g}, s, c);
     return (kTtMinusTai + 0.001658 * s[0] + 0.000014 * s[1]) / KL_SECONDS_PER_DAY;
 }
 

@@ -117,6 +117,12 @@ TEST(Quaternions, AgreeWithRodriguesFormula)
                              -0.477346944155460152, -0.669256219664471744, 0.569417252413258332};
     EXPECT_LT(distance(matrix_of(q), expected), kRounding);
     EXPECT_LT(rotation_between(quaternion_of(expected), q), kRounding);
+    // The vectors may have any length.
+    const Matrix axes = transposed(expected);
+    const double x[] = {3 * axes[0], 3 * axes[1], 3 * axes[2]}, y[] = {axes[3] / 7, axes[4] / 7, axes[5] / 7};
+    Quaternion found;
+    EXPECT_EQ(kl_vectors_to_quaternions(x, y, &axes[6], found.data(), nullptr), KL_OK);
+    EXPECT_LT(rotation_between(found, q), kRounding);
 }
 
 TEST(Quaternions, ComeBackFromTheirVectorsForEveryAwkwardRotation)

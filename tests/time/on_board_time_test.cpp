@@ -161,6 +161,23 @@ TEST_F(Cuc, EpochsAreConvertedToTheScaleOfTheTime)
     EXPECT_NEAR(decode(counting(7, 0), Octets(KL_CUC_LENGTH, 0xff)).time, 0x1p56 / kDay, 1.0);
 }
 
+// Midnight of GPS in the leap second of 1981, which lies in the gap between two bulletins.
+TEST_F(Cuc, EpochsCountForTheOnceOnlyWarningsAsConversionsDo)
+{
+    constexpr double kLeap = -6758.0, kOutside = -6000.0;
+    Table table({row_at(-6800.0, 19.0, 19.5), row_at(-6762.0, 19.0, 19.5), row_at(-6750.0, 20.0, 19.5)});
+    table.data.combination = 2;
+    table.data.second_bulletin_row = 2;
+    TableId by_epoch(table), by_conversion(table);
+    const kl_cuc_config config = {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_USER, kGps, kLeap, 4, 2};
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(convert(by_epoch, kUtc, kOutside, kTai).ierr, convert(by_conversion, kUtc, kOutside, kTai).ierr) << i;
+        double epoch = 0.0;
+        EXPECT_EQ(KL_Get_CUC_processing_epoch(by_epoch, &config, kUtc, &epoch, nullptr), KL_OK);
+        EXPECT_EQ(epoch, convert(by_conversion, kGps, kLeap, kUtc).time);
+    }
+}
+
 TEST_F(Cuc, TheLastOctetIsRoundedWithTheCarryAndSecondsThatDoNotFitAreRefused)
 {
     for (const auto &[name, days, n_coarse, n_fine, octets] : kSeconds) {

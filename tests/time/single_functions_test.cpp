@@ -101,6 +101,10 @@ TEST(Tdb, TheAnomalyInDegreesIsTakenAsRadiansOnPurpose)
         EXPECT_NEAR((tdb - tai) * kDay, difference, spacing * kDay + 1e-12) << tai;
         EXPECT_NEAR(back, tai, 1.1 * kTermMoves + 2.0 * spacing) << tai;
     }
+    const double far = 1e20; // where a term out of its range would show, and half a minute does not
+    double tdb = 0.0;
+    EXPECT_EQ(KL_Time_p2p_ref_tai_to_tdb(&far, &tdb), 0);
+    EXPECT_EQ(tdb, far);
 }
 
 } // namespace

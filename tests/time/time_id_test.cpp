@@ -35,12 +35,12 @@ TEST(TimeRefInit, TheFirstReadingOutOfRangeEndsTheCall)
         }
     ReadingsId good(37.0, 0.0, 0.0, 18.0);
     LEAVES(error_bits(9), kl_time_ref_init(nullptr, nullptr, nullptr, nullptr, good, e)) // before its readings
-    // The conditions of orbits have texts, though no call meets them.
+    // Those of orbits have texts too, though no call meets them.
     static char message[KL_MAX_MSG][512];
     long n = 0;
-    kl_get_msg(at(long{KL_ID_FUNC_TIME_REF_INIT}), at(0xf0L), &n, message);
-    ASSERT_EQ(n, 4);
-#include "time/orbit_texts.inc"
+    kl_get_msg(at(long{KL_ID_FUNC_TIME_REF_INIT}), at(0xffL), &n, message);
+    ASSERT_EQ(n, 8);
+#include "time/reading_texts.inc"
 }
 
 // ---- getters and release ----
