@@ -230,8 +230,12 @@ TEST(Allocators, TakeAnyLowerBoundAndRefuseNonsense)
         KL_free_dmatrix(m, lo, lo - 1);
     }
     constexpr long kHuge = std::numeric_limits<long>::max();
-    const void *refused[] = {KL_dvector(3, 1), KL_double_vector(kHuge), KL_dvector(-kHuge, kHuge),
-                             KL_double_matrix(kHuge, kHuge), KL_double_matrix(0, 3)};
+    const void *refused[] = {KL_dvector(3, 1),
+                             KL_double_vector(kHuge),
+                             KL_dvector(-kHuge, kHuge),
+                             KL_double_matrix(kHuge, kHuge),
+                             KL_double_matrix(16, 1L << 60),
+                             KL_double_matrix(0, 3)};
     for (const void *block : refused)
         EXPECT_EQ(block, nullptr);
     kl_vec_der block = {};
