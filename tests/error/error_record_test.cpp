@@ -114,7 +114,7 @@ TEST(PublicIds, AreThoseOfTheMatrixAndOnPurposeTheLineOfTheOthersNamesAnotherFun
 TEST(Recording, RefusesWhatDoesNotFitAndDropsThe257thCode)
 {
     kl_error_record empty = kEmpty, sun = empty, internal = empty, full = empty;
-    kl_error_context context = {kSun, &sun, nullptr};
+    kl_error_context context = {kSun, &sun, nullptr}, unknown = {175, &empty, nullptr};
     KL_Put_Err(kSun, 1, nullptr, &sun);
     KL_Put_Err(kProcessingInputs, 0, nullptr, &internal);
     for (int i = 0; i < 256; ++i)
