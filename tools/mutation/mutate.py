@@ -5,7 +5,7 @@ Usage: mutate.py [--count 200] [--seed 1] [--only GLOB] [--jobs N] [--fresh] [--
 A mutant swaps + and -, * and /, < and <=, > and >=, == and !=, && and ||, changes a number by one or in its last digit,
 or drops a sign. Three in ten change numbers, one in ten a table of numbers. A private copy of the newest
 commit is built with it, then the tests run, those of its folder first, up to the first failure; a crash or a hang is one
-too. Mutants that do not compile or leave the library's code as it was are replaced by the next and not counted.
+too. What survives is built once more with the address and undefined-behaviour sanitizers, for the tests of its folder. Mutants that do not compile or leave the library's code as it was are replaced by the next and not counted.
 Everything lies in build/mutation: tree (the copy), state.jsonl (what has been found; the next start goes on from there,
 on the same commit), survivors.txt.
 """
@@ -29,6 +29,7 @@ ROOT = Path(__file__).resolve().parents[2]
 WORK = ROOT / "build/mutation"
 TREE = WORK / "tree"
 BUILD = TREE / "build/release"
+SANITIZED = TREE / "build/asan"
 STATE = WORK / "state.jsonl"
 FOLDERS = ["error", "math", "rotations", "sat", "time", "coord", "celestial", "models", "objects", "faults"]
 
@@ -216,15 +217,17 @@ def prepare(commit: str, jobs: int) -> None:
     must(["git", "-C", str(TREE), "fetch", "-q", "origin"], "no fetch")
     must(["git", "-C", str(TREE), "checkout", "-q", "--force", "--detach", commit], "no checkout")
     launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if run(["sh", "-c", "command -v ccache"]).returncode == 0 else []
-    must(["cmake", "-S", str(TREE), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release", "-DKITLIB_TESTS=ON",
-          "-DKITLIB_APPS=OFF", "-DKITLIB_WERROR=OFF", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"] + launcher, "cmake")
-    built = build(jobs)
-    if built.returncode != 0:
-        sys.exit(f"the commit itself does not build:\n{built.stdout[-4000:]}")
+    for where, sanitizers in ((BUILD, ""), (SANITIZED, "address,undefined")):
+        must(["cmake", "-S", str(TREE), "-B", str(where), "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release", "-DKITLIB_TESTS=ON",
+              "-DKITLIB_APPS=OFF", "-DKITLIB_WERROR=OFF", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON",
+              f"-DKITLIB_SANITIZE={sanitizers}"] + launcher, "cmake")
+        built = build(jobs, where=where)
+        if built.returncode != 0:
+            sys.exit(f"the commit itself does not build:\n{built.stdout[-4000:]}")
 
 
-def build(jobs: int) -> subprocess.CompletedProcess:
-    return run(["ninja", "-C", str(BUILD), f"-j{jobs}"] + [f"{folder}_tests" for folder in FOLDERS])
+def build(jobs: int, folders=FOLDERS, where=BUILD) -> subprocess.CompletedProcess:
+    return run(["ninja", "-C", str(where), f"-j{jobs}"] + [f"{folder}_tests" for folder in folders])
 
 
 def code() -> str:
@@ -241,13 +244,13 @@ def limits() -> None:
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
-def first_failure(folder: str, timeout: float) -> str:
+def first_failure(folder: str, timeout: float, where=BUILD) -> str:
     """The test of a folder that fails first, "" if none does."""
     log = WORK / "tests.log"
     with log.open("w") as out:
-        process = subprocess.Popen([str(BUILD / f"tests/{folder}/{folder}_tests"), "--gtest_fail_fast"], cwd=TREE,
-                                   stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT, preexec_fn=limits,
-                                   start_new_session=True)
+        process = subprocess.Popen([str(where / f"tests/{folder}/{folder}_tests"), "--gtest_fail_fast"], cwd=TREE,
+                                   stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT,
+                                   preexec_fn=limits if where == BUILD else None, start_new_session=True)
         try:
             status, ending = process.wait(timeout), ""
         except subprocess.TimeoutExpired:
@@ -278,7 +281,9 @@ def judged(mutant: Mutant, original: str, jobs: int, order: list, timeouts: dict
             caught = first_failure(folder, timeouts[folder])
             if caught:
                 return caught
-        return "SURVIVED"
+        build(jobs, [own], SANITIZED)
+        caught = first_failure(own, 10 * timeouts[own], SANITIZED)
+        return f"sanitizers, {caught}" if caught else "SURVIVED"
     finally:
         path.write_text(source)
 
@@ -324,9 +329,10 @@ def main() -> None:
     for folder in FOLDERS:
         begin = time.monotonic()
         caught = first_failure(folder, 600)
+        timeouts[folder] = 20 + 10 * (time.monotonic() - begin)
+        caught = caught or first_failure(folder, 600, SANITIZED)
         if caught:
             sys.exit(f"fails without any mutant: {caught}")
-        timeouts[folder] = 20 + 10 * (time.monotonic() - begin)
     by_time = sorted(FOLDERS, key=timeouts.get)
 
     counted, survivors, replaced = 0, [], 0
