@@ -3,8 +3,8 @@
 #include "kl_family.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
-#include <regex>
 #include <tuple>
 #include <vector>
 
@@ -162,12 +162,22 @@ TEST(Messages, PrintingTakesUpTo256)
         SAYS(lines[std::max(n, 0L)], 0, kl_print_msg(&n, msg))
 }
 
+// "ORBKIT_LIB >>> ERROR in kl_name: text", or WARNING or KL_, with nothing left to fill in.
+bool has_form(const char *message)
+{
+    char kind[8], name[64];
+    int text = 0;
+    const int n = std::sscanf(message, "ORBKIT_LIB >>> %7[A-Z] in %63[A-Za-z0-9_]: %n", kind, name, &text);
+    return n == 2 && (kind == std::string("ERROR") || kind == std::string("WARNING"))
+           && (std::strncmp(name, "kl_", 3) == 0 || std::strncmp(name, "KL_", 3) == 0) && text > 0
+           && message[text] != '\0' && std::strchr(message, '%') == nullptr;
+}
+
 TEST(Messages, EveryRowHasItsFormAndAPlaceholderForItsArgument)
 {
     const std::pair<long, Codes> counts[] = {
 #include "error/code_counts.inc"
     };
-    const std::regex form("ORBKIT_LIB >>> (ERROR|WARNING) in [kK][lL]_[A-Za-z0-9_]+: [^%]+");
     long n_codes[175];
     for (long id = 0; id < 175; ++id) {
         kl_error_record record = kEmpty;
@@ -177,7 +187,7 @@ TEST(Messages, EveryRowHasItsFormAndAPlaceholderForItsArgument)
         });
         ASSERT_EQ(KL_Err_Msg(&record, &n_codes[id], msg), 0);
         for (long i = 0; i < n_codes[id]; ++i) // one shows its placeholder, on purpose
-            EXPECT_EQ(std::regex_match(msg[i], form), id != kModelInit || i != 2) << msg[i];
+            EXPECT_EQ(has_form(msg[i]), id != kModelInit || i != 2) << msg[i];
     }
     for (const auto &[n, functions] : counts)
         for (const long id : functions)
