@@ -9,15 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     while (!in.empty()) {
         const long sat_id = in.byte() % 4 == 0 ? in.number() : kClocks[in.byte() % 4];
         const long ref = in.byte() % 8 == 0 ? in.number() : in.byte() % 4;
-        // The widest records; every satellite reads its own part of them.
-        union {
-            long sat_id;
-            std::uint8_t bytes[64];
-        } parameters, obt;
-        for (std::uint8_t &b : parameters.bytes)
-            b = in.byte() % 2 == 0 ? 0 : in.byte();
-        for (std::uint8_t &b : obt.bytes)
-            b = in.byte() % 2 == 0 ? 0 : in.byte();
+        ClockRecord parameters = clock_record(in), obt = clock_record(in);
         if (in.byte() % 8 != 0)
             parameters.sat_id = obt.sat_id = sat_id;
         double time = in.real();

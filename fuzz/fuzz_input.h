@@ -158,4 +158,18 @@ inline void expect_status(long status, const long *ierr)
         __builtin_trap();
 }
 
+// As wide as any record of an on-board clock: every satellite reads its own part of it.
+union ClockRecord {
+    long sat_id;
+    std::uint8_t bytes[64];
+};
+
+inline ClockRecord clock_record(FuzzInput &in)
+{
+    ClockRecord record;
+    for (std::uint8_t &b : record.bytes)
+        b = in.byte() % 2 == 0 ? 0 : in.byte();
+    return record;
+}
+
 #endif

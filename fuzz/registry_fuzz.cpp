@@ -90,14 +90,13 @@ void use_run(FuzzInput &in, const long *run)
         break;
     }
     case 5: {
-        const kl_obt_param_vardo parameters = {in.number(), in.number()};
-        const kl_obt_vardo obt = {parameters.sat_id, in.bits<unsigned long>(), in.bits<unsigned long>()};
+        const ClockRecord parameters = clock_record(in), obt = clock_record(in);
         kl_time_obt_to_time_run(run, &ref, &parameters, &obt, &days, ierr);
         break;
     }
     case 6: {
-        const kl_obt_param_vardo parameters = {in.number(), in.number()};
-        kl_obt_vardo obt = {parameters.sat_id, 0, 0};
+        const ClockRecord parameters = clock_record(in);
+        ClockRecord obt = {parameters.sat_id};
         kl_time_time_to_obt_run(run, &ref, &parameters, &time, &obt, ierr);
         break;
     }
