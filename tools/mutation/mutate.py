@@ -1,11 +1,12 @@
 """Do the tests notice a change of the code? One mutant at a time, drawn from the operators and numbers of src/.
 
-Usage: mutate.py [--count 200] [--seed 1] [--only GLOB] [--jobs N] [--fresh] [--list]
+Usage: mutate.py [--count 200] [--seed 1] [--only GLOB] [--jobs N] [--fresh] [--sanitize] [--list]
 
 A mutant swaps + and -, * and /, < and <=, > and >=, == and !=, && and ||, changes a number by one or in its last digit,
 or drops a sign. Three in ten change numbers, one in ten a table of numbers. A private copy of the newest
 commit is built with it, then the tests run, those of its folder first, up to the first failure; a crash or a hang is one
-too. What survives is built once more with the address and undefined-behaviour sanitizers, for the tests of its folder. Mutants that do not compile or leave the library's code as it was are replaced by the next and not counted.
+too. With --sanitize what survives is built once more with the address and undefined-behaviour sanitizers, for the tests of
+its folder. Mutants that do not compile or leave the library's code as it was are replaced by the next and not counted.
 Everything lies in build/mutation: tree (the copy), state.jsonl (what has been found; the next start goes on from there,
 on the same commit), survivors.txt.
 """
@@ -210,14 +211,14 @@ def must(command: list, what: str) -> str:
     return done.stdout.strip()
 
 
-def prepare(commit: str, jobs: int) -> None:
+def prepare(commit: str, jobs: int, sanitize: bool) -> None:
     if not (TREE / ".git").exists():
         WORK.mkdir(parents=True, exist_ok=True)
         must(["git", "clone", "-q", "--no-checkout", str(ROOT), str(TREE)], "no copy")
     must(["git", "-C", str(TREE), "fetch", "-q", "origin"], "no fetch")
     must(["git", "-C", str(TREE), "checkout", "-q", "--force", "--detach", commit], "no checkout")
     launcher = ["-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"] if run(["sh", "-c", "command -v ccache"]).returncode == 0 else []
-    for where, sanitizers in ((BUILD, ""), (SANITIZED, "address,undefined")):
+    for where, sanitizers in [(BUILD, "")] + ([(SANITIZED, "address,undefined")] if sanitize else []):
         must(["cmake", "-S", str(TREE), "-B", str(where), "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release", "-DKITLIB_TESTS=ON",
               "-DKITLIB_APPS=OFF", "-DKITLIB_WERROR=OFF", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON",
               f"-DKITLIB_SANITIZE={sanitizers}"] + launcher, "cmake")
@@ -266,7 +267,7 @@ def first_failure(folder: str, timeout: float, where=BUILD) -> str:
     return f"{folder}: {name}" + (ending or (" (crash)" if status < 0 and not failed else ""))
 
 
-def judged(mutant: Mutant, original: str, jobs: int, order: list, timeouts: dict) -> str:
+def judged(mutant: Mutant, original: str, jobs: int, order: list, timeouts: dict, sanitize: bool) -> str:
     """"replaced: why", "SURVIVED", or the test that caught it."""
     path = TREE / mutant.path
     source = path.read_text()
@@ -281,6 +282,8 @@ def judged(mutant: Mutant, original: str, jobs: int, order: list, timeouts: dict
             caught = first_failure(folder, timeouts[folder])
             if caught:
                 return caught
+        if not sanitize:
+            return "SURVIVED"
         build(jobs, [own], SANITIZED)
         caught = first_failure(own, 10 * timeouts[own], SANITIZED)
         return f"sanitizers, {caught}" if caught else "SURVIVED"
@@ -308,6 +311,7 @@ def main() -> None:
     options.add_argument("--seed", type=int, default=1)
     options.add_argument("--only", default="*", help="files, such as 'src/time/*'")
     options.add_argument("--jobs", type=int, default=os.cpu_count())
+    options.add_argument("--sanitize", action="store_true", help="what survives meets the sanitizers (slow)")
     options.add_argument("--fresh", action="store_true", help="forget what was found, take the newest commit")
     options.add_argument("--list", action="store_true", help="print the mutants that would be tried, no more")
     given = options.parse_args()
@@ -317,7 +321,7 @@ def main() -> None:
     if given.fresh or not records or (records[0]["seed"], records[0]["only"]) != (given.seed, given.only):
         records = [head]
     head, results = records[0], {r["mutant"]: r["result"] for r in records[1:]}
-    prepare(head["commit"], given.jobs)
+    prepare(head["commit"], given.jobs, given.sanitize)
     STATE.write_text("".join(json.dumps(r) + "\n" for r in records))
     print(f"commit {head['commit'][:10]}, seed {given.seed}, {len(results)} tried before", flush=True)
 
@@ -330,7 +334,8 @@ def main() -> None:
         begin = time.monotonic()
         caught = first_failure(folder, 600)
         timeouts[folder] = 20 + 10 * (time.monotonic() - begin)
-        caught = caught or first_failure(folder, 600, SANITIZED)
+        if given.sanitize:
+            caught = caught or first_failure(folder, 600, SANITIZED)
         if caught:
             sys.exit(f"fails without any mutant: {caught}")
     by_time = sorted(FOLDERS, key=timeouts.get)
@@ -341,7 +346,7 @@ def main() -> None:
             break
         result = results.get(mutant.key())
         if result is None:
-            result = judged(mutant, original, given.jobs, by_time, timeouts)
+            result = judged(mutant, original, given.jobs, by_time, timeouts, given.sanitize)
             with STATE.open("a") as state:
                 state.write(json.dumps({"mutant": mutant.key(), "result": result}) + "\n")
         if result.startswith("replaced"):
