@@ -24,7 +24,7 @@ case "${1:-}" in
     find build/coverage -name '*.gcda' -delete 2>/dev/null || true
     run_preset coverage
     gcovr --root . --filter 'src/' --exclude '.*_tables\.h' --exclude-throw-branches --exclude-unreachable-branches \
-        --txt build/coverage/coverage.txt --txt-metric branch --fail-under-line 97 --fail-under-branch 90 --print-summary build/coverage
+        --branches --txt build/coverage/coverage.txt --fail-under-line 97 --fail-under-branch 90 --print-summary build/coverage
     ;;
 *) echo "usage: ./check.sh [--all|--coverage]" >&2; exit 2 ;;
 esac
