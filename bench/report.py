@@ -79,7 +79,7 @@ def main():
     load = float((results / "load.txt").read_text().split()[0])
     print("# Speed\n")
     print(f"Written by `bench/run.sh` on {os.cpu_count()} cores, {cpu[1] if cpu else 'unknown CPU'}; {compiler}, Release.")
-    busy = "; other programs had a share of the cores, so two threads over one says little here" if load > 1.0 else ""
+    busy = "; other programs had a share of the cores, so two threads over one says little here" if load > 1.5 else ""
     print(f"Load average of the machine when it began: {load}{busy}.\n")
     print("Each figure is the median of seven repetitions, in nanoseconds of CPU time; a subject's calls and their rivals")
     print("take turns at random in one process. A ratio above one says how many times slower the rival is.\n")
