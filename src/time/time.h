@@ -199,7 +199,7 @@ inline void shift_by_explicit_values(const kl_time_row &row, long from, long to,
 
 // As KL_Time_t2t_ref_to_tai and _from_tai, in place and without error records: out_of_range becomes true where they
 // warn of it. False, with the record as it is, where they have more to report or to print; then they have to be asked.
-// `row` is where the instant is likely to lie: whatever it is, the result is the same, a wrong row takes longer.
+// `row` is that of likely_row, where the instant may lie: with a wrong one the result is the same and takes longer.
 bool quickly_to_tai(const TimeIdRecord &id, long ref, long row, kl_std_record *record, bool *out_of_range);
 bool quickly_from_tai(const TimeIdRecord &id, long ref, long row, double tai_days, kl_std_record *record,
                       bool *out_of_range);

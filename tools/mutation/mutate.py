@@ -3,10 +3,10 @@
 Usage: mutate.py [--count 200] [--seed 1] [--only GLOB] [--jobs N] [--fresh] [--sanitize] [--list]
 
 A mutant swaps + and -, * and /, < and <=, > and >=, == and !=, && and ||, changes a number by one or in its last digit,
-or drops a sign. Three in ten change numbers, one in ten a table of numbers. A private copy of the newest
-commit is built with it, then the tests run, those of its folder first, up to the first failure; a crash or a hang is one
-too. With --sanitize what survives is built once more with the address and undefined-behaviour sanitizers, for the tests of
-its folder. Mutants that do not compile or leave the library's code as it was are replaced by the next and not counted.
+or drops a sign. Three in ten change numbers, one in ten a table of numbers. A private copy of the newest commit is built
+with it, then the tests run, those of its folder first, up to the first failure; a crash or a hang is one too. With
+--sanitize what survives is built once more with the address and undefined-behaviour sanitizers, for the tests of its
+folder. Mutants that do not compile or leave the library's code as it was are replaced by the next and not counted.
 Everything lies in build/mutation: tree (the copy), state.jsonl (what has been found; the next start goes on from there,
 on the same commit), survivors.txt.
 """
