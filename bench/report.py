@@ -100,8 +100,9 @@ def main():
 
     threads = lines("threads.txt")
     print("## Two threads over one\n")
-    print("Calls a second, medians of fifteen runs in turn; both threads use the same ids. The first and the last row are")
-    print("arithmetic that shares nothing with anybody: what two cores of this machine give.\n")
+    print("Calls a second, medians of a hundred slices, each core alone and beside the other; both threads use the same")
+    print("ids. The first and the last row are arithmetic that shares nothing with anybody: what two cores of this")
+    print("machine give.\n")
     print(table(("call", "one", "two", "two / one"), *threads[1:-1]))
     print(threads[-1][0] + ".\n")
 

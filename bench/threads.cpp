@@ -1,21 +1,26 @@
 // Throughput of two threads over that of one, for every public call that only computes; both threads use the same ids.
-// Prints a line a function, the median of some runs, and one for arithmetic that shares nothing: what the machine
-// gives. Wants a quiet machine of two cores.
+// Each thread keeps to a core of its own, and each core works alone and beside the other in turn, in short slices: the
+// medians of many leave out those in which the host gave the core to somebody else. Prints a line a function, and one
+// for arithmetic that shares nothing: what the machine gives. Wants a quiet machine of two cores.
 #include "support/every_function.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <sched.h>
 #include <thread>
 #include <vector>
 
 namespace {
 
-constexpr int kRuns = 15;
-constexpr auto kRun = std::chrono::milliseconds(40);
+constexpr int kRounds = 101;
+constexpr auto kSlice = std::chrono::milliseconds(4);
 constexpr int kBatch = 64; // calls between two looks at the clock
+
+using Rates = std::array<double, 2>; // calls a second, by core
 
 // They open, close, print or change tables of the process.
 constexpr const char *kNotMeasured[] = {"kl_silent",
@@ -43,31 +48,41 @@ bool measured(const char *name)
                         [name](const char *other) { return std::strcmp(name, other) == 0; });
 }
 
-// Calls a second of so many threads.
-double throughput(const PublicCall &f, const World &shared, int n_threads)
+bool keep_to(int core)
 {
-    std::atomic<int> ready{0};
-    std::atomic<long> calls{0};
+    cpu_set_t set;
+    CPU_ZERO(&set);
+    CPU_SET(core, &set);
+    return sched_setaffinity(0, sizeof set, &set) == 0;
+}
+
+// What each core does in a slice; a core that is not at work is left as it was.
+void work(const PublicCall &f, const World &shared, const std::vector<int> &cores, Rates &rates)
+{
+    std::atomic<std::size_t> ready{0};
+    const auto one = [&](int core) {
+        keep_to(core);
+        World own = shared; // the ids are the same, the outputs its own
+        f.call(own);
+        ++ready;
+        while (ready < cores.size()) {
+        }
+        long done = 0;
+        const auto start = std::chrono::steady_clock::now();
+        auto now = start;
+        for (; now < start + kSlice; now = std::chrono::steady_clock::now()) {
+            for (int k = 0; k < kBatch; ++k)
+                f.call(own);
+            done += kBatch;
+        }
+        rates[static_cast<std::size_t>(core)] =
+            static_cast<double>(done) / std::chrono::duration<double>(now - start).count();
+    };
     std::vector<std::thread> threads;
-    for (int i = 0; i < n_threads; ++i)
-        threads.emplace_back([&] {
-            World own = shared; // the ids are the same, the outputs its own
-            f.call(own);
-            ++ready;
-            while (ready < n_threads) {
-            }
-            long done = 0;
-            const auto end = std::chrono::steady_clock::now() + kRun;
-            while (std::chrono::steady_clock::now() < end) {
-                for (int k = 0; k < kBatch; ++k)
-                    f.call(own);
-                done += kBatch;
-            }
-            calls += done;
-        });
+    for (const int core : cores)
+        threads.emplace_back(one, core);
     for (std::thread &thread : threads)
         thread.join();
-    return static_cast<double>(calls) / std::chrono::duration<double>(kRun).count();
 }
 
 double median(std::vector<double> values)
@@ -89,22 +104,32 @@ long arithmetic(World &own)
 // Prints a line and returns two threads over one.
 double measure(const PublicCall &f, const World &shared)
 {
-    std::vector<double> one;
-    std::vector<double> two;
-    std::vector<double> ratio;
-    for (int run = 0; run < kRuns; ++run) { // in turn, so that both see the same machine
-        one.push_back(throughput(f, shared, 1));
-        two.push_back(throughput(f, shared, 2));
-        ratio.push_back(two.back() / one.back());
+    std::vector<double> alone[2];
+    std::vector<double> both[2];
+    for (int round = 0; round < kRounds; ++round) {
+        Rates rates = {};
+        work(f, shared, {0}, rates);
+        work(f, shared, {1}, rates);
+        for (std::size_t core = 0; core < 2; ++core)
+            alone[core].push_back(rates[core]);
+        work(f, shared, {0, 1}, rates);
+        for (std::size_t core = 0; core < 2; ++core)
+            both[core].push_back(rates[core]);
     }
-    std::printf("%-44s %14.0f %14.0f %8.2f\n", f.name, median(one), median(two), median(ratio));
-    return median(ratio);
+    const double one = (median(alone[0]) + median(alone[1])) / 2.0;
+    const double two = median(both[0]) + median(both[1]);
+    std::printf("%-44s %14.0f %14.0f %8.2f\n", f.name, one, two, two / one);
+    return two / one;
 }
 
 } // namespace
 
 int main()
 {
+    if (std::thread::hardware_concurrency() < 2 || !keep_to(1) || !keep_to(0)) {
+        std::fputs("Two cores are wanted, 0 and 1.\n", stderr);
+        return 1;
+    }
     World shared;
     if (!shared.open())
         return 1;

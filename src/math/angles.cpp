@@ -3,7 +3,21 @@
 #include "math/math.h"
 
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
+
+double reduced_huge_degrees(double angle)
+{
+    if (!std::isfinite(angle))
+        return NAN;
+    // m * 2^k with integers; the powers of two from 2^3 on come back modulo 360 after 12.
+    int exponent = 0;
+    const double fraction = std::frexp(std::fabs(angle), &exponent);
+    const auto m = static_cast<std::uint64_t>(fraction * 0x1p53);
+    const int k = exponent - 53;
+    const std::uint64_t power = std::uint64_t{1} << (k < 3 ? k : 3 + (k - 3) % 12);
+    return (angle < 0.0 ? -1.0 : 1.0) * reduced_degrees(static_cast<double>(m % 360 * power % 360));
+}
 
 double KL_to_rad(double degrees)
 {

@@ -42,11 +42,11 @@ inline SineCosine sine_cosine(double angle)
 inline double arc_tangent(double y, double x)
 {
     // Eighths of a turn, each in two parts.
-    constexpr double kEighths[5][2] = {{0.0, 0.0},
-                                       {0x1.921fb54442d18p-1, 0x1.1a62633145c07p-55},
-                                       {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54},
-                                       {0x1.2d97c7f3321d2p+1, 0x1.a79394c9e8a0ap-54},
-                                       {0x1.921fb54442d18p+1, 0x1.1a62633145c07p-53}};
+    static constexpr double kEighths[5][2] = {{0.0, 0.0},
+                                              {0x1.921fb54442d18p-1, 0x1.1a62633145c07p-55},
+                                              {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54},
+                                              {0x1.2d97c7f3321d2p+1, 0x1.a79394c9e8a0ap-54},
+                                              {0x1.921fb54442d18p+1, 0x1.1a62633145c07p-53}};
     constexpr double kTangent = 0.41421356237309503; // of a sixteenth
     constexpr double kLarge = 0x1p500;
     double across = std::fabs(y);

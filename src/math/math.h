@@ -21,6 +21,22 @@ inline double length_or_square(double sum_of_squares)
     return sum_of_squares > KL_NULL_LENGTH_SQUARED ? std::sqrt(sum_of_squares) : sum_of_squares;
 }
 
+// 1 / sqrt(square): by its series near 1, where a root and a division would make others wait.
+inline double per_length(double square)
+{
+    constexpr double kNear = 0x1p-20; // the next term is below 2^-61
+    const double e = square - 1.0;
+    return std::fabs(e) <= kNear ? 1.0 - e * (0.5 - e * 0.375) : 1.0 / std::sqrt(square);
+}
+
+// Is the root within 1e-6 of 1?
+inline bool is_unit(double square)
+{
+    constexpr double kUnit = 1e-6;
+    // Nearer than that the square needs no root; not so for NaN.
+    return std::fabs(square - 1.0) <= kUnit || std::fabs(std::sqrt(square) - 1.0) <= kUnit;
+}
+
 // Copies three numbers, which may overlap.
 inline void copy_three(const double *from, double *to)
 {

@@ -30,20 +30,35 @@ inline double reduced_degrees(double angle)
     return angle - turns * 360.0;
 }
 
-// The same, exact for every finite angle. Infinite in, NaN out.
-inline double reduced_any_degrees(double angle)
+// The same from 2^53 on, exact for every finite angle. Infinite in, NaN out.
+double reduced_huge_degrees(double angle);
+
+// Sine and cosine of r, within -pi/4 to pi/4, and some quarters of a turn, which stand in the last bits of `shifted`.
+inline void sin_cos_of_rest(double r, double shifted, double &sine, double &cosine)
 {
-    if (std::fabs(angle) < 0x1p53)
-        return reduced_degrees(angle);
-    if (!std::isfinite(angle))
-        return NAN;
-    // m * 2^k with integers; the powers of two from 2^3 on come back modulo 360 after 12.
-    int exponent = 0;
-    const double fraction = std::frexp(std::fabs(angle), &exponent);
-    const auto m = static_cast<std::uint64_t>(fraction * 0x1p53);
-    const int k = exponent - 53;
-    const std::uint64_t power = std::uint64_t{1} << (k < 3 ? k : 3 + (k - 3) % 12);
-    return (angle < 0.0 ? -1.0 : 1.0) * reduced_degrees(static_cast<double>(m % 360 * power % 360));
+    const double q = r * r;
+    const double q2 = q * q;
+    const double q4 = q2 * q2;
+    // Minimax in q, off by at most 6e-18; in pairs, which need not wait for one another.
+    // clang-format off
+    const double s = r + r * q * ((-0x1.555555555554dp-3  + q * 0x1.111111110fb50p-7)
+                          + q2 * (-0x1.a01a019c30b61p-13 + q * 0x1.71de356f7027dp-19)
+                          + q4 * (-0x1.ae5e4c5563660p-26 + q * 0x1.5d8772f446721p-33));
+    const double c = 1.0 + (q2 * ((0x1.5555555555553p-5 + q * -0x1.6c16c16c16134p-10)
+                          + q2 * (0x1.a01a019e24ef5p-16 + q * -0x1.27e4f9040b499p-22)
+                          + q4 * (0x1.1eea895cd35e5p-29 + q * -0x1.8ff9dc82e452ep-37)) - 0.5 * q);
+    // clang-format on
+    // Odd quarters exchange sine and cosine; the second bit turns the sign of the sine, and with the first one that of
+    // the cosine.
+    std::uint64_t quarter, sine_bits, cosine_bits;
+    std::memcpy(&quarter, &shifted, sizeof quarter);
+    std::memcpy(&sine_bits, &s, sizeof sine_bits);
+    std::memcpy(&cosine_bits, &c, sizeof cosine_bits);
+    const std::uint64_t exchange = (sine_bits ^ cosine_bits) & (std::uint64_t{0} - (quarter & 1));
+    sine_bits ^= exchange ^ ((quarter & 2) << 62);
+    cosine_bits ^= exchange ^ (((quarter + 1) & 2) << 62);
+    std::memcpy(&sine, &sine_bits, sizeof sine_bits);
+    std::memcpy(&cosine, &cosine_bits, sizeof cosine_bits);
 }
 
 // Within 2e-16 of the true values for angles up to 1e8 rad. Not finite in, NaN out.
@@ -54,29 +69,19 @@ void sin_cos(const double (&angle)[N], double (&sine)[N], double (&cosine)[N])
         const double shifted = angle[i] * kTwoOverPi + kRounder;
         const double quarters = shifted - kRounder;
         const double r = ((angle[i] - quarters * kHalfPiA) - quarters * kHalfPiB) - quarters * kHalfPiC;
-        const double q = r * r;
-        const double q2 = q * q;
-        const double q4 = q2 * q2;
-        // Minimax in q within -pi/4 to pi/4, off by at most 6e-18; in pairs, which need not wait for one another.
-        // clang-format off
-        const double s = r + r * q * ((-0x1.555555555554dp-3  + q * 0x1.111111110fb50p-7)
-                              + q2 * (-0x1.a01a019c30b61p-13 + q * 0x1.71de356f7027dp-19)
-                              + q4 * (-0x1.ae5e4c5563660p-26 + q * 0x1.5d8772f446721p-33));
-        const double c = 1.0 + (q2 * ((0x1.5555555555553p-5 + q * -0x1.6c16c16c16134p-10)
-                              + q2 * (0x1.a01a019e24ef5p-16 + q * -0x1.27e4f9040b499p-22)
-                              + q4 * (0x1.1eea895cd35e5p-29 + q * -0x1.8ff9dc82e452ep-37)) - 0.5 * q);
-        // clang-format on
-        // Odd quarters exchange sine and cosine; the second bit turns the sign of the sine, and with the first one
-        // that of the cosine.
-        std::uint64_t quarter, sine_bits, cosine_bits;
-        std::memcpy(&quarter, &shifted, sizeof quarter);
-        std::memcpy(&sine_bits, &s, sizeof sine_bits);
-        std::memcpy(&cosine_bits, &c, sizeof cosine_bits);
-        const std::uint64_t exchange = (sine_bits ^ cosine_bits) & (std::uint64_t{0} - (quarter & 1));
-        sine_bits ^= exchange ^ ((quarter & 2) << 62);
-        cosine_bits ^= exchange ^ (((quarter + 1) & 2) << 62);
-        std::memcpy(&sine[i], &sine_bits, sizeof sine_bits);
-        std::memcpy(&cosine[i], &cosine_bits, sizeof cosine_bits);
+        sin_cos_of_rest(r, shifted, sine[i], cosine[i]);
+    }
+}
+
+// Of degrees: whole quarters of a turn are exact. For angles below 2^53.
+template <std::size_t N>
+void sin_cos_degrees(const double (&angle)[N], double (&sine)[N], double (&cosine)[N])
+{
+    constexpr double kDegree = 0.017453292519943295;
+    for (std::size_t i = 0; i < N; ++i) {
+        const double shifted = angle[i] * (1.0 / 90.0) + kRounder;
+        const double quarters = shifted - kRounder;
+        sin_cos_of_rest((angle[i] - quarters * 90.0) * kDegree, shifted, sine[i], cosine[i]);
     }
 }
 

@@ -24,7 +24,7 @@ constexpr Message kBetweenAxes[] = {
 static_assert(std::size(kBetweenAxes) == KL_GET_ROTATION_ANGLES_N_CODES);
 static_assert(std::size(kBetweenAxes) == KL_GET_ROTATED_VECTORS_N_CODES);
 
-constexpr double kOrthonormal = 1e-6;
+constexpr double kOrthogonal = 1e-6;
 constexpr double kRotation = 1e-9;
 
 void fill_matrix(const SineCosine &a0, const SineCosine &a1, const SineCosine &a2, double m[9])
@@ -46,12 +46,12 @@ void matrix_of(const double angles[3], double m[9])
     double s[4];
     double c[4];
     for (int i = 0; i < 3; ++i)
-        angle[i] = reduced_any_degrees(angles[i]) * KL_RAD_PER_DEG;
-    sin_cos(angle, s, c);
+        angle[i] = std::fabs(angles[i]) < 0x1p53 ? angles[i] : reduced_huge_degrees(angles[i]);
+    sin_cos_degrees(angle, s, c);
     double rows[9]; // stays in registers
     fill_matrix({s[0], c[0]}, {s[1], c[1]}, {s[2], c[2]}, rows);
     for (int row = 0; row < 3; ++row) {
-        const double scale = 1.0 / std::sqrt(dot3(rows + 3 * row, rows + 3 * row));
+        const double scale = per_length(dot3(rows + 3 * row, rows + 3 * row));
         for (int i = 3 * row; i < 3 * row + 3; ++i)
             m[i] = rows[i] * scale;
     }
@@ -67,10 +67,10 @@ double degrees_of(double y, double x)
 bool rows_are_orthonormal(const double m[9])
 {
     for (int i = 0; i < 3; ++i) {
-        if (!(std::fabs(std::sqrt(dot3(m + 3 * i, m + 3 * i)) - 1.0) <= kOrthonormal))
+        if (!is_unit(dot3(m + 3 * i, m + 3 * i)))
             return false;
         const int j = (i + 1) % 3;
-        if (!(std::fabs(dot3(m + 3 * i, m + 3 * j)) <= kOrthonormal))
+        if (!(std::fabs(dot3(m + 3 * i, m + 3 * j)) <= kOrthogonal))
             return false;
     }
     return true;

@@ -28,16 +28,10 @@ constexpr Message kInterpol[] = {
 };
 static_assert(std::size(kInterpol) == KL_QUATERNIONS_INTERPOL_N_CODES);
 
-constexpr double kUnit = 1e-6;           // departure from unit length, and from orthogonality
+constexpr double kOrthogonal = 1e-6;     // cosine of the angle between
 constexpr double kNearlyEqual = 1e-9;    // of the dot product from 1: linear weights serve
 constexpr double kNearlyOpposite = 1e-6; // sine of the angle between
 constexpr int kScalar = 3;
-
-bool is_unit(double square)
-{
-    // Nearer than kUnit the square needs no root; not so for NaN.
-    return std::fabs(square - 1.0) <= kUnit || std::fabs(std::sqrt(square) - 1.0) <= kUnit;
-}
 
 // Of four, in two halves that need not wait for one another.
 double dot4(const double *a, const double *b)
@@ -60,8 +54,9 @@ struct Columns {
 template <int i, int j, int k>
 void from_largest(const Columns &A, double q[4])
 {
-    const double s = std::sqrt(A(i, i) - A(j, j) - A(k, k) + 1.0);
-    const double f = 0.5 / s;
+    const double square = A(i, i) - A(j, j) - A(k, k) + 1.0;
+    const double s = std::sqrt(square);
+    const double f = 0.5 / square * s; // 1 / (2 s), but root and division at once
     q[i] = s / 2.0;
     q[j] = (A(j, i) + A(i, j)) * f;
     q[k] = (A(k, i) + A(i, k)) * f;
@@ -74,7 +69,7 @@ void provisional_quaternion(const Columns &A, double q[4])
     const double trace = A(0, 0) + A(1, 1) + A(2, 2);
     if (trace > 0.0) {
         const double s = std::sqrt(trace + 1.0);
-        const double f = 0.5 / s;
+        const double f = 0.5 / (trace + 1.0) * s;
         q[0] = (A(2, 1) - A(1, 2)) * f;
         q[1] = (A(0, 2) - A(2, 0)) * f;
         q[2] = (A(1, 0) - A(0, 1)) * f;
@@ -134,13 +129,13 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
         const double *const v = given[i];
         const double square = dot3(v, v);
         null |= square <= KL_NULL_LENGTH_SQUARED;
-        const double scale = square <= KL_NULL_LENGTH_SQUARED ? 1.0 : 1.0 / std::sqrt(square);
+        const double scale = square <= KL_NULL_LENGTH_SQUARED ? 1.0 : per_length(square);
         for (int k = 0; k < 3; ++k)
             axes.v[i][k] = v[k] * scale;
     }
-    const bool orthogonal = std::fabs(dot3(axes.v[0], axes.v[1])) <= kUnit
-                            && std::fabs(dot3(axes.v[0], axes.v[2])) <= kUnit
-                            && std::fabs(dot3(axes.v[1], axes.v[2])) <= kUnit;
+    const bool orthogonal = std::fabs(dot3(axes.v[0], axes.v[1])) <= kOrthogonal
+                            && std::fabs(dot3(axes.v[0], axes.v[2])) <= kOrthogonal
+                            && std::fabs(dot3(axes.v[1], axes.v[2])) <= kOrthogonal;
     if (!orthogonal && call.stops(KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR))
         return KL_ERR;
 
@@ -270,8 +265,8 @@ void KL_Slerp_algo(const double q1[4], double q2[4], double out[4], double u)
     double between[4];
     for (int i = 0; i < 4; ++i)
         between[i] = w1 * q1[i] + w2 * q2[i];
-    const double length = length_or_square(dot4(between, between));
-    const double scale = length > KL_NULL_LENGTH_SQUARED ? 1.0 / length : 1.0;
+    const double square = dot4(between, between);
+    const double scale = square > KL_NULL_LENGTH_SQUARED ? per_length(square) : 1.0;
     for (int i = 0; i < 4; ++i)
         out[i] = between[i] * scale;
 }

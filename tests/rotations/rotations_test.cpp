@@ -119,10 +119,12 @@ TEST(Quaternions, AgreeWithRodriguesFormula)
     EXPECT_LT(rotation_between(quaternion_of(expected), q), kRounding);
     // The vectors may have any length.
     const Matrix axes = transposed(expected);
-    const double x[] = {3 * axes[0], 3 * axes[1], 3 * axes[2]}, y[] = {axes[3] / 7, axes[4] / 7, axes[5] / 7};
-    Quaternion found;
-    EXPECT_EQ(kl_vectors_to_quaternions(x, y, &axes[6], found.data(), nullptr), KL_OK);
-    EXPECT_LT(rotation_between(found, q), kRounding);
+    for (const auto &[a, b] : {std::pair(3.0, 1.0 / 7.0), {1.0 + 4e-7, 1.0 - 4e-7}, {1.0 - 6e-7, 1.0 + 6e-7}}) {
+        const double x[] = {a * axes[0], a * axes[1], a * axes[2]}, y[] = {b * axes[3], b * axes[4], b * axes[5]};
+        Quaternion found;
+        EXPECT_EQ(kl_vectors_to_quaternions(x, y, &axes[6], found.data(), nullptr), KL_OK);
+        EXPECT_LT(rotation_between(found, q), kRounding);
+    }
 }
 
 TEST(Quaternions, ComeBackFromTheirVectorsForEveryAwkwardRotation)
@@ -217,6 +219,8 @@ TEST(EulerAngles, WholeTurnsComeOffExactlyHoweverMany)
             plain[i] = rest;
             EXPECT_LT(distance(matrix_of_angles(turned), matrix_of_angles(plain)), kRounding) << angle << " " << i;
         }
+    // Quarters of a turn only exchange axes.
+    EXPECT_EQ(distance(matrix_of_angles({0.0, 90.0, 180.0}), {0, 0, -1, 0, -1, 0, -1, 0, 0}), 0.0);
 }
 
 TEST(EulerAngles, ComeBackUpToTheGimbalLock)
