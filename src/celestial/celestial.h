@@ -3,12 +3,11 @@
 #define KL_SRC_CELESTIAL_CELESTIAL_H
 
 #include "kl_family.h"
+#include "math/math.h"
 
 #include <cmath>
 #include <cstdint>
 
-constexpr double kTwoPi = 6.283185307179586476925287;
-constexpr double kDegree = 0.017453292519943295769237;          // rad
 constexpr double kArcsecond = 4.848136811095359935899141e-6;    // rad
 constexpr double kSecondOfTime = 7.272205216643039903848712e-5; // rad
 constexpr double kDaysPerCentury = 36525.0;

@@ -174,21 +174,23 @@ void KL_SlaDmoon(double pv[6], double date)
     double argument[6], rate[6];
     for (int k = 0; k < 6; ++k) {
         const double *c = kFund[k];
-        argument[k] = kDegree * reduced_degrees(c[0] + (c[1] + (c[2] + c[3] * t) * t) * t);
-        rate[k] = kDegree * (c[1] + (2.0 * c[2] + 3.0 * c[3] * t) * t);
+        argument[k] = KL_RAD_PER_DEG * reduced_degrees(c[0] + (c[1] + (c[2] + c[3] * t) * t) * t);
+        rate[k] = KL_RAD_PER_DEG * (c[1] + (2.0 * c[2] + 3.0 * c[3] * t) * t);
     }
 
     // Additive terms of A, B, Omega and W = Omega + C; Omega itself stays as it is.
-    const double slow[4] = {kDegree * (kArgA[0] + kArgA[1] * t), kDegree * (kArgB[0] + (kArgB[1] + kArgB[2] * t) * t),
-                            argument[kNode], argument[kNode] + kDegree * (kArgC[0] + kArgC[1] * t)};
-    const double slow_rate[4] = {kDegree * kArgA[1], kDegree * (kArgB[1] + 2.0 * kArgB[2] * t), rate[kNode],
-                                 rate[kNode] + kDegree * kArgC[1]};
+    const double slow[4] = {KL_RAD_PER_DEG * (kArgA[0] + kArgA[1] * t),
+                            KL_RAD_PER_DEG * (kArgB[0] + (kArgB[1] + kArgB[2] * t) * t), argument[kNode],
+                            argument[kNode] + KL_RAD_PER_DEG * (kArgC[0] + kArgC[1] * t)};
+    const double slow_rate[4] = {KL_RAD_PER_DEG * kArgA[1], KL_RAD_PER_DEG * (kArgB[1] + 2.0 * kArgB[2] * t),
+                                 rate[kNode], rate[kNode] + KL_RAD_PER_DEG * kArgC[1]};
     double slow_sin[4], slow_cos[4];
     sin_cos(slow, slow_sin, slow_cos);
     for (int k = 0; k < 5; ++k) {
         const double *a = kAddit[k];
-        argument[k] += kDegree * (a[0] * slow_sin[0] + a[1] * slow_sin[1] + a[2] * slow_sin[2] + a[3] * slow_sin[3]);
-        rate[k] += kDegree
+        argument[k] +=
+            KL_RAD_PER_DEG * (a[0] * slow_sin[0] + a[1] * slow_sin[1] + a[2] * slow_sin[2] + a[3] * slow_sin[3]);
+        rate[k] += KL_RAD_PER_DEG
                    * (a[0] * slow_rate[0] * slow_cos[0] + a[1] * slow_rate[1] * slow_cos[1]
                       + a[2] * slow_rate[2] * slow_cos[2] + a[3] * slow_rate[3] * slow_cos[3]);
     }
@@ -223,14 +225,14 @@ void KL_SlaDmoon(double pv[6], double date)
     const ValueAndRate tl = sum(kLongitudeSeries, anomalies, for_sine);
     const ValueAndRate tb = sum(kLatitudeSeries, anomalies, for_sine);
     const ValueAndRate tp = sum(kParallaxSeries, anomalies, for_cosine);
-    const double lon = argument[kMoonLongitude] + kDegree * tl.value;
-    const double lon_rate = (rate[kMoonLongitude] + kDegree * tl.rate) / kSecondsPerCentury;
+    const double lon = argument[kMoonLongitude] + KL_RAD_PER_DEG * tl.value;
+    const double lon_rate = (rate[kMoonLongitude] + KL_RAD_PER_DEG * tl.rate) / kSecondsPerCentury;
     const double g = 1.0 - kLatfac[0] * slow_cos[2] - kLatfac[1] * slow_cos[3];
     const double g_rate = kLatfac[0] * slow_rate[2] * slow_sin[2] + kLatfac[1] * slow_rate[3] * slow_sin[3];
-    const double lat = kDegree * tb.value * g;
-    const double lat_rate = kDegree * (tb.rate * g + tb.value * g_rate) / kSecondsPerCentury;
-    const double parallax = kDegree * tp.value;
-    const double parallax_rate = kDegree * tp.rate / kSecondsPerCentury;
+    const double lat = KL_RAD_PER_DEG * tb.value * g;
+    const double lat_rate = KL_RAD_PER_DEG * (tb.rate * g + tb.value * g_rate) / kSecondsPerCentury;
+    const double parallax = KL_RAD_PER_DEG * tp.value;
+    const double parallax_rate = KL_RAD_PER_DEG * tp.rate / kSecondsPerCentury;
 
     // Mean obliquity, rad.
     const double t2000 = (date - kMjd2000) / kDaysPerCentury;

@@ -3,6 +3,8 @@
 #ifndef KL_SRC_MATH_SIN_COS_H
 #define KL_SRC_MATH_SIN_COS_H
 
+#include "math/math.h"
+
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -77,11 +79,10 @@ void sin_cos(const double (&angle)[N], double (&sine)[N], double (&cosine)[N])
 template <std::size_t N>
 void sin_cos_degrees(const double (&angle)[N], double (&sine)[N], double (&cosine)[N])
 {
-    constexpr double kDegree = 0.017453292519943295;
     for (std::size_t i = 0; i < N; ++i) {
         const double shifted = angle[i] * (1.0 / 90.0) + kRounder;
         const double quarters = shifted - kRounder;
-        sin_cos_of_rest((angle[i] - quarters * 90.0) * kDegree, shifted, sine[i], cosine[i]);
+        sin_cos_of_rest((angle[i] - quarters * 90.0) * KL_RAD_PER_DEG, shifted, sine[i], cosine[i]);
     }
 }
 

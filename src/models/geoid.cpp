@@ -2,6 +2,7 @@
 #include "error/activation.h"
 #include "error/message_groups.h"
 #include "math/elementary.h"
+#include "math/math.h"
 #include "models/egm96_tables.h"
 #include "models/geoid_kernel.h"
 #include "models/model_record.h"
@@ -19,11 +20,9 @@ constexpr double kE2 = 0.0066943799901378;   // first eccentricity squared
 constexpr double kOneMinusE2 = 0.9933056200098622;
 constexpr double kEquatorialGravity = 9.7803253359; // m/s2
 constexpr double kSomigliana = 0.001931852639275089;
-constexpr double kGm = 3.9860044e14;             // m3/s2
-constexpr double kZeroDegree = -0.53;            // m, added to every undulation
-constexpr double kCentimetres = 100.0;           // in a metre: CC and CS are in centimetres
-constexpr double kDegree = 0.017453292519943295; // rad
-constexpr double kPi = 3.141592653589793;
+constexpr double kGm = 3.9860044e14;   // m3/s2
+constexpr double kZeroDegree = -0.53;  // m, added to every undulation
+constexpr double kCentimetres = 100.0; // in a metre: CC and CS are in centimetres
 
 enum { KL_GEOID_UNDU_POLE_ERR = 0, KL_GEOID_UNDU_N_CODES };
 
@@ -65,7 +64,7 @@ long legendre_degree(long max_degree)
 
 double longitude_radians(double lon_deg)
 {
-    return lon_deg == 360.0 ? 0.0 : lon_deg * kDegree; // the full turn gives the bits of 0
+    return lon_deg == 360.0 ? 0.0 : lon_deg * KL_RAD_PER_DEG; // the full turn gives the bits of 0
 }
 
 bool built_in(const EarthModel &earth)
@@ -91,7 +90,7 @@ public:
     {
         double psi, gravity, radius;
         KL_Radgra(&psi, &gravity, &radius, lat_deg, 0.0, 0.0); // the same on all of the parallel
-        const double theta = kPi / 2.0 - psi;
+        const double theta = KL_PI / 2.0 - psi;
         const double ratio = kSemiMajorAxis / radius;
         double weights[kEgm96Degree + 1] = {};
         double weight = correction_alone ? 0.0 : kCentimetres * kGm / (gravity * radius) * ratio;
@@ -162,7 +161,7 @@ public:
         KL_Radgra(&psi, &gravity_, &radius_, lat_deg, 0.0, 0.0);
         if (lat_deg == kNoLegendreLatitude)
             return KL_OK;
-        const double theta = kPi / 2.0 - psi;
+        const double theta = KL_PI / 2.0 - psi;
         const long degree = legendre_degree(max_degree_);
         for (long m = 0; m <= degree; ++m) {
             if (KL_Legfdn(m, theta, column_, degree, 0, nullptr, legfdn) != KL_OK)
@@ -288,7 +287,7 @@ const MessageGroup messages_KL_Dhccorr = group(kDhccorrMessages);
 void KL_Radgra(double *geocentric_latitude_rad, double *normal_gravity, double *radius, double lat_deg, double lon_deg,
                double height)
 {
-    const double phi = lat_deg * kDegree, lambda = lon_deg * kDegree;
+    const double phi = lat_deg * KL_RAD_PER_DEG, lambda = lon_deg * KL_RAD_PER_DEG;
     const SineCosine latitude = sine_cosine(phi), longitude = sine_cosine(lambda);
     const double sin_phi_2 = latitude.s * latitude.s;
     const double root = std::sqrt(1.0 - kE2 * sin_phi_2);

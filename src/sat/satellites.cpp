@@ -3,6 +3,7 @@
 
 #include "error/activation.h"
 #include "error/message_groups.h"
+#include "math/math.h"
 
 #include <cmath>
 #include <iterator>
@@ -11,7 +12,6 @@ namespace {
 
 constexpr double kGm = 3.9860044e14;       // m3/s2
 constexpr double kEarthRadius = 6378136.0; // m
-constexpr double kTwoPi = 6.283185307179586;
 
 constexpr Message kCheckSatId[] = {
     /* KL_CHECK_SAT_ID */ error("Satellite ID is not correct"),
@@ -56,7 +56,7 @@ long usable_row_of(const long *sat_id)
 
 double period_of(double semi_major_axis)
 {
-    return kTwoPi / std::sqrt(kGm / (semi_major_axis * semi_major_axis * semi_major_axis));
+    return KL_TWO_PI / std::sqrt(kGm / (semi_major_axis * semi_major_axis * semi_major_axis));
 }
 
 double earth_radius()
