@@ -1,6 +1,7 @@
 #!/bin/sh
-# Every leap second, every millisecond and microsecond around it, every pair of scales, there and back: an hour on two
-# cores. run.sh MS US looks only at every MS-th millisecond and every US-th microsecond.
+# Every leap second, every millisecond of half a day and every microsecond of two seconds on both sides, every pair of
+# scales, there and back: three quarters of an hour on two quiet cores. run.sh MS US looks only at every MS-th
+# millisecond and every US-th microsecond.
 set -eu
 cd "$(dirname "$0")/../.."
 tools/install_missing.sh g++ cmake ninja-build

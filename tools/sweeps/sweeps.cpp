@@ -1,6 +1,7 @@
 // Goes through the neighbourhood of every leap second since 1972, and of one that takes a second away: every
-// millisecond of the day before and of the day after, every microsecond of the two seconds on both sides, between every
-// two scales there and back. Each instant comes back as the same microsecond, and the results are in order.
+// millisecond of half a day on both sides, every microsecond of the two seconds on both sides, between every two scales
+// there and back. Each instant becomes the microsecond that whole numbers give it (UT1: within one), comes back as the
+// same, and the results are in order. Prints a line a leap second.
 //
 // sweeps [MS [US]]: only every MS-th of the milliseconds and every US-th of the microseconds (1, 1).
 #include "kl_family.h"
@@ -20,6 +21,9 @@ constexpr long kSecond = 1000000; // microseconds
 constexpr long kDay = 86400 * kSecond;
 constexpr long kProc = KL_PROC;
 constexpr const char *kNames[] = {"TAI", "UTC", "UT1", "GPS"};
+constexpr double kTaiUt1 = 0.3;         // on the day of the leap second, beyond TAI-UTC before it, s
+constexpr double kLoss = 0.00123456789; // of UT1, s a day
+constexpr long kFewTies = 10000000;     // at most one tie in so many instants
 
 struct LeapSecond {
     double mjd, tai_utc; // the day it comes before, TAI-UTC from then on, s
@@ -31,6 +35,7 @@ constexpr LeapSecond kLeapSeconds[] = {
     {62502.0, 36.0, -1}, // there has been none yet
 };
 constexpr std::size_t kFirst = 1; // the values of 1972 follow none
+constexpr int kPairs = 12;        // of scales, ordered
 
 struct Work {
     LeapSecond leap;
@@ -47,14 +52,14 @@ kl_time_row row_at(double utc, double tai_utc, double tai_ut1)
     return {tai, tai - tai_ut1 / 86400.0, utc, tai_utc, tai_ut1, 19.0};
 }
 
-// Daily rows; UT1 runs on evenly, losing about a millisecond a day: no round figure, so that UT1 is nowhere half way
-// between two microseconds at a whole millisecond.
+// Daily rows; UT1 runs on evenly, losing about a millisecond a day: no round figure, so that UT1 is nowhere half
+// way between two microseconds at a whole millisecond.
 bool open_id(const LeapSecond &leap, kl_time_id *id)
 {
     kl_time_row rows[7];
     const double before = leap.tai_utc - leap.sign;
     for (int i = -3; i <= 3; ++i)
-        rows[i + 3] = row_at(leap.mjd - 51544.0 + i, i < 0 ? before : leap.tai_utc, before + 0.3 + 0.00123456789 * i);
+        rows[i + 3] = row_at(leap.mjd - 51544.0 + i, i < 0 ? before : leap.tai_utc, before + kTaiUt1 + kLoss * i);
     kl_time_id_data data = {};
     data.model = 1;
     data.combination = -1;
@@ -63,9 +68,59 @@ bool open_id(const LeapSecond &leap, kl_time_id *id)
     return kl_time_set_id_data(id, &data) == 0;
 }
 
+// Microseconds from 0h of the day before the leap second, within two days.
 double days_of(long day, long microseconds)
 {
-    return static_cast<double>(day) + static_cast<double>(microseconds) / static_cast<double>(kDay);
+    const bool next = microseconds >= kDay;
+    return static_cast<double>(next ? day + 1 : day)
+           + static_cast<double>(next ? microseconds - kDay : microseconds) / static_cast<double>(kDay);
+}
+
+long microseconds_of(long day, double time)
+{
+    return std::lrint((time - static_cast<double>(day)) * static_cast<double>(kDay));
+}
+
+// TAI in whole microseconds from 0h of the day before, for an instant of another scale counted alike. UT1 is left
+// out.
+long tai_of(const LeapSecond &leap, long scale, long us)
+{
+    const long after = static_cast<long>(leap.tai_utc) * kSecond;
+    if (scale == KL_TIME_GPS)
+        return us + 19 * kSecond;
+    if (scale == KL_TIME_UTC)
+        return us + (us < kDay ? after - leap.sign * kSecond : after);
+    return us;
+}
+
+// The way back. What lies in the leap second itself has no day.
+long from_tai(const LeapSecond &leap, long scale, long tai)
+{
+    const long after = static_cast<long>(leap.tai_utc) * kSecond;
+    if (scale == KL_TIME_GPS)
+        return tai - 19 * kSecond;
+    if (scale == KL_TIME_UTC)
+        return tai - (tai < kDay + after - (leap.sign > 0 ? kSecond : 0) ? after - leap.sign * kSecond : after);
+    return tai;
+}
+
+// Is the result what whole numbers say? UT1 by its even loss, within a microsecond.
+bool is_right(const Work &work, long us, long there)
+{
+    const LeapSecond &leap = work.leap;
+    const auto tai_ut1 = [&leap](long tai) { // the rows hold their TAI; a second more or less is nothing here
+        const double days = static_cast<double>(tai - kDay) / static_cast<double>(kDay) - leap.tai_utc / 86400.0;
+        return std::lrint(1e6 * (leap.tai_utc - leap.sign + kTaiUt1 + kLoss * days));
+    };
+    if (work.from == KL_TIME_UT1) {
+        const long tai = us + tai_ut1(us + static_cast<long>(leap.tai_utc) * kSecond);
+        const long expected = from_tai(leap, work.to, tai);
+        return std::labs(there - expected) <= 1 || std::labs(expected - kDay) <= 1;
+    }
+    const long tai = tai_of(leap, work.from, us);
+    if (work.to == KL_TIME_UT1)
+        return std::labs(there - (tai - tai_ut1(tai))) <= 1;
+    return there == from_tai(leap, work.to, tai);
 }
 
 void report(const Work &work, double time, const char *what)
@@ -74,8 +129,8 @@ void report(const Work &work, double time, const char *what)
         std::printf("MJD %.0f, %s to %s, %.17g: %s\n", work.leap.mjd, kNames[work.from], kNames[work.to], time, what);
 }
 
-// UT1 is rounded to microseconds. Where TAI-UT1 is half way between two of them, to the last digits of a double, the
-// way back may take the other one.
+// UT1 is rounded to microseconds. Where TAI-UT1 is half way between two of them, to the last digits of a double,
+// the way back may take the other one.
 bool is_tie(const Work &work, kl_time_id *id, double time)
 {
     if (work.from != KL_TIME_UT1 && work.to != KL_TIME_UT1)
@@ -101,7 +156,7 @@ void sweep(const Work &work, kl_time_id *id, long first, long last, long step)
     double before = -1e9;
     long n = 0;
     for (long us = first; us < last; us += step) {
-        const double time = days_of(day + us / kDay, us % kDay);
+        const double time = days_of(day, us);
         double there = 0.0;
         double utc = 0.0;
         double back = 0.0;
@@ -121,7 +176,9 @@ void sweep(const Work &work, kl_time_id *id, long first, long last, long step)
         if (kl_time_processing_to_processing(id, &kProc, &work.from, &time, &kProc, &work.to, &there, ierr) != KL_OK
             || kl_time_processing_to_processing(id, &kProc, &work.to, &there, &kProc, &work.from, &back, ierr) != KL_OK)
             report(work, time, "refused");
-        else if (std::llround((back - static_cast<double>(day)) * static_cast<double>(kDay)) != us) {
+        else if (!is_right(work, us, microseconds_of(day, there)))
+            report(work, time, "another instant there");
+        else if (microseconds_of(day, back) != us) {
             if (is_tie(work, id, time))
                 ++ties;
             else
@@ -142,7 +199,7 @@ void run(const Work &work, long milliseconds, long microseconds)
         report(work, 0.0, "no time id");
         return;
     }
-    sweep(work, &id, 0, 2 * kDay, 1000 * milliseconds);
+    sweep(work, &id, kDay / 2, kDay + kDay / 2, 1000 * milliseconds);
     // In TAI the leap second comes that many seconds later, in UT1 and GPS some seconds later.
     const long shift = work.from == KL_TIME_UTC   ? 0
                        : work.from == KL_TIME_TAI ? static_cast<long>(work.leap.tai_utc) - 1
@@ -166,9 +223,15 @@ int main(int argc, char **argv)
                 if (from != to)
                     all.push_back({kLeapSeconds[i], from, to});
     std::atomic<std::size_t> next{0};
+    std::atomic<int> pairs[std::size(kLeapSeconds)] = {};
     const auto worker = [&] {
-        for (std::size_t i = next++; i < all.size(); i = next++)
+        for (std::size_t i = next++; i < all.size(); i = next++) {
             run(all[i], milliseconds, microseconds);
+            if (++pairs[kFirst + i / kPairs] == kPairs) {
+                std::printf("MJD %.0f: all pairs; %ld failures so far\n", all[i].leap.mjd, failures.load());
+                std::fflush(stdout);
+            }
+        }
     };
     std::vector<std::thread> threads;
     for (unsigned i = 0; i < std::max(1U, std::thread::hardware_concurrency()); ++i)
@@ -176,7 +239,7 @@ int main(int argc, char **argv)
     for (std::thread &thread : threads)
         thread.join();
     std::printf(
-        "%zu leap seconds, 12 ordered pairs of scales: %ld instants there and back, %ld failures, %ld ties of UT1\n",
-        std::size(kLeapSeconds) - kFirst, instants.load(), failures.load(), ties.load());
-    return failures == 0 ? 0 : 1;
+        "%zu leap seconds, %d ordered pairs of scales: %ld instants there and back, %ld failures, %ld ties of UT1\n",
+        std::size(kLeapSeconds) - kFirst, kPairs, instants.load(), failures.load(), ties.load());
+    return failures == 0 && ties <= 1 + instants / kFewTies ? 0 : 1;
 }
