@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -42,6 +43,9 @@ public:
         const std::uint8_t choice = byte();
         return choice < 250 ? static_cast<long>(choice) - 8 : bits<long>();
     }
+
+    // Mostly a number below n, now and then another.
+    long below(int n) { return byte() % 8 == 0 ? number() : byte() % n; }
 
     // Ordinary days, limits, and any bits: NaN and infinities among them.
     double real()
@@ -92,48 +96,67 @@ private:
     std::size_t left_;
 };
 
-// Ids for a target: uninitialised, of explicit values, or of a table with a leap second.
+// A status must be one of three, and agree with the word of the vector.
+inline void expect_status(long status, const long *ierr)
+{
+    if (status != KL_OK && status != KL_WARN && status != KL_ERR)
+        __builtin_trap();
+    if (ierr[0] < 0 && status != KL_ERR)
+        __builtin_trap();
+}
+
+// A call that succeeds gives finite numbers.
+template <std::size_t N>
+void expect_finite(long status, const double (&values)[N])
+{
+    if (status == KL_ERR)
+        return;
+    for (const double x : values)
+        if (!std::isfinite(x))
+            __builtin_trap();
+}
+
+// A table for a time id: rows that agree with themselves, on days and with differences of any kind, some of them with
+// one number that is not theirs.
+struct FuzzTable {
+    explicit FuzzTable(FuzzInput &in)
+    {
+        double utc = in.byte() % 2 == 0 ? 6207.0 : in.real();
+        double tai_utc = static_cast<double>(in.below(60));
+        for (kl_time_row &row : rows) {
+            const double tai = utc + tai_utc / 86400.0;
+            const double tai_ut1 = tai_utc + (in.byte() % 8 == 0 ? in.real() : in.byte() / 256.0 - 0.5);
+            const double tai_gps = in.byte() % 8 == 0 ? in.real() : 19.0;
+            row = {tai, tai - tai_ut1 / 86400.0, utc, tai_utc, tai_ut1, tai_gps};
+            double *const fields[] = {&row.tai, &row.ut1, &row.utc, &row.tai_utc, &row.tai_ut1, &row.tai_gps};
+            if (in.byte() % 16 == 0)
+                *fields[in.byte() % 6] = in.real();
+            utc += in.byte() % 2 == 0 ? 1.0 : in.real();
+            constexpr double kSteps[] = {0.0, 0.0, 1.0, -1.0, 2.0, -30.0, 0.5, 1e9};
+            tai_utc += kSteps[in.byte() % 8];
+        }
+        data.model = in.number();
+        data.combination = in.byte() % 2 == 0 ? 2 : in.number();
+        data.no_extrapolation = in.byte() % 2 == 0 ? 0 : in.number();
+        data.second_bulletin_row = in.below(4);
+        data.a = in.real();
+        data.b = in.real();
+        data.c = in.real();
+        data.n_rows = std::min(in.number(), static_cast<long>(rows.size()));
+        data.rows = in.maybe(rows.data());
+    }
+
+    std::array<kl_time_row, 4> rows{};
+    kl_time_id_data data{};
+};
+
+// A time id and a model id in any state.
 class FuzzIds {
 public:
     explicit FuzzIds(FuzzInput &in)
     {
-        switch (in.byte() % 4) {
-        case 0:
-            break;
-        case 1: {
-            const double readings[4] = {in.real(), in.real(), in.real(), in.real()};
-            kl_time_ref_init(readings, nullptr, nullptr, nullptr, &time, nullptr);
-            break;
-        }
-        default: {
-            std::array<kl_time_row, 4> rows;
-            const double sign = in.byte() % 2 == 0 ? 1.0 : -1.0;
-            for (std::size_t i = 0; i < rows.size(); ++i) {
-                const double tai_utc = i < 2 ? 36.0 : 36.0 + sign;
-                const double utc = 6208.0 + static_cast<double>(i) - 1.0;
-                const double tai = utc + tai_utc / 86400.0;
-                const double tai_ut1 = tai_utc + 0.4 + 0.001 * static_cast<double>(i);
-                rows[i] = {tai, tai - tai_ut1 / 86400.0, utc, tai_utc, tai_ut1, 19.0};
-            }
-            kl_time_id_data data = {};
-            data.model = 1 + in.byte() % 12;
-            data.combination = in.byte() % 2 == 0 ? -1 : 2;
-            data.second_bulletin_row = 2;
-            data.no_extrapolation = in.byte() % 2;
-            data.c = 6210.0;
-            data.n_rows = static_cast<long>(rows.size());
-            data.rows = rows.data();
-            kl_time_set_id_data(&time, &data);
-            break;
-        }
-        }
-        if (in.byte() % 2 == 1) {
-            const long mode = in.number();
-            long models[9];
-            for (long &m : models)
-                m = in.byte() % 8 == 0 ? in.number() : 0;
-            kl_model_init(&mode, models, &model, nullptr);
-        }
+        change(in);
+        change(in);
     }
 
     ~FuzzIds()
@@ -145,31 +168,71 @@ public:
     FuzzIds(const FuzzIds &) = delete;
     FuzzIds &operator=(const FuzzIds &) = delete;
 
+    // Initialises, replaces or closes one of them.
+    void change(FuzzInput &in)
+    {
+        long ierr[1] = {0};
+        switch (in.byte() % 6) {
+        case 0: {
+            const std::array<double, 4> readings = in.reals<4>();
+            const long orbit = in.number();
+            const double anx_time = in.real(), duration = in.real();
+            expect_status(kl_time_ref_init(in.maybe(readings.data()), in.maybe(&orbit), in.maybe(&anx_time),
+                                           in.maybe(&duration), in.maybe(&time), in.maybe(ierr)),
+                          ierr);
+            break;
+        }
+        case 1:
+            expect_status(kl_time_close(in.maybe(&time), in.maybe(ierr)), ierr);
+            break;
+        case 2: {
+            const long mode = in.below(2);
+            long models[9];
+            for (long &m : models)
+                m = in.byte() % 8 == 0 ? in.number() : 0;
+            expect_status(kl_model_init(in.maybe(&mode), in.maybe(&models[0]), in.maybe(&model), in.maybe(ierr)), ierr);
+            break;
+        }
+        case 3:
+            expect_status(kl_model_close(in.maybe(&model), in.maybe(ierr)), ierr);
+            break;
+        default: {
+            const FuzzTable table(in);
+            const void *before = time.record;
+            if (kl_time_set_id_data(in.maybe(&time), in.maybe(&table.data)) != 0 && time.record != before)
+                __builtin_trap(); // a refusal builds nothing
+        }
+        }
+    }
+
     kl_time_id time = {nullptr};
     kl_model_id model = {nullptr};
 };
 
-// A status must be one of three, and agree with the word of the vector.
-inline void expect_status(long status, const long *ierr)
-{
-    if (status != KL_OK && status != KL_WARN && status != KL_ERR)
-        __builtin_trap();
-    if (ierr != nullptr && ierr[0] < 0 && status != KL_ERR)
-        __builtin_trap();
-}
-
 // As wide as any record of an on-board clock: every satellite reads its own part of it.
 union ClockRecord {
     long sat_id;
-    std::uint8_t bytes[64];
+    long words[8];
 };
 
 inline ClockRecord clock_record(FuzzInput &in)
 {
     ClockRecord record;
-    for (std::uint8_t &b : record.bytes)
-        b = in.byte() % 2 == 0 ? 0 : in.byte();
+    for (long &word : record.words) {
+        const double real = in.byte() % 4 == 0 ? in.real() : 0.0;
+        if (real != 0.0)
+            std::memcpy(&word, &real, sizeof word);
+        else
+            word = in.number();
+    }
     return record;
+}
+
+// Satellites with a clock, those without, and any number.
+inline long satellite(FuzzInput &in)
+{
+    constexpr long kSatellites[] = {21, 51, 61, 71, 200, 0};
+    return in.byte() % 8 == 0 ? in.number() : kSatellites[in.byte() % 6];
 }
 
 #endif

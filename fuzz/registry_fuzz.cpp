@@ -1,109 +1,112 @@
 // Satellites, runs with their twins, and the decoding of error vectors.
-#include "fuzz_input.h"
+#include "fuzz_conversions.h"
 
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <sys/mman.h>
+#include <unistd.h>
 
 namespace {
 
-// The nine conversions of a run.
-void convert_with_run(FuzzInput &in, const long *run_id)
+constexpr Conversions<const long> kConversions = {
+    kl_time_processing_to_processing_run, kl_time_processing_to_ascii_run, kl_time_processing_to_transport_run,
+    kl_time_ascii_to_processing_run,      kl_time_ascii_to_ascii_run,      kl_time_ascii_to_transport_run,
+    kl_time_transport_to_processing_run,  kl_time_transport_to_ascii_run,  kl_time_transport_to_transport_run,
+};
+
+void use_run(FuzzInput &in, const long *run_id)
 {
     const long *run = in.maybe(run_id);
-    const long form_in = in.byte() % 8 == 0 ? in.number() : 10 * (1 + in.byte() % 5) + 1 + in.byte() % 4;
-    const long form_out = in.byte() % 8 == 0 ? in.number() : 10 * (1 + in.byte() % 5) + 1 + in.byte() % 4;
-    const long proc = in.byte() % 8 == 0 ? in.number() : KL_PROC;
-    const long from = in.byte() % 5;
-    const long to = in.byte() % 5;
-    const double days_in = in.real();
-    const std::string text_in = in.text(64);
-    const long fields_in[KL_TRANSPORT_LENGTH] = {in.number(), in.number(), in.bits<std::int32_t>(), in.number()};
-    const double *day = in.maybe(&days_in);
-    const char *words = in.maybe(text_in.c_str());
-    const long *parts = in.maybe(&fields_in[0]);
-    double days = 0.0;
-    char text[KL_TIME_ASCII_LENGTH];
-    long fields[KL_TRANSPORT_LENGTH];
-    long ierr[2] = {0, 0};
-    switch (in.byte() % 9) {
-    case 0:
-        kl_time_processing_to_processing_run(run, &proc, &from, day, &proc, &to, &days, ierr);
-        break;
-    case 1:
-        kl_time_processing_to_ascii_run(run, &proc, &from, day, &form_out, &to, text, ierr);
-        break;
-    case 2:
-        kl_time_processing_to_transport_run(run, &proc, &from, day, &form_out, &to, fields, ierr);
-        break;
-    case 3:
-        kl_time_ascii_to_processing_run(run, &form_in, &from, words, &proc, &to, &days, ierr);
-        break;
-    case 4:
-        kl_time_ascii_to_ascii_run(run, &form_in, &from, words, &form_out, &to, text, ierr);
-        break;
-    case 5:
-        kl_time_ascii_to_transport_run(run, &form_in, &from, words, &form_out, &to, fields, ierr);
-        break;
-    case 6:
-        kl_time_transport_to_processing_run(run, &form_in, &from, parts, &proc, &to, &days, ierr);
-        break;
-    case 7:
-        kl_time_transport_to_ascii_run(run, &form_in, &from, parts, &form_out, &to, text, ierr);
-        break;
-    default:
-        kl_time_transport_to_transport_run(run, &form_in, &from, parts, &form_out, &to, fields, ierr);
-        break;
-    }
-}
-
-void use_run(FuzzInput &in, const long *run)
-{
-    const long ref = in.byte() % 4;
-    const double time = in.real();
-    double days = 0.0;
-    double pos[3];
-    double vel[3];
-    double acc[3] = {0.0, 0.0, 0.0};
-    char text[KL_TIME_ASCII_LENGTH];
-    long ierr[2] = {0, 0};
-    const long other = in.number();
+    const long ref = in.below(4);
+    double time = in.real();
+    double pos[3], vel[3], acc[3];
+    long ierr[1] = {0};
+    long status = 0;
     switch (in.byte() % 8) {
     case 0:
-        kl_sun_run(run, &ref, &time, pos, vel, ierr);
+        status = kl_sun_run(run, in.maybe(&ref), in.maybe(&time), in.maybe(pos), in.maybe(vel), in.maybe(ierr));
         break;
     case 1:
-        kl_moon_run(run, &ref, &time, pos, vel, ierr);
+        status = kl_moon_run(run, in.maybe(&ref), in.maybe(&time), in.maybe(pos), in.maybe(vel), in.maybe(ierr));
         break;
-    case 2:
-        kl_planet_run(run, &other, &ref, &time, pos, vel, ierr);
+    case 2: {
+        const long planet = in.below(9);
+        status = kl_planet_run(run, in.maybe(&planet), in.maybe(&ref), in.maybe(&time), in.maybe(pos), in.maybe(vel),
+                               in.maybe(ierr));
         break;
+    }
     case 3: {
-        const long mode = 3;
-        const long from = KL_GM2000;
-        const double state[3] = {7.0e6, 0.0, 0.0};
-        kl_change_cart_cs_run(run, &mode, &from, &other, &ref, &time, state, state, state, pos, vel, acc, ierr);
+        const long mode = in.below(4), from = in.below(12), to = in.below(12);
+        const std::array<double, 3> p = in.reals<3>(), v = in.reals<3>(), a = in.reals<3>();
+        status = kl_change_cart_cs_run(run, in.maybe(&mode), in.maybe(&from), in.maybe(&to), in.maybe(&ref),
+                                       in.maybe(&time), in.maybe(p.data()), in.maybe(v.data()), in.maybe(a.data()),
+                                       in.maybe(pos), in.maybe(vel), in.maybe(acc), in.maybe(ierr));
         break;
     }
     case 4: {
+        const long format = ascii_format(in);
+        char before[KL_TIME_ASCII_LENGTH];
         char after[KL_TIME_ASCII_LENGTH];
         long sign = 0;
-        kl_time_get_leap_second_info_run(run, &other, &sign, text, after, ierr);
+        status = kl_time_get_leap_second_info_run(run, in.maybe(&format), in.maybe(&sign), in.maybe(before),
+                                                  in.maybe(after), in.maybe(ierr));
         break;
     }
-    case 5: {
-        const ClockRecord parameters = clock_record(in), obt = clock_record(in);
-        kl_time_obt_to_time_run(run, &ref, &parameters, &obt, &days, ierr);
-        break;
-    }
+    case 5:
     case 6: {
-        const ClockRecord parameters = clock_record(in);
-        ClockRecord obt = {parameters.sat_id};
-        kl_time_time_to_obt_run(run, &ref, &parameters, &time, &obt, ierr);
+        ClockRecord parameters = clock_record(in), obt = clock_record(in);
+        if (in.byte() % 8 != 0)
+            parameters.sat_id = obt.sat_id = satellite(in);
+        if (in.byte() % 2 == 0)
+            status = kl_time_obt_to_time_run(run, in.maybe(&ref), in.maybe(&parameters), in.maybe(&obt),
+                                             in.maybe(&time), in.maybe(ierr));
+        else
+            status = kl_time_time_to_obt_run(run, in.maybe(&ref), in.maybe(&parameters), in.maybe(&time),
+                                             in.maybe(&obt), in.maybe(ierr));
         break;
     }
     default:
-        convert_with_run(in, run);
-        break;
+        convert(in, kConversions, run_id);
     }
+    expect_status(status, ierr);
+}
+
+// Any bytes, or the example with stretches of it replaced.
+std::string satellite_file(FuzzInput &in)
+{
+    static const std::string example = [] {
+        std::ifstream file(KL_FUZZ_SATELLITE_FILE);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }();
+    if (example.empty())
+        std::abort();
+    std::string text = example;
+    if (in.byte() % 4 == 0)
+        text = in.text(255);
+    while (in.byte() % 4 != 0 && !text.empty()) {
+        const std::size_t at = in.bits<std::uint16_t>() % text.size();
+        const std::size_t n = in.byte();
+        text.replace(at, n, in.text(255));
+    }
+    return text;
+}
+
+void init_default_satellite(FuzzInput &in, long *sat_id)
+{
+    long ierr[1] = {0};
+    if (in.byte() % 4 == 0) {
+        const std::string name = in.text(20);
+        expect_status(kl_default_sat_init(in.maybe(sat_id), in.maybe(name.c_str()), in.maybe(ierr)), ierr);
+        return;
+    }
+    const std::string text = satellite_file(in);
+    const int file = memfd_create("satellite", 0);
+    if (file < 0 || write(file, text.data(), text.size()) != static_cast<ssize_t>(text.size()))
+        std::abort();
+    const std::string name = "/proc/self/fd/" + std::to_string(file);
+    expect_status(kl_default_sat_init(in.maybe(sat_id), name.c_str(), in.maybe(ierr)), ierr);
+    close(file);
 }
 
 } // namespace
@@ -112,15 +115,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     FuzzInput in(data, size);
     FuzzIds ids(in);
-    static char messages[KL_MAX_MSG][512];
+    static char messages[KL_MAX_MSG][KL_MSG_LENGTH];
     while (!in.empty()) {
         long id = in.byte() % 2 == 0 ? in.byte() % 24 : in.number();
-        long ierr[2] = {in.bits<long>(), in.bits<long>()};
-        switch (in.byte() % 12) {
+        const long vector[2] = {in.bits<long>(), in.bits<long>()};
+        switch (in.byte() % 13) {
         case 0: {
-            const long sat_id = in.byte() % 2 == 0 ? 200 : in.number();
-            expect_status(
-                kl_run_init(in.maybe(&sat_id), in.maybe(&ids.time), in.maybe(&ids.model), in.maybe(&id), ierr), ierr);
+            const long sat_id = satellite(in);
+            long ierr[1] = {0};
+            expect_status(kl_run_init(in.maybe(&sat_id), in.maybe(&ids.time), in.maybe(&ids.model), in.maybe(&id),
+                                      in.maybe(ierr)),
+                          ierr);
             break;
         }
         case 1:
@@ -140,7 +145,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             use_run(in, &id);
             break;
         case 4:
-            expect_status(kl_default_sat_init(in.maybe(&id), in.byte() % 2 == 0 ? "" : "no such file", ierr), ierr);
+            init_default_satellite(in, &id);
             break;
         case 5:
             kl_default_sat_close(in.maybe(&id));
@@ -156,19 +161,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         case 7: {
             long n = 0;
             long codes[KL_MAX_CODES];
-            kl_get_code(in.maybe(&id), in.maybe(&ierr[0]), in.maybe(&n), in.maybe(&codes[0]));
+            kl_get_code(in.maybe(&id), in.maybe(&vector[0]), in.maybe(&n), in.maybe(&codes[0]));
             break;
         }
         case 8: {
             const long n = in.number();
-            if (n < 4) // more prints more of the same
-                kl_print_msg(&n, in.maybe(&messages[0]));
+            std::string text = in.text(255);
+            text.copy(messages[0], KL_MSG_LENGTH);
+            kl_print_msg(in.maybe(&n), in.maybe(&messages[0]));
             break;
         }
         case 9: {
             void *array = in.byte() % 2 == 0 ? std::malloc(8) : nullptr;
-            kl_free_array(&array);
             kl_free_array(in.maybe(&array));
+            kl_free_array(&array);
             break;
         }
         case 10:
@@ -176,9 +182,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             if (in.byte() % 64 == 0) // it prints a page
                 kl_check_library_version();
             break;
+        case 11:
+            ids.change(in);
+            break;
         default: {
             long n = 0;
-            kl_get_msg(in.maybe(&id), in.maybe(&ierr[0]), in.maybe(&n), messages);
+            kl_get_msg(in.maybe(&id), in.maybe(&vector[0]), in.maybe(&n), in.maybe(&messages[0]));
         }
         }
     }

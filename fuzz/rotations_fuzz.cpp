@@ -1,31 +1,41 @@
 // Rotations and quaternions: a call that succeeds gives finite numbers.
 #include "fuzz_input.h"
 
-#include <cmath>
-
 namespace {
 
-template <std::size_t N>
-void expect_finite(long status, const double (&values)[N])
-{
-    if (status == KL_ERR)
-        return;
-    for (const double x : values)
-        if (!std::isfinite(x))
-            __builtin_trap();
-}
-
-// Arbitrary numbers, or a unit vector along an axis with a little noise.
+// Any numbers, those of unit length, or a direction along an axis with a little noise.
 template <std::size_t N>
 std::array<double, N> direction(FuzzInput &in)
 {
     std::array<double, N> v = in.reals<N>();
-    if (in.byte() % 2 == 0) {
+    const std::uint8_t choice = in.byte() % 3;
+    if (choice == 1) {
+        double square = 0.0;
+        for (const double x : v)
+            square += x * x;
+        if (square > 0.0)
+            for (double &x : v)
+                x /= std::sqrt(square);
+    } else if (choice == 2) {
         v.fill(0.0);
         v[in.byte() % N] = in.byte() % 2 == 0 ? 1.0 : -1.0;
         v[in.byte() % N] += in.bits<std::int8_t>() * 1e-9;
     }
     return v;
+}
+
+// Three directions row by row: those of a rotation, or each on its own.
+std::array<double, 9> three_directions(FuzzInput &in)
+{
+    std::array<double, 9> m{};
+    const std::array<double, 3> angles = in.reals<3>();
+    if (in.byte() % 2 == 0 && kl_euler_to_matrix(angles.data(), m.data(), nullptr) == KL_OK)
+        return m;
+    for (std::size_t i = 0; i < 9; i += 3) {
+        const std::array<double, 3> row = direction<3>(in);
+        std::copy(row.begin(), row.end(), &m[i]);
+    }
+    return m;
 }
 
 } // namespace
@@ -34,59 +44,45 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     FuzzInput in(data, size);
     while (!in.empty()) {
-        std::array<double, 4> q1 = direction<4>(in);
-        std::array<double, 4> q2 = direction<4>(in);
-        const std::array<double, 3> x = direction<3>(in);
-        const std::array<double, 3> y = direction<3>(in);
-        const std::array<double, 3> z = direction<3>(in);
-        double v[3][3];
-        double q[4];
-        double matrix[9];
-        double angles[3];
+        double out[9] = {};
+        double *const x = &out[0], *const y = &out[3], *const z = &out[6];
         long ierr[1] = {0};
         long status = 0;
-        switch (in.byte() % 7) {
-        case 0:
+        const std::uint8_t what = in.byte() % 7;
+        if (what == 0) {
+            const std::array<double, 4> q = direction<4>(in);
             status =
-                kl_quaternions_to_vectors(in.maybe(q1.data()), in.maybe(v[0]), in.maybe(v[1]), in.maybe(v[2]), ierr);
-            break;
-        case 1:
-            status = kl_vectors_to_quaternions(x.data(), y.data(), z.data(), q, ierr);
-            expect_finite(status, q);
-            break;
-        case 2: {
-            const long mode = in.byte() % 3;
+                kl_quaternions_to_vectors(in.maybe(q.data()), in.maybe(x), in.maybe(y), in.maybe(z), in.maybe(ierr));
+        } else if (what == 1) {
+            const long mode = in.below(2);
             const std::array<double, 3> t = in.reals<3>();
+            const std::array<double, 4> q1 = direction<4>(in);
+            std::array<double, 4> q2 = direction<4>(in);
             status = kl_quaternions_interpol(in.maybe(&mode), in.maybe(&t[0]), in.maybe(q1.data()), in.maybe(&t[1]),
-                                             in.maybe(q2.data()), in.maybe(&t[2]), in.maybe(&q[0]), ierr);
-            break;
-        }
-        case 3:
-            status = kl_euler_to_matrix(in.maybe(x.data()), in.maybe(&matrix[0]), ierr);
-            break;
-        case 4: {
-            const std::array<double, 9> m =
-                in.byte() % 2 == 0 ? in.reals<9>()
-                                   : std::array<double, 9>{x[0], x[1], x[2], y[0], y[1], y[2], z[0], z[1], z[2]};
-            status = kl_matrix_to_euler(m.data(), angles, ierr);
-            expect_finite(status, angles);
-            break;
-        }
-        case 5: {
-            const std::array<double, 3> x2 = direction<3>(in);
-            const std::array<double, 3> y2 = direction<3>(in);
-            const std::array<double, 3> z2 = direction<3>(in);
-            status = kl_get_rotation_angles(x.data(), y.data(), z.data(), in.maybe(x2.data()), in.maybe(y2.data()),
-                                            in.maybe(z2.data()), in.maybe(&angles[0]), ierr);
-            break;
-        }
-        default: {
-            const std::array<double, 3> a = in.reals<3>();
-            status = kl_get_rotated_vectors(in.maybe(x.data()), y.data(), z.data(), in.maybe(a.data()), in.maybe(v[0]),
-                                            in.maybe(v[1]), in.maybe(v[2]), ierr);
-        }
+                                             in.maybe(q2.data()), in.maybe(&t[2]), in.maybe(x), in.maybe(ierr));
+        } else if (what == 2) {
+            const std::array<double, 3> angles = in.reals<3>();
+            expect_status(kl_euler_to_matrix(in.maybe(angles.data()), in.maybe(x), in.maybe(ierr)), ierr);
+            continue; // angles that are not finite give a matrix of NaN
+        } else {
+            const std::array<double, 9> m = three_directions(in);
+            const double *const x1 = in.maybe(&m[0]), *const y1 = in.maybe(&m[3]), *const z1 = in.maybe(&m[6]);
+            if (what == 3) {
+                status = kl_vectors_to_quaternions(x1, y1, z1, in.maybe(x), in.maybe(ierr));
+            } else if (what == 4) {
+                status = kl_matrix_to_euler(x1, in.maybe(x), in.maybe(ierr));
+            } else if (what == 5) {
+                const std::array<double, 9> m2 = three_directions(in);
+                status = kl_get_rotation_angles(x1, y1, z1, in.maybe(&m2[0]), in.maybe(&m2[3]), in.maybe(&m2[6]),
+                                                in.maybe(x), in.maybe(ierr));
+            } else {
+                const std::array<double, 3> angles = in.reals<3>();
+                status = kl_get_rotated_vectors(x1, y1, z1, in.maybe(angles.data()), in.maybe(x), in.maybe(y),
+                                                in.maybe(z), in.maybe(ierr));
+            }
         }
         expect_status(status, ierr);
+        expect_finite(status, out);
     }
     return 0;
 }

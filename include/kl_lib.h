@@ -461,10 +461,10 @@ KL_API long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data);
  *                         instant; 8 never gives the out-of-range warning of a conversion; 8 and 10 do not give its
  *                         validity warning after the last row. combination: 2 when the table joins two bulletins and
  *                         second_bulletin_row is then the first row of the second. no_extrapolation: 0 to compute
- *                         UT1-UTC after the table with a, b and c, otherwise the last row holds there. rows: at least
- *                         one, finite, -18262.0 to 36524.0, increasing on all scales, TAI-UTC and TAI-GPS whole
- *                         seconds, times that agree with the differences to 2e-6 s. leap_sign, leap_utc and leap_tai
- *                         are not read
+ *                         UT1-UTC after the table with a, b and c, otherwise the last row holds there; |a| + |b| (|c| +
+ *                         1e10) at most 1e12. rows: at least one, finite, -18262.0 to 36524.0, increasing on all
+ *                         scales, TAI-UTC and TAI-GPS whole seconds no longer than that range, times that agree with
+ *                         the differences to 2e-6 s. leap_sign, leap_utc and leap_tai are not read
  * @return 0, or -1 with nothing changed; in verbose mode with a line on standard error that says what is wrong
  *
  * Between rows TAI-UT1 is interpolated linearly, TAI-UTC and TAI-GPS are those of the row before. The id knows one leap

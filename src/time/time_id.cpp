@@ -46,6 +46,12 @@ constexpr double kColumnSlack = 2e-6;                // s: two days rounded to d
 constexpr double kLeapStep = 0.5;                    // s: TAI-UTC moves by whole seconds
 constexpr double kOneSecond = 1.1574074074074073e-5; // days
 
+// Bounds that keep sums of seconds and microseconds within a long: no two times in range lie further apart, and the
+// UT1-UTC formula, which is also asked for days that had seconds added to them, stays below a sum that no clock needs.
+constexpr double kLongestDelta = (KL_PROCESSING_LAST - KL_PROCESSING_FIRST) * KL_SECONDS_PER_DAY; // s
+constexpr double kFormulaReach = 1e10;                                                            // days
+constexpr double kLongestFormula = 1e12;                                                          // s
+
 double gps_of(const kl_time_row &row)
 {
     return row.tai - row.tai_gps / KL_SECONDS_PER_DAY;
@@ -105,6 +111,8 @@ const char *fault_of_row(const kl_time_row &row, bool explicit_values)
         return "A time of a row is out of range";
     if (row.tai_utc != std::floor(row.tai_utc) || row.tai_gps != std::floor(row.tai_gps))
         return "TAI-UTC and TAI-GPS must be whole seconds";
+    if (std::fabs(row.tai_utc) > kLongestDelta || std::fabs(row.tai_gps) > kLongestDelta)
+        return "TAI-UTC or TAI-GPS is longer than the range of times";
     if (std::fabs((row.tai - row.utc) * KL_SECONDS_PER_DAY - row.tai_utc) > kColumnSlack
         || std::fabs((row.tai - row.ut1) * KL_SECONDS_PER_DAY - row.tai_ut1) > kColumnSlack)
         return "The times of a row do not agree with its differences";
@@ -128,8 +136,8 @@ const char *fault_of(const kl_time_id_data *data)
     if (data->combination == KL_COMBINATION_TWO_BULLETINS
         && (data->second_bulletin_row < 1 || data->second_bulletin_row >= data->n_rows))
         return "The first row of the second bulletin must lie inside the table";
-    if (!std::isfinite(data->a) || !std::isfinite(data->b) || !std::isfinite(data->c))
-        return "A coefficient of the UT1-UTC formula is not finite";
+    if (!(std::fabs(data->a) + std::fabs(data->b) * (std::fabs(data->c) + kFormulaReach) <= kLongestFormula)) // or NaN
+        return "A coefficient of the UT1-UTC formula is not finite or too large";
     for (long i = 0; i < data->n_rows; ++i) {
         if (const char *fault = fault_of_row(data->rows[i], explicit_values))
             return fault;
