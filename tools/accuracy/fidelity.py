@@ -10,6 +10,7 @@ import ctypes
 import functools
 import pathlib
 import random
+import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -165,28 +166,81 @@ def public_bodies(time_id):
 
 # ---- frames -------------------------------------------------------------------------------------------------------
 
-FRAMES = {1: "BM2000", 3: "GM2000", 4: "MOD", 5: "TOD", 6: "PEF", 7: "EF", 9: "BM1950", 11: "TEME"}
+FRAMES = {1: "BM2000", 2: "HM2000", 3: "GM2000", 4: "MOD", 5: "TOD", 6: "PEF", 7: "EF", 9: "BM1950", 10: "GALACTIC",
+          11: "TEME"}
+SIDEREAL = "sidereal angle of up to 2.3e5 rad: the decimals of its rate"
+WHY = {(3, 4): "angles of 0.01 rad", (4, 5): "angles of 1e-4 rad", (5, 11): "angle of 1e-4 rad",
+       (9, 1): "a matrix linear in time", (1, 9): "the inverse of a matrix linear in time"}
+
+
+def changed(time_id, first, last, t, start):
+    out = [doubles(3) for _ in range(3)]
+    call("kl_change_cart_cs", None, time_id, ref(3), ref(first), ref(last), ref(UT1), ref(t),
+         *[doubles(3, v) for v in start], *out, None)
+    return out
+
+
+def satellite():
+    return [[dice.uniform(-1, 1) * s for _ in range(3)] for s in (7e6, 8e3, 9.0)]
+
+
+def exactly(vector):
+    return matrix([mpf(x) for x in vector])
 
 
 def chain(time_id):
     for first, last, way in frames.WAYS:
-        position, velocity = Spread(), Spread()
+        position, velocity, acceleration = Spread(), Spread(), Spread()
         for t in instants(N // 2):
-            start = [[dice.uniform(-1, 1) * s for _ in range(3)] for s in (7e6, 8e3, 9.0)]
-            out = [doubles(3) for _ in range(3)]
-            call("kl_change_cart_cs", None, time_id, ref(2), ref(first), ref(last), ref(UT1), ref(t),
-                 *[doubles(3, v) for v in start], *out, None)
-            point = [matrix([mpf(x) for x in v]) for v in start]
-            position.add(out[0], way(mpf(t)) * point[0])
-            carried = lambda s: way(mpf(t) + s / DAY) * (point[0] + point[1] * s)
-            step = mpf("1e-10")
-            velocity.add(out[1], (carried(step) - carried(-step)) / (2 * step))
-        cause = {(3, 4): "angles of 0.01 rad", (4, 5): "angles of 1e-4 rad", (5, 11): "angle of 1e-4 rad",
-                 (9, 1): "fixed matrices", (1, 9): "the inverse matrix"}
-        why = cause.get((first, last), "sidereal angle of up to 2.3e5 rad: the decimals of its rate")
+            start = satellite()
+            out = changed(time_id, first, last, t, start)
+            p, v, a = map(exactly, start)
+            carried = lambda s: way(mpf(t) + s / DAY) * (p + v * s + a * (s * s / 2))
+            step = mpf("1e-8")
+            before, here, after = carried(-step), carried(0), carried(step)
+            position.add(out[0], here)
+            velocity.add(out[1], (after - before) / (2 * step))
+            acceleration.add(out[2], (after - here - (here - before)) / step**2)
         name = "%s to %s" % (FRAMES[first], FRAMES[last])
-        position.print(name + ", 7000 km", "nm", 10**9, why)
+        position.print(name + ", 7000 km", "nm", 10**9, WHY.get((first, last), SIDEREAL))
         velocity.print(name + ", 8 km/s", "nm/s", 10**9, "the same")
+        acceleration.print(name + ", 9 m/s2", "nm/s2", 10**9, "the same")
+
+
+def galactic(time_id):
+    """The four ways by fixed matrices, in the decimals of src/coord/star_frames.cpp."""
+    with open(str(ROOT / "src" / "coord" / "star_frames.cpp")) as stream:
+        text = stream.read()
+    names = {(9, 10): "kB1950ToGalactic", (10, 9): "kGalacticToB1950", (1, 10): "kJ2000ToGalactic",
+             (10, 1): "kGalacticToJ2000"}
+    for (first, last), name in names.items():
+        nine = re.findall(r"-?\d\.\d+", text[text.index("MatrixRecord %s = " % name):])[:9]
+        way = matrix(3, 3)
+        for k, decimals in enumerate(nine):
+            way[k // 3, k % 3] = mpf(decimals)
+        spread = Spread()
+        for t in instants(N // 2):
+            start = satellite()
+            spread.add(changed(time_id, first, last, t, start)[0], way * exactly(start[0]))
+        spread.print("%s to %s, 7000 km" % (FRAMES[first], FRAMES[last]), "nm", 10**9, "a fixed matrix")
+
+
+def translations(time_id):
+    """Between the frames about the Earth, the Sun and the barycentre; the Earth's motion of the theory in metres."""
+    origin = {1: lambda e: (e[1], e[0]), 2: lambda e: (e[3], e[2]), 3: lambda e: ([mpf(0)] * 3, [mpf(0)] * 3)}
+    for first, last in ((1, 2), (2, 3), (3, 1)):
+        position, velocity = Spread(), Spread()
+        for t in instants(N // 4):
+            start = satellite()
+            out = changed(time_id, first, last, t, start)
+            tai = mpf(t) + mpf(37) / DAY
+            earth = sky.earth(EARTH, MJD + tai + tdb_minus_tai(tai), 2000)
+            for k, spread in enumerate((position, velocity)):
+                shift = exactly(origin[last](earth)[k]) - exactly(origin[first](earth)[k])
+                spread.add(out[k], exactly(start[k]) + shift * AU)
+        name = "%s to %s" % (FRAMES[first], FRAMES[last])
+        position.print(name + ", 7000 km", "mm", 1000, "the Earth's theory; TAI on the microsecond grid")
+        velocity.print(name + ", 8 km/s", "um/s", 10**6, "the same")
 
 
 def angles():
@@ -368,6 +422,8 @@ def main():
     public_bodies(time_id)
     angles()
     chain(time_id)
+    galactic(time_id)
+    translations(time_id)
     rotations()
     scales()
 

@@ -4,7 +4,7 @@
 set -eu
 cd "$(dirname "$0")/../.."
 build=${1:-build/accuracy}
-tools/install_missing.sh g++ cmake ninja-build liberfa-dev libgeographiclib-dev libproj-dev proj-data python3-mpmath
+tools/install_missing.sh g++ cmake ninja-build liberfa-dev libnova-dev libgeographiclib-dev libproj-dev proj-data python3-mpmath
 cmake --preset release -B "$build" -DKITLIB_ACCURACY=ON -DKITLIB_TESTS=OFF -DKITLIB_APPS=OFF >/dev/null
 cmake --build "$build" --target accuracy >/dev/null
 out=$build/tools/accuracy

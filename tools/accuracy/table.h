@@ -28,8 +28,8 @@ class Spread {
 public:
     void add(double x) { values_.push_back(std::fabs(x)); }
 
-    // The three, each times a scale, as cells of a row.
-    std::string cells(double scale = 1.0)
+    // The three, each times a scale, as cells of a row or within one cell.
+    std::string cells(double scale = 1.0, const char *between = " | ")
     {
         std::sort(values_.begin(), values_.end());
         std::string out;
@@ -37,7 +37,7 @@ public:
             const double at = values_[static_cast<std::size_t>(share * static_cast<double>(values_.size() - 1))];
             char cell[32];
             std::snprintf(cell, sizeof cell, "%.3g", at * scale);
-            out += (out.empty() ? "" : " | ") + std::string(cell);
+            out += (out.empty() ? "" : between) + std::string(cell);
         }
         return out;
     }
@@ -53,9 +53,11 @@ public:
         return most;
     }
 
-    void print(const std::string &what, const char *unit, const char *cause)
+    std::string cell() { return cells(1.0, " / "); }
+
+    void print(const std::string &what, const char *unit, const std::string &cause)
     {
-        std::printf("| %s | %s | %s | %s |\n", what.c_str(), unit, cells().c_str(), cause);
+        std::printf("| %s | %s | %s | %s |\n", what.c_str(), unit, cells().c_str(), cause.c_str());
     }
 
 private:
