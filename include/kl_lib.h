@@ -427,6 +427,10 @@ enum {
  * @param[out]    ierr     [1] KL_TIME_REF_CLOSE_*; decode it with KL_ID_FUNC_TIME_REF_CLOSE
  * @return KL_OK or KL_ERR
  *
+ * The close is refused while a run, another id or an object uses the id, whatever other threads do with these; an id
+ * that nothing uses must not be closed while another thread is calling with it. When the lock of the id cannot be
+ * released (a line on standard output says so) the id is closed, but this is KL_TIME_REF_CLOSE_ID_ERR and its memory is
+ * not freed.
  * Its messages are those of kl_time_ref_close, which is the name that the message table has for it.
  */
 KL_API long kl_time_close(kl_time_id *time_id, long *ierr);
@@ -1140,7 +1144,8 @@ enum {
  *
  * @param[in,out] model_id  handle
  * @param[out]    ierr      [1] error vector
- * @return KL_OK, or KL_ERR with nothing changed
+ * @return KL_OK, or KL_ERR with nothing changed but after a lock that cannot be released, as in kl_time_close, which also
+ *         says what threads may do
  */
 KL_API long kl_model_close(kl_model_id *model_id, long *ierr);
 

@@ -92,12 +92,6 @@ TEST(ModelId, BadCallsGetTheirConditionsAndEveryModeButOneIsTheDefault)
     }
     OwnedModel model, user;
     long ierr = 77;
-    if (faults::available()) {
-        faults::Fail memory(faults::Site::kAllocation);
-        const long status = kl_model_init(&kDefaultMode, nullptr, &model.id, &ierr);
-        memory.disarm();
-        expect_outcome(status, ierr, KL_MODEL_INIT_MEMORY_ERR, "no memory");
-    }
     const auto close = [&](kl_model_id *id, long bit, const char *name) {
         expect_outcome(kl_model_close(id, &ierr), ierr, bit, name);
     };

@@ -2,7 +2,6 @@
 #include "kit_data_handling.h"
 #include "support/bare_id.h"
 #include "support/conditions.h"
-#include "support/fault_injection.h"
 
 #include <tuple>
 
@@ -152,21 +151,6 @@ TEST_F(Runs, OnPurposeOnlyTheFirstKindOfTheHigherLibrariesIsDetached)
         EXPECT_EQ(KL_Is_used(&id.handle), 1 - known);
         kl_run_close(&run); // lets go of everything in its list
     }
-}
-
-TEST_F(Runs, LeaveNothingBehindWhenMemoryOrALockFails)
-{
-    SKIP_WITHOUT_FAULTS();
-    const std::tuple<faults::Site, int, int, long> cases[] = {
-#include "sat/run_failures.inc"
-    };
-    for (const auto &[site, first, last, bits] : cases)
-        for (int nth = first; nth <= last; ++nth) {
-            faults::Fail fail(site, nth);
-            expect_run("failure", bits, &kSatId, &time, &model);
-            EXPECT_TRUE(fail.disarm()) << nth;
-        }
-    EXPECT_EQ(open(), 0) << "no failure kept its number";
 }
 
 } // namespace

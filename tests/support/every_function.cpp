@@ -21,7 +21,6 @@ constexpr long kFrom = KL_GM2000;
 constexpr long kTo = KL_EF;
 constexpr long kPlanet = 4;
 constexpr long kTwo = 2;
-constexpr double kDays = 6000.25;
 constexpr double kZero = 0.0;
 constexpr double kOne = 1.0;
 constexpr double kHalf = 0.5;
@@ -34,6 +33,7 @@ constexpr double kNoTurn[4] = {0.0, 0.0, 0.0, 1.0};
 constexpr double kSides[2] = {10.0, 20.0};
 constexpr long kFields[4] = {6000, 21600, 5, 0};
 constexpr char kText[] = "2016-06-05_06:00:00";
+constexpr unsigned char kOctets[6] = {0x1f, 0x2e, 0x3d, 0x4c, 0x5b, 0x6a};
 constexpr kl_cuc_config kCuc = {0, 1, KL_TIME_TAI, 0.0, 4, 2};
 constexpr kl_obt_param_vardo kClock = {kSat, 0};
 constexpr kl_obt_vardo kCount = {kSat, 1000, 10};
@@ -45,9 +45,9 @@ constexpr long kModelMode = 0;
 
 long open_rows(kl_time_id *id)
 {
-    kl_time_row rows[4]; // over the leap second at the end of 2016
+    kl_time_row rows[4]; // from before World::at to after the leap second at the end of 2016
     for (int i = 0; i < 4; ++i) {
-        const double utc = 6207.0 + i;
+        const double utc = i == 0 ? 5990.0 : 6207.0 + i;
         const double tai_utc = i < 2 ? 36.0 : 37.0;
         const double tai = utc + tai_utc / 86400.0;
         rows[i] = {tai, tai - 36.4 / 86400.0, utc, tai_utc, 36.4, 19.0};

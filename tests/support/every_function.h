@@ -4,6 +4,7 @@
 
 #include "kl_lib.h"
 
+#include <cstring>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -35,11 +36,25 @@ struct BadArgument {
     }
 };
 
+// What a call leaves: equal bytes are equal outputs.
+struct Outputs {
+    long status = KL_OK;
+    long ierr[2] = {0, 0};
+    double a[32] = {};
+    double days = 0.0;
+    long fields[4] = {};
+    char text[2][KL_TIME_ASCII_LENGTH] = {};
+    unsigned char octets[24] = {}; // KL_CUC_LENGTH and no padding
+
+    bool operator==(const Outputs &other) const { return std::memcmp(this, &other, sizeof other) == 0; }
+};
+
 // What the calls take and where they write. open() makes the shared ids, close() ends whatever is open.
-struct World {
+struct World : Outputs {
     kl_time_id time = {nullptr};
     kl_model_id model = {nullptr};
     long run = -1;
+    double at = 6000.25; // the instant of the calls, MJD2000
 
     // For the functions that open something themselves.
     kl_time_id own_time = {nullptr};
@@ -47,13 +62,6 @@ struct World {
     kl_time_id_data own_rows = {};
     long own_run = -1;
     long own_sat = -1;
-
-    long ierr[2] = {0, 0};
-    double a[32] = {};
-    double days = 0.0;
-    long fields[4] = {};
-    char text[2][KL_TIME_ASCII_LENGTH] = {};
-    unsigned char octets[KL_CUC_LENGTH] = {};
 
     BadArgument bad;
     int n_arguments = 0; // of the function called last
@@ -86,6 +94,14 @@ struct PublicCall {
     long (*call)(World &);
     bool has_vector; // of errors
 };
+
+// Makes the call, with nothing left of the one before.
+inline const Outputs &outputs_of(const PublicCall &f, World &world)
+{
+    static_cast<Outputs &>(world) = {};
+    world.status = f.call(world);
+    return world;
+}
 
 // The first call and the one behind the last.
 const PublicCall *every_call();
