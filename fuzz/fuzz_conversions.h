@@ -45,7 +45,8 @@ inline std::string any_ascii(FuzzInput &in, long format, long ref)
     char text[KL_TIME_ASCII_LENGTH] = "";
     kl_time_processing_to_ascii(nullptr, &proc, &ref, &days, &format, &ref, text, nullptr);
     if (in.byte() % 2 == 0)
-        text[in.byte() % (KL_TIME_ASCII_LENGTH - 1)] = static_cast<char>(in.byte());
+        text[in.byte() % (KL_TIME_ASCII_LENGTH - 1)] =
+            static_cast<char>(in.byte() % 2 == 0 ? '0' + in.byte() % 10 : in.byte());
     return text;
 }
 inline std::array<long, KL_TRANSPORT_LENGTH> any_transport(FuzzInput &in, long format, long ref)
@@ -57,7 +58,7 @@ inline std::array<long, KL_TRANSPORT_LENGTH> any_transport(FuzzInput &in, long f
         kl_time_processing_to_transport(nullptr, &proc, &ref, &days, &format, &ref, fields.data(), nullptr);
     for (long &field : fields)
         if (in.byte() % 4 == 0)
-            field = in.byte() % 2 == 0 ? in.number() : in.bits<std::int32_t>();
+            field = in.byte() % 2 == 0 ? in.number() : in.bits<std::uint32_t>() >> in.byte() % 16;
     return fields;
 }
 

@@ -138,7 +138,7 @@ struct FuzzTable {
         data.model = in.number();
         data.combination = in.byte() % 2 == 0 ? 2 : in.number();
         data.no_extrapolation = in.byte() % 2 == 0 ? 0 : in.number();
-        data.second_bulletin_row = in.below(4);
+        data.second_bulletin_row = in.below(9);
         data.a = in.real();
         data.b = in.real();
         data.c = in.real();
@@ -146,7 +146,7 @@ struct FuzzTable {
         data.rows = in.maybe(rows.data());
     }
 
-    std::array<kl_time_row, 4> rows{};
+    std::array<kl_time_row, 9> rows{};
     kl_time_id_data data{};
 };
 

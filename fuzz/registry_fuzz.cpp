@@ -118,14 +118,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     static char messages[KL_MAX_MSG][KL_MSG_LENGTH];
     while (!in.empty()) {
         long id = in.byte() % 2 == 0 ? in.byte() % 24 : in.number();
-        const long vector[2] = {in.bits<long>(), in.bits<long>()};
         switch (in.byte() % 13) {
         case 0: {
             const long sat_id = satellite(in);
             long ierr[1] = {0};
-            expect_status(kl_run_init(in.maybe(&sat_id), in.maybe(&ids.time), in.maybe(&ids.model), in.maybe(&id),
-                                      in.maybe(ierr)),
-                          ierr);
+            for (int n = in.byte() % 8 == 0 ? 21 : 1; n > 0; --n) // there are 20 runs
+                expect_status(kl_run_init(in.maybe(&sat_id), in.maybe(&ids.time), in.maybe(&ids.model), in.maybe(&id),
+                                          in.maybe(ierr)),
+                              ierr);
             break;
         }
         case 1:
@@ -145,7 +145,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             use_run(in, &id);
             break;
         case 4:
-            init_default_satellite(in, &id);
+            for (int n = in.byte() % 8 == 0 ? 11 : 1; n > 0; --n) // there are 10
+                init_default_satellite(in, &id);
             break;
         case 5:
             kl_default_sat_close(in.maybe(&id));
@@ -159,6 +160,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             break;
         }
         case 7: {
+            const long vector[2] = {in.bits<long>(), in.bits<long>()};
             long n = 0;
             long codes[KL_MAX_CODES];
             kl_get_code(in.maybe(&id), in.maybe(&vector[0]), in.maybe(&n), in.maybe(&codes[0]));
@@ -186,6 +188,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             ids.change(in);
             break;
         default: {
+            const long vector[2] = {in.bits<long>(), in.bits<long>()};
             long n = 0;
             kl_get_msg(in.maybe(&id), in.maybe(&vector[0]), in.maybe(&n), in.maybe(&messages[0]));
         }
