@@ -121,11 +121,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         switch (in.byte() % 13) {
         case 0: {
             const long sat_id = satellite(in);
-            long ierr[1] = {0};
-            for (int n = in.byte() % 8 == 0 ? 21 : 1; n > 0; --n) // there are 20 runs
+            for (int n = in.byte() % 8 == 0 ? 21 : 1; n > 0; --n) { // there are 20 runs
+                long ierr[1] = {0};
                 expect_status(kl_run_init(in.maybe(&sat_id), in.maybe(&ids.time), in.maybe(&ids.model), in.maybe(&id),
                                           in.maybe(ierr)),
                               ierr);
+            }
             break;
         }
         case 1:
