@@ -1,44 +1,66 @@
-// Compares the library with independent public ones at random instants of 1950 to 2099 and writes the tables of
+// Compares the library with independent public ones at random instants of 1950 to 2099 and writes sections of
 // docs/accuracy.md to standard output, the last one with its first row only: fidelity.py adds the others.
 // tools/accuracy/run.sh builds and runs both.
+//
+//     accuracy LISTINGS bodies|frames|rest [INSTANTS]
 #include "sky.h"
+
+#include <cstring>
+
+namespace {
+
+void introduce(long count)
+{
+    std::printf(
+        "# Accuracy\n\n"
+        "Written by `tools/accuracy/run.sh`: %ld random instants of 1950 to 2099 in each row, but where its table "
+        "says otherwise.\n"
+        "Two numbers are kept apart: the error of the model, the library against independent ones, in the first "
+        "tables; and the\nerror that rounding adds, the library against its own formulas, in the last one, "
+        "\"Fidelity to our own formulas\".\n\n"
+        "TT and UT1 are the same on both sides; polar motion is zero.\n",
+        count);
+}
+
+void introduce_fidelity()
+{
+    std::printf(
+        "\n## Fidelity to our own formulas\n\n"
+        "The same formulas once more in 33 digits (geoid) and 40 (all else), by other routes: every sine of its own "
+        "argument,\nrates by differences, Legendre functions downward in order. Constants are taken as their decimals "
+        "in "
+        "frames, geoid and\ntime scales. 1000 random instants; 250 for the planets, for each public call of a body and "
+        "for shifts between the Earth,\nthe Sun and the barycentre, 500 for each other way of the chain; 4000 "
+        "rotations. "
+        "u = 2^-53 of the value: of a vector's\nlength, of the largest number of the sample.\n\n"
+        "| quantity | unit | median | 99 %% | maximum | median, u | 99 %%, u | maximum, u | what makes it |\n"
+        "|---|---|---|---|---|---|---|---|---|\n");
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
-    if (argc < 2)
-        fail("the directory with the listings of the geoid: its argument");
-    const long count = argc > 2 ? std::atol(argv[2]) : 100000; // instants; fewer for a trial
+    if (argc < 3)
+        fail("accuracy LISTINGS bodies|frames|rest [INSTANTS]: reading this");
+    const long count = argc > 3 ? std::atol(argv[3]) : 100000; // fewer for a trial
     std::mt19937_64 random(19691231);
     std::uniform_real_distribution<double> days(-18261.0, 36523.0);
     std::vector<double> instants(static_cast<std::size_t>(count));
     for (double &t : instants)
         t = days(random);
 
-    std::printf(
-        "# Accuracy\n\nWritten by `tools/accuracy/run.sh`: %ld random instants of 1950 to 2099 in each row, but "
-        "where its table says otherwise.\n"
-        "Two numbers are kept apart: the error of the model, the library against independent ones, in the first "
-        "tables; and the\nerror that rounding adds, the library against its own formulas, in the last one, "
-        "\"Fidelity to our own formulas\".\n\n"
-        "TT and UT1 are the same on both sides; polar motion is zero.\n",
-        count);
     Library library;
-    compare_bodies(library, instants);
-    compare_frames(library, instants);
-    compare_geoid(argv[1]);
-    compare_scales(instants);
-    std::printf(
-        "\n## Fidelity to our own formulas\n\n"
-        "The same formulas once more in 33 digits (geoid) and 40 (all else), by other routes: every sine of "
-        "its own argument,\n"
-        "rates by differences, Legendre functions downward in order. Constants are taken as their decimals in "
-        "frames, geoid and\n"
-        "time scales. 1000 random instants; 250 for the planets, for each public call of a body and for "
-        "shifts between the Earth,\n"
-        "the Sun and the barycentre, 500 for each other way of the chain; 4000 rotations. u = 2^-53 of the value: of a "
-        "vector's\nlength, of the largest number of the sample.\n\n"
-        "| quantity | unit | median | 99 %% | maximum | median, u | 99 %%, u | maximum, u | what makes it |\n"
-        "|---|---|---|---|---|---|---|---|---|\n");
-    geoid_fidelity(argv[1]);
+    if (std::strcmp(argv[2], "bodies") == 0) {
+        introduce(count);
+        compare_bodies(library, instants);
+    } else if (std::strcmp(argv[2], "frames") == 0) {
+        compare_frames(library, instants);
+    } else {
+        compare_geoid(argv[1]);
+        compare_scales(instants);
+        introduce_fidelity();
+        geoid_fidelity(argv[1]);
+    }
     return EXIT_SUCCESS;
 }

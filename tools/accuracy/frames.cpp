@@ -15,19 +15,20 @@ Chain chain_1976(const Dates &date)
     return c;
 }
 
-// The IAU 2006/2000A chain with the equinox, zero pole.
+// The IAU 2006/2000A chain with the equinox, zero pole. One nutation series for all of it.
 Chain chain_2006(const Dates &date)
 {
     Chain c;
+    double dpsi = 0.0;
+    double deps = 0.0;
+    double obliquity = 0.0;
     double bias[3][3];
     double precession[3][3];
-    double bias_precession[3][3];
-    eraBp06(kEpoch2000, date.tt, bias, precession, bias_precession);
-    eraCr(bias_precession, c.precession);
-    eraNum06a(kEpoch2000, date.tt, c.nutation);
+    double all[3][3];
+    eraPn06a(kEpoch2000, date.tt, &dpsi, &deps, &obliquity, bias, precession, c.precession, c.nutation, all);
+    c.sidereal = eraGst06(kEpoch2000, date.ut1, kEpoch2000, date.tt, all);
     eraIr(c.teme);
-    eraRz(eraEe06a(kEpoch2000, date.tt), c.teme);
-    c.sidereal = eraGst06a(kEpoch2000, date.ut1, kEpoch2000, date.tt);
+    eraRz(c.sidereal - eraGmst06(kEpoch2000, date.ut1, kEpoch2000, date.tt), c.teme);
     eraIr(c.rotation);
     eraRz(c.sidereal, c.rotation);
     return c;

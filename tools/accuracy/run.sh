@@ -9,8 +9,13 @@ cmake --preset release -B "$build" -DKITLIB_ACCURACY=ON -DKITLIB_TESTS=OFF -DKIT
 cmake --build "$build" --target accuracy >/dev/null
 out=$build/tools/accuracy
 python3 tools/accuracy/fidelity.py "$build/libKitLib.so" >"$out/fidelity.md" &
-rows=$!
-"$out/accuracy" "$out/listings" >"$out/comparison.md"
-wait "$rows"
-cat "$out/comparison.md" "$out/fidelity.md" >docs/accuracy.md
+jobs=$!
+for section in bodies frames rest; do
+    "$out/accuracy" "$out/listings" "$section" >"$out/$section.md" &
+    jobs="$jobs $!"
+done
+for job in $jobs; do
+    wait "$job"
+done
+cat "$out/bodies.md" "$out/frames.md" "$out/rest.md" "$out/fidelity.md" >docs/accuracy.md
 cat docs/accuracy.md
