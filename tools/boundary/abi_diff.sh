@@ -1,11 +1,15 @@
 #!/bin/sh
-# Compares the binary interface with that of a release: abi_diff.sh [TAG], the last tag when none is given.
+# Compares the binary interface with that of a release: abi_diff.sh [TAG or COMMIT], the last tag when none is given.
 # Ends with 0 when callers of the release need no new build.
 set -eu
 cd "$(dirname "$0")/../.."
 tools/install_missing.sh g++ cmake ninja-build abigail-tools
 tag="${1:-$(git describe --tags --abbrev=0 2>/dev/null || true)}"
-[ -n "$tag" ] || { echo "no release to compare with: give a tag or a commit" >&2; exit 2; }
+if [ -z "$tag" ]; then
+    echo "No release is tagged yet. Name a commit instead: $0 COMMIT, for example $0 HEAD~10" >&2
+    exit 2
+fi
+git rev-parse --quiet --verify "$tag^{commit}" >/dev/null || { echo "$tag is no tag and no commit" >&2; exit 2; }
 there="build/abi"
 rm -rf "$there" && mkdir -p "$there/source"
 git archive "$tag" | tar -x -C "$there/source"
