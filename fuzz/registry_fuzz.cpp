@@ -170,6 +170,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         case 8: {
             const long n = in.number();
             std::string text = in.text(255);
+            text.resize(KL_MSG_LENGTH, static_cast<char>(in.byte())); // mostly without a terminator
             text.copy(messages[0], KL_MSG_LENGTH);
             kl_print_msg(in.maybe(&n), in.maybe(&messages[0]));
             break;
