@@ -107,8 +107,8 @@ def main():
     print(threads[-1][0] + ".\n")
 
     print("## Longest call\n")
-    print("The longest call over awkward numbers (every third power of two of both signs, zeros, no numbers) beside the median")
-    print("over ordinary ones.\n")
+    print("The longest call over ordinary and awkward inputs (powers of two of both signs, zeros, no numbers, longs up to the")
+    print("last, texts out of form) beside the median over ordinary ones; each call counts by the shortest of some tries.\n")
     print(table(("call", "median, ns", "longest, ns", "ratio", "at"), *lines("worst_case.txt")[1:]))
 
     print("## Instructions\n")
