@@ -1421,7 +1421,8 @@ enum {
  * @param[in]     t     time wanted
  * @param[out]    q     [4] unit quaternion
  * @param[out]    ierr  [1] error vector
- * @return KL_OK, KL_WARN or KL_ERR. NaN, infinities, null quaternions and t1 = t2 with another t are
+ * @return KL_OK, KL_WARN or KL_ERR. NaN, infinities, null quaternions, lengths with a product above 1e125 and
+ *         t1 = t2 with another t are
  *         KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR, as a NULL mode is where it counts; KL_ERR with a clear vector when
  *         another argument is NULL
  */

@@ -39,10 +39,13 @@ double dot4(const double *a, const double *b)
     return (a[0] * b[0] + a[1] * b[1]) + (a[2] * b[2] + a[3] * b[3]);
 }
 
-bool usable(const double q[4])
+// Neither null nor so long that squares of their product, or of its parts over a small sine, leave the numbers.
+bool usable(const double q1[4], const double q2[4])
 {
-    const double square = dot4(q, q);
-    return std::isfinite(square) && square > KL_NULL_LENGTH_SQUARED;
+    constexpr double kLongest = 1e250;
+    const double square1 = dot4(q1, q1);
+    const double square2 = dot4(q2, q2);
+    return square1 > KL_NULL_LENGTH_SQUARED && square2 > KL_NULL_LENGTH_SQUARED && square1 * square2 <= kLongest;
 }
 
 struct Columns {
@@ -166,7 +169,7 @@ long kl_quaternions_interpol(const long *mode, const double *t1, const double q1
     const double span = *t2 - *t1;
     const double u = *t == *t1 ? 0.0 : span != 0.0 ? (*t - *t1) / span : NAN;
     // A step of the extrapolation is u times an angle of up to a turn.
-    if ((!std::isfinite(span) || !std::isfinite(KL_TWO_PI * u) || !usable(q1) || !usable(q2))
+    if ((!std::isfinite(span) || !std::isfinite(KL_TWO_PI * u) || !usable(q1, q2))
         && call.stops(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR))
         return KL_ERR;
     if (inside) {
