@@ -1,10 +1,12 @@
 #!/bin/sh
-# Fuzzes every target for the given seconds (default 20), starting from the corpus that the repository keeps, and says
-# how many runs and CPU seconds each had. New inputs and the logs stay below build/fuzz/corpus; a crash stops the run and
-# leaves its input there, named after the target.
+# run.sh [SECONDS [SEED]] fuzzes every target for so many seconds (default 20), starting from the corpus that the
+# repository keeps, and says how many runs and CPU seconds each had. With a seed a fresh clone tries the same inputs each
+# time. New inputs and the logs stay below build/fuzz/corpus; a crash stops the run and leaves its input there, named
+# after the target.
 set -eu
 cd "$(dirname "$0")/.."
 seconds="${1:-20}"
+seed="${2:-0}" # 0: another one each time
 tools/install_missing.sh clang libclang-rt-dev cmake ninja-build
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
@@ -16,7 +18,7 @@ for target in time clocks sky rotations registry; do
     status=0
     (
         failed=0
-        UBSAN_OPTIONS=print_stacktrace=1 ../fuzz/${target}_fuzz -max_total_time="$seconds" -max_len=512 -timeout=10 \
+        UBSAN_OPTIONS=print_stacktrace=1 ../fuzz/${target}_fuzz -max_total_time="$seconds" -seed="$seed" -max_len=512 -timeout=10 \
             -print_final_stats=1 -close_fd_mask=3 -artifact_prefix="$target-" "$target" "../../../fuzz/corpus/$target" \
             >"$target.log" 2>&1 || failed=1
         times >"$target.times"
