@@ -7,7 +7,7 @@ tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev binutils
 
 run_preset() {
     echo "== $1"
-    cmake --preset "$1" -DKITLIB_TESTS=ON -DKITLIB_WERROR=ON >"build-$1.log" 2>&1 || { cat "build-$1.log"; exit 1; }
+    cmake --preset "$1" -DKITLIB_TESTS=ON -DKITLIB_APPS=ON -DKITLIB_WERROR=ON >"build-$1.log" 2>&1 || { cat "build-$1.log"; exit 1; }
     cmake --build --preset "$1" >"build-$1.log" 2>&1 || { tail -n 60 "build-$1.log"; exit 1; }
     rm -f "build-$1.log"
     ctest --test-dir "build/$1" --output-on-failure -j "$(nproc)"
