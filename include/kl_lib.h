@@ -1421,10 +1421,9 @@ enum {
  * @param[in]     t     time wanted
  * @param[out]    q     [4] unit quaternion
  * @param[out]    ierr  [1] error vector
- * @return KL_OK, KL_WARN or KL_ERR. NaN, infinities, null quaternions, lengths with a product above 1e125 and
- *         t1 = t2 with another t are
- *         KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR, as a NULL mode is where it counts; KL_ERR with a clear vector when
- *         another argument is NULL
+ * @return KL_OK, KL_WARN or KL_ERR. NaN, infinities, null quaternions, lengths with a product above 1e125 and t1 = t2
+ *         with another t are KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR, as a NULL mode is where it counts; KL_ERR with a
+ *         clear vector when another argument is NULL
  */
 KL_API long kl_quaternions_interpol(const long *mode, const double *t1, const double q1[4], const double *t2,
                                     double q2[4], const double *t, double q[4], long *ierr);
