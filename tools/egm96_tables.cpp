@@ -4,7 +4,7 @@
 //   egm96_tables list DIR potential|correction           the figures as text, one "n m C S" a line
 //   egm96_tables pack POTENTIAL.txt CORRECTION.txt DIR   the inverse of list
 //
-// data/egm96/README.md describes the packed form; src/models/egm96_tables.h the file that `build` writes.
+// data/egm96/README.md describes the packed form; src/earth/egm96_tables.h the file that `build` writes.
 // All arithmetic is in IEEE double or the compiler's long double without contraction: the same bytes each run.
 #include <cinttypes>
 #include <cmath>
@@ -19,7 +19,7 @@
 #include <string>
 #include <vector>
 
-#include "models/egm96_layout.h"
+#include "earth/egm96_layout.h"
 
 namespace {
 

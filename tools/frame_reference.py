@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Independent states for the frame chain: every way as one matrix of time, differentiated numerically in 50 digits.
 
-    python3 tools/frame_reference.py states > tests/coord/reference_states.inc
-    python3 tools/frame_reference.py angles > tests/coord/reference_angles.inc
+    python3 tools/frame_reference.py states > tests/frames/reference_states.inc
+    python3 tools/frame_reference.py angles > tests/frames/reference_angles.inc
 No rate of an angle is written down here: velocity and acceleration are differences of the carried position of
 a point that moves with constant acceleration. Precession: J. H. Lieske (1979) in rounded degrees; nutation: its nine
 largest terms, each from its own argument; sidereal time: GMST 1982 from 0h; FK4 to FK5: E. M. Standish (1982). Needs

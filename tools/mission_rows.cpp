@@ -1,4 +1,4 @@
-// Turns data/missions.csv into the rows that src/sat/satellite_tables.cpp takes in.
+// Turns data/missions.csv into the rows that src/satellites/satellite_tables.cpp takes in.
 //
 //   mission_rows MISSIONS.csv OUTPUT.inc
 //

@@ -9,7 +9,7 @@ cmake --preset clang -DKITLIB_TESTS=OFF -DKITLIB_APPS=OFF >/dev/null
 cmake --build --preset clang >/dev/null # generated tables
 git ls-files 'src/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy -p build/clang --quiet --warnings-as-errors='*' 2>/dev/null
 cppcheck --quiet --std=c++17 --language=c++ --enable=warning,performance,portability --inline-suppr --error-exitcode=1 \
-    --suppress=missingInclude --suppress=uninitMemberVar:src/error/activation.h \
-    --suppress=uninitDerivedMemberVar:src/error/activation.h --suppress=uninitvar:src/models/geoid_kernel.h \
-    --suppress=uninitMemberVar:src/models/geoid.cpp -I include -I src -j "$(nproc)" $(git ls-files 'src/*.cpp')
+    --suppress=missingInclude --suppress=uninitMemberVar:src/errors/activation.h \
+    --suppress=uninitDerivedMemberVar:src/errors/activation.h --suppress=uninitvar:src/earth/geoid_kernel.h \
+    --suppress=uninitMemberVar:src/earth/geoid.cpp -I include -I src -j "$(nproc)" $(git ls-files 'src/*.cpp')
 echo "clang-tidy and cppcheck: clean"

@@ -1,7 +1,7 @@
 // Model ids, and the wiring of the model record: the one place that knows every routine behind it.
-#include "error/activation.h"
-#include "error/message_groups.h"
-#include "models/egm96_tables.h"
+#include "earth/egm96_tables.h"
+#include "errors/activation.h"
+#include "errors/message_groups.h"
 #include "models/model_record.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "orbkit/lib_error.hpp"
 
-#include "error/messages.h"
+#include "errors/messages.h"
 
 #include <memory>
 

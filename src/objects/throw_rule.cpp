@@ -1,6 +1,6 @@
 #include "objects/throw_rule.h"
 
-#include "error/id_record.h"
+#include "ids/id_record.h"
 
 namespace ORBKIT {
 

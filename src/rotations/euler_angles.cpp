@@ -1,8 +1,8 @@
 // Rotation angles and matrices, and the angles between two sets of axes.
-#include "error/activation.h"
-#include "error/message_groups.h"
-#include "math/elementary.h"
-#include "math/math.h"
+#include "errors/activation.h"
+#include "errors/message_groups.h"
+#include "numbers/elementary.h"
+#include "numbers/numbers.h"
 
 #include <cmath>
 #include <iterator>

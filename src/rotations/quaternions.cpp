@@ -1,8 +1,8 @@
 // Quaternions: vector part first, scalar last. The axis vectors x, y, z are the columns of the attitude matrix.
-#include "error/activation.h"
-#include "error/message_groups.h"
-#include "math/elementary.h"
-#include "math/math.h"
+#include "errors/activation.h"
+#include "errors/message_groups.h"
+#include "numbers/elementary.h"
+#include "numbers/numbers.h"
 
 #include <algorithm>
 #include <cmath>

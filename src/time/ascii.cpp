@@ -1,6 +1,6 @@
 // Texts of a time: five layouts, each with or without a reference prefix and microseconds.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 #include <cstddef>
 #include <cstring>

@@ -1,6 +1,6 @@
 // Calendar dates of MJD2000 instants and back, 1950 to 2099.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 #include <cmath>
 

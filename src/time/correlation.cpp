@@ -1,6 +1,6 @@
 // Correlation of the time scales: differences at an instant, one instant between a scale and TAI, once-only warnings.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // The CCSDS unsegmented time code: whole seconds and a binary fraction since an epoch, with or without its P-field.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 #include <cmath>
 #include <cstdint>

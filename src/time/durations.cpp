@@ -1,6 +1,6 @@
 // Sums and differences of processing times; the scale is only checked.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 namespace {
 

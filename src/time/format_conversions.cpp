@@ -1,7 +1,7 @@
 // The nine conversions between processing times, texts and transport times. Every one is a read side, the change of
 // reference and a write side around the standard record.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
 // Leap seconds: the start of a quarter, the day and the second of the one leap second an id knows, and the query.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 namespace {
 

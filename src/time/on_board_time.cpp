@@ -1,6 +1,6 @@
 // On-board clocks: the four mission formats, to processing time and back.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 #include <cmath>
 

@@ -1,5 +1,5 @@
 // The present time as a UTC text.
-#include "time/time.h"
+#include "time/scales.h"
 
 #include <cstdio>
 #include <cstring>

@@ -1,6 +1,6 @@
 // The processing format: its checks, and its way to the standard record and back.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Time references: the checks of their numbers, and the map to the numbering of time records and back.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 #include <cmath>
 #include <iterator>

@@ -1,6 +1,6 @@
 // TAI and TDB.
-#include "math/elementary.h"
-#include "time/time.h"
+#include "numbers/elementary.h"
+#include "time/scales.h"
 
 namespace {
 

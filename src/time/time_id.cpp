@@ -1,6 +1,6 @@
 // Time ids: built from explicit values or from a table of rows, their data, and their release.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 #include <algorithm>
 #include <cmath>

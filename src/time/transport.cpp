@@ -1,6 +1,6 @@
 // Transport formats: records of whole numbers, to the standard record and back.
-#include "error/message_groups.h"
-#include "time/time.h"
+#include "errors/message_groups.h"
+#include "time/scales.h"
 
 #include <iterator>
 

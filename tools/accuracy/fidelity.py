@@ -208,7 +208,7 @@ def chain(time_id):
 
 
 def galactic(time_id):
-    """The four ways by fixed matrices, in the decimals of src/coord/star_frames.cpp."""
+    """The four ways by fixed matrices, in the decimals of src/frames/star_frames.cpp."""
     with open(str(ROOT / "src" / "coord" / "star_frames.cpp")) as stream:
         text = stream.read()
     names = {(9, 10): "kB1950ToGalactic", (10, 9): "kGalacticToB1950", (1, 10): "kJ2000ToGalactic",

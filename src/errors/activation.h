@@ -1,0 +1,104 @@
+// One activation of a function: its error record, the caller's vector and the status, in one object.
+#ifndef KL_SRC_ERRORS_ACTIVATION_H
+#define KL_SRC_ERRORS_ACTIVATION_H
+
+#include "errors/function_ids.h"
+#include "errors/messages.h"
+#include "kl_family.h"
+
+#include <cstddef>
+
+// A record for the conditions of a callee. Three kilobytes: only its counters are set.
+struct ErrorRecord : kl_error_record {
+    ErrorRecord()
+    {
+        function_id = -1;
+        count = 0;
+        overflow = 0;
+    }
+};
+
+// Condition of a callee -> condition of the caller. One table a callee.
+struct CodeMap {
+    int callee_code;
+    int own_code;
+};
+
+// True when the callee recorded the code. A failing look-up only prints a line.
+bool recorded(int callee_id, int code, const kl_error_record &callee);
+
+// Is the library verbose? For the few lines that no error record carries.
+bool is_verbose();
+
+// KL_WARN or KL_ERR, for a code that the function has.
+inline long severity_of(int function_id, int code)
+{
+    return function_messages(function_id).messages->rows[code].severity;
+}
+
+class Activation {
+public:
+    // Public function: clears the vector.
+    Activation(int function_id, long *ierr, int n_words = 1)
+    {
+        start(function_id, &own_);
+        context_.ierr = ierr;
+        if (ierr != nullptr)
+            for (int word = 0; word < n_words; ++word)
+                ierr[word] = 0;
+    }
+
+    // Internal function: its conditions go to the caller's record, or nowhere.
+    Activation(int function_id, kl_error_record *record)
+    {
+        start(function_id, record != nullptr ? record : &own_);
+        context_.ierr = nullptr;
+    }
+
+    Activation(const Activation &) = delete;
+    Activation &operator=(const Activation &) = delete;
+
+    // Records a condition of this function; true when it is an error, which ends the call.
+    [[nodiscard]] bool stops(int code, const void *value = nullptr)
+    {
+        const bool seen = context_.ierr != nullptr || context_.record != &own_ || is_verbose();
+        severity_ = seen ? KL_Store_function_error(&context_, code, value) : severity_of(context_.function_id, code);
+#ifdef __clang_analyzer__
+        return true; // the analyser cannot read the message table: to it every condition ends the call
+#else
+        return severity_ == KL_ERR;
+#endif
+    }
+
+    // The same for each condition of the callee that was found, in the order of the map.
+    template <std::size_t N>
+    [[nodiscard]] bool stops(int callee_id, const kl_error_record &callee, const CodeMap (&map)[N])
+    {
+        for (const CodeMap &row : map)
+            if (recorded(callee_id, row.callee_code, callee) && stops(row.own_code))
+                return true;
+        return false;
+    }
+
+    // KL_OK, or the severity recorded last.
+    [[nodiscard]] long status() const
+    {
+        return severity_;
+    }
+
+private:
+    void start(int function_id, kl_error_record *record)
+    {
+        context_.function_id = function_id;
+        context_.record = record;
+        record->function_id = -1;
+        record->count = 0;
+        record->overflow = 0;
+    }
+
+    kl_error_context context_;
+    long severity_ = KL_OK;
+    kl_error_record own_;
+};
+
+#endif

@@ -1,0 +1,81 @@
+// The groups of message rows, each defined beside its function under the function's name.
+#ifndef KL_SRC_ERRORS_MESSAGE_GROUPS_H
+#define KL_SRC_ERRORS_MESSAGE_GROUPS_H
+
+#include "errors/messages.h"
+
+extern const MessageGroup messages_KL_Check_sat_id;
+extern const MessageGroup messages_KL_Check_Geo_sat_id;
+extern const MessageGroup messages_KL_Sat_id_to_array;
+extern const MessageGroup messages_KL_Get_min_period;
+extern const MessageGroup messages_KL_Get_max_period;
+extern const MessageGroup messages_KL_Check_time_ref;
+extern const MessageGroup messages_KL_MJD_Calendar;
+extern const MessageGroup messages_KL_Calendar;
+extern const MessageGroup messages_KL_Calendar_MJD;
+extern const MessageGroup messages_KL_Time_check_processing_inputs;
+extern const MessageGroup messages_KL_Time_check_processing_outputs;
+extern const MessageGroup messages_KL_Time_p2t_format_to_std;
+extern const MessageGroup messages_KL_Time_check_ascii_inputs;
+extern const MessageGroup messages_KL_Time_check_ascii_outputs;
+extern const MessageGroup messages_KL_Time_check_transport_inputs;
+extern const MessageGroup messages_KL_Time_check_transport_outputs;
+extern const MessageGroup messages_KL_Time_t2a_format_from_std;
+extern const MessageGroup messages_KL_Time_t2t_ref_to_tai;
+extern const MessageGroup messages_KL_Time_t2t_ref_from_tai;
+extern const MessageGroup messages_KL_Time_ref_init_file_deltas;
+extern const MessageGroup messages_KL_Get_time_in_ref;
+extern const MessageGroup messages_KL_Leap_second_utc_time;
+extern const MessageGroup messages_KL_Time_check_leap_second;
+extern const MessageGroup messages_KL_Time_ref_init_check_inputs;
+extern const MessageGroup messages_KL_Change_CoordinateSystem;
+extern const MessageGroup messages_KL_Change_CoordinateSystem_Sim;
+extern const MessageGroup messages_KL_Earth;
+extern const MessageGroup messages_KL_Sun_PosVel;
+extern const MessageGroup messages_KL_Moon_PosVel;
+extern const MessageGroup messages_KL_Planets;
+extern const MessageGroup messages_KL_Sun_PosVel_Sun_Travel_Time;
+extern const MessageGroup messages_KL_Sun_travel_time;
+extern const MessageGroup messages_KL_Geoid_undu;
+extern const MessageGroup messages_KL_Legfdn;
+extern const MessageGroup messages_KL_Dhcsin;
+extern const MessageGroup messages_KL_Dhccorr;
+extern const MessageGroup messages_kl_time_transport_to_ascii;
+extern const MessageGroup messages_kl_time_transport_to_transport;
+extern const MessageGroup messages_kl_time_transport_to_processing;
+extern const MessageGroup messages_kl_time_processing_to_ascii;
+extern const MessageGroup messages_kl_time_processing_to_transport;
+extern const MessageGroup messages_kl_time_processing_to_processing;
+extern const MessageGroup messages_kl_time_ascii_to_ascii;
+extern const MessageGroup messages_kl_time_ascii_to_transport;
+extern const MessageGroup messages_kl_time_ascii_to_processing;
+extern const MessageGroup messages_kl_time_add;
+extern const MessageGroup messages_kl_time_diff;
+extern const MessageGroup messages_kl_time_obt_to_time;
+extern const MessageGroup messages_kl_time_time_to_obt;
+extern const MessageGroup messages_kl_time_ref_init;
+extern const MessageGroup messages_kl_time_ref_close;
+extern const MessageGroup messages_kl_change_cart_cs;
+extern const MessageGroup messages_kl_sun;
+extern const MessageGroup messages_kl_moon;
+extern const MessageGroup messages_kl_planet;
+extern const MessageGroup messages_kl_time_get_leap_second_info;
+extern const MessageGroup messages_KL_Default_sat_init;
+extern const MessageGroup messages_kl_run_init;
+extern const MessageGroup messages_kl_get_rotation_angles;
+extern const MessageGroup messages_kl_get_rotated_vectors;
+extern const MessageGroup messages_kl_quaternions_to_vectors;
+extern const MessageGroup messages_kl_vectors_to_quaternions;
+extern const MessageGroup messages_kl_matrix_to_euler;
+extern const MessageGroup messages_kl_model_init;
+extern const MessageGroup messages_kl_model_close;
+extern const MessageGroup messages_kl_geoid_calc;
+extern const MessageGroup messages_kl_quaternions_interpol;
+extern const MessageGroup messages_KL_Cuc_get_data_from_P_field;
+extern const MessageGroup messages_KL_Cuc_compute_P_field;
+extern const MessageGroup messages_KL_Cuc_check_inputs;
+extern const MessageGroup messages_kl_time_cuc_to_processing;
+extern const MessageGroup messages_kl_time_processing_to_cuc;
+extern const MessageGroup messages_KL_Get_CUC_processing_epoch;
+
+#endif

@@ -1,0 +1,134 @@
+// Sidereal angle and polar motion.
+#include "frames/frames.h"
+#include "models/model_record.h"
+#include "numbers/elementary.h"
+#include "time/scales.h"
+
+namespace {
+
+// Daily turns above one a day: the whole turns are exact, and what is left keeps eight more bits.
+double polynomial_degrees(double c0, double c1, double c2, double d)
+{
+    const double fraction = d - std::floor(d);
+    return c0 + 360.0 * fraction + (c1 - 360.0) * d + c2 * d * d;
+}
+
+NutationRoutine nutation_routine(const kl_model_id *model_id)
+{
+    return model_blocks(model_id).nutation.nutation;
+}
+
+// The pole formula of a bulletin and its rate: one coordinate, arc seconds. Zero coefficients give a zero pole.
+struct PoleCoordinate {
+    double value, rate; // rad, rad/s
+};
+
+constexpr double kRadPerArcsec = KL_RAD_PER_DEG / 3600.0;
+
+PoleCoordinate pole_coordinate(const double k[5], const double reference_date[2], const double period[2], double days)
+{
+    PoleCoordinate out = {k[0], 0.0};
+    for (int i = 0; i < 2; ++i) {
+        if (period[i] == 0.0)
+            continue;
+        const double w = KL_TWO_PI / period[i];
+        const double angle = w * (days - reference_date[i]);
+        const SineCosine now = sine_cosine(angle);
+        out.value += k[1 + 2 * i] * now.c + k[2 + 2 * i] * now.s;
+        out.rate += w * (k[2 + 2 * i] * now.c - k[1 + 2 * i] * now.s);
+    }
+    return {out.value * kRadPerArcsec, out.rate * kRadPerArcsec / KL_SECONDS_PER_DAY};
+}
+
+} // namespace
+
+kl_angle sidereal_angle(const EarthModel &earth, double ut1_days, const kl_nutation &nutation)
+{
+    const double c1 = earth.angle[1];
+    const double c2 = earth.angle[2];
+    double q[3];
+    equation_of_equinoxes(nutation, q);
+    return {reduced_to_360(polynomial_degrees(earth.angle[0], c1, c2, ut1_days) + q[0] * KL_DEG_PER_RAD),
+            (2.0 * c2 * ut1_days + c1) / KL_SECONDS_PER_DAY + q[1] * KL_DEG_PER_RAD,
+            2.0 * c2 / (KL_SECONDS_PER_DAY * KL_SECONDS_PER_DAY) + q[2] * KL_DEG_PER_RAD};
+}
+
+kl_angle linear_sidereal_angle(const EarthModel &earth, double ut1_days)
+{
+    const double c14 = earth.angle_sim[1];
+    return {reduced_to_360(polynomial_degrees(earth.angle_sim[0], c14, 0.0, ut1_days)), c14 / KL_SECONDS_PER_DAY, 0.0};
+}
+
+Turns z_turn(const kl_angle &degrees)
+{
+    return turns_by(
+        {{2, degrees.value * KL_RAD_PER_DEG, degrees.rate * KL_RAD_PER_DEG, degrees.rate_of_rate * KL_RAD_PER_DEG}});
+}
+
+// W = Ry(-xp) Rx(-yp)
+Turns polar_motion_turns(const kl_time_id *time_id, double ut1_days)
+{
+    const TimeIdRecord *id = time_record_of(time_id);
+    if (id == nullptr)
+        return {};
+    const PoleCoordinate x = pole_coordinate(id->pole_x, id->pole_reference_date, id->pole_period, ut1_days);
+    const PoleCoordinate y = pole_coordinate(id->pole_y, id->pole_reference_date, id->pole_period, ut1_days);
+    if (x.value == 0.0 && y.value == 0.0 && x.rate == 0.0 && y.rate == 0.0)
+        return {}; // the identity, without sines
+    return turns_by({{0, -y.value, -y.rate, 0.0}, {1, -x.value, -x.rate, 0.0}});
+}
+
+long KL_H_Angle(kl_model_id *model_id, double ut1_days, kl_angle *angle)
+{
+    const NutationRoutine nutation_at = nutation_routine(model_id);
+    if (nutation_at == nullptr || angle == nullptr)
+        return KL_ERR;
+    kl_nutation nutation;
+    nutation_at(ut1_days, &nutation);
+    *angle = sidereal_angle(model_blocks(model_id).earth, ut1_days, nutation);
+    return 0;
+}
+
+long KL_H_Angle_Sim(kl_model_id *model_id, double ut1_days, kl_angle *angle)
+{
+    if (angle == nullptr)
+        return KL_ERR;
+    *angle = linear_sidereal_angle(model_blocks(model_id).earth, ut1_days);
+    return 0;
+}
+
+long KL_Earth_Rotation(kl_model_id *model_id, double ut1_days, kl_rotation_record *rotation)
+{
+    kl_angle angle;
+    if (KL_H_Angle(model_id, ut1_days, &angle) != 0)
+        return KL_ERR;
+    fill_record(z_turn(angle), rotation);
+    return 0;
+}
+
+long KL_Earth_Rotation_Sim(kl_model_id *model_id, double ut1_days, kl_rotation_record *rotation)
+{
+    kl_angle angle;
+    if (KL_H_Angle_Sim(model_id, ut1_days, &angle) != 0)
+        return KL_ERR;
+    fill_record(z_turn(angle), rotation);
+    return 0;
+}
+
+long KL_Earth_Rotation_Delta(kl_model_id *model_id, double ut1_days, double reference_days, double reference_angle,
+                             kl_rotation_record *rotation)
+{
+    kl_angle now;
+    kl_angle then;
+    if (KL_H_Angle(model_id, ut1_days, &now) != 0 || KL_H_Angle(model_id, reference_days, &then) != 0)
+        return KL_ERR;
+    now.value -= reduced_to_360(then.value + reference_angle);
+    fill_record(z_turn(now), rotation);
+    return 0;
+}
+
+long KL_Polar_Motion_Rotation(kl_time_id *time_id, double ut1_days, kl_rotation_record *rotation)
+{
+    fill_record(polar_motion_turns(time_id, ut1_days), rotation);
+    return 0;
+}

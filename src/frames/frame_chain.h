@@ -1,0 +1,21 @@
+// Conditions of the frame chain.
+#ifndef KL_SRC_FRAMES_FRAME_CHAIN_H
+#define KL_SRC_FRAMES_FRAME_CHAIN_H
+
+enum {
+    KL_CHAIN_DATE_RECORD = 0,
+    KL_CHAIN_INITIAL = 1,
+    KL_CHAIN_FINAL = 2,
+    KL_CHAIN_EARTH = 3,
+    KL_CHAIN_DATE_RANGE = 4,
+    KL_CHAIN_TIME_ID = 5,
+    KL_CHAIN_PTOD = 6,
+    KL_CHAIN_QMOD = 7,
+    KL_CHAIN_PTOD_SKIPPED = 8,
+    KL_CHAIN_ACCELERATION = 9,
+    KL_CHAIN_LIF = 10,
+    KL_CHAIN_UT1 = 11,
+    KL_CHAIN_N_CODES
+};
+
+#endif

@@ -1,0 +1,233 @@
+// Runs: a satellite id, a time id and perhaps a model id under one small number.
+#include "runs/runs.h"
+#include "errors/activation.h"
+#include "errors/message_groups.h"
+#include "ids/id_record.h"
+
+#include <cstdlib>
+#include <iterator>
+
+namespace {
+
+constexpr Message kRows[] = {
+    /* KL_RUN_INIT_NO_SLOT_ERR     */ error("Maximum number of initializations reached."),
+    /* KL_RUN_INIT_SAT_ID_ERR      */ error("Satellite ID is not correct"),
+    /* KL_RUN_INIT_TIME_ID_ERR     */ error("Time ID is not initialized"),
+    /* KL_RUN_INIT_MEMORY_ERR      */ error("Memory allocation error"),
+    /* KL_RUN_INIT_CONSISTENCY_ERR */ error("Inconsistency between Ids within the run_id"), // never recorded
+    /* KL_RUN_INIT_LOCK_ERR        */ error("Could not lock other execution threads"),
+    /* KL_RUN_INIT_UNLOCK_ERR      */ error("Could not unlock other execution threads"),
+};
+
+// Guards the reservation of slots, nothing else.
+pthread_mutex_t table_mutex = PTHREAD_MUTEX_INITIALIZER;
+
+// Holds the lock of an id while its `users` change: runs that share an id may be opened and closed by different
+// threads. A lock that fails is passed over.
+class UsersLock {
+public:
+    explicit UsersLock(const kl_id_record *record) : record_(record), locked_(KL_Lock_id(record)) {}
+    ~UsersLock()
+    {
+        if (locked_)
+            static_cast<void>(KL_Unlock_id(record_));
+    }
+    UsersLock(const UsersLock &) = delete;
+    UsersLock &operator=(const UsersLock &) = delete;
+
+private:
+    const kl_id_record *record_;
+    bool locked_;
+};
+
+kl_id_record *record_of(void *handle_record)
+{
+    return static_cast<kl_id_record *>(handle_record);
+}
+
+// On failure one side may stand alone; the run is released then.
+bool link(kl_id_record *used, kl_id_record *run)
+{
+    if (!IdList(run->uses).append(used))
+        return false;
+    const UsersLock lock(used);
+    return IdList(used->users).append(run);
+}
+
+void forget_run(kl_id_record *used, const kl_id_record *run)
+{
+    const UsersLock lock(used);
+    IdList(used->users).remove(run);
+}
+
+// Undoes everything that a run holds and frees its slot.
+void release(RunRecord *run, long slot)
+{
+    for (kl_id_record *used : IdList(run->head.uses))
+        forget_run(used, &run->head);
+    KL_Delete_id_lists(&run->head);
+    KL_Run_table[slot].store(nullptr, std::memory_order_release);
+    std::free(run);
+}
+
+long lowest_free_slot()
+{
+    long slot = 0;
+    while (slot < KL_N_RUNS && KL_Run_table[slot].load(std::memory_order_acquire) != nullptr)
+        ++slot;
+    return slot;
+}
+
+// Reserves the lowest free slot with an empty record: 0, or the condition that prevents it.
+enum { kReserved = -1 };
+
+int reserve(long *slot, RunRecord **run)
+{
+    if (pthread_mutex_lock(&table_mutex) != 0)
+        return KL_RUN_INIT_LOCK_ERR;
+    int condition = kReserved;
+    *run = nullptr;
+    *slot = lowest_free_slot();
+    if (*slot == KL_N_RUNS)
+        condition = KL_RUN_INIT_NO_SLOT_ERR;
+    else if ((*run = static_cast<RunRecord *>(std::calloc(1, sizeof(RunRecord)))) == nullptr)
+        condition = KL_RUN_INIT_MEMORY_ERR;
+    else
+        KL_Run_table[*slot].store(*run, std::memory_order_release);
+    if (pthread_mutex_unlock(&table_mutex) != 0 && condition == kReserved) {
+        release(*run, *slot);
+        condition = KL_RUN_INIT_UNLOCK_ERR;
+    }
+    return condition;
+}
+
+// Checks the ids and fills a reserved record: kReserved, or the condition that prevents it.
+int fill(RunRecord *run, long slot, const long *sat_id, kl_time_id *time_id, kl_model_id *model_id)
+{
+    ErrorRecord check;
+    if (KL_Check_sat_id(sat_id, &check) != 0)
+        return KL_RUN_INIT_SAT_ID_ERR;
+    if (KL_Id_init_status(time_id) == 0)
+        return KL_RUN_INIT_TIME_ID_ERR;
+    run->time = record_of(time_id->record);
+    run->model = KL_Id_init_status(model_id) == 1 ? record_of(model_id->record) : nullptr;
+    if (!KL_Create_id_lists(&run->head) || !link(run->time, &run->head)
+        || (run->model != nullptr && !link(run->model, &run->head)))
+        return KL_RUN_INIT_MEMORY_ERR;
+    run->head.kind = KL_ID_RUN;
+    run->head.sat_id = *sat_id;
+    run->head.mode = slot;
+    run->sat_id = *sat_id;
+    // On purpose: the check answers 0 or 1 and never below, so it stops no run.
+    if (KL_Run_check_consistency(run->head.uses) < 0)
+        return KL_RUN_INIT_CONSISTENCY_ERR;
+    __atomic_store_n(&run->head.init_status, 1, __ATOMIC_RELEASE);
+    return kReserved;
+}
+
+// Slot of a run for a kind of id, null where there is none.
+kl_id_record **slot_of_kind(RunRecord *run, long kind)
+{
+    if (kind == KL_ID_TIME)
+        return &run->time;
+    if (kind == KL_ID_MODEL)
+        return &run->model;
+    for (std::size_t i = 0; i < std::size(KL_RUN_SIBLING_KINDS); ++i)
+        if (KL_RUN_SIBLING_KINDS[i] == kind)
+            return &run->siblings[i];
+    return nullptr;
+}
+
+} // namespace
+
+const MessageGroup messages_kl_run_init = group(kRows);
+
+std::atomic<RunRecord *> KL_Run_table[KL_N_RUNS];
+
+long kl_run_init(const long *sat_id, kl_time_id *time_id, kl_model_id *model_id, long *run_id, long *ierr)
+{
+    Activation call(KL_FN_RUN_INIT, ierr);
+    if (run_id == nullptr)
+        return KL_ERR;
+    *run_id = -1;
+    long slot = 0;
+    RunRecord *run = nullptr;
+    int condition = reserve(&slot, &run);
+    if (condition == kReserved) {
+        condition = fill(run, slot, sat_id, time_id, model_id);
+        if (condition != kReserved)
+            release(run, slot);
+    }
+    if (condition != kReserved && call.stops(condition))
+        return KL_ERR;
+    *run_id = slot;
+    return call.status();
+}
+
+long kl_run_init_status(const long *run_id)
+{
+    return initialised_run(run_id) != nullptr ? 1 : 0;
+}
+
+long kl_run_id_status(const long *run_id, const long *kind)
+{
+    RunRecord *run = initialised_run(run_id);
+    if (run == nullptr || kind == nullptr)
+        return 0;
+    if (*kind == KL_ID_RUN)
+        return 1;
+    // On purpose: of the kinds that the higher libraries attach only the first is known here.
+    if (*kind < KL_ID_RUN || *kind > KL_RUN_SIBLING_KINDS[0])
+        return 0;
+    return KL_Id_init_status(slot_of_kind(run, *kind));
+}
+
+long kl_run_get_ids(const long *run_id, long *sat_id, kl_time_id *time_id, kl_model_id *model_id)
+{
+    const RunRecord *run = initialised_run(run_id);
+    if (run == nullptr || sat_id == nullptr || time_id == nullptr || model_id == nullptr)
+        return -1;
+    *sat_id = run->sat_id;
+    time_id->record = run->time;
+    model_id->record = run->model;
+    return 0;
+}
+
+void kl_run_close(const long *run_id)
+{
+    RunRecord *run = initialised_run(run_id);
+    if (run != nullptr)
+        release(run, *run_id);
+}
+
+long KL_Run_get_init_type(const long *run_id)
+{
+    const RunRecord *run = initialised_run(run_id);
+    return run != nullptr ? run->head.kind : 0;
+}
+
+long KL_Run_check_consistency(void *uses_list)
+{
+    const IdList uses(uses_list);
+    for (const kl_id_record *used : uses)
+        for (const kl_id_record *below : IdList(used->uses))
+            if (!uses.contains(below))
+                return 0;
+    return 1;
+}
+
+long KL_Run_Generic_close(const long *run_id, long kind)
+{
+    RunRecord *run = initialised_run(run_id);
+    // On purpose: the status knows the kinds 1 to 4, so the slots of the kinds from 7 on are never cleared.
+    if (run == nullptr || kl_run_id_status(run_id, &kind) == 0)
+        return 0;
+    if (kl_id_record **slot = slot_of_kind(run, kind))
+        *slot = nullptr;
+    kl_id_record *used = record_of(KL_Get_used_id(&run->head, kind));
+    if (used == nullptr)
+        return 0;
+    forget_run(used, &run->head);
+    IdList(run->head.uses).remove(used);
+    return 1;
+}

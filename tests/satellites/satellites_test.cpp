@@ -1,0 +1,124 @@
+// Satellite ids, their rows and the data behind them.
+#include "satellites/satellite_tables.h"
+#include "support/conditions.h"
+#include "support/tolerances.h"
+
+#include <cmath>
+#include <cstring>
+#include <map>
+#include <tuple>
+
+namespace {
+
+class CatalogueData : public KeptTables {};
+class Periods : public KeptTables {};
+
+bool recorded_only(const kl_error_record &record, long code)
+{
+    return record.count == 1 && record.codes[0] == code;
+}
+
+TEST(SatelliteIds, EveryIdHasItsRowOrNone)
+{
+    constexpr std::tuple<long, long, long, bool> kRanges[] = {
+#include "satellites/satellite_ids.inc"
+    };
+    std::map<long, long> rows = {{399999, -1}, {400100, -1}, {LONG_MAX, -1}, {LONG_MIN, -1}, {LONG_MIN + 400, -1}};
+    for (long id = -5; id <= 1300; ++id)
+        rows[id] = -1;
+    for (const auto &[from, to, row, one_row] : kRanges)
+        for (long id = from; id <= to; ++id)
+            rows[id] = one_row ? row : row + id - from;
+    for (const auto &[id, row] : rows) {
+        SCOPED_TRACE(id);
+        const long status = row != -1 ? 0 : -1;
+        const bool default_slot = 0 <= id && id <= 9; // free here
+        kl_error_record check, mapping;
+        long index = -1;
+        EXPECT_EQ(KL_Check_sat_id(&id, &check), status);
+        EXPECT_EQ(KL_Sat_id_to_array(&id, &index, &mapping), status);
+        EXPECT_EQ(index, row);
+        EXPECT_EQ(recorded_only(check, 0), row == -1);
+        EXPECT_EQ(recorded_only(mapping, default_slot ? 1 : 0), row == -1);
+        EXPECT_EQ(KL_Check_Geo_sat_id(&id, &check), id == 300 || id == 301 ? 0 : -1);
+        EXPECT_EQ(check.count, 0);
+        EXPECT_EQ(KL_Is_MEO_sat(&id), row == 63 ? 1 : 0);
+        EXPECT_EQ(KL_Default_to_array(&id), default_slot ? id : -1);
+        EXPECT_EQ(name_of(id) == "UNDEFINED", row == -1 && !default_slot);
+        EXPECT_EQ(std::string(Catalogue(id).name) == "UNKNOWN", row == -1);
+    }
+    EXPECT_EQ(KL_Check_sat_id(nullptr, nullptr), -1);
+}
+
+TEST(SatelliteRows, StartWithTheirValuesAndNames)
+{
+    struct Rows {
+        long from, to, type;
+        double values[std::size(kColumns)];
+    };
+    constexpr Rows kRows[] = {
+#include "satellites/satellite_rows.inc"
+    };
+    for (const auto &[from, to, type, values] : kRows)
+        for (long row = from; row <= to; ++row) {
+            for (std::size_t i = 0; i < std::size(kColumns); ++i)
+                EXPECT_EQ(kColumns[i][row], values[i]) << "row " << row << ", value " << i;
+            EXPECT_EQ(KL_SAT_TYPE[row], type) << row;
+            EXPECT_EQ(std::memcmp(KL_SP3_PARAMS[row], "A00", 4), 0) << row;
+            EXPECT_EQ(std::memcmp(TLE_SAT_DATA[row].designator, "00000   ", 9), 0) << row;
+        }
+    static_assert(sizeof TLE_SAT_DATA == 65 * 48 && sizeof A_MIN == 64 * sizeof(double));
+    constexpr std::tuple<long, const char *, const char *> kNames[] = {
+#include "satellites/satellite_names.inc"
+    };
+    for (const auto &[id, name, catalogue_name] : kNames) {
+        const Catalogue catalogue(id);
+        EXPECT_EQ(name_of(id), name);
+        EXPECT_STREQ(catalogue.name, catalogue_name) << name;
+        EXPECT_EQ(catalogue.number, 0) << name;
+    }
+}
+
+TEST_F(CatalogueData, ComeBackAtFullWidthWithoutATerminatorAndAreSetForValidIdsOnly)
+{
+    const long id = 103, number = LONG_MAX, meo = 899;
+    const kl_tle_sat_data &row = TLE_SAT_DATA[24];
+#include "satellites/full_width.inc"
+    for (const long bad : {0L, 9L, -1L, 10L, 13L, 155L, 199L, 302L, 399L, 500L, 900L, LONG_MIN}) {
+#include "satellites/bad_satellites.inc"
+    }
+    EXPECT_EQ(kl_set_tle_sat_data(&meo, &number, "x", "y"), 0);
+    EXPECT_STREQ(Catalogue(400).name, "x") << "all of medium Earth orbit share a row";
+}
+
+TEST_F(CatalogueData, OnPurposeAnInvalidIdReadsTheSp3IdentifierOfRow0)
+{
+    std::memcpy(KL_SP3_PARAMS[0], "R0\0", 4);
+    for (const long id : {13L, -1L, 900L, 3L})
+        EXPECT_STREQ(Catalogue(id).sp3, "R0") << id;
+}
+
+TEST_F(Periods, FollowTheAxisAndOnPurposeTheLongestFallsBackToTheLargestAxisOfAllSatellites)
+{
+    constexpr double kUntouched = -7.0;
+    constexpr std::tuple<long, double, long, double, double> kPeriods[] = {
+#include "satellites/periods.inc"
+    };
+    const long slot = 0;
+    long opened = -1;
+    EXPECT_EQ(kl_default_sat_init(&opened, "", nullptr), slot);
+    for (const auto &[id, axis, status, shortest, longest] : kPeriods) {
+        SCOPED_TRACE(id);
+        A_MIN[slot] = A_MAX[slot] = axis;
+        double min_period = kUntouched, max_period = kUntouched;
+        kl_error_record min_record, max_record;
+        EXPECT_EQ(KL_Get_min_period(&id, &min_period, &min_record), status);
+        EXPECT_EQ(KL_Get_max_period(&id, &max_period, &max_record), status);
+        for (const kl_error_record &record : {min_record, max_record})
+            EXPECT_EQ(recorded_only(record, status == KL_WARN ? 1 : 0), status != KL_OK);
+        EXPECT_NEAR(min_period, shortest, std::abs(shortest) * kRounding * 2);
+        EXPECT_NEAR(max_period, longest, std::abs(longest) * kRounding * 2);
+    }
+}
+
+} // namespace
