@@ -207,10 +207,10 @@ void KL_SlaEvp(double dvb[3], double dpb[3], double dvh[3], double dph[3], doubl
 long KL_Earth(const kl_time_record *tdb, Cord *barycentric, Cord *heliocentric, kl_error_record *error)
 {
     Activation call(KL_FN_EARTH, error);
-    if (tdb->reference != KL_REF_TDB && call.stops(KL_EARTH_REFERENCE))
-        return KL_ERR;
-    if (tdb->format != KL_FORMAT_MJD2000 && call.stops(KL_EARTH_FORMAT))
-        return KL_ERR;
+    if (tdb->reference != KL_REF_TDB)
+        return call.fails(KL_EARTH_REFERENCE);
+    if (tdb->format != KL_FORMAT_MJD2000)
+        return call.fails(KL_EARTH_FORMAT);
     constexpr double kEquinox = 2000.0;
     double vb[3], pb[3], vh[3], ph[3];
     KL_SlaEvp(vb, pb, vh, ph, mjd_of(*tdb), kEquinox);

@@ -269,10 +269,10 @@ void KL_SlaDmoon(double pv[6], double date)
 long KL_Moon_PosVel(const kl_time_record *tdb, Cord *moon, kl_error_record *error)
 {
     Activation call(KL_FN_MOON_POSVEL, error);
-    if (tdb->reference != KL_REF_TDB && call.stops(KL_MOON_POSVEL_REFERENCE))
-        return KL_ERR;
-    if (tdb->format != KL_FORMAT_MJD2000 && call.stops(KL_MOON_POSVEL_FORMAT))
-        return KL_ERR;
+    if (tdb->reference != KL_REF_TDB)
+        return call.fails(KL_MOON_POSVEL_REFERENCE);
+    if (tdb->format != KL_FORMAT_MJD2000)
+        return call.fails(KL_MOON_POSVEL_FORMAT);
     double pv[6];
     KL_SlaDmoon(pv, mjd_of(*tdb));
     set_state(moon, KL_MOD, pv, pv + 3);

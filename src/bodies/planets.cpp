@@ -120,17 +120,17 @@ void KL_SlaPlanet(long np, double pv[6], long *jstat, double date)
 long KL_Planets(long planet, const kl_time_record *tdb, Cord *state, kl_error_record *error)
 {
     Activation call(KL_FN_PLANETS, error);
-    if ((planet < KL_MERCURY || planet > KL_NEPTUNE) && call.stops(KL_PLANETS_CODE))
-        return KL_ERR;
+    if (planet < KL_MERCURY || planet > KL_NEPTUNE)
+        return call.fails(KL_PLANETS_CODE);
     double pv[6];
     long status;
     KL_SlaPlanet(planet, pv, &status, mjd_of(*tdb));
-    if (status < 0 && call.stops(KL_PLANETS_INTERNAL))
-        return KL_ERR;
-    if (status == kBeyondMillennium && call.stops(KL_PLANETS_DEGRADED))
-        return KL_ERR;
-    if (status == kNotConverged && call.stops(KL_PLANETS_CONVERGENCE))
-        return KL_ERR;
+    if (status < 0)
+        return call.fails(KL_PLANETS_INTERNAL);
+    if (status == kBeyondMillennium)
+        call.warns(KL_PLANETS_DEGRADED);
+    if (status == kNotConverged)
+        call.warns(KL_PLANETS_CONVERGENCE);
     set_state(state, KL_HM2000, pv, pv + 3);
     return call.status();
 }

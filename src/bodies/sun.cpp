@@ -49,9 +49,8 @@ long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_rec
     Activation call(KL_FN_SUN_POSVEL, error);
     const EarthRoutine earth = model_blocks(model_id).sun.earth;
     OwnedState barycentric, heliocentric;
-    if ((earth == nullptr || earth(tdb, &barycentric, &heliocentric, nullptr) == KL_ERR)
-        && call.stops(KL_SUN_POSVEL_EARTH))
-        return KL_ERR;
+    if (earth == nullptr || earth(tdb, &barycentric, &heliocentric, nullptr) == KL_ERR)
+        return call.fails(KL_SUN_POSVEL_EARTH);
 
     OwnedState geocentric;
     geocentric.cs = KL_GM2000;
@@ -59,9 +58,8 @@ long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_rec
         geocentric.pos[i] = -heliocentric.pos[i];
         geocentric.vel[i] = -heliocentric.vel[i];
     }
-    if (KL_Change_CoordinateSystem(model_id, time_id, 1, tdb, &geocentric, KL_MOD, sun, nullptr) == KL_ERR
-        && call.stops(KL_SUN_POSVEL_FRAME))
-        return KL_ERR;
+    if (KL_Change_CoordinateSystem(model_id, time_id, 1, tdb, &geocentric, KL_MOD, sun, nullptr) == KL_ERR)
+        return call.fails(KL_SUN_POSVEL_FRAME);
     return call.status();
 }
 
@@ -70,11 +68,10 @@ long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *time_id, c
 {
     Activation call(KL_FN_SUN_POSVEL_SUN_TRAVEL_TIME, error);
     OwnedState observer;
-    if (KL_Change_CoordinateSystem(model_id, time_id, 2, tdb, satellite, KL_MOD, &observer, nullptr) == KL_ERR
-        && call.stops(KL_LIGHT_SUN_SATELLITE))
-        return KL_ERR;
-    if (tdb->reference != KL_REF_TDB && call.stops(KL_LIGHT_SUN_REFERENCE))
-        return KL_ERR;
+    if (KL_Change_CoordinateSystem(model_id, time_id, 2, tdb, satellite, KL_MOD, &observer, nullptr) == KL_ERR)
+        return call.fails(KL_LIGHT_SUN_SATELLITE);
+    if (tdb->reference != KL_REF_TDB)
+        return call.fails(KL_LIGHT_SUN_REFERENCE);
 
     const SunRoutine routine = model_blocks(model_id).sun.sun;
     kl_time_record departure = *tdb;
@@ -82,11 +79,11 @@ long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *time_id, c
         departure.value = days;
         return routine != nullptr && routine(model_id, time_id, &departure, sun, nullptr) != KL_ERR;
     };
-    if (!sun_leaves(tdb->value - kFirstGuess) && call.stops(KL_LIGHT_SUN_SUN))
-        return KL_ERR;
+    if (!sun_leaves(tdb->value - kFirstGuess))
+        return call.fails(KL_LIGHT_SUN_SUN);
     const double light_days = distance(*sun, observer) / kSpeedOfLight / KL_SECONDS_PER_DAY;
-    if (!sun_leaves(tdb->value - light_days) && call.stops(KL_LIGHT_SUN_SUN))
-        return KL_ERR;
+    if (!sun_leaves(tdb->value - light_days))
+        return call.fails(KL_LIGHT_SUN_SUN);
 
     emission->reference = KL_REF_TAI;
     emission->format = KL_FORMAT_MJD2000;

@@ -134,7 +134,7 @@ long walk_to_ef(Activation &call, const StepCodes &codes, kl_model_id *model_id,
     bool no_time_id = false;
     if (time.ref != KL_TIME_TAI && !convert(time_id, time, KL_TIME_TAI, &tai, &no_time_id)) {
         if (no_time_id) // other failures have no condition
-            (void)call.stops(codes.time_id);
+            call.fails(codes.time_id);
         return KL_ERR;
     }
     kl_time_record tdb = {KL_REF_TDB, KL_FORMAT_MJD2000, 0.0};
@@ -146,12 +146,11 @@ long walk_to_ef(Activation &call, const StepCodes &codes, kl_model_id *model_id,
         return KL_ERR;
 
     kl_time_record ut1 = {KL_REF_UT1, KL_FORMAT_MJD2000, time.days};
-    if (time.ref != KL_TIME_UT1 && !convert(time_id, axes, KL_TIME_UT1, &ut1.value) && call.stops(codes.ut1))
-        return KL_ERR;
+    if (time.ref != KL_TIME_UT1 && !convert(time_id, axes, KL_TIME_UT1, &ut1.value))
+        return call.fails(codes.ut1);
     OwnedState fixed;
-    if (KL_Change_CoordinateSystem(model_id, time_id, 1, &ut1, &state, KL_EF, &fixed, nullptr) == KL_ERR
-        && call.stops(codes.frame))
-        return KL_ERR;
+    if (KL_Change_CoordinateSystem(model_id, time_id, 1, &ut1, &state, KL_EF, &fixed, nullptr) == KL_ERR)
+        return call.fails(codes.frame);
     for (int i = 0; i < 3; ++i) {
         pos_out[i] = fixed.pos[i + 1];
         vel_out[i] = fixed.vel[i + 1];
@@ -173,7 +172,9 @@ long kl_sun(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, co
     const SunRoutine routine = model_blocks(model_id).sun.sun;
     const auto body = [&](const kl_time_record &tdb, Cord *sun, Instant *) {
         const bool failed = routine == nullptr || routine(model_id, time_id, &tdb, sun, nullptr) == KL_ERR;
-        return !(failed && call.stops(KL_SUN_BODY_ERR));
+        if (failed)
+            call.fails(KL_SUN_BODY_ERR);
+        return !failed;
     };
     return walk_to_ef(call, kSunSteps, model_id, time_id, instant_of(time_ref, time), sun_pos, sun_vel, body);
 }
@@ -185,7 +186,9 @@ long kl_moon(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, c
     const MoonRoutine routine = model_blocks(model_id).moon.moon;
     const auto body = [&](const kl_time_record &tdb, Cord *moon, Instant *) {
         const bool failed = routine == nullptr || routine(&tdb, moon, nullptr) == KL_ERR;
-        return !(failed && call.stops(KL_MOON_BODY_ERR));
+        if (failed)
+            call.fails(KL_MOON_BODY_ERR);
+        return !failed;
     };
     return walk_to_ef(call, kMoonSteps, model_id, time_id, instant_of(time_ref, time), moon_pos, moon_vel, body);
 }
@@ -202,13 +205,14 @@ long kl_planet(kl_model_id *model_id, kl_time_id *time_id, const long *planet_id
         const long status = routine != nullptr ? routine(planet, &tdb, state, &callee) : long{KL_ERR};
         if (status == KL_ERR) {
             if (recorded(KL_FN_PLANETS, KL_PLANETS_CODE, callee)) // other failures have no condition
-                (void)call.stops(KL_PLANET_CODE_ERR);
+                call.fails(KL_PLANET_CODE_ERR);
             return false;
         }
         warned = status == KL_WARN;
         state->cs = KL_HM2000;
-        return !(warned && recorded(KL_FN_PLANETS, KL_PLANETS_CONVERGENCE, callee)
-                 && call.stops(KL_PLANET_CONVERGENCE_WARN));
+        if (warned && recorded(KL_FN_PLANETS, KL_PLANETS_CONVERGENCE, callee))
+            call.warns(KL_PLANET_CONVERGENCE_WARN);
+        return true;
     };
     const long status =
         walk_to_ef(call, kPlanetSteps, model_id, time_id, instant_of(time_ref, time), planet_pos, planet_vel, body);
@@ -222,9 +226,10 @@ long KL_Sun_travel_time(kl_model_id *model_id, kl_time_id *time_id, long time_re
     Activation call(KL_FN_SUN_TRAVEL_TIME, error);
     const auto body = [&](const kl_time_record &tdb, Cord *sun, Instant *axes) {
         kl_time_record emission;
-        if (KL_Sun_PosVel_Sun_Travel_Time(model_id, time_id, &tdb, satellite, sun, &emission, nullptr) == KL_ERR
-            && call.stops(KL_TRAVEL_TIME_SUN))
+        if (KL_Sun_PosVel_Sun_Travel_Time(model_id, time_id, &tdb, satellite, sun, &emission, nullptr) == KL_ERR) {
+            call.fails(KL_TRAVEL_TIME_SUN);
             return false;
+        }
         // On purpose: the Earth-fixed axes are those at the emission, yet a time given in UT1 is used as it is.
         *axes = {KL_TIME_TAI, emission.value};
         return true;

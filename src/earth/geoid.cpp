@@ -247,8 +247,7 @@ bool is_array(const double *values, const long *count)
 // Records a condition that ends the call.
 long refused(Activation &call, int code, const void *value = nullptr)
 {
-    (void)call.stops(code, value);
-    return KL_ERR;
+    return call.fails(code, value);
 }
 
 void packed_grid(long max_degree, const double *lat, long n_lat, const double *lon, long n_lon, double *undulation)

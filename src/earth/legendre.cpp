@@ -41,8 +41,8 @@ long KL_Legfdn(long m, double theta, double *p, long nmax, long derivatives, dou
         return KL_ERR;
     const auto [sin_theta, cos_theta] = sine_cosine(theta);
     // Half a turn is not a double: its sine is 1.2e-16.
-    if (derivatives != 0 && std::fabs(sin_theta) < DBL_EPSILON && call.stops(KL_LEGFDN_POLE_ERR))
-        return KL_ERR;
+    if (derivatives != 0 && std::fabs(sin_theta) < DBL_EPSILON)
+        return call.fails(KL_LEGFDN_POLE_ERR);
 
     const double dm = static_cast<double>(m);
     for (long n = m; n <= nmax; ++n) {

@@ -58,35 +58,41 @@ public:
     Activation(const Activation &) = delete;
     Activation &operator=(const Activation &) = delete;
 
-    // Records a condition of this function; true when it is an error, which ends the call.
-    [[nodiscard]] bool stops(int code, const void *value = nullptr)
+    // Records an error of this function, which ends the call: `return call.fails(CODE);`
+    long fails(int code, const void *value = nullptr)
     {
-        const bool seen = context_.ierr != nullptr || context_.record != &own_ || is_verbose();
-        severity_ = seen ? KL_Store_function_error(&context_, code, value) : severity_of(context_.function_id, code);
-#ifdef __clang_analyzer__
-        return true; // the analyser cannot read the message table: to it every condition ends the call
-#else
-        return severity_ == KL_ERR;
-#endif
+        record(code, value);
+        return KL_ERR;
     }
 
-    // The same for each condition of the callee that was found, in the order of the map.
+    // Records a warning of this function; the call goes on.
+    void warns(int code, const void *value = nullptr)
+    {
+        record(code, value);
+    }
+
+    // Takes over each condition of the callee that was found, in the order of the map; true when one is an error, which
+    // ends the call.
     template <std::size_t N>
     [[nodiscard]] bool stops(int callee_id, const kl_error_record &callee, const CodeMap (&map)[N])
     {
         for (const CodeMap &row : map)
-            if (recorded(callee_id, row.callee_code, callee) && stops(row.own_code))
+            if (recorded(callee_id, row.callee_code, callee) && record(row.own_code) == KL_ERR)
                 return true;
         return false;
     }
 
     // KL_OK, or the severity recorded last.
-    [[nodiscard]] long status() const
+    [[nodiscard]] long status() const { return severity_; }
+
+private:
+    long record(int code, const void *value = nullptr)
     {
+        const bool seen = context_.ierr != nullptr || context_.record != &own_ || is_verbose();
+        severity_ = seen ? KL_Store_function_error(&context_, code, value) : severity_of(context_.function_id, code);
         return severity_;
     }
 
-private:
     void start(int function_id, kl_error_record *record)
     {
         context_.function_id = function_id;

@@ -56,21 +56,20 @@ long kl_change_cart_cs(kl_model_id *model_id, kl_time_id *time_id, const long *c
     if (KL_Time_check_processing_inputs(KL_PROC, ref, time, &check) != 0
         && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
         return KL_ERR;
-    if (!inside(calc_mode, KL_CALC_POS, KL_CALC_POS_VEL_ACC) && call.stops(KL_CHANGE_CART_CS_CALC_MODE_ERR))
-        return KL_ERR;
+    if (!inside(calc_mode, KL_CALC_POS, KL_CALC_POS_VEL_ACC))
+        return call.fails(KL_CHANGE_CART_CS_CALC_MODE_ERR);
     // The internal frames above KL_TEME are not offered here.
-    if (!inside(cs_in, KL_BM2000, KL_TEME) && call.stops(KL_CHANGE_CART_CS_CS_IN_ERR))
-        return KL_ERR;
-    if (!inside(cs_out, KL_BM2000, KL_TEME) && call.stops(KL_CHANGE_CART_CS_CS_OUT_ERR))
-        return KL_ERR;
+    if (!inside(cs_in, KL_BM2000, KL_TEME))
+        return call.fails(KL_CHANGE_CART_CS_CS_IN_ERR);
+    if (!inside(cs_out, KL_BM2000, KL_TEME))
+        return call.fails(KL_CHANGE_CART_CS_CS_OUT_ERR);
     if (pos == nullptr || vel == nullptr || acc == nullptr || pos_out == nullptr || vel_out == nullptr
         || acc_out == nullptr)
         return KL_ERR;
 
     kl_time_record ut1 = {KL_REF_UT1, KL_FORMAT_MJD2000, 0.0};
-    if (KL_Get_time_in_ref(time_id, ref, KL_TIME_UT1, &ut1.value, nullptr, *time) == KL_ERR
-        && call.stops(KL_CHANGE_CART_CS_TIME_ID_ERR))
-        return KL_ERR;
+    if (KL_Get_time_in_ref(time_id, ref, KL_TIME_UT1, &ut1.value, nullptr, *time) == KL_ERR)
+        return call.fails(KL_CHANGE_CART_CS_TIME_ID_ERR);
 
     // On purpose: the whole state is carried, whatever the mode.
     double vectors[3][4];
@@ -79,8 +78,7 @@ long kl_change_cart_cs(kl_model_id *model_id, kl_time_id *time_id, const long *c
     ErrorRecord chain;
     if (KL_Change_CoordinateSystem(model_id, time_id, 2, &ut1, &state, *cs_out, &state, &chain) == KL_ERR) {
         const bool launch = recorded(KL_FN_CHANGE_COORDINATE_SYSTEM, KL_CHAIN_LIF, chain);
-        if (call.stops(launch ? KL_CHANGE_CART_CS_LIF_ERR : KL_CHANGE_CART_CS_TRANSFORMATION_ERR))
-            return KL_ERR;
+        return call.fails(launch ? KL_CHANGE_CART_CS_LIF_ERR : KL_CHANGE_CART_CS_TRANSFORMATION_ERR);
     }
     constexpr double kZero[3] = {0.0, 0.0, 0.0};
     copy_three(state.pos + 1, pos_out);
@@ -88,15 +86,14 @@ long kl_change_cart_cs(kl_model_id *model_id, kl_time_id *time_id, const long *c
     copy_three(*calc_mode == KL_CALC_POS_VEL_ACC ? state.acc + 1 : kZero, acc_out);
 
     double tai = 0.0;
-    if (KL_Get_time_in_ref(time_id, ref, KL_TIME_TAI, &tai, nullptr, *time) == KL_ERR
-        && call.stops(KL_CHANGE_CART_CS_TAI_ERR))
-        return KL_ERR;
+    if (KL_Get_time_in_ref(time_id, ref, KL_TIME_TAI, &tai, nullptr, *time) == KL_ERR)
+        return call.fails(KL_CHANGE_CART_CS_TAI_ERR);
     kl_std_record instant;
     KL_Time_p2t_format_to_std(time_id, KL_TIME_TAI, &tai, &instant, nullptr);
     const long flags = KL_FLAGS_FRAME_CHANGE;
     long warned = 0;
     KL_Check_Time_warn_flags(time_id, &instant, &flags, &warned);
-    if (warned != 0 && call.stops(static_cast<int>(KL_CHANGE_CART_CS_FORMULA_WARN + warned - 1)))
-        return KL_ERR;
+    if (warned != 0)
+        call.warns(static_cast<int>(KL_CHANGE_CART_CS_FORMULA_WARN + warned - 1));
     return call.status();
 }

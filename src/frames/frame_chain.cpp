@@ -416,14 +416,13 @@ long change(int function_id, kl_model_id *model_id, kl_time_id *time_id, long or
         return cs >= KL_FIRST_FRAME && cs <= KL_LAST_FRAME
                && (!simplified || (cs >= KL_GM2000 && cs != KL_LIF && cs != KL_BM1950 && cs != KL_GALACTIC));
     };
-    if ((date == nullptr || date->reference < KL_REF_TDB || date->reference > KL_REF_UTC
-         || date->format < KL_FORMAT_JULIAN || date->format > KL_FORMAT_MJD2000)
-        && call.stops(KL_CHAIN_DATE_RECORD))
-        return KL_ERR;
-    if ((in == nullptr || !offered(in->cs)) && call.stops(KL_CHAIN_INITIAL))
-        return KL_ERR;
-    if ((out == nullptr || !offered(final_cs)) && call.stops(KL_CHAIN_FINAL))
-        return KL_ERR;
+    if (date == nullptr || date->reference < KL_REF_TDB || date->reference > KL_REF_UTC
+        || date->format < KL_FORMAT_JULIAN || date->format > KL_FORMAT_MJD2000)
+        return call.fails(KL_CHAIN_DATE_RECORD);
+    if (in == nullptr || !offered(in->cs))
+        return call.fails(KL_CHAIN_INITIAL);
+    if (out == nullptr || !offered(final_cs))
+        return call.fails(KL_CHAIN_FINAL);
 
     const auto known = [](long cs) { return cs == KL_QMOD ? long{KL_MOD} : cs == KL_PTOD ? long{KL_TOD} : cs; };
     const long initial = known(in->cs);
@@ -431,16 +430,15 @@ long change(int function_id, kl_model_id *model_id, kl_time_id *time_id, long or
     const Path path = path_between(initial, last);
 
     // Warnings look at the frames as the caller passed them. On purpose: the first one comes with every MoD to ToD.
-    if (path.any(set_of({kModToTod})) && !(in->cs == KL_PTOD && final_cs == KL_PTOD)
-        && call.stops(KL_CHAIN_PTOD_SKIPPED))
-        return KL_ERR;
-    if (path.n == 0 && in->cs != final_cs && call.stops(initial == KL_TOD ? KL_CHAIN_PTOD : KL_CHAIN_QMOD))
-        return KL_ERR;
+    if (path.any(set_of({kModToTod})) && !(in->cs == KL_PTOD && final_cs == KL_PTOD))
+        call.warns(KL_CHAIN_PTOD_SKIPPED);
+    if (path.n == 0 && in->cs != final_cs)
+        call.warns(initial == KL_TOD ? KL_CHAIN_PTOD : KL_CHAIN_QMOD);
     const auto centred_elsewhere = [](long cs) { return cs == KL_BM2000 || cs == KL_HM2000; };
-    if (order == 2 && (centred_elsewhere(initial) || centred_elsewhere(last)) && call.stops(KL_CHAIN_ACCELERATION))
-        return KL_ERR;
-    if (path.any(kLaunchEdges) && call.stops(KL_CHAIN_LIF))
-        return KL_ERR;
+    if (order == 2 && (centred_elsewhere(initial) || centred_elsewhere(last)))
+        call.warns(KL_CHAIN_ACCELERATION);
+    if (path.any(kLaunchEdges))
+        return call.fails(KL_CHAIN_LIF);
 
     if (path.n == 0) {
         KL_Copy_Cord(in, out);
@@ -454,19 +452,18 @@ long change(int function_id, kl_model_id *model_id, kl_time_id *time_id, long or
     const bool tdb = path.any(kTranslations);
     Journey journey(model_id, time_id, mjd2000_of(*date));
     journey.simplified = simplified;
-    if (!inside_chain_range(journey.days) && call.stops(KL_CHAIN_DATE_RANGE))
-        return KL_ERR;
-    if (needs_time_id(*date, ut1, tdb) && time_record_of(time_id) == nullptr && call.stops(KL_CHAIN_TIME_ID))
-        return KL_ERR;
-    if (((ut1 && !to_ut1(time_id, *date, &journey.days)) || (tdb && !to_tdb(time_id, *date, &journey.tdb))
-         || lacks_routine(journey, path))
-        && call.stops(KL_CHAIN_UT1))
-        return KL_ERR;
+    if (!inside_chain_range(journey.days))
+        return call.fails(KL_CHAIN_DATE_RANGE);
+    if (needs_time_id(*date, ut1, tdb) && time_record_of(time_id) == nullptr)
+        return call.fails(KL_CHAIN_TIME_ID);
+    if ((ut1 && !to_ut1(time_id, *date, &journey.days)) || (tdb && !to_tdb(time_id, *date, &journey.tdb))
+        || lacks_routine(journey, path))
+        return call.fails(KL_CHAIN_UT1);
 
     State state = state_of(*in, order);
     for (std::int32_t i = 0; i < path.n; ++i)
-        if (!walk(journey, path.edges[i], &state) && call.stops(KL_CHAIN_EARTH))
-            return KL_ERR;
+        if (!walk(journey, path.edges[i], &state))
+            return call.fails(KL_CHAIN_EARTH);
     copy_out(state, final_cs, out);
     return call.status();
 }

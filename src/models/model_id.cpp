@@ -110,17 +110,16 @@ long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id
     Activation call(KL_FN_MODEL_INIT, ierr);
     if (mode == nullptr || model_id == nullptr)
         return KL_ERR;
-    if (initialised_record(model_id) != nullptr && call.stops(KL_MODEL_INIT_INITIALISED_ERR))
-        return KL_ERR;
+    if (initialised_record(model_id) != nullptr)
+        return call.fails(KL_MODEL_INIT_INITIALISED_ERR);
     const bool user = *mode == KL_MODEL_USER;
-    if (user && models == nullptr && call.stops(KL_MODEL_INIT_SELECTION_ERR, kKind[KL_MODEL_EARTH].name))
-        return KL_ERR;
+    if (user && models == nullptr)
+        return call.fails(KL_MODEL_INIT_SELECTION_ERR, kKind[KL_MODEL_EARTH].name);
 
     auto *record = static_cast<ModelIdRecord *>(std::calloc(1, sizeof(ModelIdRecord)));
     if (record == nullptr || KL_Id_init(&kNoSatellite, KL_ID_MODEL, record) < 0) {
         std::free(record);
-        static_cast<void>(call.stops(KL_MODEL_INIT_MEMORY_ERR));
-        return KL_ERR;
+        return call.fails(KL_MODEL_INIT_MEMORY_ERR);
     }
     model_id->record = record;
     if (user)
@@ -128,9 +127,8 @@ long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id
     for (int kind = 0; kind < kKinds; ++kind) {
         const long value = record->selections[kind];
         // On purpose: a refusal leaves the handle initialised, with the blocks before this one filled.
-        if (static_cast<unsigned long>(value) > kKind[kind].largest
-            && call.stops(KL_MODEL_INIT_SELECTION_ERR, kKind[kind].name))
-            return KL_ERR;
+        if (static_cast<unsigned long>(value) > kKind[kind].largest)
+            return call.fails(KL_MODEL_INIT_SELECTION_ERR, kKind[kind].name);
         fill_block(&record->blocks, kind, value);
     }
     return call.status();
@@ -191,8 +189,8 @@ void *KL_Model_get_data(kl_model_id *model_id, long kind)
 long kl_model_close(kl_model_id *model_id, long *ierr)
 {
     Activation call(KL_FN_MODEL_CLOSE, ierr);
-    if (KL_Id_close(model_id) != 0 && call.stops(KL_MODEL_CLOSE_ERR))
-        return KL_ERR;
+    if (KL_Id_close(model_id) != 0)
+        return call.fails(KL_MODEL_CLOSE_ERR);
     std::free(model_id->record);
     model_id->record = nullptr;
     return call.status();

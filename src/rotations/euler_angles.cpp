@@ -172,18 +172,16 @@ long kl_euler_to_matrix(const double angles[3], double matrix[9], long *ierr)
 long kl_matrix_to_euler(const double matrix[9], double angles[3], long *ierr)
 {
     Activation call(KL_FN_MATRIX_TO_EULER, ierr);
-    if ((matrix == nullptr || !rows_are_orthonormal(matrix)) && call.stops(KL_MATRIX_TO_EULER_ORTHONORMAL_ERR))
-        return KL_ERR;
+    if (matrix == nullptr || !rows_are_orthonormal(matrix))
+        return call.fails(KL_MATRIX_TO_EULER_ORTHONORMAL_ERR);
     if (angles == nullptr)
         return KL_ERR;
     double found[3];
     switch (angles_of(matrix, found)) {
     case kNoRotation:
-        static_cast<void>(call.stops(KL_MATRIX_TO_EULER_ROTATION_ERR));
-        return KL_ERR;
+        return call.fails(KL_MATRIX_TO_EULER_ROTATION_ERR);
     case kAmbiguous:
-        if (call.stops(KL_MATRIX_TO_EULER_AMBIGUITY_WARN))
-            return KL_ERR;
+        call.warns(KL_MATRIX_TO_EULER_AMBIGUITY_WARN);
         break;
     case kAngles:
         break;
@@ -198,16 +196,14 @@ long kl_get_rotation_angles(const double x1[3], const double y1[3], const double
     Activation call(KL_FN_GET_ROTATION_ANGLES, ierr);
     double axes1[9];
     double axes2[9];
-    if (!(unit_axes(x1, y1, z1, axes1) && unit_axes(x2, y2, z2, axes2))
-        && call.stops(KL_GET_ROTATION_ANGLES_ORTHOGONAL_ERR))
-        return KL_ERR;
+    if (!(unit_axes(x1, y1, z1, axes1) && unit_axes(x2, y2, z2, axes2)))
+        return call.fails(KL_GET_ROTATION_ANGLES_ORTHOGONAL_ERR);
     if (angles == nullptr)
         return KL_ERR;
     double matrix[9];
     double found[3];
-    if ((KL_CS_Rotation(axes1, axes2, matrix) != 0 || angles_of(matrix, found) == kNoRotation)
-        && call.stops(KL_GET_ROTATION_ANGLES_ROTATION_ERR))
-        return KL_ERR;
+    if (KL_CS_Rotation(axes1, axes2, matrix) != 0 || angles_of(matrix, found) == kNoRotation)
+        return call.fails(KL_GET_ROTATION_ANGLES_ROTATION_ERR);
     KL_copy_v(found, 3, angles);
     return call.status();
 }
@@ -217,12 +213,12 @@ long kl_get_rotated_vectors(const double x1[3], const double y1[3], const double
 {
     Activation call(KL_FN_GET_ROTATED_VECTORS, ierr);
     double axes[9];
-    if (!unit_axes(x1, y1, z1, axes) && call.stops(KL_GET_ROTATED_VECTORS_ORTHOGONAL_ERR))
-        return KL_ERR;
+    if (!unit_axes(x1, y1, z1, axes))
+        return call.fails(KL_GET_ROTATED_VECTORS_ORTHOGONAL_ERR);
     const bool finite =
         angles != nullptr && std::isfinite(angles[0]) && std::isfinite(angles[1]) && std::isfinite(angles[2]);
-    if (!finite && call.stops(KL_GET_ROTATED_VECTORS_ROTATION_ERR))
-        return KL_ERR;
+    if (!finite)
+        return call.fails(KL_GET_ROTATED_VECTORS_ROTATION_ERR);
     if (x2 == nullptr || y2 == nullptr || z2 == nullptr)
         return KL_ERR;
     double matrix[9];

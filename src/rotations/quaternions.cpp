@@ -98,8 +98,8 @@ const MessageGroup messages_kl_quaternions_interpol = group(kInterpol);
 long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr)
 {
     Activation call(KL_FN_QUATERNIONS_TO_VECTORS, ierr);
-    if ((q == nullptr || !is_unit(dot(q, q, 4))) && call.stops(KL_QUATERNIONS_TO_VECTORS_MODULE_ERR))
-        return KL_ERR;
+    if (q == nullptr || !is_unit(dot(q, q, 4)))
+        return call.fails(KL_QUATERNIONS_TO_VECTORS_MODULE_ERR);
     if (x == nullptr || y == nullptr || z == nullptr)
         return KL_ERR;
     const double q0 = q[0];
@@ -121,8 +121,8 @@ long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], doub
 long kl_vectors_to_quaternions(const double x[3], const double y[3], const double z[3], double q[4], long *ierr)
 {
     Activation call(KL_FN_VECTORS_TO_QUATERNIONS, ierr);
-    if ((x == nullptr || y == nullptr || z == nullptr) && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
-        return KL_ERR;
+    if (x == nullptr || y == nullptr || z == nullptr)
+        return call.fails(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR);
     if (q == nullptr)
         return KL_ERR;
     const double *const given[3] = {x, y, z};
@@ -139,8 +139,8 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
     const bool orthogonal = std::fabs(dot3(axes.v[0], axes.v[1])) <= kOrthogonal
                             && std::fabs(dot3(axes.v[0], axes.v[2])) <= kOrthogonal
                             && std::fabs(dot3(axes.v[1], axes.v[2])) <= kOrthogonal;
-    if (!orthogonal && call.stops(KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR))
-        return KL_ERR;
+    if (!orthogonal)
+        return call.fails(KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR);
 
     double out[4] = {};
     provisional_quaternion(axes, out);
@@ -150,8 +150,8 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
     const double q2 = -out[2];
     const double q3 = out[kScalar];
     // A left-handed set, or a null vector among the three.
-    if ((null || !is_unit(q0 * q0 + q1 * q1 + q2 * q2 + q3 * q3)) && call.stops(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR))
-        return KL_ERR;
+    if (null || !is_unit(q0 * q0 + q1 * q1 + q2 * q2 + q3 * q3))
+        return call.fails(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR);
     q[0] = q0;
     q[1] = q1;
     q[2] = q2;
@@ -169,18 +169,16 @@ long kl_quaternions_interpol(const long *mode, const double *t1, const double q1
     const double span = *t2 - *t1;
     const double u = *t == *t1 ? 0.0 : span != 0.0 ? (*t - *t1) / span : NAN;
     // A step of the extrapolation is u times an angle of up to a turn.
-    if ((!std::isfinite(span) || !std::isfinite(KL_TWO_PI * u) || !usable(q1, q2))
-        && call.stops(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR))
-        return KL_ERR;
+    if (!std::isfinite(span) || !std::isfinite(KL_TWO_PI * u) || !usable(q1, q2))
+        return call.fails(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR);
     if (inside) {
-        if ((mode == nullptr || *mode != KL_INTERPOL_SLERP) && call.stops(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR))
-            return KL_ERR;
+        if (mode == nullptr || *mode != KL_INTERPOL_SLERP)
+            return call.fails(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR);
         KL_Slerp_algo(q1, q2, q, u);
         return call.status();
     }
     // On purpose: the mode is not looked at here.
-    if (call.stops(KL_QUATERNIONS_INTERPOL_RANGE_WARN))
-        return KL_ERR;
+    call.warns(KL_QUATERNIONS_INTERPOL_RANGE_WARN);
     KL_Quaternion_extrapol(q1, q2, q, u);
     return call.status();
 }

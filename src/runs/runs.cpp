@@ -158,8 +158,8 @@ long kl_run_init(const long *sat_id, kl_time_id *time_id, kl_model_id *model_id,
         if (condition != kReserved)
             release(run, slot);
     }
-    if (condition != kReserved && call.stops(condition))
-        return KL_ERR;
+    if (condition != kReserved)
+        return call.fails(condition);
     *run_id = slot;
     return call.status();
 }

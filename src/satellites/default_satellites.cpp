@@ -89,11 +89,11 @@ long kl_default_sat_init(long *sat_id, const char *file_name, long *ierr)
     Activation call(KL_FN_DEFAULT_SAT_INIT, ierr);
     if (sat_id == nullptr)
         return KL_ERR;
-    if (file_name == nullptr && call.stops(KL_DEFAULT_SAT_INIT_FILE_ERR))
-        return KL_ERR;
+    if (file_name == nullptr)
+        return call.fails(KL_DEFAULT_SAT_INIT_FILE_ERR);
 
-    if (pthread_mutex_lock(&slot_mutex) != 0 && call.stops(KL_DEFAULT_SAT_INIT_LOCK_ERR))
-        return KL_ERR;
+    if (pthread_mutex_lock(&slot_mutex) != 0)
+        return call.fails(KL_DEFAULT_SAT_INIT_LOCK_ERR);
     const long slot = lowest_free_slot();
     const bool found = slot < KL_N_DEFAULT_SATELLITES;
     if (found) {
@@ -105,8 +105,8 @@ long kl_default_sat_init(long *sat_id, const char *file_name, long *ierr)
         KL_Put_closing_threads();
         return KL_ERR;
     }
-    if (!found && call.stops(KL_DEFAULT_SAT_INIT_NO_SLOT_ERR))
-        return KL_ERR;
+    if (!found)
+        return call.fails(KL_DEFAULT_SAT_INIT_NO_SLOT_ERR);
 
     if (*file_name == '\0') {
         clear_row(slot);
@@ -114,8 +114,8 @@ long kl_default_sat_init(long *sat_id, const char *file_name, long *ierr)
     }
     kd_sat_init data;
     // On purpose: the slot stays in use, with the id returned and the row as it was, when its file cannot be read.
-    if (KD_Read_sat_init_file(file_name, &data) != 0 && call.stops(KL_DEFAULT_SAT_INIT_FILE_ERR))
-        return KL_ERR;
+    if (KD_Read_sat_init_file(file_name, &data) != 0)
+        return call.fails(KL_DEFAULT_SAT_INIT_FILE_ERR);
     fill_row(slot, data);
     return call.status();
 }

@@ -76,11 +76,11 @@ long get_period(int function_id, const long *sat_id, const double (&axes)[KL_N_S
     Activation call(function_id, error);
     ErrorRecord mapping;
     long row = 0;
-    if (KL_Sat_id_to_array(sat_id, &row, &mapping) != 0 && call.stops(KL_PERIOD_SAT_ID))
-        return KL_ERR;
+    if (KL_Sat_id_to_array(sat_id, &row, &mapping) != 0)
+        return call.fails(KL_PERIOD_SAT_ID);
     double axis = axes[row];
     if (axis < kEarthRadius) {
-        static_cast<void>(call.stops(KL_PERIOD_BELOW_EARTH_RADIUS)); // a warning stops nothing
+        call.warns(KL_PERIOD_BELOW_EARTH_RADIUS);
         axis = substitute();
     }
     *period = period_of(axis);
@@ -98,7 +98,7 @@ const MessageGroup messages_KL_Get_max_period = group(kMaxPeriod);
 long KL_Check_sat_id(const long *sat_id, kl_error_record *error)
 {
     Activation call(KL_FN_CHECK_SAT_ID, error);
-    return usable_row_of(sat_id) < 0 && call.stops(KL_CHECK_SAT_ID) ? -1 : 0;
+    return usable_row_of(sat_id) < 0 ? call.fails(KL_CHECK_SAT_ID) : 0;
 }
 
 long KL_Check_Geo_sat_id(const long *sat_id, kl_error_record *error)
@@ -111,10 +111,10 @@ long KL_Sat_id_to_array(const long *sat_id, long *index, kl_error_record *error)
 {
     Activation call(KL_FN_SAT_ID_TO_ARRAY, error);
     const long row = row_of(sat_id);
-    if (row < 0 && call.stops(KL_SAT_TO_ARRAY_ID))
-        return -1;
-    if (is_default_satellite(row) && !slot_in_use(row) && call.stops(KL_SAT_TO_ARRAY_FREE_SLOT))
-        return -1;
+    if (row < 0)
+        return call.fails(KL_SAT_TO_ARRAY_ID);
+    if (is_default_satellite(row) && !slot_in_use(row))
+        return call.fails(KL_SAT_TO_ARRAY_FREE_SLOT);
     *index = row;
     return 0;
 }

@@ -324,14 +324,14 @@ long read_ascii(kl_time_id *time_id, long format, long ref, const char *text, lo
                 kl_error_record *error, MissionLimit *limit)
 {
     Activation call(KL_FN_TIME_CHECK_ASCII_INPUTS, error);
-    if (!is_ascii_format(format) && call.stops(KL_ASCII_IN_FORMAT, &format))
-        return KL_ERR;
-    if ((ref < KL_TIME_UNDEF || ref > KL_TIME_GPS) && call.stops(KL_ASCII_IN_REF, &ref))
-        return KL_ERR;
+    if (!is_ascii_format(format))
+        return call.fails(KL_ASCII_IN_FORMAT, &format);
+    if (ref < KL_TIME_UNDEF || ref > KL_TIME_GPS)
+        return call.fails(KL_ASCII_IN_REF, &ref);
     MissionLimit found = MissionLimit::none;
     const int fault = read_text(time_id, Form(format), ref, text, own_ref, out, &found);
-    if (fault >= 0 && call.stops(fault))
-        return KL_ERR;
+    if (fault >= 0)
+        return call.fails(fault);
     if (limit != nullptr)
         *limit = found;
     return call.status();
@@ -340,10 +340,10 @@ long read_ascii(kl_time_id *time_id, long format, long ref, const char *text, lo
 long KL_Time_check_ascii_outputs(long format, long ref, kl_error_record *error)
 {
     Activation call(KL_FN_TIME_CHECK_ASCII_OUTPUTS, error);
-    if (!is_ascii_format(format) && call.stops(KL_ASCII_OUT_FORMAT, &format))
-        return KL_ERR;
-    if (!is_time_ref(ref) && call.stops(KL_ASCII_OUT_REF, &ref))
-        return KL_ERR;
+    if (!is_ascii_format(format))
+        return call.fails(KL_ASCII_OUT_FORMAT, &format);
+    if (!is_time_ref(ref))
+        return call.fails(KL_ASCII_OUT_REF, &ref);
     return call.status();
 }
 
@@ -356,10 +356,10 @@ long write_ascii(long format, long ref, const kl_std_record *in, char *text, kl_
             return call.status();
         }
     }
-    if (in->days < static_cast<long>(KL_PROCESSING_FIRST) && call.stops(KL_ASCII_WRITE_BEFORE_1950))
-        return KL_ERR;
-    if (in->days >= static_cast<long>(KL_CALENDAR_END) && call.stops(KL_ASCII_WRITE_AFTER_2099))
-        return KL_ERR;
+    if (in->days < static_cast<long>(KL_PROCESSING_FIRST))
+        return call.fails(KL_ASCII_WRITE_BEFORE_1950);
+    if (in->days >= static_cast<long>(KL_CALENDAR_END))
+        return call.fails(KL_ASCII_WRITE_AFTER_2099);
     const CalendarDay date = calendar_of_day(in->days);
     const bool leap_second = in->seconds == 86400; // 23:59:60
     const long seconds = leap_second ? 86399 : in->seconds;

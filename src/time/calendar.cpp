@@ -82,9 +82,8 @@ long day_of_calendar(long year, long month, long day)
 long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error_record *error)
 {
     Activation call(KL_FN_MJD_CALENDAR, error);
-    if ((in == nullptr || !(in->value >= KL_PROCESSING_FIRST && in->value < KL_CALENDAR_END))
-        && call.stops(kOutOfLimits))
-        return KL_ERR;
+    if (in == nullptr || !(in->value >= KL_PROCESSING_FIRST && in->value < KL_CALENDAR_END))
+        return call.fails(kOutOfLimits);
     if (out == nullptr)
         return KL_ERR;
     const long day = floor_to_long(in->value);
@@ -114,8 +113,8 @@ long KL_Calendar(const kl_calendar_record *in, int *valid, kl_error_record *erro
     const int fault = in != nullptr ? fault_of(*in) : kYear;
     if (valid != nullptr)
         *valid = fault < 0 ? 1 : 0;
-    if (fault >= 0 && call.stops(fault))
-        return KL_ERR;
+    if (fault >= 0)
+        return call.fails(fault);
     return call.status();
 }
 
@@ -124,8 +123,8 @@ long KL_Calendar_MJD(const kl_calendar_record *in, kl_time_record *out, kl_error
     Activation call(KL_FN_CALENDAR_MJD, error);
     int valid = 0;
     KL_Calendar(in, &valid, nullptr);
-    if (valid == 0 && call.stops(kNotADate))
-        return KL_ERR;
+    if (valid == 0)
+        return call.fails(kNotADate);
     if (out == nullptr)
         return KL_ERR;
     const long h = in->seconds / 3600;

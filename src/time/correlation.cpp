@@ -213,20 +213,20 @@ bool quick_deltas(const TimeIdRecord &id, long ref, long row, const kl_std_recor
 long look_up(const kl_time_id *time_id, long ref, double t, Deltas *deltas, kl_error_record *error)
 {
     Activation call(KL_FN_TIME_REF_INIT_FILE_DELTAS, error);
-    if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_DELTAS_REF))
-        return KL_ERR;
+    if (KL_Check_time_ref_2(ref) == 0)
+        return call.fails(KL_DELTAS_REF);
     const TimeIdRecord *id = time_record_of(time_id);
-    if ((id == nullptr || id->model == 0) && call.stops(KL_DELTAS_NOT_INITIALISED))
-        return KL_ERR;
+    if (id == nullptr || id->model == 0)
+        return call.fails(KL_DELTAS_NOT_INITIALISED);
     if (id->model == KL_TIME_MODEL_EXPLICIT) {
         *deltas = deltas_of(id->rows[0]);
         return call.status();
     }
     *deltas = with_column(ref, [&](auto column) { return deltas_at(*id, ref, t, true, column); });
     if (deltas->out_of_range)
-        (void)call.stops(KL_DELTAS_OUT_OF_RANGE);
+        call.warns(KL_DELTAS_OUT_OF_RANGE);
     if (deltas->from_ut1)
-        (void)call.stops(KL_DELTAS_UT1_FORMULA);
+        call.warns(KL_DELTAS_UT1_FORMULA);
     return call.status();
 }
 
@@ -242,10 +242,10 @@ bool look_up_record(const kl_time_id *time_id, long ref, const kl_std_record &in
     ErrorRecord conditions;
     const long status = look_up(time_id, ref, processing_of(instant), deltas, &conditions);
     if (status == KL_ERR)
-        return !call->stops(KL_TO_TAI_NOT_INITIALISED);
-    if (status == KL_WARN && recorded(KL_FN_TIME_REF_INIT_FILE_DELTAS, KL_DELTAS_OUT_OF_RANGE, conditions))
-        return !call->stops(KL_TO_TAI_OUT_OF_RANGE);
-    return true;
+        call->fails(KL_TO_TAI_NOT_INITIALISED);
+    else if (status == KL_WARN && recorded(KL_FN_TIME_REF_INIT_FILE_DELTAS, KL_DELTAS_OUT_OF_RANGE, conditions))
+        call->warns(KL_TO_TAI_OUT_OF_RANGE);
+    return status != KL_ERR;
 }
 
 // TAI-UT1 in whole seconds and whole microseconds of 0 to 1000000.
@@ -418,9 +418,8 @@ long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *
     const kl_std_record tai = added(*in, ref, deltas);
     if (long flag = 0; !inside_processing_range(static_cast<double>(in->days))
                        && !inside_processing_range(static_cast<double>(tai.days))
-                       && KL_Time_check_leap_second(time_id, KL_TIME_TAI, &tai, &flag, nullptr) == KL_ERR
-                       && call.stops(KL_TO_TAI_LEAP_SECOND))
-        return KL_ERR;
+                       && KL_Time_check_leap_second(time_id, KL_TIME_TAI, &tai, &flag, nullptr) == KL_ERR)
+        return call.fails(KL_TO_TAI_LEAP_SECOND);
     *out = tai;
     return call.status();
 }
@@ -531,8 +530,7 @@ long KL_Get_time_in_ref(kl_time_id *time_id, long ref_in, long ref_out, double *
     const long processing = KL_PROC;
     if (kl_time_processing_to_processing(time_id, &processing, &ref_in, &time_in, &processing, &ref_out, time_out,
                                          nullptr)
-            == KL_ERR
-        && call.stops(KL_GET_TIME_IN_REF_FAILED))
-        return KL_ERR;
+        == KL_ERR)
+        return call.fails(KL_GET_TIME_IN_REF_FAILED);
     return call.status();
 }

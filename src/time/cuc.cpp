@@ -179,9 +179,8 @@ long KL_Cuc_get_data_from_P_field(const unsigned char *octets, kl_cuc_config *da
     const unsigned long first = octets[0];
     const unsigned long second = (first & kExtension) != 0 ? octets[1] : 0;
     const unsigned long identification = first >> 4 & 7;
-    if (identification != kIdentification1958 && identification != kIdentificationUser
-        && call.stops(KL_CUC_P_FIELD_EPOCH))
-        return KL_ERR;
+    if (identification != kIdentification1958 && identification != kIdentificationUser)
+        return call.fails(KL_CUC_P_FIELD_EPOCH);
     data->epoch_type = identification == kIdentification1958 ? KL_CUC_EPOCH_1958 : KL_CUC_EPOCH_USER;
     data->n_coarse = static_cast<long>((first >> 2 & 3) + 1 + (second >> 5 & 3));
     data->n_fine = static_cast<long>((first & 3) + (second >> 2 & 7));
@@ -194,9 +193,8 @@ long KL_Cuc_compute_P_field(const kl_cuc_config *data, unsigned char *octets, lo
     if (data == nullptr || octets == nullptr || n_octets == nullptr
         || KL_Check_cuc_octets(data->n_coarse, data->n_fine) == 0)
         return KL_ERR;
-    if (data->epoch_type != KL_CUC_EPOCH_1958 && data->epoch_type != KL_CUC_EPOCH_USER
-        && call.stops(KL_CUC_P_FIELD_NO_EPOCH))
-        return KL_ERR;
+    if (data->epoch_type != KL_CUC_EPOCH_1958 && data->epoch_type != KL_CUC_EPOCH_USER)
+        return call.fails(KL_CUC_P_FIELD_NO_EPOCH);
     const unsigned identification = data->epoch_type == KL_CUC_EPOCH_1958 ? kIdentification1958 : kIdentificationUser;
     const long coarse = data->n_coarse < kFirstCoarse ? data->n_coarse : kFirstCoarse;
     const long fine = data->n_fine < kFirstFine ? data->n_fine : kFirstFine;
@@ -213,20 +211,17 @@ long KL_Cuc_check_inputs(kl_time_id *time_id, const kl_cuc_config *config, long 
                          kl_error_record *error)
 {
     Activation call(KL_FN_CUC_CHECK_INPUTS, error);
-    if (time_record_of(time_id) == nullptr && call.stops(KL_CUC_CHECK_TIME_ID))
-        return KL_ERR;
+    if (time_record_of(time_id) == nullptr)
+        return call.fails(KL_CUC_CHECK_TIME_ID);
     if (config == nullptr || (config->cuc_type != KL_CUC_TIME_FIELD_ONLY && config->cuc_type != KL_CUC_WITH_P_FIELD)) {
-        (void)call.stops(KL_CUC_CHECK_TYPE);
-        return KL_ERR;
+        return call.fails(KL_CUC_CHECK_TYPE);
     }
-    if (octets_from_p_field == 0 && KL_Check_cuc_octets(config->n_coarse, config->n_fine) == 0
-        && call.stops(KL_CUC_CHECK_OCTETS))
-        return KL_ERR;
-    if ((config->epoch_type < KL_CUC_EPOCH_1958 || config->epoch_type > KL_CUC_EPOCH_USER)
-        && call.stops(KL_CUC_CHECK_EPOCH_TYPE))
-        return KL_ERR;
-    if (KL_Check_time_ref_2(time_ref) == 0 && call.stops(KL_CUC_CHECK_TIME_REF))
-        return KL_ERR;
+    if (octets_from_p_field == 0 && KL_Check_cuc_octets(config->n_coarse, config->n_fine) == 0)
+        return call.fails(KL_CUC_CHECK_OCTETS);
+    if (config->epoch_type < KL_CUC_EPOCH_1958 || config->epoch_type > KL_CUC_EPOCH_USER)
+        return call.fails(KL_CUC_CHECK_EPOCH_TYPE);
+    if (KL_Check_time_ref_2(time_ref) == 0)
+        return call.fails(KL_CUC_CHECK_TIME_REF);
     return call.status();
 }
 
@@ -254,9 +249,8 @@ long KL_Get_CUC_processing_epoch(kl_time_id *time_id, const kl_cuc_config *confi
     const long processing = KL_PROC;
     if (kl_time_processing_to_processing(time_id, &processing, &own_ref, &own_epoch, &processing, &time_ref, epoch,
                                          nullptr)
-            == KL_ERR
-        && call.stops(KL_CUC_EPOCH_NOT_CONVERTED))
-        return KL_ERR;
+        == KL_ERR)
+        return call.fails(KL_CUC_EPOCH_NOT_CONVERTED);
     return call.status();
 }
 
@@ -267,22 +261,19 @@ long kl_time_cuc_to_processing(kl_time_id *time_id, const kl_cuc_config *config,
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     kl_cuc_config own = config != nullptr ? *config : kNoConfig;
     const bool with_p_field = own.cuc_type == KL_CUC_WITH_P_FIELD;
-    if (KL_Cuc_check_inputs(time_id, &own, ref, with_p_field ? 1 : 0, nullptr) == KL_ERR
-        && call.stops(KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR))
-        return KL_ERR;
+    if (KL_Cuc_check_inputs(time_id, &own, ref, with_p_field ? 1 : 0, nullptr) == KL_ERR)
+        return call.fails(KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR);
     if (cuc == nullptr || time == nullptr)
         return KL_ERR;
     const unsigned char *field = cuc;
     if (with_p_field) {
-        if (KL_Cuc_get_data_from_P_field(cuc, &own, nullptr) == KL_ERR
-            && call.stops(KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR))
-            return KL_ERR;
+        if (KL_Cuc_get_data_from_P_field(cuc, &own, nullptr) == KL_ERR)
+            return call.fails(KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR);
         field += (cuc[0] & kExtension) != 0 ? 2 : 1;
     }
     double epoch = 0.0;
-    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR
-        && call.stops(KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR))
-        return KL_ERR;
+    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR)
+        return call.fails(KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR);
     *time = epoch + read_time_field(field, own.n_coarse, own.n_fine) / KL_SECONDS_PER_DAY;
     return call.status();
 }
@@ -294,26 +285,22 @@ long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *config,
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     const kl_cuc_config &own = config != nullptr ? *config : kNoConfig;
     const double instant = time != nullptr ? *time : std::nan("");
-    if (KL_Cuc_check_inputs(time_id, &own, ref, 0, nullptr) == KL_ERR
-        && call.stops(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR))
-        return KL_ERR;
+    if (KL_Cuc_check_inputs(time_id, &own, ref, 0, nullptr) == KL_ERR)
+        return call.fails(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR);
     double epoch = 0.0;
-    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR
-        && call.stops(KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR))
-        return KL_ERR;
-    if (!(instant >= epoch) && call.stops(KL_TIME_PROCESSING_TO_CUC_TIME_ERR))
-        return KL_ERR;
+    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR)
+        return call.fails(KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR);
+    if (!(instant >= epoch))
+        return call.fails(KL_TIME_PROCESSING_TO_CUC_TIME_ERR);
     if (cuc == nullptr)
         return KL_ERR;
     unsigned char p_field[2];
     long n_p_field = 0;
-    if (own.cuc_type == KL_CUC_WITH_P_FIELD && KL_Cuc_compute_P_field(&own, p_field, &n_p_field, nullptr) == KL_ERR
-        && call.stops(KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR))
-        return KL_ERR;
+    if (own.cuc_type == KL_CUC_WITH_P_FIELD && KL_Cuc_compute_P_field(&own, p_field, &n_p_field, nullptr) == KL_ERR)
+        return call.fails(KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR);
     TimeField field{};
-    if (!split_seconds(instant - epoch, own.n_coarse, own.n_fine, &field)
-        && call.stops(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR))
-        return KL_ERR;
+    if (!split_seconds(instant - epoch, own.n_coarse, own.n_fine, &field))
+        return call.fails(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR);
     for (long i = 0; i < n_p_field; ++i)
         *cuc++ = p_field[i];
     cuc = put_octets(field.coarse, field.n_coarse, cuc);

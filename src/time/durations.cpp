@@ -50,8 +50,8 @@ long kl_time_add(const long *proc_id, const long *time_ref, const double *time, 
     if (duration == nullptr || time_out == nullptr)
         return KL_ERR;
     *time_out = *time + *duration;
-    if (!inside_processing_range(*time_out) && call.stops(KL_TIME_ADD_SUM_ERR))
-        return KL_ERR;
+    if (!inside_processing_range(*time_out))
+        return call.fails(KL_TIME_ADD_SUM_ERR);
     return call.status();
 }
 
@@ -63,8 +63,8 @@ long kl_time_diff(const long *proc_id, const long *time_ref, const double *time1
     if (!input_passes(proc_id, time_ref, time1, &check)
         && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kDiffInput))
         return KL_ERR;
-    if (!input_passes(proc_id, time_ref, time2, &check) && call.stops(KL_TIME_DIFF_TIME2_ERR))
-        return KL_ERR;
+    if (!input_passes(proc_id, time_ref, time2, &check))
+        return call.fails(KL_TIME_DIFF_TIME2_ERR);
     if (duration == nullptr)
         return KL_ERR;
     *duration = *time1 - *time2;

@@ -343,12 +343,12 @@ private:
         const double tai_days = processing_of(record_);
         const long warning = once_only_warning(id, KL_FLAGS_CONVERSION, tai_days);
         if (warning != 0)
-            (void)call_.stops(static_cast<int>(kBulletinA + warning - 1));
+            call_.warns(static_cast<int>(kBulletinA + warning - 1));
         if (changes && !quickly_from_tai(*id, ref_out, row, tai_days, &record_, &out_of_range)
             && !step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack))
             return false;
         if (out_of_range)
-            (void)call_.stops(kOutOfRange);
+            call_.warns(kOutOfRange);
         return true;
     }
 

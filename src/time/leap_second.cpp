@@ -57,26 +57,24 @@ long KL_Leap_second_utc_time(const long *ref, const double *time, double *quarte
 {
     Activation call(KL_FN_LEAP_SECOND_UTC_TIME, error);
     const long reference = value_or(ref, KL_TIME_UNDEF);
-    if (KL_Check_time_ref_2(reference) == 0 && call.stops(KL_QUARTER_REF))
-        return KL_ERR;
+    if (KL_Check_time_ref_2(reference) == 0)
+        return call.fails(KL_QUARTER_REF);
     if (time == nullptr || !inside_processing_range(*time)) {
         // The conversion that refuses the time reports first.
         char text[KL_TIME_ASCII_LENGTH];
-        if (!write_time(reference, time, KL_ASCII_11, text) && call.stops(KL_QUARTER_WRITING))
-            return KL_ERR;
+        if (!write_time(reference, time, KL_ASCII_11, text))
+            return call.fails(KL_QUARTER_WRITING);
     }
     // The standard record carries what lies within half a microsecond of midnight into the next day, as a text would.
     kl_std_record instant{};
-    if (KL_Time_p2t_format_to_std(nullptr, reference, time, &instant, nullptr) == KL_ERR
-        && call.stops(KL_QUARTER_WRITING))
-        return KL_ERR;
+    if (KL_Time_p2t_format_to_std(nullptr, reference, time, &instant, nullptr) == KL_ERR)
+        return call.fails(KL_QUARTER_WRITING);
     // On purpose: leap seconds happen at the end of a quarter, whatever day of the quarter the time falls on.
     CalendarDay date = calendar_of_day(instant.days);
     date.month = (date.month - 1) / 3 * 3 + 1;
     date.day = 1;
     if (quarter_start == nullptr) {
-        (void)call.stops(KL_QUARTER_READING);
-        return KL_ERR;
+        return call.fails(KL_QUARTER_READING);
     }
     *quarter_start = static_cast<double>(day_of_calendar(date.year, date.month, date.day));
     return call.status();
@@ -88,11 +86,10 @@ long KL_Time_check_leap_second(kl_time_id *time_id, long ref, const kl_std_recor
     Activation call(KL_FN_TIME_CHECK_LEAP_SECOND, error);
     if (leap_flag != nullptr)
         *leap_flag = 0;
-    if (KL_Check_time_ref_2(ref) == 0 && call.stops(KL_LEAP_CHECK_REF))
-        return KL_ERR;
+    if (KL_Check_time_ref_2(ref) == 0)
+        return call.fails(KL_LEAP_CHECK_REF);
     if (rec == nullptr || !inside_processing_range(static_cast<double>(rec->days))) {
-        (void)call.stops(KL_LEAP_CHECK_DATE);
-        return KL_ERR;
+        return call.fails(KL_LEAP_CHECK_DATE);
     }
     // On purpose: neither the reference nor the sign is looked at, so the day of a negative leap second keeps its 86400
     // seconds as well.
@@ -153,20 +150,18 @@ long kl_time_get_leap_second_info(kl_time_id *time_id, const long *ascii_id_out,
     utc_time_before[0] = '\0';
     utc_time_after[0] = '\0';
     const long format = value_or(ascii_id_out, -1);
-    if (KL_Time_check_ascii_outputs(format, KL_TIME_UTC, nullptr) == KL_ERR
-        && call.stops(KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR))
-        return KL_ERR;
+    if (KL_Time_check_ascii_outputs(format, KL_TIME_UTC, nullptr) == KL_ERR)
+        return call.fails(KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR);
     const TimeIdRecord *id = time_record_of(time_id);
-    if (id == nullptr && call.stops(KL_TIME_GET_LEAP_SECOND_INFO_TIME_ID_WARN))
-        return KL_ERR;
+    if (id == nullptr)
+        call.warns(KL_TIME_GET_LEAP_SECOND_INFO_TIME_ID_WARN);
     if (id == nullptr || id->leap_sign == 0)
         return call.status();
 
     *leap_sign = id->leap_sign;
     // No time id: an instant that is only written must not spend a once-only warning.
-    if ((!write_utc(id->leap_utc, format, utc_time_after)
-         || !write_utc(id->leap_utc - kBeforeTheLeap, format, utc_time_before))
-        && call.stops(KL_TIME_GET_LEAP_SECOND_INFO_CONVERT_ERR))
-        return KL_ERR;
+    if (!write_utc(id->leap_utc, format, utc_time_after)
+        || !write_utc(id->leap_utc - kBeforeTheLeap, format, utc_time_before))
+        return call.fails(KL_TIME_GET_LEAP_SECOND_INFO_CONVERT_ERR);
     return call.status();
 }

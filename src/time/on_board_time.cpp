@@ -196,12 +196,12 @@ long kl_time_obt_to_time(const long *sat_id, const long *time_ref, const void *p
 {
     Activation call(KL_FN_TIME_OBT_TO_TIME, ierr);
     const long satellite = value_or(sat_id, kNoSatellite);
-    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK && call.stops(KL_TIME_OBT_TO_TIME_SAT_ID_ERR))
-        return KL_ERR;
-    if ((!is_tagged(parameters, satellite) || !is_tagged(obt, satellite)) && call.stops(KL_TIME_OBT_TO_TIME_TAG_ERR))
-        return KL_ERR;
-    if (!has_format(satellite) && call.stops(KL_TIME_OBT_TO_TIME_NO_OBT_ERR))
-        return KL_ERR;
+    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK)
+        return call.fails(KL_TIME_OBT_TO_TIME_SAT_ID_ERR);
+    if (!is_tagged(parameters, satellite) || !is_tagged(obt, satellite))
+        return call.fails(KL_TIME_OBT_TO_TIME_TAG_ERR);
+    if (!has_format(satellite))
+        return call.fails(KL_TIME_OBT_TO_TIME_NO_OBT_ERR);
     // The Tarvos format alone has a reference time in days; the check of the others concerns the scale.
     const auto *tarvos = static_cast<const kl_obt_param_tarvos *>(parameters);
     const double ref_time = satellite == kTarvos ? tarvos->ref_time : 0.0;
@@ -209,8 +209,8 @@ long kl_time_obt_to_time(const long *sat_id, const long *time_ref, const void *p
     if (KL_Time_check_processing_inputs(KL_PROC, value_or(time_ref, KL_TIME_UNDEF), &ref_time, &check) != KL_OK
         && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kToTimeReference))
         return KL_ERR;
-    if (satellite == kTarvos && tarvos->clock_step == 0 && call.stops(KL_TIME_OBT_TO_TIME_CLOCK_STEP_ERR))
-        return KL_ERR;
+    if (satellite == kTarvos && tarvos->clock_step == 0)
+        return call.fails(KL_TIME_OBT_TO_TIME_CLOCK_STEP_ERR);
     if (time == nullptr)
         return KL_ERR;
 
@@ -232,8 +232,8 @@ long kl_time_obt_to_time(const long *sat_id, const long *time_ref, const void *p
                                *static_cast<const kl_obt_vardo *>(obt));
         break;
     }
-    if (!inside_processing_range(result) && call.stops(KL_TIME_OBT_TO_TIME_TIME_ERR))
-        return KL_ERR;
+    if (!inside_processing_range(result))
+        return call.fails(KL_TIME_OBT_TO_TIME_TIME_ERR);
     *time = result;
     return call.status();
 }
@@ -243,23 +243,22 @@ long kl_time_time_to_obt(const long *sat_id, const long *time_ref, const void *p
 {
     Activation call(KL_FN_TIME_TIME_TO_OBT, ierr);
     const long satellite = value_or(sat_id, kNoSatellite);
-    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK && call.stops(KL_TIME_TIME_TO_OBT_SAT_ID_ERR))
-        return KL_ERR;
-    if ((!is_tagged(parameters, satellite) || !is_tagged(obt, satellite)) && call.stops(KL_TIME_TIME_TO_OBT_TAG_ERR))
-        return KL_ERR;
-    if (!has_format(satellite) && call.stops(KL_TIME_TIME_TO_OBT_NO_OBT_ERR))
-        return KL_ERR;
+    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK)
+        return call.fails(KL_TIME_TIME_TO_OBT_SAT_ID_ERR);
+    if (!is_tagged(parameters, satellite) || !is_tagged(obt, satellite))
+        return call.fails(KL_TIME_TIME_TO_OBT_TAG_ERR);
+    if (!has_format(satellite))
+        return call.fails(KL_TIME_TIME_TO_OBT_NO_OBT_ERR);
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     ErrorRecord check;
     if (KL_Time_check_processing_inputs(KL_PROC, ref, time, &check) != KL_OK
         && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kToObtInput))
         return KL_ERR;
     const auto *tarvos = static_cast<const kl_obt_param_tarvos *>(parameters);
-    if (satellite == kTarvos && KL_Time_check_processing_inputs(KL_PROC, ref, &tarvos->ref_time, nullptr) != KL_OK
-        && call.stops(KL_TIME_TIME_TO_OBT_REF_TIME_ERR))
-        return KL_ERR;
-    if (satellite == kTarvos && tarvos->clock_step == 0 && call.stops(KL_TIME_TIME_TO_OBT_CLOCK_STEP_ERR))
-        return KL_ERR;
+    if (satellite == kTarvos && KL_Time_check_processing_inputs(KL_PROC, ref, &tarvos->ref_time, nullptr) != KL_OK)
+        return call.fails(KL_TIME_TIME_TO_OBT_REF_TIME_ERR);
+    if (satellite == kTarvos && tarvos->clock_step == 0)
+        return call.fails(KL_TIME_TIME_TO_OBT_CLOCK_STEP_ERR);
 
     bool fits = false;
     switch (satellite) {
@@ -282,7 +281,7 @@ long kl_time_time_to_obt(const long *sat_id, const long *time_ref, const void *p
                      static_cast<kl_obt_vardo *>(obt));
         break;
     }
-    if (!fits && call.stops(KL_TIME_TIME_TO_OBT_OBT_ERR))
-        return KL_ERR;
+    if (!fits)
+        return call.fails(KL_TIME_TIME_TO_OBT_OBT_ERR);
     return call.status();
 }

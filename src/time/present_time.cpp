@@ -27,27 +27,26 @@ long KL_Time_current_time(const long *ascii_format, char *out, kl_error_record *
     // On purpose: the codes are recorded under the row of another function, whose texts are then shown.
     Activation call(KL_FN_TIME_GET_LEAP_SECOND_INFO, error);
     const std::time_t now = std::time(nullptr);
-    if (now == static_cast<std::time_t>(-1) && call.stops(kNoClock))
-        return KL_ERR;
+    if (now == static_cast<std::time_t>(-1))
+        return call.fails(kNoClock);
 
     char text[KL_TIME_ASCII_LENGTH];
-    if (pthread_mutex_lock(&clock_mutex) != 0 && call.stops(kNoLock))
-        return KL_ERR;
+    if (pthread_mutex_lock(&clock_mutex) != 0)
+        return call.fails(kNoLock);
     const bool broken_down = break_down(now, text);
     if (pthread_mutex_unlock(&clock_mutex) != 0) {
         std::puts("!!! Error closing the threads. All threads will be closed");
         return KL_ERR;
     }
-    if (!broken_down && call.stops(kNoClock))
-        return KL_ERR;
+    if (!broken_down)
+        return call.fails(kNoClock);
 
     const long own_format = KL_ASCII_41;
     const long utc = KL_TIME_UTC;
     long ierr[2];
     if (ascii_format == nullptr || *ascii_format != own_format) {
-        if (kl_time_ascii_to_ascii(nullptr, &own_format, &utc, text, ascii_format, &utc, text, ierr) == KL_ERR
-            && call.stops(kNoConversion))
-            return KL_ERR;
+        if (kl_time_ascii_to_ascii(nullptr, &own_format, &utc, text, ascii_format, &utc, text, ierr) == KL_ERR)
+            return call.fails(kNoConversion);
     }
     if (out == nullptr)
         return KL_ERR;

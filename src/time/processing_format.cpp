@@ -26,14 +26,13 @@ const MessageGroup messages_KL_Time_p2t_format_to_std = group(kToStandardRows);
 long KL_Time_check_processing_inputs(long format, long ref, const double *time, kl_error_record *error)
 {
     Activation call(KL_FN_TIME_CHECK_PROCESSING_INPUTS, error);
-    if (format != KL_PROC && call.stops(KL_CHECK_IN_FORMAT, &format))
-        return KL_ERR;
-    if (!is_time_ref(ref) && call.stops(KL_CHECK_IN_REF, &ref))
-        return KL_ERR;
+    if (format != KL_PROC)
+        return call.fails(KL_CHECK_IN_FORMAT, &format);
+    if (!is_time_ref(ref))
+        return call.fails(KL_CHECK_IN_REF, &ref);
     if (time == nullptr || !inside_processing_range(*time)) {
         const long shown = time != nullptr ? truncated_to_long(*time) : 0;
-        if (call.stops(KL_CHECK_IN_DAYS, &shown))
-            return KL_ERR;
+        return call.fails(KL_CHECK_IN_DAYS, &shown);
     }
     return call.status();
 }
@@ -41,10 +40,10 @@ long KL_Time_check_processing_inputs(long format, long ref, const double *time, 
 long KL_Time_check_processing_outputs(long format, long ref, kl_error_record *error)
 {
     Activation call(KL_FN_TIME_CHECK_PROCESSING_OUTPUTS, error);
-    if (format != KL_PROC && call.stops(KL_CHECK_OUT_FORMAT, &format))
-        return KL_ERR;
-    if (!is_time_ref(ref) && call.stops(KL_CHECK_OUT_REF, &ref))
-        return KL_ERR;
+    if (format != KL_PROC)
+        return call.fails(KL_CHECK_OUT_FORMAT, &format);
+    if (!is_time_ref(ref))
+        return call.fails(KL_CHECK_OUT_REF, &ref);
     return call.status();
 }
 
@@ -66,9 +65,8 @@ long KL_Time_p2t_format_to_std(kl_time_id *time_id, long ref, const double *time
 
     // Rounded up to midnight: the next day, or the 61st second of a day with a leap second.
     long leap_flag = 0;
-    if (ref == KL_TIME_UTC && KL_Time_check_leap_second(time_id, ref, out, &leap_flag, nullptr) != 0
-        && call.stops(KL_P2T_LEAP_SECOND))
-        return KL_ERR;
+    if (ref == KL_TIME_UTC && KL_Time_check_leap_second(time_id, ref, out, &leap_flag, nullptr) != 0)
+        return call.fails(KL_P2T_LEAP_SECOND);
     if (leap_flag == 0) {
         out->seconds = 0;
         ++out->days;

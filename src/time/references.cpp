@@ -33,8 +33,8 @@ long KL_Time_enum_to_Time_ref_enum(int ref)
 long KL_Check_time_ref(const long *ref, kl_error_record *error)
 {
     Activation call(KL_FN_CHECK_TIME_REF, error);
-    if ((ref == nullptr || *ref < KL_TIME_UNDEF || *ref > KL_TIME_GPS) && call.stops(kNotCorrect))
-        return KL_ERR;
+    if (ref == nullptr || *ref < KL_TIME_UNDEF || *ref > KL_TIME_GPS)
+        return call.fails(kNotCorrect);
     return call.status();
 }
 

@@ -229,8 +229,8 @@ long KL_Time_ref_init_check_inputs(const double tri_time[4], kl_error_record *er
 {
     Activation call(KL_FN_TIME_REF_INIT_CHECK_INPUTS, error);
     for (int i = 0; i < 4; ++i) // TAI, UTC, UT1, GPS: codes 0 to 3
-        if ((tri_time == nullptr || !inside_processing_range(tri_time[i])) && call.stops(i))
-            return KL_ERR;
+        if (tri_time == nullptr || !inside_processing_range(tri_time[i]))
+            return call.fails(i);
     return call.status();
 }
 
@@ -240,8 +240,8 @@ long kl_time_ref_init(const double tri_time[4], const long * /*orbit*/, const do
     Activation call(KL_FN_TIME_REF_INIT, ierr);
     if (time_id == nullptr)
         return KL_ERR;
-    if (kl_time_init_status(time_id) != 0 && call.stops(KL_TIME_REF_INIT_ID_ERR))
-        return KL_ERR;
+    if (kl_time_init_status(time_id) != 0)
+        return call.fails(KL_TIME_REF_INIT_ID_ERR);
     ErrorRecord check;
     if (KL_Time_ref_init_check_inputs(tri_time, &check) == KL_ERR
         && call.stops(KL_FN_TIME_REF_INIT_CHECK_INPUTS, check, kInitInput))
@@ -249,8 +249,7 @@ long kl_time_ref_init(const double tri_time[4], const long * /*orbit*/, const do
 
     TimeIdRecord *record = new_record(1);
     if (record == nullptr) {
-        (void)call.stops(KL_TIME_REF_INIT_MEMORY_ERR);
-        return KL_ERR;
+        return call.fails(KL_TIME_REF_INIT_MEMORY_ERR);
     }
     const double tai = tri_time[0];
     kl_time_row &row = record->rows[0]; // its UTC time stays unset: nothing reads it
@@ -262,16 +261,16 @@ long kl_time_ref_init(const double tri_time[4], const long * /*orbit*/, const do
     record->model = KL_TIME_MODEL_EXPLICIT;
     record->combination = kNoCombination;
     record->no_extrapolation = 1;
-    if (!publish(record, time_id) && call.stops(KL_TIME_REF_INIT_MEMORY_ERR))
-        return KL_ERR;
+    if (!publish(record, time_id))
+        return call.fails(KL_TIME_REF_INIT_MEMORY_ERR);
     return call.status();
 }
 
 long kl_time_close(kl_time_id *time_id, long *ierr)
 {
     Activation call(KL_FN_TIME_REF_CLOSE, ierr);
-    if (KL_Id_close(time_id) != 0 && call.stops(KL_TIME_REF_CLOSE_ID_ERR))
-        return KL_ERR;
+    if (KL_Id_close(time_id) != 0)
+        return call.fails(KL_TIME_REF_CLOSE_ID_ERR);
     free_record(static_cast<TimeIdRecord *>(time_id->record));
     time_id->record = nullptr;
     return call.status();

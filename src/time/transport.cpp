@@ -144,33 +144,31 @@ long read_transport(kl_time_id *time_id, long id, long ref, const long fields[4]
 {
     Activation call(KL_FN_TIME_CHECK_TRANSPORT_INPUTS, error);
     const Format *format = format_of(id);
-    if (format == nullptr && call.stops(KL_TRANS_IN_FORMAT, &id))
-        return KL_ERR;
-    if (!is_time_ref(ref) && call.stops(KL_TRANS_IN_REF, &ref))
-        return KL_ERR;
-    if (format->gps_only && ref != KL_TIME_GPS && call.stops(KL_TRANS_IN_GPS_REF, &ref))
-        return KL_ERR;
-    if (fields == nullptr && call.stops(format->fields[0].fault))
-        return KL_ERR;
+    if (format == nullptr)
+        return call.fails(KL_TRANS_IN_FORMAT, &id);
+    if (!is_time_ref(ref))
+        return call.fails(KL_TRANS_IN_REF, &ref);
+    if (format->gps_only && ref != KL_TIME_GPS)
+        return call.fails(KL_TRANS_IN_GPS_REF, &ref);
+    if (fields == nullptr)
+        return call.fails(format->fields[0].fault);
 
     kl_std_record record = {0, 0, 0};
     for (int i = 0; i < KL_TRANSPORT_LENGTH; ++i) {
         const Field &field = format->fields[i];
         if (field.unit == Unit::none)
             break;
-        if ((fields[i] < field.first || fields[i] > field.last) && call.stops(field.fault, &fields[i]))
-            return KL_ERR;
+        if (fields[i] < field.first || fields[i] > field.last)
+            return call.fails(field.fault, &fields[i]);
         add(field.unit, fields[i], &record);
-        if (record.seconds == kDaySeconds && !ends_with_leap_second(time_id, ref, record.days)
-            && call.stops(KL_TRANS_IN_LEAP_SECOND, &fields[0]))
-            return KL_ERR;
+        if (record.seconds == kDaySeconds && !ends_with_leap_second(time_id, ref, record.days))
+            return call.fails(KL_TRANS_IN_LEAP_SECOND, &fields[0]);
     }
     carry(time_id, ref, &record);
     if (record.days > kLastDay) { // seconds of the last week, or ticks
         const bool by_ticks = id == KL_TRANS_23;
         const long shown = by_ticks ? fields[3] : record.days;
-        if (call.stops(by_ticks ? KL_TRANS_IN_TICKS : KL_TRANS_IN_DAYS, &shown))
-            return KL_ERR;
+        return call.fails(by_ticks ? KL_TRANS_IN_TICKS : KL_TRANS_IN_DAYS, &shown);
     }
     *out = record;
     return call.status();
@@ -222,11 +220,11 @@ long KL_Time_check_transport_outputs(long id, long ref, kl_error_record *error)
 {
     Activation call(KL_FN_TIME_CHECK_TRANSPORT_OUTPUTS, error);
     const Format *format = format_of(id);
-    if (format == nullptr && call.stops(KL_TRANS_OUT_FORMAT, &id))
-        return KL_ERR;
-    if (!is_time_ref(ref) && call.stops(KL_TRANS_OUT_REF, &ref))
-        return KL_ERR;
-    if (format->gps_only && ref != KL_TIME_GPS && call.stops(KL_TRANS_OUT_GPS_REF, &ref))
-        return KL_ERR;
+    if (format == nullptr)
+        return call.fails(KL_TRANS_OUT_FORMAT, &id);
+    if (!is_time_ref(ref))
+        return call.fails(KL_TRANS_OUT_REF, &ref);
+    if (format->gps_only && ref != KL_TIME_GPS)
+        return call.fails(KL_TRANS_OUT_GPS_REF, &ref);
     return call.status();
 }
