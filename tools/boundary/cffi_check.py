@@ -14,12 +14,12 @@ ROOT = Path(__file__).resolve().parents[2]
 def declarations() -> str:
     """What the preprocessor leaves of the header itself: the system's own types cffi knows already."""
     text = subprocess.run(
-        ["gcc", "-E", "-x", "c", "-std=c99", "-DKL_API=", str(ROOT / "include/kl_lib.h")],
+        ["gcc", "-E", "-x", "c", "-std=c99", "-DKL_API=", "-I", str(ROOT / "include"), str(ROOT / "include/kl_lib.h")],
         check=True, capture_output=True, text=True).stdout
     kept, own = [], False
     for line in text.splitlines():
         if line.startswith("# "):
-            own = "kl_lib.h" in line
+            own = "/include/kl" in line
         elif own:
             kept.append(line.replace('__attribute__((visibility("default")))', ""))
     return "\n".join(kept)

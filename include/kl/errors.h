@@ -1,0 +1,74 @@
+/**
+ * @file errors.h
+ * Error vectors, their codes and texts; versions.
+ */
+#ifndef KL_ERRORS_H
+#define KL_ERRORS_H
+
+#include "kl/types.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/*
+ * The error vector of a function is an array of long, one word except two for kl_time_ascii_to_ascii. Condition p of
+ * the function is bit p % 32 of word p / 32; bit 30 marks a word that holds a warning, the sign bit one that holds an
+ * error. Every call clears its words first, so that a vector may be used again. The first error ends a call.
+ * ierr may be NULL in any function: the status alone is returned then.
+ */
+
+/** Prints no messages: the state at load. Returns 0. */
+KL_API long kl_silent(void);
+
+/** From now on every message is printed on standard error as it is recorded, those of internal functions too. Returns
+ * 0. */
+KL_API long kl_verbose(void);
+
+/**
+ * Condition numbers in an error vector.
+ *
+ * @param[in]  func_id  public function id, KL_ID_FUNC_*
+ * @param[in]  ierr     [1, or 2 for kl_time_ascii_to_ascii] vector of that function
+ * @param[out] n_codes  number of conditions found; left as it is on failure, so start from 0
+ * @param[out] codes    [KL_MAX_CODES] their numbers, ascending (bit numbers: the KL_*_ERR and KL_*_WARN constants)
+ * @return 0, or -1 with a line on standard error when no function has the id
+ */
+KL_API long kl_get_code(const long *func_id, const long *ierr, long *n_codes, long *codes);
+
+/**
+ * Message texts of an error vector. Arguments of messages are not kept in a vector: numbers read 0 here.
+ *
+ * @param[in]  func_id  public function id, KL_ID_FUNC_*
+ * @param[in]  ierr     vector of that function
+ * @param[out] n_msg    number of messages; left as it is on failure
+ * @param[out] msg      MUST HAVE ALL KL_MAX_MSG (256) SLOTS of 512 characters: every one of them is cleared
+ * @return 0, or -1 with a line on standard error when no function has the id
+ */
+KL_API long kl_get_msg(const long *func_id, const long *ierr, long *n_msg, char msg[][512]);
+
+/**
+ * Prints messages on standard error, a line each.
+ *
+ * @param[in] n_msg  number of messages, at most KL_MAX_MSG; below 1 prints nothing
+ * @param[in] msg    the messages
+ * @return 0, or -1 when there are too many or printing fails
+ */
+KL_API long kl_print_msg(const long *n_msg, char msg[][512]);
+
+/** Frees an array that the library allocated for the caller and sets the pointer to NULL; NULL does nothing. */
+KL_API void kl_free_array(void **array);
+
+/**
+ * Prints the versions of the file-handling library, the data-handling library and this one on standard output, and a
+ * line for each pair that does not fit together, with the versions that would.
+ *
+ * @return 0, or -1 when a pair does not fit (or there is no memory to find out)
+ */
+KL_API long kl_check_library_version(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
