@@ -68,11 +68,12 @@ Turns z_turn(const kl_angle &degrees)
 // W = Ry(-xp) Rx(-yp)
 Turns polar_motion_turns(const kl_time_id *time_id, double ut1_days)
 {
-    const TimeIdRecord *id = time_record_of(time_id);
-    if (id == nullptr)
+    const Correlation *correlation = correlation_of(time_id);
+    if (correlation == nullptr)
         return {};
-    const PoleCoordinate x = pole_coordinate(id->pole_x, id->pole_reference_date, id->pole_period, ut1_days);
-    const PoleCoordinate y = pole_coordinate(id->pole_y, id->pole_reference_date, id->pole_period, ut1_days);
+    const PoleFormula &pole = correlation->pole;
+    const PoleCoordinate x = pole_coordinate(pole.x, pole.reference_date, pole.period, ut1_days);
+    const PoleCoordinate y = pole_coordinate(pole.y, pole.reference_date, pole.period, ut1_days);
     if (x.value == 0.0 && y.value == 0.0 && x.rate == 0.0 && y.rate == 0.0)
         return {}; // the identity, without sines
     return turns_by({{0, -y.value, -y.rate, 0.0}, {1, -x.value, -x.rate, 0.0}});

@@ -62,7 +62,7 @@ double column_of(const kl_time_row &row, long ref)
 // The row with column(row) <= t < column(row + 1), of rows 0 to n_rows - 2; t lies below the last row. The search goes
 // out from where an evenly spaced table would have the row.
 template <typename Column>
-long enclosing_row(const TimeIdRecord &id, double t, Column column)
+long enclosing_row(const Correlation &id, double t, Column column)
 {
     const kl_time_row *rows = id.rows;
     const long last = id.n_rows - 1;
@@ -87,7 +87,7 @@ long enclosing_row(const TimeIdRecord &id, double t, Column column)
 
 // The row of an instant inside the table: the one that KL_binary_search gives, or the next one once t has reached it.
 template <typename Column>
-long row_inside(const TimeIdRecord &id, long ref, double t, Column column)
+long row_inside(const Correlation &id, long ref, double t, Column column)
 {
     const kl_time_row *rows = id.rows;
     const long last = id.n_rows - 1;
@@ -115,13 +115,13 @@ Deltas deltas_of(const kl_time_row &row)
 }
 
 // The differences between row i and the next one, c0 and c1 in the column of the reference.
-Deltas deltas_between(const TimeIdRecord &id, long ref, double t, long i, double c0, double c1)
+Deltas deltas_between(const Correlation &id, long ref, double t, long i, double c0, double c1)
 {
     const kl_time_row &row = id.rows[i];
     const kl_time_row &next = id.rows[i + 1];
     Deltas deltas = deltas_of(row);
     deltas.tai_ut1 = next.tai_ut1 - (next.tai_ut1 - row.tai_ut1) * (c1 - t) / (c1 - c0);
-    if (id.leap_sign == 0)
+    if (id.leap.sign == 0)
         return deltas;
     deltas.leap = leap_flags(id, ref, i, c0, c1, t);
     if (deltas.leap.in || deltas.leap.after)
@@ -130,14 +130,14 @@ Deltas deltas_between(const TimeIdRecord &id, long ref, double t, long i, double
 }
 
 template <typename Column>
-Deltas deltas_inside(const TimeIdRecord &id, long ref, double t, Column column)
+Deltas deltas_inside(const Correlation &id, long ref, double t, Column column)
 {
     const long i = row_inside(id, ref, t, column);
     return deltas_between(id, ref, t, i, column(id.rows[i]), column(id.rows[i + 1]));
 }
 
 // After the table with the UT1-UTC formula; TAI-UT1 is left at 0 where nobody asks for it.
-Deltas deltas_by_formula(const TimeIdRecord &id, long ref, double t, bool with_ut1)
+Deltas deltas_by_formula(const Correlation &id, long ref, double t, bool with_ut1)
 {
     const kl_time_row &row = id.rows[id.n_rows - 1];
     double utc = t;
@@ -160,7 +160,7 @@ Deltas deltas_by_formula(const TimeIdRecord &id, long ref, double t, bool with_u
     return {row.tai_utc, tai_ut1, kGpsAfterTable, {false, false}, false, ref == KL_TIME_UT1};
 }
 
-Deltas deltas_outside(const TimeIdRecord &id, long ref, double t, double first, double last, bool with_ut1)
+Deltas deltas_outside(const Correlation &id, long ref, double t, double first, double last, bool with_ut1)
 {
     Deltas deltas;
     if (t < last) {
@@ -176,7 +176,7 @@ Deltas deltas_outside(const TimeIdRecord &id, long ref, double t, double first, 
 }
 
 template <typename Column>
-Deltas deltas_at(const TimeIdRecord &id, long ref, double t, bool with_ut1, Column column)
+Deltas deltas_at(const Correlation &id, long ref, double t, bool with_ut1, Column column)
 {
     const double first = column(id.rows[0]);
     const double last = column(id.rows[id.n_rows - 1]);
@@ -188,7 +188,7 @@ Deltas deltas_at(const TimeIdRecord &id, long ref, double t, bool with_ut1, Colu
 // The same for a conversion, which guesses the row before it knows t; clear of the slack around it no other row can
 // match.
 template <typename Column>
-Deltas quick_deltas(const TimeIdRecord &id, long ref, long row, double t, bool with_ut1, Column column)
+Deltas quick_deltas(const Correlation &id, long ref, long row, double t, bool with_ut1, Column column)
 {
     if (row >= 0) {
         const double c0 = column(id.rows[row]);
@@ -200,7 +200,7 @@ Deltas quick_deltas(const TimeIdRecord &id, long ref, long row, double t, bool w
 }
 
 // False where there is more to report than that the instant is outside the table, or lines to print of what it met.
-bool quick_deltas(const TimeIdRecord &id, long ref, long row, const kl_std_record &record, double t, bool with_ut1,
+bool quick_deltas(const Correlation &id, long ref, long row, const kl_std_record &record, double t, bool with_ut1,
                   Deltas *deltas)
 {
     if (id.model == 0 || !inside_processing_range(static_cast<double>(record.days)))
@@ -215,7 +215,7 @@ long look_up(const kl_time_id *time_id, long ref, double t, Deltas *deltas, kl_e
     Activation call(KL_FN_TIME_REF_INIT_FILE_DELTAS, error);
     if (KL_Check_time_ref_2(ref) == 0)
         return call.fails(KL_DELTAS_REF);
-    const TimeIdRecord *id = time_record_of(time_id);
+    const Correlation *id = correlation_of(time_id);
     if (id == nullptr || id->model == 0)
         return call.fails(KL_DELTAS_NOT_INITIALISED);
     if (id->model == KL_TIME_MODEL_EXPLICIT) {
@@ -234,7 +234,7 @@ long look_up(const kl_time_id *time_id, long ref, double t, Deltas *deltas, kl_e
 // Of the look-up's warnings only the one for an instant outside the table is passed on.
 bool look_up_record(const kl_time_id *time_id, long ref, const kl_std_record &instant, Deltas *deltas, Activation *call)
 {
-    const TimeIdRecord *id = time_record_of(time_id);
+    const Correlation *id = correlation_of(time_id);
     if (id != nullptr && id->model == KL_TIME_MODEL_EXPLICIT && KL_Check_time_ref_2(ref) == 1) {
         *deltas = deltas_of(id->rows[0]);
         return true;
@@ -271,10 +271,10 @@ void normalise_microseconds(kl_std_record *record)
 }
 
 // A UTC record, seconds not yet brought into the day, at a leap second of its id: true when it has been placed.
-bool place_in_leap_second(const TimeIdRecord &id, const LeapFlags &leap, kl_std_record *utc)
+bool place_in_leap_second(const Correlation &id, const LeapFlags &leap, kl_std_record *utc)
 {
-    const long day_before = static_cast<long>(id.leap_utc) - 1;
-    if (id.leap_sign > 0) {
+    const long day_before = static_cast<long>(id.leap.utc) - 1;
+    if (id.leap.sign > 0) {
         // The flag comes from days in a double, which may put the last microsecond on either side of the end of the
         // leap second. The whole seconds tell: after the instant, and still on the day before.
         kl_std_record plain = *utc;
@@ -285,7 +285,7 @@ bool place_in_leap_second(const TimeIdRecord &id, const LeapFlags &leap, kl_std_
         utc->seconds = kLastSecond + 1;
         return true;
     }
-    if (id.leap_sign < 0) {
+    if (id.leap.sign < 0) {
         // Rows that do not stand at midnight let the second that a negative leap second takes away come out once more.
         kl_std_record plain = *utc;
         normalise_seconds(&plain);
@@ -323,7 +323,7 @@ kl_std_record added(kl_std_record record, long ref, const Deltas &deltas)
 }
 
 // A TAI record to a scale with the differences at it.
-kl_std_record subtracted(kl_std_record record, const TimeIdRecord &id, long ref, const Deltas &deltas)
+kl_std_record subtracted(kl_std_record record, const Correlation &id, long ref, const Deltas &deltas)
 {
     switch (ref) {
     case KL_TIME_UTC:
@@ -424,13 +424,13 @@ long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *
     return call.status();
 }
 
-long likely_row(const TimeIdRecord &id, double about)
+long likely_row(const Correlation &id, double about)
 {
     const double row = (about - id.rows[0].tai) * id.rows_per_day;
     return row >= 0.0 && row < static_cast<double>(id.n_rows - 1) ? static_cast<long>(row) : -1;
 }
 
-bool quickly_to_tai(const TimeIdRecord &id, long ref, long row, kl_std_record *record, bool *out_of_range)
+bool quickly_to_tai(const Correlation &id, long ref, long row, kl_std_record *record, bool *out_of_range)
 {
     Deltas deltas;
     if (ref == KL_TIME_TAI)
@@ -457,11 +457,11 @@ long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record
     const long own_ref = KL_Check_time_ref_2(ref) == 1 ? long{KL_TIME_TAI} : ref;
     if (!look_up_record(time_id, own_ref, *in, &deltas, &call))
         return KL_ERR;
-    *out = subtracted(*in, *time_record_of(time_id), ref, deltas);
+    *out = subtracted(*in, *correlation_of(time_id), ref, deltas);
     return call.status();
 }
 
-bool quickly_from_tai(const TimeIdRecord &id, long ref, long row, double tai_days, kl_std_record *record,
+bool quickly_from_tai(const Correlation &id, long ref, long row, double tai_days, kl_std_record *record,
                       bool *out_of_range)
 {
     Deltas deltas;
@@ -474,9 +474,10 @@ bool quickly_from_tai(const TimeIdRecord &id, long ref, long row, double tai_day
     return true;
 }
 
-long once_only_warning(TimeIdRecord *id, long set, double tai_days)
+long once_only_warning(TimeIdRecord *record, long set, double tai_days)
 {
-    auto &was_inside = id->previous_inside[set];
+    const Correlation *id = &record->correlation;
+    auto &was_inside = record->previous_inside[set];
     // Notes whether this computation is in the good region of a flag; true when the one before was and this is not.
     const auto leaves = [&](int flag, bool inside) {
         const bool before = was_inside[flag].load(std::memory_order_relaxed) == 1;
@@ -510,7 +511,7 @@ long KL_Check_Time_warn_flags(kl_time_id *time_id, const kl_std_record *tai, con
     if (tai == nullptr || selector == nullptr || warning == nullptr || *selector < KL_FLAGS_CONVERSION
         || *selector > KL_FLAGS_FRAME_CHANGE)
         return KL_ERR;
-    if (id == nullptr || id->model == KL_TIME_MODEL_EXPLICIT) // explicit values hold at every instant
+    if (id == nullptr || id->correlation.model == KL_TIME_MODEL_EXPLICIT) // explicit values hold at every instant
         return KL_OK;
 
     *warning = once_only_warning(id, *selector, processing_of(*tai));

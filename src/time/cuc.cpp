@@ -120,15 +120,16 @@ bool convert_quickly(TimeIdRecord *id, long ref_in, double days, long ref_out, d
     kl_std_record record = {static_cast<long>(days), 0, 0};
     if (static_cast<double>(record.days) != days)
         return false;
-    if (id->model == KL_TIME_MODEL_EXPLICIT) {
-        shift_by_explicit_values(id->rows[0], ref_in, ref_out, &record);
+    if (id->correlation.model == KL_TIME_MODEL_EXPLICIT) {
+        shift_by_explicit_values(id->correlation.rows[0], ref_in, ref_out, &record);
     } else {
         bool out_of_range = false;
-        const long row = likely_row(*id, days);
-        if (is_verbose() || !quickly_to_tai(*id, ref_in, row, &record, &out_of_range))
+        const long row = likely_row(id->correlation, days);
+        if (is_verbose() || !quickly_to_tai(id->correlation, ref_in, row, &record, &out_of_range))
             return false;
         const double tai_days = processing_of(record);
-        if (!quickly_from_tai(*id, ref_out, row, tai_days, &record, &out_of_range) || record.seconds == 86400)
+        if (!quickly_from_tai(id->correlation, ref_out, row, tai_days, &record, &out_of_range)
+            || record.seconds == 86400)
             return false;
         (void)once_only_warning(id, KL_FLAGS_CONVERSION, tai_days); // last: the whole conversion would look once more
     }

@@ -313,9 +313,9 @@ private:
     {
         TimeIdRecord *id = time_record_of(time_id_);
         const bool changes = ref_out != ref_;
-        if (id != nullptr && id->model == KL_TIME_MODEL_EXPLICIT) {
+        if (id != nullptr && id->correlation.model == KL_TIME_MODEL_EXPLICIT) {
             if (changes)
-                shift_by_explicit_values(id->rows[0], ref_, ref_out, &record_);
+                shift_by_explicit_values(id->correlation.rows[0], ref_, ref_out, &record_);
         } else if (id != nullptr) {
             if (!by_table(id, ref_out))
                 return false;
@@ -336,15 +336,15 @@ private:
     {
         const bool changes = ref_out != ref_;
         bool out_of_range = false;
-        const long row = likely_row(*id, about());
-        if (changes && !quickly_to_tai(*id, ref_, row, &record_, &out_of_range)
+        const long row = likely_row(id->correlation, about());
+        if (changes && !quickly_to_tai(id->correlation, ref_, row, &record_, &out_of_range)
             && !step(KL_Time_t2t_ref_to_tai, KL_FN_TIME_T2T_REF_TO_TAI, ref_, kReferenceStep))
             return false;
         const double tai_days = processing_of(record_);
         const long warning = once_only_warning(id, KL_FLAGS_CONVERSION, tai_days);
         if (warning != 0)
             call_.warns(static_cast<int>(kBulletinA + warning - 1));
-        if (changes && !quickly_from_tai(*id, ref_out, row, tai_days, &record_, &out_of_range)
+        if (changes && !quickly_from_tai(id->correlation, ref_out, row, tai_days, &record_, &out_of_range)
             && !step(KL_Time_t2t_ref_from_tai, KL_FN_TIME_T2T_REF_FROM_TAI, ref_out, kReferenceStepBack))
             return false;
         if (out_of_range)

@@ -94,30 +94,30 @@ long KL_Time_check_leap_second(kl_time_id *time_id, long ref, const kl_std_recor
     // On purpose: neither the reference nor the sign is looked at, so the day of a negative leap second keeps its 86400
     // seconds as well.
     if (leap_flag != nullptr)
-        *leap_flag = leap_sign_of_day(time_record_of(time_id), rec->days);
+        *leap_flag = leap_sign_of_day(correlation_of(time_id), rec->days);
     return call.status();
 }
 
-LeapFlags leap_flags(const TimeIdRecord &id, long ref, long row, double first, double last, double time)
+LeapFlags leap_flags(const Correlation &id, long ref, long row, double first, double last, double time)
 {
-    if (id.leap_sign == 0)
+    if (id.leap.sign == 0)
         return {false, false};
     double since = 0.0; // days since the leap-second instant
     if (ref == KL_TIME_TAI) {
-        if (!(first <= id.leap_tai && id.leap_tai <= last))
+        if (!(first <= id.leap.tai && id.leap.tai <= last))
             return {false, false};
-        since = time - id.leap_tai;
+        since = time - id.leap.tai;
     } else {
         const kl_time_row &here = id.rows[row];
         const kl_time_row &next = row + 1 < id.n_rows ? id.rows[row + 1] : here;
-        if (!(here.utc <= id.leap_utc && id.leap_utc < next.utc))
+        if (!(here.utc <= id.leap.utc && id.leap.utc < next.utc))
             return {false, false};
         double utc = time;
         if (ref == KL_TIME_UT1)
             utc += (here.tai_ut1 - here.tai_utc) / KL_SECONDS_PER_DAY;
         else if (ref == KL_TIME_GPS)
             utc += (here.tai_gps - here.tai_utc) / KL_SECONDS_PER_DAY;
-        since = utc - id.leap_utc;
+        since = utc - id.leap.utc;
     }
     if (!(KL_MICROSECONDS_PER_DAY * since >= -kHalfMicrosecond))
         return {false, false};
@@ -131,7 +131,7 @@ long KL_Check_if_time_is_post_leap_second(kl_time_id *time_id, long ref, long ro
         return KL_ERR;
     *in_leap_second = 0;
     *after_leap_second = 0;
-    const TimeIdRecord *id = time_record_of(time_id);
+    const Correlation *id = correlation_of(time_id);
     if (id == nullptr || row < 0 || row >= id->n_rows)
         return KL_ERR;
     const LeapFlags flags = leap_flags(*id, ref, row, first, last, time);
@@ -152,16 +152,16 @@ long kl_time_get_leap_second_info(kl_time_id *time_id, const long *ascii_id_out,
     const long format = value_or(ascii_id_out, -1);
     if (KL_Time_check_ascii_outputs(format, KL_TIME_UTC, nullptr) == KL_ERR)
         return call.fails(KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR);
-    const TimeIdRecord *id = time_record_of(time_id);
+    const Correlation *id = correlation_of(time_id);
     if (id == nullptr)
         call.warns(KL_TIME_GET_LEAP_SECOND_INFO_TIME_ID_WARN);
-    if (id == nullptr || id->leap_sign == 0)
+    if (id == nullptr || id->leap.sign == 0)
         return call.status();
 
-    *leap_sign = id->leap_sign;
+    *leap_sign = id->leap.sign;
     // No time id: an instant that is only written must not spend a once-only warning.
-    if (!write_utc(id->leap_utc, format, utc_time_after)
-        || !write_utc(id->leap_utc - kBeforeTheLeap, format, utc_time_before))
+    if (!write_utc(id->leap.utc, format, utc_time_after)
+        || !write_utc(id->leap.utc - kBeforeTheLeap, format, utc_time_before))
         return call.fails(KL_TIME_GET_LEAP_SECOND_INFO_CONVERT_ERR);
     return call.status();
 }

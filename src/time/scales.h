@@ -4,8 +4,9 @@
 
 #include "errors/activation.h"
 #include "kl_family.h"
+#include "time/correlation.h"
+#include "time/time_record.h"
 
-#include <atomic>
 #include <cstdint>
 
 constexpr double KL_SECONDS_PER_DAY = 86400.0;
@@ -60,43 +61,6 @@ enum { KL_P2T_LEAP_SECOND = 0 };                                            // K
 enum { KL_TO_TAI_NOT_INITIALISED = 0, KL_TO_TAI_OUT_OF_RANGE = 1, KL_TO_TAI_LEAP_SECOND = 2 }; // and from TAI, 0 and 1
 enum { KL_GET_TIME_IN_REF_FAILED = 0 };
 
-// ---- the record of a time id ----
-constexpr long KL_TIME_MODEL_EXPLICIT = -1; // one row of explicit values
-constexpr long KL_COMBINATION_TWO_BULLETINS = 2;
-
-// The once-only warnings keep two sets of "previous computation" flags: the conversions use one, frame changes the
-// other, so that a conversion inside a frame change does not spend the warning that the frame change has to give.
-enum { KL_FLAGS_CONVERSION = 0, KL_FLAGS_FRAME_CHANGE = 1 };
-
-struct TimeIdRecord {
-    kl_id_record head;
-    long model;
-    std::atomic<std::int32_t> previous_inside[2][3]; // F1, F2, F3 of each set; relaxed
-    long combination;
-    long no_extrapolation;
-    // Fields of the builders from files, zero in an id of explicit values.
-    long second_bulletin_row;
-    double a, b, c;                // UT1-UTC after the table
-    double pole_x[5], pole_y[5];   // bulletin's pole formula
-    double pole_reference_date[2]; // MJD2000
-    double pole_period[2];         // days
-    long leap_sign;
-    double leap_utc, leap_tai; // MJD2000
-    long n_rows;
-    kl_time_row *rows;
-    long (*row_notes)[2]; // beside the rows, for the builders from files
-    double rows_per_day;  // of an evenly spaced table; where the search of an uneven one starts
-};
-
-// The record of an initialised id, else null.
-inline TimeIdRecord *time_record_of(const kl_time_id *time_id)
-{
-    if (time_id == nullptr || time_id->record == nullptr)
-        return nullptr;
-    TimeIdRecord *record = static_cast<TimeIdRecord *>(time_id->record);
-    return record->head.init_status == 1 ? record : nullptr;
-}
-
 // Is it one of the four public references?
 inline bool is_time_ref(long ref)
 {
@@ -146,9 +110,9 @@ inline void normalise_seconds(kl_std_record *record)
 // ---- leap seconds ----
 
 // Does the UTC day end with the leap second that the id knows? Its sign, or 0.
-inline long leap_sign_of_day(const TimeIdRecord *id, long days)
+inline long leap_sign_of_day(const Correlation *id, long days)
 {
-    return id != nullptr && id->leap_sign != 0 && days == static_cast<long>(id->leap_utc - 1.0) ? id->leap_sign : 0;
+    return id != nullptr && id->leap.sign != 0 && days == static_cast<long>(id->leap.utc - 1.0) ? id->leap.sign : 0;
 }
 
 // Where an instant lies with respect to the leap second of the id.
@@ -156,7 +120,7 @@ struct LeapFlags {
     bool in, after;
 };
 // `first` and `last`: column of the reference in the row and in the one after it.
-LeapFlags leap_flags(const TimeIdRecord &id, long ref, long row, double first, double last, double time);
+LeapFlags leap_flags(const Correlation &id, long ref, long row, double first, double last, double time);
 
 // ---- one instant between a scale and TAI ----
 
@@ -200,10 +164,10 @@ inline void shift_by_explicit_values(const kl_time_row &row, long from, long to,
 // As KL_Time_t2t_ref_to_tai and _from_tai, in place and without error records: out_of_range becomes true where they
 // warn of it. False, with the record as it is, where they have more to report or to print; then they have to be asked.
 // `row` is that of likely_row, where the instant may lie: with a wrong one the result is the same and takes longer.
-bool quickly_to_tai(const TimeIdRecord &id, long ref, long row, kl_std_record *record, bool *out_of_range);
-bool quickly_from_tai(const TimeIdRecord &id, long ref, long row, double tai_days, kl_std_record *record,
+bool quickly_to_tai(const Correlation &id, long ref, long row, kl_std_record *record, bool *out_of_range);
+bool quickly_from_tai(const Correlation &id, long ref, long row, double tai_days, kl_std_record *record,
                       bool *out_of_range);
-long likely_row(const TimeIdRecord &id, double about); // -1 outside the table
+long likely_row(const Correlation &id, double about); // -1 outside the table
 
 // KL_Check_Time_warn_flags of a table: 0, or the warning 1 to 3.
 long once_only_warning(TimeIdRecord *id, long set, double tai_days);
@@ -304,7 +268,7 @@ long KL_Time_check_transport_outputs(long format, long ref, kl_error_record *err
 // Does the day end with a positive leap second of the id? Only UTC has any.
 inline bool ends_with_leap_second(const kl_time_id *time_id, long ref, long day)
 {
-    return ref == KL_TIME_UTC && leap_sign_of_day(time_record_of(time_id), day) > 0;
+    return ref == KL_TIME_UTC && leap_sign_of_day(correlation_of(time_id), day) > 0;
 }
 
 #endif

@@ -122,11 +122,11 @@ TEST(FrameAccuracy, PolarMotionHasTheSignsOfErfaAndMovesEvenThroughZero)
     for (const auto &pole : kPoles) {
         SCOPED_TRACE(pole.what);
         ChainTimeId owned;
-        auto *record = static_cast<TimeIdRecord *>(owned.id.record);
-        std::copy(pole.x, pole.x + 5, record->pole_x);
-        std::copy(pole.y, pole.y + 5, record->pole_y);
-        std::copy_n(kPolePeriods, 2, record->pole_period);
-        std::copy_n(pole.reference_dates, 2, record->pole_reference_date);
+        PoleFormula &formula = static_cast<TimeIdRecord *>(owned.id.record)->correlation.pole;
+        std::copy(pole.x, pole.x + 5, formula.x);
+        std::copy(pole.y, pole.y + 5, formula.y);
+        std::copy_n(kPolePeriods, 2, formula.period);
+        std::copy_n(pole.reference_dates, 2, formula.reference_date);
         double position[3] = {kRadius, -kRadius, kRadius}, rival[3][3], expected[3], rate[3];
         ChainState yesterday(KL_PEF, 0, resting), now(KL_PEF, 2, resting), tomorrow(KL_PEF, 0, resting);
         carry(owned, {kUt1, kMjd2000, kPoleDay - 1.0}, &yesterday, KL_EF);

@@ -115,7 +115,7 @@ TEST(TimeIdData, ATableTakesThePlaceOfTheOneBeforeUnlessThereIsNoMemory)
     NamedIds ids;
     kl_time_id *const id = ids[kPositiveLeap];
     Table other = ten_days();
-    for (int nth = 0; nth < 3 && faults::available(); ++nth) { // each allocation
+    for (int nth = 0; nth < 2 && faults::available(); ++nth) { // the rows, their notes
         faults::Fail fail(faults::Site::kAllocation, nth);
         const long status = other.set(id);
         ASSERT_TRUE(fail.disarm());

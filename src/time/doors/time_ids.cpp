@@ -1,0 +1,196 @@
+// Time ids: built from explicit values or from a table of rows, their data, and their release.
+#include "errors/message_groups.h"
+#include "time/scales.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+// The orbit arguments are not looked at: their conditions are never recorded.
+constexpr Message kCheckRows[] = {
+    error("TAI time is out of range"),          error("UTC time is out of range"),
+    error("UT1 time is out of range"),          error("GPS time is out of range"),
+    error("Absolute orbit number is negative"), error("Elapsed time since ANX is negative"),
+    error("Orbit duration is negative"),        error("ANX time is bigger than orbit duration"),
+};
+constexpr Message kInitRows[] = {
+    /* KL_TIME_REF_INIT_TAI_ERR            */ kCheckRows[0],
+    /* KL_TIME_REF_INIT_UTC_ERR            */ kCheckRows[1],
+    /* KL_TIME_REF_INIT_UT1_ERR            */ kCheckRows[2],
+    /* KL_TIME_REF_INIT_GPS_ERR            */ kCheckRows[3],
+    /* KL_TIME_REF_INIT_ORBIT_ERR          */ kCheckRows[4],
+    /* KL_TIME_REF_INIT_ANX_TIME_ERR       */ kCheckRows[5],
+    /* KL_TIME_REF_INIT_ORBIT_DURATION_ERR */ kCheckRows[6],
+    /* KL_TIME_REF_INIT_ANX_DURATION_ERR   */ kCheckRows[7],
+    /* KL_TIME_REF_INIT_MEMORY_ERR         */ error("Memory allocation error"),
+    /* KL_TIME_REF_INIT_ID_ERR             */ error("Time reference ID is already initialized"),
+};
+constexpr Message kCloseRows[] = {
+    /* KL_TIME_REF_CLOSE_ID_ERR */ error("The Time Id is not initialized or it could be in use by another Id."),
+};
+constexpr CodeMap kInitInput[] = {
+    {0, KL_TIME_REF_INIT_TAI_ERR},
+    {1, KL_TIME_REF_INIT_UTC_ERR},
+    {2, KL_TIME_REF_INIT_UT1_ERR},
+    {3, KL_TIME_REF_INIT_GPS_ERR},
+};
+
+constexpr long kNoCombination = -1;
+
+// A copy of what is given, completed, to the handle; null, or what hinders it.
+const char *hand_over(const Correlation &given, kl_time_id *time_id)
+{
+    Correlation own;
+    if (!copy_arrays(given, &own))
+        return "Memory allocation error";
+    const bool completed = complete(&own);
+    if (completed && publish(own, time_id))
+        return nullptr;
+    free_arrays(&own);
+    return completed ? "Memory allocation error" : "Could not compute leap second";
+}
+
+long refuse(const char *function, const char *fault)
+{
+    if (is_verbose())
+        std::fprintf(stderr, "ORBKIT_LIB >>> ERROR in %s: %s\n", function, fault);
+    return KL_ERR;
+}
+
+} // namespace
+
+const MessageGroup messages_KL_Time_ref_init_check_inputs = group(kCheckRows);
+const MessageGroup messages_kl_time_ref_init = group(kInitRows);
+const MessageGroup messages_kl_time_ref_close = group(kCloseRows);
+
+long KL_Time_ref_init_check_inputs(const double tri_time[4], kl_error_record *error)
+{
+    Activation call(KL_FN_TIME_REF_INIT_CHECK_INPUTS, error);
+    for (int i = 0; i < 4; ++i) // TAI, UTC, UT1, GPS: codes 0 to 3
+        if (tri_time == nullptr || !inside_processing_range(tri_time[i]))
+            return call.fails(i);
+    return call.status();
+}
+
+long kl_time_ref_init(const double tri_time[4], const long * /*orbit*/, const double * /*anx_time*/,
+                      const double * /*orbit_duration*/, kl_time_id *time_id, long *ierr)
+{
+    Activation call(KL_FN_TIME_REF_INIT, ierr);
+    if (time_id == nullptr)
+        return KL_ERR;
+    if (kl_time_init_status(time_id) != 0)
+        return call.fails(KL_TIME_REF_INIT_ID_ERR);
+    ErrorRecord check;
+    if (KL_Time_ref_init_check_inputs(tri_time, &check) == KL_ERR
+        && call.stops(KL_FN_TIME_REF_INIT_CHECK_INPUTS, check, kInitInput))
+        return KL_ERR;
+
+    const double tai = tri_time[0];
+    kl_time_row row = {}; // its UTC time stays unset: nothing reads it
+    row.tai = tai;
+    row.ut1 = tri_time[2];
+    row.tai_utc = std::round(KL_SECONDS_PER_DAY * (tai - tri_time[1])); // half seconds away from zero
+    row.tai_ut1 = KL_SECONDS_PER_DAY * (tai - tri_time[2]);
+    row.tai_gps = std::round(KL_SECONDS_PER_DAY * (tai - tri_time[3]));
+    Correlation given = {};
+    given.model = KL_TIME_MODEL_EXPLICIT;
+    given.combination = kNoCombination;
+    given.no_extrapolation = 1;
+    given.n_rows = 1;
+    given.rows = &row;
+    if (hand_over(given, time_id) != nullptr)
+        return call.fails(KL_TIME_REF_INIT_MEMORY_ERR);
+    return call.status();
+}
+
+long kl_time_close(kl_time_id *time_id, long *ierr)
+{
+    Activation call(KL_FN_TIME_REF_CLOSE, ierr);
+    if (KL_Id_close(time_id) != 0)
+        return call.fails(KL_TIME_REF_CLOSE_ID_ERR);
+    free_time_record(static_cast<TimeIdRecord *>(time_id->record));
+    time_id->record = nullptr;
+    return call.status();
+}
+
+long kl_time_init_status(kl_time_id *time_id)
+{
+    return KL_Id_init_status(time_id);
+}
+
+long kl_time_get_mode(kl_time_id *time_id)
+{
+    return time_record_of(time_id) != nullptr ? KL_Id_get_mode(time_id) : 0;
+}
+
+long kl_time_get_sat_id(kl_time_id *time_id)
+{
+    return time_record_of(time_id) != nullptr ? KL_Id_get_sat_id(time_id) : 0;
+}
+
+long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data)
+{
+    const Correlation *own = correlation_of(time_id);
+    if (own == nullptr)
+        return refuse("kl_time_get_id_data", "The Time Id is not initialized");
+    if (data == nullptr)
+        return refuse("kl_time_get_id_data", "There is no record to fill");
+    auto *rows = static_cast<kl_time_row *>(std::calloc(static_cast<std::size_t>(own->n_rows), sizeof(kl_time_row)));
+    if (rows == nullptr)
+        return refuse("kl_time_get_id_data", "Memory allocation error");
+    std::copy(own->rows, own->rows + own->n_rows, rows);
+    if (own->model == KL_TIME_MODEL_EXPLICIT)
+        rows[0].utc = rows[0].tai - rows[0].tai_utc / KL_SECONDS_PER_DAY;
+    *data = {own->model,
+             own->combination,
+             own->no_extrapolation,
+             own->second_bulletin_row,
+             own->a,
+             own->b,
+             own->c,
+             own->leap.sign,
+             own->leap.utc,
+             own->leap.tai,
+             own->n_rows,
+             rows};
+    return KL_OK;
+}
+
+long kl_time_set_id_data(kl_time_id *time_id, const kl_time_id_data *data)
+{
+    constexpr const char *kName = "kl_time_set_id_data";
+    if (time_id == nullptr)
+        return refuse(kName, "There is no Time Id");
+    Correlation given = {};
+    if (data != nullptr) {
+        given.model = data->model;
+        given.combination = data->combination;
+        given.no_extrapolation = data->no_extrapolation;
+        given.second_bulletin_row = data->second_bulletin_row;
+        given.a = data->a;
+        given.b = data->b;
+        given.c = data->c;
+        given.n_rows = data->n_rows;
+        given.rows = data->rows;
+    }
+    if (const char *fault = fault_of(given))
+        return refuse(kName, fault);
+    if (time_record_of(time_id) != nullptr && KL_Is_used(time_id) != 0)
+        return refuse(kName, "The Time Id is in use by another Id");
+    if (const char *fault = hand_over(given, time_id))
+        return refuse(kName, fault);
+    return KL_OK;
+}
+
+long kl_time_free_id_data(kl_time_id_data *data)
+{
+    if (data == nullptr)
+        return KL_ERR;
+    std::free(data->rows);
+    data->rows = nullptr;
+    data->n_rows = 0;
+    return KL_OK;
+}
