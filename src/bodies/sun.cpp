@@ -58,8 +58,13 @@ long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_rec
         geocentric.pos[i] = -heliocentric.pos[i];
         geocentric.vel[i] = -heliocentric.vel[i];
     }
-    if (KL_Change_CoordinateSystem(model_id, time_id, 1, tdb, &geocentric, KL_MOD, sun, nullptr) == KL_ERR)
+    OwnedState of_date;
+    if (KL_Change_CoordinateSystem(model_id, time_id, 1, tdb, &geocentric, KL_MOD, &of_date, nullptr) == KL_ERR)
         return call.fails(KL_SUN_POSVEL_FRAME);
+    sun->cs = of_date.cs;
+    sun->order = of_date.order;
+    copy_three(of_date.pos + 1, sun->pos + 1);
+    copy_three(of_date.vel + 1, sun->vel + 1); // the acceleration is the caller's
     return call.status();
 }
 

@@ -53,6 +53,11 @@ kl_angle sidereal_angle(const EarthModel &earth, double ut1_days, const kl_nutat
             2.0 * c2 / (KL_SECONDS_PER_DAY * KL_SECONDS_PER_DAY) + q[2] * KL_DEG_PER_RAD};
 }
 
+bool has_linear_angle(const EarthModel &earth)
+{
+    return earth.angle_sim[1] != 0.0;
+}
+
 kl_angle linear_sidereal_angle(const EarthModel &earth, double ut1_days)
 {
     const double c14 = earth.angle_sim[1];
@@ -92,7 +97,7 @@ long KL_H_Angle(kl_model_id *model_id, double ut1_days, kl_angle *angle)
 
 long KL_H_Angle_Sim(kl_model_id *model_id, double ut1_days, kl_angle *angle)
 {
-    if (angle == nullptr)
+    if (angle == nullptr || !has_linear_angle(model_blocks(model_id).earth))
         return KL_ERR;
     *angle = linear_sidereal_angle(model_blocks(model_id).earth, ut1_days);
     return 0;

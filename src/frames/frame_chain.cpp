@@ -189,6 +189,7 @@ constexpr EdgeSet set_of(std::initializer_list<int> codes)
 
 constexpr EdgeSet kPrecessionEdges = set_of({kGm2000ToMod, kModToGm2000});
 constexpr EdgeSet kNutationEdges = set_of({kModToTod, kTodToMod, kTodToTeme, kTemeToTod, kTodToPef, kPefToTod});
+constexpr EdgeSet kSiderealEdges = set_of({kTodToPef, kPefToTod});
 constexpr EdgeSet kLaunchEdges = set_of({kEfToLif, kLifToEf});
 constexpr EdgeSet kUt1Edges = kNutationEdges | set_of({kEfToPef, kPefToEf}) | kLaunchEdges;
 constexpr EdgeSet kTranslations =
@@ -263,6 +264,8 @@ bool inside_chain_range(double days)
 bool to_tai(kl_time_id *time_id, const kl_time_record &date, double *tai)
 {
     const double days = mjd2000_of(date);
+    if (!inside_chain_range(days)) // far outside the days do not fit an integer
+        return false;
     if (date.reference == KL_REF_TAI) {
         *tai = days;
         return true;
@@ -405,7 +408,8 @@ void copy_out(const State &state, long final_cs, Cord *out)
 bool lacks_routine(const Journey &j, const Path &path)
 {
     return (j.lacks_precession() && path.any(kPrecessionEdges))
-           || (j.lacks_nutation() && !j.simplified && path.any(kNutationEdges));
+           || (j.lacks_nutation() && !j.simplified && path.any(kNutationEdges))
+           || (j.simplified && path.any(kSiderealEdges) && !has_linear_angle(j.models.earth));
 }
 
 long change(int function_id, kl_model_id *model_id, kl_time_id *time_id, long order, const kl_time_record *date,

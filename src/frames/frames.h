@@ -98,6 +98,7 @@ Turns polar_motion_turns(const kl_time_id *time_id, double ut1_days);
 // Apparent sidereal angle from constants of the model and a nutation; equation of the equinoxes with its rates, rad.
 struct EarthModel;
 kl_angle sidereal_angle(const EarthModel &earth, double ut1_days, const kl_nutation &nutation);
+bool has_linear_angle(const EarthModel &earth); // false when the selection was refused
 kl_angle linear_sidereal_angle(const EarthModel &earth, double ut1_days);
 void equation_of_equinoxes(const kl_nutation &nutation, double q[3]);
 

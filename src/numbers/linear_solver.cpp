@@ -76,6 +76,8 @@ long KL_inverse_gauss_jordan_reduction(double *a, double *identity, long n, long
 {
     if (n < 1 || m < 1)
         return 0;
+    if (n > m)
+        return -1; // the last rows have no column for a pivot
     for (long i = 0; i < n; ++i) {
         long pivot = i;
         for (long k = i + 1; k < n; ++k)
@@ -106,6 +108,8 @@ long KL_inverse(const double *a, long n, long m, double *out)
 {
     if (n < 1 || m < 1)
         return 0;
+    if (n != m)
+        return -1;
     const Scratch work(2 * n * m);
     if (work.p == nullptr)
         return -1;

@@ -58,7 +58,10 @@ inline double reduced_to_2pi(double angle)
         reduced = angle + (2.0 - 2.0 * std::trunc(angle / KL_TWO_PI)) * KL_PI;
     else if (angle > KL_TWO_PI)
         reduced = angle - 2.0 * std::trunc(angle / KL_TWO_PI) * KL_PI;
-    return reduced == KL_TWO_PI ? 0.0 : reduced;
+    // Rounding may leave either end by a little.
+    if (reduced < 0.0)
+        return 0.0;
+    return reduced >= KL_TWO_PI ? 0.0 : reduced;
 }
 
 // [0, 360), in degrees throughout: whole turns are exact.

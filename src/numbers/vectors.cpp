@@ -49,7 +49,7 @@ double KL_norm(double *a, long n)
 
 void KL_Unit_Vector_Deriv(const double *a, const double *da, double *out)
 {
-    const double length = KL_modulus(a, 3);
+    const double length = std::sqrt(dot3(a, a)); // without the rule for small values
     double u[3];
     KL_mult_ev(3, a, u, 1.0 / length);
     const double along = dot(u, da, 3);

@@ -78,19 +78,25 @@ bool rows_are_orthonormal(const double m[9])
 
 enum Found { kAngles, kAmbiguous, kNoRotation };
 
+// In the lock, where the first and the third angle turn about the same axis: the third is 0. False when neither element
+// tells the second.
+bool angles_in_the_lock(const double m[9], double angles[3])
+{
+    if (std::fabs(m[3]) < kRotation && std::fabs(m[0]) < kRotation)
+        return false;
+    angles[0] = m[7] > 0.0 ? 90.0 : 270.0; // on purpose not reduced
+    angles[1] = degrees_of(m[3] * m[7], m[0]);
+    angles[2] = 0.0;
+    return true;
+}
+
 // Angles of an orthonormal matrix.
 Found angles_of(const double m[9], double angles[3])
 {
     const auto M = [m](int i, int j) { return m[3 * i + j]; };
     const double c = std::sqrt(M(2, 0) * M(2, 0) + M(2, 2) * M(2, 2)); // |cos a0|
-    if (c < kRotation) {
-        if (std::fabs(M(1, 0)) < kRotation && std::fabs(M(0, 0)) < kRotation)
-            return kNoRotation;
-        angles[0] = M(2, 1) > 0.0 ? 90.0 : 270.0; // on purpose not reduced
-        angles[1] = degrees_of(M(1, 0) * M(2, 1), M(0, 0));
-        angles[2] = 0.0;
-        return kAmbiguous;
-    }
+    if (c < kRotation)
+        return angles_in_the_lock(m, angles) ? kAmbiguous : kNoRotation;
     if (std::fabs(M(0, 1)) < kRotation && std::fabs(M(1, 1)) < kRotation)
         return kNoRotation;
     if (KL_Check_rotation_matrix(m, M(2, 1), c, -M(2, 0) / c, M(2, 2) / c, M(0, 1) / c, M(1, 1) / c) == 0)
@@ -99,6 +105,22 @@ Found angles_of(const double m[9], double angles[3])
     angles[1] = degrees_of(-M(2, 0), M(2, 2));
     angles[2] = degrees_of(M(0, 1), M(1, 1));
     return kAngles;
+}
+
+// Angles of a matrix that is known to be a rotation, with full digits up to the lock: what the second angle turns is
+// taken off before the third is read, so that errors of one make up for those of the other.
+void angles_of_rotation(const double m[9], double angles[3])
+{
+    const double c = std::sqrt(m[6] * m[6] + m[8] * m[8]); // |cos a0|
+    if (c < kRotation) {
+        angles_in_the_lock(m, angles);
+        return;
+    }
+    const double s1 = -m[6] / c;
+    const double c1 = m[8] / c;
+    angles[0] = degrees_of(m[7], c);
+    angles[1] = degrees_of(-m[6], m[8]);
+    angles[2] = degrees_of(-(c1 * m[3] + s1 * m[5]), c1 * m[0] + s1 * m[2]);
 }
 
 // Unit axes, row by row; false when one is null or two are not orthogonal.
@@ -202,8 +224,9 @@ long kl_get_rotation_angles(const double x1[3], const double y1[3], const double
         return KL_ERR;
     double matrix[9];
     double found[3];
-    if (KL_CS_Rotation(axes1, axes2, matrix) != 0 || angles_of(matrix, found) == kNoRotation)
+    if (KL_CS_Rotation(axes1, axes2, matrix) != 0)
         return call.fails(KL_GET_ROTATION_ANGLES_ROTATION_ERR);
+    angles_of_rotation(matrix, found);
     KL_copy_v(found, 3, angles);
     return call.status();
 }

@@ -31,6 +31,7 @@ static_assert(std::size(kInterpol) == KL_QUATERNIONS_INTERPOL_N_CODES);
 constexpr double kOrthogonal = 1e-6;     // cosine of the angle between
 constexpr double kNearlyEqual = 1e-9;    // of the dot product from 1: linear weights serve
 constexpr double kNearlyOpposite = 1e-6; // sine of the angle between
+constexpr double kUnitQuaternion = 1e-3; // of a squared length from 1: what products of rounded quaternions may be off
 constexpr int kScalar = 3;
 
 // Of four, in two halves that need not wait for one another.
@@ -171,15 +172,20 @@ long kl_quaternions_interpol(const long *mode, const double *t1, const double q1
     // A step of the extrapolation is u times an angle of up to a turn.
     if (!std::isfinite(span) || !std::isfinite(KL_TWO_PI * u) || !usable(q1, q2))
         return call.fails(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR);
+    double found[4];
     if (inside) {
         if (mode == nullptr || *mode != KL_INTERPOL_SLERP)
             return call.fails(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR);
-        KL_Slerp_algo(q1, q2, q, u);
-        return call.status();
+        KL_Slerp_algo(q1, q2, found, u);
+    } else {
+        // On purpose: the mode is not looked at here.
+        call.warns(KL_QUATERNIONS_INTERPOL_RANGE_WARN);
+        KL_Quaternion_extrapol(q1, q2, found, u);
     }
-    // On purpose: the mode is not looked at here.
-    call.warns(KL_QUATERNIONS_INTERPOL_RANGE_WARN);
-    KL_Quaternion_extrapol(q1, q2, q, u);
+    // Of quaternions hardly longer than null ones rounding may leave a null one.
+    if (!is_unit(dot4(found, found)))
+        return call.fails(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR);
+    KL_copy_v(found, 4, q);
     return call.status();
 }
 
@@ -213,7 +219,10 @@ double KL_Quaternion_norm(double q[4])
 
 void KL_Quaternion_to_axis_angle(const double q[4], double axis[3], double *angle)
 {
-    *angle = 2.0 * arc_cosine(std::clamp(q[kScalar], -1.0, 1.0));
+    // Near a whole turn the scalar part is 1 but for its last digits: of unit length the vector part tells the angle.
+    const double square = dot3(q, q);
+    const bool unit = std::fabs(square + q[kScalar] * q[kScalar] - 1.0) <= kUnitQuaternion;
+    *angle = 2.0 * (unit ? arc_tangent(std::sqrt(square), q[kScalar]) : arc_cosine(std::clamp(q[kScalar], -1.0, 1.0)));
     // On purpose: degrees against radians, so that this never takes effect for a unit quaternion.
     if (*angle > 180.0)
         *angle -= 360.0;
@@ -238,6 +247,8 @@ void KL_Quaternion_extrapol(const double q1[4], const double q2[4], double out[4
     KL_Quaternion_product(step, q2, step);
     KL_Quaternion_to_axis_angle(step, axis, &angle);
     KL_Angle_axis_to_quaternion(axis, step, reduced_to_2pi(factor * angle));
+    if (dot3(axis, axis) <= KL_NULL_LENGTH_SQUARED) // a whole turn about no axis: the scalar part must not vanish
+        step[kScalar] = std::copysign(1.0, step[kScalar]);
     KL_Quaternion_product(q1, step, out);
     normalise(out, 4);
 }

@@ -180,7 +180,8 @@ long KL_Cuc_get_data_from_P_field(const unsigned char *octets, kl_cuc_config *da
     const unsigned long first = octets[0];
     const unsigned long second = (first & kExtension) != 0 ? octets[1] : 0;
     const unsigned long identification = first >> 4 & 7;
-    if (identification != kIdentification1958 && identification != kIdentificationUser)
+    const bool third_octet = (second & kExtension) != 0; // nothing tells what it would say
+    if ((identification != kIdentification1958 && identification != kIdentificationUser) || third_octet)
         return call.fails(KL_CUC_P_FIELD_EPOCH);
     data->epoch_type = identification == kIdentification1958 ? KL_CUC_EPOCH_1958 : KL_CUC_EPOCH_USER;
     data->n_coarse = static_cast<long>((first >> 2 & 3) + 1 + (second >> 5 & 3));
@@ -241,6 +242,8 @@ long KL_Get_CUC_processing_epoch(kl_time_id *time_id, const kl_cuc_config *confi
         own_epoch = config->epoch;
         own_ref = config->epoch_time_ref;
     }
+    if (!std::isfinite(own_epoch))
+        return call.fails(KL_CUC_EPOCH_NOT_CONVERTED);
     if (own_ref == time_ref) {
         *epoch = own_epoch;
         return call.status();

@@ -83,6 +83,17 @@ TEST(Ephemeris, StatesAreItsNumbersTimesTheRoundedAstronomicalUnitOnPurpose)
     }
 }
 
+TEST(Ephemeris, TheSunNeedsAndWritesNoAcceleration)
+{
+    const kl_time_record date = {kTdb, kMjd2000, 8766.5};
+    ChainState sun, without;
+    without.acc = nullptr;
+    EXPECT_EQ(KL_Sun_PosVel(nullptr, nullptr, &date, &sun, nullptr), KL_OK);
+    EXPECT_EQ(KL_Sun_PosVel(nullptr, nullptr, &date, &without, nullptr), KL_OK);
+    EXPECT_EQ(distance(sun[2], kStart[2]), 0.0);
+    EXPECT_TRUE(without.cs == KL_MOD && without.order == 1 && distance(sun[0], without[0]) == 0.0);
+}
+
 // Precession by the independent implementation of check_values.inc; any three turns by ERFA.
 TEST(Rotation, PrecessionAndEulerAnglesHaveTheirReferenceValues)
 {

@@ -142,6 +142,21 @@ TEST(FrameChain, EdgesByNameAreItsSteps)
     EXPECT_EQ(KL_Start_computations(nullptr, time_id, 99, nullptr, &kDate, &state, 4, &state, 2), KL_ERR);
 }
 
+TEST(FrameChain, DatesFarOutsideAreRefusedAndStayAsTheyAre)
+{
+    ChainTimeId time_id;
+    constexpr std::int32_t kTodToPef[] = {9};
+    for (const int scale : {kTai, kUtc, kTdb})
+        for (const double days : {-1e300, 1e18, kNaN}) {
+            kl_time_record date = {scale, kMjd2000, days};
+            EXPECT_EQ(KL_Identify_nutation_or_rotation(time_id, 1, kTodToPef, &date), KL_ERR) << scale << " " << days;
+            EXPECT_EQ(date.reference, scale);
+        }
+    kl_time_record date = {kTai, kMjd2000, kDate.value + kBehindTai[KL_TIME_UT1] / kDay};
+    EXPECT_EQ(KL_Identify_nutation_or_rotation(time_id, 1, kTodToPef, &date), 0);
+    EXPECT_NEAR(date.value, kDate.value, 1e-11);
+}
+
 // ---- rotation records ----
 
 TEST(RotationRecords, CarryAsTheEdgesDoAndTheLowerOrderWins)
@@ -179,10 +194,11 @@ TEST(RotationRecords, OfLaunchTurnBackByTheAngleSinceTheReference)
 
 // ---- the simplified chain ----
 
-long carry_simply(ChainState *state, long to, double days, kl_error_record *error = nullptr)
+long carry_simply(ChainState *state, long to, double days, kl_error_record *error = nullptr,
+                  kl_model_id *model_id = nullptr)
 {
     const kl_time_record date = {kUt1, kMjd2000, days};
-    return KL_Change_CoordinateSystem_Sim(nullptr, nullptr, 2, &date, state, to, state, error);
+    return KL_Change_CoordinateSystem_Sim(model_id, nullptr, 2, &date, state, to, state, error);
 }
 
 TEST(SimplifiedChain, TurnsByTheLinearAngleAlone)
@@ -208,6 +224,22 @@ TEST(SimplifiedChain, TurnsByTheLinearAngleAlone)
                 EXPECT_LT(distance(turned[v], expected[v]), kOff * M_PI / 180.0 * kRadius * std::pow(w, v)) << v;
         }
     }
+}
+
+TEST(SimplifiedChain, FailsWithoutAnEarthModel)
+{
+    OwnedModel refused;
+    ASSERT_EQ(refused.select(KL_MODEL_EARTH, 99), KL_ERR);
+    kl_angle angle;
+    Rotation record;
+    EXPECT_EQ(KL_H_Angle_Sim(&refused.id, kDate.value, &angle), KL_ERR);
+    EXPECT_EQ(KL_Earth_Rotation_Sim(&refused.id, kDate.value, &record), KL_ERR);
+    kl_error_record error;
+    ChainState state(KL_TOD);
+    EXPECT_EQ(carry_simply(&state, KL_PEF, kDate.value, &error, &refused.id), KL_ERR);
+    EXPECT_EQ(codes_of(error), Codes{11});
+    EXPECT_TRUE(state.is(kStart));
+    EXPECT_NE(carry_simply(&state, KL_MOD, kDate.value, &error, &refused.id), KL_ERR) << "nothing turns there";
 }
 
 TEST(SimplifiedChain, HasPrecessionButNoNutationAndNoSun)

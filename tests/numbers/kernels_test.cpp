@@ -103,6 +103,8 @@ TEST(Inverses, PivotsKeepAwkwardMatricesExact)
     EXPECT_EQ(KL_inverse3(kSingular, out.data()), -1);
     EXPECT_EQ(KL_inverse(kSingular, 3, 3, out.data()), -1);
     EXPECT_EQ(KL_inverse(kSingular, 0, 3, out.data()), 0) << "sizes below 1 return at once";
+    for (const auto &[n, m] : {std::pair(2L, 3L), {3L, 2L}})
+        EXPECT_EQ(KL_inverse(kExample, n, m, out.data()), -1) << "not square";
 }
 
 TEST(LuDecomposition, ATinyNumberStandsForAZeroPivotOnPurpose)
@@ -206,6 +208,9 @@ TEST(Derivatives, HaveClosedForms)
     const double a[3] = {1.0, 0.0, -2.0}, da[3] = {1.0, 2.0, 0.0}, root = std::sqrt(5.0);
     KL_Unit_Vector_Deriv(a, da, unit.data());
     expect_near(unit, {4.0 / (5.0 * root), 2.0 / root, 2.0 / (5.0 * root)});
+    const double tiny[3] = {3e-12, 0.0, 4e-12}, across[3] = {0.0, 1e-12, 0.0}; // no rule for small lengths here
+    KL_Unit_Vector_Deriv(tiny, across, unit.data());
+    expect_near(unit, {0.0, 0.2, 0.0});
 }
 
 TEST(Orthonormality, HasItsLimitAndRefusesNaN)

@@ -157,7 +157,7 @@ TEST(Interpolation, TurnsAtAConstantRateInsideAndBeyond)
     const Quaternion start = about(1, -2, 3, 0.4);
     const long mode = KL_INTERPOL_SLERP;
     const double t1 = 10.0, t2 = 12.0;
-    for (const double whole : {0.0, 1e-6, 1e-4, 0.5, 2.0, 3.0})
+    for (const double whole : {0.0, 1e-8, 1e-6, 1e-4, 0.5, 2.0, 3.0})
         for (const double u : {0.0, 0.25, 0.5, 1.0, 1.5, -0.5}) {
             const double t = t1 + u * (t2 - t1);
             const bool inside = u >= 0.0 && u <= 1.0;
@@ -165,11 +165,36 @@ TEST(Interpolation, TurnsAtAConstantRateInsideAndBeyond)
             expect_bits("rate", inside ? kNothing : warning_bits(KL_QUATERNIONS_INTERPOL_RANGE_WARN), [&](long *e) {
                 return kl_quaternions_interpol(&mode, &t1, start.data(), &t2, end.data(), &t, got.data(), e);
             });
-            // Below 5e-5 rad weights are linear; the angle of an extrapolation comes from an arc cosine near 1.
-            const double tolerance = inside || whole == 0.0 ? 1e-14 : 4e-16 / std::min(whole, 1.0) + 3e-14;
-            EXPECT_LT(rotation_between(got, product(start, about(2, 1, -1, u * whole))), tolerance)
-                << whole << " " << u;
+            EXPECT_LT(rotation_between(got, product(start, about(2, 1, -1, u * whole))), 1e-14) << whole << " " << u;
         }
+    // Six decimals keep a motion of 1e-3 rad, in the vector part only.
+    const Quaternion first = {0.0, 0.0, 0.0, 1.0};
+    Quaternion second = {0.0005, 0.0, 0.0, 1.0}, got;
+    const double after = t1 + 2.0 * (t2 - t1);
+    EXPECT_EQ(kl_quaternions_interpol(&mode, &t1, first.data(), &t2, second.data(), &after, got.data(), nullptr),
+              KL_WARN);
+    EXPECT_LT(distance(got, about(1, 0, 0, 0.002)), 1e-9);
+}
+
+TEST(Interpolation, GivesAUnitQuaternionOrItsError)
+{
+    const long mode = KL_INTERPOL_SLERP;
+    const double t1 = 0.0, t2 = 1.0;
+    std::vector<Quaternion> seconds = awkward();
+    for (const double tiny : {1e-160, 1e-12, 1e-9}) // hardly a vector part; hardly longer than null
+        for (const Quaternion &q : {Quaternion{tiny, 0, 0, -1}, {0, 0, 0, -1.1 * tiny}, {tiny, tiny, 0, 0.5}})
+            seconds.push_back(q);
+    for (const Quaternion &q1 : {Quaternion{0, 0, 0, 1}, kTurn, {0, 0, 0, 0.5}, {0, 1.1e-10, 0, 0}})
+        for (const Quaternion &q2 : seconds)
+            for (const double t : {-1.0, -0.5, 0.25, 0.5, 1.5, 1.75, 7.5, 1e9}) {
+                Quaternion second = q2, q;
+                if (kl_quaternions_interpol(&mode, &t1, q1.data(), &t2, second.data(), &t, q.data(), nullptr) == KL_ERR)
+                    continue;
+                EXPECT_NEAR(std::hypot(std::hypot(q[0], q[1]), std::hypot(q[2], q[3])), 1.0, kRounding)
+                    << testing::PrintToString(q1) << testing::PrintToString(q2) << t;
+            }
+    // A turn of the sign alone is no motion, however far beyond.
+    EXPECT_EQ(interpolate({0, 0, 0, 1}, {0, 0, 0, -1}, 0, 1, 1.5, nullptr), KL_WARN);
 }
 
 TEST(Interpolation, NegatesTheSecondQuaternionInPlaceOnPurpose)
@@ -275,6 +300,15 @@ TEST(AxisSets, AnglesAndTurnedVectorsAreInverse)
         ASSERT_EQ(kl_get_rotated_vectors(ex, ey, ez, angles.data(), &rows[0], &rows[3], &rows[6], nullptr), KL_OK);
         EXPECT_LT(distance(rows, matrix_of_angles(angles)), kRounding);
     }
+    // Up to the lock, where a cosine of 1e-9 divides the elements.
+    for (const double side : {1.0, -1.0})
+        for (const double off : {1e-3, 1e-6, 1e-8, 3e-9, 1.01e-9}) { // rad
+            const Vector near = {side * (90.0 - off * 180.0 / kPi), 12.0, 33.0};
+            Vector back;
+            ASSERT_EQ(kl_get_rotated_vectors(x, y, z, near.data(), out, out + 3, out + 6, nullptr), KL_OK);
+            ASSERT_EQ(kl_get_rotation_angles(x, y, z, out, out + 3, out + 6, back.data(), nullptr), KL_OK) << off;
+            EXPECT_LT(distance(matrix_of_angles(back), matrix_of_angles(near)), kRounding) << off;
+        }
     // At the lock the third angle is 0 and nothing is said.
     const Vector lock = {90.0, 10.0, 5.0};
     Vector back;
