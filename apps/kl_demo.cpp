@@ -251,5 +251,10 @@ int main(int argc, char **argv)
     kl_run_close(&run_id);
     require(kl_model_close(&model_id, ierr), KL_ID_FUNC_MODEL_CLOSE, ierr);
     require(kl_time_close(&time_id, ierr), KL_ID_FUNC_TIME_REF_CLOSE, ierr);
+    const bool lost = std::ferror(stdout) != 0;
+    if (std::fclose(stdout) != 0 || lost) {
+        std::fprintf(stderr, "%s: the output cannot be written\n", argv[0]);
+        return EXIT_FAILURE;
+    }
     return EXIT_SUCCESS;
 }

@@ -168,7 +168,8 @@ KL_API long KL_Delete_instance(void *handle);
 /**
  * Makes the head of the target's record a copy of the source's: same kind, status, satellite, mode, count of instances
  * and used ids, no users, a mutex of its own. The target's record must have been initialised or zeroed; what it was
- * linked to is let go. 0, or -1 (no record, no memory, no mutex, a lock) with the target not initialised.
+ * linked to is let go. 0, or -1 (no record, no memory, no mutex, a lock): with a record and without what
+ * failed, the target then has the head of the source but neither users nor used ids, and is to be closed.
  */
 KL_API long KL_Copy_id(const void *source_handle, void *target_handle);
 /** 1 when a CUC may have so many octets: coarse 1 to 7, fine 0 to 10. */

@@ -4,6 +4,7 @@
 //
 // The table must hold the fifty fixed missions, each once, in ascending order. Anything else fails with the line
 // number.
+#include <cctype>
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
@@ -47,13 +48,19 @@ void require(bool condition, const std::string &what)
         throw std::runtime_error(what);
 }
 
-void check_number(const std::string &text, bool whole)
+// The number as C++ reads it: zeros in front would make it octal.
+std::string number_of(const std::string &text, bool whole)
 {
     char *end = nullptr;
     const double value = std::strtod(text.c_str(), &end);
     require(!text.empty() && *end == '\0' && std::isfinite(value), "not a number: '" + text + "'");
     const char *allowed = whole ? "-0123456789" : "+-.0123456789eE";
     require(text.find_first_not_of(allowed) == std::string::npos, "not a decimal number: '" + text + "'");
+    const std::size_t digits = text[0] == '-' || text[0] == '+' ? 1 : 0;
+    std::size_t first = digits;
+    while (text[first] == '0' && first + 1 < text.size() && std::isdigit(static_cast<unsigned char>(text[first + 1])))
+        ++first;
+    return text.substr(0, digits) + text.substr(first);
 }
 
 // One line of the table as `mission(id, "name", number, "catalogue name", "designator", "sp3", {orbit, {limits},
@@ -67,14 +74,13 @@ std::string row_of(const std::string &line, long id)
         require(!columns[column].empty() && columns[column].size() <= width, "too long or empty: " + columns[column]);
         require(columns[column].find_first_of("\"\\") == std::string::npos, "unfit character: " + columns[column]);
     }
-    check_number(columns[2], true);
-    std::string row = "mission(" + columns[0] + ", \"" + columns[1] + "\", " + columns[2] + ", \"" + columns[3]
-                      + "\", \"" + columns[4] + "\", \"" + columns[5] + "\", {";
+    std::string row = "mission(" + columns[0] + ", \"" + columns[1] + "\", " + number_of(columns[2], true) + ", \""
+                      + columns[3] + "\", \"" + columns[4] + "\", \"" + columns[5] + "\", {";
     for (std::size_t i = kFirstNumber; i < kColumns; ++i) {
-        check_number(columns[i], false);
         const bool opens = i == kFirstLimits || i == kFirstLimits + 6;
         const bool closes = i == kFirstLimits + 5 || i == kFirstLimits + 11;
-        row += (i > kFirstNumber ? ", " : "") + std::string(opens ? "{" : "") + columns[i] + (closes ? "}" : "");
+        row += (i > kFirstNumber ? ", " : "") + std::string(opens ? "{" : "") + number_of(columns[i], false)
+               + (closes ? "}" : "");
     }
     return row + "}),\n";
 }

@@ -78,7 +78,7 @@ KL_API long kl_model_get_data(kl_model_id *model_id, kl_model_data *data);
 
 /** Conditions of kl_model_close. */
 enum {
-    KL_MODEL_CLOSE_ERR = 0, /**< not initialised, or in use by another id or object */
+    KL_MODEL_CLOSE_ID_ERR = 0, /**< not initialised, or in use by another id or object */
     KL_MODEL_CLOSE_N_CODES
 };
 

@@ -12,7 +12,14 @@
 #include <iterator>
 #include <string_view>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
+
+constexpr off_t kLargestFile = 65536; // octets; a full file with long comments has some three thousand
+constexpr long kMostComplaints = 20;
 
 enum class Kind { kText, kWhole, kNumber };
 
@@ -79,18 +86,26 @@ public:
     bool read(std::FILE *file)
     {
         char line[511];
+        off_t octets = 0;
         for (int c = std::getc(file); c != EOF; c = std::getc(file)) {
             ++line_;
             std::size_t length = 0;
+            if (octets > kLargestFile) { // it may have grown since it was opened
+                complain("the file is larger than 65536 octets");
+                return false;
+            }
             for (; c != EOF && c != '\n'; c = std::getc(file), ++length)
                 if (length < sizeof line)
                     line[length] = static_cast<char>(c);
             if (length > sizeof line)
                 wrong("the line is too long");
+            else if (line_ == 1 && begins_with_mark({line, length}))
+                wrong("the file begins with a byte order mark; it must be plain text without one");
             else if (std::memchr(line, '\0', length) != nullptr)
                 wrong("the line holds a zero byte");
             else
                 take({line, length});
+            octets += static_cast<off_t>(length) + 1;
         }
         if (std::ferror(file) != 0) {
             wrong("the file cannot be read");
@@ -102,7 +117,34 @@ public:
         return right_;
     }
 
+    // Everything that is wrong is said up to a number of lines; then only that there is more.
+    void wrong(const char *what, std::string_view first = "", std::string_view second = "")
+    {
+        right_ = false;
+        ++complaints_;
+        if (complaints_ <= kMostComplaints)
+            complain(what, first, second);
+        else if (complaints_ == kMostComplaints + 1)
+            complain("there are more mistakes");
+    }
+
+    void complain(const char *what, std::string_view first = "", std::string_view second = "") const
+    {
+        std::fprintf(stderr, "KD_Read_sat_init_file: %s:%ld: %s%s%.*s%s%.*s\n", file_name_, line_, what,
+                     first.empty() ? "" : " ", static_cast<int>(first.size()), first.data(),
+                     second.empty() ? "" : " = ", static_cast<int>(second.size()), second.data());
+    }
+
 private:
+    // Of UTF-8 or UTF-16, as some editors write it.
+    static bool begins_with_mark(std::string_view line)
+    {
+        for (const std::string_view mark : {"\xef\xbb\xbf", "\xff\xfe", "\xfe\xff"})
+            if (line.substr(0, mark.size()) == mark)
+                return true;
+        return false;
+    }
+
     static bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
     static std::string_view trimmed(std::string_view text)
@@ -189,6 +231,8 @@ private:
     static bool store_number(std::string_view value, char *out)
     {
         Number number = 0;
+        if (value.size() > 1 && value[0] == '+' && value[1] != '-')
+            value.remove_prefix(1);
         const auto end = value.data() + value.size();
         const auto result = std::from_chars(value.data(), end, number);
         if (result.ec != std::errc() || result.ptr != end || !std::isfinite(static_cast<double>(number)))
@@ -197,20 +241,33 @@ private:
         return true;
     }
 
-    void wrong(const char *what, std::string_view first = "", std::string_view second = "")
-    {
-        right_ = false;
-        std::fprintf(stderr, "KD_Read_sat_init_file: %s:%ld: %s%s%.*s%s%.*s\n", file_name_, line_, what,
-                     first.empty() ? "" : " ", static_cast<int>(first.size()), first.data(),
-                     second.empty() ? "" : " = ", static_cast<int>(second.size()), second.data());
-    }
-
     const char *file_name_;
     kd_sat_init *data_;
     long line_ = 0;
+    long complaints_ = 0;
     bool right_ = true;
     unsigned char seen_[std::size(kKeys)] = {};
 };
+
+// The file, unless it is a directory, a device or a pipe, on which a reader might wait for ever; or null, and a line.
+std::FILE *open_plain_file(const char *file_name, const Reading &reading)
+{
+    const int descriptor = open(file_name, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    struct stat status;
+    if (descriptor < 0 || fstat(descriptor, &status) != 0)
+        reading.complain(std::strerror(errno));
+    else if (!S_ISREG(status.st_mode))
+        reading.complain("this is not a plain file");
+    else if (status.st_size > kLargestFile)
+        reading.complain("the file is larger than 65536 octets");
+    else if (std::FILE *file = fdopen(descriptor, "r"))
+        return file;
+    else
+        reading.complain(std::strerror(errno));
+    if (descriptor >= 0)
+        close(descriptor);
+    return nullptr;
+}
 
 } // namespace
 
@@ -218,13 +275,12 @@ long KD_Read_sat_init_file(const char *file_name, kd_sat_init *data)
 {
     if (file_name == nullptr || data == nullptr)
         return -1;
-    std::FILE *file = std::fopen(file_name, "r");
-    if (file == nullptr) {
-        std::fprintf(stderr, "KD_Read_sat_init_file: %s:0: %s\n", file_name, std::strerror(errno));
-        return -1;
-    }
     kd_sat_init read{};
-    const bool right = Reading(file_name, &read).read(file);
+    Reading reading(file_name, &read);
+    std::FILE *file = open_plain_file(file_name, reading);
+    if (file == nullptr)
+        return -1;
+    const bool right = reading.read(file);
     std::fclose(file);
     if (!right)
         return -1;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -88,7 +89,9 @@ void take_apart(const char *function_name, const Message &message, std::int64_t 
     case kDoubleArgument: {
         double number = 0.0;
         std::memcpy(&number, &value, sizeof number);
-        std::snprintf(out->number, sizeof out->number, "%f", number);
+        // As "%f", but with a point whatever the locale says.
+        char *const last = out->number + sizeof out->number - 1;
+        *std::to_chars(out->number, last, number, std::chars_format::fixed, 6).ptr = '\0';
         break;
     }
     case kTextArgument: {

@@ -45,7 +45,7 @@ long put_no_mutex(const char *function, Place place)
 
 long fail_unlock()
 {
-    KL_Put_closing_threads();
+    put_closing_threads();
     return -1;
 }
 
@@ -82,11 +82,11 @@ Detached detach_from_used(kl_id_record *record)
     const IdList uses(record->uses);
     while (uses.size() > 0) {
         kl_id_record *used = *uses.begin();
-        if (!KL_Lock_id(used))
+        if (!lock_id(used))
             return kNotLocked;
         IdList(used->users).remove(record);
         uses.remove(used);
-        if (!KL_Unlock_id(used))
+        if (!unlock_id(used))
             return kNotUnlocked;
     }
     return kDetached;
@@ -96,7 +96,7 @@ void mark_closed(kl_id_record *record)
 {
     record->kind = 0;
     record->init_status = 0;
-    KL_Delete_id_lists(record);
+    delete_id_lists(record);
 }
 
 long change_instances(const void *handle, long change, const char *function, Place place)
@@ -104,10 +104,10 @@ long change_instances(const void *handle, long change, const char *function, Pla
     kl_id_record *record = record_of(handle);
     if (record == nullptr)
         return 0;
-    if (!KL_Lock_id(record))
+    if (!lock_id(record))
         return refuse_lock(function, place);
     record->instances += change;
-    if (!KL_Unlock_id(record)) {
+    if (!unlock_id(record)) {
         put_unlock_failure(function);
         return -1;
     }
@@ -116,17 +116,17 @@ long change_instances(const void *handle, long change, const char *function, Pla
 
 } // namespace
 
-bool KL_Create_id_lists(kl_id_record *record)
+bool create_id_lists(kl_id_record *record)
 {
     record->uses = kd_list_create(sizeof(kl_id_record *));
     record->users = kd_list_create(sizeof(kl_id_record *));
     if (record->uses != nullptr && record->users != nullptr)
         return true;
-    KL_Delete_id_lists(record);
+    delete_id_lists(record);
     return false;
 }
 
-void KL_Delete_id_lists(kl_id_record *record)
+void delete_id_lists(kl_id_record *record)
 {
     for (void **list : {&record->users, &record->uses}) {
         if (*list != nullptr)
@@ -135,17 +135,17 @@ void KL_Delete_id_lists(kl_id_record *record)
     }
 }
 
-bool KL_Lock_id(const kl_id_record *record)
+bool lock_id(const kl_id_record *record)
 {
     return record->mutex == nullptr || pthread_mutex_lock(record->mutex) == 0;
 }
 
-bool KL_Unlock_id(const kl_id_record *record)
+bool unlock_id(const kl_id_record *record)
 {
     return record->mutex == nullptr || pthread_mutex_unlock(record->mutex) == 0;
 }
 
-void KL_Put_closing_threads()
+void put_closing_threads()
 {
     std::puts("!!! Error closing the threads. All threads will be closed");
 }
@@ -157,7 +157,7 @@ long KL_Id_init(const long *sat_id, long kind, void *id_record)
         return -1;
     record->mutex = nullptr;
     record->instances = 0;
-    if (!KL_Create_id_lists(record)) {
+    if (!create_id_lists(record)) {
         mark_closed(record);
         return -1;
     }
@@ -200,22 +200,22 @@ long KL_Id_close(void *handle)
     if (KL_Id_init_status(handle) == 0)
         return -1;
     kl_id_record *record = record_of(handle);
-    if (!KL_Lock_id(record))
+    if (!lock_id(record))
         return refuse_lock("KL_Id_close", kCloseOwn);
     if (IdList(record->users).size() > 0 || record->instances != 0)
-        return KL_Unlock_id(record) ? -1 : fail_unlock();
+        return unlock_id(record) ? -1 : fail_unlock();
     switch (detach_from_used(record)) {
     case kNotLocked:
-        static_cast<void>(KL_Unlock_id(record));
+        static_cast<void>(unlock_id(record));
         return refuse_lock("KL_Id_close", kCloseUsed);
     case kNotUnlocked:
-        static_cast<void>(KL_Unlock_id(record));
+        static_cast<void>(unlock_id(record));
         return fail_unlock();
     case kDetached:
         break;
     }
     mark_closed(record);
-    if (!KL_Unlock_id(record))
+    if (!unlock_id(record))
         return fail_unlock();
     delete_mutex(record);
     return 0;
@@ -230,12 +230,12 @@ long KL_Link_ids(void *used_record, void *user_record)
     if (!IdList(user->uses).append(used))
         return -1;
     // On purpose: the entry just made stays when the lock fails; closing the user removes it.
-    if (!KL_Lock_id(used))
+    if (!lock_id(used))
         return refuse_lock("KL_Link_ids", kLinkUsed);
     const bool linked = IdList(used->users).append(user);
     if (!linked)
         IdList(user->uses).remove(used);
-    if (!KL_Unlock_id(used))
+    if (!unlock_id(used))
         return fail_unlock();
     return linked ? 0 : -1;
 }
@@ -246,19 +246,20 @@ long KL_Unlink_ids(void *used_record, void *user_record)
     auto *user = static_cast<kl_id_record *>(user_record);
     if (used == nullptr || user == nullptr)
         return 0;
-    if (!KL_Lock_id(user))
+    if (!lock_id(user))
         return refuse_lock("KL_Unlink_ids", kUnlinkUser);
-    if (!KL_Lock_id(used)) {
-        static_cast<void>(KL_Unlock_id(user));
+    const bool two_locks = used != user;
+    if (two_locks && !lock_id(used)) {
+        static_cast<void>(unlock_id(user));
         return refuse_lock("KL_Unlink_ids", kUnlinkUsed);
     }
     IdList(used->users).remove(user);
-    if (!KL_Unlock_id(used)) {
-        static_cast<void>(KL_Unlock_id(user));
+    if (two_locks && !unlock_id(used)) {
+        static_cast<void>(unlock_id(user));
         return fail_unlock();
     }
     IdList(user->uses).remove(used);
-    return KL_Unlock_id(user) ? 0 : fail_unlock();
+    return unlock_id(user) ? 0 : fail_unlock();
 }
 
 void *KL_Get_used_id(const void *id_record, long kind)
@@ -276,12 +277,12 @@ long KL_Is_used(const void *handle)
     const kl_id_record *record = record_of(handle);
     if (record == nullptr)
         return 0;
-    if (!KL_Lock_id(record)) {
+    if (!lock_id(record)) {
         refuse_lock("KL_Is_used", kIsUsed);
         return 0;
     }
     const long count = IdList(record->users).size() + record->instances;
-    if (!KL_Unlock_id(record))
+    if (!unlock_id(record))
         put_unlock_failure("KL_Is_used");
     return count;
 }
@@ -305,12 +306,12 @@ long KL_Copy_id(const void *source_handle, void *target_handle)
     if (source == target)
         return 0;
     static_cast<void>(detach_from_used(target)); // a failing lock leaves a stale user, no more
-    KL_Delete_id_lists(target);
+    delete_id_lists(target);
     delete_mutex(target);
+    // The head that has been copied stays, without lists: an id that can be closed.
     const auto give_up = [target] {
         static_cast<void>(detach_from_used(target));
-        mark_closed(target);
-        delete_mutex(target);
+        delete_id_lists(target);
         return -1L;
     };
 
@@ -325,7 +326,7 @@ long KL_Copy_id(const void *source_handle, void *target_handle)
         put_no_mutex("KL_Copy_id", kCopyMutex);
         return give_up();
     }
-    if (!KL_Create_id_lists(target))
+    if (!create_id_lists(target))
         return give_up();
     for (kl_id_record *used : IdList(source->uses))
         if (KL_Link_ids(used, target) != 0)

@@ -52,14 +52,14 @@ private:
 };
 
 // Creates `uses` and `users`; false, with neither, when there is no memory.
-[[nodiscard]] bool KL_Create_id_lists(kl_id_record *record);
-void KL_Delete_id_lists(kl_id_record *record);
+[[nodiscard]] bool create_id_lists(kl_id_record *record);
+void delete_id_lists(kl_id_record *record);
 
 // A record without a mutex needs no lock: both are then true.
-[[nodiscard]] bool KL_Lock_id(const kl_id_record *record);
-[[nodiscard]] bool KL_Unlock_id(const kl_id_record *record);
+[[nodiscard]] bool lock_id(const kl_id_record *record);
+[[nodiscard]] bool unlock_id(const kl_id_record *record);
 
 // The line about a mutex that cannot be unlocked, on standard output.
-void KL_Put_closing_threads();
+void put_closing_threads();
 
 #endif

@@ -20,7 +20,7 @@ constexpr Message kInit[] = {
 static_assert(std::size(kInit) == KL_MODEL_INIT_N_CODES);
 
 constexpr Message kClose[] = {
-    /* KL_MODEL_CLOSE_ERR */ error("The Model Id is not initialized or it could be in use by another Id."),
+    /* KL_MODEL_CLOSE_ID_ERR */ error("The Model Id is not initialized or it could be in use by another Id."),
 };
 static_assert(std::size(kClose) == KL_MODEL_CLOSE_N_CODES);
 
@@ -190,7 +190,7 @@ long kl_model_close(kl_model_id *model_id, long *ierr)
 {
     Activation call(KL_FN_MODEL_CLOSE, ierr);
     if (KL_Id_close(model_id) != 0)
-        return call.fails(KL_MODEL_CLOSE_ERR);
+        return call.fails(KL_MODEL_CLOSE_ID_ERR);
     std::free(model_id->record);
     model_id->record = nullptr;
     return call.status();

@@ -16,10 +16,10 @@ Share share_of(const void *handle)
     if (KL_Is_used(handle) == 0)
         return Share::kFree;
     const kl_id_record *record = *static_cast<kl_id_record *const *>(handle);
-    const bool locked = record->mutex != nullptr && KL_Lock_id(record);
+    const bool locked = record->mutex != nullptr && lock_id(record);
     const long instances = record->instances;
-    if (locked && !KL_Unlock_id(record))
-        KL_Put_closing_threads();
+    if (locked && !unlock_id(record))
+        put_closing_threads();
     return instances == 0 ? Share::kInUse : Share::kHeld;
 }
 

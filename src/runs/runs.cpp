@@ -26,11 +26,11 @@ pthread_mutex_t table_mutex = PTHREAD_MUTEX_INITIALIZER;
 // threads. A lock that fails is passed over.
 class UsersLock {
 public:
-    explicit UsersLock(const kl_id_record *record) : record_(record), locked_(KL_Lock_id(record)) {}
+    explicit UsersLock(const kl_id_record *record) : record_(record), locked_(lock_id(record)) {}
     ~UsersLock()
     {
         if (locked_)
-            static_cast<void>(KL_Unlock_id(record_));
+            static_cast<void>(unlock_id(record_));
     }
     UsersLock(const UsersLock &) = delete;
     UsersLock &operator=(const UsersLock &) = delete;
@@ -60,25 +60,27 @@ void forget_run(kl_id_record *used, const kl_id_record *run)
     IdList(used->users).remove(run);
 }
 
-// Undoes everything that a run holds and frees its slot.
-void release(RunRecord *run, long slot)
+// Undoes everything that a run holds. Nobody can find it any more.
+void release(RunRecord *run)
 {
     for (kl_id_record *used : IdList(run->head.uses))
         forget_run(used, &run->head);
-    KL_Delete_id_lists(&run->head);
-    KL_Run_table[slot].store(nullptr, std::memory_order_release);
+    delete_id_lists(&run->head);
     std::free(run);
 }
+
+// Stands in a slot while its run is being filled: not initialised, and never freed.
+const RunRecord reserved{};
 
 long lowest_free_slot()
 {
     long slot = 0;
-    while (slot < KL_N_RUNS && KL_Run_table[slot].load(std::memory_order_acquire) != nullptr)
+    while (slot < KL_N_RUNS && run_table[slot].load(std::memory_order_acquire) != nullptr)
         ++slot;
     return slot;
 }
 
-// Reserves the lowest free slot with an empty record: 0, or the condition that prevents it.
+// Reserves the lowest free slot and gives an empty record for it: kReserved, or the condition that prevents it.
 enum { kReserved = -1 };
 
 int reserve(long *slot, RunRecord **run)
@@ -93,15 +95,16 @@ int reserve(long *slot, RunRecord **run)
     else if ((*run = static_cast<RunRecord *>(std::calloc(1, sizeof(RunRecord)))) == nullptr)
         condition = KL_RUN_INIT_MEMORY_ERR;
     else
-        KL_Run_table[*slot].store(*run, std::memory_order_release);
+        run_table[*slot].store(const_cast<RunRecord *>(&reserved), std::memory_order_release);
     if (pthread_mutex_unlock(&table_mutex) != 0 && condition == kReserved) {
-        release(*run, *slot);
+        std::free(*run);
+        run_table[*slot].store(nullptr, std::memory_order_release);
         condition = KL_RUN_INIT_UNLOCK_ERR;
     }
     return condition;
 }
 
-// Checks the ids and fills a reserved record: kReserved, or the condition that prevents it.
+// Checks the ids and fills the record of a reserved slot: kReserved, or the condition that prevents it.
 int fill(RunRecord *run, long slot, const long *sat_id, kl_time_id *time_id, kl_model_id *model_id)
 {
     ErrorRecord check;
@@ -111,7 +114,7 @@ int fill(RunRecord *run, long slot, const long *sat_id, kl_time_id *time_id, kl_
         return KL_RUN_INIT_TIME_ID_ERR;
     run->time = record_of(time_id->record);
     run->model = KL_Id_init_status(model_id) == 1 ? record_of(model_id->record) : nullptr;
-    if (!KL_Create_id_lists(&run->head) || !link(run->time, &run->head)
+    if (!create_id_lists(&run->head) || !link(run->time, &run->head)
         || (run->model != nullptr && !link(run->model, &run->head)))
         return KL_RUN_INIT_MEMORY_ERR;
     run->head.kind = KL_ID_RUN;
@@ -121,7 +124,7 @@ int fill(RunRecord *run, long slot, const long *sat_id, kl_time_id *time_id, kl_
     // On purpose: the check answers 0 or 1 and never below, so it stops no run.
     if (KL_Run_check_consistency(run->head.uses) < 0)
         return KL_RUN_INIT_CONSISTENCY_ERR;
-    __atomic_store_n(&run->head.init_status, 1, __ATOMIC_RELEASE);
+    run->head.init_status = 1;
     return kReserved;
 }
 
@@ -142,7 +145,7 @@ kl_id_record **slot_of_kind(RunRecord *run, long kind)
 
 const MessageGroup messages_kl_run_init = group(kRows);
 
-std::atomic<RunRecord *> KL_Run_table[KL_N_RUNS];
+std::atomic<RunRecord *> run_table[KL_N_RUNS];
 
 long kl_run_init(const long *sat_id, kl_time_id *time_id, kl_model_id *model_id, long *run_id, long *ierr)
 {
@@ -156,7 +159,9 @@ long kl_run_init(const long *sat_id, kl_time_id *time_id, kl_model_id *model_id,
     if (condition == kReserved) {
         condition = fill(run, slot, sat_id, time_id, model_id);
         if (condition != kReserved)
-            release(run, slot);
+            release(run);
+        // Other threads find the run once it is complete, or never.
+        run_table[slot].store(condition == kReserved ? run : nullptr, std::memory_order_release);
     }
     if (condition != kReserved)
         return call.fails(condition);
@@ -196,8 +201,10 @@ long kl_run_get_ids(const long *run_id, long *sat_id, kl_time_id *time_id, kl_mo
 void kl_run_close(const long *run_id)
 {
     RunRecord *run = initialised_run(run_id);
-    if (run != nullptr)
-        release(run, *run_id);
+    if (run == nullptr)
+        return;
+    run_table[*run_id].store(nullptr, std::memory_order_release);
+    release(run);
 }
 
 long KL_Run_get_init_type(const long *run_id)

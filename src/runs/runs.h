@@ -19,16 +19,16 @@ struct RunRecord {
     kl_id_record *siblings[6];
 };
 
-// Reservation of slots is locked; a slot is published once its record is complete, and read without a lock.
-extern std::atomic<RunRecord *> KL_Run_table[KL_N_RUNS];
+// Reservation of slots is locked; a run is published once its record is complete, and read without a lock.
+extern std::atomic<RunRecord *> run_table[KL_N_RUNS];
 
 // The run of a number, null unless it is initialised.
 inline RunRecord *initialised_run(const long *run_id)
 {
     if (run_id == nullptr || static_cast<unsigned long>(*run_id) >= KL_N_RUNS)
         return nullptr;
-    RunRecord *run = KL_Run_table[*run_id].load(std::memory_order_acquire);
-    return run != nullptr && __atomic_load_n(&run->head.init_status, __ATOMIC_ACQUIRE) == 1 ? run : nullptr;
+    RunRecord *run = run_table[*run_id].load(std::memory_order_acquire);
+    return run != nullptr && run->head.init_status == 1 ? run : nullptr;
 }
 
 #endif

@@ -34,14 +34,14 @@ long lowest_free_slot()
 
 void set_envelope(long row, const kd_sat_init &data)
 {
-    A_MIN[row] = data.a_min;
-    A_NOM[row] = data.a_nom;
-    A_MAX[row] = data.a_max;
-    I_MIN[row] = data.i_min;
-    I_NOM[row] = data.i_nom;
-    I_MAX[row] = data.i_max;
-    E_NOM[row] = data.e_nom;
-    W_NOM[row] = data.w_nom;
+    write_cell(&A_MIN[row], data.a_min);
+    write_cell(&A_NOM[row], data.a_nom);
+    write_cell(&A_MAX[row], data.a_max);
+    write_cell(&I_MIN[row], data.i_min);
+    write_cell(&I_NOM[row], data.i_nom);
+    write_cell(&I_MAX[row], data.i_max);
+    write_cell(&E_NOM[row], data.e_nom);
+    write_cell(&W_NOM[row], data.w_nom);
 }
 
 // Name, SP3 identifier and envelope; limits and catalogue data stay.
@@ -102,7 +102,7 @@ long kl_default_sat_init(long *sat_id, const char *file_name, long *ierr)
     }
     // On purpose: a lock that cannot be released prints its line and records no condition; the slot stays in use.
     if (pthread_mutex_unlock(&slot_mutex) != 0) {
-        KL_Put_closing_threads();
+        put_closing_threads();
         return KL_ERR;
     }
     if (!found)

@@ -158,5 +158,5 @@ long KL_SAT_TYPE[] = KL_COLUMN(type);
 char KL_SP3_PARAMS[][4] = {KL_64_ROWS(KL_4_LETTERS, sp3)};
 kl_tle_sat_data TLE_SAT_DATA[] = {KL_64_ROWS(KL_FIELD, catalogue), catalogue(0, "UNKNOWN")};
 
-const char *const KL_Satellite_names[] = KL_COLUMN(name);
-constexpr RowOfId KL_Row_of_id = row_of_every_id();
+const char *const kSatelliteNames[] = KL_COLUMN(name);
+constexpr RowOfId kRowOfId = row_of_every_id();

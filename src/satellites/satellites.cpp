@@ -43,7 +43,7 @@ long row_of(const long *sat_id)
     if (sat_id == nullptr)
         return -1;
     if (0 <= *sat_id && *sat_id <= KL_SAT_GEO_MISSION)
-        return KL_Row_of_id.row[*sat_id];
+        return kRowOfId.row[*sat_id];
     return is_meo(*sat_id) ? KL_ROW_MEO : -1;
 }
 
@@ -66,7 +66,10 @@ double earth_radius()
 
 double largest_axis()
 {
-    return *std::max_element(std::begin(A_MAX), std::end(A_MAX));
+    double largest = 0.0;
+    for (const double &axis : A_MAX)
+        largest = std::max(largest, read_cell(axis));
+    return largest;
 }
 
 // `substitute` gives the axis that is taken for one below the Earth's radius.
@@ -78,7 +81,7 @@ long get_period(int function_id, const long *sat_id, const double (&axes)[KL_N_S
     long row = 0;
     if (KL_Sat_id_to_array(sat_id, &row, &mapping) != 0)
         return call.fails(KL_PERIOD_SAT_ID);
-    double axis = axes[row];
+    double axis = read_cell(axes[row]);
     if (axis < kEarthRadius) {
         call.warns(KL_PERIOD_BELOW_EARTH_RADIUS);
         axis = substitute();
@@ -134,7 +137,7 @@ long KL_Get_mission_name(const long *sat_id, char *text)
     const long row = row_of(sat_id);
     const char *name = row < 0                     ? "UNDEFINED"
                        : is_default_satellite(row) ? kl_default_sat_names[row]
-                                                   : KL_Satellite_names[row];
+                                                   : kSatelliteNames[row];
     const std::size_t length = strnlen(name, sizeof kl_default_sat_names[0]);
     std::memcpy(text, name, length);
     if (length < sizeof kl_default_sat_names[0])

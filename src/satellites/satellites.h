@@ -26,12 +26,12 @@ constexpr long KL_ROW_MEO = 63;
 constexpr long KL_ROW_UNKNOWN = 64; // of TLE_SAT_DATA alone
 
 // Names of the rows; those of the default satellites stand in kl_default_sat_names.
-extern const char *const KL_Satellite_names[KL_N_SAT_ROWS];
+extern const char *const kSatelliteNames[KL_N_SAT_ROWS];
 // Row of every id below medium Earth orbit, -1 where there is none; whether a default slot is in use is not its matter.
 struct RowOfId {
     std::int8_t row[KL_SAT_GEO_MISSION + 1];
 };
-extern const RowOfId KL_Row_of_id;
+extern const RowOfId kRowOfId;
 
 enum { KL_CHECK_SAT_ID = 0 };                                    // KL_Check_sat_id
 enum { KL_SAT_TO_ARRAY_ID = 0, KL_SAT_TO_ARRAY_FREE_SLOT = 1 };  // KL_Sat_id_to_array
@@ -46,6 +46,19 @@ inline bool is_default_satellite(long sat_id)
 inline bool slot_in_use(long slot)
 {
     return __atomic_load_n(&kl_default_sat_array[slot], __ATOMIC_ACQUIRE) != 0;
+}
+
+// So are the envelopes: the largest axis of all rows is looked for while another thread fills one.
+inline double read_cell(const double &cell)
+{
+    double value = 0.0;
+    __atomic_load(&cell, &value, __ATOMIC_RELAXED);
+    return value;
+}
+
+inline void write_cell(double *cell, double value)
+{
+    __atomic_store(cell, &value, __ATOMIC_RELAXED);
 }
 
 // Copies a text into a field, padded with zeros; a text as long as the field has no terminator there.

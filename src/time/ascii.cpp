@@ -337,7 +337,7 @@ long read_ascii(kl_time_id *time_id, long format, long ref, const char *text, lo
     return call.status();
 }
 
-long KL_Time_check_ascii_outputs(long format, long ref, kl_error_record *error)
+long check_ascii_outputs(long format, long ref, kl_error_record *error)
 {
     Activation call(KL_FN_TIME_CHECK_ASCII_OUTPUTS, error);
     if (!is_ascii_format(format))

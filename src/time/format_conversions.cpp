@@ -280,7 +280,7 @@ public:
     bool to_ascii(const long *format, const long *ref, char *text, const TextRange &range)
     {
         ErrorRecord found;
-        if (KL_Time_check_ascii_outputs(value_of(format), value_of(ref), &found) != KL_OK)
+        if (check_ascii_outputs(value_of(format), value_of(ref), &found) != KL_OK)
             return !call_.stops(KL_FN_TIME_CHECK_ASCII_OUTPUTS, found, kToAscii);
         if (text == nullptr || !change_reference(*ref, true))
             return false;
@@ -291,7 +291,7 @@ public:
     bool to_transport(const long *format, const long *ref, long fields[4])
     {
         ErrorRecord found;
-        if (KL_Time_check_transport_outputs(value_of(format), value_of(ref), &found) != KL_OK)
+        if (check_transport_outputs(value_of(format), value_of(ref), &found) != KL_OK)
             return !call_.stops(KL_FN_TIME_CHECK_TRANSPORT_OUTPUTS, found, kToTransport);
         if (fields == nullptr || !change_reference(*ref, transport_holds_leap_second(*format)))
             return false;

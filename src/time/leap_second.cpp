@@ -150,7 +150,7 @@ long kl_time_get_leap_second_info(kl_time_id *time_id, const long *ascii_id_out,
     utc_time_before[0] = '\0';
     utc_time_after[0] = '\0';
     const long format = value_or(ascii_id_out, -1);
-    if (KL_Time_check_ascii_outputs(format, KL_TIME_UTC, nullptr) == KL_ERR)
+    if (check_ascii_outputs(format, KL_TIME_UTC, nullptr) == KL_ERR)
         return call.fails(KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR);
     const Correlation *id = correlation_of(time_id);
     if (id == nullptr)

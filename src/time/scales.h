@@ -254,7 +254,7 @@ long read_ascii(kl_time_id *time_id, long format, long ref, const char *text, lo
 // written as 23:59:60, a limit as its text whatever the record holds.
 long write_ascii(long format, long ref, const kl_std_record *in, char *text, kl_error_record *error,
                  MissionLimit limit = MissionLimit::none);
-long KL_Time_check_ascii_outputs(long format, long ref, kl_error_record *error);
+long check_ascii_outputs(long format, long ref, kl_error_record *error);
 
 // Reads the four fields of a transport time; 0, or -1 with one condition in the record.
 long read_transport(kl_time_id *time_id, long format, long ref, const long fields[4], kl_std_record *out,
@@ -263,7 +263,7 @@ long read_transport(kl_time_id *time_id, long format, long ref, const long field
 void write_transport(long format, const kl_std_record *in, long fields[4]);
 // Can the format tell the 61st second of a day from the second after it?
 bool transport_holds_leap_second(long format);
-long KL_Time_check_transport_outputs(long format, long ref, kl_error_record *error);
+long check_transport_outputs(long format, long ref, kl_error_record *error);
 
 // Does the day end with a positive leap second of the id? Only UTC has any.
 inline bool ends_with_leap_second(const kl_time_id *time_id, long ref, long day)

@@ -216,7 +216,7 @@ bool transport_holds_leap_second(long format)
     return format < KL_TRANS_31; // a second of the week, or since the epoch, has only one name
 }
 
-long KL_Time_check_transport_outputs(long id, long ref, kl_error_record *error)
+long check_transport_outputs(long id, long ref, kl_error_record *error)
 {
     Activation call(KL_FN_TIME_CHECK_TRANSPORT_OUTPUTS, error);
     const Format *format = format_of(id);

@@ -2,9 +2,17 @@
 #include "errors/said.h"
 #include "kl_family.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <clocale>
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <string>
 #include <tuple>
 #include <vector>
 
@@ -82,6 +90,38 @@ TEST(ErrorVector, ABitThatNoCodeOwnsIsReportedAndSkipped)
     record.codes[0] = 7; // behind the last
     EXPECT_EQ(KL_Err_Vector(kSun, &record, back), 0);
     EXPECT_EQ(back[0], 0);
+}
+
+// A caller whose numbers have a comma reads messages with a point. The locale is written here: none may be installed.
+TEST(Messages, HaveAPointWhateverTheLocale)
+{
+    struct {
+        std::uint32_t magic = 0x20031115U ^ LC_NUMERIC, n = 6, at[6] = {32, 34, 35, 40, 44, 48};
+        char point_and_separators[8] = ",";
+        std::uint32_t wide_point = ',', wide_separator = 0;
+        char codeset[8] = "UTF-8";
+    } file;
+    const std::string dir = testing::TempDir() + "locale-" + std::to_string(getpid()), of_numbers = dir + "/comma";
+    ASSERT_EQ(mkdir(dir.c_str(), 0700) + mkdir(of_numbers.c_str(), 0700), 0);
+    std::ofstream(of_numbers + "/LC_NUMERIC", std::ios::binary)
+        .write(reinterpret_cast<const char *>(&file), sizeof file);
+    setenv("LOCPATH", dir.c_str(), 1);
+    const bool set = std::setlocale(LC_NUMERIC, "comma") != nullptr;
+    unsetenv("LOCPATH");
+    for (const char *name : {"/comma/LC_NUMERIC", "/comma", ""})
+        std::remove((dir + name).c_str());
+    if (!set)
+        GTEST_SKIP() << "this C library takes no locale of a test";
+    char comma[16];
+    std::snprintf(comma, sizeof comma, "%.1f", 95.5);
+    kl_error_record record = kEmpty;
+    const double value = 95.5;
+    EXPECT_EQ(KL_Put_Err(kCarGeo, 0, &value, &record), 0);
+    long n = 0;
+    KL_Err_Msg(&record, &n, msg);
+    std::setlocale(LC_NUMERIC, "C");
+    EXPECT_STREQ(comma, "95,5");
+    EXPECT_STREQ(msg[0], "ORBKIT_LIB >>> WARNING in KL_Car_Geo: Internal computation warning # 1 (95.500000)");
 }
 
 TEST(PublicIds, AreThoseOfTheMatrixAndOnPurposeTheLineOfTheOthersNamesAnotherFunction)

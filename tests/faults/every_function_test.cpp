@@ -200,7 +200,7 @@ TEST(EveryFunction, GivesEveryThreadOfSharedIdsTheSame)
         kl_time_id time = shared.time;
         kl_model_id model = shared.model;
         LEAVES(error_bits(KL_TIME_REF_CLOSE_ID_ERR), kl_time_close(&time, e)) // the run holds it
-        LEAVES(error_bits(KL_MODEL_CLOSE_ERR), kl_model_close(&model, e))
+        LEAVES(error_bits(KL_MODEL_CLOSE_ID_ERR), kl_model_close(&model, e))
     }
     for (std::thread &thread : threads)
         thread.join();

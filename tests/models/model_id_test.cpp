@@ -101,10 +101,10 @@ TEST(ModelId, BadCallsGetTheirConditionsAndEveryModeButOneIsTheDefault)
     expect_outcome(kl_model_init(&kUserMode, nullptr, &model.id, &ierr), ierr, KL_MODEL_INIT_SELECTION_ERR,
                    "no models");
     EXPECT_EQ(model.id.record, nullptr);
-    close(&model.id, KL_MODEL_CLOSE_ERR, "empty");
-    close(nullptr, KL_MODEL_CLOSE_ERR, "no handle");
+    close(&model.id, KL_MODEL_CLOSE_ID_ERR, "empty");
+    close(nullptr, KL_MODEL_CLOSE_ID_ERR, "no handle");
     ASSERT_EQ(model.select(0, 0) + user.select(0, 0) + KL_Link_ids(model.id.record, user.id.record), KL_OK);
-    close(&model.id, KL_MODEL_CLOSE_ERR, "in use");
+    close(&model.id, KL_MODEL_CLOSE_ID_ERR, "in use");
     EXPECT_EQ(kl_model_init_status(&model.id), 1);
     ASSERT_EQ(KL_Unlink_ids(model.id.record, user.id.record), 0);
     close(&model.id, kNone, "no longer in use");

@@ -5,6 +5,7 @@
 #include "support/conditions.h"
 #include "support/fault_injection.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -140,10 +141,34 @@ TEST_F(DefaultSatellites, EveryMistakeInAFileIsReportedWithItsLine)
         expect_complaints(path_, complaints);
     }
     expect_complaints("no/such/file.cfg", {"0: No such file or directory"});
-    expect_complaints("examples", {"0: the file cannot be read"});
+    expect_complaints("examples", {"0: this is not a plain file"});
+    expect_complaints("/dev/zero", {"0: this is not a plain file"});
+    const std::string pipe = path_ + ".pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    expect_complaints(pipe, {"0: this is not a plain file"}); // nobody writes to it: a reader would wait for ever
+    std::remove(pipe.c_str());
+    write(example_text() + "#" + std::string(65536, ' '));
+    expect_complaints(path_, {"0: the file is larger than 65536 octets"});
+    std::vector<std::string> many;
+    for (int line = 1; line <= 20; ++line)
+        many.push_back(std::to_string(line) + ": unknown key x");
+    many.push_back("21: there are more mistakes");
+    std::string wrong_lines;
+    for (int line = 1; line <= 2000; ++line)
+        wrong_lines += "x=1\n";
+    write(wrong_lines);
+    expect_complaints(path_, many);
     kd_sat_init data;
     EXPECT_EQ(KD_Read_sat_init_file(nullptr, &data), -1);
     EXPECT_EQ(KD_Read_sat_init_file(kExample, nullptr), -1);
+}
+
+TEST_F(DefaultSatellites, NumbersMayHaveAPlusSign)
+{
+    write(replaced(replaced(example_text(), "= 99999", "= +012"), "= 7168140", "= +7168140.5"));
+    const long id = init(path_);
+    EXPECT_EQ(TLE_SAT_DATA[id].catalogue_number, 12);
+    EXPECT_EQ(A_NOM[id], 7168140.5);
 }
 
 TEST_F(DefaultSatellites, OnPurposeALockThatIsNotReleasedIsOnlyPrinted)
@@ -171,6 +196,46 @@ TEST_F(DefaultSatellites, ThreadsGetDifferentSlots)
         for (const long id : ids)
             kl_default_sat_close(&id);
     }
+}
+
+// A slot is given back once it is clear: whoever takes it next keeps what he writes.
+TEST_F(DefaultSatellites, ASlotIsClearBeforeItIsFree)
+{
+    for (long slot = 1; slot < 10; ++slot)
+        kl_default_sat_array[slot] = 1;
+    const long slot = 0;
+    for (int round = 0; round < 300; ++round) {
+        ASSERT_EQ(init(""), slot);
+        std::thread other([] {
+            long id = -1, ierr[1];
+            while (kl_default_sat_init(&id, "", ierr) != KL_OK)
+                std::this_thread::yield();
+            EXPECT_EQ(kl_set_sp3_sat_data(id, "L99"), 0);
+        });
+        kl_default_sat_close(&slot);
+        other.join();
+        ASSERT_STREQ(Catalogue(slot).sp3, "L99");
+        kl_default_sat_close(&slot);
+    }
+}
+
+// The largest axis of all rows is looked for while a row is filled: meant for the thread sanitizer.
+TEST_F(DefaultSatellites, PeriodsAreFoundWhileAnotherThreadFillsARow)
+{
+    const long id = init("");
+    double wanted = 0.0, period = 0.0;
+    ASSERT_EQ(KL_Get_max_period(&id, &wanted, nullptr), KL_WARN); // an empty row: the largest axis of all is taken
+    std::thread other([] {
+        for (int round = 0; round < 50; ++round) {
+            const long own = init(kExample);
+            kl_default_sat_close(&own);
+        }
+    });
+    for (int round = 0; round < 2000; ++round) {
+        EXPECT_EQ(KL_Get_max_period(&id, &period, nullptr), KL_WARN);
+        EXPECT_EQ(period, wanted); // geostationary, whatever the other row holds
+    }
+    other.join();
 }
 
 } // namespace
