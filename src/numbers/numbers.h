@@ -4,16 +4,12 @@
 #define KL_SRC_NUMBERS_NUMBERS_H
 
 #include "kl_family.h"
+#include "numbers/constants.h"
+#include "numbers/pack.h"
 
 #include <cmath>
 
-constexpr double KL_PI = 3.14159265358979323846;
-constexpr double KL_TWO_PI = 6.283185307179586476925287;
-constexpr double KL_RAD_PER_DEG = 0.017453292519943295;
-constexpr double KL_DEG_PER_RAD = 57.29577951308232;
-
-// A vector shorter than this, squared, counts as null.
-constexpr double KL_NULL_LENGTH_SQUARED = 1e-20;
+inline namespace KL_SET {
 
 // The sum of squares where it is not above the limit, else the length.
 inline double length_or_square(double sum_of_squares)
@@ -51,24 +47,22 @@ inline void copy_three(const double *from, double *to)
 // ---- the two angle reductions ----
 
 // [0, 2 pi). NaN and infinities give NaN.
-inline double reduced_to_2pi(double angle)
+template <class T>
+T reduced_to_2pi(T angle)
 {
-    double reduced = angle;
-    if (angle < 0.0)
-        reduced = angle + (2.0 - 2.0 * std::trunc(angle / KL_TWO_PI)) * KL_PI;
-    else if (angle > KL_TWO_PI)
-        reduced = angle - 2.0 * std::trunc(angle / KL_TWO_PI) * KL_PI;
+    const T turns = 2.0 * trunc(angle / KL_TWO_PI);
+    T rest = select(angle > KL_TWO_PI, angle - turns * KL_PI, angle);
+    rest = select(angle < 0.0, angle + (2.0 - turns) * KL_PI, rest);
     // Rounding may leave either end by a little.
-    if (reduced < 0.0)
-        return 0.0;
-    return reduced >= KL_TWO_PI ? 0.0 : reduced;
+    return select((rest < 0.0) | (rest >= KL_TWO_PI), 0.0, rest);
 }
 
 // [0, 360), in degrees throughout: whole turns are exact.
-inline double reduced_to_360(double degrees)
+template <class T>
+T reduced_to_360(T degrees)
 {
-    const double reduced = degrees - 360.0 * std::floor(degrees / 360.0);
-    return reduced >= 360.0 ? 0.0 : reduced;
+    const T rest = degrees - 360.0 * floor(degrees / 360.0);
+    return select(rest >= 360.0, 0.0, rest);
 }
 
 // ---- views ----
@@ -185,5 +179,7 @@ inline double normalise(double *a, long n)
             a[i] /= length;
     return length;
 }
+
+} // namespace KL_SET
 
 #endif

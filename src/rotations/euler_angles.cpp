@@ -27,7 +27,7 @@ static_assert(std::size(kBetweenAxes) == KL_GET_ROTATED_VECTORS_N_CODES);
 constexpr double kOrthogonal = 1e-6;
 constexpr double kRotation = 1e-9;
 
-void fill_matrix(const SineCosine &a0, const SineCosine &a1, const SineCosine &a2, double m[9])
+void fill_matrix(const SineCosine<double> &a0, const SineCosine<double> &a1, const SineCosine<double> &a2, double m[9])
 {
     m[0] = a1.c * a2.c + a0.s * a1.s * a2.s;
     m[1] = a0.c * a2.s;
