@@ -6,7 +6,7 @@
 
 namespace {
 
-KernelSet in_use = kKernelsBaseline; // also before any constructor runs
+KernelSet instruction_set = kKernelsBaseline; // also before any constructor runs
 
 #if defined(__x86_64__)
 __attribute__((constructor)) void choose_kernels()
@@ -21,10 +21,10 @@ __attribute__((constructor)) void choose_kernels()
         else if (std::strcmp(asked, "avx2") == 0 && widest > kKernelsAvx2)
             widest = kKernelsAvx2;
     }
-    in_use = widest;
+    instruction_set = widest;
 }
 #endif
 
 } // namespace
 
-const KernelSet &kernel_set = in_use;
+const KernelSet &kernel_set = instruction_set;
