@@ -104,14 +104,10 @@ Instant instant_of(const long *time_ref, const double *time)
 // Another scale through the time id. `no_time_id` tells why it failed.
 bool convert(kl_time_id *time_id, const Instant &in, long ref_out, double *out, bool *no_time_id = nullptr)
 {
-    const long processing = KL_PROC;
-    long ierr = 0;
-    if (kl_time_processing_to_processing(time_id, &processing, &in.ref, &in.days, &processing, &ref_out, out, &ierr)
-        != KL_ERR)
-        return true;
+    const InRef result = time_in_ref(time_id, in.ref, ref_out, in.days, out);
     if (no_time_id != nullptr)
-        *no_time_id = KL_Check_Bit(ierr, KL_TIME_PROCESSING_TO_PROCESSING_TIME_ID_ERR) == 1;
-    return false;
+        *no_time_id = result == InRef::not_initialised;
+    return result == InRef::done;
 }
 
 // Input check, time to TDB, the body's routine, time to UT1, state to the Earth-fixed frame. The model id may be

@@ -5,7 +5,12 @@
 
 #include "kl_lib.h"
 
+constexpr long KL_TIME_MODEL_EXPLICIT = -1; // one row of explicit values
 constexpr long KL_COMBINATION_TWO_BULLETINS = 2;
+
+// Time models whose instants after the last row are not "outside" for the once-only warnings.
+constexpr long KL_TIME_MODEL_NEVER_OUTSIDE = 8; // nor on any side for the look-up
+constexpr long KL_TIME_MODEL_OPEN_END = 10;
 
 // A bulletin's prediction of the pole, arc seconds: constant, cosine and sine of the first period, then of the second.
 // Zero coefficients: no prediction.

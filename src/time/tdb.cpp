@@ -1,6 +1,6 @@
 // TAI and TDB.
 #include "numbers/elementary.h"
-#include "time/scales.h"
+#include "time/instants.h"
 
 namespace {
 
@@ -20,18 +20,12 @@ double tdb_minus_tai(double days)
 
 } // namespace
 
-long KL_Time_p2p_ref_tai_to_tdb(const double *tai, double *tdb)
+double tdb_of_tai(double tai_days)
 {
-    if (tai == nullptr || tdb == nullptr)
-        return KL_ERR;
-    *tdb = *tai + tdb_minus_tai(*tai);
-    return KL_OK;
+    return tai_days + tdb_minus_tai(tai_days);
 }
 
-long KL_Time_p2p_ref_tdb_to_tai(const double *tdb, double *tai)
+double tai_of_tdb(double tdb_days)
 {
-    if (tdb == nullptr || tai == nullptr)
-        return KL_ERR;
-    *tai = *tdb - tdb_minus_tai(*tdb);
-    return KL_OK;
+    return tdb_days - tdb_minus_tai(tdb_days);
 }

@@ -1,8 +1,8 @@
 // The record of a time id: its arrays, the checks of its rows, and its way into a handle.
 #include "time/time_record.h"
 
-#include "kl_family.h"
-#include "time/scales.h"
+#include "time/instants.h"
+#include "time/leap_second.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,9 +14,7 @@
 namespace {
 
 constexpr long kNoSatellite = -1;
-constexpr double kColumnSlack = 2e-6;                // s: two days rounded to doubles near 2099 use up half of it
-constexpr double kLeapStep = 0.5;                    // s: TAI-UTC moves by whole seconds
-constexpr double kOneSecond = 1.1574074074074073e-5; // days
+constexpr double kColumnSlack = 2e-6; // s: two days rounded to doubles near 2099 use up half of it
 
 // Bounds that keep sums of seconds and microseconds within a long: no two times in range lie further apart, and the
 // UT1-UTC formula, which is also asked for days that had seconds added to them, stays below a sum that no clock needs.
@@ -63,27 +61,9 @@ Row *array_of(long n)
 // As if the computation before the first one had been inside: the first one outside warns.
 void forget_computations(TimeIdRecord *record)
 {
-    for (auto &set : record->previous_inside)
-        for (auto &flag : set)
+    for (OnceOnlyFlags &set : record->once_only)
+        for (auto &flag : set.was_inside)
             flag.store(1, std::memory_order_relaxed);
-}
-
-// The last change of TAI-UTC in the rows; false when its quarter cannot be found.
-bool find_leap_second(const Correlation &correlation, LeapSecond *leap)
-{
-    *leap = {0, 0.0, 0.0};
-    for (long i = 1; i < correlation.n_rows; ++i) {
-        const kl_time_row &row = correlation.rows[i];
-        const double step = row.tai_utc - correlation.rows[i - 1].tai_utc;
-        if (std::fabs(step) < kLeapStep)
-            continue;
-        const long utc = KL_TIME_UTC;
-        leap->sign = step > 0.0 ? 1 : -1;
-        if (KL_Leap_second_utc_time(&utc, &row.utc, &leap->utc, nullptr) == KL_ERR)
-            return false;
-        leap->tai = leap->utc + row.tai_utc / KL_SECONDS_PER_DAY - static_cast<double>(leap->sign) * kOneSecond;
-    }
-    return true;
 }
 
 } // namespace

@@ -1,32 +1,8 @@
-// Transport formats: records of whole numbers, to the standard record and back.
-#include "errors/message_groups.h"
-#include "time/scales.h"
+#include "time/formats/transport_times.h"
 
-#include <iterator>
+#include "time/leap_second.h"
 
 namespace {
-
-constexpr Message kInputRows[] = {
-    /* KL_TRANS_IN_FORMAT          */ error("Input transport format ID is not correct (%li)", kLongArgument),
-    /* KL_TRANS_IN_REF             */ error("Input time reference ID is not correct (%li)", kLongArgument),
-    /* KL_TRANS_IN_GPS_REF         */ error("Input transport format needs GPS time (%li)", kLongArgument),
-    /* KL_TRANS_IN_DAYS            */ error("Number of days out of range (%li)", kLongArgument),
-    /* KL_TRANS_IN_LEAP_SECOND     */ error("61st second outside a positive leap second (day %li)", kLongArgument),
-    /* KL_TRANS_IN_SECONDS         */ error("Number of seconds out of range (%li)", kLongArgument),
-    /* KL_TRANS_IN_MILLISECONDS    */ error("Number of milliseconds out of range (%li)", kLongArgument),
-    /* KL_TRANS_IN_MICROSECONDS    */ error("Number of microseconds out of range (%li)", kLongArgument),
-    /* KL_TRANS_IN_TICKS           */ error("Number of ticks out of range (%li)", kLongArgument),
-    /* KL_TRANS_IN_WEEK            */ error("GPS week out of range (%li)", kLongArgument),
-    /* KL_TRANS_IN_SECONDS_OF_WEEK */ error("Seconds of week out of range (%li)", kLongArgument),
-    /* KL_TRANS_IN_FRACTION        */ error("Fraction of second out of range (%li)", kLongArgument),
-    /* KL_TRANS_IN_GPS_SECONDS     */ error("Seconds since the GPS epoch out of range (%li)", kLongArgument),
-};
-static_assert(std::size(kInputRows) == KL_TRANS_IN_N_CODES);
-constexpr Message kOutputRows[] = {
-    /* KL_TRANS_OUT_FORMAT  */ error("Output transport format ID is not correct (%li)", kLongArgument),
-    /* KL_TRANS_OUT_REF     */ error("Output time reference ID is not correct (%li)", kLongArgument),
-    /* KL_TRANS_OUT_GPS_REF */ error("Output transport format needs GPS time (%li)", kLongArgument),
-};
 
 // ---- fields ----
 
@@ -121,13 +97,13 @@ void add(Unit unit, long value, kl_std_record *out)
 }
 
 // Carries microseconds and, over a day of its own length, seconds; less than a day of them.
-void carry(kl_time_id *time_id, long ref, kl_std_record *record)
+void carry(const Correlation *correlation, long ref, kl_std_record *record)
 {
     record->seconds += record->microseconds / 1000000;
     record->microseconds %= 1000000;
     if (record->seconds < kDaySeconds)
         return;
-    const long length = kDaySeconds + (ends_with_leap_second(time_id, ref, record->days) ? 1 : 0);
+    const long length = kDaySeconds + (ends_with_leap_second(correlation, ref, record->days) ? 1 : 0);
     if (record->seconds < length)
         return;
     record->seconds -= length;
@@ -136,49 +112,63 @@ void carry(kl_time_id *time_id, long ref, kl_std_record *record)
 
 } // namespace
 
-const MessageGroup messages_KL_Time_check_transport_inputs = group(kInputRows);
-const MessageGroup messages_KL_Time_check_transport_outputs = group(kOutputRows);
-
-long read_transport(kl_time_id *time_id, long id, long ref, const long fields[4], kl_std_record *out,
-                    kl_error_record *error)
+Fault check_transport_input(long id, long ref)
 {
-    Activation call(KL_FN_TIME_CHECK_TRANSPORT_INPUTS, error);
     const Format *format = format_of(id);
     if (format == nullptr)
-        return call.fails(KL_TRANS_IN_FORMAT, &id);
+        return {KL_TRANS_IN_FORMAT, id};
     if (!is_time_ref(ref))
-        return call.fails(KL_TRANS_IN_REF, &ref);
+        return {KL_TRANS_IN_REF, ref};
     if (format->gps_only && ref != KL_TIME_GPS)
-        return call.fails(KL_TRANS_IN_GPS_REF, &ref);
-    if (fields == nullptr)
-        return call.fails(format->fields[0].fault);
+        return {KL_TRANS_IN_GPS_REF, ref};
+    return {};
+}
 
+Fault check_transport_output(long id, long ref)
+{
+    const Format *format = format_of(id);
+    if (format == nullptr)
+        return {KL_TRANS_OUT_FORMAT, id};
+    if (!is_time_ref(ref))
+        return {KL_TRANS_OUT_REF, ref};
+    if (format->gps_only && ref != KL_TIME_GPS)
+        return {KL_TRANS_OUT_GPS_REF, ref};
+    return {};
+}
+
+Fault read_transport(const Correlation *correlation, long id, long ref, const long fields[4], Reading *out)
+{
+    const Format *format = format_of(id);
+    out->origin = Origin::transport;
+    out->ref = ref;
+    if (fields == nullptr)
+        return {format->fields[0].fault};
     kl_std_record record = {0, 0, 0};
     for (int i = 0; i < KL_TRANSPORT_LENGTH; ++i) {
         const Field &field = format->fields[i];
         if (field.unit == Unit::none)
             break;
         if (fields[i] < field.first || fields[i] > field.last)
-            return call.fails(field.fault, &fields[i]);
+            return {field.fault, fields[i]};
         add(field.unit, fields[i], &record);
-        if (record.seconds == kDaySeconds && !ends_with_leap_second(time_id, ref, record.days))
-            return call.fails(KL_TRANS_IN_LEAP_SECOND, &fields[0]);
+        if (record.seconds == kDaySeconds && !ends_with_leap_second(correlation, ref, record.days))
+            return {KL_TRANS_IN_LEAP_SECOND, fields[0]};
     }
-    carry(time_id, ref, &record);
+    carry(correlation, ref, &record);
     if (record.days > kLastDay) { // seconds of the last week, or ticks
-        const bool by_ticks = id == KL_TRANS_23;
-        const long shown = by_ticks ? fields[3] : record.days;
-        return call.fails(by_ticks ? KL_TRANS_IN_TICKS : KL_TRANS_IN_DAYS, &shown);
+        if (id == KL_TRANS_23)
+            return {KL_TRANS_IN_TICKS, fields[3]};
+        return {KL_TRANS_IN_DAYS, record.days};
     }
-    *out = record;
-    return call.status();
+    out->record = record;
+    return {};
 }
 
-void write_transport(long id, const kl_std_record *in, long fields[4])
+void write_transport(long id, const kl_std_record &in, long fields[4])
 {
-    const long days = in->days;
-    const long seconds = in->seconds;
-    const long microseconds = in->microseconds;
+    const long days = in.days;
+    const long seconds = in.seconds;
+    const long microseconds = in.microseconds;
     const long gps_days = days - KL_GPS_EPOCH_DAY;
     const long week = floor_div(gps_days, 7);
     const long seconds_of_week = kDaySeconds * (gps_days - 7 * week) + seconds;
@@ -209,22 +199,4 @@ void write_transport(long id, const kl_std_record *in, long fields[4])
         put(days, seconds, microseconds);
         break;
     }
-}
-
-bool transport_holds_leap_second(long format)
-{
-    return format < KL_TRANS_31; // a second of the week, or since the epoch, has only one name
-}
-
-long check_transport_outputs(long id, long ref, kl_error_record *error)
-{
-    Activation call(KL_FN_TIME_CHECK_TRANSPORT_OUTPUTS, error);
-    const Format *format = format_of(id);
-    if (format == nullptr)
-        return call.fails(KL_TRANS_OUT_FORMAT, &id);
-    if (!is_time_ref(ref))
-        return call.fails(KL_TRANS_OUT_REF, &ref);
-    if (format->gps_only && ref != KL_TIME_GPS)
-        return call.fails(KL_TRANS_OUT_GPS_REF, &ref);
-    return call.status();
 }

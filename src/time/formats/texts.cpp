@@ -1,44 +1,13 @@
-// Texts of a time: five layouts, each with or without a reference prefix and microseconds.
-#include "errors/message_groups.h"
-#include "time/scales.h"
+#include "time/formats/texts.h"
 
+#include "time/calendar.h"
+#include "time/leap_second.h"
+
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
-#include <iterator>
 
 namespace {
-
-constexpr Message kInputRows[] = {
-    /* KL_ASCII_IN_FORMAT        */ error("Input ascii format ID is not correct (%li)", kLongArgument),
-    /* KL_ASCII_IN_REF           */ error("Input time reference ID is not correct (%li)", kLongArgument),
-    /* KL_ASCII_IN_YEAR          */ error("Year is not a number from 1950 to 2099"),
-    /* KL_ASCII_IN_LAYOUT        */ error("Text does not have the separators of its format"),
-    /* KL_ASCII_IN_TOO_SHORT     */ error("Text is too short for its format"),
-    /* KL_ASCII_IN_TOO_LONG      */ error("Text is too long for its format"),
-    /* KL_ASCII_IN_PREFIX        */ error("Prefix is none of \"TAI=\", \"UTC=\", \"UT1=\" and \"GPS=\""),
-    /* KL_ASCII_IN_PREFIX_REF    */ error("Prefix contradicts the input time reference"),
-    /* KL_ASCII_IN_NO_REF        */ error("Neither a prefix nor the caller gives a time reference"),
-    /* KL_ASCII_IN_MISSION_LIMIT */ error("Year 0000 or 9999, yet no beginning- or end-of-mission text"),
-    /* KL_ASCII_IN_MONTH         */ error("Month is not one of 01 to 12 or JAN to DEC"),
-    /* KL_ASCII_IN_DAY           */ error("Day is not a number from 1 to 31"),
-    /* KL_ASCII_IN_HOUR          */ error("Hour is not a number from 0 to 23"),
-    /* KL_ASCII_IN_MINUTE        */ error("Minute is not a number from 0 to 59"),
-    /* KL_ASCII_IN_SECOND        */ error("Second is not a number from 0 to 59, or 60"),
-    /* KL_ASCII_IN_MICROSECOND   */ error("Microsecond is not a number"),
-    /* KL_ASCII_IN_DAY_OF_30     */ error("That month has only 30 days"),
-    /* KL_ASCII_IN_DAY_OF_29     */ error("That FEBRUARY has only 29 days"),
-    /* KL_ASCII_IN_DAY_OF_28     */ error("That FEBRUARY has only 28 days"),
-    /* KL_ASCII_IN_LEAP_SECOND   */ error("Second 60 outside a positive leap second"),
-};
-static_assert(std::size(kInputRows) == KL_ASCII_IN_N_CODES);
-constexpr Message kOutputRows[] = {
-    /* KL_ASCII_OUT_FORMAT */ error("Output ascii format ID is not correct (%li)", kLongArgument),
-    /* KL_ASCII_OUT_REF    */ error("Output time reference ID is not correct (%li)", kLongArgument),
-};
-constexpr Message kWriteRows[] = {
-    /* KL_ASCII_WRITE_BEFORE_1950 */ error("Time is before 1950"),
-    /* KL_ASCII_WRITE_AFTER_2099  */ error("Time is after 2099"),
-};
 
 // ---- layouts ----
 
@@ -221,7 +190,7 @@ int read_fields(const Form &form, const char *text, long fields[kFields])
 }
 
 // A date of the fields. -1, or the condition that they meet.
-int date_of(kl_time_id *time_id, long ref, const long fields[kFields], kl_std_record *out)
+int date_of(const Correlation *correlation, long ref, const long fields[kFields], kl_std_record *out)
 {
     for (const FieldRange &range : kRanges)
         if (fields[range.field] < range.first || fields[range.field] > range.last)
@@ -233,36 +202,37 @@ int date_of(kl_time_id *time_id, long ref, const long fields[kFields], kl_std_re
     out->days = day_of_calendar(fields[kYear], fields[kMonth], fields[kDay]);
     out->seconds = 3600 * fields[kHour] + 60 * fields[kMinute] + fields[kSecond];
     out->microseconds = fields[kMicrosecond];
-    if (fields[kSecond] == 60 && !(out->seconds == 86400 && ends_with_leap_second(time_id, ref, out->days)))
+    if (fields[kSecond] == 60 && !(out->seconds == 86400 && ends_with_leap_second(correlation, ref, out->days)))
         return KL_ASCII_IN_LEAP_SECOND;
     return -1;
 }
 
-int read_text(kl_time_id *time_id, const Form &form, long ref, const char *text, long *own_ref, kl_std_record *out,
-              MissionLimit *limit)
+// The reading of a text of which `room` characters may be looked at; it ends there or at a zero. -1, or the condition.
+int read_characters(const Correlation *correlation, const Form &form, long ref, const char *text, std::size_t room,
+                    Reading *out)
 {
     const std::size_t length = static_cast<std::size_t>(form.length());
-    const void *end = text != nullptr ? std::memchr(text, '\0', length + 1) : nullptr;
-    if (text == nullptr || (end != nullptr && end != text + length))
+    const void *end = text != nullptr ? std::memchr(text, '\0', std::min(room, length + 1)) : nullptr;
+    if (text == nullptr || (end == nullptr ? room < length : end != text + length))
         return KL_ASCII_IN_TOO_SHORT;
-    if (end == nullptr)
+    if (end == nullptr && room > length)
         return KL_ASCII_IN_TOO_LONG;
 
-    int fault = read_prefix(form, ref, text, own_ref);
+    int fault = read_prefix(form, ref, text, &out->ref);
     long fields[kFields] = {};
     if (fault < 0)
         fault = read_fields(form, form.prefix ? text + kPrefixLength : text, fields);
     if (fault >= 0)
         return fault;
 
-    *limit = MissionLimit::none;
+    out->limit = MissionLimit::none;
     if (fields[kYear] != 0 && fields[kYear] != 9999)
-        return date_of(time_id, *own_ref, fields, out);
+        return date_of(correlation, out->ref, fields, &out->record);
     const LimitText *found = limit_of(fields);
     if (found == nullptr)
         return KL_ASCII_IN_MISSION_LIMIT;
-    *limit = found->limit;
-    *out = found->record;
+    out->limit = found->limit;
+    out->record = found->record;
     return -1;
 }
 
@@ -288,11 +258,9 @@ void put_month(const Layout &layout, char *p, long month)
         put<3>(p, month == 0 ? 0 : 999);
 }
 
-void write_fields(long format, long ref, const long fields[kFields], char *text)
+void write_fields(const Form &form, long ref, const long fields[kFields], char *text)
 {
-    const Form form(format);
     const Layout &layout = form.layout;
-    text[form.length()] = '\0';
     if (form.prefix) {
         std::memcpy(text, kPrefixes[ref], kPrefixLength);
         text += kPrefixLength;
@@ -307,65 +275,74 @@ void write_fields(long format, long ref, const long fields[kFields], char *text)
         put<6>(text + layout.at[kMicrosecond], fields[kMicrosecond]);
 }
 
-} // namespace
+// A text that is a limit stays one, and one that is not becomes none; a number at a limit is written as its text.
+MissionLimit limit_to_write(const Reading &reading)
+{
+    const kl_std_record &record = reading.record;
+    const bool midnight = record.seconds == 0 && record.microseconds == 0;
+    const bool first = midnight && record.days == static_cast<long>(KL_PROCESSING_FIRST);
+    const bool last = midnight && record.days == static_cast<long>(KL_PROCESSING_LAST);
+    if (!first && !last)
+        return MissionLimit::none;
+    if (reading.origin == Origin::text)
+        return reading.limit;
+    return first ? MissionLimit::beginning : MissionLimit::end;
+}
 
-const MessageGroup messages_KL_Time_check_ascii_inputs = group(kInputRows);
-const MessageGroup messages_KL_Time_check_ascii_outputs = group(kOutputRows);
-const MessageGroup messages_KL_Time_t2a_format_from_std = group(kWriteRows);
+} // namespace
 
 const char kl_months[13][4] = {"", "JAN", "FEB", "MAR", "APR", "MAY", "JUN", "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 
-bool is_ascii_format(long format)
+Fault check_text_input(long format, long ref)
 {
-    return format >= 11 && format <= 54 && format % 10 >= 1 && format % 10 <= 4;
-}
-
-long read_ascii(kl_time_id *time_id, long format, long ref, const char *text, long *own_ref, kl_std_record *out,
-                kl_error_record *error, MissionLimit *limit)
-{
-    Activation call(KL_FN_TIME_CHECK_ASCII_INPUTS, error);
-    if (!is_ascii_format(format))
-        return call.fails(KL_ASCII_IN_FORMAT, &format);
+    if (!is_text_format(format))
+        return {KL_ASCII_IN_FORMAT, format};
     if (ref < KL_TIME_UNDEF || ref > KL_TIME_GPS)
-        return call.fails(KL_ASCII_IN_REF, &ref);
-    MissionLimit found = MissionLimit::none;
-    const int fault = read_text(time_id, Form(format), ref, text, own_ref, out, &found);
-    if (fault >= 0)
-        return call.fails(fault);
-    if (limit != nullptr)
-        *limit = found;
-    return call.status();
+        return {KL_ASCII_IN_REF, ref};
+    return {};
 }
 
-long check_ascii_outputs(long format, long ref, kl_error_record *error)
+Fault check_text_output(long format, long ref)
 {
-    Activation call(KL_FN_TIME_CHECK_ASCII_OUTPUTS, error);
-    if (!is_ascii_format(format))
-        return call.fails(KL_ASCII_OUT_FORMAT, &format);
+    if (!is_text_format(format))
+        return {KL_ASCII_OUT_FORMAT, format};
     if (!is_time_ref(ref))
-        return call.fails(KL_ASCII_OUT_REF, &ref);
-    return call.status();
+        return {KL_ASCII_OUT_REF, ref};
+    return {};
 }
 
-long write_ascii(long format, long ref, const kl_std_record *in, char *text, kl_error_record *error, MissionLimit limit)
+int text_length(long format)
 {
-    Activation call(KL_FN_TIME_T2A_FORMAT_FROM_STD, error);
+    return Form(format).length();
+}
+
+Fault read_text(const Correlation *correlation, long format, long ref, const char *text, std::size_t room, Reading *out)
+{
+    out->origin = Origin::text;
+    return {read_characters(correlation, Form(format), ref, text, room, out)};
+}
+
+Fault write_text(long format, long ref, const Reading &reading, char *text)
+{
+    const Form form(format);
+    const MissionLimit limit = limit_to_write(reading);
     for (const LimitText &row : kLimits) {
         if (row.limit == limit) {
-            write_fields(format, ref, row.fields, text);
-            return call.status();
+            write_fields(form, ref, row.fields, text);
+            return {};
         }
     }
-    if (in->days < static_cast<long>(KL_PROCESSING_FIRST))
-        return call.fails(KL_ASCII_WRITE_BEFORE_1950);
-    if (in->days >= static_cast<long>(KL_CALENDAR_END))
-        return call.fails(KL_ASCII_WRITE_AFTER_2099);
-    const CalendarDay date = calendar_of_day(in->days);
-    const bool leap_second = in->seconds == 86400; // 23:59:60
-    const long seconds = leap_second ? 86399 : in->seconds;
-    const long fields[kFields] = {date.year,       date.month,        date.day,
-                                  seconds / 3600,  seconds / 60 % 60, seconds % 60 + (leap_second ? 1 : 0),
-                                  in->microseconds};
-    write_fields(format, ref, fields, text);
-    return call.status();
+    const kl_std_record &in = reading.record;
+    if (in.days < static_cast<long>(KL_PROCESSING_FIRST))
+        return {KL_ASCII_WRITE_BEFORE_1950};
+    if (in.days >= static_cast<long>(KL_CALENDAR_END))
+        return {KL_ASCII_WRITE_AFTER_2099};
+    const CalendarDay date = calendar_of_day(in.days);
+    const bool leap_second = in.seconds == 86400; // 23:59:60
+    const long seconds = leap_second ? 86399 : in.seconds;
+    const long fields[kFields] = {date.year,      date.month,        date.day,
+                                  seconds / 3600, seconds / 60 % 60, seconds % 60 + (leap_second ? 1 : 0),
+                                  in.microseconds};
+    write_fields(form, ref, fields, text);
+    return {};
 }

@@ -1,6 +1,8 @@
-// Calendar dates of MJD2000 instants and back, 1950 to 2099.
+// Calendar dates of MJD2000 instants and back for the family, 1950 to 2099.
+#include "errors/activation.h"
 #include "errors/message_groups.h"
-#include "time/scales.h"
+#include "time/calendar.h"
+#include "time/instants.h"
 
 #include <cmath>
 
@@ -60,24 +62,6 @@ int fault_of(const kl_calendar_record &date)
 const MessageGroup messages_KL_MJD_Calendar = group(kMjdCalendarRows);
 const MessageGroup messages_KL_Calendar = group(kCalendarRows);
 const MessageGroup messages_KL_Calendar_MJD = group(kCalendarMjdRows);
-
-// Whole-number calendar over four-year cycles of 1461 days; January and February count as months 11 and 12 of the year
-// before.
-CalendarDay calendar_of_day(long mjd2000)
-{
-    const long n = 4000 * mjd2000 + 145864000;
-    const long y = n / 1461001;
-    const long d = mjd2000 - (1461 * y) / 4 + 36496;
-    const long m = (80 * d) / 2447;
-    const long k = m / 11;
-    return {y + k + 1900, m - 12 * k + 2, d - (2447 * m) / 80};
-}
-
-long day_of_calendar(long year, long month, long day)
-{
-    const long a = (14 - month) / 12;
-    return day + (367 * month + 4404 * a - 734) / 12 + (1461 * (year - 1900 - a)) / 4 - 36496;
-}
 
 long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error_record *error)
 {

@@ -1,6 +1,7 @@
 // Time references: the checks of their numbers, and the map to the numbering of time records and back.
+#include "errors/activation.h"
 #include "errors/message_groups.h"
-#include "time/scales.h"
+#include "time/instants.h"
 
 #include <cmath>
 #include <iterator>

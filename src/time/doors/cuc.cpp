@@ -1,6 +1,6 @@
 // The CCSDS unsegmented time code: whole seconds and a binary fraction since an epoch, with or without its P-field.
 #include "errors/message_groups.h"
-#include "time/scales.h"
+#include "time/doors/checks.h"
 
 #include <cmath>
 #include <cstdint>
@@ -109,32 +109,6 @@ bool split_seconds(double days_since_epoch, long n_coarse, long n_fine, TimeFiel
     const std::int64_t second = number >> (8 * n_high);
     *field = {days * 86400 + second, number, low, n_coarse, n_high, n_low};
     return field->coarse >> (8 * n_coarse) == 0;
-}
-
-// What kl_time_processing_to_processing gives for midnight, where nobody sees its warnings; else false. It leaves the
-// once-only flags of the id as the conversion does.
-bool convert_quickly(TimeIdRecord *id, long ref_in, double days, long ref_out, double *out)
-{
-    if (id == nullptr || !is_time_ref(ref_in) || !is_time_ref(ref_out) || !inside_processing_range(days))
-        return false;
-    kl_std_record record = {static_cast<long>(days), 0, 0};
-    if (static_cast<double>(record.days) != days)
-        return false;
-    if (id->correlation.model == KL_TIME_MODEL_EXPLICIT) {
-        shift_by_explicit_values(id->correlation.rows[0], ref_in, ref_out, &record);
-    } else {
-        bool out_of_range = false;
-        const long row = likely_row(id->correlation, days);
-        if (is_verbose() || !quickly_to_tai(id->correlation, ref_in, row, &record, &out_of_range))
-            return false;
-        const double tai_days = processing_of(record);
-        if (!quickly_from_tai(id->correlation, ref_out, row, tai_days, &record, &out_of_range)
-            || record.seconds == 86400)
-            return false;
-        (void)once_only_warning(id, KL_FLAGS_CONVERSION, tai_days); // last: the whole conversion would look once more
-    }
-    *out = processing_of(record);
-    return true;
 }
 
 // The last n octets of a number, the highest first; returns what follows them.
@@ -248,12 +222,7 @@ long KL_Get_CUC_processing_epoch(kl_time_id *time_id, const kl_cuc_config *confi
         *epoch = own_epoch;
         return call.status();
     }
-    if (convert_quickly(time_record_of(time_id), own_ref, own_epoch, time_ref, epoch))
-        return call.status();
-    const long processing = KL_PROC;
-    if (kl_time_processing_to_processing(time_id, &processing, &own_ref, &own_epoch, &processing, &time_ref, epoch,
-                                         nullptr)
-        == KL_ERR)
+    if (time_in_ref(time_id, own_ref, time_ref, own_epoch, epoch) != InRef::done)
         return call.fails(KL_CUC_EPOCH_NOT_CONVERTED);
     return call.status();
 }

@@ -1,6 +1,6 @@
 // Sums and differences of processing times; the scale is only checked.
 #include "errors/message_groups.h"
-#include "time/scales.h"
+#include "time/doors/checks.h"
 
 namespace {
 
@@ -16,22 +16,17 @@ constexpr Message kDiffRows[] = {
     /* KL_TIME_DIFF_TIME1_ERR    */ error("Input processing time #1 is out of range"),
     /* KL_TIME_DIFF_TIME2_ERR    */ error("Input processing time #2 is out of range"),
 };
-constexpr CodeMap kAddInput[] = {
-    {KL_CHECK_IN_FORMAT, KL_TIME_ADD_PROC_ID_ERR},
-    {KL_CHECK_IN_REF, KL_TIME_ADD_TIME_REF_ERR},
-    {KL_CHECK_IN_DAYS, KL_TIME_ADD_TIME_ERR},
-};
-constexpr CodeMap kDiffInput[] = {
-    {KL_CHECK_IN_FORMAT, KL_TIME_DIFF_PROC_ID_ERR},
-    {KL_CHECK_IN_REF, KL_TIME_DIFF_TIME_REF_ERR},
-    {KL_CHECK_IN_DAYS, KL_TIME_DIFF_TIME1_ERR},
-};
+// The conditions of the check, by their numbers there.
+constexpr int kAddInput[] = {KL_TIME_ADD_PROC_ID_ERR, KL_TIME_ADD_TIME_REF_ERR, KL_TIME_ADD_TIME_ERR};
+constexpr int kDiffInput[] = {KL_TIME_DIFF_PROC_ID_ERR, KL_TIME_DIFF_TIME_REF_ERR, KL_TIME_DIFF_TIME1_ERR};
 
-// The processing check on arguments that may be NULL.
-bool input_passes(const long *proc_id, const long *time_ref, const double *time, ErrorRecord *check)
+// The processing check on arguments that may be NULL, with its line.
+Fault checked(const long *proc_id, const long *time_ref, const double *time)
 {
-    return KL_Time_check_processing_inputs(value_or(proc_id, -1), value_or(time_ref, KL_TIME_UNDEF), time, check)
-           == KL_OK;
+    const Fault fault = check_processing_input(value_or(proc_id, -1), value_or(time_ref, KL_TIME_UNDEF), time);
+    if (fault)
+        print_fault(KL_FN_TIME_CHECK_PROCESSING_INPUTS, fault);
+    return fault;
 }
 
 } // namespace
@@ -43,10 +38,8 @@ long kl_time_add(const long *proc_id, const long *time_ref, const double *time, 
                  double *time_out, long *ierr)
 {
     Activation call(KL_FN_TIME_ADD, ierr);
-    ErrorRecord check;
-    if (!input_passes(proc_id, time_ref, time, &check)
-        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kAddInput))
-        return KL_ERR;
+    if (const Fault fault = checked(proc_id, time_ref, time))
+        return call.fails(kAddInput[fault.code]);
     if (duration == nullptr || time_out == nullptr)
         return KL_ERR;
     *time_out = *time + *duration;
@@ -59,11 +52,9 @@ long kl_time_diff(const long *proc_id, const long *time_ref, const double *time1
                   long *ierr)
 {
     Activation call(KL_FN_TIME_DIFF, ierr);
-    ErrorRecord check;
-    if (!input_passes(proc_id, time_ref, time1, &check)
-        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kDiffInput))
-        return KL_ERR;
-    if (!input_passes(proc_id, time_ref, time2, &check))
+    if (const Fault fault = checked(proc_id, time_ref, time1))
+        return call.fails(kDiffInput[fault.code]);
+    if (checked(proc_id, time_ref, time2))
         return call.fails(KL_TIME_DIFF_TIME2_ERR);
     if (duration == nullptr)
         return KL_ERR;

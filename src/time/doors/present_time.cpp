@@ -1,5 +1,5 @@
 // The present time as a UTC text.
-#include "time/scales.h"
+#include "time/doors/checks.h"
 
 #include <cstdio>
 #include <cstring>
@@ -7,6 +7,8 @@
 #include <pthread.h>
 
 namespace {
+
+constexpr long kNoFormat = -99; // none given: refused
 
 // Conditions of kl_time_get_leap_second_info, under which this function reports.
 enum { kNoClock = 0, kNoConversion = 1, kNoLock = 2 };
@@ -41,13 +43,10 @@ long KL_Time_current_time(const long *ascii_format, char *out, kl_error_record *
     if (!broken_down)
         return call.fails(kNoClock);
 
-    const long own_format = KL_ASCII_41;
-    const long utc = KL_TIME_UTC;
-    long ierr[2];
-    if (ascii_format == nullptr || *ascii_format != own_format) {
-        if (kl_time_ascii_to_ascii(nullptr, &own_format, &utc, text, ascii_format, &utc, text, ierr) == KL_ERR)
-            return call.fails(kNoConversion);
-    }
+    constexpr long own_format = KL_ASCII_41;
+    const long format = value_or(ascii_format, kNoFormat);
+    if (format != own_format && !text_as_text(KL_TIME_UTC, text, own_format, format, text))
+        return call.fails(kNoConversion);
     if (out == nullptr)
         return KL_ERR;
     std::strcpy(out, text);

@@ -1,0 +1,82 @@
+// The look-up: how far the scales are apart at an instant of one of them.
+#ifndef KL_SRC_TIME_DELTAS_H
+#define KL_SRC_TIME_DELTAS_H
+
+#include "time/correlation.h"
+#include "time/instants.h"
+#include "time/leap_second.h"
+
+struct Deltas {
+    double tai_utc, tai_ut1, tai_gps; // s
+    LeapFlags leap;
+    bool outside; // of the table, by more than its slack
+    bool by_ut1;  // the formula after the table was asked with UT1
+};
+
+constexpr double KL_ROW_EDGE = 1e-11; // days: slack of the limits of a row
+
+// Calls `use` with the column of a public reference; the rows are in the order TAI, UT1, UTC.
+template <typename Use>
+inline auto with_column(long ref, const Use &use)
+{
+    switch (ref) {
+    case KL_TIME_TAI:
+        return use([](const kl_time_row &row) { return row.tai; });
+    case KL_TIME_UTC:
+        return use([](const kl_time_row &row) { return row.utc; });
+    case KL_TIME_UT1:
+        return use([](const kl_time_row &row) { return row.ut1; });
+    default:
+        return use([](const kl_time_row &row) { return row.tai - row.tai_gps / KL_SECONDS_PER_DAY; });
+    }
+}
+
+inline Deltas deltas_of(const kl_time_row &row)
+{
+    return {row.tai_utc, row.tai_ut1, row.tai_gps, {false, false}, false, false};
+}
+
+// The differences between row i and the next one, c0 and c1 in the column of the reference.
+inline Deltas deltas_between(const Correlation &correlation, long ref, double t, long i, double c0, double c1)
+{
+    const kl_time_row &row = correlation.rows[i];
+    const kl_time_row &next = correlation.rows[i + 1];
+    Deltas deltas = deltas_of(row);
+    deltas.tai_ut1 = next.tai_ut1 - (next.tai_ut1 - row.tai_ut1) * (c1 - t) / (c1 - c0);
+    if (correlation.leap.sign == 0)
+        return deltas;
+    deltas.leap = leap_flags(correlation, ref, i, c0, c1, t);
+    if (deltas.leap.in || deltas.leap.after)
+        deltas.tai_utc = next.tai_utc;
+    return deltas;
+}
+
+// Where an instant about there may lie, if the rows are evenly apart; -1 outside the table.
+inline long likely_row(const Correlation &correlation, double about_days)
+{
+    const double row = (about_days - correlation.rows[0].tai) * correlation.rows_per_day;
+    return row >= 0.0 && row < static_cast<double>(correlation.n_rows - 1) ? static_cast<long>(row) : -1;
+}
+
+// Searches the table, or takes what holds outside of it; *row becomes the row found, if it is inside. A correlation of
+// explicit values answers with its row. TAI-UT1 is left at 0 by the formula where nobody asks for it.
+Deltas searched_deltas(const Correlation &correlation, long ref, double t, bool with_ut1, long *row);
+
+// The same where the row may be known: a wrong *row costs a search, never a digit, for clear of the slack around a row
+// no other one can match.
+inline Deltas deltas_at(const Correlation &correlation, long ref, double t, bool with_ut1, long *row)
+{
+    if (*row >= 0) {
+        const kl_time_row *rows = correlation.rows + *row;
+        const double c0 = with_column(ref, [rows](auto column) { return column(rows[0]); });
+        const double c1 = with_column(ref, [rows](auto column) { return column(rows[1]); });
+        if (c0 + KL_ROW_EDGE <= t && t < c1 - KL_ROW_EDGE)
+            return deltas_between(correlation, ref, t, *row, c0, c1);
+    }
+    return searched_deltas(correlation, ref, t, with_ut1, row);
+}
+
+// The row of `first` to `last` with column(row) <= t < column(row + 1), within the slack; 0 when there is none.
+long binary_search(const kl_time_row *table, long first, long last, long ref, double t);
+
+#endif

@@ -1,0 +1,109 @@
+// On-board clocks: the four mission formats, to processing time and back.
+#include "errors/message_groups.h"
+#include "time/clocks/mission_clocks.h"
+#include "time/doors/checks.h"
+
+namespace {
+
+constexpr Message kToTimeRows[] = {
+    /* KL_TIME_OBT_TO_TIME_SAT_ID_ERR     */ error("Satellite ID is not correct"),
+    /* KL_TIME_OBT_TO_TIME_TIME_REF_ERR   */ error("Time reference ID is not correct"),
+    /* KL_TIME_OBT_TO_TIME_TAG_ERR        */
+    error("Satellite ID of the parameters or of the on-board time differs from the input satellite ID"),
+    /* KL_TIME_OBT_TO_TIME_REF_TIME_ERR   */ error("Reference time is out of range"),
+    /* KL_TIME_OBT_TO_TIME_NO_OBT_ERR     */ error("No on-board time for this satellite"),
+    /* KL_TIME_OBT_TO_TIME_OBT_ERR        */ error("On-board time is out of range"), // never recorded
+    /* KL_TIME_OBT_TO_TIME_CLOCK_STEP_ERR */ error("Clock step is zero"),
+    /* KL_TIME_OBT_TO_TIME_TIME_ERR       */ error("Output time is out of range"),
+};
+constexpr Message kToObtRows[] = {
+    /* KL_TIME_TIME_TO_OBT_SAT_ID_ERR     */ error("Satellite ID is not correct"),
+    /* KL_TIME_TIME_TO_OBT_TIME_REF_ERR   */ error("Time reference ID is not correct"),
+    /* KL_TIME_TIME_TO_OBT_TAG_ERR        */
+    error("Satellite ID of the parameters or of the on-board time differs from the input satellite ID"),
+    /* KL_TIME_TIME_TO_OBT_TIME_ERR       */ error("Input time is out of range"),
+    /* KL_TIME_TIME_TO_OBT_REF_TIME_ERR   */ error("Reference time is out of range"),
+    /* KL_TIME_TIME_TO_OBT_NO_OBT_ERR     */ error("No on-board time for this satellite"),
+    /* KL_TIME_TIME_TO_OBT_OBT_ERR        */ error("On-board time is out of range"),
+    /* KL_TIME_TIME_TO_OBT_CLOCK_STEP_ERR */ error("Clock step is zero"),
+};
+// Conditions of the processing check, by their numbers there.
+constexpr int kToTimeInput[] = {KL_TIME_OBT_TO_TIME_TIME_REF_ERR, KL_TIME_OBT_TO_TIME_TIME_REF_ERR,
+                                KL_TIME_OBT_TO_TIME_REF_TIME_ERR};
+constexpr int kToObtInput[] = {KL_TIME_TIME_TO_OBT_TIME_REF_ERR, KL_TIME_TIME_TO_OBT_TIME_REF_ERR,
+                               KL_TIME_TIME_TO_OBT_TIME_ERR};
+
+constexpr long kNoSatellite = -1;
+
+// Every record of a clock begins with the id of its satellite.
+bool is_tagged(const void *record, long sat_id)
+{
+    return record != nullptr && *static_cast<const long *>(record) == sat_id;
+}
+
+// The processing check, with its line.
+Fault checked(long ref, const double *time)
+{
+    const Fault fault = check_processing_input(KL_PROC, ref, time);
+    if (fault)
+        print_fault(KL_FN_TIME_CHECK_PROCESSING_INPUTS, fault);
+    return fault;
+}
+
+} // namespace
+
+const MessageGroup messages_kl_time_obt_to_time = group(kToTimeRows);
+const MessageGroup messages_kl_time_time_to_obt = group(kToObtRows);
+
+long kl_time_obt_to_time(const long *sat_id, const long *time_ref, const void *parameters, const void *obt,
+                         double *time, long *ierr)
+{
+    Activation call(KL_FN_TIME_OBT_TO_TIME, ierr);
+    const long satellite = value_or(sat_id, kNoSatellite);
+    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK)
+        return call.fails(KL_TIME_OBT_TO_TIME_SAT_ID_ERR);
+    if (!is_tagged(parameters, satellite) || !is_tagged(obt, satellite))
+        return call.fails(KL_TIME_OBT_TO_TIME_TAG_ERR);
+    if (!has_clock(satellite))
+        return call.fails(KL_TIME_OBT_TO_TIME_NO_OBT_ERR);
+    // The Tarvos format alone has a reference time in days; the check of the others concerns the scale.
+    const auto *tarvos = static_cast<const kl_obt_param_tarvos *>(parameters);
+    const double ref_time = satellite == KL_SAT_TARVOS ? tarvos->ref_time : 0.0;
+    if (const Fault fault = checked(value_or(time_ref, KL_TIME_UNDEF), &ref_time))
+        return call.fails(kToTimeInput[fault.code]);
+    if (satellite == KL_SAT_TARVOS && tarvos->clock_step == 0)
+        return call.fails(KL_TIME_OBT_TO_TIME_CLOCK_STEP_ERR);
+    if (time == nullptr)
+        return KL_ERR;
+
+    const double result = clock_to_time(satellite, parameters, obt);
+    if (!inside_processing_range(result))
+        return call.fails(KL_TIME_OBT_TO_TIME_TIME_ERR);
+    *time = result;
+    return call.status();
+}
+
+long kl_time_time_to_obt(const long *sat_id, const long *time_ref, const void *parameters, const double *time,
+                         void *obt, long *ierr)
+{
+    Activation call(KL_FN_TIME_TIME_TO_OBT, ierr);
+    const long satellite = value_or(sat_id, kNoSatellite);
+    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK)
+        return call.fails(KL_TIME_TIME_TO_OBT_SAT_ID_ERR);
+    if (!is_tagged(parameters, satellite) || !is_tagged(obt, satellite))
+        return call.fails(KL_TIME_TIME_TO_OBT_TAG_ERR);
+    if (!has_clock(satellite))
+        return call.fails(KL_TIME_TIME_TO_OBT_NO_OBT_ERR);
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
+    if (const Fault fault = checked(ref, time))
+        return call.fails(kToObtInput[fault.code]);
+    const auto *tarvos = static_cast<const kl_obt_param_tarvos *>(parameters);
+    if (satellite == KL_SAT_TARVOS && checked(ref, &tarvos->ref_time))
+        return call.fails(KL_TIME_TIME_TO_OBT_REF_TIME_ERR);
+    if (satellite == KL_SAT_TARVOS && tarvos->clock_step == 0)
+        return call.fails(KL_TIME_TIME_TO_OBT_CLOCK_STEP_ERR);
+
+    if (!time_to_clock(satellite, parameters, *time, obt))
+        return call.fails(KL_TIME_TIME_TO_OBT_OBT_ERR);
+    return call.status();
+}

@@ -1,0 +1,32 @@
+// The one leap second that a correlation knows: its day, and where an instant lies with respect to it.
+#ifndef KL_SRC_TIME_LEAP_SECOND_H
+#define KL_SRC_TIME_LEAP_SECOND_H
+
+#include "time/correlation.h"
+
+// Does the UTC day end with it? Its sign, or 0.
+inline long leap_sign_of_day(const Correlation *correlation, long days)
+{
+    if (correlation == nullptr)
+        return 0;
+    const LeapSecond &leap = correlation->leap;
+    return leap.sign != 0 && days == static_cast<long>(leap.utc - 1.0) ? leap.sign : 0;
+}
+
+// Does the day end with a positive one? Only UTC has any.
+inline bool ends_with_leap_second(const Correlation *correlation, long ref, long day)
+{
+    return ref == KL_TIME_UTC && leap_sign_of_day(correlation, day) > 0;
+}
+
+struct LeapFlags {
+    bool in, after;
+};
+// `first` and `last`: column of the reference in the row and in the one after it.
+LeapFlags leap_flags(const Correlation &correlation, long ref, long row, double first, double last, double time);
+
+// The last step of TAI-UTC in the rows. On purpose: leap seconds happen at the start of a quarter, whatever day of the
+// quarter the row stands on. False when that lies outside the processing range.
+bool find_leap_second(const Correlation &correlation, LeapSecond *leap);
+
+#endif
