@@ -353,7 +353,8 @@ KL_API long KL_Time_ref_init_check_inputs(const double tri_time[4], kl_error_rec
 /* ---- time: on-board clocks ----------------------------------------------------------------------------- */
 
 /** Takes the octet counts and the epoch type from a P-field of one octet, or of two where the first one's bit 7 is set;
- * the other fields of data stay as they are. Code 0: an identification other than 001 and 010. */
+ * the other fields of data stay as they are. Code 0: an identification other than 001 and 010, a third octet announced.
+ */
 KL_API long KL_Cuc_get_data_from_P_field(const unsigned char *octets, kl_cuc_config *data, kl_error_record *error);
 /** Writes the P-field of one or two octets. Code 0: an epoch type that no identification stands for. */
 KL_API long KL_Cuc_compute_P_field(const kl_cuc_config *data, unsigned char *octets, long *n_octets,
@@ -361,7 +362,7 @@ KL_API long KL_Cuc_compute_P_field(const kl_cuc_config *data, unsigned char *oct
 /** Codes 0 to 4: time id, CUC type, octet counts (not looked at when they come from a P-field), epoch type, scale. */
 KL_API long KL_Cuc_check_inputs(kl_time_id *time_id, const kl_cuc_config *config, long time_ref,
                                 long octets_from_p_field, kl_error_record *error);
-/** The epoch of a CUC in a scale, MJD2000. Code 0: it cannot be converted. */
+/** The epoch of a CUC in a scale, MJD2000. Code 0: it is not finite, or cannot be converted. */
 KL_API long KL_Get_CUC_processing_epoch(kl_time_id *time_id, const kl_cuc_config *config, long time_ref, double *epoch,
                                         kl_error_record *error);
 
@@ -451,7 +452,7 @@ typedef struct kl_angle {
 
 /** Apparent sidereal angle of a model id at days of UT1 since 2000-01-01 00:00. -1 when the id has no nutation. */
 KL_API long KL_H_Angle(kl_model_id *model_id, double ut1_days, kl_angle *angle);
-/** Linear sidereal angle of the second set of constants. */
+/** Linear sidereal angle of the second set of constants. -1 when the id has no Earth model. */
 KL_API long KL_H_Angle_Sim(kl_model_id *model_id, double ut1_days, kl_angle *angle);
 /* The rotations about z by these angles, true of date to pseudo Earth-fixed; record of order 2. */
 KL_API long KL_Earth_Rotation(kl_model_id *model_id, double ut1_days, kl_rotation_record *rotation);
@@ -486,7 +487,8 @@ KL_API void KL_rva(const Cord *in, const kl_rotation_record *rotation, Cord *out
 KL_API long KL_Change_CoordinateSystem(kl_model_id *model_id, kl_time_id *time_id, long order,
                                        const kl_time_record *date, const Cord *in, long final_cs, Cord *out,
                                        kl_error_record *error);
-/** The same among frames 3 to 7, 11, 12 and 13, without nutation and with the linear sidereal angle. */
+/** The same among frames 3 to 7, 11, 12 and 13, without nutation and with the linear sidereal angle. Code 11 also when
+ * the id has no Earth model and the way needs that angle. */
 KL_API long KL_Change_CoordinateSystem_Sim(kl_model_id *model_id, kl_time_id *time_id, long order,
                                            const kl_time_record *date, const Cord *in, long final_cs, Cord *out,
                                            kl_error_record *error);
@@ -495,7 +497,8 @@ KL_API long KL_EF_to_QEF(kl_time_id *time_id, const kl_time_record *date, const 
 
 /** One step of a path: appends an edge code to the list and moves the current frame. */
 KL_API void KL_Compute_Transformations(int32_t *count, int32_t *current, long final_cs, int32_t *list);
-/** Brings the date of a path to UT1, MJD2000, where one of its edges needs that; 0, or -1 when it cannot. */
+/** Brings the date of a path to UT1, MJD2000, where one of its edges needs that; 0, or -1 when it cannot (no time id, a
+ * date more than a day outside the processing range, NaN), with the date as it was. */
 KL_API long KL_Identify_nutation_or_rotation(kl_time_id *time_id, long count, const int32_t *list,
                                              kl_time_record *date);
 /** Applies the edges of a path in order; in may be out. */
@@ -564,8 +567,8 @@ KL_API long KL_LIF_to_EF(kl_model_id *model_id, kl_time_id *time_id, const kl_ti
 /** Barycentric (KL_BM2000) and heliocentric (KL_HM2000) state of the Earth: m, m/s. P. Stumpff (1980). Codes 0 the
  * record is not TDB, 1 not MJD2000. */
 KL_API long KL_Earth(const kl_time_record *tdb, Cord *barycentric, Cord *heliocentric, kl_error_record *error);
-/** Geocentric Sun, mean of date (KL_MOD): m, m/s; the Earth turned round, without light time. Codes 2 no state of the
- * Earth, 3 no change of frame. */
+/** Geocentric Sun, mean of date (KL_MOD): m, m/s; the Earth turned round, without light time. The acceleration is
+ * not touched and may be NULL. Codes 2 no state of the Earth, 3 no change of frame. */
 KL_API long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb, Cord *sun,
                           kl_error_record *error);
 /** Geocentric Moon, mean of date (KL_MOD): m, m/s. J. Meeus (1984). Codes 0 the record is not TDB, 1 not MJD2000. */
@@ -590,6 +593,12 @@ KL_API long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *tim
  */
 KL_API long KL_Sun_travel_time(kl_model_id *model_id, kl_time_id *time_id, long time_ref, double time,
                                const Cord *satellite, double sun_pos[3], double sun_vel[3], kl_error_record *error);
+
+/*
+ * Domain of the three theories: measured for 1950 to 2099 (MJD 33282 to 88069), where the figures of kl_sun, kl_moon
+ * and kl_planet hold. They look at no date: polynomials in time carry on outside, with errors that grow, and beyond
+ * some 100 000 years (1e8 days) the numbers have no meaning (no ellipses, sines of angles above 1e8 rad, NaN).
+ */
 
 /** Earth: velocities (AU/s) and positions (AU), barycentric and heliocentric; date MJD TDB; mean equator and equinox
  * of the Julian epoch deqx, of the date when deqx <= 0. */
@@ -622,7 +631,7 @@ KL_API void KL_copy_v(const double *a, long n, double *out);
 KL_API double KL_modulus(const double *a, long n);
 /** Normalises in place and returns what KL_modulus says; a vector that counts as null is left as it is. */
 KL_API double KL_norm(double *a, long n);
-/** Time derivative of the unit vector of a: (da - (u.da) u) / |a|. */
+/** Time derivative of the unit vector of a: (da - (u.da) u) / |a|, |a| the true length; NaN for a null vector. */
 KL_API void KL_Unit_Vector_Deriv(const double *a, const double *da, double *out);
 KL_API void KL_add_mm(const double *a, const double *b, double *out);
 KL_API void KL_sub_mm(const double *a, const double *b, double *out);
@@ -644,10 +653,10 @@ KL_API void KL_identity(long n, long m, double *out);
  * @param[in,out] a         [n x m] square in use; destroyed
  * @param[in,out] identity  [n x m] the identity; destroyed
  * @param[out]    out       [n x m] the inverse
- * @return 0, or -1 at an exact zero pivot; 0 at once for sizes below 1
+ * @return 0, or -1 at an exact zero pivot and for n > m; 0 at once for sizes below 1
  */
 KL_API long KL_inverse_gauss_jordan_reduction(double *a, double *identity, long n, long m, double *out);
-KL_API long KL_inverse(const double *a, long n, long m, double *out); /**< on copies; -1 also without memory */
+KL_API long KL_inverse(const double *a, long n, long m, double *out); /**< on copies; -1 also for n != m, no memory */
 KL_API long KL_inverse3(const double *a, double *out);
 /** out = M^-1 v, dout = -M^-1 (dM out), ddout = M^-1 (-ddM out - 2 dM dout); all NaN where M has no inverse. */
 KL_API void KL_Vector_derivs(const double *m, const double *dm, const double *ddm, const double *v, double *out,
@@ -762,10 +771,11 @@ KL_API void KL_Quaternion_product(const double p[4], const double r[4], double o
 KL_API void KL_Quaternion_conjugate(const double q[4], double out[4]);
 KL_API void KL_Quaternion_inverse(const double q[4], double out[4]); /**< of a unit quaternion: the conjugate */
 KL_API double KL_Quaternion_norm(double q[4]);                       /**< in place, as KL_norm */
-/** Angle in radians, 0 to 2 pi; without a rotation the axis is null. */
+/** Angle in radians, 0 to 2 pi: of a quaternion of unit length (its square within 1e-3) with all digits, of another one
+ * twice the arc cosine of the scalar; without a rotation the axis is null. */
 KL_API void KL_Quaternion_to_axis_angle(const double q[4], double axis[3], double *angle);
 KL_API void KL_Angle_axis_to_quaternion(const double axis[3], double out[4], double angle);
-/** q1 turned on towards q2 by a multiple of the rotation between them. */
+/** q1 turned on towards q2 by a multiple of the rotation between them, which is not made the shorter one. */
 KL_API void KL_Quaternion_extrapol(const double q1[4], const double q2[4], double out[4], double factor);
 /** Spherical linear interpolation; q2 is negated in place where it lies on the other half. */
 KL_API void KL_Slerp_algo(const double q1[4], double q2[4], double out[4], double u);

@@ -7,7 +7,9 @@
  * and an error vector `ierr` as its last argument. It returns KL_OK, KL_WARN or KL_ERR; on KL_ERR the
  * outputs are not to be used. kl_get_code and kl_get_msg turn a vector into code numbers and texts.
  * Handles are zero-initialised by the caller before their first use: `kl_time_id time_id = {0};`.
- * NULL where a value is required is an input error like any other and never a crash.
+ * NULL where a value is required is an input error like any other and never a crash. So is NaN in an instant, a
+ * quaternion, an axis or a matrix; but the numbers of a state vector, and the angles of kl_euler_to_matrix, are not
+ * looked at: a NaN there comes out as NaN, with KL_OK.
  *
  * Units: metres, m/s and m/s2 for states; degrees for angles; days (MJD2000) for instants; seconds for
  * differences of time scales.

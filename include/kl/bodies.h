@@ -47,11 +47,13 @@ enum {
  * @param[out] ierr      [1] error vector, bits KL_SUN_*
  * @return KL_OK or KL_ERR; on KL_ERR sun_pos and sun_vel are untouched. NULL for one of them is KL_ERR with no bit.
  * An uninitialised time id is KL_SUN_TIME_ID_ERR, but KL_SUN_TDB_ERR for a time in TAI, which fails only on the way to
- * UT1. An instant outside the table of the time id gives a complete result and no condition. Geometric: no light time,
- * no aberration. The astronomical unit is the rounded 1.496e11 m: lengths and velocities are 1.4233e-5 of themselves
- * too large (2129 km).
- * Accuracy over 1950-2099, at most: 2.67" and 878 km from a full theory (ERFA's EPV00 on IAU 2006/2000A axes), the unit
- * of length apart; velocity 0.51 m/s before the axes turn, 142 m/s after, since a direction turns with them.
+ * UT1. An instant outside the table of the time id gives a complete result and no condition, BUT IT SPENDS THE
+ * ONCE-ONLY WARNINGS OF THE CONVERSIONS (bits 7 to 9 of kl/formats.h): the next conversion outside no longer gives
+ * them. Geometric: no light time, no aberration. The astronomical unit is the rounded 1.496e11 m: lengths and
+ * velocities are 1.4233e-5 of themselves too large (2129 km). The axes are those of kl_change_cart_cs, without a pole.
+ * Accuracy over 1950-2099, at most of an instant every 2.4 hours: 2.68" and 880 km from a full theory (ERFA's EPV00 on
+ * IAU 2006/2000A axes), the unit of length apart; velocity 0.51 m/s before the axes turn, 143 m/s after, since a
+ * direction turns with them.
  * Source: P. Stumpff, Astron. Astrophys. Suppl. Ser. 41, 1-8 (1980).
  */
 KL_API long kl_sun(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time,
@@ -81,7 +83,8 @@ enum {
  * @param[out] ierr      [1] error vector, bits KL_MOON_*
  * @return KL_OK or KL_ERR; on KL_ERR moon_pos and moon_vel are untouched. NULL for one of them is KL_ERR with no bit.
  * An uninitialised time id is KL_MOON_TIME_ID_ERR, but KL_MOON_PROC_TO_PROC_ERR for a time in TAI. Geometric: no light
- * time, no aberration. The astronomical unit is the rounded 1.496e11 m (5.5 km at the Moon).
+ * time, no aberration. The astronomical unit is the rounded 1.496e11 m (5.5 km at the Moon). An instant outside the
+ * table of the time id spends the once-only warnings of the conversions, as in kl_sun.
  * Accuracy over 1950-2099, at most: 20.7" and 45 km from a full theory (ELP 2000-82B on IAU 2006/2000A axes), half the
  * time within 3.2" and 7 km, the unit of length apart; velocity 0.32 m/s before the axes turn, 3.3 m/s after.
  * Source: J. Meeus, l'Astronomie, June 1984, p. 348.
@@ -117,10 +120,12 @@ enum {
  * model id without a routine for the planets (refused init), is KL_ERR with no bit. KL_WARN, which no date of the
  * range gives, may come with no bit. An uninitialised time id is KL_PLANET_TIME_ID_ERR, but KL_PLANET_PROC_TO_PROC_ERR
  * for a time in TAI. Geometric: no light time, no aberration. The astronomical unit is the rounded 1.496e11 m,
- * 1.4233e-5 too large.
+ * 1.4233e-5 too large. An instant outside the table of the time id spends the once-only warnings of the conversions, as
+ * in kl_sun.
  * Accuracy: the theory's own claim for 1800-2050, heliocentric longitude, Mercury to Neptune: 4", 5", 6", 17", 71",
  * 81", 86", 11". Seen from the Earth over 1950-2099, at most, from a full theory (VSOP87): 5.0", 13.9", 6300 km (the
- * barycentre), 62", 54", 89", 91", 10.5". Of this the Earth makes up to 8.4" (Venus) and 1930 km.
+ * barycentre), 62", 54", 89", 91", 10.5".
+ * Of this the Earth makes up to 8.4" (Venus) and 1930 km.
  * Source: J. L. Simon, P. Bretagnon, J. Chapront, M. Chapront-Touze, G. Francou, J. Laskar, Astron. Astrophys. 282, 663
  * (1994); the Earth as in kl_sun.
  */

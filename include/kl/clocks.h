@@ -56,7 +56,7 @@ typedef struct kl_obt_param_brisa {
     long offset; /**< s, subtracted */
     unsigned long ref_coarse;
     unsigned long ref_fine;        /**< 2^-16 */
-    unsigned long week;            /**< GPS week */
+    unsigned long week;            /**< GPS week since 1980-01-06, all of it: see KL_TRANS_31 about weeks of 10 bits */
     unsigned long seconds_of_week; /**< s */
     unsigned long fraction;        /**< 2^-16 s */
 } kl_obt_param_brisa;
@@ -149,8 +149,8 @@ KL_API long kl_time_time_to_obt(const long *sat_id, const long *time_ref, const 
 /** Conditions of kl_time_cuc_to_processing. */
 enum {
     KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR = 0,  /**< time id, CUC type, octet counts, epoch type or time reference */
-    KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR = 1, /**< time-code identification other than 001 and 010 */
-    KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR = 2    /**< the epoch cannot be converted to the time reference */
+    KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR = 1, /**< identification other than 001 and 010; a third octet announced */
+    KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR = 2    /**< the epoch is not finite, or cannot be converted */
 };
 
 /**
@@ -169,6 +169,11 @@ enum {
  * Epochs: KL_CUC_EPOCH_1958 is 1958-01-01 TAI, KL_CUC_EPOCH_1980 is 1980-01-06 GPS, KL_CUC_EPOCH_USER the one of the
  * configuration. It is converted to the scale of the result, to the microsecond, and the seconds are added there.
  * Converting it is a conversion like any other for the once-only warnings of the time id, and gives none itself.
+ *
+ * DECODE TO TAI OR GPS, and convert from there: the seconds of the code know no leap seconds. Decoded to KL_TIME_UTC
+ * (or KL_TIME_UT1) with a table that knows several, the time IS LATE BY THE LEAP SECONDS SINCE THE EPOCH: 27 s from
+ * 2017 on for KL_CUC_EPOCH_1958, 18 s for KL_CUC_EPOCH_1980. examples/cuc_to_utc.c does it right.
+ *
  * Source: CCSDS 301.0-B, section on the unsegmented time code.
  */
 KL_API long kl_time_cuc_to_processing(kl_time_id *time_id, const kl_cuc_config *config, const long *time_ref,
@@ -177,7 +182,7 @@ KL_API long kl_time_cuc_to_processing(kl_time_id *time_id, const kl_cuc_config *
 /** Conditions of kl_time_processing_to_cuc. */
 enum {
     KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR = 0, /**< as above; also seconds that do not fit the coarse octets */
-    KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR = 1,  /**< the epoch cannot be converted to the time reference */
+    KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR = 1,  /**< the epoch is not finite, or cannot be converted */
     KL_TIME_PROCESSING_TO_CUC_TIME_ERR = 2,   /**< time before the epoch, or NaN */
     KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR = 3 /**< no P-field says KL_CUC_EPOCH_1980 */
 };
@@ -194,7 +199,8 @@ enum {
  * @return KL_OK or KL_ERR; KL_ERR with a clear vector when cuc is NULL
  *
  * The seconds are rounded to the last fine octet, halves up, with the carry into the coarse octets; seconds that then
- * do not fit are an error and never a smaller number. Epochs and source as above.
+ * do not fit are an error and never a smaller number. Epochs and source as above. CONVERT UTC TO TAI OR GPS FIRST, for
+ * the reason given there: from KL_TIME_UTC the code lacks the leap seconds since the epoch.
  */
 KL_API long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *config, const long *time_ref,
                                       const double *time, unsigned char *cuc, long *ierr);

@@ -73,6 +73,12 @@ enum {
  *   0000-00-00_00:00:00 or 9999-99-99_99:99:99. A change of scale moves a limit like any instant; a date is written
  *   then.
  * - Transport formats 41 and 42 take KL_TIME_GPS only. Weeks and seconds before 1980 are negative.
+ * - A GPS week counts all weeks since 1980-01-06. A RECEIVER'S WEEK OF 10 BITS IS TAKEN AS IT IS, a date before
+ *   1999-08-22: add 1024 for each time it has started again (1999-08-22, 2019-04-07, 2038-11-21).
+ * - Outputs have no range but for texts. A transport or processing time that a change of scale or the last day carries
+ *   past a limit (day -18263, day 36525) is right, but no function takes it in again. PROCESSING TIMES END AT 36524.0,
+ *   0h of 2099-12-31: that last day, which texts and transport times reach, comes out as 36524.0 to 36525.0, and no
+ *   function takes more than 36524.0.
  * - A NULL format or scale is a wrong one, a NULL text too short, any other NULL input out of range in its first
  *   field; a NULL output gives KL_ERR and a clear vector.
  */

@@ -48,8 +48,8 @@ enum {
 /**
  * Quaternion of three axis vectors (trace, or Shepperd's method).
  *
- * @param[in]  x, y, z  [3] right-handed orthogonal set, any lengths above 1e-10 (a null vector has less); normalised on
- *                      copies
+ * @param[in]  x, y, z  [3] right-handed orthogonal set, lengths from 1e-10 (a null vector has less) to 1e154;
+ *                      normalised on copies
  * @param[out] q        [4] unit quaternion, scalar last
  * @param[out] ierr     [1] error vector
  * @return KL_OK or KL_ERR; KL_ERR with a clear vector when q is NULL
@@ -74,6 +74,9 @@ enum {
  * @param[in]     t     time wanted
  * @param[out]    q     [4] unit quaternion
  * @param[out]    ierr  [1] error vector
+ * Beyond the interval the rotation from q1 to q2 goes on AS IT STANDS, without choosing the shorter way: give q2 the
+ * sign for which q1 . q2 >= 0 where the shorter one is wanted. q2 = -q1 is no motion.
+ *
  * @return KL_OK, KL_WARN or KL_ERR. NaN, infinities, null quaternions, lengths with a product above 1e125 and t1 = t2
  *         with another t are KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR, as a NULL mode is where it counts; KL_ERR with a
  *         clear vector when another argument is NULL
@@ -97,13 +100,18 @@ KL_API long kl_euler_to_matrix(const double angles[3], double matrix[9], long *i
 /** Conditions of kl_matrix_to_euler. */
 enum {
     KL_MATRIX_TO_EULER_ROTATION_ERR = 0,    /**< not a rotation within 1e-9 */
-    KL_MATRIX_TO_EULER_AMBIGUITY_WARN = 1,  /**< a0 is +-90 deg: only a sum of the others is known, a2 = 0 */
+    KL_MATRIX_TO_EULER_AMBIGUITY_WARN = 1,  /**< a0 is +-90 deg (cosine below 1e-9): a2 = 0 */
     KL_MATRIX_TO_EULER_ORTHONORMAL_ERR = 2, /**< rows not orthonormal within 1e-6; NaN, NULL */
     KL_MATRIX_TO_EULER_N_CODES
 };
 
 /**
  * Rotation angles of a matrix, the inverse of kl_euler_to_matrix.
+ *
+ * At a0 = +-90 deg only a sum or difference of the other angles is known: a2 is 0, with the warning. There the third
+ * column is not read, and THE HAND IS NOT TESTED: a reflection passes with the warning, and the angles are those of
+ * the rotation with the same first two columns. Where the cosine of a0 is below about 1e-6, rounding of the elements
+ * exceeds the 1e-9 and good matrices may be KL_MATRIX_TO_EULER_ROTATION_ERR; kl_get_rotation_angles has no such gap.
  *
  * @param[in]  matrix  [9] row by row
  * @param[out] angles  [3] deg in (-180, 180]; on purpose 270 for a0 = -90 deg in the ambiguous case
@@ -123,9 +131,10 @@ enum {
  * Angles of the rotation from one set of axes to another: with M = kl_euler_to_matrix(angles), M has the axes of set 2
  * as its rows, in components along set 1 (v2 = M v1).
  *
- * @param[in]  x1, y1, z1  [3] first set, orthogonal; any lengths
+ * @param[in]  x1, y1, z1  [3] first set, orthogonal; lengths from 1e-10 to 1e154
  * @param[in]  x2, y2, z2  [3] second set
- * @param[out] angles      [3] deg, as kl_matrix_to_euler gives them; at a0 = +-90 deg a2 is 0, without a warning
+ * @param[out] angles      [3] deg, as kl_matrix_to_euler gives them, with full digits up to the lock; where the cosine
+ *                         of a0 is below 1e-9, a2 is 0, without a warning
  * @param[out] ierr        [1] error vector
  * @return KL_OK or KL_ERR; KL_ERR with a clear vector when angles is NULL
  */
@@ -142,7 +151,7 @@ enum {
 /**
  * Axes turned by three angles, the inverse of kl_get_rotation_angles.
  *
- * @param[in]  x1, y1, z1  [3] orthogonal set, any lengths
+ * @param[in]  x1, y1, z1  [3] orthogonal set, lengths from 1e-10 to 1e154
  * @param[in]  angles      [3] deg
  * @param[out] x2, y2, z2  [3] unit axes of the turned set; may be those of the first
  * @param[out] ierr        [1] error vector

@@ -2,6 +2,8 @@
 // library are not, since it picks its instructions at run time.
 //
 // Errors are the largest that sweeps against 113 bits found, in units of the last place of the result.
+// Not so sines and cosines: their absolute error holds, 1.82e-16 up to 1e8 rad. Where they vanish, their last places
+// are lost with the turns that come off (67 units at 16 turns, 1900 at 1e8 rad).
 #ifndef KL_SRC_NUMBERS_ELEMENTARY_H
 #define KL_SRC_NUMBERS_ELEMENTARY_H
 

@@ -112,6 +112,29 @@ TEST(Bodies, StayNearErfaInTheEarthFixedFrameOnEveryScaleAndVelocityIsTheRate)
     }
 }
 
+// A conversion outside the table warns of its validity once; a body outside, or a change of frame, has used that up.
+TEST(Bodies, OutsideTheTableSpendTheOnceOnlyWarningsOfConversions)
+{
+    constexpr double kOutside = 20.0;
+    constexpr long kOutOfRange = warning_bit(KL_TIME_PROCESSING_TO_PROCESSING_OUT_OF_RANGE_WARN);
+    constexpr long kNothingBefore = -1, kFrameChange = 3;
+    for (const long before : {kNothingBefore, long{kSun}, long{kMoon}, long{kPlanet}, kFrameChange}) {
+        TableId time_id(ten_days());
+        Call call{before, time_id, KL_MARS, KL_TIME_UTC, kOutside};
+        if (before == kFrameChange) {
+            const long mode = KL_CALC_POS, from = KL_GM2000, to = KL_EF;
+            double acc[3];
+            EXPECT_EQ(kl_change_cart_cs(nullptr, time_id, &mode, &from, &to, &call.ref, &call.time, kStart[0],
+                                        kStart[1], kStart[2], call.pos, call.vel, acc, nullptr),
+                      KL_WARN);
+        } else if (before != kNothingBefore) {
+            expect_outcome(call(), call.ierr, kNone, "a body outside");
+        }
+        const long validity = before == kNothingBefore ? 1L << KL_TIME_PROCESSING_TO_PROCESSING_VALIDITY_WARN : 0;
+        EXPECT_EQ(convert(time_id, KL_TIME_UTC, kOutside, KL_TIME_TAI).ierr, kOutOfRange | validity) << before;
+    }
+}
+
 TEST(Bodies, PlanetTakesTheStatusOfItsRoutineEvenWithoutABitOnPurpose)
 {
     const PlanetRoutine routine = [](long planet, const kl_time_record *, Cord *, kl_error_record *error) -> long {

@@ -20,7 +20,7 @@ TEST(Angles, HaveTheirValues)
 #undef X
 }
 
-// Three units of the last place, and one for the turn into degrees.
+// Of angles within a turn: three units of the last place, and one for the turn into degrees.
 TEST(DegreeTrigonometry, IsGoodToUnitsOfTheLastPlace)
 {
     const auto expect = [](const char *call, double found, double value) {
