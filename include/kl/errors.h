@@ -31,13 +31,16 @@ KL_API long kl_verbose(void);
  * @param[in]  func_id  public function id, KL_ID_FUNC_*
  * @param[in]  ierr     [1, or 2 for kl_time_ascii_to_ascii] vector of that function
  * @param[out] n_codes  number of conditions found; left as it is on failure, so start from 0
- * @param[out] codes    [KL_MAX_CODES] their numbers, ascending (bit numbers: the KL_*_ERR and KL_*_WARN constants)
- * @return 0, or -1 with a line on standard error when no function has the id
+ * @param[out] codes    [KL_MAX_CODES] their numbers, ascending: the KL_<FUNCTION>_*_ERR and _WARN constants of that
+ *                      function, which are bit numbers; a bit that no condition owns is given all the same
+ * @return 0, whether or not there are conditions; -1 when no function has the id (with a line on standard error) or an
+ *         argument is NULL. What ended a call is its status, not this number: a vector of warnings has conditions too
  */
 KL_API long kl_get_code(const long *func_id, const long *ierr, long *n_codes, long *codes);
 
 /**
- * Message texts of an error vector. Arguments of messages are not kept in a vector: numbers read 0 here.
+ * Message texts of an error vector. Arguments of messages are not kept in a vector: numbers read 0 here, texts are
+ * empty. kl_get_last_msg has them.
  *
  * @param[in]  func_id  public function id, KL_ID_FUNC_*
  * @param[in]  ierr     vector of that function
@@ -48,6 +51,21 @@ KL_API long kl_get_code(const long *func_id, const long *ierr, long *n_codes, lo
 KL_API long kl_get_msg(const long *func_id, const long *ierr, long *n_msg, char msg[][512]);
 
 /**
+ * Message texts of the last call of this thread that recorded anything, with the values of their arguments: what
+ * kl_verbose would have printed, first the messages of the internal functions, then those of the function called, each
+ * in the order of recording. Calls without error or warning change nothing here, and neither does this one; before the
+ * first failure of a thread there are no messages. It also answers for calls whose ierr was NULL.
+ *
+ * Of a call with more than 64 conditions the first 63 and the last are kept. Text arguments are kept as copies, 511
+ * characters in all for one call; what does not fit is cut.
+ *
+ * @param[out] n_msg  number of messages, at most 64; left as it is on failure
+ * @param[out] msg    [64] slots of 512 characters; only the first n_msg are written. KL_MAX_MSG slots always suffice
+ * @return 0, or -1 when an argument is NULL
+ */
+KL_API long kl_get_last_msg(long *n_msg, char msg[][512]);
+
+/**
  * Prints messages on standard error, a line each.
  *
  * @param[in] n_msg  number of messages, at most KL_MAX_MSG; below 1 prints nothing
@@ -56,7 +74,11 @@ KL_API long kl_get_msg(const long *func_id, const long *ierr, long *n_msg, char 
  */
 KL_API long kl_print_msg(const long *n_msg, char msg[][512]);
 
-/** Frees an array that the library allocated for the caller and sets the pointer to NULL; NULL does nothing. */
+/**
+ * Frees an array that the library allocated for the caller with malloc and sets the pointer to NULL; NULL does nothing.
+ * The one such array are the rows of kl_time_get_id_data: kl_time_free_id_data frees them and sets their number to 0
+ * as well, which this function does not know of.
+ */
 KL_API void kl_free_array(void **array);
 
 /**

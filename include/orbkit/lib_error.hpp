@@ -9,6 +9,7 @@
 #include <kit_common.hpp>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace ORBKIT {
@@ -45,18 +46,24 @@ public:
      * @param ierr       error vector of the call; NULL counts as a clear one
      */
     LibError(const std::string &name, long status, long public_id, const long *ierr);
-    ~LibError() override;
+    virtual ~LibError();
     /** A copy on the heap. */
-    LibError *clone() const override;
+    virtual LibError *clone() const;
     LibError(const LibError &) = default;
     LibError &operator=(const LibError &) = default;
 
     /** Appends the condition numbers of the call, see kl_get_code. */
-    void getCodes(std::vector<long> &codes) const override;
-    /** Appends the operation, then the messages of the call, see kl_get_msg. */
-    void getMsg(std::vector<std::string> &messages) const override;
+    virtual void getCodes(std::vector<long> &codes) const;
+    /**
+     * Appends the operation, then the messages of the call, see kl_get_msg; with the values of their arguments, see
+     * kl_get_last_msg, when the vector was that of the last failure of the thread that made this object.
+     */
+    virtual void getMsg(std::vector<std::string> &messages) const;
 
 private:
+    std::string name_;
+    long public_id_;
+    std::vector<std::pair<int, std::string>> with_values_; // code and text, of messages with an argument
     long words_[2];
 };
 

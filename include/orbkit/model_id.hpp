@@ -14,8 +14,8 @@ namespace ORBKIT {
  * A model id that closes itself. Copies share it; the last one closes it. Where a function takes a ModelId, an empty
  * one stands for the default models.
  *
- * A destructor never throws. An id that a run of the C functions still uses cannot be closed: it is left open, and
- * kl_model_close says so in verbose mode. A RunId does not get there: it holds a share of its own.
+ * A destructor never throws. An id that a run of the C functions still uses is left open, and nothing closes it later:
+ * close the run first. A RunId does not get there: it holds a share of its own.
  * Different objects may be copied and destroyed by different threads, also when they share an id.
  *
  * @code{.cpp}
@@ -61,9 +61,10 @@ public:
     kl_model_id *getId() const;
 
     /**
-     * Gives up this object's share and leaves it empty; closes the id when nobody else holds it.
+     * Gives up this object's share and leaves it empty; closes the id when no object holds it and no other id uses it.
      *
-     * @throws KitError when the id is free and cannot be closed; the name in it is "ModelId::ModelId"
+     * @throws KitError when the id is free and cannot be closed; the object then keeps it. The name in it is
+     *                  "ModelId::ModelId"
      */
     void eraseObject();
 };

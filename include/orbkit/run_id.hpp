@@ -14,8 +14,10 @@ namespace ORBKIT {
 
 /**
  * A run id that closes itself: a satellite, a time id and a model id under one number. Copies share it; the last one
- * closes it. It holds a share of its time and model ids, so that they live as long as the run; the satellite is only
- * remembered by its number.
+ * closes it. It holds a share of its time and model ids, so that they live as long as the run, and temporaries may be
+ * passed for them. The satellite is only remembered by its number: a temporary SatId of a default satellite (0 to 9)
+ * frees it at the end of the statement, and the run is left with a number that no longer answers. Keep such an object
+ * for as long as the run.
  *
  * @code{.cpp}
  * const ORBKIT::TimeId time({0.0, 0.0, 0.0, 0.0});

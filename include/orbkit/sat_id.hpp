@@ -15,7 +15,9 @@ namespace ORBKIT {
  *
  * EVERY OBJECT THAT HOLDS A NUMBER FROM 0 TO 9 FREES THAT DEFAULT SATELLITE WHEN IT DIES: copies, temporaries,
  * by-value arguments and objects made from a bare number too. Pass by reference, and keep one object for each default
- * satellite. Moving leaves nothing behind that could free it. Other numbers free nothing.
+ * satellite. Moving leaves nothing behind that could free it, so `sat = SatId("file.cfg")` is safe; a copy is not:
+ * `SatId copy(sat)` frees the satellite of `sat` when it dies, and so does SatId(sat.getSatellite()). Other numbers
+ * free nothing.
  *
  * @code{.cpp}
  * ORBKIT::SatId generic(200);
@@ -42,6 +44,8 @@ public:
     SatId(SatId &&other) noexcept;
     /** Copies the number. A default satellite held until now stays taken. */
     SatId &operator=(const SatId &other);
+    /** Takes the number and leaves the other without. Another default satellite held until now is freed. */
+    SatId &operator=(SatId &&other) noexcept;
     /** Frees the default satellite of a number from 0 to 9. */
     ~SatId();
 

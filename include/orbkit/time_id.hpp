@@ -88,7 +88,7 @@ public:
     /**
      * Gives up this object's share and leaves it empty; closes the id when nobody else holds it.
      *
-     * @throws KitError when the id is free and cannot be closed
+     * @throws KitError when the id is free and cannot be closed; the object then keeps it
      */
     void eraseObject();
 };

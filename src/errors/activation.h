@@ -3,6 +3,7 @@
 #define KL_SRC_ERRORS_ACTIVATION_H
 
 #include "errors/function_ids.h"
+#include "errors/last_call.h"
 #include "errors/messages.h"
 #include "kl_family.h"
 
@@ -42,6 +43,7 @@ public:
     Activation(int function_id, long *ierr, int n_words = 1)
     {
         start(function_id, &own_);
+        last_call.over = true;
         context_.ierr = ierr;
         if (ierr != nullptr)
             for (int word = 0; word < n_words; ++word)
@@ -66,10 +68,7 @@ public:
     }
 
     // Records a warning of this function; the call goes on.
-    void warns(int code, const void *value = nullptr)
-    {
-        record(code, value);
-    }
+    void warns(int code, const void *value = nullptr) { record(code, value); }
 
     // Takes over each condition of the callee that was found, in the order of the map; true when one is an error, which
     // ends the call.
@@ -89,8 +88,19 @@ private:
     long record(int code, const void *value = nullptr)
     {
         const bool seen = context_.ierr != nullptr || context_.record != &own_ || is_verbose();
-        severity_ = seen ? KL_Store_function_error(&context_, code, value) : severity_of(context_.function_id, code);
+        if (seen)
+            severity_ = KL_Store_function_error(&context_, code, value);
+        else
+            severity_ = keep(context_.function_id, code, value);
         return severity_;
+    }
+
+    // For a record that nobody reads: the code goes to the last call's alone.
+    static long keep(int function_id, int code, const void *value)
+    {
+        const Message &message = function_messages(function_id).messages->rows[code];
+        keep_code(function_id, code, message.argument, stored_value(message.argument, value));
+        return message.severity;
     }
 
     void start(int function_id, kl_error_record *record)

@@ -1,5 +1,6 @@
 // The error record, its formatting, and the verbose switch.
 #include "errors/activation.h"
+#include "errors/last_call.h"
 
 #include <algorithm>
 #include <atomic>
@@ -109,18 +110,6 @@ void take_apart(const char *function_name, const Message &message, std::int64_t 
     out->lengths[3] = start;
 }
 
-std::int64_t stored_value(MessageArgument argument, const void *value)
-{
-    std::int64_t bits = 0;
-    if (value == nullptr || argument == kNoArgument)
-        return bits;
-    if (argument == kTextArgument)
-        std::memcpy(&bits, &value, sizeof value); // the pointer itself
-    else
-        std::memcpy(&bits, value, sizeof bits);
-    return bits;
-}
-
 bool exists(long function_id)
 {
     return function_id >= 0 && function_id < KL_N_FUNCTIONS;
@@ -169,6 +158,18 @@ bool accepted(long function_id, long code, const kl_error_record &record, const 
 bool is_verbose()
 {
     return verbose.load(std::memory_order_relaxed) == 1;
+}
+
+std::int64_t stored_value(MessageArgument argument, const void *value)
+{
+    std::int64_t bits = 0;
+    if (value == nullptr || argument == kNoArgument)
+        return bits;
+    if (argument == kTextArgument)
+        std::memcpy(&bits, &value, sizeof value); // the pointer itself
+    else
+        std::memcpy(&bits, value, sizeof bits);
+    return bits;
 }
 
 bool recorded(int callee_id, int code, const kl_error_record &callee)
@@ -221,6 +222,7 @@ void KL_Init_err_data(long function_id, kl_error_record *record, long *ierr, lon
         context->record = record;
         context->ierr = ierr;
     }
+    last_call.over = true;
     KL_Reset_Err(record);
     if (ierr != nullptr)
         for (long word = 0; word < n_words; ++word)
@@ -246,6 +248,8 @@ long KL_Put_Err(long function_id, long code, const void *value, kl_error_record 
     record->codes[record->count] = static_cast<std::int32_t>(code);
     record->values[record->count] = stored_value(message.argument, value);
     ++record->count;
+    keep_code(static_cast<int>(function_id), static_cast<int>(code), message.argument,
+              record->values[record->count - 1]);
     if (!is_verbose())
         return 0;
 
@@ -291,27 +295,32 @@ long KL_Store_function_error(kl_error_context *context, long code, const void *v
     return code >= 0 && code < count_codes(function) ? function.messages->rows[code].severity : -1;
 }
 
+void write_message(int function_id, int code, std::int64_t value, char (&text)[KL_MSG_LENGTH])
+{
+    text[0] = '\0';
+    if (!exists(function_id))
+        return;
+    const FunctionMessages &function = function_messages(function_id);
+    if (code < 0 || code >= count_codes(function))
+        return; // a bit that no code owns
+    const Message &message = function.messages->rows[code];
+    MessagePieces pieces;
+    take_apart(function.name, message, value, &pieces);
+    if (message.argument == kTextArgument) {
+        // The text argument gives way, "%s" counted as part of the message.
+        const std::size_t own = pieces.length() - pieces.lengths[4] + 2;
+        pieces.lengths[4] = std::min(pieces.lengths[4], own < 511 ? 511 - own : 0);
+    }
+    text[pieces.write(text, KL_MSG_LENGTH - 1)] = '\0';
+}
+
 long KL_Err_Msg(const kl_error_record *record, long *n_msg, char messages[][512])
 {
     if (record == nullptr || n_msg == nullptr || messages == nullptr)
         return -1;
     std::memset(messages, 0, static_cast<std::size_t>(KL_MAX_MSG) * KL_MSG_LENGTH);
-    for (std::int32_t i = 0; i < record->count; ++i) {
-        if (!exists(record->function_id))
-            continue;
-        const FunctionMessages &function = function_messages(record->function_id);
-        const std::int32_t code = record->codes[i];
-        if (code < 0 || code >= count_codes(function))
-            continue; // a bit that no code owns: its slot stays empty
-        MessagePieces pieces;
-        take_apart(function.name, function.messages->rows[code], record->values[i], &pieces);
-        if (function.messages->rows[code].argument == kTextArgument) {
-            // The text argument gives way, "%s" counted as part of the message.
-            const std::size_t own = pieces.length() - pieces.lengths[4] + 2;
-            pieces.lengths[4] = std::min(pieces.lengths[4], own < 511 ? 511 - own : 0);
-        }
-        pieces.write(messages[i], KL_MSG_LENGTH - 1);
-    }
+    for (std::int32_t i = 0; i < record->count; ++i)
+        write_message(record->function_id, record->codes[i], record->values[i], messages[i]);
     *n_msg = record->count;
     return 0;
 }

@@ -1,5 +1,6 @@
 // Error vectors: codes to bits and back, and the public calls that decode a vector.
 #include "errors/activation.h"
+#include "errors/last_call.h"
 
 #include <array>
 #include <cstdint>
@@ -251,13 +252,19 @@ long kl_get_code(const long *func_id, const long *ierr, long *n_codes, long *cod
     return 0;
 }
 
+bool record_of_messages(long public_id, const long *ierr, kl_error_record *record)
+{
+    const bool made = KL_Vector_Err(public_id, ierr, record) == 0;
+    if (!made)
+        put("ERROR in kl_get_msg: Could not create and err structure\n");
+    return made;
+}
+
 long kl_get_msg(const long *func_id, const long *ierr, long *n_msg, char msg[][512])
 {
     ErrorRecord record;
-    if (KL_Vector_Err(func_id != nullptr ? *func_id : -1, ierr, &record) != 0) {
-        put("ERROR in kl_get_msg: Could not create and err structure\n");
+    if (!record_of_messages(func_id != nullptr ? *func_id : -1, ierr, &record))
         return -1;
-    }
     if (KL_Err_Msg(&record, n_msg, msg) != 0) {
         put("ERROR in kl_get_msg: Unable to create msg vector from err structure\n");
         return -1;

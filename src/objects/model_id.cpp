@@ -1,5 +1,6 @@
 #include "orbkit/model_id.hpp"
 
+#include "kl_family.h"
 #include "objects/throw_rule.h"
 
 #include <string>
@@ -38,19 +39,16 @@ ModelId::~ModelId()
 {
     try {
         eraseObject();
-    } catch (const std::exception &) { // the id stays open
+    } catch (...) { // the id stays open, without this object
+        subtractInstance();
     }
 }
 
 void ModelId::init(long mode, const std::vector<long> &models)
 {
     constexpr std::size_t kKinds = KL_MODEL_LIGHT_PROPAGATION + 1;
-    if (mode == KL_MODEL_USER && models.size() != kKinds) {
-        KitError error;
-        error.addMsg("Models vector must be of size " + std::to_string(kKinds));
-        error.addMsg("ModelId::init");
-        throw error;
-    }
+    if (mode == KL_MODEL_USER && models.size() != kKinds)
+        throw_messages({"Models vector must be of size " + std::to_string(kKinds), "ModelId::init"});
     ModelId fresh;
     long ierr[1] = {0};
     const long status = kl_model_init(&mode, mode == KL_MODEL_USER ? models.data() : nullptr, fresh.getId(), ierr);
@@ -64,7 +62,7 @@ kl_model_data ModelId::getData() const
     kl_model_id id = handle_.model; // the call initialises an empty handle for a moment
     kl_model_data data;
     if (kl_model_get_data(&id, &data) != KL_OK)
-        throw KitError("Model data cannot be read.");
+        throw_messages({"Model data cannot be read."});
     return data;
 }
 
@@ -84,13 +82,15 @@ void ModelId::eraseObject()
     subtractInstance();
     kl_model_id id = handle_.model;
     handle_ = {};
-    const Share share = share_of(&id);
-    if (share == Share::kHeld)
+    if (!is_free(&id))
         return;
     long ierr[1] = {0};
-    const long status = kl_model_close(&id, ierr); // refused for an id in use: the refusal is what verbose mode shows
-    if (share == Share::kFree)
-        check("ModelId::ModelId", status, KL_ID_FUNC_MODEL_CLOSE, ierr); // On purpose: this name, not eraseObject.
+    const long status = kl_model_close(&id, ierr);
+    if (KL_Id_init_status(&id) == 1) { // not closed: the share stays
+        handle_.model = id;
+        addInstance();
+    }
+    check("ModelId::ModelId", status, KL_ID_FUNC_MODEL_CLOSE, ierr); // On purpose: this name, not eraseObject.
 }
 
 } // namespace ORBKIT

@@ -30,6 +30,16 @@ SatId::SatId(SatId &&other) noexcept : satellite_(other.satellite_)
 
 SatId &SatId::operator=(const SatId &other) = default;
 
+SatId &SatId::operator=(SatId &&other) noexcept
+{
+    if (this != &other) {
+        const SatId held(satellite_ != other.satellite_ ? satellite_ : kNone); // freed at the end
+        satellite_ = other.satellite_;
+        other.satellite_ = kNone;
+    }
+    return *this;
+}
+
 // On purpose: every object with such a number frees the satellite, whoever took it and whoever else holds the number.
 SatId::~SatId()
 {
@@ -45,13 +55,13 @@ long SatId::getSatellite() const
 void SatId::setTleData(long catalogue_number, const std::string &name, const std::string &designator)
 {
     if (kl_set_tle_sat_data(&satellite_, &catalogue_number, name.c_str(), designator.c_str()) != KL_OK)
-        throw KitError("TLE Satellite Data cannot be set.");
+        throw_messages({"TLE Satellite Data cannot be set."});
 }
 
 void SatId::setSP3Data(const std::string &identifier)
 {
     if (kl_set_sp3_sat_data(satellite_, identifier.substr(0, kSp3Characters).c_str()) != KL_OK)
-        throw KitError("SP3 Id cannot be set.");
+        throw_messages({"SP3 Id cannot be set."});
 }
 
 } // namespace ORBKIT

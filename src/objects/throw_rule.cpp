@@ -1,26 +1,42 @@
 #include "objects/throw_rule.h"
 
-#include "ids/id_record.h"
+#include "kl_family.h"
 
 namespace ORBKIT {
+
+namespace {
+
+constexpr long kNoFunction = -1;
+
+// Nothing but a way to a KitError: its messages are added to that.
+class NoCall : public InternalError {
+public:
+    NoCall() : InternalError(std::string(), KL_ERR, kLibraryNumber, kNoFunction, kLibraryNumber, nullptr) {}
+    NoCall(const NoCall &) = default;
+    virtual ~NoCall() = default;
+    virtual NoCall *clone() const { return new NoCall(*this); }
+    virtual void getCodes(std::vector<long> &) const {}
+    virtual void getMsg(std::vector<std::string> &) const {}
+};
+
+} // namespace
+
+void throw_messages(std::initializer_list<std::string> messages)
+{
+    KitError error{NoCall()};
+    for (const std::string &message : messages)
+        error.addMsg(message);
+    throw error;
+}
 
 void throw_lib_error(const char *operation, long status, long public_id, const long *ierr)
 {
     throw KitError(LibError(operation, status, public_id, ierr));
 }
 
-Share share_of(const void *handle)
+bool is_free(const void *handle)
 {
-    if (KL_Id_init_status(handle) == 0)
-        return Share::kHeld;
-    if (KL_Is_used(handle) == 0)
-        return Share::kFree;
-    const kl_id_record *record = *static_cast<kl_id_record *const *>(handle);
-    const bool locked = record->mutex != nullptr && lock_id(record);
-    const long instances = record->instances;
-    if (locked && !unlock_id(record))
-        put_closing_threads();
-    return instances == 0 ? Share::kInUse : Share::kHeld;
+    return KL_Id_init_status(handle) == 1 && KL_Is_used(handle) == 0;
 }
 
 std::mutex &release_mutex()

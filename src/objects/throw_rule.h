@@ -4,9 +4,14 @@
 
 #include "orbkit/lib_error.hpp"
 
+#include <initializer_list>
 #include <mutex>
+#include <string>
 
 namespace ORBKIT {
+
+// The constant that the common library gets for this one, in two places.
+constexpr long kLibraryNumber = 2;
 
 [[noreturn]] void throw_lib_error(const char *operation, long status, long public_id, const long *ierr);
 
@@ -17,13 +22,11 @@ inline void check(const char *operation, long status, long public_id, const long
         throw_lib_error(operation, status, public_id, ierr);
 }
 
-// What an id is to an object that has given up its share.
-enum class Share {
-    kFree,  // nobody's: to be closed
-    kInUse, // of another id alone
-    kHeld   // of another object, or not initialised
-};
-Share share_of(const void *handle);
+// Throws messages that no call of the library stands behind.
+[[noreturn]] void throw_messages(std::initializer_list<std::string> messages);
+
+// Is the id initialised, and neither counted by an object nor used by another id? Then it is to be closed.
+bool is_free(const void *handle);
 
 // Giving up a share and closing what nobody holds is one step: two objects must not both see themselves last.
 std::mutex &release_mutex();

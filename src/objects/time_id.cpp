@@ -1,5 +1,6 @@
 #include "orbkit/time_id.hpp"
 
+#include "kl_family.h"
 #include "objects/throw_rule.h"
 
 #include <memory>
@@ -58,7 +59,8 @@ TimeId::~TimeId()
 {
     try {
         eraseObject();
-    } catch (const std::exception &) { // the id stays open
+    } catch (...) { // the id stays open, without this object
+        subtractInstance();
     }
 }
 
@@ -92,7 +94,7 @@ void TimeId::init(const TimeIdData &data)
     const long status = kl_time_set_id_data(fresh.getId(), &record);
     fresh.addInstance();
     if (status != KL_OK)
-        throw KitError("Time correlation data cannot be set.");
+        throw_messages({"Time correlation data cannot be set."});
     *this = std::move(fresh);
 }
 
@@ -101,7 +103,7 @@ TimeIdData TimeId::getData() const
     kl_time_id_data data{};
     const std::unique_ptr<kl_time_id_data, FreeRows> rows(&data);
     if (kl_time_get_id_data(getId(), &data) != KL_OK)
-        throw KitError("Time correlation data cannot be read.");
+        throw_messages({"Time correlation data cannot be read."});
     return TimeIdData(data);
 }
 
@@ -121,13 +123,15 @@ void TimeId::eraseObject()
     subtractInstance();
     kl_time_id id = handle_.time;
     handle_ = {};
-    const Share share = share_of(&id);
-    if (share == Share::kHeld)
+    if (!is_free(&id))
         return;
     long ierr[1] = {0};
-    const long status = kl_time_close(&id, ierr); // refused for an id in use: the refusal is what verbose mode shows
-    if (share == Share::kFree)
-        check("TimeId::eraseObject", status, KL_ID_FUNC_TIME_REF_CLOSE, ierr);
+    const long status = kl_time_close(&id, ierr);
+    if (KL_Id_init_status(&id) == 1) { // not closed: the share stays
+        handle_.time = id;
+        addInstance();
+    }
+    check("TimeId::eraseObject", status, KL_ID_FUNC_TIME_REF_CLOSE, ierr);
 }
 
 } // namespace ORBKIT

@@ -43,6 +43,19 @@ TEST(LibError, StaysWhatItIsInAnExceptionAndItsCopies)
     EXPECT_EQ(copy.getMsg(), (Texts{"a::b", messages_of(*lib_error).back(), "while opening"}));
 }
 
+TEST(LibError, CarriesTheValuesOfTheMessages)
+{
+    const ModelId models;
+    const std::string text = thrown_by([&] { LibFunc::geoid(models, 95.5, 0.0); }).text;
+    EXPECT_NE(text.find("95.500000"), std::string::npos) << text;
+    // The vector of some other failure than the last has no values.
+    long ierr[1] = {error_bits(KL_GEOID_CALC_LATITUDE_ERR)};
+    EXPECT_NE(messages_of(LibError("a::b", KL_ERR, KL_ID_FUNC_GEOID_CALC, ierr)).back().find("95.5"),
+              std::string::npos);
+    ierr[0] |= error_bits(KL_GEOID_CALC_LONGITUDE_ERR);
+    EXPECT_EQ(messages_of(LibError("a::b", KL_ERR, KL_ID_FUNC_GEOID_CALC, ierr)).at(2).find("95.5"), std::string::npos);
+}
+
 TEST(LibError, OnPurposeFailureOfEulerToMatrixDecodesToNothing)
 {
     const std::string said =

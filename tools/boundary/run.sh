@@ -23,11 +23,12 @@ readelf -dW "$library" | grep -q BIND_NOW || { echo "bound lazily" >&2; exit 1; 
 ! readelf -dW "$library" | grep -q TEXTREL || { echo "code that is relocated" >&2; exit 1; }
 readelf -lW "$library" | grep GNU_STACK | grep -qv RWE || { echo "a stack that runs" >&2; exit 1; }
 
-# By name: the rows of satellites that callers set, the default satellites and the run table; the locks; whether messages
-# are printed; the instruction set and the kernel of the geoid that this machine can run; and what the compiler's own start-up code has.
+# By name: the rows of satellites that callers set, the default satellites and the run table; the last failure of a
+# thread; the locks; whether messages are printed; the instruction set and the kernel of the geoid that this machine can
+# run; and what the compiler's own start-up code has.
 own='slot_sp3|slot_mutex|clock_mutex|table_mutex|verbose|widest|instruction_set'
 may="(A|I)_(MIN|NOM|MAX)|[EW]_NOM|KL_SAT_TYPE|KL_TOLERANCE_[A-Z_]*|KL_SP3_PARAMS|TLE_SAT_DATA|kl_default_sat_(array|names)\
-|run_table|_ZN12_GLOBAL__N_1[0-9]+($own)E(\\.[0-9]+)?|_ZZN6ORBKIT13release_mutexEvE5mutex\
+|run_table|last_call|_ZN12_GLOBAL__N_1[0-9]+($own)E(\\.[0-9]+)?|_ZZN6ORBKIT13release_mutexEvE5mutex\
 |__TMC_END__|__dso_handle|DW\\.ref\\.[A-Za-z0-9_]*|completed\\.[0-9]+|__cpu_(model|features2)"
 sections=$(readelf -SW "$library" | sed -n 's/^ *\[ *\([0-9]*\)\] \.\(data\|bss\|tdata\|tbss\) .*/\1/p' | tr '\n' ' ')
 writable=$(readelf -sW "$library" | awk -v sections=" $sections" '
