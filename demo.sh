@@ -8,4 +8,4 @@ tools/install_missing.sh g++ cmake ninja-build
     cmake --build --preset release --target kl_demo
 } >build-demo.log 2>&1 || { cat build-demo.log; exit 1; }
 rm -f build-demo.log
-exec build/release/apps/kl_demo data/time_correlation.csv "$@"
+exec build/release/apps/kl_demo "$@"

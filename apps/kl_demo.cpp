@@ -1,9 +1,8 @@
 // The sky above the Earth at an instant: time scales and formats, Sun, Moon and planets in the Earth-fixed frame with
 // the point of the Earth below each, and a satellite state carried through the frames.
 //
-// kl_demo TIME_CORRELATION_FILE [UTC instant, yyyy-mm-ddThh:nn:ss with or without .uuuuuu]
+// kl_demo [UTC instant, yyyy-mm-ddThh:nn:ss with or without .uuuuuu]
 #include "kl_family.h"
-#include "time_correlation.h"
 
 #include <cmath>
 #include <cstdio>
@@ -222,20 +221,23 @@ void show_satellite(long run_id, double tai)
 
 int main(int argc, char **argv)
 {
-    if (argc < 2 || argc > 3) {
-        std::fprintf(stderr, "usage: %s TIME_CORRELATION_FILE [yyyy-mm-ddThh:nn:ss[.uuuuuu]]\n", argv[0]);
+    if (argc > 2) {
+        std::fprintf(stderr, "usage: %s [yyyy-mm-ddThh:nn:ss[.uuuuuu]]\n", argv[0]);
         return EXIT_FAILURE;
     }
     kl_time_id time_id = {nullptr};
-    if (load_time_correlation(argv[1], &time_id) != 0)
-        return EXIT_FAILURE;
-    const Instant instant = read_instant(&time_id, argc == 3 ? argv[2] : nullptr);
+    const long no_files = 0; // the correlation compiled into the library
+    const long last_row_holds = 1;
+    const long all_rows = KL_TIME_WINDOW_FILE;
+    long ierr[1];
+    require(kl_time_id_init(&no_files, nullptr, &last_row_holds, &all_rows, nullptr, nullptr, nullptr, &time_id, ierr),
+            KL_ID_FUNC_TIME_ID_INIT, ierr);
+    const Instant instant = read_instant(&time_id, argc == 2 ? argv[1] : nullptr);
 
     kl_model_id model_id = {nullptr};
     const long default_models = KL_MODEL_DEFAULT;
     const long satellite = 200;
     long run_id = -1;
-    long ierr[1];
     require(kl_model_init(&default_models, nullptr, &model_id, ierr), KL_ID_FUNC_MODEL_INIT, ierr);
     require(kl_run_init(&satellite, &time_id, &model_id, &run_id, ierr), KL_ID_FUNC_RUN_INIT, ierr);
 

@@ -107,7 +107,7 @@ void table_id(double a)
 {
     kl_time_id id = {nullptr};
     kl_time_row row = {kTime, kTime, kTime, 0.0, 0.0, 19.0};
-    const kl_time_id_data data = {1, -1, 0, 0, a, 0.0, 0.0, 0, 0.0, 0.0, 1, &row};
+    const kl_time_id_data data = {1, -1, 0, 0, a, 0.0, 0.0, 0, 0.0, 0.0, 1, &row, nullptr, nullptr, {}, {}, {}, {}};
     if (kl_time_set_id_data(&id, &data) == 0)
         kl_time_close(&id, ierr);
 }

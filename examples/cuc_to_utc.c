@@ -1,7 +1,7 @@
 /* UTC of an on-board time in CCSDS unsegmented code, and back. The code counts seconds without leap seconds: it is
  * decoded to TAI (GPS serves as well) and converted from there. Decoded to UTC at once, it would be late by the leap
  * seconds since the epoch. */
-#include "time_correlation.h"
+#include "kl_lib.h"
 
 #include <stdio.h>
 #include <stdlib.h>
@@ -31,10 +31,11 @@ int main(void)
     static const unsigned char packet[] = {0x1e, 0x6e, 0xfa, 0xa5, 0x25, 0x40, 0x00};
     const kl_cuc_config config = {KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, KL_TIME_TAI, 0.0, 4, 2};
     unsigned char again[KL_CUC_LENGTH];
+    const long no_files = 0, all_rows = KL_TIME_WINDOW_FILE;
     double tai_days, utc_days, late_days;
 
-    if (load_time_correlation(TIME_CORRELATION_CSV, &time_id) != 0)
-        return EXIT_FAILURE;
+    /* The correlation compiled into the library: no file. */
+    require(kl_time_id_init(&no_files, NULL, NULL, &all_rows, NULL, NULL, NULL, &time_id, NULL), "time correlation");
     require(kl_time_cuc_to_processing(&time_id, &config, &tai, packet, &tai_days, NULL), "decoding");
     require(
         kl_time_processing_to_processing(&time_id, &processing, &tai, &tai_days, &processing, &utc, &utc_days, NULL),

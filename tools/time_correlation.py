@@ -1,98 +1,125 @@
 #!/usr/bin/env python3
-"""Makes data/time_correlation.csv from published IERS figures.
+"""Renews data/time_correlation.csv, from which the correlation compiled into the library is built.
 
-tools/time_correlation.py EOPC04 LEAP_SECONDS_LIST >data/time_correlation.csv
+tools/time_correlation.py FINALS LEAP_SECONDS [C04] >new.csv && mv new.csv data/time_correlation.csv
 
-EOPC04             IERS 14 C04 series of Earth orientation ("eopc04_IAU2000.62-now"; Debian: python3-astropy)
-LEAP_SECONDS_LIST  leap-seconds.list of IERS Bulletin C (Debian: tzdata, /usr/share/zoneinfo)
+FINALS        finals2000A.all of the IERS rapid service
+LEAP_SECONDS  leap-seconds.list or Leap_Second.dat of the IERS
+C04           EOP 14 C04 series, for the days before the first of FINALS; without it they are taken from the present table
+
+Exact decimal arithmetic on the printed digits; the library's own readers have no part in it.
 """
-import bisect
 import datetime
+import pathlib
+import re
 import sys
+from decimal import Decimal
 
 MJD_EPOCH = datetime.date(1858, 11, 17)
 NTP_EPOCH_MJD = 15020
 FIRST = 41317  # 1972-01-01: UTC with leap seconds begins
-STEP = 5       # days
-
-# Delta T = TT - UT1 at 1 January, to the hundredth of a second, for the years that the C04 file does not reach.
-DELTA_T = {2024: 69.18, 2025: 69.14, 2026: 69.11}
-TT_MINUS_TAI = 32.184
+FINAL, OBSERVED, PREDICTED = 0, 1, 3
+PRESENT = pathlib.Path(__file__).parent.parent / "data" / "time_correlation.csv"
 
 HEAD = """\
-# TAI-UTC and UT1-UTC at 0h UTC, seconds. Made by tools/time_correlation.py; do not edit.
+# Correlation of the time scales and pole of the Earth, daily at 0h UTC. Made by tools/time_correlation.py; do not edit.
 #
-# TAI-UTC    IERS Bulletin C, file leap-seconds.list (tzdata {tzdata}): {n_leaps} leap seconds since 1972, none announced
-#            before {expires}.
-# UT1-UTC    IERS Earth orientation series 14 C04 (eopc04_IAU2000.62-now, as Debian's python3-astropy 5.2.1 carries
-#            it), {first} to {last}: every {step} days, and both days around each leap second. Read linearly
-#            between rows, UT1 differs from the daily series by at most {worst:.1f} ms. The seven decimals are the file's; its
-#            uncertainty is 2 ms in 1972, below 0.5 ms since 1990 and 0.01 ms in the last years.
-#            From 2024 on: 32.184 s + TAI-UTC - Delta T at 1 January, Delta T from the table of TT-UT1 of the U.S.
-#            Naval Observatory and IERS to 0.01 s (as npm's @tubular/time 3.10.7 carries it; its values of 2020 to 2022
-#            agree with C04). Between those rows UT1 is good to about 0.03 s, not better.
+# {first} to {before}: EOP series 14 C04 of the IERS Earth orientation centre (eopc04_IAU2000.62-now, as Debian's
+#   python3-astropy 5.2.1 carries it).
+# {finals} to {last}: finals2000A.all of the IERS rapid service: Bulletin B where it is final (to {last_final}),
+#   else Bulletin A, predicted after {last_observed}.
+# Leap seconds: IERS Bulletin C ({leap_name}).
 #
-# date,TAI-UTC,UT1-UTC"""
+# leap,MJD from which it holds,TAI-UTC in s
+# expires,MJD up to which the leap seconds are announced
+# MJD,quality (0 final, 1 observed, 3 predicted),UT1-UTC in 1e-7 s,x,y,dX,dY in 1e-6 arcsec (dX, dY: IAU 2000)
+"""
+
+
+def digits(text, decimals):
+    """A printed number in units of its last decimal."""
+    value = Decimal(text.strip()).scaleb(decimals)
+    assert value == int(value), text
+    return int(value)
+
+
+def read_finals(path):
+    rows = {}
+    for line in open(path, encoding="ascii"):
+        flag = line[57]
+        if flag not in "IP":
+            continue
+        mjd = int(float(line[7:15]))
+        quality = OBSERVED if flag == "I" else PREDICTED
+        ut1, x, y = digits(line[58:68], 7), digits(line[18:27], 6), digits(line[37:46], 6)
+        dx, dy = (digits(line[97:106], 3), digits(line[116:125], 3)) if line[95] in "IP" else (0, 0)
+        final = line[134:144], line[144:154], line[154:165]
+        if all(text.strip() for text in final):
+            quality = FINAL
+            x, y, ut1 = digits(final[0], 6), digits(final[1], 6), digits(final[2], 7)
+        rows[mjd] = (quality, ut1, x, y, dx, dy)
+    return rows
+
+
+def read_c04(path):
+    rows = {}
+    for line in open(path, encoding="ascii"):
+        fields = line.split()
+        if len(fields) == 16 and fields[3].isdigit() and int(fields[3]) >= FIRST:
+            x, y, ut1, _, dx, dy = fields[4:10]
+            rows[int(fields[3])] = (FINAL, digits(ut1, 7), digits(x, 6), digits(y, 6), digits(dx, 6), digits(dy, 6))
+    return rows
+
+
+def read_present():
+    rows = {}
+    for line in open(PRESENT, encoding="ascii"):
+        if line[0].isdigit():
+            mjd, *values = map(int, line.split(","))
+            rows[mjd] = tuple(values)
+    return rows
+
+
+def read_leap_seconds(path):
+    steps, expires = [], None
+    for line in open(path, encoding="ascii"):
+        words = line.split()
+        if line.startswith("#@"):
+            expires = int(words[1]) // 86400 + NTP_EPOCH_MJD
+        elif "expires on" in line:
+            date = re.search(r"expires on +(\d+ +\w+ +\d+)", line).group(1)
+            expires = (datetime.datetime.strptime(date, "%d %B %Y").date() - MJD_EPOCH).days
+        elif words and not line.startswith("#"):
+            ntp = len(words[0]) == 10
+            steps.append((int(words[0]) // 86400 + NTP_EPOCH_MJD, int(words[1])) if ntp
+                         else (int(float(words[0])), int(words[4])))
+    return steps, expires
 
 
 def date_of(mjd):
     return (MJD_EPOCH + datetime.timedelta(mjd)).isoformat()
 
 
-def read_c04(path):
-    series = {}
-    with open(path, encoding="ascii") as lines:
-        for line in lines:
-            fields = line.split()
-            if len(fields) == 16 and fields[3].isdigit() and int(fields[3]) >= FIRST:
-                series[int(fields[3])] = fields[6]
-    return series
-
-
-def read_leap_seconds(path):
-    steps = []
-    expires = None
-    with open(path, encoding="ascii") as lines:
-        for line in lines:
-            if line.startswith("#@"):
-                expires = int(line.split()[1]) // 86400 + NTP_EPOCH_MJD
-            elif line.strip() and not line.startswith("#"):
-                ntp, seconds = line.split()[:2]
-                steps.append((int(ntp) // 86400 + NTP_EPOCH_MJD, int(seconds)))
-    return steps, expires
-
-
 def main():
-    series = read_c04(sys.argv[1])
+    finals = read_finals(sys.argv[1])
     steps, expires = read_leap_seconds(sys.argv[2])
-    step_days = [mjd for mjd, _ in steps]
+    rows = read_c04(sys.argv[3]) if len(sys.argv) > 3 else read_present()
+    rows = {mjd: row for mjd, row in rows.items() if mjd < min(finals)} | finals
+    days = sorted(rows)
+    assert days == list(range(FIRST, days[-1] + 1)), "a day is missing"
+    qualities = [rows[mjd][0] for mjd in days]
+    assert qualities == sorted(qualities), "final, observed and predicted days are mixed"
 
-    def tai_utc(mjd):
-        return steps[bisect.bisect_right(step_days, mjd) - 1][1]
+    def last_of(quality):
+        return date_of(max(mjd for mjd in days if rows[mjd][0] <= quality))
 
-    last = max(series)
-    days = {mjd for mjd in series if (mjd - FIRST) % STEP == 0} | {last}
-    for mjd in step_days[1:]:
-        days |= {mjd - 1, mjd}
-    days = sorted(days)
-
-    tai_ut1 = {mjd: tai_utc(mjd) - float(text) for mjd, text in series.items()}
-    worst = 0.0
-    for mjd, truth in tai_ut1.items():
-        i = min(bisect.bisect_right(days, mjd), len(days) - 1)
-        a, b = days[i - 1], days[i]
-        read = tai_ut1[a] + (tai_ut1[b] - tai_ut1[a]) * (mjd - a) / (b - a)
-        worst = max(worst, abs(read - truth))
-
-    print(HEAD.format(tzdata="2026f", n_leaps=len(steps) - 1,
-                      expires=date_of(expires), first=date_of(FIRST), last=date_of(last), step=STEP,
-                      worst=1000.0 * worst))
-    for mjd in days:
-        print(f"{date_of(mjd)},{tai_utc(mjd)},{series[mjd]}")
-    for year, delta_t in DELTA_T.items():
-        day = datetime.date(year, 1, 1)
-        seconds = tai_utc((day - MJD_EPOCH).days)
-        print(f"{day},{seconds},{TT_MINUS_TAI + seconds - delta_t:.2f}")
+    out = [HEAD.format(first=date_of(FIRST), before=date_of(min(finals) - 1), finals=date_of(min(finals)),
+                       last=date_of(days[-1]), last_final=last_of(FINAL), last_observed=last_of(OBSERVED),
+                       leap_name=pathlib.Path(sys.argv[2]).name)]
+    out += [f"leap,{mjd},{seconds}\n" for mjd, seconds in steps]
+    out.append(f"expires,{expires}\n")
+    out += [",".join(map(str, (mjd, *rows[mjd]))) + "\n" for mjd in days]
+    sys.stdout.write("".join(out))
 
 
 main()

@@ -41,7 +41,71 @@ typedef struct kl_time_id_data {
     double leap_tai;          /**< output: TAI instant at which it begins, MJD2000 */
     long n_rows;
     kl_time_row *rows;
+    double (*pole)[4];    /**< beside the rows, NULL without: x, y, dX, dY of the pole (IAU 2000), arcsec */
+    long (*row_notes)[2]; /**< beside the rows, NULL without: 16 x index of the file + quality, number of the line */
+    /** The pole after the table: constant, cos A, sin A, cos C, sin C, arcsec; all zero: the last row holds. Without
+     *  `pole` the formula serves every instant. */
+    double pole_x[5], pole_y[5];
+    double pole_reference_date[2]; /**< of A and C, MJD2000 */
+    double pole_period[2];         /**< of A and C, days; 0, or at least 1 */
 } kl_time_id_data;
+
+/** Time models: what kl_time_ref_init_file makes of files. */
+enum {
+    KL_TIME_MODEL_EXPLICIT = -1,           /**< the readings of one instant */
+    KL_TIME_MODEL_BULLETIN_B = 1,          /**< final values of IERS Bulletin B */
+    KL_TIME_MODEL_BULLETIN_B_EXTENDED = 2, /**< with the preliminary extension */
+    KL_TIME_MODEL_FINALS_OBSERVED = 3,     /**< finals*, what has been observed */
+    KL_TIME_MODEL_FINALS = 4,              /**< finals*, with predictions */
+    KL_TIME_MODEL_C04 = 5,                 /**< IERS EOP C04 */
+    KL_TIME_MODEL_TABLE = 6,               /**< this library's own text format */
+    KL_TIME_MODEL_ORBIT_FILE = 7,          /**< leap seconds in the span of SP3 or OEM files */
+    KL_TIME_MODEL_LEAP_SECONDS = 8,        /**< a list of leap seconds */
+    KL_TIME_MODEL_MERGED = 9,              /**< several kinds together; also the correlation compiled in */
+    KL_TIME_MODEL_BULLETIN_A = 10,         /**< IERS Bulletin A, by its formula after its table */
+    KL_TIME_MODEL_BULLETIN_A_TABLE = 11    /**< IERS Bulletin A, its last row after its table */
+};
+
+/** Which rows of the files are taken. */
+enum {
+    KL_TIME_WINDOW_FILE = 0, /**< all */
+    KL_TIME_WINDOW_TIME = 1  /**< those around a time window */
+};
+
+/** Quality of a row. */
+enum {
+    KL_TIME_QUALITY_FINAL = 0,
+    KL_TIME_QUALITY_OBSERVED = 1, /**< rapid service */
+    KL_TIME_QUALITY_PRELIMINARY = 2,
+    KL_TIME_QUALITY_PREDICTED = 3,
+    KL_TIME_QUALITY_INSERTED = 4 /**< put in by the library at a leap second */
+};
+
+/** What the builders of time ids from files found; what does not apply is 0. */
+typedef struct kl_time_file_report {
+    long file;          /**< where something was refused, or TAI-UTC is not that of the rows: index in the list */
+    long line, column;  /**< from 1; line 0: nowhere */
+    char field[64];     /**< the refused characters, ? for what cannot be printed */
+    long n_rows;        /**< of the time id */
+    long n_predicted;   /**< of these */
+    long n_skipped;     /**< lines of data that were read and not used: reserved days, before 1972, outside the window,
+                         *   replaced by a row of another file */
+    double first;       /**< first row, UTC, MJD2000 */
+    double last_final;  /**< last row with final values, UTC, MJD2000 */
+    double last;        /**< last row, UTC, MJD2000 */
+    double leap_expiry; /**< UTC, MJD2000, until which the list of leap seconds that was read is good */
+} kl_time_file_report;
+
+/** What served an instant; kl_time_get_row. */
+typedef struct kl_time_row_info {
+    long row;     /**< last row not after the instant; -1 before the table, n_rows after it */
+    long file;    /**< index in the list of files, -1: the correlation compiled in */
+    long line;    /**< of that file */
+    long quality; /**< KL_TIME_QUALITY_FINAL to KL_TIME_QUALITY_INSERTED; of the first or last row outside the table */
+    long by_formula;                  /**< 1: UT1-UTC comes from the formula after the table */
+    double tai_utc, tai_ut1, tai_gps; /**< s */
+    double pole[4];                   /**< x, y, dX, dY, arcsec */
+} kl_time_row_info;
 
 /* ---- ids */
 
@@ -79,6 +143,138 @@ enum {
 KL_API long kl_time_ref_init(const double tri_time[4], const long *orbit, const double *anx_time,
                              const double *orbit_duration, kl_time_id *time_id, long *ierr);
 
+/** Conditions of kl_time_ref_init_file, and with the same numbers those of kl_time_id_init. */
+enum {
+    KL_TIME_REF_INIT_FILE_ID_ERR = 0,      /**< the id is already initialised; it is not touched */
+    KL_TIME_REF_INIT_FILE_MODEL_ERR = 1,   /**< not 1 to 8, 10, 11 */
+    KL_TIME_REF_INIT_FILE_COUNT_ERR = 2,   /**< number of files below 1 or above 10000 */
+    KL_TIME_REF_INIT_FILE_WINDOW_ERR = 3,  /**< unknown mode, start after stop, outside -18262.0 to 36524.0, NaN */
+    KL_TIME_REF_INIT_FILE_READ_ERR = 4,    /**< no regular file, not readable, empty, above 64 MiB, changed meanwhile */
+    KL_TIME_REF_INIT_FILE_FORMAT_ERR = 5,  /**< not a known format, not one of the model, or a time system not known */
+    KL_TIME_REF_INIT_FILE_RECORD_ERR = 6,  /**< a field that is missing, cut, no number, out of range, or a date that
+                                            *   is not that of its MJD */
+    KL_TIME_REF_INIT_FILE_ORDER_ERR = 7,   /**< dates of a file not in increasing order */
+    KL_TIME_REF_INIT_FILE_FORMULA_ERR = 8, /**< no prediction formula: model 10, or no_extrapolation 0 */
+    KL_TIME_REF_INIT_FILE_NO_RECORD_ERR = 9,    /**< no row inside the window, or no row at all */
+    KL_TIME_REF_INIT_FILE_MEMORY_ERR = 10,      /**< no memory */
+    KL_TIME_REF_INIT_FILE_LEAP_SECOND_ERR = 11, /**< the quarter of a leap second cannot be found */
+    KL_TIME_REF_INIT_FILE_COVERAGE_WARN = 12,   /**< part of the window lies outside the rows */
+    KL_TIME_REF_INIT_FILE_TAI_UTC_WARN = 13,    /**< a text or a list of leap seconds contradicts the rows, which win */
+    KL_TIME_REF_INIT_FILE_NO_UT1_WARN = 14,     /**< no UT1 in the files: UT1 = UTC, pole zero */
+    KL_TIME_REF_INIT_FILE_LEAP_EXPIRED_WARN = 15 /**< the list of leap seconds ends before the window does */
+};
+
+/**
+ * Time id from files as their services publish them: UT1, leap seconds and the pole of the Earth.
+ *
+ * @param[in]  model    what is wanted, KL_TIME_MODEL_*: 1 to 8, 10 or 11. It says which files are taken:
+ *                        1, 2  IERS Bulletin B of one or several months, of either form (old up to No. 263)
+ *                        3, 4  finals.all, .data, .daily or finals2000A.* of the IERS rapid service
+ *                        5     IERS EOP C04 (05, 08, 14, 20), one or several years
+ *                        6     the own format below
+ *                        7     SP3 (a to d) or CCSDS OEM (text or XML): leap seconds in the span of the files; with
+ * files of 1 to 6, 10 beside them real UT1 8     leap-seconds.list or Leap_Second.dat 10    IERS Bulletin A, alone or
+ * after Bulletin B; after the table by the bulletin's formula 11    the same, after the table by its last row A list of
+ * leap seconds may stand beside the files of every model: it replaces the one compiled in
+ * @param[in]  n_files  1 to 10000
+ * @param[in]  files    their names. Formats are recognised by content
+ * @param[in]  window   KL_TIME_WINDOW_FILE: all rows; KL_TIME_WINDOW_TIME: from the last row at or before start to the
+ *                      first at or after stop, so that the window can be interpolated
+ * @param[in]  start    UTC, MJD2000, days, -18262.0 to 36524.0; read with KL_TIME_WINDOW_TIME only
+ * @param[in]  stop     the same, not before start
+ * @param[out] report   what was found, or where it was refused; may be NULL
+ * @param[out] time_id  zero-initialised handle; initialised on success, left as it is otherwise
+ * @param[out] ierr     [1] KL_TIME_REF_INIT_FILE_*
+ * @return KL_OK, KL_WARN or KL_ERR; KL_ERR with a clear vector when time_id is NULL
+ *
+ * The arguments are checked first, then the files in their order, each to its end, then the table; one error ends the
+ * call. Messages of a decoded vector have no name and line; they are in the report, and on standard error in verbose
+ * mode.
+ *
+ * TAI-UTC comes from the rows: anchored at the first one by the list of leap seconds and stepped where UT1-UTC jumps,
+ * so a new leap second needs no new list. A row is put in at the midnight of a leap second where none stands. Rows
+ * before 1972 are skipped. Several files are merged: final over rapid and preliminary over predicted, then the later
+ * file of the list; of Bulletin A only the rows after the last of Bulletin B. The id knows one leap second, the last of
+ * its rows: instants inside an older 61st second come out as the first second of the next day. A window that ends
+ * before the next leap second makes the wanted one the last.
+ *
+ * Between rows UT1 and pole are interpolated linearly: with daily values UT1 is good to 0.06 ms (3 cm at the equator),
+ * the pole to 0.2 mas. After the last row that row holds, with a warning of the conversion that leaves it; model 8 does
+ * not warn. The formula of model 10 does not meet the end of its table, as the bulletin says: off by 0.015 to 0.06 s
+ * there (up to 26 m at the equator), 0.1 s after three years; with model 11 there is no step. The pole enters the
+ * frames: KL_PEF to KL_EF.
+ *
+ * The own format is a text for any other source:
+ *     KL_TIME_CORRELATION 1
+ *     # UTC               TAI-UTC  UT1-UTC   [x y of the pole]
+ *     2026-01-01T00:00:00 37 0.0712345 0.1023 0.3511
+ * s and arcsec, increasing, seconds with or without decimals; optionally one line "FORMULA a b c" (s, s/day, MJD2000)
+ * for kl_time_id_init. The last line must end.
+ */
+KL_API long kl_time_ref_init_file(const long *model, const long *n_files, const char *const files[], const long *window,
+                                  const double *start, const double *stop, kl_time_file_report *report,
+                                  kl_time_id *time_id, long *ierr);
+
+/**
+ * Time id from files of any kind together, or without a file from the correlation compiled into the library.
+ *
+ * @param[in]  n_files           0 to 10000; 0: the correlation compiled in, daily from 1972 to the end of the
+ * predictions that the library was made with
+ * @param[in]  files             their names, of any format of kl_time_ref_init_file; not read with n_files 0
+ * @param[in]  no_extrapolation  not 0, or NULL: after the last row that row holds; 0: the formula of a Bulletin A among
+ * the files (the correlation compiled in has none: KL_TIME_REF_INIT_FILE_FORMULA_ERR)
+ * @param[in]  window            as kl_time_ref_init_file
+ * @param[in]  start             as kl_time_ref_init_file
+ * @param[in]  stop              as kl_time_ref_init_file
+ * @param[out] report            as kl_time_ref_init_file; of the correlation compiled in last_final, last and
+ * leap_expiry say how far it holds
+ * @param[out] time_id           as kl_time_ref_init_file
+ * @param[out] ierr              [1] KL_TIME_REF_INIT_FILE_*, decoded with KL_ID_FUNC_TIME_ID_INIT
+ * @return as kl_time_ref_init_file
+ *
+ * The model becomes KL_TIME_MODEL_MERGED, or KL_TIME_MODEL_LEAP_SECONDS when only lists of leap seconds were given.
+ */
+KL_API long kl_time_id_init(const long *n_files, const char *const files[], const long *no_extrapolation,
+                            const long *window, const double *start, const double *stop, kl_time_file_report *report,
+                            kl_time_id *time_id, long *ierr);
+
+/**
+ * The pole of the Earth that a time id holds.
+ *
+ * @param[in]  time_id   initialised time id
+ * @param[in]  time_ref  KL_TIME_TAI to KL_TIME_GPS
+ * @param[in]  time      MJD2000, days, -18262.0 to 36524.0
+ * @param[out] pole      [4] x, y, dX, dY (IAU 2000), arcsec; zero where the id has none
+ * @return KL_OK, or KL_ERR with nothing written: an id that is not initialised, a wrong scale, an instant out of range
+ *
+ * Between rows linear in UT1; before the first row its values, after the last one the formula of a bulletin for x and
+ * y, else the last row. It gives no warning and spends none.
+ */
+KL_API long kl_time_get_pole(kl_time_id *time_id, const long *time_ref, const double *time, double pole[4]);
+
+/**
+ * Which row serves an instant, and what it gives.
+ *
+ * @param[in]  time_id   initialised time id
+ * @param[in]  time_ref  KL_TIME_TAI to KL_TIME_GPS
+ * @param[in]  time      MJD2000, days, -18262.0 to 36524.0
+ * @param[out] info      filled
+ * @return as kl_time_get_pole. It gives no warning and spends none
+ */
+KL_API long kl_time_get_row(kl_time_id *time_id, const long *time_ref, const double *time, kl_time_row_info *info);
+
+/**
+ * All steps of TAI-UTC in the table of a time id.
+ *
+ * @param[in]  time_id  initialised time id
+ * @param[out] n        number of steps
+ * @param[out] utc      [n] UTC, MJD2000: the first row after each step; NULL without a step. Free it with kl_free_array
+ * @param[out] tai_utc  [n] TAI-UTC from then on, s; likewise
+ * @param[out] expiry   UTC, MJD2000, until which the list of leap seconds that was read is good; 0 when none was
+ * @return KL_OK, or KL_ERR with nothing written: an id that is not initialised, an output that is NULL, no memory
+ */
+KL_API long kl_time_get_leap_seconds(kl_time_id *time_id, long *n, double **utc, double **tai_utc, double *expiry);
+
 /** Conditions of kl_time_close. */
 enum {
     KL_TIME_REF_CLOSE_ID_ERR = 0 /**< the id is not initialised, or another id or an object uses it */
@@ -112,8 +308,8 @@ KL_API long kl_time_get_sat_id(kl_time_id *time_id);
  * Copies the data of a time id, leap second included.
  *
  * @param[in]  time_id  initialised time id
- * @param[out] data     filled; its rows are allocated for the caller: release them with kl_time_free_id_data. Left as
- *                      it is on failure
+ * @param[out] data     filled; its rows, notes and pole are allocated for the caller: release them with
+ *                      kl_time_free_id_data. Left as it is on failure
  * @return 0, or -1; in verbose mode with a line on standard error that says why
  *
  * What it returns can be set again: the UTC time of explicit values is made from TAI and TAI-UTC.
@@ -132,7 +328,8 @@ KL_API long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data);
  *                         UT1-UTC after the table with a, b and c, otherwise the last row holds there; |a| + |b| (|c| +
  *                         1e10) at most 1e12. rows: at least one, finite, -18262.0 to 36524.0, increasing on all
  *                         scales, TAI-UTC and TAI-GPS whole seconds no longer than that range, times that agree with
- *                         the differences to 2e-6 s. leap_sign, leap_utc and leap_tai are not read
+ *                         the differences to 2e-6 s. pole, row_notes: as long as rows, or NULL; a pole below 100
+ * arcsec, periods of 0 or from 1 day on. leap_sign, leap_utc and leap_tai are not read
  * @return 0, or -1 with nothing changed; in verbose mode with a line on standard error that says what is wrong
  *
  * Between rows TAI-UT1 is interpolated linearly, TAI-UTC and TAI-GPS are those of the row before. The id knows one leap
@@ -146,7 +343,7 @@ KL_API long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data);
  */
 KL_API long kl_time_set_id_data(kl_time_id *time_id, const kl_time_id_data *data);
 
-/** Frees the rows that kl_time_get_id_data allocated: rows NULL, n_rows 0. 0, or -1 for NULL. */
+/** Frees what kl_time_get_id_data allocated: rows, pole and row_notes NULL, n_rows 0. 0, or -1 for NULL. */
 KL_API long kl_time_free_id_data(kl_time_id_data *data);
 
 /* ---- processing format */

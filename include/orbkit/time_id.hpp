@@ -7,6 +7,8 @@
 #include "kit_id.hpp"
 
 #include <array>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace ORBKIT {
@@ -24,6 +26,20 @@ struct TimeIdData {
     long leap_sign = 0;                    /**< output of getData */
     double leap_utc = 0.0, leap_tai = 0.0; /**< outputs of getData */
     std::vector<kl_time_row> rows;
+    std::vector<std::array<double, 4>> pole;    /**< beside the rows, or empty: x, y, dX, dY, arcsec */
+    std::vector<std::array<long, 2>> row_notes; /**< beside the rows, or empty */
+    std::array<double, 5> pole_x{}, pole_y{};
+    std::array<double, 2> pole_reference_date{}, pole_period{};
+};
+
+/** A window of UTC, MJD2000. */
+struct TimeWindow {
+    double start = 0.0, stop = 0.0;
+};
+
+/** A step of TAI-UTC: its value, s, from an instant on, UTC, MJD2000. */
+struct LeapSecondStep {
+    double utc = 0.0, tai_utc = 0.0;
 };
 
 /**
@@ -44,6 +60,11 @@ struct TimeIdData {
  * for (double *column : {&table.rows[1].tai, &table.rows[1].utc, &table.rows[1].ut1})
  *     *column += 1.0;
  * std::printf("%zu rows\n", ORBKIT::TimeId(table).getData().rows.size()); // -> 2 rows
+ *
+ * const auto published = ORBKIT::TimeId::builtIn(); // UT1, leap seconds and pole since 1972
+ * const kl_time_row_info row = published.getRow(KL_TIME_UTC, 6210.0);
+ * std::printf("2017-01-01: TAI-UTC %.0f s, UT1-UTC %.4f s\n", row.tai_utc, row.tai_utc - row.tai_ut1);
+ * // -> 2017-01-01: TAI-UTC 37 s, UT1-UTC 0.5913 s
  * @endcode
  */
 class KL_API TimeId : public KitId {
@@ -54,6 +75,36 @@ public:
     explicit TimeId(const std::array<double, 4> &tri_time);
     /** As init. */
     explicit TimeId(const TimeIdData &data);
+    /**
+     * From the correlation compiled into the library: UT1, leap seconds and pole, daily since 1972.
+     *
+     * @param window  only the rows around it
+     * @param report  what it holds, or null
+     * @throws KitError when kl_time_id_init fails
+     */
+    static TimeId builtIn(const std::optional<TimeWindow> &window = std::nullopt,
+                          kl_time_file_report *report = nullptr);
+    /**
+     * From files of any kind together; the formats are those of kl_time_ref_init_file.
+     *
+     * @param files            their names
+     * @param window           only the rows around it
+     * @param report           what was found, also when it throws; or null
+     * @param by_formula_after after the table by the formula of a Bulletin A instead of the last row
+     * @throws KitError when kl_time_id_init fails
+     */
+    static TimeId fromFiles(const std::vector<std::string> &files,
+                            const std::optional<TimeWindow> &window = std::nullopt,
+                            kl_time_file_report *report = nullptr, bool by_formula_after = false);
+    /**
+     * From files of one model.
+     *
+     * @param model  KL_TIME_MODEL_*
+     * @throws KitError when kl_time_ref_init_file fails
+     */
+    static TimeId fromFiles(long model, const std::vector<std::string> &files,
+                            const std::optional<TimeWindow> &window = std::nullopt,
+                            kl_time_file_report *report = nullptr);
     TimeId(const TimeId &other);
     TimeId(TimeId &&other) noexcept;
     TimeId &operator=(const TimeId &other);
@@ -78,6 +129,28 @@ public:
 
     /** @throws KitError with "Time correlation data cannot be read.", for an empty object above all */
     TimeIdData getData() const;
+
+    /**
+     * The pole of the Earth: x, y, dX, dY, arcsec.
+     *
+     * @throws KitError with "Pole cannot be read." when kl_time_get_pole fails
+     */
+    std::array<double, 4> getPole(long time_ref, double time) const;
+
+    /**
+     * Which row serves an instant, and what it gives.
+     *
+     * @throws KitError with "Row of the time correlation cannot be read." when kl_time_get_row fails
+     */
+    kl_time_row_info getRow(long time_ref, double time) const;
+
+    /**
+     * All steps of TAI-UTC in the table.
+     *
+     * @param expiry  receives the instant until which the list that was read is good, UTC, MJD2000, 0: none; or null
+     * @throws KitError with "Leap seconds cannot be read." when kl_time_get_leap_seconds fails
+     */
+    std::vector<LeapSecondStep> getLeapSeconds(double *expiry = nullptr) const;
 
     /** 1 when the id is initialised, else 0. */
     long status() const;

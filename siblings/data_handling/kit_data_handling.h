@@ -80,6 +80,18 @@ typedef struct kd_sat_init {
  */
 KIT_API long KD_Read_sat_init_file(const char *file_name, kd_sat_init *data);
 
+/* ---- time correlation of orbit files ---------------------------------------------------------------- */
+
+/**
+ * Reads the time correlation of a file whose format has no public standard.
+ *
+ * @param[out] n_rows  number of rows
+ * @param[out] rows    n_rows times four: TAI, UTC, UT1, GPS of one instant, MJD2000, days; allocated by malloc for the
+ *                     caller, increasing
+ * @return 0, or -1 with nothing written: not a file that it knows. This stand-in knows none.
+ */
+KIT_API long KD_Read_time_correlation(const char *file_name, long *n_rows, double **rows);
+
 /* ---- versions ---------------------------------------------------------------------------------------- */
 
 /** Copies the version text ("KD_VERS_" and the number, terminated) and returns its argument. */

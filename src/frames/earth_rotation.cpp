@@ -2,6 +2,7 @@
 #include "frames/frames.h"
 #include "models/model_record.h"
 #include "numbers/elementary.h"
+#include "time/pole.h"
 #include "time/scales.h"
 
 namespace {
@@ -16,28 +17,6 @@ double polynomial_degrees(double c0, double c1, double c2, double d)
 NutationRoutine nutation_routine(const kl_model_id *model_id)
 {
     return model_blocks(model_id).nutation.nutation;
-}
-
-// The pole formula of a bulletin and its rate: one coordinate, arc seconds. Zero coefficients give a zero pole.
-struct PoleCoordinate {
-    double value, rate; // rad, rad/s
-};
-
-constexpr double kRadPerArcsec = KL_RAD_PER_DEG / 3600.0;
-
-PoleCoordinate pole_coordinate(const double k[5], const double reference_date[2], const double period[2], double days)
-{
-    PoleCoordinate out = {k[0], 0.0};
-    for (int i = 0; i < 2; ++i) {
-        if (period[i] == 0.0)
-            continue;
-        const double w = KL_TWO_PI / period[i];
-        const double angle = w * (days - reference_date[i]);
-        const SineCosine now = sine_cosine(angle);
-        out.value += k[1 + 2 * i] * now.c + k[2 + 2 * i] * now.s;
-        out.rate += w * (k[2 + 2 * i] * now.c - k[1 + 2 * i] * now.s);
-    }
-    return {out.value * kRadPerArcsec, out.rate * kRadPerArcsec / KL_SECONDS_PER_DAY};
 }
 
 } // namespace
@@ -76,12 +55,10 @@ Turns polar_motion_turns(const kl_time_id *time_id, double ut1_days)
     const Correlation *correlation = correlation_of(time_id);
     if (correlation == nullptr)
         return {};
-    const PoleFormula &pole = correlation->pole;
-    const PoleCoordinate x = pole_coordinate(pole.x, pole.reference_date, pole.period, ut1_days);
-    const PoleCoordinate y = pole_coordinate(pole.y, pole.reference_date, pole.period, ut1_days);
-    if (x.value == 0.0 && y.value == 0.0 && x.rate == 0.0 && y.rate == 0.0)
+    const Pole pole = pole_at(*correlation, ut1_days);
+    if (pole.x == 0.0 && pole.y == 0.0 && pole.x_rate == 0.0 && pole.y_rate == 0.0)
         return {}; // the identity, without sines
-    return turns_by({{0, -y.value, -y.rate, 0.0}, {1, -x.value, -x.rate, 0.0}});
+    return turns_by({{0, -pole.y, -pole.y_rate, 0.0}, {1, -pole.x, -pole.x_rate, 0.0}});
 }
 
 long KL_H_Angle(kl_model_id *model_id, double ut1_days, kl_angle *angle)

@@ -3,6 +3,7 @@
 #include "kl_family.h"
 #include "objects/throw_rule.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -14,6 +15,47 @@ struct FreeRows {
     void operator()(kl_time_id_data *data) const { kl_time_free_id_data(data); }
 };
 
+template <typename T, std::size_t N>
+void copy_rows(const T (*from)[N], std::size_t n, std::vector<std::array<T, N>> *into)
+{
+    if (from == nullptr)
+        return;
+    into->resize(n);
+    for (std::size_t i = 0; i < n; ++i)
+        std::copy(from[i], from[i] + N, (*into)[i].begin());
+}
+
+// Arrays as the C record has them; null for none.
+template <typename T, std::size_t N>
+T (*plain(std::vector<std::array<T, N>> *rows))
+[N]
+{
+    return rows->empty() ? nullptr : reinterpret_cast<T(*)[N]>(rows->data());
+}
+
+struct FreeArray {
+    void operator()(double *array) const
+    {
+        void *taken = array;
+        kl_free_array(&taken);
+    }
+};
+
+// The arguments that both builders from files share.
+struct FileArguments {
+    FileArguments(const std::vector<std::string> &files, const std::optional<TimeWindow> &window)
+        : n_files(static_cast<long>(files.size())), mode(window ? KL_TIME_WINDOW_TIME : KL_TIME_WINDOW_FILE),
+          limits(window.value_or(TimeWindow{}))
+    {
+        for (const std::string &file : files)
+            names.push_back(file.c_str());
+    }
+    long n_files;
+    std::vector<const char *> names;
+    long mode;
+    TimeWindow limits;
+};
+
 } // namespace
 
 TimeIdData::TimeIdData(const kl_time_id_data &data)
@@ -21,6 +63,13 @@ TimeIdData::TimeIdData(const kl_time_id_data &data)
       second_bulletin_row(data.second_bulletin_row), a(data.a), b(data.b), c(data.c), leap_sign(data.leap_sign),
       leap_utc(data.leap_utc), leap_tai(data.leap_tai), rows(data.rows, data.rows + data.n_rows)
 {
+    const auto n = static_cast<std::size_t>(data.n_rows);
+    copy_rows(data.pole, n, &pole);
+    copy_rows(data.row_notes, n, &row_notes);
+    std::copy(data.pole_x, data.pole_x + 5, pole_x.begin());
+    std::copy(data.pole_y, data.pole_y + 5, pole_y.begin());
+    std::copy(data.pole_reference_date, data.pole_reference_date + 2, pole_reference_date.begin());
+    std::copy(data.pole_period, data.pole_period + 2, pole_period.begin());
 }
 
 TimeId::TimeId() = default;
@@ -77,25 +126,97 @@ void TimeId::init(const std::array<double, 4> &tri_time)
 
 void TimeId::init(const TimeIdData &data)
 {
-    std::vector<kl_time_row> rows = data.rows; // the C record does not promise that it only reads them
-    const kl_time_id_data record = {data.model,
-                                    data.combination,
-                                    data.no_extrapolation,
-                                    data.second_bulletin_row,
-                                    data.a,
-                                    data.b,
-                                    data.c,
-                                    data.leap_sign,
-                                    data.leap_utc,
-                                    data.leap_tai,
-                                    static_cast<long>(rows.size()),
-                                    rows.data()};
+    TimeIdData copy = data; // the C record does not promise that it only reads its arrays
+    if ((!copy.pole.empty() && copy.pole.size() != copy.rows.size())
+        || (!copy.row_notes.empty() && copy.row_notes.size() != copy.rows.size()))
+        throw KitError("Time correlation data cannot be set.");
+    kl_time_id_data record{};
+    record.model = copy.model;
+    record.combination = copy.combination;
+    record.no_extrapolation = copy.no_extrapolation;
+    record.second_bulletin_row = copy.second_bulletin_row;
+    record.a = copy.a;
+    record.b = copy.b;
+    record.c = copy.c;
+    record.n_rows = static_cast<long>(copy.rows.size());
+    record.rows = copy.rows.data();
+    record.pole = plain(&copy.pole);
+    record.row_notes = plain(&copy.row_notes);
+    std::copy(copy.pole_x.begin(), copy.pole_x.end(), record.pole_x);
+    std::copy(copy.pole_y.begin(), copy.pole_y.end(), record.pole_y);
+    std::copy(copy.pole_reference_date.begin(), copy.pole_reference_date.end(), record.pole_reference_date);
+    std::copy(copy.pole_period.begin(), copy.pole_period.end(), record.pole_period);
     TimeId fresh;
     const long status = kl_time_set_id_data(fresh.getId(), &record);
     fresh.addInstance();
     if (status != KL_OK)
         throw_messages({"Time correlation data cannot be set."});
     *this = std::move(fresh);
+}
+
+TimeId TimeId::builtIn(const std::optional<TimeWindow> &window, kl_time_file_report *report)
+{
+    return fromFiles(std::vector<std::string>{}, window, report);
+}
+
+TimeId TimeId::fromFiles(const std::vector<std::string> &files, const std::optional<TimeWindow> &window,
+                         kl_time_file_report *report, bool by_formula_after)
+{
+    const FileArguments in(files, window);
+    const long no_extrapolation = by_formula_after ? 0 : 1;
+    TimeId fresh;
+    long ierr[1] = {0};
+    const long status = kl_time_id_init(&in.n_files, in.names.data(), &no_extrapolation, &in.mode, &in.limits.start,
+                                        &in.limits.stop, report, fresh.getId(), ierr);
+    fresh.addInstance();
+    check("TimeId::fromFiles", status, KL_ID_FUNC_TIME_ID_INIT, ierr);
+    return fresh;
+}
+
+TimeId TimeId::fromFiles(long model, const std::vector<std::string> &files, const std::optional<TimeWindow> &window,
+                         kl_time_file_report *report)
+{
+    const FileArguments in(files, window);
+    TimeId fresh;
+    long ierr[1] = {0};
+    const long status = kl_time_ref_init_file(&model, &in.n_files, in.names.data(), &in.mode, &in.limits.start,
+                                              &in.limits.stop, report, fresh.getId(), ierr);
+    fresh.addInstance();
+    check("TimeId::fromFiles", status, KL_ID_FUNC_TIME_REF_INIT_FILE, ierr);
+    return fresh;
+}
+
+std::array<double, 4> TimeId::getPole(long time_ref, double time) const
+{
+    std::array<double, 4> pole{};
+    if (kl_time_get_pole(getId(), &time_ref, &time, pole.data()) != KL_OK)
+        throw KitError("Pole cannot be read.");
+    return pole;
+}
+
+kl_time_row_info TimeId::getRow(long time_ref, double time) const
+{
+    kl_time_row_info info{};
+    if (kl_time_get_row(getId(), &time_ref, &time, &info) != KL_OK)
+        throw KitError("Row of the time correlation cannot be read.");
+    return info;
+}
+
+std::vector<LeapSecondStep> TimeId::getLeapSeconds(double *expiry) const
+{
+    long n = 0;
+    double *utc = nullptr;
+    double *tai_utc = nullptr;
+    double until = 0.0;
+    if (kl_time_get_leap_seconds(getId(), &n, &utc, &tai_utc, &until) != KL_OK)
+        throw KitError("Leap seconds cannot be read.");
+    const std::unique_ptr<double, FreeArray> utc_owner(utc), tai_utc_owner(tai_utc);
+    std::vector<LeapSecondStep> steps;
+    for (long i = 0; i < n; ++i)
+        steps.push_back({utc[i], tai_utc[i]});
+    if (expiry != nullptr)
+        *expiry = until;
+    return steps;
 }
 
 TimeIdData TimeId::getData() const

@@ -5,12 +5,7 @@
 
 #include "kl_lib.h"
 
-constexpr long KL_TIME_MODEL_EXPLICIT = -1; // one row of explicit values
 constexpr long KL_COMBINATION_TWO_BULLETINS = 2;
-
-// Time models whose instants after the last row are not "outside" for the once-only warnings.
-constexpr long KL_TIME_MODEL_NEVER_OUTSIDE = 8; // nor on any side for the look-up
-constexpr long KL_TIME_MODEL_OPEN_END = 10;
 
 // A bulletin's prediction of the pole, arc seconds: constant, cosine and sine of the first period, then of the second.
 // Zero coefficients: no prediction.
@@ -35,12 +30,13 @@ struct Correlation {
     double a, b, c;           // UT1-UTC after the table: a + b (t - c) - (UT2-UT1), seconds of UTC days
     PoleFormula pole;
     LeapSecond leap;
+    double leap_expiry; // UTC, MJD2000: until then leap seconds are announced; 0: not known
 
     long n_rows;
     kl_time_row *rows;
     // Beside the rows, or null:
     long (*row_notes)[2];  // 16 x index of the file + quality, and the number of the line
-    double (*row_pole)[4]; // x, y, dX, dY of the pole, radians
+    double (*row_pole)[4]; // x, y, dX, dY of the pole, arcsec as published
     double rows_per_day;   // of an evenly spaced table; where the search of an uneven one starts
 };
 

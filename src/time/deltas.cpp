@@ -96,11 +96,20 @@ Deltas deltas_outside(const Correlation &correlation, long ref, double t, double
         deltas.leap = leap_flags(correlation, ref, end, last, last, t);
     }
     deltas.outside =
-        correlation.model != KL_TIME_MODEL_NEVER_OUTSIDE && !(first - KL_ROW_EDGE <= t && t <= last + KL_ROW_EDGE);
+        correlation.model != KL_TIME_MODEL_LEAP_SECONDS && !(first - KL_ROW_EDGE <= t && t <= last + KL_ROW_EDGE);
     return deltas;
 }
 
 } // namespace
+
+long row_of(const Correlation &correlation, long ref, double t)
+{
+    return with_column(ref, [&](auto column) {
+        if (t >= column(correlation.rows[correlation.n_rows - 1]))
+            return correlation.n_rows - 1;
+        return t >= column(correlation.rows[0]) ? enclosing_row(correlation, t, column) : -1;
+    });
+}
 
 long binary_search(const kl_time_row *table, long first, long last, long ref, double t)
 {

@@ -76,6 +76,10 @@ inline Deltas deltas_at(const Correlation &correlation, long ref, double t, bool
     return searched_deltas(correlation, ref, t, with_ut1, row);
 }
 
+// The row with column(row) <= t < column(row + 1) in the column of a reference: -1 before the table, the last row from
+// its own instant on.
+long row_of(const Correlation &correlation, long ref, double t);
+
 // The row of `first` to `last` with column(row) <= t < column(row + 1), within the slack; 0 when there is none.
 long binary_search(const kl_time_row *table, long first, long last, long ref, double t);
 

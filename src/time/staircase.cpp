@@ -162,8 +162,9 @@ long once_only_warning(const Correlation &correlation, OnceOnlyFlags *flags, dou
     }
     if (warning != 0)
         return warning;
+    // A list of leap seconds is good without being left; a formula is told of by the first flag.
     const bool open_end =
-        correlation.model == KL_TIME_MODEL_NEVER_OUTSIDE || correlation.model == KL_TIME_MODEL_OPEN_END;
+        correlation.model == KL_TIME_MODEL_LEAP_SECONDS || correlation.model == KL_TIME_MODEL_BULLETIN_A;
     return leaves(2, (first <= t && t <= last) || (t > last && open_end)) ? 3 : 0;
 }
 

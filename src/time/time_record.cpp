@@ -20,6 +20,7 @@ constexpr double kColumnSlack = 2e-6; // s: two days rounded to doubles near 209
 // UT1-UTC formula, which is also asked for days that had seconds added to them, stays below a sum that no clock needs.
 constexpr double kLongestDelta = (KL_PROCESSING_LAST - KL_PROCESSING_FIRST) * KL_SECONDS_PER_DAY; // s
 constexpr double kFormulaReach = 1e10;                                                            // days
+constexpr double kLargestPole = 100.0;                                                            // arcsec
 constexpr double kLongestFormula = 1e12;                                                          // s
 
 double gps_of(const kl_time_row &row)
@@ -45,6 +46,19 @@ const char *fault_of_row(const kl_time_row &row, bool explicit_values)
         || std::fabs((row.tai - row.ut1) * KL_SECONDS_PER_DAY - row.tai_ut1) > kColumnSlack)
         return "The times of a row do not agree with its differences";
     return nullptr;
+}
+
+bool within(const double *values, int n, double limit)
+{
+    return std::all_of(values, values + n, [limit](double value) { return std::fabs(value) <= limit; }); // not NaN
+}
+
+bool usable(const PoleFormula &formula)
+{
+    return within(formula.x, 5, kLargestPole) && within(formula.y, 5, kLargestPole)
+           && within(formula.reference_date, 2, kFormulaReach) && within(formula.period, 2, kFormulaReach)
+           && std::all_of(formula.period, formula.period + 2,
+                          [](double days) { return days == 0.0 || std::fabs(days) >= 1.0; });
 }
 
 bool follows(const kl_time_row &row, const kl_time_row &before)
@@ -82,7 +96,11 @@ const char *fault_of(const Correlation &given)
         return "The first row of the second bulletin must lie inside the table";
     if (!(std::fabs(given.a) + std::fabs(given.b) * (std::fabs(given.c) + kFormulaReach) <= kLongestFormula)) // or NaN
         return "A coefficient of the UT1-UTC formula is not finite or too large";
+    if (!usable(given.pole))
+        return "The pole formula is not finite or too large";
     for (long i = 0; i < given.n_rows; ++i) {
+        if (given.row_pole != nullptr && !within(given.row_pole[i], 4, kLargestPole))
+            return "A pole of a row is not finite or too large";
         if (const char *fault = fault_of_row(given.rows[i], explicit_values))
             return fault;
         if (i > 0 && !follows(given.rows[i], given.rows[i - 1]))

@@ -70,8 +70,11 @@ bool fails_and_recovers(const PublicCall &f, int site, int nth, const Outputs &c
 // How many longs the caller's arrays hold is the caller's word: a larger one cannot be found out.
 bool says_more_than_there_is(const PublicCall &f, const BadArgument &bad)
 {
-    return std::string(f.name) == "kl_geoid_grid" && (bad.position == 3 || bad.position == 5) && bad.kind != 0
-           && *bad.integers() > 0;
+    const std::string name = f.name;
+    const bool count = (name == "kl_geoid_grid" && (bad.position == 3 || bad.position == 5))
+                       || (name == "kl_time_ref_init_file" && bad.position == 1)
+                       || (name == "kl_time_id_init" && bad.position == 0);
+    return count && bad.kind != 0 && *bad.integers() > 0;
 }
 
 template <typename Result, typename... Parameters>

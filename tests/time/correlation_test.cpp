@@ -72,7 +72,8 @@ TEST(DeltaLookUp, TakesTheRowOfTheInstantOrTheNextTenPicodaysBeforeIt)
 Table table_of(const Rows &rows, long model, long no_extrapolation, long combination = 0)
 {
     Table table(rows);
-    table.data = {model, combination, no_extrapolation, 2, -0.15, -0.0007, 6200.0, 0, 0.0, 0.0, 0, nullptr};
+    table.data = {model, combination, no_extrapolation, 2,       -0.15,   -0.0007, 6200.0, 0,  0.0,
+                  0.0,   0,           nullptr,          nullptr, nullptr, {},      {},     {}, {}};
     return table;
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -51,6 +52,22 @@ const char *hand_over(const Correlation &given, kl_time_id *time_id)
         return nullptr;
     free_arrays(&own);
     return completed ? "Memory allocation error" : "Could not compute leap second";
+}
+
+// Rows that nobody noted anything about have zeros.
+bool has_notes(const Correlation &own)
+{
+    return std::any_of(own.row_notes, own.row_notes + own.n_rows,
+                       [](const long(&note)[2]) { return note[0] != 0 || note[1] != 0; });
+}
+
+void copy_formula(const double x[5], const double y[5], const double reference_date[2], const double period[2],
+                  double x_out[5], double y_out[5], double reference_date_out[2], double period_out[2])
+{
+    std::copy(x, x + 5, x_out);
+    std::copy(y, y + 5, y_out);
+    std::copy(reference_date, reference_date + 2, reference_date_out);
+    std::copy(period, period + 2, period_out);
 }
 
 long refuse(const char *function, const char *fault)
@@ -138,24 +155,41 @@ long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data)
         return refuse("kl_time_get_id_data", "The Time Id is not initialized");
     if (data == nullptr)
         return refuse("kl_time_get_id_data", "There is no record to fill");
-    auto *rows = static_cast<kl_time_row *>(std::calloc(static_cast<std::size_t>(own->n_rows), sizeof(kl_time_row)));
-    if (rows == nullptr)
+    const auto n = static_cast<std::size_t>(own->n_rows);
+    auto *rows = static_cast<kl_time_row *>(std::calloc(n, sizeof(kl_time_row)));
+    const bool noted = has_notes(*own);
+    auto *notes = noted ? static_cast<long(*)[2]>(std::calloc(n, sizeof(long[2]))) : nullptr;
+    auto *pole = own->row_pole != nullptr ? static_cast<double(*)[4]>(std::calloc(n, sizeof(double[4]))) : nullptr;
+    if (rows == nullptr || (noted && notes == nullptr) || (own->row_pole != nullptr && pole == nullptr)) {
+        std::free(rows);
+        std::free(notes);
+        std::free(pole);
         return refuse("kl_time_get_id_data", "Memory allocation error");
+    }
     std::copy(own->rows, own->rows + own->n_rows, rows);
+    if (notes != nullptr)
+        std::memcpy(notes, own->row_notes, n * sizeof *notes);
+    if (pole != nullptr)
+        std::memcpy(pole, own->row_pole, n * sizeof *pole);
     if (own->model == KL_TIME_MODEL_EXPLICIT)
         rows[0].utc = rows[0].tai - rows[0].tai_utc / KL_SECONDS_PER_DAY;
-    *data = {own->model,
-             own->combination,
-             own->no_extrapolation,
-             own->second_bulletin_row,
-             own->a,
-             own->b,
-             own->c,
-             own->leap.sign,
-             own->leap.utc,
-             own->leap.tai,
-             own->n_rows,
-             rows};
+    *data = {};
+    data->model = own->model;
+    data->combination = own->combination;
+    data->no_extrapolation = own->no_extrapolation;
+    data->second_bulletin_row = own->second_bulletin_row;
+    data->a = own->a;
+    data->b = own->b;
+    data->c = own->c;
+    data->leap_sign = own->leap.sign;
+    data->leap_utc = own->leap.utc;
+    data->leap_tai = own->leap.tai;
+    data->n_rows = own->n_rows;
+    data->rows = rows;
+    data->pole = pole;
+    data->row_notes = notes;
+    copy_formula(own->pole.x, own->pole.y, own->pole.reference_date, own->pole.period, data->pole_x, data->pole_y,
+                 data->pole_reference_date, data->pole_period);
     return KL_OK;
 }
 
@@ -175,6 +209,10 @@ long kl_time_set_id_data(kl_time_id *time_id, const kl_time_id_data *data)
         given.c = data->c;
         given.n_rows = data->n_rows;
         given.rows = data->rows;
+        given.row_notes = data->row_notes;
+        given.row_pole = data->pole;
+        copy_formula(data->pole_x, data->pole_y, data->pole_reference_date, data->pole_period, given.pole.x,
+                     given.pole.y, given.pole.reference_date, given.pole.period);
     }
     if (const char *fault = fault_of(given))
         return refuse(kName, fault);
@@ -190,7 +228,11 @@ long kl_time_free_id_data(kl_time_id_data *data)
     if (data == nullptr)
         return KL_ERR;
     std::free(data->rows);
+    std::free(data->pole);
+    std::free(data->row_notes);
     data->rows = nullptr;
+    data->pole = nullptr;
+    data->row_notes = nullptr;
     data->n_rows = 0;
     return KL_OK;
 }
