@@ -785,6 +785,57 @@ KL_API long KL_Check_rotation_matrix(const double matrix[9], double s0, double c
 /** Matrix from axes 1 to axes 2 (unit vectors, row by row): v2 = M v1. -1 when they are of different hands. */
 KL_API long KL_CS_Rotation(const double axes1[9], const double axes2[9], double matrix[9]);
 
+/* ---- geometry ------------------------------------------------------------------------------------------ */
+
+/*
+ * Positions in Earth-fixed axes, or any whose z is the Earth's; m. Directions need not be of length 1; a result `t` is
+ * in metres along the unit direction, negative behind the position. -1 for input that is not finite, a direction
+ * without length, and what else a function names; nothing is written then.
+ */
+
+/**
+ * Distinct real roots of c[0] + c[1] x + ... + c[order] x^order, ascending: their number. `roots` has room for `order`
+ * of them. Leading zeros lower the order, a multiple root is given once; from order 3 on roots so close that rounding
+ * the coefficients could make them one are one. -1 for an order outside 1 to 4, or when all but c[0] are zero.
+ */
+KL_API long KL_Poly_real_roots(long order, const double *c, double *roots);
+/**
+ * Where a line meets the ellipsoid with semi-axes a + margin and (a + margin) b/a: the number of points, 0 to 2; `t`
+ * ascending, NaN beyond the number. -1 also when a + margin is not positive.
+ */
+KL_API long KL_Ray_ellipsoid(const kl_model_id *model_id, const double pos[3], const double dir[3], double margin,
+                             double t[2]);
+/** Where a line has a geodetic height, -1e5 to 1e9 m: the number of points, 0 to 2; `t` as above. */
+KL_API long KL_Ray_height(const kl_model_id *model_id, const double pos[3], const double dir[3], double height,
+                          double t[2]);
+/**
+ * The point of a line where the geodetic height is smallest (rates 0). 1 when it lies below the ellipsoid, so that the
+ * line meets the Earth, else 0; -1 also for lines that come within 1e5 m of the centre.
+ */
+KL_API long KL_Ray_tangent(const kl_model_id *model_id, const double pos[3], const double dir[3], double *t,
+                           double point[3], kl_geodetic *geodetic);
+/**
+ * Nearest point of the ellipse with semi-axes a >= b > 0, along x and y, and the distance, negative inside. On the
+ * segment between the centres of curvature, where two points are equally near, the one with y > 0. 0.
+ */
+KL_API long KL_Ellipse_nearest(double a, double b, double x, double y, double foot[2], double *distance);
+/**
+ * Length of the ellipse from one eccentric angle to another, rad; negative when beta2 < beta1. NaN for axes that are
+ * not a >= b > 0, or what is not finite.
+ */
+KL_API double KL_Ellipse_arc(double a, double b, double beta1, double beta2);
+
+/* ---- stars --------------------------------------------------------------------------------------------- */
+
+/**
+ * Place of a star: unit vector, mean equator of J2000, for an observer (m, m/s; mean equator of J2000; position from
+ * the barycentre and from the Sun, velocity from the barycentre) at a date (TDB, MJD2000). `corrections`: sum of
+ * KL_STAR_PARALLAX, KL_STAR_ABERRATION, KL_STAR_DEFLECTION. 0, or -1 for other corrections, star data out of range, an
+ * observer that is not finite, at the centre of the Sun or not slower than light. The star routine of the model record.
+ */
+KL_API long KL_Star_place(const kl_star *star, const double observer_barycentric[3], const double observer_velocity[3],
+                          const double observer_heliocentric[3], double tdb, long corrections, double place[3]);
+
 #ifdef __cplusplus
 }
 #endif

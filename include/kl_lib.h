@@ -17,17 +17,20 @@
 #ifndef KL_LIB_H
 #define KL_LIB_H
 
-#include "kl/bodies.h"     /* Sun, Moon, planets */
-#include "kl/clocks.h"     /* on-board clocks, CUC */
-#include "kl/errors.h"     /* error vectors, codes, texts, versions */
-#include "kl/formats.h"    /* texts and transport times: the nine conversions */
-#include "kl/frames.h"     /* reference frames */
-#include "kl/geoid.h"      /* height of the geoid */
-#include "kl/models.h"     /* Earth and sky models */
-#include "kl/rotations.h"  /* quaternions, axes, angles */
-#include "kl/runs.h"       /* runs and the functions that take one */
-#include "kl/satellites.h" /* satellite ids and data */
-#include "kl/time.h"       /* time ids, scales, processing format, leap seconds */
-#include "kl/types.h"      /* status, function ids, sizes, handles */
+#include "kl/bodies.h"      /* Sun, Moon, planets */
+#include "kl/clocks.h"      /* on-board clocks, CUC */
+#include "kl/coordinates.h" /* geodetic, Keplerian, polar and topocentric coordinates */
+#include "kl/errors.h"      /* error vectors, codes, texts, versions */
+#include "kl/formats.h"     /* texts and transport times: the nine conversions */
+#include "kl/frames.h"      /* reference frames */
+#include "kl/geoid.h"       /* height of the geoid */
+#include "kl/geometry.h"    /* lines of sight, real roots, eclipses */
+#include "kl/models.h"      /* Earth and sky models */
+#include "kl/rotations.h"   /* quaternions, axes, angles */
+#include "kl/runs.h"        /* runs and the functions that take one */
+#include "kl/satellites.h"  /* satellite ids and data */
+#include "kl/stars.h"       /* stars and catalogues */
+#include "kl/time.h"        /* time ids, scales, processing format, leap seconds */
+#include "kl/types.h"       /* status, function ids, sizes, handles */
 
 #endif

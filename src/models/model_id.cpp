@@ -49,7 +49,7 @@ const ModelBlocks kDefaultBlocks = {
     {0, KL_Sun_PosVel, KL_Earth},
     {0, KL_Moon_PosVel},
     {0, KL_Planets},
-    {0, nullptr}, // no routine for stars is offered
+    {0, KL_Star_place},
     {0, KL_Sim_Nut_Term},
     {0, KL_Precession},
     {0, 149597870.0}, // km

@@ -20,6 +20,11 @@ using NutationRoutine = void (*)(double days, kl_nutation *nutation);
 // Precession from J2000 to the mean of date.
 using PrecessionRoutine = void (*)(double days, kl_precession *angles);
 
+// Place of a star, as KL_Star_place.
+using StarRoutine = long (*)(const kl_star *star, const double observer_barycentric[3],
+                             const double observer_velocity[3], const double observer_heliocentric[3], double tdb,
+                             long corrections, double place[3]);
+
 struct EarthModel {
     long value;
     double gravity_radius; // m
@@ -48,7 +53,7 @@ struct PlanetModel {
 };
 struct StarModel {
     long value;
-    void (*star)();
+    StarRoutine star;
 };
 struct NutationModel {
     long value;
