@@ -2,6 +2,7 @@
 
 #include "kl_lib.h"
 #include "numbers/elementary.h"
+#include "numbers/numbers.h"
 
 #include <algorithm>
 #include <cmath>

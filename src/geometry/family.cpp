@@ -4,6 +4,7 @@
 #include "geometry/roots.h"
 #include "kl_family.h"
 #include "numbers/elementary.h"
+#include "numbers/numbers.h"
 
 namespace {
 

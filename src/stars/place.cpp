@@ -1,6 +1,7 @@
 #include "stars/place.h"
 
 #include "kl_family.h"
+#include "numbers/numbers.h"
 #include "numbers/sin_cos.h"
 
 #include <algorithm>
