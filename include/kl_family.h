@@ -123,6 +123,222 @@ KL_API long KL_Check_Extended_Error_Code(long public_id, const long *ierr, long 
 /** Writes the text and a newline to standard error. */
 KL_API long KL_Print_Err_Msg(const char *text);
 
+/* ---- conditions ------------------------------------------------------------------------------------- */
+
+/* >>> conditions: Written by tools/api/generate.py from the table in api/. */
+/** Conditions of KL_Earth. */
+enum {
+    KL_EARTH_REFERENCE = 0,
+    KL_EARTH_FORMAT = 1,
+    KL_EARTH_EVP = 2,       /**< never recorded: the ephemeris cannot fail */
+    KL_EARTH_LOCK = 3       /**< never recorded: no lock is taken */
+};
+
+/** Conditions of KL_Sun_PosVel. */
+enum {
+    KL_SUN_POSVEL_1 = 0,     /**< never recorded */
+    KL_SUN_POSVEL_2 = 1,     /**< never recorded */
+    KL_SUN_POSVEL_EARTH = 2,
+    KL_SUN_POSVEL_FRAME = 3,
+    KL_SUN_POSVEL_LOCK = 4   /**< never recorded: no lock is taken */
+};
+
+/** Conditions of KL_Moon_PosVel. */
+enum {
+    KL_MOON_POSVEL_REFERENCE = 0,
+    KL_MOON_POSVEL_FORMAT = 1,
+    KL_MOON_POSVEL_LOCK = 2       /**< never recorded: no lock is taken */
+};
+
+/** Conditions of KL_Planets. */
+enum {
+    KL_PLANETS_1 = 0,           /**< never recorded */
+    KL_PLANETS_2 = 1,           /**< never recorded */
+    KL_PLANETS_CODE = 2,
+    KL_PLANETS_DEGRADED = 3,
+    KL_PLANETS_CONVERGENCE = 4,
+    KL_PLANETS_INTERNAL = 5,
+    KL_PLANETS_LOCK = 6         /**< never recorded: no lock is taken */
+};
+
+/** Conditions of KL_Sun_PosVel_Sun_Travel_Time. */
+enum {
+    KL_LIGHT_SUN_SATELLITE = 0,
+    KL_LIGHT_SUN_REFERENCE = 1,
+    KL_LIGHT_SUN_SUN = 2
+};
+
+/** Conditions of KL_Sun_travel_time. */
+enum {
+    KL_TRAVEL_TIME_REF = 0,
+    KL_TRAVEL_TIME_DATE = 1,
+    KL_TRAVEL_TIME_ID = 2,
+    KL_TRAVEL_TIME_SUN = 3,
+    KL_TRAVEL_TIME_TDB = 4,
+    KL_TRAVEL_TIME_CONVERSION = 5, /**< never recorded */
+    KL_TRAVEL_TIME_FRAME = 6
+};
+
+/** Conditions of KL_Cuc_get_data_from_P_field, KL_Cuc_compute_P_field. */
+enum {
+    KL_CUC_P_FIELD_EPOCH = 0,
+    KL_CUC_P_FIELD_NO_EPOCH = 0
+};
+
+/** Conditions of KL_Cuc_check_inputs. */
+enum {
+    KL_CUC_CHECK_TIME_ID = 0,
+    KL_CUC_CHECK_TYPE = 1,
+    KL_CUC_CHECK_OCTETS = 2,
+    KL_CUC_CHECK_EPOCH_TYPE = 3,
+    KL_CUC_CHECK_TIME_REF = 4
+};
+
+/** Conditions of KL_Get_CUC_processing_epoch. */
+enum {
+    KL_CUC_EPOCH_NOT_CONVERTED = 0
+};
+
+/** Conditions of KL_Change_CoordinateSystem, KL_Change_CoordinateSystem_Sim. */
+enum {
+    KL_CHAIN_DATE_RECORD = 0,
+    KL_CHAIN_INITIAL = 1,
+    KL_CHAIN_FINAL = 2,
+    KL_CHAIN_EARTH = 3,
+    KL_CHAIN_DATE_RANGE = 4,
+    KL_CHAIN_TIME_ID = 5,
+    KL_CHAIN_PTOD = 6,
+    KL_CHAIN_QMOD = 7,
+    KL_CHAIN_PTOD_SKIPPED = 8,
+    KL_CHAIN_ACCELERATION = 9,
+    KL_CHAIN_LIF = 10,
+    KL_CHAIN_UT1 = 11
+};
+
+/** Conditions of KL_Geoid_undu. */
+enum {
+    KL_GEOID_UNDU_POLE_ERR = 0 /**< never recorded: derivatives are not asked for */
+};
+
+/** Conditions of KL_Legfdn. */
+enum {
+    KL_LEGFDN_POLE_ERR = 0
+};
+
+/** Conditions of KL_Check_sat_id. */
+enum {
+    KL_CHECK_SAT_ID = 0
+};
+
+/** Conditions of KL_Check_Geo_sat_id. */
+enum {
+    KL_CHECK_GEO_SAT_ID = 0 /**< never recorded */
+};
+
+/** Conditions of KL_Sat_id_to_array. */
+enum {
+    KL_SAT_TO_ARRAY_ID = 0,
+    KL_SAT_TO_ARRAY_FREE_SLOT = 1
+};
+
+/** Conditions of KL_Get_min_period, KL_Get_max_period. */
+enum {
+    KL_PERIOD_SAT_ID = 0,
+    KL_PERIOD_BELOW_EARTH_RADIUS = 1
+};
+
+/** Conditions of KL_Check_time_ref. */
+enum {
+    KL_CHECK_TIME_REF_NOT_CORRECT = 0
+};
+
+/** Conditions of KL_MJD_Calendar. */
+enum {
+    KL_MJD_CALENDAR_OUT_OF_LIMITS = 0
+};
+
+/** Conditions of KL_Calendar. */
+enum {
+    KL_CALENDAR_YEAR = 0,
+    KL_CALENDAR_MONTH = 1,
+    KL_CALENDAR_DAY = 2,
+    KL_CALENDAR_SECONDS = 3,
+    KL_CALENDAR_MICROSECONDS = 4,
+    KL_CALENDAR_THIRTY_DAYS = 5,
+    KL_CALENDAR_LEAP_FEBRUARY = 6,
+    KL_CALENDAR_FEBRUARY = 7
+};
+
+/** Conditions of KL_Calendar_MJD. */
+enum {
+    KL_CALENDAR_MJD_NOT_A_DATE = 0
+};
+
+/** Conditions of KL_Time_check_processing_inputs. */
+enum {
+    KL_CHECK_IN_FORMAT = 0,
+    KL_CHECK_IN_REF = 1,
+    KL_CHECK_IN_DAYS = 2
+};
+
+/** Conditions of KL_Time_check_processing_outputs. */
+enum {
+    KL_CHECK_OUT_FORMAT = 0,
+    KL_CHECK_OUT_REF = 1
+};
+
+/** Conditions of KL_Time_p2t_format_to_std. */
+enum {
+    KL_P2T_LEAP_SECOND = 0
+};
+
+/** Conditions of KL_Time_t2t_ref_to_tai, KL_Time_t2t_ref_from_tai. */
+enum {
+    KL_TO_TAI_NOT_INITIALISED = 0,
+    KL_TO_TAI_OUT_OF_RANGE = 1,
+    KL_TO_TAI_LEAP_SECOND = 2
+};
+
+/** Conditions of KL_Time_ref_init_file_deltas. */
+enum {
+    KL_DELTAS_REF = 0,
+    KL_DELTAS_NOT_INITIALISED = 1,
+    KL_DELTAS_OUT_OF_RANGE = 2,
+    KL_DELTAS_UT1_FORMULA = 3
+};
+
+/** Conditions of KL_Get_time_in_ref. */
+enum {
+    KL_GET_TIME_IN_REF_FAILED = 0
+};
+
+/** Conditions of KL_Leap_second_utc_time. */
+enum {
+    KL_QUARTER_REF = 0,
+    KL_QUARTER_WRITING = 1,
+    KL_QUARTER_FIELDS = 2,  /**< never recorded: the fields are not read back from a text */
+    KL_QUARTER_READING = 3
+};
+
+/** Conditions of KL_Time_check_leap_second. */
+enum {
+    KL_LEAP_CHECK_REF = 0,
+    KL_LEAP_CHECK_DATE = 1
+};
+
+/** Conditions of KL_Time_ref_init_check_inputs. */
+enum {
+    KL_TIME_REF_INIT_CHECK_TAI = 0,
+    KL_TIME_REF_INIT_CHECK_UTC = 1,
+    KL_TIME_REF_INIT_CHECK_UT1 = 2,
+    KL_TIME_REF_INIT_CHECK_GPS = 3,
+    KL_TIME_REF_INIT_CHECK_ORBIT = 4,          /**< never recorded */
+    KL_TIME_REF_INIT_CHECK_ANX_TIME = 5,       /**< never recorded */
+    KL_TIME_REF_INIT_CHECK_ORBIT_DURATION = 6, /**< never recorded */
+    KL_TIME_REF_INIT_CHECK_ANX_DURATION = 7    /**< never recorded */
+};
+/* <<< */
+
 /* ---- id records ---------------------------------------------------------------------------------------- */
 
 /*
@@ -372,9 +588,6 @@ KL_API long KL_Get_CUC_processing_epoch(kl_time_id *time_id, const kl_cuc_config
 KL_API void *KL_Model_get_data(kl_model_id *model_id, long kind);
 
 /* ---- geoid --------------------------------------------------------------------------------------------- */
-
-/** Conditions of KL_Legfdn. */
-enum { KL_LEGFDN_POLE_ERR = 0 };
 
 /**
  * What kl_geoid_calc computes, without its checks: the correction from height anomaly to undulation and the undulation,

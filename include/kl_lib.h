@@ -17,6 +17,7 @@
 #ifndef KL_LIB_H
 #define KL_LIB_H
 
+#include "kl/arrays.h"      /* functions for many elements at once */
 #include "kl/bodies.h"      /* Sun, Moon, planets */
 #include "kl/clocks.h"      /* on-board clocks, CUC */
 #include "kl/coordinates.h" /* geodetic, Keplerian, polar and topocentric coordinates */
@@ -27,7 +28,8 @@
 #include "kl/geometry.h"    /* lines of sight, real roots, eclipses */
 #include "kl/models.h"      /* Earth and sky models */
 #include "kl/rotations.h"   /* quaternions, axes, angles */
-#include "kl/runs.h"        /* runs and the functions that take one */
+#include "kl/run_twins.h"   /* functions that take a run in place of their ids */
+#include "kl/runs.h"        /* runs */
 #include "kl/satellites.h"  /* satellite ids and data */
 #include "kl/stars.h"       /* stars and catalogues */
 #include "kl/time.h"        /* time ids, scales, processing format, leap seconds */

@@ -23,16 +23,16 @@ enum {
     KL_NEPTUNE = 8
 };
 
-/** Conditions of kl_sun. */
+/** Conditions of kl_sun, from api/bodies.toml. */
 enum {
     KL_SUN_TIME_REF_ERR = 0,     /**< time reference not 0 to 3, or NULL */
     KL_SUN_DATE_ERR = 1,         /**< date outside -18262.0 to 36524.0, not a number, or NULL */
     KL_SUN_TIME_ID_ERR = 2,      /**< time not in TAI and the time id not initialised */
     KL_SUN_BODY_ERR = 3,         /**< the Sun could not be computed: the model id holds no routine (refused init) */
     KL_SUN_TDB_ERR = 4,          /**< no conversion to UT1; the text speaks of TDB */
-    KL_SUN_PROC_TO_PROC_ERR = 5, /**< never set */
+    KL_SUN_PROC_TO_PROC_ERR = 5, /**< never recorded */
     KL_SUN_FRAME_ERR = 6,        /**< no change to the Earth-fixed frame */
-    KL_SUN_N_CODES
+    KL_SUN_N_CODES = 7
 };
 
 /**
@@ -59,16 +59,16 @@ enum {
 KL_API long kl_sun(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time,
                    double sun_pos[3], double sun_vel[3], long *ierr);
 
-/** Conditions of kl_moon. */
+/** Conditions of kl_moon, from api/bodies.toml. */
 enum {
     KL_MOON_TIME_REF_ERR = 0,     /**< time reference not 0 to 3, or NULL */
     KL_MOON_DATE_ERR = 1,         /**< date outside -18262.0 to 36524.0, not a number, or NULL */
     KL_MOON_TIME_ID_ERR = 2,      /**< time not in TAI and the time id not initialised */
     KL_MOON_BODY_ERR = 3,         /**< the Moon could not be computed: the model id holds no routine (refused init) */
-    KL_MOON_TDB_ERR = 4,          /**< never set */
+    KL_MOON_TDB_ERR = 4,          /**< never recorded */
     KL_MOON_PROC_TO_PROC_ERR = 5, /**< no conversion to UT1 */
     KL_MOON_FRAME_ERR = 6,        /**< no change to the Earth-fixed frame */
-    KL_MOON_N_CODES
+    KL_MOON_N_CODES = 7
 };
 
 /**
@@ -92,17 +92,17 @@ enum {
 KL_API long kl_moon(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time,
                     double moon_pos[3], double moon_vel[3], long *ierr);
 
-/** Conditions of kl_planet. */
+/** Conditions of kl_planet, from api/bodies.toml. */
 enum {
     KL_PLANET_TIME_REF_ERR = 0,     /**< time reference not 0 to 3, or NULL */
     KL_PLANET_DATE_ERR = 1,         /**< date outside -18262.0 to 36524.0, not a number, or NULL */
     KL_PLANET_TIME_ID_ERR = 2,      /**< time not in TAI and the time id not initialised */
     KL_PLANET_CODE_ERR = 3,         /**< planet not 1 to 8, or NULL */
-    KL_PLANET_TDB_ERR = 4,          /**< never set */
+    KL_PLANET_TDB_ERR = 4,          /**< never recorded */
     KL_PLANET_PROC_TO_PROC_ERR = 5, /**< no conversion to UT1 */
     KL_PLANET_FRAME_ERR = 6,        /**< no change to the Earth-fixed frame */
     KL_PLANET_CONVERGENCE_WARN = 7, /**< Kepler's equation not solved; not within the range of dates */
-    KL_PLANET_N_CODES
+    KL_PLANET_N_CODES = 8
 };
 
 /**

@@ -77,7 +77,7 @@ typedef struct kl_cuc_config {
     long n_fine;         /**< 0 to 10 octets */
 } kl_cuc_config;
 
-/** Conditions of kl_time_obt_to_time. */
+/** Conditions of kl_time_obt_to_time, from api/clocks.toml. */
 enum {
     KL_TIME_OBT_TO_TIME_SAT_ID_ERR = 0,     /**< no such satellite */
     KL_TIME_OBT_TO_TIME_TIME_REF_ERR = 1,   /**< time reference outside 0 to 3 */
@@ -86,7 +86,8 @@ enum {
     KL_TIME_OBT_TO_TIME_NO_OBT_ERR = 4,     /**< a satellite without an on-board-time format */
     KL_TIME_OBT_TO_TIME_OBT_ERR = 5,        /**< never recorded */
     KL_TIME_OBT_TO_TIME_CLOCK_STEP_ERR = 6, /**< clock step 0 */
-    KL_TIME_OBT_TO_TIME_TIME_ERR = 7        /**< result outside -18262.0 to 36524.0 */
+    KL_TIME_OBT_TO_TIME_TIME_ERR = 7,       /**< result outside -18262.0 to 36524.0 */
+    KL_TIME_OBT_TO_TIME_N_CODES = 8
 };
 
 /**
@@ -115,16 +116,17 @@ enum {
 KL_API long kl_time_obt_to_time(const long *sat_id, const long *time_ref, const void *parameters, const void *obt,
                                 double *time, long *ierr);
 
-/** Conditions of kl_time_time_to_obt. */
+/** Conditions of kl_time_time_to_obt, from api/clocks.toml. */
 enum {
-    KL_TIME_TIME_TO_OBT_SAT_ID_ERR = 0,    /**< no such satellite */
-    KL_TIME_TIME_TO_OBT_TIME_REF_ERR = 1,  /**< time reference outside 0 to 3 */
-    KL_TIME_TIME_TO_OBT_TAG_ERR = 2,       /**< parameters or on-board time of another satellite, or NULL */
-    KL_TIME_TIME_TO_OBT_TIME_ERR = 3,      /**< time outside -18262.0 to 36524.0 */
-    KL_TIME_TIME_TO_OBT_REF_TIME_ERR = 4,  /**< reference time outside that range */
-    KL_TIME_TIME_TO_OBT_NO_OBT_ERR = 5,    /**< a satellite without an on-board-time format */
-    KL_TIME_TIME_TO_OBT_OBT_ERR = 6,       /**< a count below 0 or beyond 64 bits, or not finite (a gain of 0) */
-    KL_TIME_TIME_TO_OBT_CLOCK_STEP_ERR = 7 /**< clock step 0 */
+    KL_TIME_TIME_TO_OBT_SAT_ID_ERR = 0,     /**< no such satellite */
+    KL_TIME_TIME_TO_OBT_TIME_REF_ERR = 1,   /**< time reference outside 0 to 3 */
+    KL_TIME_TIME_TO_OBT_TAG_ERR = 2,        /**< parameters or on-board time of another satellite, or NULL */
+    KL_TIME_TIME_TO_OBT_TIME_ERR = 3,       /**< time outside -18262.0 to 36524.0 */
+    KL_TIME_TIME_TO_OBT_REF_TIME_ERR = 4,   /**< reference time outside that range */
+    KL_TIME_TIME_TO_OBT_NO_OBT_ERR = 5,     /**< a satellite without an on-board-time format */
+    KL_TIME_TIME_TO_OBT_OBT_ERR = 6,        /**< a count below 0 or beyond 64 bits, or not finite (a gain of 0) */
+    KL_TIME_TIME_TO_OBT_CLOCK_STEP_ERR = 7, /**< clock step 0 */
+    KL_TIME_TIME_TO_OBT_N_CODES = 8
 };
 
 /**
@@ -146,11 +148,12 @@ enum {
 KL_API long kl_time_time_to_obt(const long *sat_id, const long *time_ref, const void *parameters, const double *time,
                                 void *obt, long *ierr);
 
-/** Conditions of kl_time_cuc_to_processing. */
+/** Conditions of kl_time_cuc_to_processing, from api/clocks.toml. */
 enum {
     KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR = 0,  /**< time id, CUC type, octet counts, epoch type or time reference */
     KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR = 1, /**< identification other than 001 and 010; a third octet announced */
-    KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR = 2    /**< the epoch is not finite, or cannot be converted */
+    KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR = 2,   /**< the epoch is not finite, or cannot be converted */
+    KL_TIME_CUC_TO_PROCESSING_N_CODES = 3
 };
 
 /**
@@ -179,12 +182,13 @@ enum {
 KL_API long kl_time_cuc_to_processing(kl_time_id *time_id, const kl_cuc_config *config, const long *time_ref,
                                       const unsigned char *cuc, double *time, long *ierr);
 
-/** Conditions of kl_time_processing_to_cuc. */
+/** Conditions of kl_time_processing_to_cuc, from api/clocks.toml. */
 enum {
-    KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR = 0, /**< as above; also seconds that do not fit the coarse octets */
-    KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR = 1,  /**< the epoch is not finite, or cannot be converted */
-    KL_TIME_PROCESSING_TO_CUC_TIME_ERR = 2,   /**< time before the epoch, or NaN */
-    KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR = 3 /**< no P-field says KL_CUC_EPOCH_1980 */
+    KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR = 0,  /**< as above; also seconds that do not fit the coarse octets */
+    KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR = 1,   /**< the epoch is not finite, or cannot be converted */
+    KL_TIME_PROCESSING_TO_CUC_TIME_ERR = 2,    /**< time before the epoch, or NaN */
+    KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR = 3, /**< no P-field says KL_CUC_EPOCH_1980 */
+    KL_TIME_PROCESSING_TO_CUC_N_CODES = 4
 };
 
 /**

@@ -83,19 +83,20 @@ enum {
  *   field; a NULL output gives KL_ERR and a clear vector.
  */
 
-/** Conditions of kl_time_processing_to_processing. */
+/** Conditions of kl_time_processing_to_processing, from api/formats.toml. */
 enum {
-    KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_IN_ERR = 0,      /**< input format is not KL_PROC */
-    KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_IN_ERR = 1,     /**< input scale outside 0 to 3 */
-    KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_OUT_ERR = 2,     /**< output format is not KL_PROC */
-    KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3 */
-    KL_TIME_PROCESSING_TO_PROCESSING_DAYS_ERR = 4,            /**< input outside its range, or NaN */
-    KL_TIME_PROCESSING_TO_PROCESSING_TIME_ID_ERR = 5,         /**< scales differ, no initialised time id */
-    KL_TIME_PROCESSING_TO_PROCESSING_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
-    KL_TIME_PROCESSING_TO_PROCESSING_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
-    KL_TIME_PROCESSING_TO_PROCESSING_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
-    KL_TIME_PROCESSING_TO_PROCESSING_VALIDITY_WARN = 9,       /**< left the validity of the time id */
-    KL_TIME_PROCESSING_TO_PROCESSING_STANDARD_FORMAT_ERR = 10 /**< input not split into whole units */
+    KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_IN_ERR = 0,       /**< input format is not KL_PROC */
+    KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3 */
+    KL_TIME_PROCESSING_TO_PROCESSING_PROC_ID_OUT_ERR = 2,      /**< output format is not KL_PROC */
+    KL_TIME_PROCESSING_TO_PROCESSING_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3 */
+    KL_TIME_PROCESSING_TO_PROCESSING_DAYS_ERR = 4,             /**< input outside its range, or NaN */
+    KL_TIME_PROCESSING_TO_PROCESSING_TIME_ID_ERR = 5,          /**< scales differ, no initialised time id */
+    KL_TIME_PROCESSING_TO_PROCESSING_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
+    KL_TIME_PROCESSING_TO_PROCESSING_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
+    KL_TIME_PROCESSING_TO_PROCESSING_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */
+    KL_TIME_PROCESSING_TO_PROCESSING_VALIDITY_WARN = 9,        /**< left the validity of the time id */
+    KL_TIME_PROCESSING_TO_PROCESSING_STANDARD_FORMAT_ERR = 10, /**< input not split into whole units */
+    KL_TIME_PROCESSING_TO_PROCESSING_N_CODES = 11
 };
 
 /**
@@ -119,7 +120,7 @@ KL_API long kl_time_processing_to_processing(kl_time_id *time_id, const long *pr
                                              const double *time_in, const long *proc_id_out, const long *time_ref_out,
                                              double *time_out, long *ierr);
 
-/** Conditions of kl_time_ascii_to_ascii. */
+/** Conditions of kl_time_ascii_to_ascii, from api/formats.toml. */
 enum {
     KL_TIME_ASCII_TO_ASCII_ASCII_ID_IN_ERR = 0,    /**< input format is none of KL_ASCII_* */
     KL_TIME_ASCII_TO_ASCII_TIME_REF_IN_ERR = 1,    /**< input scale outside -1 to 3 */
@@ -149,7 +150,8 @@ enum {
     KL_TIME_ASCII_TO_ASCII_DAY_OF_28_ERR = 25,     /**< day 29 to 31 of another February */
     KL_TIME_ASCII_TO_ASCII_LEAP_SECOND_ERR = 26,   /**< second 60 without a leap second */
     KL_TIME_ASCII_TO_ASCII_BEFORE_1950_ERR = 32,   /**< output before 1950 */
-    KL_TIME_ASCII_TO_ASCII_AFTER_2099_ERR = 33     /**< output after 2099 */
+    KL_TIME_ASCII_TO_ASCII_AFTER_2099_ERR = 33,    /**< output after 2099 */
+    KL_TIME_ASCII_TO_ASCII_N_CODES = 29
 };
 
 /**
@@ -171,7 +173,7 @@ KL_API long kl_time_ascii_to_ascii(kl_time_id *time_id, const long *ascii_id_in,
                                    const char *ascii_in, const long *ascii_id_out, const long *time_ref_out,
                                    char *ascii_out, long ierr[2]);
 
-/** Conditions of kl_time_ascii_to_processing. */
+/** Conditions of kl_time_ascii_to_processing, from api/formats.toml. */
 enum {
     KL_TIME_ASCII_TO_PROCESSING_ASCII_ID_IN_ERR = 0,    /**< input format is none of KL_ASCII_* */
     KL_TIME_ASCII_TO_PROCESSING_TIME_REF_IN_ERR = 1,    /**< input scale outside -1 to 3 */
@@ -199,7 +201,8 @@ enum {
     KL_TIME_ASCII_TO_PROCESSING_DAY_OF_30_ERR = 23,     /**< day 31 of a month of 30 */
     KL_TIME_ASCII_TO_PROCESSING_DAY_OF_29_ERR = 24,     /**< day 30 or 31 of a leap February */
     KL_TIME_ASCII_TO_PROCESSING_DAY_OF_28_ERR = 25,     /**< day 29 to 31 of another February */
-    KL_TIME_ASCII_TO_PROCESSING_LEAP_SECOND_ERR = 26    /**< second 60 without a leap second */
+    KL_TIME_ASCII_TO_PROCESSING_LEAP_SECOND_ERR = 26,   /**< second 60 without a leap second */
+    KL_TIME_ASCII_TO_PROCESSING_N_CODES = 27
 };
 
 /**
@@ -220,7 +223,7 @@ KL_API long kl_time_ascii_to_processing(kl_time_id *time_id, const long *ascii_i
                                         const char *ascii_in, const long *proc_id_out, const long *time_ref_out,
                                         double *time_out, long *ierr);
 
-/** Conditions of kl_time_ascii_to_transport. */
+/** Conditions of kl_time_ascii_to_transport, from api/formats.toml. */
 enum {
     KL_TIME_ASCII_TO_TRANSPORT_ASCII_ID_IN_ERR = 0,    /**< input format is none of KL_ASCII_* */
     KL_TIME_ASCII_TO_TRANSPORT_TIME_REF_IN_ERR = 1,    /**< input scale outside -1 to 3 */
@@ -248,7 +251,8 @@ enum {
     KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_30_ERR = 23,     /**< day 31 of a month of 30 */
     KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_29_ERR = 24,     /**< day 30 or 31 of a leap February */
     KL_TIME_ASCII_TO_TRANSPORT_DAY_OF_28_ERR = 25,     /**< day 29 to 31 of another February */
-    KL_TIME_ASCII_TO_TRANSPORT_LEAP_SECOND_ERR = 26    /**< second 60 without a leap second */
+    KL_TIME_ASCII_TO_TRANSPORT_LEAP_SECOND_ERR = 26,   /**< second 60 without a leap second */
+    KL_TIME_ASCII_TO_TRANSPORT_N_CODES = 27
 };
 
 /**
@@ -269,7 +273,7 @@ KL_API long kl_time_ascii_to_transport(kl_time_id *time_id, const long *ascii_id
                                        const char *ascii_in, const long *trans_id_out, const long *time_ref_out,
                                        long transport_out[4], long *ierr);
 
-/** Conditions of kl_time_processing_to_ascii. */
+/** Conditions of kl_time_processing_to_ascii, from api/formats.toml. */
 enum {
     KL_TIME_PROCESSING_TO_ASCII_PROC_ID_IN_ERR = 0,       /**< input format is not KL_PROC */
     KL_TIME_PROCESSING_TO_ASCII_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3 */
@@ -283,7 +287,8 @@ enum {
     KL_TIME_PROCESSING_TO_ASCII_VALIDITY_WARN = 9,        /**< left the validity of the time id */
     KL_TIME_PROCESSING_TO_ASCII_STANDARD_FORMAT_ERR = 10, /**< input not split into whole units */
     KL_TIME_PROCESSING_TO_ASCII_BEFORE_1950_ERR = 11,     /**< output before 1950 */
-    KL_TIME_PROCESSING_TO_ASCII_AFTER_2099_ERR = 12       /**< output after 2099 */
+    KL_TIME_PROCESSING_TO_ASCII_AFTER_2099_ERR = 12,      /**< output after 2099 */
+    KL_TIME_PROCESSING_TO_ASCII_N_CODES = 13
 };
 
 /**
@@ -306,19 +311,20 @@ KL_API long kl_time_processing_to_ascii(kl_time_id *time_id, const long *proc_id
                                         const double *time_in, const long *ascii_id_out, const long *time_ref_out,
                                         char *ascii_out, long *ierr);
 
-/** Conditions of kl_time_processing_to_transport. */
+/** Conditions of kl_time_processing_to_transport, from api/formats.toml. */
 enum {
-    KL_TIME_PROCESSING_TO_TRANSPORT_PROC_ID_IN_ERR = 0,      /**< input format is not KL_PROC */
-    KL_TIME_PROCESSING_TO_TRANSPORT_TIME_REF_IN_ERR = 1,     /**< input scale outside 0 to 3 */
-    KL_TIME_PROCESSING_TO_TRANSPORT_TRANS_ID_OUT_ERR = 2,    /**< output format is none of KL_TRANS_* */
-    KL_TIME_PROCESSING_TO_TRANSPORT_TIME_REF_OUT_ERR = 3,    /**< output scale outside 0 to 3, or not GPS */
-    KL_TIME_PROCESSING_TO_TRANSPORT_DAYS_ERR = 4,            /**< input outside its range, or NaN */
-    KL_TIME_PROCESSING_TO_TRANSPORT_TIME_ID_ERR = 5,         /**< scales differ, no initialised time id */
-    KL_TIME_PROCESSING_TO_TRANSPORT_OUT_OF_RANGE_WARN = 6,   /**< instant outside the table */
-    KL_TIME_PROCESSING_TO_TRANSPORT_BULLETIN_A_WARN = 7,     /**< left the table: by formula from here on */
-    KL_TIME_PROCESSING_TO_TRANSPORT_BULLETIN_B_A_WARN = 8,   /**< now in the gap between two bulletins */
-    KL_TIME_PROCESSING_TO_TRANSPORT_VALIDITY_WARN = 9,       /**< left the validity of the time id */
-    KL_TIME_PROCESSING_TO_TRANSPORT_STANDARD_FORMAT_ERR = 10 /**< input not split into whole units */
+    KL_TIME_PROCESSING_TO_TRANSPORT_PROC_ID_IN_ERR = 0,       /**< input format is not KL_PROC */
+    KL_TIME_PROCESSING_TO_TRANSPORT_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3 */
+    KL_TIME_PROCESSING_TO_TRANSPORT_TRANS_ID_OUT_ERR = 2,     /**< output format is none of KL_TRANS_* */
+    KL_TIME_PROCESSING_TO_TRANSPORT_TIME_REF_OUT_ERR = 3,     /**< output scale outside 0 to 3, or not GPS */
+    KL_TIME_PROCESSING_TO_TRANSPORT_DAYS_ERR = 4,             /**< input outside its range, or NaN */
+    KL_TIME_PROCESSING_TO_TRANSPORT_TIME_ID_ERR = 5,          /**< scales differ, no initialised time id */
+    KL_TIME_PROCESSING_TO_TRANSPORT_OUT_OF_RANGE_WARN = 6,    /**< instant outside the table */
+    KL_TIME_PROCESSING_TO_TRANSPORT_BULLETIN_A_WARN = 7,      /**< left the table: by formula from here on */
+    KL_TIME_PROCESSING_TO_TRANSPORT_BULLETIN_B_A_WARN = 8,    /**< now in the gap between two bulletins */
+    KL_TIME_PROCESSING_TO_TRANSPORT_VALIDITY_WARN = 9,        /**< left the validity of the time id */
+    KL_TIME_PROCESSING_TO_TRANSPORT_STANDARD_FORMAT_ERR = 10, /**< input not split into whole units */
+    KL_TIME_PROCESSING_TO_TRANSPORT_N_CODES = 11
 };
 
 /**
@@ -339,7 +345,7 @@ KL_API long kl_time_processing_to_transport(kl_time_id *time_id, const long *pro
                                             const double *time_in, const long *trans_id_out, const long *time_ref_out,
                                             long transport_out[4], long *ierr);
 
-/** Conditions of kl_time_transport_to_ascii. */
+/** Conditions of kl_time_transport_to_ascii, from api/formats.toml. */
 enum {
     KL_TIME_TRANSPORT_TO_ASCII_TRANS_ID_IN_ERR = 0,      /**< input format is none of KL_TRANS_* */
     KL_TIME_TRANSPORT_TO_ASCII_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3, or not GPS */
@@ -361,7 +367,8 @@ enum {
     KL_TIME_TRANSPORT_TO_ASCII_FRACTION_ERR = 17,        /**< not 0 to 65535 */
     KL_TIME_TRANSPORT_TO_ASCII_GPS_SECONDS_ERR = 18,     /**< outside 1950 to 2099 */
     KL_TIME_TRANSPORT_TO_ASCII_BEFORE_1950_ERR = 19,     /**< output before 1950 */
-    KL_TIME_TRANSPORT_TO_ASCII_AFTER_2099_ERR = 20       /**< output after 2099 */
+    KL_TIME_TRANSPORT_TO_ASCII_AFTER_2099_ERR = 20,      /**< output after 2099 */
+    KL_TIME_TRANSPORT_TO_ASCII_N_CODES = 21
 };
 
 /**
@@ -382,7 +389,7 @@ KL_API long kl_time_transport_to_ascii(kl_time_id *time_id, const long *trans_id
                                        const long transport_in[4], const long *ascii_id_out, const long *time_ref_out,
                                        char *ascii_out, long *ierr);
 
-/** Conditions of kl_time_transport_to_processing. */
+/** Conditions of kl_time_transport_to_processing, from api/formats.toml. */
 enum {
     KL_TIME_TRANSPORT_TO_PROCESSING_TRANS_ID_IN_ERR = 0,      /**< input format is none of KL_TRANS_* */
     KL_TIME_TRANSPORT_TO_PROCESSING_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3, or not GPS */
@@ -402,7 +409,8 @@ enum {
     KL_TIME_TRANSPORT_TO_PROCESSING_WEEK_ERR = 15,            /**< GPS week outside -1566 to 6260 */
     KL_TIME_TRANSPORT_TO_PROCESSING_SECONDS_OF_WEEK_ERR = 16, /**< not 0 to 604799 */
     KL_TIME_TRANSPORT_TO_PROCESSING_FRACTION_ERR = 17,        /**< not 0 to 65535 */
-    KL_TIME_TRANSPORT_TO_PROCESSING_GPS_SECONDS_ERR = 18      /**< outside 1950 to 2099 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_GPS_SECONDS_ERR = 18,     /**< outside 1950 to 2099 */
+    KL_TIME_TRANSPORT_TO_PROCESSING_N_CODES = 19
 };
 
 /**
@@ -425,7 +433,7 @@ KL_API long kl_time_transport_to_processing(kl_time_id *time_id, const long *tra
                                             const long transport_in[4], const long *proc_id_out,
                                             const long *time_ref_out, double *time_out, long *ierr);
 
-/** Conditions of kl_time_transport_to_transport. */
+/** Conditions of kl_time_transport_to_transport, from api/formats.toml. */
 enum {
     KL_TIME_TRANSPORT_TO_TRANSPORT_TRANS_ID_IN_ERR = 0,      /**< input format is none of KL_TRANS_* */
     KL_TIME_TRANSPORT_TO_TRANSPORT_TIME_REF_IN_ERR = 1,      /**< input scale outside 0 to 3, or not GPS */
@@ -445,7 +453,8 @@ enum {
     KL_TIME_TRANSPORT_TO_TRANSPORT_WEEK_ERR = 15,            /**< GPS week outside -1566 to 6260 */
     KL_TIME_TRANSPORT_TO_TRANSPORT_SECONDS_OF_WEEK_ERR = 16, /**< not 0 to 604799 */
     KL_TIME_TRANSPORT_TO_TRANSPORT_FRACTION_ERR = 17,        /**< not 0 to 65535 */
-    KL_TIME_TRANSPORT_TO_TRANSPORT_GPS_SECONDS_ERR = 18      /**< outside 1950 to 2099 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_GPS_SECONDS_ERR = 18,     /**< outside 1950 to 2099 */
+    KL_TIME_TRANSPORT_TO_TRANSPORT_N_CODES = 19
 };
 
 /**

@@ -29,21 +29,33 @@ enum {
 /** Calculation modes of a state. */
 enum { KL_CALC_POS = 1, KL_CALC_POS_VEL = 2, KL_CALC_POS_VEL_ACC = 3 };
 
-/** Conditions of kl_change_cart_cs. */
+/** Conditions of kl_change_cart_cs, from api/frames.toml. */
 enum {
-    KL_CHANGE_CART_CS_TIME_REF_ERR = 0,  /**< time reference not 0 to 3, or NULL */
-    KL_CHANGE_CART_CS_DATE_ERR = 1,      /**< date outside -18262.0 to 36524.0, not a number, or NULL */
-    KL_CHANGE_CART_CS_CALC_MODE_ERR = 2, /**< mode not 1 to 3, or NULL */
-    KL_CHANGE_CART_CS_CS_IN_ERR = 3,     /**< frame not 1 to 11, or NULL */
-    KL_CHANGE_CART_CS_CS_OUT_ERR = 4,    /**< frame not 1 to 11, or NULL */
-    KL_CHANGE_CART_CS_TIME_ID_ERR = 5,   /**< the time cannot be brought to UT1 */
-    KL_CHANGE_CART_CS_FORMULA_WARN = 6,  /**< once, when a call leaves the table for the UT1-UTC formula */
-    KL_CHANGE_CART_CS_GAP_WARN = 7,      /**< once, when a call enters the gap between two bulletins */
-    KL_CHANGE_CART_CS_VALIDITY_WARN = 8, /**< once, when a call leaves the validity of the table */
-    KL_CHANGE_CART_CS_TAI_ERR = 9,       /**< the time cannot be brought to TAI; the outputs are written by then */
-    KL_CHANGE_CART_CS_TRANSFORMATION_ERR = 10, /**< a model id without the routine (refused init), or no way to TDB */
-    KL_CHANGE_CART_CS_LIF_ERR = 11,            /**< KL_LIF: no time id of this library holds its reference */
-    KL_CHANGE_CART_CS_N_CODES
+    /** time reference not 0 to 3, or NULL */
+    KL_CHANGE_CART_CS_TIME_REF_ERR = 0,
+    /** date outside -18262.0 to 36524.0, not a number, or NULL */
+    KL_CHANGE_CART_CS_DATE_ERR = 1,
+    /** mode not 1 to 3, or NULL */
+    KL_CHANGE_CART_CS_CALC_MODE_ERR = 2,
+    /** frame not 1 to 11, or NULL */
+    KL_CHANGE_CART_CS_CS_IN_ERR = 3,
+    /** frame not 1 to 11, or NULL */
+    KL_CHANGE_CART_CS_CS_OUT_ERR = 4,
+    /** the time cannot be brought to UT1 */
+    KL_CHANGE_CART_CS_TIME_ID_ERR = 5,
+    /** once, when a call leaves the table for the UT1-UTC formula */
+    KL_CHANGE_CART_CS_FORMULA_WARN = 6,
+    /** once, when a call enters the gap between two bulletins */
+    KL_CHANGE_CART_CS_GAP_WARN = 7,
+    /** once, when a call leaves the validity of the table */
+    KL_CHANGE_CART_CS_VALIDITY_WARN = 8,
+    /** the time cannot be brought to TAI; the outputs are written by then */
+    KL_CHANGE_CART_CS_TAI_ERR = 9,
+    /** a model id without the routine, or no way to TDB */
+    KL_CHANGE_CART_CS_TRANSFORMATION_ERR = 10,
+    /** KL_LIF: no time id of this library holds its reference */
+    KL_CHANGE_CART_CS_LIF_ERR = 11,
+    KL_CHANGE_CART_CS_N_CODES = 12
 };
 
 /**

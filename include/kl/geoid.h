@@ -20,12 +20,13 @@ typedef struct kl_geoid_input {
     long max_degree;  /**< 0 to 360 */
 } kl_geoid_input;
 
-/** Conditions of kl_geoid_calc and kl_geoid_grid. */
+/** Conditions of kl_geoid_calc, from api/geoid.toml. */
 enum {
-    KL_GEOID_CALC_DEGREE_ERR = 0,     /**< maximum degree outside 0 to 360 */
-    KL_GEOID_CALC_LATITUDE_ERR = 1,   /**< latitude outside -90 to 90, or NaN */
-    KL_GEOID_CALC_LONGITUDE_ERR = 2,  /**< longitude outside 0 to 360, or NaN */
-    KL_GEOID_CALC_COMPUTATION_ERR = 3 /**< the model has no geoid (its Earth was refused), or no memory */
+    KL_GEOID_CALC_DEGREE_ERR = 0,      /**< maximum degree outside 0 to 360 */
+    KL_GEOID_CALC_LATITUDE_ERR = 1,    /**< latitude outside -90 to 90, or NaN */
+    KL_GEOID_CALC_LONGITUDE_ERR = 2,   /**< longitude outside 0 to 360, or NaN */
+    KL_GEOID_CALC_COMPUTATION_ERR = 3, /**< the model has no geoid (its Earth was refused), or no memory */
+    KL_GEOID_CALC_N_CODES = 4
 };
 
 /**

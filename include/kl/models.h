@@ -40,12 +40,12 @@ typedef struct kl_model_data {
     double astronomical_unit;                     /**< km; the ephemerides have a rounded one of their own */
 } kl_model_data;
 
-/** Conditions of kl_model_init. */
+/** Conditions of kl_model_init, from api/models.toml. */
 enum {
     KL_MODEL_INIT_INITIALISED_ERR = 0, /**< the handle is already initialised */
     KL_MODEL_INIT_MEMORY_ERR = 1,
-    KL_MODEL_INIT_SELECTION_ERR = 2, /**< a selection that is not offered, or none given; its text shows a bare "%s" */
-    KL_MODEL_INIT_N_CODES
+    KL_MODEL_INIT_SELECTION_ERR = 2,   /**< a selection not offered, or none given; the text shows a bare "%s" */
+    KL_MODEL_INIT_N_CODES = 3
 };
 
 /**
@@ -76,10 +76,10 @@ KL_API long kl_model_init_status(kl_model_id *model_id);
  */
 KL_API long kl_model_get_data(kl_model_id *model_id, kl_model_data *data);
 
-/** Conditions of kl_model_close. */
+/** Conditions of kl_model_close, from api/models.toml. */
 enum {
     KL_MODEL_CLOSE_ID_ERR = 0, /**< not initialised, or in use by another id or object */
-    KL_MODEL_CLOSE_N_CODES
+    KL_MODEL_CLOSE_N_CODES = 1
 };
 
 /**

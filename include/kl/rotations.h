@@ -25,8 +25,11 @@ enum { KL_INTERPOL_SLERP = 0 };
  * gives x = (0, -1, 0), y = (1, 0, 0), z = (0, 0, 1): a quarter turn about z as a change of axes.
  */
 
-/** Conditions of kl_quaternions_to_vectors. */
-enum { KL_QUATERNIONS_TO_VECTORS_MODULE_ERR = 0, KL_QUATERNIONS_TO_VECTORS_N_CODES };
+/** Conditions of kl_quaternions_to_vectors, from api/rotations.toml. */
+enum {
+    KL_QUATERNIONS_TO_VECTORS_MODULE_ERR = 0, /**< not of unit length; NaN, NULL */
+    KL_QUATERNIONS_TO_VECTORS_N_CODES = 1
+};
 
 /**
  * Axis vectors of a quaternion.
@@ -38,11 +41,11 @@ enum { KL_QUATERNIONS_TO_VECTORS_MODULE_ERR = 0, KL_QUATERNIONS_TO_VECTORS_N_COD
  */
 KL_API long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr);
 
-/** Conditions of kl_vectors_to_quaternions. */
+/** Conditions of kl_vectors_to_quaternions, from api/rotations.toml. */
 enum {
     KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR = 0,     /**< a null vector, or a left-handed set; NULL */
     KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR = 1, /**< not orthogonal within 1e-6; NaN */
-    KL_VECTORS_TO_QUATERNIONS_N_CODES
+    KL_VECTORS_TO_QUATERNIONS_N_CODES = 2
 };
 
 /**
@@ -56,11 +59,11 @@ enum {
  */
 KL_API long kl_vectors_to_quaternions(const double x[3], const double y[3], const double z[3], double q[4], long *ierr);
 
-/** Conditions of kl_quaternions_interpol. */
+/** Conditions of kl_quaternions_interpol, from api/rotations.toml. */
 enum {
     KL_QUATERNIONS_INTERPOL_RANGE_WARN = 0,    /**< t outside [t1, t2]: extrapolated */
     KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR = 1, /**< mode inside the interval, or numbers that allow no algorithm */
-    KL_QUATERNIONS_INTERPOL_N_CODES
+    KL_QUATERNIONS_INTERPOL_N_CODES = 2
 };
 
 /**
@@ -97,12 +100,12 @@ KL_API long kl_quaternions_interpol(const long *mode, const double *t1, const do
  */
 KL_API long kl_euler_to_matrix(const double angles[3], double matrix[9], long *ierr);
 
-/** Conditions of kl_matrix_to_euler. */
+/** Conditions of kl_matrix_to_euler, from api/rotations.toml. */
 enum {
     KL_MATRIX_TO_EULER_ROTATION_ERR = 0,    /**< not a rotation within 1e-9 */
     KL_MATRIX_TO_EULER_AMBIGUITY_WARN = 1,  /**< a0 is +-90 deg (cosine below 1e-9): a2 = 0 */
     KL_MATRIX_TO_EULER_ORTHONORMAL_ERR = 2, /**< rows not orthonormal within 1e-6; NaN, NULL */
-    KL_MATRIX_TO_EULER_N_CODES
+    KL_MATRIX_TO_EULER_N_CODES = 3
 };
 
 /**
@@ -120,11 +123,11 @@ enum {
  */
 KL_API long kl_matrix_to_euler(const double matrix[9], double angles[3], long *ierr);
 
-/** Conditions of kl_get_rotation_angles. */
+/** Conditions of kl_get_rotation_angles, from api/rotations.toml. */
 enum {
     KL_GET_ROTATION_ANGLES_ORTHOGONAL_ERR = 0, /**< a set is not orthogonal within 1e-6, or has a null vector */
     KL_GET_ROTATION_ANGLES_ROTATION_ERR = 1,   /**< the sets are of different hands */
-    KL_GET_ROTATION_ANGLES_N_CODES
+    KL_GET_ROTATION_ANGLES_N_CODES = 2
 };
 
 /**
@@ -141,11 +144,11 @@ enum {
 KL_API long kl_get_rotation_angles(const double x1[3], const double y1[3], const double z1[3], const double x2[3],
                                    const double y2[3], const double z2[3], double angles[3], long *ierr);
 
-/** Conditions of kl_get_rotated_vectors. */
+/** Conditions of kl_get_rotated_vectors, from api/rotations.toml. */
 enum {
     KL_GET_ROTATED_VECTORS_ORTHOGONAL_ERR = 0, /**< the set is not orthogonal within 1e-6, or has a null vector */
     KL_GET_ROTATED_VECTORS_ROTATION_ERR = 1,   /**< angles that are not finite */
-    KL_GET_ROTATED_VECTORS_N_CODES
+    KL_GET_ROTATED_VECTORS_N_CODES = 2
 };
 
 /**

@@ -19,12 +19,13 @@ extern "C" {
  * locked, so nobody may use a satellite while another thread fills or closes it.
  */
 
-/** Conditions of kl_default_sat_init. */
+/** Conditions of kl_default_sat_init, from api/satellites.toml. */
 enum {
     KL_DEFAULT_SAT_INIT_NO_SLOT_ERR = 0, /**< all ten default satellites are in use */
     KL_DEFAULT_SAT_INIT_FILE_ERR = 1,    /**< the file is missing or wrong; its reader says where on standard error */
     KL_DEFAULT_SAT_INIT_LOCK_ERR = 2,    /**< the table could not be locked */
-    KL_DEFAULT_SAT_INIT_UNLOCK_ERR = 3   /**< never recorded */
+    KL_DEFAULT_SAT_INIT_UNLOCK_ERR = 3,  /**< never recorded */
+    KL_DEFAULT_SAT_INIT_N_CODES = 4
 };
 
 /**

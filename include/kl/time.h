@@ -109,18 +109,19 @@ typedef struct kl_time_row_info {
 
 /* ---- ids */
 
-/** Conditions of kl_time_ref_init; bits 4 to 7 are never set, since the orbit arguments are not looked at. */
+/** Conditions of kl_time_ref_init, from api/time.toml. */
 enum {
-    KL_TIME_REF_INIT_TAI_ERR = 0, /**< TAI time is out of range */
-    KL_TIME_REF_INIT_UTC_ERR = 1, /**< UTC time is out of range */
-    KL_TIME_REF_INIT_UT1_ERR = 2, /**< UT1 time is out of range */
-    KL_TIME_REF_INIT_GPS_ERR = 3, /**< GPS time is out of range */
-    KL_TIME_REF_INIT_ORBIT_ERR = 4,
-    KL_TIME_REF_INIT_ANX_TIME_ERR = 5,
-    KL_TIME_REF_INIT_ORBIT_DURATION_ERR = 6,
-    KL_TIME_REF_INIT_ANX_DURATION_ERR = 7,
-    KL_TIME_REF_INIT_MEMORY_ERR = 8, /**< no memory */
-    KL_TIME_REF_INIT_ID_ERR = 9      /**< the id is already initialised; it is not touched */
+    KL_TIME_REF_INIT_TAI_ERR = 0,            /**< TAI time is out of range */
+    KL_TIME_REF_INIT_UTC_ERR = 1,            /**< UTC time is out of range */
+    KL_TIME_REF_INIT_UT1_ERR = 2,            /**< UT1 time is out of range */
+    KL_TIME_REF_INIT_GPS_ERR = 3,            /**< GPS time is out of range */
+    KL_TIME_REF_INIT_ORBIT_ERR = 4,          /**< never recorded */
+    KL_TIME_REF_INIT_ANX_TIME_ERR = 5,       /**< never recorded */
+    KL_TIME_REF_INIT_ORBIT_DURATION_ERR = 6, /**< never recorded */
+    KL_TIME_REF_INIT_ANX_DURATION_ERR = 7,   /**< never recorded */
+    KL_TIME_REF_INIT_MEMORY_ERR = 8,         /**< no memory */
+    KL_TIME_REF_INIT_ID_ERR = 9,             /**< the id is already initialised; it is not touched */
+    KL_TIME_REF_INIT_N_CODES = 10
 };
 
 /**
@@ -143,25 +144,41 @@ enum {
 KL_API long kl_time_ref_init(const double tri_time[4], const long *orbit, const double *anx_time,
                              const double *orbit_duration, kl_time_id *time_id, long *ierr);
 
-/** Conditions of kl_time_ref_init_file, and with the same numbers those of kl_time_id_init. */
+/** Conditions of kl_time_ref_init_file, from api/time.toml; and with the same numbers those of kl_time_id_init. */
 enum {
-    KL_TIME_REF_INIT_FILE_ID_ERR = 0,      /**< the id is already initialised; it is not touched */
-    KL_TIME_REF_INIT_FILE_MODEL_ERR = 1,   /**< not 1 to 8, 10, 11 */
-    KL_TIME_REF_INIT_FILE_COUNT_ERR = 2,   /**< number of files below 1 or above 10000 */
-    KL_TIME_REF_INIT_FILE_WINDOW_ERR = 3,  /**< unknown mode, start after stop, outside -18262.0 to 36524.0, NaN */
-    KL_TIME_REF_INIT_FILE_READ_ERR = 4,    /**< no regular file, not readable, empty, above 64 MiB, changed meanwhile */
-    KL_TIME_REF_INIT_FILE_FORMAT_ERR = 5,  /**< not a known format, not one of the model, or a time system not known */
-    KL_TIME_REF_INIT_FILE_RECORD_ERR = 6,  /**< a field that is missing, cut, no number, out of range, or a date that
-                                            *   is not that of its MJD */
-    KL_TIME_REF_INIT_FILE_ORDER_ERR = 7,   /**< dates of a file not in increasing order */
-    KL_TIME_REF_INIT_FILE_FORMULA_ERR = 8, /**< no prediction formula: model 10, or no_extrapolation 0 */
-    KL_TIME_REF_INIT_FILE_NO_RECORD_ERR = 9,    /**< no row inside the window, or no row at all */
-    KL_TIME_REF_INIT_FILE_MEMORY_ERR = 10,      /**< no memory */
-    KL_TIME_REF_INIT_FILE_LEAP_SECOND_ERR = 11, /**< the quarter of a leap second cannot be found */
-    KL_TIME_REF_INIT_FILE_COVERAGE_WARN = 12,   /**< part of the window lies outside the rows */
-    KL_TIME_REF_INIT_FILE_TAI_UTC_WARN = 13,    /**< a text or a list of leap seconds contradicts the rows, which win */
-    KL_TIME_REF_INIT_FILE_NO_UT1_WARN = 14,     /**< no UT1 in the files: UT1 = UTC, pole zero */
-    KL_TIME_REF_INIT_FILE_LEAP_EXPIRED_WARN = 15 /**< the list of leap seconds ends before the window does */
+    /** the id is already initialised; it is not touched */
+    KL_TIME_REF_INIT_FILE_ID_ERR = 0,
+    /** not 1 to 8, 10, 11; never in kl_time_id_init */
+    KL_TIME_REF_INIT_FILE_MODEL_ERR = 1,
+    /** number of files below 1 or above 10000 */
+    KL_TIME_REF_INIT_FILE_COUNT_ERR = 2,
+    /** unknown mode, start after stop, outside -18262.0 to 36524.0, NaN */
+    KL_TIME_REF_INIT_FILE_WINDOW_ERR = 3,
+    /** no regular file, not readable, empty, above 64 MiB, changed meanwhile */
+    KL_TIME_REF_INIT_FILE_READ_ERR = 4,
+    /** not a known format or not the model's, or a time system not known */
+    KL_TIME_REF_INIT_FILE_FORMAT_ERR = 5,
+    /** a field missing, cut, no number, out of range; a date not of its MJD */
+    KL_TIME_REF_INIT_FILE_RECORD_ERR = 6,
+    /** dates of a file not in increasing order */
+    KL_TIME_REF_INIT_FILE_ORDER_ERR = 7,
+    /** no prediction formula: model 10, or no_extrapolation 0 */
+    KL_TIME_REF_INIT_FILE_FORMULA_ERR = 8,
+    /** no row inside the window, or no row at all */
+    KL_TIME_REF_INIT_FILE_NO_RECORD_ERR = 9,
+    /** no memory */
+    KL_TIME_REF_INIT_FILE_MEMORY_ERR = 10,
+    /** the quarter of a leap second cannot be found */
+    KL_TIME_REF_INIT_FILE_LEAP_SECOND_ERR = 11,
+    /** part of the window lies outside the rows */
+    KL_TIME_REF_INIT_FILE_COVERAGE_WARN = 12,
+    /** a text or a list of leap seconds contradicts the rows, which win */
+    KL_TIME_REF_INIT_FILE_TAI_UTC_WARN = 13,
+    /** no UT1 in the files: UT1 = UTC, pole zero */
+    KL_TIME_REF_INIT_FILE_NO_UT1_WARN = 14,
+    /** the list of leap seconds ends before the window does */
+    KL_TIME_REF_INIT_FILE_LEAP_EXPIRED_WARN = 15,
+    KL_TIME_REF_INIT_FILE_N_CODES = 16
 };
 
 /**
@@ -275,9 +292,10 @@ KL_API long kl_time_get_row(kl_time_id *time_id, const long *time_ref, const dou
  */
 KL_API long kl_time_get_leap_seconds(kl_time_id *time_id, long *n, double **utc, double **tai_utc, double *expiry);
 
-/** Conditions of kl_time_close. */
+/** Conditions of kl_time_close, from api/time.toml. */
 enum {
-    KL_TIME_REF_CLOSE_ID_ERR = 0 /**< the id is not initialised, or another id or an object uses it */
+    KL_TIME_REF_CLOSE_ID_ERR = 0, /**< the id is not initialised, or another id or an object uses it */
+    KL_TIME_REF_CLOSE_N_CODES = 1
 };
 
 /**
@@ -348,12 +366,13 @@ KL_API long kl_time_free_id_data(kl_time_id_data *data);
 
 /* ---- processing format */
 
-/** Conditions of kl_time_add. */
+/** Conditions of kl_time_add, from api/time.toml. */
 enum {
     KL_TIME_ADD_PROC_ID_ERR = 0,  /**< processing format id is not KL_PROC */
     KL_TIME_ADD_TIME_REF_ERR = 1, /**< time reference outside 0 to 3 */
     KL_TIME_ADD_TIME_ERR = 2,     /**< time outside -18262.0 to 36524.0, or NaN */
-    KL_TIME_ADD_SUM_ERR = 3       /**< sum outside that range, or NaN; it is written all the same */
+    KL_TIME_ADD_SUM_ERR = 3,      /**< sum outside that range, or NaN; it is written all the same */
+    KL_TIME_ADD_N_CODES = 4
 };
 
 /**
@@ -370,12 +389,13 @@ enum {
 KL_API long kl_time_add(const long *proc_id, const long *time_ref, const double *time, const double *duration,
                         double *time_out, long *ierr);
 
-/** Conditions of kl_time_diff. */
+/** Conditions of kl_time_diff, from api/time.toml. */
 enum {
     KL_TIME_DIFF_PROC_ID_ERR = 0,  /**< processing format id is not KL_PROC */
     KL_TIME_DIFF_TIME_REF_ERR = 1, /**< time reference outside 0 to 3 */
     KL_TIME_DIFF_TIME1_ERR = 2,    /**< first time outside -18262.0 to 36524.0, or NaN */
-    KL_TIME_DIFF_TIME2_ERR = 3     /**< second time outside that range, or NaN */
+    KL_TIME_DIFF_TIME2_ERR = 3,    /**< second time outside that range, or NaN */
+    KL_TIME_DIFF_N_CODES = 4
 };
 
 /**
@@ -392,12 +412,13 @@ enum {
 KL_API long kl_time_diff(const long *proc_id, const long *time_ref, const double *time1, const double *time2,
                          double *duration, long *ierr);
 
-/** Conditions of kl_time_get_leap_second_info. */
+/** Conditions of kl_time_get_leap_second_info, from api/time.toml. */
 enum {
-    KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR = 0,  /**< not an ASCII format */
-    KL_TIME_GET_LEAP_SECOND_INFO_ADD_ERR = 1,     /**< never recorded */
-    KL_TIME_GET_LEAP_SECOND_INFO_CONVERT_ERR = 2, /**< an instant could not be written: it lies before 1950 */
-    KL_TIME_GET_LEAP_SECOND_INFO_TIME_ID_WARN = 3 /**< the time id is not initialised: sign 0, empty texts */
+    KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR = 0,   /**< not an ASCII format */
+    KL_TIME_GET_LEAP_SECOND_INFO_ADD_ERR = 1,      /**< never recorded */
+    KL_TIME_GET_LEAP_SECOND_INFO_CONVERT_ERR = 2,  /**< an instant could not be written: it lies before 1950 */
+    KL_TIME_GET_LEAP_SECOND_INFO_TIME_ID_WARN = 3, /**< the time id is not initialised: sign 0, empty texts */
+    KL_TIME_GET_LEAP_SECOND_INFO_N_CODES = 4
 };
 
 /**

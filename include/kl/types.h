@@ -42,6 +42,7 @@ enum {
  * Public function ids, for kl_get_code and kl_get_msg. The numbers are those of the family: functions that this header
  * does not declare are not in this library.
  */
+/* >>> public function ids: Written by tools/api/generate.py from the table in api/. */
 enum {
     KL_ID_FUNC_TIME_TRANSPORT_TO_ASCII = 0,
     KL_ID_FUNC_TIME_TRANSPORT_TO_TRANSPORT = 1,
@@ -49,7 +50,7 @@ enum {
     KL_ID_FUNC_TIME_PROCESSING_TO_ASCII = 3,
     KL_ID_FUNC_TIME_PROCESSING_TO_TRANSPORT = 4,
     KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING = 5,
-    KL_ID_FUNC_TIME_ASCII_TO_ASCII = 6, /**< two words of error vector */
+    KL_ID_FUNC_TIME_ASCII_TO_ASCII = 6,           /**< two words of error vector */
     KL_ID_FUNC_TIME_ASCII_TO_TRANSPORT = 7,
     KL_ID_FUNC_TIME_ASCII_TO_PROCESSING = 8,
     KL_ID_FUNC_TIME_ADD = 9,
@@ -59,7 +60,7 @@ enum {
     KL_ID_FUNC_TIME_REF_INIT_FILE = 13,
     KL_ID_FUNC_TIME_REF_INIT = 14,
     KL_ID_FUNC_TIME_ID_INIT = 15,
-    KL_ID_FUNC_TIME_REF_CLOSE = 16, /**< kl_time_close */
+    KL_ID_FUNC_TIME_REF_CLOSE = 16,               /**< kl_time_close */
     KL_ID_FUNC_CHANGE_CART_CS = 17,
     KL_ID_FUNC_GEOD_TO_CART = 18,
     KL_ID_FUNC_CART_TO_GEOD = 19,
@@ -83,7 +84,6 @@ enum {
     KL_ID_FUNC_RADEC_TO_CART = 37,
     KL_ID_FUNC_ECLIPSE = 38,
     KL_ID_FUNC_COTICCHIA_SURACE = 39,
-    /* 40 is unassigned */
     KL_ID_FUNC_MATRIX_TO_EULER = 41,
     KL_ID_FUNC_MODEL_INIT = 42,
     KL_ID_FUNC_MODEL_CLOSE = 43,
@@ -92,6 +92,7 @@ enum {
     KL_ID_FUNC_TIME_CUC_TO_PROCESSING = 46,
     KL_ID_FUNC_TIME_PROCESSING_TO_CUC = 47
 };
+/* <<< */
 
 /** Handle of a time id; zero-initialise it. */
 typedef struct kl_time_id {

@@ -48,91 +48,116 @@ public:
     /** Prints the versions of the libraries; true when they fit together. */
     static bool checkLibraryVersion();
 
-    // ---- rotations: angles in degrees. The forms with arrays write into the caller's. ----
+    // ---- functions of the same name: an id or a run, then the arguments in their order, without the processing format.
+    // Of the rotations, the forms with arrays write into the caller's. ----
 
+    // clang-format off
+    /* >>> members that only forward: Written by tools/api/generate.py from the table in api/. */
+    /** Position and velocity of the Sun, seen from the centre of the Earth. */
+    static BodyState sun(const ModelId &model_id, const TimeId &time_id, long time_ref, double time);
+    static BodyState sun(const RunId &run, long time_ref, double time);
+    /** Position and velocity of the Moon, seen from the centre of the Earth. */
+    static BodyState moon(const ModelId &model_id, const TimeId &time_id, long time_ref, double time);
+    static BodyState moon(const RunId &run, long time_ref, double time);
+    /** Position and velocity of a planet, seen from the centre of the Earth. */
+    static BodyState planet(const ModelId &model_id, const TimeId &time_id, long planet_id, long time_ref, double time);
+    static BodyState planet(const RunId &run, long planet_id, long time_ref, double time);
+    /** Processing time of a CCSDS unsegmented time code. */
+    static double timeCucToProcessing(const TimeId &time_id, const kl_cuc_config &config, long time_ref,
+                                      const CucTime &cuc);
+    /** CCSDS unsegmented time code of a processing time. */
+    static CucTime timeProcessingToCuc(const TimeId &time_id, const kl_cuc_config &config, long time_ref, double time);
+    /** Carries a processing time to another scale. */
+    static double timeProcessingToProcessing(const TimeId &time_id, long time_ref_in, double time_in,
+                                             long time_ref_out);
+    static double timeProcessingToProcessing(const RunId &run, long time_ref_in, double time_in, long time_ref_out);
+    /** Writes the instant of a text in another format, another scale or both. */
+    static TimeText timeAsciiToAscii(const TimeId &time_id, long ascii_id_in, long time_ref_in, TextArgument ascii_in,
+                                     long ascii_id_out, long time_ref_out);
+    static TimeText timeAsciiToAscii(const RunId &run, long ascii_id_in, long time_ref_in, TextArgument ascii_in,
+                                     long ascii_id_out, long time_ref_out);
+    /** Reads a text. */
+    static double timeAsciiToProcessing(const TimeId &time_id, long ascii_id_in, long time_ref_in,
+                                        TextArgument ascii_in, long time_ref_out);
+    static double timeAsciiToProcessing(const RunId &run, long ascii_id_in, long time_ref_in, TextArgument ascii_in,
+                                        long time_ref_out);
+    /** Reads a text into a transport time. */
+    static TransportTime timeAsciiToTransport(const TimeId &time_id, long ascii_id_in, long time_ref_in,
+                                              TextArgument ascii_in, long trans_id_out, long time_ref_out);
+    static TransportTime timeAsciiToTransport(const RunId &run, long ascii_id_in, long time_ref_in,
+                                              TextArgument ascii_in, long trans_id_out, long time_ref_out);
+    /** Writes a processing time as a text. */
+    static TimeText timeProcessingToAscii(const TimeId &time_id, long time_ref_in, double time_in, long ascii_id_out,
+                                          long time_ref_out);
+    static TimeText timeProcessingToAscii(const RunId &run, long time_ref_in, double time_in, long ascii_id_out,
+                                          long time_ref_out);
+    /** Writes a processing time as a transport time. */
+    static TransportTime timeProcessingToTransport(const TimeId &time_id, long time_ref_in, double time_in,
+                                                   long trans_id_out, long time_ref_out);
+    static TransportTime timeProcessingToTransport(const RunId &run, long time_ref_in, double time_in,
+                                                   long trans_id_out, long time_ref_out);
+    /** Writes a transport time as a text. */
+    static TimeText timeTransportToAscii(const TimeId &time_id, long trans_id_in, long time_ref_in,
+                                         const TransportTime &transport_in, long ascii_id_out, long time_ref_out);
+    static TimeText timeTransportToAscii(const RunId &run, long trans_id_in, long time_ref_in,
+                                         const TransportTime &transport_in, long ascii_id_out, long time_ref_out);
+    /** Reads a transport time. */
+    static double timeTransportToProcessing(const TimeId &time_id, long trans_id_in, long time_ref_in,
+                                            const TransportTime &transport_in, long time_ref_out);
+    static double timeTransportToProcessing(const RunId &run, long trans_id_in, long time_ref_in,
+                                            const TransportTime &transport_in, long time_ref_out);
+    /** Writes the instant of a transport time in another format, another scale or both. */
+    static TransportTime timeTransportToTransport(const TimeId &time_id, long trans_id_in, long time_ref_in,
+                                                  const TransportTime &transport_in, long trans_id_out,
+                                                  long time_ref_out);
+    static TransportTime timeTransportToTransport(const RunId &run, long trans_id_in, long time_ref_in,
+                                                  const TransportTime &transport_in, long trans_id_out,
+                                                  long time_ref_out);
+    /** Carries a position, velocity and acceleration from one reference frame to another. */
+    static State changeCartCs(const ModelId &model_id, const TimeId &time_id, long calc_mode, long cs_in, long cs_out,
+                              long time_ref, double time, const State &in);
+    static State changeCartCs(const RunId &run, long calc_mode, long cs_in, long cs_out, long time_ref, double time,
+                              const State &in);
+    /** Axis vectors of a quaternion. */
+    static Axes quaternionsToVectors(const Quaternion &q);
+    static void quaternionsToVectors(const double q[4], double x[3], double y[3], double z[3]);
+    /** Quaternion of three axis vectors (trace, or Shepperd's method). */
+    static Quaternion vectorsToQuaternions(const Axes &axes);
+    static void vectorsToQuaternions(const double x[3], const double y[3], const double z[3], double q[4]);
+    /** Matrix of three rotation angles a0, a1, a2 (about x, y and z). */
     static Matrix eulerToMatrix(const Vector &angles);
     static void eulerToMatrix(const double angles[3], double matrix[9]);
+    /** Rotation angles of a matrix, the inverse of kl_euler_to_matrix. */
     static Vector matrixToEuler(const Matrix &matrix);
     static void matrixToEuler(const double matrix[9], double angles[3]);
-    /** Angles that turn the first axes into the second. */
+    /** Angles of the rotation from one set of axes to another: with M = kl_euler_to_matrix(angles), M has the axes of set 2 as its rows, in components along set 1 (v2 = M v1). */
     static Vector getRotationAngles(const Axes &from, const Axes &to);
     static void getRotationAngles(const double x1[3], const double y1[3], const double z1[3], const double x2[3],
                                   const double y2[3], const double z2[3], double angles[3]);
+    /** Axes turned by three angles, the inverse of kl_get_rotation_angles. */
     static Axes getRotatedVectors(const Axes &axes, const Vector &angles);
     static void getRotatedVectors(const double x1[3], const double y1[3], const double z1[3], const double angles[3],
                                   double x2[3], double y2[3], double z2[3]);
-    static Axes quaternionsToVectors(const Quaternion &q);
-    static void quaternionsToVectors(const double q[4], double x[3], double y[3], double z[3]);
-    static Quaternion vectorsToQuaternions(const Axes &axes);
-    static void vectorsToQuaternions(const double x[3], const double y[3], const double z[3], double q[4]);
+    /** Processing time plus a duration, both in days of the same scale: no leap second comes in. */
+    static double timeAdd(long time_ref, double time, double duration);
+    /** Difference of two processing times of the same scale, in days of that scale: no leap second comes in. */
+    static double timeDiff(long time_ref, double time1, double time2);
+    /** The one leap second that a time id knows: the last change of TAI-UTC in its table. */
+    static LeapSecondInfo timeGetLeapSecondInfo(const TimeId &time_id, long ascii_id_out);
+    static LeapSecondInfo timeGetLeapSecondInfo(const RunId &run, long ascii_id_out);
+    /* <<< */
+    // clang-format on
+
+    // ---- quaternions, geoid ----
+
     /** The second quaternion of the configuration may be negated. */
     static Quaternion quaternionsInterpol(QuaternionsInterpolationCfg &cfg);
     static void quaternionsInterpol(QuaternionsInterpolationCfg &cfg, double q[4]);
-
-    // ---- Sun, Moon and planets, frames ----
-
-    static BodyState sun(const ModelId &model, const TimeId &time, long time_ref, double t);
-    static BodyState sun(const RunId &run, long time_ref, double t);
-    static BodyState moon(const ModelId &model, const TimeId &time, long time_ref, double t);
-    static BodyState moon(const RunId &run, long time_ref, double t);
-    static BodyState planet(const ModelId &model, const TimeId &time, long planet_id, long time_ref, double t);
-    static BodyState planet(const RunId &run, long planet_id, long time_ref, double t);
-    static State changeCartCs(const ModelId &model, const TimeId &time, long calc_mode, long cs_in, long cs_out,
-                              long time_ref, double t, const State &in);
-    static State changeCartCs(const RunId &run, long calc_mode, long cs_in, long cs_out, long time_ref, double t,
-                              const State &in);
-
-    // ---- geoid ----
-
     /** Undulation, m, at a geodetic latitude and longitude, deg. */
     static double geoid(const ModelId &model, double latitude, double longitude, long max_degree = 360);
     /** Undulations, m, row by row: one row a latitude. */
     static std::vector<double> geoidGrid(const ModelId &model, const std::vector<double> &latitudes,
                                          const std::vector<double> &longitudes, long max_degree = 360);
-
-    // ---- time: formats and scales. A transport or text format goes before the scale that it is read or written in
-    // ----
-
-    static double timeProcessingToProcessing(const TimeId &time, long ref_in, double t, long ref_out);
-    static double timeProcessingToProcessing(const RunId &run, long ref_in, double t, long ref_out);
-    static TimeText timeProcessingToAscii(const TimeId &time, long ref_in, double t, long ascii_out, long ref_out);
-    static TimeText timeProcessingToAscii(const RunId &run, long ref_in, double t, long ascii_out, long ref_out);
-    static TransportTime timeProcessingToTransport(const TimeId &time, long ref_in, double t, long trans_out,
-                                                   long ref_out);
-    static TransportTime timeProcessingToTransport(const RunId &run, long ref_in, double t, long trans_out,
-                                                   long ref_out);
-    static double timeAsciiToProcessing(const TimeId &time, long ascii_in, long ref_in, TextArgument text,
-                                        long ref_out);
-    static double timeAsciiToProcessing(const RunId &run, long ascii_in, long ref_in, TextArgument text, long ref_out);
-    static TimeText timeAsciiToAscii(const TimeId &time, long ascii_in, long ref_in, TextArgument text, long ascii_out,
-                                     long ref_out);
-    static TimeText timeAsciiToAscii(const RunId &run, long ascii_in, long ref_in, TextArgument text, long ascii_out,
-                                     long ref_out);
-    static TransportTime timeAsciiToTransport(const TimeId &time, long ascii_in, long ref_in, TextArgument text,
-                                              long trans_out, long ref_out);
-    static TransportTime timeAsciiToTransport(const RunId &run, long ascii_in, long ref_in, TextArgument text,
-                                              long trans_out, long ref_out);
-    static double timeTransportToProcessing(const TimeId &time, long trans_in, long ref_in, const TransportTime &t,
-                                            long ref_out);
-    static double timeTransportToProcessing(const RunId &run, long trans_in, long ref_in, const TransportTime &t,
-                                            long ref_out);
-    static TimeText timeTransportToAscii(const TimeId &time, long trans_in, long ref_in, const TransportTime &t,
-                                         long ascii_out, long ref_out);
-    static TimeText timeTransportToAscii(const RunId &run, long trans_in, long ref_in, const TransportTime &t,
-                                         long ascii_out, long ref_out);
-    static TransportTime timeTransportToTransport(const TimeId &time, long trans_in, long ref_in,
-                                                  const TransportTime &t, long trans_out, long ref_out);
-    static TransportTime timeTransportToTransport(const RunId &run, long trans_in, long ref_in, const TransportTime &t,
-                                                  long trans_out, long ref_out);
-
-    // ---- time: sums, leap second ----
-
-    /** t + duration, days. */
-    static double timeAdd(long time_ref, double t, double duration);
-    /** t1 - t2, days. */
-    static double timeDiff(long time_ref, double t1, double t2);
-    static LeapSecondInfo timeGetLeapSecondInfo(const TimeId &time, long ascii_out);
-    static LeapSecondInfo timeGetLeapSecondInfo(const RunId &run, long ascii_out);
 
     // ---- time: on-board clocks. The type of the parameters, kl_obt_param_*, chooses the format; they and the on-board
     // time carry the number of the satellite, which a time that is returned receives. `Satellite` is a SatId, or a
@@ -153,12 +178,6 @@ public:
         timeToObt(satellite, time_ref, &parameters, t, &obt);
         return obt;
     }
-
-    // ---- time: CCSDS unsegmented time code ----
-
-    static double timeCucToProcessing(const TimeId &time, const kl_cuc_config &config, long time_ref,
-                                      const CucTime &cuc);
-    static CucTime timeProcessingToCuc(const TimeId &time, const kl_cuc_config &config, long time_ref, double t);
 
 private:
     static double obtToTime(const SatId &satellite, long time_ref, const void *parameters, const void *obt);

@@ -2,7 +2,6 @@
 #include "bodies/bodies.h"
 #include "bodies/earth_tables.h"
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "numbers/sin_cos.h"
 #include "time/scales.h"
 
@@ -63,17 +62,7 @@ void turn(const double matrix[3][3], double v[3])
         v[i] = matrix[i][0] * x + matrix[i][1] * y + matrix[i][2] * z;
 }
 
-constexpr Message kEarthMessages[] = {
-    /* KL_EARTH_REFERENCE */ error("Input Time Reference is not TDB"),
-    /* KL_EARTH_FORMAT    */ error("Input Time Format is not MJD2000"),
-    /* KL_EARTH_EVP       */ error("Internal computation error # 1"), // never recorded: the ephemeris cannot fail
-    /* KL_EARTH_LOCK      */ error("Could not lock other threads"),   // never recorded: no lock is taken
-};
-static_assert(std::size(kEarthMessages) == KL_EARTH_N_CODES);
-
 } // namespace
-
-extern const MessageGroup messages_KL_Earth = group(kEarthMessages);
 
 void KL_SlaEvp(double dvb[3], double dpb[3], double dvh[3], double dph[3], double date, double deqx)
 {

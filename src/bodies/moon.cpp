@@ -2,7 +2,6 @@
 #include "bodies/bodies.h"
 #include "bodies/moon_tables.h"
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "numbers/sin_cos.h"
 #include "time/scales.h"
 
@@ -154,16 +153,7 @@ ValueAndRate sum(const Series<N> &series, const ComplexAndRate *anomalies, const
     return {total[0] + total[1], total_rate[0] + total_rate[1]};
 }
 
-constexpr Message kMoonPosVelMessages[] = {
-    /* KL_MOON_POSVEL_REFERENCE */ error("Internal computation error # 1"),
-    /* KL_MOON_POSVEL_FORMAT    */ error("Internal computation error # 2"),
-    /* KL_MOON_POSVEL_LOCK      */ error("Could not lock other threads"), // never recorded: no lock is taken
-};
-static_assert(std::size(kMoonPosVelMessages) == KL_MOON_POSVEL_N_CODES);
-
 } // namespace
-
-extern const MessageGroup messages_KL_Moon_PosVel = group(kMoonPosVelMessages);
 
 void KL_SlaDmoon(double pv[6], double date)
 {

@@ -2,7 +2,6 @@
 #include "bodies/bodies.h"
 #include "bodies/planet_tables.h"
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "numbers/elementary.h"
 #include "time/scales.h"
 
@@ -17,22 +16,7 @@ double angle_at(const double c[3], double t)
     return (3600.0 * c[0] + (c[1] + c[2] * t) * t) * kArcsecond;
 }
 
-constexpr Message kPlanetsMessages[] = {
-    /* KL_PLANETS_1           */ error("Internal computation error # 1"), // never recorded
-    /* KL_PLANETS_2           */ error("Internal computation error # 2"), // never recorded
-    /* KL_PLANETS_CODE        */ error("Wrong selected planet on input (not allowed)"),
-    // On purpose: the parenthesis stays open; readers of logs match the text as it is.
-    /* KL_PLANETS_DEGRADED    */
-    warning("Degraded position and velocity vectors accuracy (UTC on input outside recommended interval"),
-    /* KL_PLANETS_CONVERGENCE */ warning("Internal computation warning # 1"),
-    /* KL_PLANETS_INTERNAL    */ error("Internal computation error # 3"),
-    /* KL_PLANETS_LOCK        */ error("Could not lock other threads"), // never recorded: no lock is taken
-};
-static_assert(std::size(kPlanetsMessages) == KL_PLANETS_N_CODES);
-
 } // namespace
-
-extern const MessageGroup messages_KL_Planets = group(kPlanetsMessages);
 
 void KL_SlaPlanet(long np, double pv[6], long *jstat, double date)
 {

@@ -1,29 +1,12 @@
 // The Sun seen from the Earth, and from a satellite with the light time taken off.
 #include "bodies/bodies.h"
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "models/model_record.h"
 #include "time/scales.h"
 
 #include <iterator>
 
 namespace {
-
-constexpr Message kSunPosVelMessages[] = {
-    /* KL_SUN_POSVEL_1     */ error("Internal computation error # 1"), // never recorded
-    /* KL_SUN_POSVEL_2     */ error("Internal computation error # 2"), // never recorded
-    /* KL_SUN_POSVEL_EARTH */ error("Internal computation error # 3"),
-    /* KL_SUN_POSVEL_FRAME */ error("Internal computation error # 4"),
-    /* KL_SUN_POSVEL_LOCK  */ error("Could not lock other threads"), // never recorded: no lock is taken
-};
-static_assert(std::size(kSunPosVelMessages) == KL_SUN_POSVEL_N_CODES);
-
-constexpr Message kLightSunMessages[] = {
-    /* KL_LIGHT_SUN_SATELLITE */ error("Error in satellite state vector conversion."),
-    /* KL_LIGHT_SUN_REFERENCE */ error("Wrong input time reference. Only TDB allowed."),
-    /* KL_LIGHT_SUN_SUN       */ error("Error calling KL_Sun_PosVel."),
-};
-static_assert(std::size(kLightSunMessages) == KL_LIGHT_SUN_N_CODES);
 
 constexpr double kSpeedOfLight = 299792458.0; // m/s
 // On purpose: 0.499 s, a thousandth of the light time over one AU. Only a start; what it misses stays in the result,
@@ -39,9 +22,6 @@ double distance(const Cord &a, const Cord &b)
 }
 
 } // namespace
-
-extern const MessageGroup messages_KL_Sun_PosVel = group(kSunPosVelMessages);
-extern const MessageGroup messages_KL_Sun_PosVel_Sun_Travel_Time = group(kLightSunMessages);
 
 long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb, Cord *sun,
                    kl_error_record *error)

@@ -1,7 +1,6 @@
 // Sun, Moon and planets in the Earth-fixed frame.
 #include "bodies/bodies.h"
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "models/model_record.h"
 #include "time/scales.h"
 
@@ -9,51 +8,6 @@
 #include <limits>
 
 namespace {
-
-constexpr Message kSunMessages[] = {
-    /* KL_SUN_TIME_REF_ERR     */ error("Input time reference ID is not correct"),
-    /* KL_SUN_DATE_ERR         */ error("Input date is out of range"),
-    /* KL_SUN_TIME_ID_ERR      */ error("Time Reference not initialised"),
-    /* KL_SUN_BODY_ERR         */ error("Error in calling KL_Sun_PosVel"),
-    /* KL_SUN_TDB_ERR          */ error("Error in KL_Time_p2p_ref_tai_to_tdb"),
-    /* KL_SUN_PROC_TO_PROC_ERR */ error("Error in kl_time_processing_to_processing"), // never recorded
-    /* KL_SUN_FRAME_ERR        */ error("Error in KL_Change_CoordinateSystem"),
-};
-static_assert(std::size(kSunMessages) == KL_SUN_N_CODES);
-
-constexpr Message kMoonMessages[] = {
-    /* KL_MOON_TIME_REF_ERR     */ error("Input time reference ID is not correct"),
-    /* KL_MOON_DATE_ERR         */ error("Input date is out of range"),
-    /* KL_MOON_TIME_ID_ERR      */ error("Time Reference not initialised"),
-    /* KL_MOON_BODY_ERR         */ error("Error in calling KL_Moon_PosVel"),
-    /* KL_MOON_TDB_ERR          */ error("Error in KL_Time_p2p_ref_tai_to_tdb"), // never recorded
-    /* KL_MOON_PROC_TO_PROC_ERR */ error("Error in kl_time_processing_to_processing"),
-    /* KL_MOON_FRAME_ERR        */ error("Error in KL_Change_CoordinateSystem"),
-};
-static_assert(std::size(kMoonMessages) == KL_MOON_N_CODES);
-
-constexpr Message kPlanetMessages[] = {
-    /* KL_PLANET_TIME_REF_ERR     */ error("Input time reference ID is not correct"),
-    /* KL_PLANET_DATE_ERR         */ error("Input date is out of range"),
-    /* KL_PLANET_TIME_ID_ERR      */ error("Time Reference not initialised"),
-    /* KL_PLANET_CODE_ERR         */ error("Planet code is not correct"),
-    /* KL_PLANET_TDB_ERR          */ error("Error in KL_Time_p2p_ref_tai_to_tdb"), // never recorded
-    /* KL_PLANET_PROC_TO_PROC_ERR */ error("Error in kl_time_processing_to_processing"),
-    /* KL_PLANET_FRAME_ERR        */ error("Error in KL_Change_CoordinateSystem"),
-    /* KL_PLANET_CONVERGENCE_WARN */ warning("Internal Warning: KL_Planets solution didn't converge"),
-};
-static_assert(std::size(kPlanetMessages) == KL_PLANET_N_CODES);
-
-constexpr Message kTravelTimeMessages[] = {
-    /* KL_TRAVEL_TIME_REF        */ error("Input time reference ID is not correct"),
-    /* KL_TRAVEL_TIME_DATE       */ error("Input date is out of range"),
-    /* KL_TRAVEL_TIME_ID         */ error("Time Reference not initialised"),
-    /* KL_TRAVEL_TIME_SUN        */ error("Error in calling KL_Sun_PosVel_Sun_Travel_Time"),
-    /* KL_TRAVEL_TIME_TDB        */ error("Error in KL_Time_p2p_ref_tai_to_tdb"),
-    /* KL_TRAVEL_TIME_CONVERSION */ error("Error in kl_time_processing_to_processing"), // never recorded
-    /* KL_TRAVEL_TIME_FRAME      */ error("Error in KL_Change_CoordinateSystem"),
-};
-static_assert(std::size(kTravelTimeMessages) == KL_TRAVEL_TIME_N_CODES);
 
 // The conditions by which the four functions name the steps of the same walk.
 struct StepCodes {
@@ -155,11 +109,6 @@ long walk_to_ef(Activation &call, const StepCodes &codes, kl_model_id *model_id,
 }
 
 } // namespace
-
-extern const MessageGroup messages_kl_sun = group(kSunMessages);
-extern const MessageGroup messages_kl_moon = group(kMoonMessages);
-extern const MessageGroup messages_kl_planet = group(kPlanetMessages);
-extern const MessageGroup messages_KL_Sun_travel_time = group(kTravelTimeMessages);
 
 long kl_sun(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time, double sun_pos[3],
             double sun_vel[3], long *ierr)

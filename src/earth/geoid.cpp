@@ -2,7 +2,6 @@
 #include "earth/egm96_tables.h"
 #include "earth/geoid_kernel.h"
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "models/model_record.h"
 #include "numbers/elementary.h"
 #include "numbers/numbers.h"
@@ -23,31 +22,6 @@ constexpr double kSomigliana = 0.001931852639275089;
 constexpr double kGm = 3.9860044e14;   // m3/s2
 constexpr double kZeroDegree = -0.53;  // m, added to every undulation
 constexpr double kCentimetres = 100.0; // in a metre: CC and CS are in centimetres
-
-enum { KL_GEOID_UNDU_POLE_ERR = 0, KL_GEOID_UNDU_N_CODES };
-
-constexpr Message kUnduMessages[] = {
-    // never recorded: derivatives are not asked for
-    /* KL_GEOID_UNDU_POLE_ERR */ error("Derivatives at the poles are not computed"),
-};
-static_assert(std::size(kUnduMessages) == KL_GEOID_UNDU_N_CODES);
-
-constexpr Message kCalcMessages[] = {
-    /* KL_GEOID_CALC_DEGREE_ERR      */ error("Wrong number of harmonics: %ld", kLongArgument),
-    /* KL_GEOID_CALC_LATITUDE_ERR    */ error("Latitude (%lf) outside interval [-90.,90.]", kDoubleArgument),
-    /* KL_GEOID_CALC_LONGITUDE_ERR   */ error("Longitude (%lf) outside interval [0.,360.)", kDoubleArgument),
-    /* KL_GEOID_CALC_COMPUTATION_ERR */ error("Error computing the undulation from coefficients model"),
-};
-static_assert(std::size(kCalcMessages) == KL_GEOID_CALC_COMPUTATION_ERR + 1);
-
-// Loaders of coefficient files, which the library does not have; never recorded.
-constexpr Message kDhcsinMessages[] = {
-    error("Error loading EGM96 file"),
-};
-constexpr Message kDhccorrMessages[] = {
-    error("Memory allocation error"),
-    error("Error loading coeff. correction file"),
-};
 
 constexpr CodeMap kLegfdnToUndu[] = {
     {KL_LEGFDN_POLE_ERR, KL_GEOID_UNDU_POLE_ERR},
@@ -277,11 +251,6 @@ long plain_grid(const EarthModel &earth, long max_degree, const double *lat, lon
 }
 
 } // namespace
-
-const MessageGroup messages_KL_Geoid_undu = group(kUnduMessages);
-const MessageGroup messages_kl_geoid_calc = group(kCalcMessages);
-const MessageGroup messages_KL_Dhcsin = group(kDhcsinMessages);
-const MessageGroup messages_KL_Dhccorr = group(kDhccorrMessages);
 
 void KL_Radgra(double *geocentric_latitude_rad, double *normal_gravity, double *radius, double lat_deg, double lon_deg,
                double height)

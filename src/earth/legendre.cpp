@@ -1,6 +1,5 @@
 // Fully normalised Legendre functions of one order, and sines and cosines of the multiples of a longitude.
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "kl_family.h"
 #include "numbers/elementary.h"
 
@@ -9,11 +8,6 @@
 #include <iterator>
 
 namespace {
-
-constexpr Message kLegfdnMessages[] = {
-    /* KL_LEGFDN_POLE_ERR */ error("Legfdn does not compute derivatives at the poles"),
-};
-static_assert(std::size(kLegfdnMessages) == KL_LEGFDN_POLE_ERR + 1);
 
 // Below this P(m,m) counts as zero: it is worth nothing in any sum, and subnormal numbers are slow.
 constexpr double kNegligibleSectoral = 1e-280;
@@ -30,8 +24,6 @@ double sectoral(long m, double sin_theta)
 }
 
 } // namespace
-
-const MessageGroup messages_KL_Legfdn = group(kLegfdnMessages);
 
 // Forward in degree from the sectoral value: Holmes and Featherstone, J. Geodesy 76, 279-299 (2002), section 2.
 long KL_Legfdn(long m, double theta, double *p, long nmax, long derivatives, double *dp, kl_error_record *record)

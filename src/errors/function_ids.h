@@ -1,9 +1,9 @@
-// Internal function ids: indices of the message table. Public functions keep the order of their public ids.
+// Internal function ids: indices of the message table.
+// Written by tools/api/generate.py from the table in api/.
 #ifndef KL_SRC_ERRORS_FUNCTION_IDS_H
 #define KL_SRC_ERRORS_FUNCTION_IDS_H
 
 enum {
-    // the machinery itself: no codes
     KL_FN_INIT_ERR = 0,
     KL_FN_PRINT_ERR_MSG = 1,
     KL_FN_SILENT = 2,
@@ -14,15 +14,11 @@ enum {
     KL_FN_CHECK_ERROR_CODE = 7,
     KL_FN_CHECK_EXTENDED_ERROR_CODE = 8,
     KL_FN_CAR_GEO = 9,
-
-    // ids and satellites
     KL_FN_CHECK_SAT_ID = 10,
     KL_FN_CHECK_GEO_SAT_ID = 11,
     KL_FN_SAT_ID_TO_ARRAY = 12,
     KL_FN_GET_MIN_PERIOD = 13,
     KL_FN_GET_MAX_PERIOD = 14,
-
-    // time
     KL_FN_CHECK_TIME_REF = 20,
     KL_FN_MJD_CALENDAR = 21,
     KL_FN_CALENDAR = 22,
@@ -30,7 +26,7 @@ enum {
     KL_FN_TIME_CHECK_PROCESSING_INPUTS = 24,
     KL_FN_TIME_CHECK_PROCESSING_OUTPUTS = 25,
     KL_FN_TIME_P2T_FORMAT_TO_STD = 26,
-    KL_FN_TIME_CURRENT_TIME = 27, // never recorded
+    KL_FN_TIME_CURRENT_TIME = 27,
     KL_FN_TIME_CHECK_ASCII_INPUTS = 28,
     KL_FN_TIME_CHECK_ASCII_OUTPUTS = 29,
     KL_FN_TIME_CHECK_TRANSPORT_INPUTS = 30,
@@ -44,29 +40,19 @@ enum {
     KL_FN_TIME_CHECK_LEAP_SECOND = 41,
     KL_FN_TIME_REF_INIT_CHECK_INPUTS = 42,
     KL_FN_LOAD_SP3_ORBIT_FILE_LIST = 43,
-
-    // frames
     KL_FN_CHANGE_COORDINATE_SYSTEM = 50,
     KL_FN_CHANGE_COORDINATE_SYSTEM_SIM = 51,
-
-    // bodies
     KL_FN_EARTH = 60,
     KL_FN_SUN_POSVEL = 61,
     KL_FN_MOON_POSVEL = 62,
     KL_FN_PLANETS = 63,
     KL_FN_SUN_POSVEL_SUN_TRAVEL_TIME = 64,
     KL_FN_SUN_TRAVEL_TIME = 65,
-
-    // geoid
     KL_FN_GEOID_UNDU = 70,
     KL_FN_LEGFDN = 71,
     KL_FN_DHCSIN = 72,
     KL_FN_DHCCORR = 73,
-
-    // rotations
     KL_FN_CS_ROTATION = 80,
-
-    // public functions
     KL_FN_TIME_TRANSPORT_TO_ASCII = 101,
     KL_FN_TIME_TRANSPORT_TO_TRANSPORT = 102,
     KL_FN_TIME_TRANSPORT_TO_PROCESSING = 103,
@@ -83,7 +69,7 @@ enum {
     KL_FN_TIME_REF_INIT_FILE = 128,
     KL_FN_TIME_REF_INIT = 129,
     KL_FN_TIME_ID_INIT = 130,
-    KL_FN_TIME_REF_CLOSE = 131, // kl_time_close
+    KL_FN_TIME_REF_CLOSE = 131,
     KL_FN_CHANGE_CART_CS = 135,
     KL_FN_GEOD_TO_CART = 136,
     KL_FN_CART_TO_GEOD = 137,
@@ -107,7 +93,7 @@ enum {
     KL_FN_RADEC_TO_CART = 155,
     KL_FN_ECLIPSE = 156,
     KL_FN_COTICCHIA_SURACE = 157,
-    KL_FN_EULER_TO_MATRIX = 158, // no codes and no public id: only clears its vector
+    KL_FN_EULER_TO_MATRIX = 158,
     KL_FN_MATRIX_TO_EULER = 159,
     KL_FN_MODEL_INIT = 160,
     KL_FN_MODEL_CLOSE = 161,

@@ -2,7 +2,6 @@
 #include "errors/activation.h"
 #include "errors/last_call.h"
 
-#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -15,87 +14,11 @@ constexpr int kWarningBit = 30;
 constexpr int kErrorBit = 63;
 constexpr int kMaxCodes = 256;
 
-constexpr int kNoFunction = 0;
-constexpr int kUnassigned = 40;
-
-// The one function with a second word: its codes from 27 on stand there.
-constexpr int kTwoWords = KL_ID_FUNC_TIME_ASCII_TO_ASCII;
-constexpr int kFirstWordCodes = 27;
-
-// This row documents more codes than the message table has for it. On purpose: both numbers stand.
-constexpr int kCoticchiaSuraceCodes = 4;
-
-// Internal function id of each public id.
-constexpr std::int16_t kFunctionOfPublic[] = {
-    KL_FN_TIME_TRANSPORT_TO_ASCII,
-    KL_FN_TIME_TRANSPORT_TO_TRANSPORT,
-    KL_FN_TIME_TRANSPORT_TO_PROCESSING,
-    KL_FN_TIME_PROCESSING_TO_ASCII,
-    KL_FN_TIME_PROCESSING_TO_TRANSPORT,
-    KL_FN_TIME_PROCESSING_TO_PROCESSING,
-    KL_FN_TIME_ASCII_TO_ASCII,
-    KL_FN_TIME_ASCII_TO_TRANSPORT,
-    KL_FN_TIME_ASCII_TO_PROCESSING,
-    KL_FN_TIME_ADD,
-    KL_FN_TIME_DIFF,
-    KL_FN_TIME_OBT_TO_TIME,
-    KL_FN_TIME_TIME_TO_OBT,
-    KL_FN_TIME_REF_INIT_FILE,
-    KL_FN_TIME_REF_INIT,
-    KL_FN_TIME_ID_INIT,
-    KL_FN_TIME_REF_CLOSE,
-    KL_FN_CHANGE_CART_CS,
-    KL_FN_GEOD_TO_CART,
-    KL_FN_CART_TO_GEOD,
-    KL_FN_KEPL_TO_CART,
-    KL_FN_CART_TO_KEPL,
-    KL_FN_SUN,
-    KL_FN_MOON,
-    KL_FN_PLANET,
-    KL_FN_STAR_RADEC,
-    KL_FN_GEOD_DISTANCE,
-    KL_FN_TIME_GET_LEAP_SECOND_INFO,
-    KL_FN_DEFAULT_SAT_INIT,
-    KL_FN_RUN_INIT,
-    KL_FN_GET_ROTATION_ANGLES,
-    KL_FN_GET_ROTATED_VECTORS,
-    KL_FN_POSITION_ON_ORBIT,
-    KL_FN_QUATERNIONS_TO_VECTORS,
-    KL_FN_VECTORS_TO_QUATERNIONS,
-    KL_FN_STAR_CATALOG,
-    KL_FN_CART_TO_RADEC,
-    KL_FN_RADEC_TO_CART,
-    KL_FN_ECLIPSE,
-    KL_FN_COTICCHIA_SURACE,
-    kNoFunction, // 40 is unassigned
-    KL_FN_MATRIX_TO_EULER,
-    KL_FN_MODEL_INIT,
-    KL_FN_MODEL_CLOSE,
-    KL_FN_GEOID_CALC,
-    KL_FN_QUATERNIONS_INTERPOL,
-    KL_FN_TIME_CUC_TO_PROCESSING,
-    KL_FN_TIME_PROCESSING_TO_CUC,
-};
-constexpr int kRows = static_cast<int>(std::size(kFunctionOfPublic));
-static_assert(kRows == 48);
-
 int n_codes(int function_id)
 {
     const MessageGroup *messages = function_messages(function_id).messages;
     return messages != nullptr ? messages->n_codes : 0;
 }
-
-constexpr std::array<std::int8_t, KL_N_FUNCTIONS> rows_of_functions()
-{
-    std::array<std::int8_t, KL_N_FUNCTIONS> rows{};
-    for (auto &row : rows)
-        row = -1;
-    for (int row = kRows - 1; row >= 0; --row) // the first row of a function wins
-        rows[static_cast<std::size_t>(kFunctionOfPublic[row])] = static_cast<std::int8_t>(row);
-    return rows;
-}
-
-constexpr std::array<std::int8_t, KL_N_FUNCTIONS> kRowOfFunction = rows_of_functions();
 
 void put(const char *text)
 {
@@ -115,23 +38,12 @@ bool each_set_bit(const PublicFunction &row, const long *ierr, Visitor visit)
 
 } // namespace
 
-int PublicFunction::n_words() const
-{
-    return public_id == kUnassigned ? 0 : public_id == kTwoWords ? 2 : 1;
-}
-
-int PublicFunction::n_public_codes() const
-{
-    return public_id == KL_ID_FUNC_COTICCHIA_SURACE ? kCoticchiaSuraceCodes : n_codes(function_id);
-}
-
 int PublicFunction::code_to_bit(long code) const
 {
     if (code < 0 || code >= n_codes(function_id))
         return -1;
-    if (public_id == kTwoWords && code >= kFirstWordCodes)
-        return static_cast<int>(kWordBits + code - kFirstWordCodes);
-    return static_cast<int>(code);
+    const int bit = function_messages(function_id).messages->rows[code].bit;
+    return bit == kBitIsCode ? static_cast<int>(code) : bit;
 }
 
 int PublicFunction::bit_to_code(int bit) const
@@ -144,17 +56,18 @@ int PublicFunction::bit_to_code(int bit) const
 
 PublicFunction public_by_function(long function_id)
 {
-    const int row =
-        function_id >= 0 && function_id < KL_N_FUNCTIONS ? kRowOfFunction[static_cast<std::size_t>(function_id)] : -1;
-    return {row, row >= 0 ? kFunctionOfPublic[row] : -1};
+    if (function_id < 0 || function_id >= KL_N_FUNCTIONS)
+        return {-1, -1};
+    const int row = function_messages(static_cast<int>(function_id)).public_id;
+    return {row, row >= 0 ? public_row(row).function_id : -1};
 }
 
 PublicFunction public_by_id(long public_id)
 {
-    // The unassigned row carries public id 0 and is never reached.
-    if (public_id < 0 || public_id >= kRows || public_id == kUnassigned)
+    // The unassigned row carries function 0 and is never reached.
+    if (public_id < 0 || public_id >= KL_N_PUBLIC_IDS || public_id == KL_UNASSIGNED_PUBLIC_ID)
         return {-1, -1};
-    return {static_cast<int>(public_id), kFunctionOfPublic[public_id]};
+    return {static_cast<int>(public_id), public_row(static_cast<int>(public_id)).function_id};
 }
 
 long KL_Check_if_public_function(long function_id)

@@ -1,34 +1,11 @@
 // The public frame change.
 #include "errors/activation.h"
-#include "errors/message_groups.h"
-#include "frames/frame_chain.h"
 #include "frames/frames.h"
 #include "time/scales.h"
 
 #include <iterator>
 
 namespace {
-
-constexpr Message kRows[] = {
-    /* KL_CHANGE_CART_CS_TIME_REF_ERR       */ error("Input time reference ID is not correct"),
-    /* KL_CHANGE_CART_CS_DATE_ERR           */ error("Input date is out of range"),
-    /* KL_CHANGE_CART_CS_CALC_MODE_ERR      */ error("Calculation mode ID is not correct"),
-    /* KL_CHANGE_CART_CS_CS_IN_ERR          */ error("Input reference frame is not correct"),
-    /* KL_CHANGE_CART_CS_CS_OUT_ERR         */ error("Output reference frame is not correct"),
-    /* KL_CHANGE_CART_CS_TIME_ID_ERR        */ error("Time Reference not initialised"),
-    /* KL_CHANGE_CART_CS_FORMULA_WARN       */
-    warning("Bulletin A: previous computation performed inside file interval, current performed with formula"),
-    /* KL_CHANGE_CART_CS_GAP_WARN           */
-    warning("Bulletin B+A: current computation performed inside B-A gap. Previous computation was done inside B or A "
-            "files intervals."),
-    /* KL_CHANGE_CART_CS_VALIDITY_WARN      */
-    warning("Previous computation performed inside initialization validity, current computation performed outside "
-            "initialization validity"),
-    /* KL_CHANGE_CART_CS_TAI_ERR            */ error("Error computing TAI time."),
-    /* KL_CHANGE_CART_CS_TRANSFORMATION_ERR */ error("Error computing transformation."),
-    /* KL_CHANGE_CART_CS_LIF_ERR            */ error("Conversion to/from LIF requires time id initialised with VELM."),
-};
-static_assert(std::size(kRows) == KL_CHANGE_CART_CS_N_CODES);
 
 constexpr CodeMap kInput[] = {
     {KL_CHECK_IN_REF, KL_CHANGE_CART_CS_TIME_REF_ERR},
@@ -41,8 +18,6 @@ bool inside(const long *value, long first, long last)
 }
 
 } // namespace
-
-const MessageGroup messages_kl_change_cart_cs = group(kRows);
 
 long kl_change_cart_cs(kl_model_id *model_id, kl_time_id *time_id, const long *calc_mode, const long *cs_in,
                        const long *cs_out, const long *time_ref, const double *time, const double pos[3],

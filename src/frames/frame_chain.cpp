@@ -1,7 +1,5 @@
 // The walk from one frame to another: path, dates, edges.
-#include "frames/frame_chain.h"
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "frames/frames.h"
 #include "frames/star_frames.h"
 #include "models/model_record.h"
@@ -13,23 +11,6 @@
 #include <iterator>
 
 namespace {
-
-constexpr Message kChain[] = {
-    /* KL_CHAIN_DATE_RECORD  */ error("Invalid time reference or format"),
-    /* KL_CHAIN_INITIAL      */ error("Invalid initial coordinate system"),
-    /* KL_CHAIN_FINAL        */ error("Invalid final coordinate system"),
-    /* KL_CHAIN_EARTH        */ error("Error calculating Earth vel. and acc."),
-    /* KL_CHAIN_DATE_RANGE   */ error("Input date out of allowed range"),
-    /* KL_CHAIN_TIME_ID      */ error("Time reference not initialized"),
-    /* KL_CHAIN_PTOD         */ warning("Transformation ToD<->PToD not performed"),
-    /* KL_CHAIN_QMOD         */ warning("Transformation QMoD<->MoD not performed"),
-    /* KL_CHAIN_PTOD_SKIPPED */ warning("Transformation ToD<->PToD skipped"),
-    /* KL_CHAIN_ACCELERATION */
-    warning("Zero acceleration between baricentric, heliocentric and geocentric systems considered"),
-    /* KL_CHAIN_LIF          */ error("Conversion to/from LIF requires time id initialised with VELM"),
-    /* KL_CHAIN_UT1          */ error("Identify nutation or rotation failed"),
-};
-static_assert(std::size(kChain) == KL_CHAIN_N_CODES);
 
 enum EdgeCode {
     kGalacticToBm1950,
@@ -480,9 +461,6 @@ long one_edge(int code, kl_model_id *model_id, kl_time_id *time_id, const kl_tim
 }
 
 } // namespace
-
-const MessageGroup messages_KL_Change_CoordinateSystem = group(kChain);
-const MessageGroup messages_KL_Change_CoordinateSystem_Sim = group(kChain);
 
 double mjd2000_of(const kl_time_record &date)
 {

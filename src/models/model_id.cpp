@@ -1,7 +1,6 @@
 // Model ids, and the wiring of the model record: the one place that knows every routine behind it.
 #include "earth/egm96_tables.h"
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "models/model_record.h"
 
 #include <cstddef>
@@ -10,19 +9,6 @@
 #include <iterator>
 
 namespace {
-
-constexpr Message kInit[] = {
-    /* KL_MODEL_INIT_INITIALISED_ERR */ error("Model ID is already initialised"),
-    /* KL_MODEL_INIT_MEMORY_ERR      */ error("Memory allocation error"),
-    // On purpose: the name of the model is passed, and the placeholder printed as it stands.
-    /* KL_MODEL_INIT_SELECTION_ERR   */ error("Wrong enumeration value for %s model"),
-};
-static_assert(std::size(kInit) == KL_MODEL_INIT_N_CODES);
-
-constexpr Message kClose[] = {
-    /* KL_MODEL_CLOSE_ID_ERR */ error("The Model Id is not initialized or it could be in use by another Id."),
-};
-static_assert(std::size(kClose) == KL_MODEL_CLOSE_N_CODES);
 
 constexpr long kNoSatellite = -1;
 constexpr int kKinds = 9;
@@ -95,9 +81,6 @@ ModelIdRecord *initialised_record(const kl_model_id *model_id)
 }
 
 } // namespace
-
-const MessageGroup messages_kl_model_init = group(kInit);
-const MessageGroup messages_kl_model_close = group(kClose);
 
 const ModelBlocks &model_blocks(const kl_model_id *model_id)
 {

@@ -1,6 +1,5 @@
 // Rotation angles and matrices, and the angles between two sets of axes.
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "numbers/elementary.h"
 #include "numbers/numbers.h"
 
@@ -9,21 +8,7 @@
 
 namespace {
 
-constexpr Message kFromMatrix[] = {
-    /* KL_MATRIX_TO_EULER_ROTATION_ERR    */ error("The matrix does not define a rotation"),
-    /* KL_MATRIX_TO_EULER_AMBIGUITY_WARN  */ warning("Ambiguity in angles determination"),
-    /* KL_MATRIX_TO_EULER_ORTHONORMAL_ERR */ error("The matrix is not orthonormal"),
-};
-static_assert(std::size(kFromMatrix) == KL_MATRIX_TO_EULER_N_CODES);
-
 // The same two for both functions.
-constexpr Message kBetweenAxes[] = {
-    /* KL_GET_ROTATION_ANGLES_ORTHOGONAL_ERR */ error("Input vectors are not orthogonal"),
-    /* KL_GET_ROTATION_ANGLES_ROTATION_ERR   */ error("Error occurred during call to function KL_CS_Rotation"),
-};
-static_assert(std::size(kBetweenAxes) == KL_GET_ROTATION_ANGLES_N_CODES);
-static_assert(std::size(kBetweenAxes) == KL_GET_ROTATED_VECTORS_N_CODES);
-
 constexpr double kOrthogonal = 1e-6;
 constexpr double kRotation = 1e-9;
 
@@ -152,10 +137,6 @@ void orthogonalise(double axes[9])
 }
 
 } // namespace
-
-const MessageGroup messages_kl_matrix_to_euler = group(kFromMatrix);
-const MessageGroup messages_kl_get_rotation_angles = group(kBetweenAxes);
-const MessageGroup messages_kl_get_rotated_vectors = group(kBetweenAxes);
 
 long KL_Check_rotation_matrix(const double matrix[9], double s0, double c0, double s1, double c1, double s2, double c2)
 {

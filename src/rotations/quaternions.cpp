@@ -1,6 +1,5 @@
 // Quaternions: vector part first, scalar last. The axis vectors x, y, z are the columns of the attitude matrix.
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "numbers/elementary.h"
 #include "numbers/numbers.h"
 
@@ -9,24 +8,6 @@
 #include <iterator>
 
 namespace {
-
-constexpr Message kToVectors[] = {
-    /* KL_QUATERNIONS_TO_VECTORS_MODULE_ERR */ error("Wrong input quaternion. The module is different from 1"),
-};
-static_assert(std::size(kToVectors) == KL_QUATERNIONS_TO_VECTORS_N_CODES);
-
-constexpr Message kFromVectors[] = {
-    /* KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR     */ error("Wrong input vectors."),
-    /* KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR */ error("Input vectors are not orthonormal"),
-};
-static_assert(std::size(kFromVectors) == KL_VECTORS_TO_QUATERNIONS_N_CODES);
-
-constexpr Message kInterpol[] = {
-    /* KL_QUATERNIONS_INTERPOL_RANGE_WARN    */
-    warning("Time interpolation parameter out of quaternions range. Extrapolation will be used."),
-    /* KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR */ error("Wrong algorithm. Only KL_INTERPOL_SLERP allowed."),
-};
-static_assert(std::size(kInterpol) == KL_QUATERNIONS_INTERPOL_N_CODES);
 
 constexpr double kOrthogonal = 1e-6;     // cosine of the angle between
 constexpr double kNearlyEqual = 1e-9;    // of the dot product from 1: linear weights serve
@@ -91,10 +72,6 @@ void provisional_quaternion(const Columns &A, double q[4])
 }
 
 } // namespace
-
-const MessageGroup messages_kl_quaternions_to_vectors = group(kToVectors);
-const MessageGroup messages_kl_vectors_to_quaternions = group(kFromVectors);
-const MessageGroup messages_kl_quaternions_interpol = group(kInterpol);
 
 long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr)
 {

@@ -1,29 +1,8 @@
-// The twins of public functions that take a run in place of their leading ids. Nothing below this file knows of runs.
-#include "runs/runs.h"
+// The twins of public functions that take a run in place of their leading ids.
+// Written by tools/api/generate.py from the table in api/.
+#include "runs/with_run.h"
 
-namespace {
-
-// Calls a function with the handles of a run; without the run nothing is touched.
-template <typename Call>
-long with_run(const long *run_id, Call call)
-{
-    const RunRecord *run = initialised_run(run_id);
-    if (run == nullptr)
-        return KL_ERR;
-    kl_model_id model = {run->model};
-    kl_time_id time = {run->time};
-    return call(&model, &time);
-}
-
-// On purpose: the twins of the on-board clocks do not refuse a run that is not initialised; they pass on its satellite,
-// which is then none.
-long satellite_of(const long *run_id)
-{
-    const RunRecord *run = initialised_run(run_id);
-    return run != nullptr ? run->sat_id : -1;
-}
-
-} // namespace
+// clang-format off
 
 long kl_sun_run(const long *run_id, const long *time_ref, const double *time, double sun_pos[3], double sun_vel[3],
                 long *ierr)
@@ -49,24 +28,6 @@ long kl_planet_run(const long *run_id, const long *planet_id, const long *time_r
     });
 }
 
-long kl_change_cart_cs_run(const long *run_id, const long *calc_mode, const long *cs_in, const long *cs_out,
-                           const long *time_ref, const double *time, const double pos[3], const double vel[3],
-                           const double acc[3], double pos_out[3], double vel_out[3], double acc_out[3], long *ierr)
-{
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
-        return kl_change_cart_cs(model_id, time_id, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc, pos_out,
-                                 vel_out, acc_out, ierr);
-    });
-}
-
-long kl_time_get_leap_second_info_run(const long *run_id, const long *ascii_id_out, long *leap_sign,
-                                      char *utc_time_before, char *utc_time_after, long *ierr)
-{
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
-        return kl_time_get_leap_second_info(time_id, ascii_id_out, leap_sign, utc_time_before, utc_time_after, ierr);
-    });
-}
-
 long kl_time_obt_to_time_run(const long *run_id, const long *time_ref, const void *parameters, const void *obt,
                              double *time, long *ierr)
 {
@@ -79,6 +40,16 @@ long kl_time_time_to_obt_run(const long *run_id, const long *time_ref, const voi
 {
     const long sat_id = satellite_of(run_id);
     return kl_time_time_to_obt(&sat_id, time_ref, parameters, time, obt, ierr);
+}
+
+long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
+                                          const double *time_in, const long *proc_id_out, const long *time_ref_out,
+                                          double *time_out, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_processing_to_processing(time_id, proc_id_in, time_ref_in, time_in, proc_id_out, time_ref_out,
+                                                time_out, ierr);
+    });
 }
 
 long kl_time_ascii_to_ascii_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
@@ -121,16 +92,6 @@ long kl_time_processing_to_ascii_run(const long *run_id, const long *proc_id_in,
     });
 }
 
-long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
-                                          const double *time_in, const long *proc_id_out, const long *time_ref_out,
-                                          double *time_out, long *ierr)
-{
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
-        return kl_time_processing_to_processing(time_id, proc_id_in, time_ref_in, time_in, proc_id_out, time_ref_out,
-                                                time_out, ierr);
-    });
-}
-
 long kl_time_processing_to_transport_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
                                          const double *time_in, const long *trans_id_out, const long *time_ref_out,
                                          long transport_out[4], long *ierr)
@@ -168,5 +129,23 @@ long kl_time_transport_to_transport_run(const long *run_id, const long *trans_id
     return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_transport_to_transport(time_id, trans_id_in, time_ref_in, transport_in, trans_id_out,
                                               time_ref_out, transport_out, ierr);
+    });
+}
+
+long kl_change_cart_cs_run(const long *run_id, const long *calc_mode, const long *cs_in, const long *cs_out,
+                           const long *time_ref, const double *time, const double pos[3], const double vel[3],
+                           const double acc[3], double pos_out[3], double vel_out[3], double acc_out[3], long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_change_cart_cs(model_id, time_id, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc, pos_out,
+                                 vel_out, acc_out, ierr);
+    });
+}
+
+long kl_time_get_leap_second_info_run(const long *run_id, const long *ascii_id_out, long *leap_sign,
+                                      char *utc_time_before, char *utc_time_after, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_get_leap_second_info(time_id, ascii_id_out, leap_sign, utc_time_before, utc_time_after, ierr);
     });
 }

@@ -1,23 +1,12 @@
 // Runs: a satellite id, a time id and perhaps a model id under one small number.
 #include "runs/runs.h"
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "ids/id_record.h"
 
 #include <cstdlib>
 #include <iterator>
 
 namespace {
-
-constexpr Message kRows[] = {
-    /* KL_RUN_INIT_NO_SLOT_ERR     */ error("Maximum number of initializations reached."),
-    /* KL_RUN_INIT_SAT_ID_ERR      */ error("Satellite ID is not correct"),
-    /* KL_RUN_INIT_TIME_ID_ERR     */ error("Time ID is not initialized"),
-    /* KL_RUN_INIT_MEMORY_ERR      */ error("Memory allocation error"),
-    /* KL_RUN_INIT_CONSISTENCY_ERR */ error("Inconsistency between Ids within the run_id"), // never recorded
-    /* KL_RUN_INIT_LOCK_ERR        */ error("Could not lock other execution threads"),
-    /* KL_RUN_INIT_UNLOCK_ERR      */ error("Could not unlock other execution threads"),
-};
 
 // Guards the reservation of slots, nothing else.
 pthread_mutex_t table_mutex = PTHREAD_MUTEX_INITIALIZER;
@@ -142,8 +131,6 @@ kl_id_record **slot_of_kind(RunRecord *run, long kind)
 }
 
 } // namespace
-
-const MessageGroup messages_kl_run_init = group(kRows);
 
 std::atomic<RunRecord *> run_table[KL_N_RUNS];
 

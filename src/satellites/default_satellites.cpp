@@ -1,18 +1,10 @@
 // Default satellites: ten slots that a caller fills from a satellite configuration file.
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "errors/siblings.h"
 #include "ids/id_record.h"
 #include "satellites/satellites.h"
 
 namespace {
-
-constexpr Message kRows[] = {
-    /* KL_DEFAULT_SAT_INIT_NO_SLOT_ERR */ error("No more satellites can be initialized"),
-    /* KL_DEFAULT_SAT_INIT_FILE_ERR    */ error("Error while reading satellite configuration file"),
-    /* KL_DEFAULT_SAT_INIT_LOCK_ERR    */ error("Could not lock other execution threads"),
-    /* KL_DEFAULT_SAT_INIT_UNLOCK_ERR  */ error("Could not unlock other execution threads"), // never recorded
-};
 
 // Guards the reservation of slots, nothing else.
 pthread_mutex_t slot_mutex = PTHREAD_MUTEX_INITIALIZER;
@@ -78,8 +70,6 @@ void fill_row(long slot, const kd_sat_init &data)
 }
 
 } // namespace
-
-const MessageGroup messages_KL_Default_sat_init = group(kRows);
 
 char kl_default_sat_names[KL_N_DEFAULT_SATELLITES][30];
 long kl_default_sat_array[KL_N_DEFAULT_SATELLITES];

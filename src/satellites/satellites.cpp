@@ -2,7 +2,6 @@
 #include "satellites/satellites.h"
 
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "numbers/numbers.h"
 
 #include <cmath>
@@ -12,25 +11,6 @@ namespace {
 
 constexpr double kGm = 3.9860044e14;       // m3/s2
 constexpr double kEarthRadius = 6378136.0; // m
-
-constexpr Message kCheckSatId[] = {
-    /* KL_CHECK_SAT_ID */ error("Satellite ID is not correct"),
-};
-constexpr Message kCheckGeoSatId[] = {
-    error("Satellite ID is not GEO", kNoArgument, "KL_Check_sat_id"), // never recorded
-};
-constexpr Message kSatIdToArray[] = {
-    /* KL_SAT_TO_ARRAY_ID        */ error("Satellite ID is not correct"),
-    /* KL_SAT_TO_ARRAY_FREE_SLOT */ error("Default Satellite not correctly initialised"),
-};
-constexpr Message kMinPeriod[] = {
-    /* KL_PERIOD_SAT_ID             */ error("Error computing sat array index value corresponding to input sat_id"),
-    /* KL_PERIOD_BELOW_EARTH_RADIUS */ warning("Minimum semi-major axis smaller than Earth radius. "),
-};
-constexpr Message kMaxPeriod[] = {
-    /* KL_PERIOD_SAT_ID             */ error("Error computing sat array index value corresponding to input sat_id"),
-    /* KL_PERIOD_BELOW_EARTH_RADIUS */ warning("Maximum semi-major axis smaller than Earth radius. "),
-};
 
 bool is_meo(long sat_id)
 {
@@ -91,12 +71,6 @@ long get_period(int function_id, const long *sat_id, const double (&axes)[KL_N_S
 }
 
 } // namespace
-
-const MessageGroup messages_KL_Check_sat_id = group(kCheckSatId);
-const MessageGroup messages_KL_Check_Geo_sat_id = group(kCheckGeoSatId);
-const MessageGroup messages_KL_Sat_id_to_array = group(kSatIdToArray);
-const MessageGroup messages_KL_Get_min_period = group(kMinPeriod);
-const MessageGroup messages_KL_Get_max_period = group(kMaxPeriod);
 
 long KL_Check_sat_id(const long *sat_id, kl_error_record *error)
 {

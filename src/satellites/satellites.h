@@ -33,9 +33,6 @@ struct RowOfId {
 };
 extern const RowOfId kRowOfId;
 
-enum { KL_CHECK_SAT_ID = 0 };                                    // KL_Check_sat_id
-enum { KL_SAT_TO_ARRAY_ID = 0, KL_SAT_TO_ARRAY_FREE_SLOT = 1 };  // KL_Sat_id_to_array
-enum { KL_PERIOD_SAT_ID = 0, KL_PERIOD_BELOW_EARTH_RADIUS = 1 }; // KL_Get_min_period, KL_Get_max_period
 
 inline bool is_default_satellite(long sat_id)
 {

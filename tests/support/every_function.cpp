@@ -24,6 +24,7 @@ constexpr long kTwo = 2;
 constexpr double kZero = 0.0;
 constexpr double kOne = 1.0;
 constexpr double kHalf = 0.5;
+constexpr double kMatrix[9] = {0.0, 1.0, 0.0, -1.0, 0.0, 0.0, 0.0, 0.0, 1.0};
 constexpr double kState[3] = {7.0e6, 1.0e3, -2.0e3};
 constexpr double kX[3] = {1.0, 0.0, 0.0};
 constexpr double kY[3] = {0.0, 1.0, 0.0};
@@ -62,6 +63,7 @@ long open_rows(kl_time_id *id)
 
 constexpr PublicCall kCalls[] = {
 #include "every_function.inc"
+#include "every_function_by_hand.inc"
 };
 
 } // namespace

@@ -1,6 +1,5 @@
 // Calendar dates of MJD2000 instants and back for the family, 1950 to 2099.
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "time/calendar.h"
 #include "time/instants.h"
 
@@ -8,66 +7,32 @@
 
 namespace {
 
-enum { kOutOfLimits = 0 };
-enum {
-    kYear = 0,
-    kMonth = 1,
-    kDay = 2,
-    kSeconds = 3,
-    kMicroseconds = 4,
-    kThirtyDays = 5,
-    kLeapFebruary = 6,
-    kFebruary = 7
-};
-enum { kNotADate = 0 };
-
-constexpr Message kMjdCalendarRows[] = {
-    error("Input Time is out of limits"),
-};
-constexpr Message kCalendarRows[] = {
-    error("Input YEAR is out of limits (1950-2099)"),
-    error("Input MONTH is out of limits (1-12)"),
-    error("Input DAY is out of limits (1-31)"),
-    error("Input SECONDS is out of limits (0-86399)"),
-    error("Input MICROSECONDS is out of limits (0-999999)"),
-    error("That month has only 30 days"),
-    error("That month has only 29 days"),
-    error("That FEBRUARY has only 28 days"),
-};
-constexpr Message kCalendarMjdRows[] = {
-    error("Gregorian Calendar date not valid"),
-};
-
 // The first condition that a date meets, or -1.
 int fault_of(const kl_calendar_record &date)
 {
     if (date.year < 1950 || date.year > 2099)
-        return kYear;
+        return KL_CALENDAR_YEAR;
     if (date.month < 1 || date.month > 12)
-        return kMonth;
+        return KL_CALENDAR_MONTH;
     if (date.day < 1 || date.day > 31)
-        return kDay;
+        return KL_CALENDAR_DAY;
     if (date.seconds < 0 || date.seconds > 86399)
-        return kSeconds;
+        return KL_CALENDAR_SECONDS;
     if (static_cast<unsigned long>(date.microseconds) > 999999UL)
-        return kMicroseconds;
+        return KL_CALENDAR_MICROSECONDS;
     const long days = days_in_month(date.year, date.month);
     if (date.day > days)
-        return days == 30 ? kThirtyDays : days == 29 ? kLeapFebruary : kFebruary;
+        return days == 30 ? KL_CALENDAR_THIRTY_DAYS : days == 29 ? KL_CALENDAR_LEAP_FEBRUARY : KL_CALENDAR_FEBRUARY;
     return -1;
 }
 
 } // namespace
 
-const MessageGroup messages_KL_MJD_Calendar = group(kMjdCalendarRows);
-const MessageGroup messages_KL_Calendar = group(kCalendarRows);
-const MessageGroup messages_KL_Calendar_MJD = group(kCalendarMjdRows);
-
 long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error_record *error)
 {
     Activation call(KL_FN_MJD_CALENDAR, error);
     if (in == nullptr || !(in->value >= KL_PROCESSING_FIRST && in->value < KL_CALENDAR_END))
-        return call.fails(kOutOfLimits);
+        return call.fails(KL_MJD_CALENDAR_OUT_OF_LIMITS);
     if (out == nullptr)
         return KL_ERR;
     const long day = floor_to_long(in->value);
@@ -94,7 +59,7 @@ long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error
 long KL_Calendar(const kl_calendar_record *in, int *valid, kl_error_record *error)
 {
     Activation call(KL_FN_CALENDAR, error);
-    const int fault = in != nullptr ? fault_of(*in) : kYear;
+    const int fault = in != nullptr ? fault_of(*in) : KL_CALENDAR_YEAR;
     if (valid != nullptr)
         *valid = fault < 0 ? 1 : 0;
     if (fault >= 0)
@@ -108,7 +73,7 @@ long KL_Calendar_MJD(const kl_calendar_record *in, kl_time_record *out, kl_error
     int valid = 0;
     KL_Calendar(in, &valid, nullptr);
     if (valid == 0)
-        return call.fails(kNotADate);
+        return call.fails(KL_CALENDAR_MJD_NOT_A_DATE);
     if (out == nullptr)
         return KL_ERR;
     const long h = in->seconds / 3600;

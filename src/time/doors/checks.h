@@ -9,12 +9,6 @@
 #include "time/formats/transport_times.h"
 #include "time/staircase.h"
 
-enum { KL_P2T_LEAP_SECOND = 0 }; // KL_Time_p2t_format_to_std
-enum { KL_TO_TAI_NOT_INITIALISED = 0, KL_TO_TAI_OUT_OF_RANGE = 1, KL_TO_TAI_LEAP_SECOND = 2 }; // and from TAI, 0 and 1
-enum { KL_GET_TIME_IN_REF_FAILED = 0 };
-enum { KL_DELTAS_REF = 0, KL_DELTAS_NOT_INITIALISED = 1, KL_DELTAS_OUT_OF_RANGE = 2, KL_DELTAS_UT1_FORMULA = 3 };
-enum { KL_LEAP_CHECK_REF = 0, KL_LEAP_CHECK_DATE = 1 }; // KL_Time_check_leap_second
-
 // Where nobody takes the conditions of an activation but the printer.
 constexpr kl_error_record *KL_NO_RECORD = nullptr;
 constexpr long *KL_NO_VECTOR = nullptr;

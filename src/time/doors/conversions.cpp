@@ -1,6 +1,5 @@
 // The nine conversions between processing times, texts and transport times: a side that reads, the change of scale and
 // a side that writes, around the standard record.
-#include "errors/message_groups.h"
 #include "time/doors/conversion_sides.h"
 
 #include <array>
@@ -12,105 +11,6 @@ namespace {
 
 // ---- conditions ----
 
-using Two = std::array<Message, 2>;
-constexpr Two kProcessingIn = {error("Input processing format ID is not correct"),
-                               error("Input time reference ID is not correct")};
-constexpr Two kAsciiIn = {error("Input ascii format ID is not correct"),
-                          error("Input time reference ID is not correct")};
-constexpr Two kTransportIn = {error("Input transport format ID is not correct"),
-                              error("Input time reference ID is not correct")};
-constexpr Two kProcessingOut = {error("Output processing format ID is not correct"),
-                                error("Output time reference ID is not correct")};
-constexpr Two kAsciiOut = {error("Output ascii format ID is not correct"),
-                           error("Output time reference ID is not correct")};
-constexpr Two kTransportOut = {error("Output transport format ID is not correct"),
-                               error("Output time reference ID is not correct")};
-
-using One = std::array<Message, 1>;
-constexpr One kDays = {error("Number of days out of range")};
-constexpr One kYear = {error("Year is not a number from 1950 to 2099")};
-constexpr std::array<Message, 5> kCorrelation = {
-    error("Time reference not initialised"),
-    warning("Time out of initialization range"),
-    warning("Bulletin A: previous computation performed inside file interval, current performed with formula"),
-    warning("Bulletin B+A: current computation performed inside B-A gap. Previous computation was done inside B or A "
-            "files intervals."),
-    warning("Previous computation performed inside initialization validity, current computation performed outside "
-            "initialization validity"),
-};
-constexpr One kStandard = {error("Error transforming to standard format")};
-constexpr One kLeapSecond = {error("61st second outside a positive leap second")};
-constexpr One kLayout = {error("Text does not have the separators of its format")};
-
-constexpr std::array<Message, 16> kTextFields = {
-    error("Text is too short for its format"),
-    error("Text is too long for its format"),
-    error("Prefix is none of \"TAI=\", \"UTC=\", \"UT1=\" and \"GPS=\""),
-    error("Prefix contradicts the input time reference"),
-    error("Neither a prefix nor the caller gives a time reference"),
-    error("Year 0000 or 9999, yet no beginning- or end-of-mission text"),
-    error("Month is not one of 01 to 12 or JAN to DEC"),
-    error("Day is not a number from 1 to 31"),
-    error("Hour is not a number from 0 to 23"),
-    error("Minute is not a number from 0 to 59"),
-    error("Second is not a number from 0 to 59, or 60"),
-    error("Microsecond is not a number"),
-    error("That month has only 30 days"),
-    error("That FEBRUARY has only 29 days"),
-    error("That FEBRUARY has only 28 days"),
-    error("Second 60 outside a positive leap second"),
-};
-constexpr std::array<Message, 8> kTransportFields = {
-    error("Number of seconds out of range"),
-    error("Number of milliseconds out of range"),
-    error("Number of microseconds out of range"),
-    error("Number of ticks out of range"),
-    error("GPS week out of range"),
-    error("Seconds of week out of range"),
-    error("Fraction of second out of range"),
-    error("Seconds since the GPS epoch out of range"),
-};
-constexpr std::array<Message, 0> kNoFields = {};
-constexpr Two kTextRange = {error("Output time is before 1950"), error("Output time is after 2099")};
-constexpr std::array<Message, 0> kNoRange = {};
-
-template <std::size_t... N>
-constexpr auto joined(const std::array<Message, N> &...parts)
-{
-    std::array<Message, (N + ...)> rows{};
-    std::size_t n = 0;
-    const auto append = [&](const auto &part) {
-        for (std::size_t i = 0; i < part.size(); ++i)
-            rows[n++] = part[i];
-    };
-    (append(parts), ...);
-    return rows;
-}
-
-constexpr auto kProcessingToProcessing =
-    joined(kProcessingIn, kProcessingOut, kDays, kCorrelation, kStandard, kNoFields, kNoRange);
-constexpr auto kProcessingToAscii =
-    joined(kProcessingIn, kAsciiOut, kDays, kCorrelation, kStandard, kNoFields, kTextRange);
-constexpr auto kProcessingToTransport =
-    joined(kProcessingIn, kTransportOut, kDays, kCorrelation, kStandard, kNoFields, kNoRange);
-constexpr auto kAsciiToProcessing =
-    joined(kAsciiIn, kProcessingOut, kYear, kCorrelation, kLayout, kTextFields, kNoRange);
-constexpr auto kAsciiToAscii = joined(kAsciiIn, kAsciiOut, kYear, kCorrelation, kLayout, kTextFields, kTextRange);
-constexpr auto kAsciiToTransport = joined(kAsciiIn, kTransportOut, kYear, kCorrelation, kLayout, kTextFields, kNoRange);
-constexpr auto kTransportToProcessing =
-    joined(kTransportIn, kProcessingOut, kDays, kCorrelation, kLeapSecond, kTransportFields, kNoRange);
-constexpr auto kTransportToAscii =
-    joined(kTransportIn, kAsciiOut, kDays, kCorrelation, kLeapSecond, kTransportFields, kTextRange);
-constexpr auto kTransportToTransport =
-    joined(kTransportIn, kTransportOut, kDays, kCorrelation, kLeapSecond, kTransportFields, kNoRange);
-
-template <std::size_t N>
-constexpr MessageGroup group_of(const std::array<Message, N> &rows)
-{
-    static_assert(N <= 29, "two words at most");
-    return {rows.data(), static_cast<std::int8_t>(N)};
-}
-
 // The range of a written text stands at the end of each list of conditions: its first one there. Codes 27 and 28 of
 // text to text are bits 32 and 33.
 constexpr int kSecondWord = 32 - 27;
@@ -119,16 +19,6 @@ constexpr int kProcessingTextRange = KL_TIME_PROCESSING_TO_ASCII_BEFORE_1950_ERR
 constexpr int kAsciiTextRange = KL_TIME_ASCII_TO_ASCII_BEFORE_1950_ERR - kSecondWord;
 constexpr int kTransportTextRange = KL_TIME_TRANSPORT_TO_ASCII_BEFORE_1950_ERR;
 static_assert(KL_ASCII_WRITE_BEFORE_1950 == 0 && KL_ASCII_WRITE_AFTER_2099 == 1);
-
-static_assert(kAsciiToAscii.size() == KL_TIME_ASCII_TO_ASCII_AFTER_2099_ERR - kSecondWord + 1);
-static_assert(kAsciiToProcessing.size() == KL_TIME_ASCII_TO_PROCESSING_LEAP_SECOND_ERR + 1);
-static_assert(kAsciiToTransport.size() == KL_TIME_ASCII_TO_TRANSPORT_LEAP_SECOND_ERR + 1);
-static_assert(kProcessingToAscii.size() == KL_TIME_PROCESSING_TO_ASCII_AFTER_2099_ERR + 1);
-static_assert(kProcessingToProcessing.size() == KL_TIME_PROCESSING_TO_PROCESSING_STANDARD_FORMAT_ERR + 1);
-static_assert(kProcessingToTransport.size() == KL_TIME_PROCESSING_TO_TRANSPORT_STANDARD_FORMAT_ERR + 1);
-static_assert(kTransportToAscii.size() == KL_TIME_TRANSPORT_TO_ASCII_AFTER_2099_ERR + 1);
-static_assert(kTransportToProcessing.size() == KL_TIME_TRANSPORT_TO_PROCESSING_GPS_SECONDS_ERR + 1);
-static_assert(kTransportToTransport.size() == KL_TIME_TRANSPORT_TO_TRANSPORT_GPS_SECONDS_ERR + 1);
 
 // ---- the one conversion ----
 
@@ -211,16 +101,6 @@ long convert(Activation &call, const kl_time_id *time_id, const End &from, typen
 }
 
 } // namespace
-
-const MessageGroup messages_kl_time_ascii_to_ascii = group_of(kAsciiToAscii);
-const MessageGroup messages_kl_time_ascii_to_processing = group_of(kAsciiToProcessing);
-const MessageGroup messages_kl_time_ascii_to_transport = group_of(kAsciiToTransport);
-const MessageGroup messages_kl_time_processing_to_ascii = group_of(kProcessingToAscii);
-const MessageGroup messages_kl_time_processing_to_processing = group_of(kProcessingToProcessing);
-const MessageGroup messages_kl_time_processing_to_transport = group_of(kProcessingToTransport);
-const MessageGroup messages_kl_time_transport_to_ascii = group_of(kTransportToAscii);
-const MessageGroup messages_kl_time_transport_to_processing = group_of(kTransportToProcessing);
-const MessageGroup messages_kl_time_transport_to_transport = group_of(kTransportToTransport);
 
 long kl_time_processing_to_processing(kl_time_id *time_id, const long *proc_id_in, const long *time_ref_in,
                                       const double *time_in, const long *proc_id_out, const long *time_ref_out,

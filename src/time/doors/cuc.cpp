@@ -1,49 +1,10 @@
 // The CCSDS unsegmented time code: whole seconds and a binary fraction since an epoch, with or without its P-field.
-#include "errors/message_groups.h"
 #include "time/doors/checks.h"
 
 #include <cmath>
 #include <cstdint>
 
 namespace {
-
-enum { KL_CUC_P_FIELD_EPOCH = 0 };       // KL_Cuc_get_data_from_P_field
-enum { KL_CUC_P_FIELD_NO_EPOCH = 0 };    // KL_Cuc_compute_P_field
-enum { KL_CUC_EPOCH_NOT_CONVERTED = 0 }; // KL_Get_CUC_processing_epoch
-enum {
-    KL_CUC_CHECK_TIME_ID = 0,
-    KL_CUC_CHECK_TYPE = 1,
-    KL_CUC_CHECK_OCTETS = 2,
-    KL_CUC_CHECK_EPOCH_TYPE = 3,
-    KL_CUC_CHECK_TIME_REF = 4
-};
-constexpr Message kReadRows[] = {
-    /* KL_CUC_P_FIELD_EPOCH */ error("Epoch code in P-field not valid"),
-};
-constexpr Message kWriteRows[] = {
-    /* KL_CUC_P_FIELD_NO_EPOCH */ error("Input epoch not valid"),
-};
-constexpr Message kCheckRows[] = {
-    /* KL_CUC_CHECK_TIME_ID    */ error("Time id not initialized"),
-    /* KL_CUC_CHECK_TYPE       */ error("Wrong CUC type"),
-    /* KL_CUC_CHECK_OCTETS     */ error("Wrong number of octets"),
-    /* KL_CUC_CHECK_EPOCH_TYPE */ error("Wrong CUC epoch type"),
-    /* KL_CUC_CHECK_TIME_REF   */ error("Wrong time reference"),
-};
-constexpr Message kEpochRows[] = {
-    /* KL_CUC_EPOCH_NOT_CONVERTED */ error("Error converting to different time reference"),
-};
-constexpr Message kDecodeRows[] = {
-    /* KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR  */ error("Error in CUC configuration"),
-    /* KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR */ error("Error getting CUC P field data"),
-    /* KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR   */ error("Error getting CUC epoch"),
-};
-constexpr Message kEncodeRows[] = {
-    /* KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR  */ error("Error in CUC configuration"),
-    /* KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR   */ error("Error getting CUC epoch"),
-    /* KL_TIME_PROCESSING_TO_CUC_TIME_ERR    */ error("CUC epoch must be previous to processing input date"),
-    /* KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR */ error("Error computing P-field"),
-};
 
 // P-field, first octet: extension, three bits of time-code identification, coarse octets less one, fine octets.
 constexpr unsigned kExtension = 0x80;
@@ -138,13 +99,6 @@ double read_time_field(const unsigned char *field, long n_coarse, long n_fine)
 }
 
 } // namespace
-
-const MessageGroup messages_KL_Cuc_get_data_from_P_field = group(kReadRows);
-const MessageGroup messages_KL_Cuc_compute_P_field = group(kWriteRows);
-const MessageGroup messages_KL_Cuc_check_inputs = group(kCheckRows);
-const MessageGroup messages_KL_Get_CUC_processing_epoch = group(kEpochRows);
-const MessageGroup messages_kl_time_cuc_to_processing = group(kDecodeRows);
-const MessageGroup messages_kl_time_processing_to_cuc = group(kEncodeRows);
 
 long KL_Cuc_get_data_from_P_field(const unsigned char *octets, kl_cuc_config *data, kl_error_record *error)
 {

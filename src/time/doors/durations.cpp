@@ -1,21 +1,8 @@
 // Sums and differences of processing times; the scale is only checked.
-#include "errors/message_groups.h"
 #include "time/doors/checks.h"
 
 namespace {
 
-constexpr Message kAddRows[] = {
-    /* KL_TIME_ADD_PROC_ID_ERR  */ error("Processing format ID is not correct"),
-    /* KL_TIME_ADD_TIME_REF_ERR */ error("Time reference ID is not correct"),
-    /* KL_TIME_ADD_TIME_ERR     */ error("Input processing time is out of range"),
-    /* KL_TIME_ADD_SUM_ERR      */ error("Output processing time is out of range"),
-};
-constexpr Message kDiffRows[] = {
-    /* KL_TIME_DIFF_PROC_ID_ERR  */ error("Processing format ID is not correct"),
-    /* KL_TIME_DIFF_TIME_REF_ERR */ error("Time reference ID is not correct"),
-    /* KL_TIME_DIFF_TIME1_ERR    */ error("Input processing time #1 is out of range"),
-    /* KL_TIME_DIFF_TIME2_ERR    */ error("Input processing time #2 is out of range"),
-};
 // The conditions of the check, by their numbers there.
 constexpr int kAddInput[] = {KL_TIME_ADD_PROC_ID_ERR, KL_TIME_ADD_TIME_REF_ERR, KL_TIME_ADD_TIME_ERR};
 constexpr int kDiffInput[] = {KL_TIME_DIFF_PROC_ID_ERR, KL_TIME_DIFF_TIME_REF_ERR, KL_TIME_DIFF_TIME1_ERR};
@@ -30,9 +17,6 @@ Fault checked(const long *proc_id, const long *time_ref, const double *time)
 }
 
 } // namespace
-
-const MessageGroup messages_kl_time_add = group(kAddRows);
-const MessageGroup messages_kl_time_diff = group(kDiffRows);
 
 long kl_time_add(const long *proc_id, const long *time_ref, const double *time, const double *duration,
                  double *time_out, long *ierr)

@@ -1,43 +1,13 @@
 // Leap seconds: the query, and for the family the start of a quarter and the checks.
-#include "errors/message_groups.h"
 #include "time/calendar.h"
 #include "time/doors/checks.h"
 
 namespace {
 
-enum {
-    KL_QUARTER_REF = 0,
-    KL_QUARTER_WRITING = 1,
-    KL_QUARTER_FIELDS = 2,
-    KL_QUARTER_READING = 3,
-};
-constexpr Message kQuarterRows[] = {
-    /* KL_QUARTER_REF     */ error("Time reference ID is not correct"),
-    /* KL_QUARTER_WRITING */ error("Internal Error # 1"),
-    /* KL_QUARTER_FIELDS  */ error("Internal Error # 2"), // never recorded: the fields are not read back from a text
-    /* KL_QUARTER_READING */ error("Internal Error # 3"),
-};
-
-constexpr Message kCheckRows[] = {
-    /* KL_LEAP_CHECK_REF  */ error("Time reference ID is not correct"),
-    /* KL_LEAP_CHECK_DATE */ error("Input date is out of range"),
-};
-
 // The present-time function records codes 0 to 2 of these rows as well.
-constexpr Message kInfoRows[] = {
-    /* KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR  */ error("Output ascii format ID is not correct"),
-    /* KL_TIME_GET_LEAP_SECOND_INFO_ADD_ERR     */ error("Error in adding times in Processing format"),
-    /* KL_TIME_GET_LEAP_SECOND_INFO_CONVERT_ERR */ error("Error in converting from Processing to ASCII format"),
-    /* KL_TIME_GET_LEAP_SECOND_INFO_TIME_ID_WARN*/ warning("Time Reference not initialised"),
-};
-
 constexpr double kBeforeTheLeap = 1.1573940116433837e-5; // days: 1/86401, 12 microseconds short of a second
 
 } // namespace
-
-const MessageGroup messages_KL_Leap_second_utc_time = group(kQuarterRows);
-const MessageGroup messages_KL_Time_check_leap_second = group(kCheckRows);
-const MessageGroup messages_kl_time_get_leap_second_info = group(kInfoRows);
 
 long KL_Leap_second_utc_time(const long *ref, const double *time, double *quarter_begin, kl_error_record *error)
 {

@@ -1,32 +1,9 @@
 // On-board clocks: the four mission formats, to processing time and back.
-#include "errors/message_groups.h"
 #include "time/clocks/mission_clocks.h"
 #include "time/doors/checks.h"
 
 namespace {
 
-constexpr Message kToTimeRows[] = {
-    /* KL_TIME_OBT_TO_TIME_SAT_ID_ERR     */ error("Satellite ID is not correct"),
-    /* KL_TIME_OBT_TO_TIME_TIME_REF_ERR   */ error("Time reference ID is not correct"),
-    /* KL_TIME_OBT_TO_TIME_TAG_ERR        */
-    error("Satellite ID of the parameters or of the on-board time differs from the input satellite ID"),
-    /* KL_TIME_OBT_TO_TIME_REF_TIME_ERR   */ error("Reference time is out of range"),
-    /* KL_TIME_OBT_TO_TIME_NO_OBT_ERR     */ error("No on-board time for this satellite"),
-    /* KL_TIME_OBT_TO_TIME_OBT_ERR        */ error("On-board time is out of range"), // never recorded
-    /* KL_TIME_OBT_TO_TIME_CLOCK_STEP_ERR */ error("Clock step is zero"),
-    /* KL_TIME_OBT_TO_TIME_TIME_ERR       */ error("Output time is out of range"),
-};
-constexpr Message kToObtRows[] = {
-    /* KL_TIME_TIME_TO_OBT_SAT_ID_ERR     */ error("Satellite ID is not correct"),
-    /* KL_TIME_TIME_TO_OBT_TIME_REF_ERR   */ error("Time reference ID is not correct"),
-    /* KL_TIME_TIME_TO_OBT_TAG_ERR        */
-    error("Satellite ID of the parameters or of the on-board time differs from the input satellite ID"),
-    /* KL_TIME_TIME_TO_OBT_TIME_ERR       */ error("Input time is out of range"),
-    /* KL_TIME_TIME_TO_OBT_REF_TIME_ERR   */ error("Reference time is out of range"),
-    /* KL_TIME_TIME_TO_OBT_NO_OBT_ERR     */ error("No on-board time for this satellite"),
-    /* KL_TIME_TIME_TO_OBT_OBT_ERR        */ error("On-board time is out of range"),
-    /* KL_TIME_TIME_TO_OBT_CLOCK_STEP_ERR */ error("Clock step is zero"),
-};
 // Conditions of the processing check, by their numbers there.
 constexpr int kToTimeInput[] = {KL_TIME_OBT_TO_TIME_TIME_REF_ERR, KL_TIME_OBT_TO_TIME_TIME_REF_ERR,
                                 KL_TIME_OBT_TO_TIME_REF_TIME_ERR};
@@ -51,9 +28,6 @@ Fault checked(long ref, const double *time)
 }
 
 } // namespace
-
-const MessageGroup messages_kl_time_obt_to_time = group(kToTimeRows);
-const MessageGroup messages_kl_time_time_to_obt = group(kToObtRows);
 
 long kl_time_obt_to_time(const long *sat_id, const long *time_ref, const void *parameters, const void *obt,
                          double *time, long *ierr)

@@ -1,6 +1,5 @@
 // Time references: the checks of their numbers, and the map to the numbering of time records and back.
 #include "errors/activation.h"
-#include "errors/message_groups.h"
 #include "time/instants.h"
 
 #include <cmath>
@@ -8,18 +7,10 @@
 
 namespace {
 
-enum { kNotCorrect = 0 };
-
-constexpr Message kCheckRows[] = {
-    error("Time reference ID is not correct"),
-};
-
 constexpr long kRecordReference[] = {KL_REF_TAI, KL_REF_UTC, KL_REF_UT1, KL_REF_GPS};     // by public reference
 constexpr long kPublicReference[] = {KL_TIME_TAI, KL_TIME_UT1, KL_TIME_UTC, KL_TIME_GPS}; // from KL_REF_TAI on
 
 } // namespace
-
-const MessageGroup messages_KL_Check_time_ref = group(kCheckRows);
 
 long KL_Time_ref_enum_to_Time_enum(long ref)
 {
@@ -35,7 +26,7 @@ long KL_Check_time_ref(const long *ref, kl_error_record *error)
 {
     Activation call(KL_FN_CHECK_TIME_REF, error);
     if (ref == nullptr || *ref < KL_TIME_UNDEF || *ref > KL_TIME_GPS)
-        return call.fails(kNotCorrect);
+        return call.fails(KL_CHECK_TIME_REF_NOT_CORRECT);
     return call.status();
 }
 

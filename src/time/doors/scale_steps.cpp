@@ -1,31 +1,9 @@
 // The steps between scales and TAI for the family: look-up of the differences, row search, once-only warnings, TDB.
-#include "errors/message_groups.h"
 #include "time/doors/checks.h"
 
 #include <cmath>
 
 namespace {
-
-constexpr Message kDeltaRows[] = {
-    /* KL_DELTAS_REF             */ error("Time reference ID is not correct"),
-    /* KL_DELTAS_NOT_INITIALISED */ error("Time references not correctly initialised"),
-    /* KL_DELTAS_OUT_OF_RANGE    */ warning("Reference time out of initialization range"),
-    /* KL_DELTAS_UT1_FORMULA     */
-    warning("Input UT1 for extrapolation UT1-UTC formula (expected UTC). Transforming to UTC with time correlations "
-            "of last record"),
-};
-constexpr Message kToTaiRows[] = {
-    /* KL_TO_TAI_NOT_INITIALISED */ error("Time reference not initialised"),
-    /* KL_TO_TAI_OUT_OF_RANGE    */ warning("Time out of initialization range"),
-    /* KL_TO_TAI_LEAP_SECOND     */ error("Error checking leap second"),
-};
-constexpr Message kFromTaiRows[] = {
-    /* KL_TO_TAI_NOT_INITIALISED */ error("Time reference not initialised"),
-    /* KL_TO_TAI_OUT_OF_RANGE    */ warning("Time out of initialization range"),
-};
-constexpr Message kGetTimeRows[] = {
-    /* KL_GET_TIME_IN_REF_FAILED */ error("Error converting time."),
-};
 
 // The look-up's own conditions.
 long record_look_up(Activation &look_up, bool ref_is_good, unsigned findings)
@@ -77,11 +55,6 @@ long one_step(Activation &call, Step step, const kl_time_id *time_id, long ref, 
 }
 
 } // namespace
-
-const MessageGroup messages_KL_Time_ref_init_file_deltas = group(kDeltaRows);
-const MessageGroup messages_KL_Time_t2t_ref_to_tai = group(kToTaiRows);
-const MessageGroup messages_KL_Time_t2t_ref_from_tai = group(kFromTaiRows);
-const MessageGroup messages_KL_Get_time_in_ref = group(kGetTimeRows);
 
 long record_step(Activation &step, unsigned findings)
 {

@@ -1,5 +1,4 @@
 // Time ids from files or from the correlation compiled in, and what an id holds at an instant.
-#include "errors/message_groups.h"
 #include "errors/siblings.h"
 #include "time/deltas.h"
 #include "time/files/disk.h"
@@ -20,27 +19,6 @@ namespace {
 using namespace time_files;
 
 // Both functions have the same conditions.
-constexpr Message kFileRows[] = {
-    /* KL_TIME_REF_INIT_FILE_ID_ERR            */ error("Time reference ID is already initialized"),
-    /* KL_TIME_REF_INIT_FILE_MODEL_ERR         */ error("Time model is not correct"), // never in kl_time_id_init
-    /* KL_TIME_REF_INIT_FILE_COUNT_ERR         */ error("Number of files is not correct"),
-    /* KL_TIME_REF_INIT_FILE_WINDOW_ERR        */ error("Time window is not correct"),
-    /* KL_TIME_REF_INIT_FILE_READ_ERR          */ error("Error reading file: %s", kTextArgument),
-    /* KL_TIME_REF_INIT_FILE_FORMAT_ERR        */
-    error("Format of the file is not known or not that of the model: %s", kTextArgument),
-    /* KL_TIME_REF_INIT_FILE_RECORD_ERR        */ error("Malformed record in line %li", kLongArgument),
-    /* KL_TIME_REF_INIT_FILE_ORDER_ERR         */ error("Dates are not in increasing order in line %li", kLongArgument),
-    /* KL_TIME_REF_INIT_FILE_FORMULA_ERR       */ error("Prediction formula not found"),
-    /* KL_TIME_REF_INIT_FILE_NO_RECORD_ERR     */ error("No record inside the time window"),
-    /* KL_TIME_REF_INIT_FILE_MEMORY_ERR        */ error("Memory allocation error"),
-    /* KL_TIME_REF_INIT_FILE_LEAP_SECOND_ERR   */ error("Could not compute leap second"),
-    /* KL_TIME_REF_INIT_FILE_COVERAGE_WARN     */ warning("Part of the time window is not covered by the files"),
-    /* KL_TIME_REF_INIT_FILE_TAI_UTC_WARN      */
-    warning("TAI-UTC stated in line %li is not that of the records", kLongArgument),
-    /* KL_TIME_REF_INIT_FILE_NO_UT1_WARN       */ warning("No UT1 in the files, UT1-UTC is taken as zero"),
-    /* KL_TIME_REF_INIT_FILE_LEAP_EXPIRED_WARN */ warning("List of leap seconds has expired"),
-};
-
 constexpr long kMostFiles = 10000;
 
 bool is_file_model(long model)
@@ -254,8 +232,6 @@ double ut1_of(long ref, double time, const kl_time_row_info &deltas)
 
 } // namespace
 
-const MessageGroup messages_kl_time_ref_init_file = group(kFileRows);
-const MessageGroup messages_kl_time_id_init = group(kFileRows);
 
 long kl_time_ref_init_file(const long *model, const long *n_files, const char *const files[], const long *window,
                            const double *start, const double *stop, kl_time_file_report *report, kl_time_id *time_id,

@@ -1,5 +1,4 @@
 // Time ids: built from explicit values or from a table of rows, their data, and their release.
-#include "errors/message_groups.h"
 #include "time/scales.h"
 
 #include <algorithm>
@@ -10,33 +9,11 @@
 
 namespace {
 
-// The orbit arguments are not looked at: their conditions are never recorded.
-constexpr Message kCheckRows[] = {
-    error("TAI time is out of range"),          error("UTC time is out of range"),
-    error("UT1 time is out of range"),          error("GPS time is out of range"),
-    error("Absolute orbit number is negative"), error("Elapsed time since ANX is negative"),
-    error("Orbit duration is negative"),        error("ANX time is bigger than orbit duration"),
-};
-constexpr Message kInitRows[] = {
-    /* KL_TIME_REF_INIT_TAI_ERR            */ kCheckRows[0],
-    /* KL_TIME_REF_INIT_UTC_ERR            */ kCheckRows[1],
-    /* KL_TIME_REF_INIT_UT1_ERR            */ kCheckRows[2],
-    /* KL_TIME_REF_INIT_GPS_ERR            */ kCheckRows[3],
-    /* KL_TIME_REF_INIT_ORBIT_ERR          */ kCheckRows[4],
-    /* KL_TIME_REF_INIT_ANX_TIME_ERR       */ kCheckRows[5],
-    /* KL_TIME_REF_INIT_ORBIT_DURATION_ERR */ kCheckRows[6],
-    /* KL_TIME_REF_INIT_ANX_DURATION_ERR   */ kCheckRows[7],
-    /* KL_TIME_REF_INIT_MEMORY_ERR         */ error("Memory allocation error"),
-    /* KL_TIME_REF_INIT_ID_ERR             */ error("Time reference ID is already initialized"),
-};
-constexpr Message kCloseRows[] = {
-    /* KL_TIME_REF_CLOSE_ID_ERR */ error("The Time Id is not initialized or it could be in use by another Id."),
-};
 constexpr CodeMap kInitInput[] = {
-    {0, KL_TIME_REF_INIT_TAI_ERR},
-    {1, KL_TIME_REF_INIT_UTC_ERR},
-    {2, KL_TIME_REF_INIT_UT1_ERR},
-    {3, KL_TIME_REF_INIT_GPS_ERR},
+    {KL_TIME_REF_INIT_CHECK_TAI, KL_TIME_REF_INIT_TAI_ERR},
+    {KL_TIME_REF_INIT_CHECK_UTC, KL_TIME_REF_INIT_UTC_ERR},
+    {KL_TIME_REF_INIT_CHECK_UT1, KL_TIME_REF_INIT_UT1_ERR},
+    {KL_TIME_REF_INIT_CHECK_GPS, KL_TIME_REF_INIT_GPS_ERR},
 };
 
 constexpr long kNoCombination = -1;
@@ -78,10 +55,6 @@ long refuse(const char *function, const char *fault)
 }
 
 } // namespace
-
-const MessageGroup messages_KL_Time_ref_init_check_inputs = group(kCheckRows);
-const MessageGroup messages_kl_time_ref_init = group(kInitRows);
-const MessageGroup messages_kl_time_ref_close = group(kCloseRows);
 
 long KL_Time_ref_init_check_inputs(const double tri_time[4], kl_error_record *error)
 {

@@ -5,9 +5,6 @@
 #include "time/formats/reading.h"
 #include "time/staircase.h"
 
-enum { KL_CHECK_IN_FORMAT = 0, KL_CHECK_IN_REF = 1, KL_CHECK_IN_DAYS = 2 }; // KL_Time_check_processing_inputs
-enum { KL_CHECK_OUT_FORMAT = 0, KL_CHECK_OUT_REF = 1 };                     // KL_Time_check_processing_outputs
-
 inline Fault check_processing_form(long format, long ref)
 {
     if (format != KL_PROC)

@@ -2,6 +2,7 @@
 #ifndef KL_SRC_TIME_FORMATS_READING_H
 #define KL_SRC_TIME_FORMATS_READING_H
 
+#include "errors/conditions.h"
 #include "time/instants.h"
 
 // A condition of the check that a form has, with the argument that its message shows.

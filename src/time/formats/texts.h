@@ -8,33 +8,6 @@
 
 #include <cstddef>
 
-// Conditions of KL_Time_check_ascii_inputs: what reading may meet.
-enum {
-    KL_ASCII_IN_FORMAT = 0,
-    KL_ASCII_IN_REF = 1,
-    KL_ASCII_IN_YEAR = 2,
-    KL_ASCII_IN_LAYOUT = 3,
-    KL_ASCII_IN_TOO_SHORT = 4,
-    KL_ASCII_IN_TOO_LONG = 5,
-    KL_ASCII_IN_PREFIX = 6,
-    KL_ASCII_IN_PREFIX_REF = 7,
-    KL_ASCII_IN_NO_REF = 8,
-    KL_ASCII_IN_MISSION_LIMIT = 9,
-    KL_ASCII_IN_MONTH = 10,
-    KL_ASCII_IN_DAY = 11,
-    KL_ASCII_IN_HOUR = 12,
-    KL_ASCII_IN_MINUTE = 13,
-    KL_ASCII_IN_SECOND = 14,
-    KL_ASCII_IN_MICROSECOND = 15,
-    KL_ASCII_IN_DAY_OF_30 = 16,
-    KL_ASCII_IN_DAY_OF_29 = 17,
-    KL_ASCII_IN_DAY_OF_28 = 18,
-    KL_ASCII_IN_LEAP_SECOND = 19,
-    KL_ASCII_IN_N_CODES = 20
-};
-enum { KL_ASCII_OUT_FORMAT = 0, KL_ASCII_OUT_REF = 1 };                 // KL_Time_check_ascii_outputs
-enum { KL_ASCII_WRITE_BEFORE_1950 = 0, KL_ASCII_WRITE_AFTER_2099 = 1 }; // KL_Time_t2a_format_from_std
-
 constexpr bool is_text_format(long format)
 {
     return format >= 11 && format <= 54 && format % 10 >= 1 && format % 10 <= 4;

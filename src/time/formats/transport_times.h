@@ -5,25 +5,6 @@
 #include "time/correlation.h"
 #include "time/formats/reading.h"
 
-// Conditions of KL_Time_check_transport_inputs: what reading may meet.
-enum {
-    KL_TRANS_IN_FORMAT = 0,
-    KL_TRANS_IN_REF = 1,
-    KL_TRANS_IN_GPS_REF = 2,
-    KL_TRANS_IN_DAYS = 3,
-    KL_TRANS_IN_LEAP_SECOND = 4,
-    KL_TRANS_IN_SECONDS = 5,
-    KL_TRANS_IN_MILLISECONDS = 6,
-    KL_TRANS_IN_MICROSECONDS = 7,
-    KL_TRANS_IN_TICKS = 8,
-    KL_TRANS_IN_WEEK = 9,
-    KL_TRANS_IN_SECONDS_OF_WEEK = 10,
-    KL_TRANS_IN_FRACTION = 11,
-    KL_TRANS_IN_GPS_SECONDS = 12,
-    KL_TRANS_IN_N_CODES = 13
-};
-enum { KL_TRANS_OUT_FORMAT = 0, KL_TRANS_OUT_REF = 1, KL_TRANS_OUT_GPS_REF = 2 }; // KL_Time_check_transport_outputs
-
 Fault check_transport_input(long format, long ref);
 Fault check_transport_output(long format, long ref);
 
