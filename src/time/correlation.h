@@ -37,7 +37,9 @@ struct Correlation {
     // Beside the rows, or null:
     long (*row_notes)[2];  // 16 x index of the file + quality, and the number of the line
     double (*row_pole)[4]; // x, y, dX, dY of the pole, arcsec as published
-    double rows_per_day;   // of an evenly spaced table; where the search of an uneven one starts
+    // What follows from the rows, by complete():
+    long leap_first, leap_last; // rows in which the leap second may matter
+    double rows_per_day;        // of an evenly spaced table; where the search of an uneven one starts
 };
 
 #endif

@@ -82,6 +82,21 @@ Deltas deltas_by_formula(const Correlation &correlation, long ref, double t, boo
     return {row.tai_utc, tai_ut1, kGpsAfterTable, {false, false}, false, ref == KL_TIME_UT1};
 }
 
+// The differences between row i and the next one, c0 and c1 in the column of the reference.
+Deltas deltas_between(const Correlation &correlation, long ref, double t, long i, double c0, double c1)
+{
+    const kl_time_row &row = correlation.rows[i];
+    const kl_time_row &next = correlation.rows[i + 1];
+    Deltas deltas = deltas_of(row);
+    deltas.tai_ut1 = between_rows(row.tai_ut1, next.tai_ut1, c0, c1, t);
+    if (!reaches_leap_second(correlation, ref, i, c0, c1))
+        return deltas;
+    deltas.leap = leap_flags(correlation, ref, i, c0, c1, t);
+    if (deltas.leap.in || deltas.leap.after)
+        deltas.tai_utc = next.tai_utc;
+    return deltas;
+}
+
 Deltas deltas_outside(const Correlation &correlation, long ref, double t, double first, double last, bool with_ut1)
 {
     Deltas deltas;
@@ -130,7 +145,7 @@ long binary_search(const kl_time_row *table, long first, long last, long ref, do
     return 0;
 }
 
-Deltas searched_deltas(const Correlation &correlation, long ref, double t, bool with_ut1, long *row)
+Deltas searched_deltas(const Correlation &correlation, long ref, double t, bool with_ut1)
 {
     if (correlation.model == KL_TIME_MODEL_EXPLICIT)
         return deltas_of(correlation.rows[0]);
@@ -140,7 +155,7 @@ Deltas searched_deltas(const Correlation &correlation, long ref, double t, bool 
         const double last = column(rows[correlation.n_rows - 1]);
         if (!(first - KL_ROW_EDGE <= t && t < last && correlation.n_rows > 1))
             return deltas_outside(correlation, ref, t, first, last, with_ut1);
-        *row = row_inside(correlation, ref, t, column);
-        return deltas_between(correlation, ref, t, *row, column(rows[*row]), column(rows[*row + 1]));
+        const long row = row_inside(correlation, ref, t, column);
+        return deltas_between(correlation, ref, t, row, column(rows[row]), column(rows[row + 1]));
     });
 }

@@ -13,8 +13,6 @@ struct Deltas {
     bool by_ut1;  // the formula after the table was asked with UT1
 };
 
-constexpr double KL_ROW_EDGE = 1e-11; // days: slack of the limits of a row
-
 // Calls `use` with the column of a public reference; the rows are in the order TAI, UT1, UTC.
 template <typename Use>
 inline auto with_column(long ref, const Use &use)
@@ -36,44 +34,28 @@ inline Deltas deltas_of(const kl_time_row &row)
     return {row.tai_utc, row.tai_ut1, row.tai_gps, {false, false}, false, false};
 }
 
-// The differences between row i and the next one, c0 and c1 in the column of the reference.
-inline Deltas deltas_between(const Correlation &correlation, long ref, double t, long i, double c0, double c1)
-{
-    const kl_time_row &row = correlation.rows[i];
-    const kl_time_row &next = correlation.rows[i + 1];
-    Deltas deltas = deltas_of(row);
-    deltas.tai_ut1 = next.tai_ut1 - (next.tai_ut1 - row.tai_ut1) * (c1 - t) / (c1 - c0);
-    if (correlation.leap.sign == 0)
-        return deltas;
-    deltas.leap = leap_flags(correlation, ref, i, c0, c1, t);
-    if (deltas.leap.in || deltas.leap.after)
-        deltas.tai_utc = next.tai_utc;
-    return deltas;
-}
-
 // Where an instant about there may lie, if the rows are evenly apart; -1 outside the table.
-inline long likely_row(const Correlation &correlation, double about_days)
+inline long guessed_row(const Correlation &correlation, double about_days)
 {
     const double row = (about_days - correlation.rows[0].tai) * correlation.rows_per_day;
     return row >= 0.0 && row < static_cast<double>(correlation.n_rows - 1) ? static_cast<long>(row) : -1;
 }
 
-// Searches the table, or takes what holds outside of it; *row becomes the row found, if it is inside. A correlation of
-// explicit values answers with its row. TAI-UT1 is left at 0 by the formula where nobody asks for it.
-Deltas searched_deltas(const Correlation &correlation, long ref, double t, bool with_ut1, long *row);
+// Searches the table, or takes what holds outside of it. A correlation of explicit values answers with its row. TAI-UT1
+// is left at 0 by the formula where nobody asks for it.
+Deltas searched_deltas(const Correlation &correlation, long ref, double t, bool with_ut1);
 
-// The same where the row may be known: a wrong *row costs a search, never a digit, for clear of the slack around a row
-// no other one can match.
-inline Deltas deltas_at(const Correlation &correlation, long ref, double t, bool with_ut1, long *row)
+// The columns of a row and of the one after it.
+inline RowValues<double> row_values(const Correlation &correlation, long ref, long i)
 {
-    if (*row >= 0) {
-        const kl_time_row *rows = correlation.rows + *row;
-        const double c0 = with_column(ref, [rows](auto column) { return column(rows[0]); });
-        const double c1 = with_column(ref, [rows](auto column) { return column(rows[1]); });
-        if (c0 + KL_ROW_EDGE <= t && t < c1 - KL_ROW_EDGE)
-            return deltas_between(correlation, ref, t, *row, c0, c1);
-    }
-    return searched_deltas(correlation, ref, t, with_ut1, row);
+    const kl_time_row &row = correlation.rows[i];
+    const kl_time_row &next = correlation.rows[i + 1];
+    RowValues<double> out = {row.tai, next.tai, row.tai, next.tai, row.tai_ut1, next.tai_ut1, row.tai_utc, row.tai_gps};
+    with_column(ref, [&](auto column) {
+        out.from = column(row);
+        out.from_end = column(next);
+    });
+    return out;
 }
 
 // The row with column(row) <= t < column(row + 1) in the column of a reference: -1 before the table, the last row from

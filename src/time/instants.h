@@ -3,6 +3,7 @@
 #define KL_SRC_TIME_INSTANTS_H
 
 #include "kl_family.h"
+#include "time/moments.h"
 
 #include <cstdint>
 
@@ -59,63 +60,21 @@ constexpr long floor_div(long a, long b) // b > 0
 
 // ---- the standard record ----
 
-// The standard record of a processing value, nearest microsecond. A value that is rounded up to midnight keeps its day
-// with 86400 seconds: what these are depends on leap seconds.
-inline kl_std_record standard_of(double t)
+inline Moment<double> moment_of(const kl_std_record &record)
 {
-    kl_std_record out;
-    out.days = static_cast<long>(t);
-    out.days -= static_cast<double>(out.days) > t ? 1 : 0;
-    const double fraction = t - static_cast<double>(out.days); // 0 to 1: cutting is rounding down
-    out.seconds = static_cast<long>(KL_SECONDS_PER_DAY * fraction);
-    out.microseconds = static_cast<long>(
-        (fraction - static_cast<double>(out.seconds) / KL_SECONDS_PER_DAY) * KL_MICROSECONDS_PER_DAY + 0.5);
-    if (out.microseconds == 1000000) {
-        out.microseconds = 0;
-        ++out.seconds;
-    }
-    return out;
+    return {static_cast<double>(record.days), static_cast<double>(record.seconds),
+            static_cast<double>(record.microseconds)};
 }
 
-// The processing value of a standard record. The parts of the day are added first: with one rounding of the large sum
-// the microsecond comes back up to the end of 2099, with two it would not.
-inline double processing_of(const kl_std_record &record)
+inline kl_std_record record_of(const Moment<double> &moment)
 {
-    return static_cast<double>(record.days)
-           + (static_cast<double>(record.seconds) / KL_SECONDS_PER_DAY
-              + static_cast<double>(record.microseconds) / KL_MICROSECONDS_PER_DAY);
+    return {truncated_to_long(moment.days), truncated_to_long(moment.seconds), truncated_to_long(moment.microseconds)};
 }
 
 // Days, to the second and without a division.
-inline double about(const kl_std_record &record)
+inline double about(const Moment<double> &moment)
 {
-    return static_cast<double>(record.days) + static_cast<double>(record.seconds) * (1.0 / KL_SECONDS_PER_DAY);
-}
-
-// Seconds of the day into 0 to 86399. Floor division: readings given by hand may lie days apart.
-inline void normalise_seconds(kl_std_record *record)
-{
-    constexpr long day = 86400;
-    if (record->seconds >= 0 && record->seconds < day)
-        return;
-    long days = record->seconds / day;
-    if (record->seconds % day < 0)
-        --days;
-    record->days += days;
-    record->seconds -= days * day;
-}
-
-// Microseconds of -1000000 to 1999999 into 0 to 999999, by one second.
-inline void normalise_microseconds(kl_std_record *record)
-{
-    constexpr long kSecond = 1000000;
-    if (record->microseconds >= kSecond) {
-        record->microseconds -= kSecond;
-        ++record->seconds;
-    } else if (record->microseconds < 0) {
-        record->microseconds += kSecond;
-        --record->seconds;
-    }
+    return moment.days + moment.seconds * (1.0 / KL_SECONDS_PER_DAY);
 }
 
 // ---- TAI and TDB, MJD2000 days ----

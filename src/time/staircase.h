@@ -34,53 +34,94 @@ inline unsigned findings_of(const Deltas &deltas)
     return (deltas.outside ? KL_STEP_OUTSIDE : 0U) | (deltas.by_ut1 ? KL_STEP_UT1_FORMULA : 0U);
 }
 
-// One step, in place; a refused one leaves the record as it is. `row` guesses the row and becomes the one found.
-unsigned step_to_tai(const Correlation *correlation, long ref, long *row, kl_std_record *record);
-unsigned step_from_tai(const Correlation *correlation, long ref, long *row, kl_std_record *record);
+// ---- one step ----
 
-// The once-only warning of a computation at a TAI instant: 1 to 3, or 0. Explicit values hold at every instant.
+// Where a step comes out and what it met. A refused one leaves the moment as it is.
+struct Step {
+    Moment<double> moment;
+    unsigned findings;
+};
+
+// Steps from and to a scale other than TAI. The table is searched with the time on the side from which a step starts.
+Step step_up(const Correlation &correlation, long ref, const Moment<double> &moment);
+Step step_down(const Correlation &correlation, long ref, const Moment<double> &tai);
+
+// ---- the once-only warnings ----
+
+// The warning of a computation at a TAI instant: 1 to 3, or 0. Explicit values hold at every instant.
 long once_only_warning(const Correlation &correlation, OnceOnlyFlags *flags, double tai_days);
 
-// A record of one public reference to another, in place. The once-only flags are spent as they are met. A correlation
-// that is null or of no model refuses all but equal references. 86400 seconds of a UTC record, and those that come out,
-// are the 61st second of their day.
-Findings change_scale(const Correlation *correlation, OnceOnlyFlags *flags, long from, long to, long *row,
-                      kl_std_record *record);
-
-// The guess for `row`, from the days of an instant; none for a correlation that is empty.
-inline long guessed_row(const Correlation *correlation, double about_days)
+// Was every computation so far in its good region, and is none outside who stays between the rows?
+inline bool is_calm(const Correlation &correlation, const OnceOnlyFlags &flags)
 {
-    return correlation != nullptr && correlation->n_rows > 1 ? likely_row(*correlation, about_days) : -1;
+    bool calm = correlation.combination != KL_COMBINATION_TWO_BULLETINS;
+    for (const auto &was_inside : flags.was_inside)
+        calm = calm && was_inside.load(std::memory_order_relaxed) == 1;
+    return calm;
+}
+
+// ---- the whole way ----
+
+struct Change {
+    Moment<double> moment;
+    Findings findings;
+};
+
+// With one row of explicit values: what the two steps give, in one.
+inline Moment<double> shifted(const kl_time_row &row, long from, long to, const Moment<double> &moment)
+{
+    const Shift<double> in = behind_tai(from, row.tai_utc, row.tai_ut1, row.tai_gps);
+    const Shift<double> out = behind_tai(to, row.tai_utc, row.tai_ut1, row.tai_gps);
+    return seconds_carried(plus(moment, {in.seconds - out.seconds, in.microseconds - out.microseconds}));
+}
+
+// By a table, step by step.
+Change change_by_steps(const Correlation &correlation, OnceOnlyFlags *flags, long from, long to,
+                       const Moment<double> &moment);
+
+// A moment of one public reference in another. The once-only flags are spent as they are met. A correlation that is
+// null or of no model refuses all but equal references. 86400 seconds of a UTC moment, and those that come out, are the
+// 61st second of their day. `about_days`: the instant to a few seconds, known before the moment is.
+[[gnu::always_inline]] inline Change change_scale(const Correlation *correlation, OnceOnlyFlags *flags, long from, long to, double about_days,
+                           const Moment<double> &moment)
+{
+    if (is_empty(correlation)) { // TAI is copied without: it is one step or the other that refuses
+        Findings found;
+        if (from != to)
+            (from != KL_TIME_TAI ? found.to_tai : found.from_tai) = KL_STEP_NO_CORRELATION;
+        return {moment, found};
+    }
+    if (correlation->model == KL_TIME_MODEL_EXPLICIT)
+        return {from != to ? shifted(correlation->rows[0], from, to, moment) : moment, Findings()};
+    // Most instants stay inside the row that is guessed, where neither a warning nor the leap second can be met.
+    const long row = guessed_row(*correlation, about_days);
+    if (row >= 0 && is_calm(*correlation, *flags) && away_from_leap_second(*correlation, row)) {
+        const InsideRow<double> inside = change_inside_row(row_values(*correlation, from, row), from, to, moment);
+        if (inside.good)
+            return {inside.moment, Findings()};
+    }
+    return change_by_steps(*correlation, flags, from, to, moment);
 }
 
 // ---- 86400 seconds ----
 
 // A processing value that was rounded up to midnight: the next day, or the 61st second of a day with a leap second. On
 // purpose of either sign, so that the day of a negative one keeps its 86400 seconds as well.
-inline void carry_midnight(const Correlation *correlation, long ref, kl_std_record *record)
+inline Moment<double> midnight_carried(const Correlation *correlation, long ref, const Moment<double> &moment)
 {
-    if (record->seconds != 86400 || (ref == KL_TIME_UTC && leap_sign_of_day(correlation, record->days) != 0))
-        return;
-    record->seconds = 0;
-    ++record->days;
+    if (moment.seconds != 86400.0 || (ref == KL_TIME_UTC && leap_sign_of_day(correlation, moment.days) != 0))
+        return moment;
+    return {moment.days + 1.0, 0.0, moment.microseconds};
 }
 
-inline kl_std_record standard_in_scale(const Correlation *correlation, long ref, double days)
-{
-    kl_std_record record = standard_of(days);
-    carry_midnight(correlation, ref, &record);
-    return record;
-}
-
-// What a changed record says where it is to be written: the 61st second, where its form can hold it, else the last
+// What a changed moment says where it is to be written: the 61st second, where its form can hold it, else the last
 // regular second of the day, or midnight where the 86400 seconds are a rounded processing value of the same scale.
-inline void settle_61st_second(const Correlation *correlation, long ref, bool rounded_up, bool form_holds_it,
-                               kl_std_record *record)
+inline Moment<double> settled(const Correlation *correlation, long ref, bool rounded_up, bool form_holds_61st,
+                              const Moment<double> &moment)
 {
-    if (record->seconds != 86400 || (form_holds_it && ends_with_leap_second(correlation, ref, record->days)))
-        return;
-    record->seconds = rounded_up ? 0 : 86399;
-    record->days += rounded_up ? 1 : 0;
+    if (moment.seconds != 86400.0 || (form_holds_61st && ends_with_leap_second(correlation, ref, moment.days)))
+        return moment;
+    return {moment.days + (rounded_up ? 1.0 : 0.0), rounded_up ? 0.0 : 86399.0, moment.microseconds};
 }
 
 #endif

@@ -114,7 +114,10 @@ bool complete(Correlation *correlation)
     const kl_time_row *rows = correlation->rows;
     const long n = correlation->n_rows;
     correlation->rows_per_day = n > 1 ? static_cast<double>(n - 1) / (rows[n - 1].tai - rows[0].tai) : 0.0;
-    return find_leap_second(*correlation, &correlation->leap);
+    if (!find_leap_second(*correlation, &correlation->leap))
+        return false;
+    find_rows_of_leap_second(correlation);
+    return true;
 }
 
 bool copy_arrays(const Correlation &given, Correlation *own)

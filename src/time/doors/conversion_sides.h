@@ -40,14 +40,14 @@ struct ProcessingSide {
             return {KL_CHECK_IN_DAYS};
         if (const Fault fault = check_processing_days(*days))
             return fault;
-        read_processing(correlation, ref, *days, out);
+        *out = {Origin::processing, MissionLimit::none, ref, midnight_carried(correlation, ref, moment_of(*days))};
         return {};
     }
     // A processing time is known before its record is.
     static double about(const double *days, const Reading &) { return *days; }
     static Fault write(long, long, const Reading &reading, double *out)
     {
-        *out = processing_of(reading.record);
+        *out = days_of(reading.moment);
         return {};
     }
 };
@@ -89,7 +89,7 @@ struct TextSide {
     {
         return read_text(correlation, format, ref, text, KL_TIME_ASCII_LENGTH, out);
     }
-    static double about(const char *, const Reading &reading) { return ::about(reading.record); }
+    static double about(const char *, const Reading &reading) { return ::about(reading.moment); }
     static Fault write(long format, long ref, const Reading &reading, char *text)
     {
         const Fault fault = write_text(format, ref, reading, text);
@@ -129,10 +129,10 @@ struct TransportSide {
     {
         return read_transport(correlation, format, ref, fields, out);
     }
-    static double about(const long *, const Reading &reading) { return ::about(reading.record); }
+    static double about(const long *, const Reading &reading) { return ::about(reading.moment); }
     static Fault write(long format, long, const Reading &reading, long *fields)
     {
-        write_transport(format, reading.record, fields);
+        write_transport(format, reading.moment, fields);
         return {};
     }
 };

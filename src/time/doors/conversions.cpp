@@ -87,13 +87,13 @@ long convert(Activation &call, const kl_time_id *time_id, const End &from, typen
     if (written == nullptr)
         return KL_ERR;
 
-    long row = guessed_row(correlation, In::about(given, reading));
-    const Findings found = change_scale(correlation, id != nullptr ? &id->once_only[KL_FLAGS_CONVERSION] : nullptr,
-                                        reading.ref, to.ref, &row, &reading.record);
-    if (!take(call, found))
+    OnceOnlyFlags *flags = id != nullptr ? &id->once_only[KL_FLAGS_CONVERSION] : nullptr;
+    const Change change =
+        change_scale(correlation, flags, reading.ref, to.ref, In::about(given, reading), reading.moment);
+    if (!take(call, change.findings))
         return KL_ERR;
     const bool rounded_up = reading.ref == to.ref && reading.origin == Origin::processing;
-    settle_61st_second(correlation, to.ref, rounded_up, Out::holds_leap_second(to.format), &reading.record);
+    reading.moment = settled(correlation, to.ref, rounded_up, Out::holds_leap_second(to.format), change.moment);
     fault = Out::write(to.format, to.ref, reading, written);
     if (fault)
         return refuse(call, KL_FN_TIME_T2A_FORMAT_FROM_STD, fault, text_range + fault.code);

@@ -37,17 +37,18 @@ long KL_Time_p2t_format_to_std(kl_time_id *time_id, long ref, const double *time
         *out = {truncated_to_long(*time), 0, 0};
         return call.status();
     }
-    *out = standard_of(*time);
+    const Moment<double> moment = moment_of(*time);
+    *out = record_of(moment);
     if (out->seconds == 86400 && ref == KL_TIME_UTC
         && KL_Time_check_leap_second(time_id, ref, out, nullptr, nullptr) != 0)
         return call.fails(KL_P2T_LEAP_SECOND);
-    carry_midnight(correlation_of(time_id), ref, out);
+    *out = record_of(midnight_carried(correlation_of(time_id), ref, moment));
     return call.status();
 }
 
 long KL_Time_t2p_format_from_std(const kl_std_record *in, double *out)
 {
     if (in != nullptr && out != nullptr)
-        *out = processing_of(*in);
+        *out = days_of(moment_of(*in));
     return 0;
 }

@@ -24,7 +24,8 @@ long KL_Leap_second_utc_time(const long *ref, const double *time, double *quarte
     if (quarter_begin == nullptr)
         return call.fails(KL_QUARTER_READING);
     // What lies within half a microsecond of midnight belongs to the next day, as in a text.
-    *quarter_begin = static_cast<double>(quarter_start(standard_in_scale(nullptr, reference, *time).days));
+    const Moment<double> instant = midnight_carried(nullptr, reference, moment_of(*time));
+    *quarter_begin = static_cast<double>(quarter_start(static_cast<long>(instant.days)));
     return call.status();
 }
 
@@ -42,7 +43,7 @@ long KL_Time_check_leap_second(kl_time_id *time_id, long ref, const kl_std_recor
     // On purpose: neither the reference nor the sign is looked at, so the day of a negative leap second keeps its 86400
     // seconds as well.
     if (leap_flag != nullptr)
-        *leap_flag = leap_sign_of_day(correlation_of(time_id), rec->days);
+        *leap_flag = leap_sign_of_day(correlation_of(time_id), static_cast<double>(rec->days));
     return call.status();
 }
 

@@ -33,9 +33,10 @@ void print_leap_second_check()
         Activation(KL_FN_TIME_CHECK_LEAP_SECOND, KL_NO_RECORD).fails(KL_LEAP_CHECK_DATE);
 }
 
-using Step = unsigned (*)(const Correlation *, long, long *, kl_std_record *);
+// A record of a scale to TAI, or a TAI record to a scale.
+enum class Way { up, down };
 
-long one_step(Activation &call, Step step, const kl_time_id *time_id, long ref, const kl_std_record *in,
+long one_step(Activation &call, Way way, const kl_time_id *time_id, long ref, const kl_std_record *in,
               kl_std_record *out)
 {
     if (in == nullptr || out == nullptr)
@@ -45,12 +46,17 @@ long one_step(Activation &call, Step step, const kl_time_id *time_id, long ref, 
         return call.fails(KL_TO_TAI_NOT_INITIALISED);
     }
     const Correlation *correlation = correlation_of(time_id);
-    kl_std_record record = *in;
-    long row = guessed_row(correlation, about(record));
-    const unsigned findings = step(correlation, ref, &row, &record);
-    if (findings != 0 && record_step(call, findings) == KL_ERR)
+    if (ref == KL_TIME_TAI) {
+        *out = *in;
+        return call.status();
+    }
+    if (is_empty(correlation))
+        return record_step(call, KL_STEP_NO_CORRELATION);
+    const Moment<double> moment = moment_of(*in);
+    const Step step = (way == Way::up ? step_up : step_down)(*correlation, ref, moment);
+    if (step.findings != 0 && record_step(call, step.findings) == KL_ERR)
         return KL_ERR;
-    *out = record;
+    *out = record_of(step.moment);
     return call.status();
 }
 
@@ -75,14 +81,14 @@ long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *
                             kl_error_record *error)
 {
     Activation call(KL_FN_TIME_T2T_REF_TO_TAI, error);
-    return one_step(call, step_to_tai, time_id, ref, in, out);
+    return one_step(call, Way::up, time_id, ref, in, out);
 }
 
 long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record *in, kl_std_record *out,
                               kl_error_record *error)
 {
     Activation call(KL_FN_TIME_T2T_REF_FROM_TAI, error);
-    return one_step(call, step_from_tai, time_id, ref, in, out);
+    return one_step(call, Way::down, time_id, ref, in, out);
 }
 
 long KL_Time_ref_init_file_deltas(kl_time_id *time_id, const double *time, const long *ref, double *tai_utc,
@@ -98,8 +104,7 @@ long KL_Time_ref_init_file_deltas(kl_time_id *time_id, const double *time, const
     const Correlation *correlation = correlation_of(time_id);
     if (!is_time_ref(reference) || is_empty(correlation))
         return record_look_up(call, is_time_ref(reference), KL_STEP_NO_CORRELATION);
-    long row = -1;
-    const Deltas deltas = deltas_at(*correlation, reference, time != nullptr ? *time : std::nan(""), true, &row);
+    const Deltas deltas = searched_deltas(*correlation, reference, time != nullptr ? *time : std::nan(""), true);
     if (tai_utc != nullptr)
         *tai_utc = deltas.tai_utc;
     if (tai_ut1 != nullptr)
@@ -129,7 +134,7 @@ long KL_Check_Time_warn_flags(kl_time_id *time_id, const kl_std_record *tai, con
         || *selector > KL_FLAGS_FRAME_CHANGE)
         return KL_ERR;
     if (id != nullptr)
-        *warning = once_only_warning(id->correlation, &id->once_only[*selector], processing_of(*tai));
+        *warning = once_only_warning(id->correlation, &id->once_only[*selector], days_of(moment_of(*tai)));
     return KL_OK;
 }
 

@@ -208,8 +208,7 @@ const Correlation *at_instant(kl_time_id *time_id, const long *time_ref, const d
     if (own == nullptr || time_ref == nullptr || !is_time_ref(*time_ref) || time == nullptr
         || !inside_processing_range(*time))
         return nullptr;
-    long row = -1;
-    const Deltas at = deltas_at(*own, *time_ref, *time, true, &row);
+    const Deltas at = searched_deltas(*own, *time_ref, *time, true);
     deltas->tai_utc = at.tai_utc;
     deltas->tai_ut1 = at.tai_ut1;
     deltas->tai_gps = at.tai_gps;

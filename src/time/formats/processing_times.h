@@ -37,12 +37,4 @@ inline Fault check_processing_output(long format, long ref)
     return {};
 }
 
-// A value inside the range.
-inline void read_processing(const Correlation *correlation, long ref, double days, Reading *out)
-{
-    out->origin = Origin::processing;
-    out->ref = ref;
-    out->record = standard_in_scale(correlation, ref, days);
-}
-
 #endif

@@ -25,12 +25,12 @@ enum class MissionLimit {
 
 enum class Origin { processing, text, transport };
 
-// A record of a scale, with what the writing has to know of where it comes from.
+// A moment of a scale, with what the writing has to know of where it comes from.
 struct Reading {
     Origin origin = Origin::processing;
     MissionLimit limit = MissionLimit::none; // of a text
     long ref = KL_TIME_UNDEF;
-    kl_std_record record = {0, 0, 0};
+    Moment<double> moment = {0.0, 0.0, 0.0};
 };
 
 #endif

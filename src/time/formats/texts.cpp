@@ -140,10 +140,10 @@ constexpr FieldRange kRanges[] = {
 struct LimitText {
     MissionLimit limit;
     long fields[kFields];
-    kl_std_record record;
+    Moment<double> moment;
 };
-constexpr kl_std_record kFirst = {static_cast<long>(KL_PROCESSING_FIRST), 0, 0};
-constexpr kl_std_record kLast = {static_cast<long>(KL_PROCESSING_LAST), 0, 0};
+constexpr Moment<double> kFirst = {KL_PROCESSING_FIRST, 0.0, 0.0};
+constexpr Moment<double> kLast = {KL_PROCESSING_LAST, 0.0, 0.0};
 constexpr LimitText kLimits[] = {
     {MissionLimit::beginning, {0, 0, 0, 0, 0, 0, 0}, kFirst},
     {MissionLimit::end, {9999, 99, 99, 99, 99, 99, 999999}, kLast},
@@ -190,7 +190,7 @@ int read_fields(const Form &form, const char *text, long fields[kFields])
 }
 
 // A date of the fields. -1, or the condition that they meet.
-int date_of(const Correlation *correlation, long ref, const long fields[kFields], kl_std_record *out)
+int date_of(const Correlation *correlation, long ref, const long fields[kFields], Moment<double> *out)
 {
     for (const FieldRange &range : kRanges)
         if (fields[range.field] < range.first || fields[range.field] > range.last)
@@ -199,10 +199,10 @@ int date_of(const Correlation *correlation, long ref, const long fields[kFields]
     if (fields[kDay] > days)
         return days == 30 ? KL_ASCII_IN_DAY_OF_30 : days == 29 ? KL_ASCII_IN_DAY_OF_29 : KL_ASCII_IN_DAY_OF_28;
 
-    out->days = day_of_calendar(fields[kYear], fields[kMonth], fields[kDay]);
-    out->seconds = 3600 * fields[kHour] + 60 * fields[kMinute] + fields[kSecond];
-    out->microseconds = fields[kMicrosecond];
-    if (fields[kSecond] == 60 && !(out->seconds == 86400 && ends_with_leap_second(correlation, ref, out->days)))
+    out->days = static_cast<double>(day_of_calendar(fields[kYear], fields[kMonth], fields[kDay]));
+    out->seconds = static_cast<double>(3600 * fields[kHour] + 60 * fields[kMinute] + fields[kSecond]);
+    out->microseconds = static_cast<double>(fields[kMicrosecond]);
+    if (fields[kSecond] == 60 && !(out->seconds == 86400.0 && ends_with_leap_second(correlation, ref, out->days)))
         return KL_ASCII_IN_LEAP_SECOND;
     return -1;
 }
@@ -227,12 +227,12 @@ int read_characters(const Correlation *correlation, const Form &form, long ref, 
 
     out->limit = MissionLimit::none;
     if (fields[kYear] != 0 && fields[kYear] != 9999)
-        return date_of(correlation, out->ref, fields, &out->record);
+        return date_of(correlation, out->ref, fields, &out->moment);
     const LimitText *found = limit_of(fields);
     if (found == nullptr)
         return KL_ASCII_IN_MISSION_LIMIT;
     out->limit = found->limit;
-    out->record = found->record;
+    out->moment = found->moment;
     return -1;
 }
 
@@ -278,10 +278,10 @@ void write_fields(const Form &form, long ref, const long fields[kFields], char *
 // A text that is a limit stays one, and one that is not becomes none; a number at a limit is written as its text.
 MissionLimit limit_to_write(const Reading &reading)
 {
-    const kl_std_record &record = reading.record;
-    const bool midnight = record.seconds == 0 && record.microseconds == 0;
-    const bool first = midnight && record.days == static_cast<long>(KL_PROCESSING_FIRST);
-    const bool last = midnight && record.days == static_cast<long>(KL_PROCESSING_LAST);
+    const Moment<double> &moment = reading.moment;
+    const bool midnight = moment.seconds == 0.0 && moment.microseconds == 0.0;
+    const bool first = midnight && moment.days == KL_PROCESSING_FIRST;
+    const bool last = midnight && moment.days == KL_PROCESSING_LAST;
     if (!first && !last)
         return MissionLimit::none;
     if (reading.origin == Origin::text)
@@ -332,7 +332,7 @@ Fault write_text(long format, long ref, const Reading &reading, char *text)
             return {};
         }
     }
-    const kl_std_record &in = reading.record;
+    const kl_std_record in = record_of(reading.moment);
     if (in.days < static_cast<long>(KL_PROCESSING_FIRST))
         return {KL_ASCII_WRITE_BEFORE_1950};
     if (in.days >= static_cast<long>(KL_CALENDAR_END))

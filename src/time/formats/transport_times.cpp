@@ -103,7 +103,8 @@ void carry(const Correlation *correlation, long ref, kl_std_record *record)
     record->microseconds %= 1000000;
     if (record->seconds < kDaySeconds)
         return;
-    const long length = kDaySeconds + (ends_with_leap_second(correlation, ref, record->days) ? 1 : 0);
+    const long length =
+        kDaySeconds + (ends_with_leap_second(correlation, ref, static_cast<double>(record->days)) ? 1 : 0);
     if (record->seconds < length)
         return;
     record->seconds -= length;
@@ -151,7 +152,7 @@ Fault read_transport(const Correlation *correlation, long id, long ref, const lo
         if (fields[i] < field.first || fields[i] > field.last)
             return {field.fault, fields[i]};
         add(field.unit, fields[i], &record);
-        if (record.seconds == kDaySeconds && !ends_with_leap_second(correlation, ref, record.days))
+        if (record.seconds == kDaySeconds && !ends_with_leap_second(correlation, ref, static_cast<double>(record.days)))
             return {KL_TRANS_IN_LEAP_SECOND, fields[0]};
     }
     carry(correlation, ref, &record);
@@ -160,15 +161,13 @@ Fault read_transport(const Correlation *correlation, long id, long ref, const lo
             return {KL_TRANS_IN_TICKS, fields[3]};
         return {KL_TRANS_IN_DAYS, record.days};
     }
-    out->record = record;
+    out->moment = moment_of(record);
     return {};
 }
 
-void write_transport(long id, const kl_std_record &in, long fields[4])
+void write_transport(long id, const Moment<double> &moment, long fields[4])
 {
-    const long days = in.days;
-    const long seconds = in.seconds;
-    const long microseconds = in.microseconds;
+    const auto [days, seconds, microseconds] = record_of(moment);
     const long gps_days = days - KL_GPS_EPOCH_DAY;
     const long week = floor_div(gps_days, 7);
     const long seconds_of_week = kDaySeconds * (gps_days - 7 * week) + seconds;

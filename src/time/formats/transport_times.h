@@ -11,7 +11,7 @@ Fault check_transport_output(long format, long ref);
 // Reads the fields that a format has; format and reference have passed the check.
 Fault read_transport(const Correlation *correlation, long format, long ref, const long fields[4], Reading *out);
 // Writes all four fields.
-void write_transport(long format, const kl_std_record &in, long fields[4]);
+void write_transport(long format, const Moment<double> &moment, long fields[4]);
 
 // Can the format tell the 61st second of a day from the second after it?
 constexpr bool transport_holds_leap_second(long format)
