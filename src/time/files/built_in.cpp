@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 // clang-format off
 __asm__(".pushsection .rodata.time_correlation, \"a\", %progbits\n"
@@ -69,8 +70,10 @@ private:
     static std::uint64_t eight_bytes(const unsigned char *from)
     {
         std::uint64_t value = 0;
-        for (int i = 7; i >= 0; --i) // one load where the least byte comes first
-            value = value << 8 | from[i];
+        std::memcpy(&value, from, sizeof value);
+#if __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+        value = __builtin_bswap64(value);
+#endif
         return value;
     }
 

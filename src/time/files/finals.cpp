@@ -21,6 +21,7 @@ constexpr Columns kYear = {1, 2}, kMonth = {3, 4}, kDay = {5, 6}, kMjd = {8, 15}
 constexpr Columns kX = {19, 27}, kY = {38, 46}, kUt1 = {59, 68}, kDX = {98, 106}, kDY = {117, 125};
 constexpr Columns kFinalX = {135, 144}, kFinalY = {145, 154}, kFinalUt1 = {155, 165};
 constexpr std::size_t kPoleFlag = 17, kUt1Flag = 58, kOffsetFlag = 96;
+constexpr std::size_t kOffsetsEnd = 134; // with the error of dY
 
 std::string_view part(const Line &line, Columns c)
 {
@@ -49,8 +50,11 @@ bool read(const Line &line, Columns c, double limit, double *value, Finding *fin
 bool read_date(const Line &line, double *utc, Finding *finding)
 {
     long year = 0, month = 0, day = 0;
-    if (!read(line, kMjd, 99999.99, utc, finding) || !date_in(line, part(line, kMjd), utc, finding)
-        || !whole_in(line, part(line, kYear), 0, 99, &year, finding)
+    if (line.text.size() < kMjd.last) {
+        *finding = malformed(line, part(line, kMjd));
+        return false;
+    }
+    if (!date_in(line, part(line, kMjd), utc, finding) || !whole_in(line, part(line, kYear), 0, 99, &year, finding)
         || !whole_in(line, part(line, kMonth), 1, 12, &month, finding)
         || !whole_in(line, part(line, kDay), 1, 31, &day, finding))
         return false;
@@ -97,6 +101,14 @@ bool read_row(const Line &line, EarthRow *row, Finding *finding)
     return read_final_values(line, row, finding);
 }
 
+// A last line that is not ended may stop before the columns of Bulletin B, but not inside its offsets, and not before
+// them where the line before has any.
+bool cut_inside_offsets(const Line &line, bool had_offsets)
+{
+    const std::size_t length = line.text.size();
+    return is_flag(flag_at(line, kOffsetFlag)) ? length < kOffsetsEnd : had_offsets && length < kOffsetFlag;
+}
+
 void drop_offsets_of_1980(Contents *contents)
 {
     bool of_1980 = false;
@@ -138,7 +150,7 @@ Finding read_finals(std::string_view bytes, Contents *contents)
         if (!reserved && !read_row(line, &row, &finding))
             return finding;
         const bool has_offsets = is_flag(flag_at(line, kOffsetFlag));
-        if (!reserved && !line.ended && had_offsets && line.text.size() < kOffsetFlag) // cut before its offsets
+        if (!reserved && !line.ended && cut_inside_offsets(line, had_offsets))
             return malformed(line, line.text.substr(line.text.size()));
         had_offsets = has_offsets;
         finding = reserved ? rows.skip(row.utc, line, part(line, kMjd)) : rows.add(row, line, part(line, kMjd));

@@ -27,17 +27,11 @@ std::string_view trimmed(std::string_view text)
     return text;
 }
 
-bool read_number(std::string_view text, double *value)
+namespace {
+
+// A number between its sign and its end, of any length.
+bool read_long_number(const char *at, const char *end, double *size)
 {
-    const char *at = text.data();
-    const char *end = at + text.size();
-    while (at != end && is_blank(*at))
-        ++at;
-    while (end != at && is_blank(end[-1]))
-        --end;
-    const bool negative = at != end && *at == '-';
-    if (at != end && (*at == '-' || *at == '+'))
-        ++at;
     std::int64_t digits = 0;
     int n_digits = 0; // from the first that is not zero
     int decimals = 0;
@@ -60,9 +54,46 @@ bool read_number(std::string_view text, double *value)
         n_digits += digits != 0 ? 1 : 0;
         decimals += point ? 1 : 0;
     }
-    if (!any)
+    *size = static_cast<double>(digits) / kPowerOfTen[decimals];
+    return any;
+}
+
+// Up to 15 digits: no count of them is needed.
+bool read_short_number(const char *at, const char *end, double *size)
+{
+    std::int64_t digits = 0;
+    const char *start = at;
+    for (; at != end && is_digit(*at); ++at)
+        digits = 10 * digits + (*at - '0');
+    const auto n_whole = at - start;
+    const char *decimals = at;
+    if (at != end && *at == '.') {
+        decimals = ++at;
+        for (; at != end && is_digit(*at); ++at)
+            digits = 10 * digits + (*at - '0');
+    }
+    if (at != end || n_whole + (at - decimals) == 0)
         return false;
-    const double size = static_cast<double>(digits) / kPowerOfTen[decimals];
+    *size = static_cast<double>(digits) / kPowerOfTen[at - decimals];
+    return true;
+}
+
+} // namespace
+
+bool read_number(std::string_view text, double *value)
+{
+    const char *at = text.data();
+    const char *end = at + text.size();
+    while (at != end && is_blank(*at))
+        ++at;
+    while (end != at && is_blank(end[-1]))
+        --end;
+    const bool negative = at != end && *at == '-';
+    if (at != end && (*at == '-' || *at == '+'))
+        ++at;
+    double size = 0.0;
+    if (!(end - at <= kDigits ? read_short_number(at, end, &size) : read_long_number(at, end, &size)))
+        return false;
     *value = negative ? -size : size;
     return true;
 }

@@ -82,14 +82,14 @@ Format recognised(std::string_view bytes)
 
 namespace {
 
-// NUL bytes after the last LF are ignored; one elsewhere is refused.
+// NUL bytes that end a file are ignored; one elsewhere is refused.
 Finding take_off_nul_bytes(std::string_view *bytes)
 {
     const std::size_t nul = bytes->find('\0');
     if (nul == bytes->npos)
         return {};
     const std::size_t after = bytes->find_first_not_of('\0', nul);
-    if (after == bytes->npos && nul > 0 && (*bytes)[nul - 1] == '\n') {
+    if (after == bytes->npos) {
         *bytes = bytes->substr(0, nul);
         return {};
     }

@@ -312,13 +312,13 @@ private:
     }
 
     // TAI-UTC of the row after `before`, whose own is known.
-    static double next_tai_utc(const EarthRow &before, const EarthRow &row, const LeapSeconds &leaps)
+    static double next_tai_utc(const EarthRow &before, const EarthRow &row, double listed)
     {
         if (row.tai_utc != kUnstated)
             return row.tai_utc;
         if (row.utc - before.utc > kLongGap)
-            return leaps.tai_utc(row.utc);
-        return before.tai_utc + std::round(row.ut1_utc - before.ut1_utc); // UT1 itself does not jump
+            return listed;
+        return before.tai_utc + std::floor(0.5 + row.ut1_utc - before.ut1_utc); // UT1 itself does not jump
     }
 
     // Fills TAI-UTC: anchored at the first row by the list, stepped where UT1-UTC jumps. Rows are put in at the
@@ -326,17 +326,21 @@ private:
     TableFault set_tai_utc(const LeapSeconds &leaps)
     {
         Buffer<EarthRow> inserted;
+        const LeapStep *next = leaps.steps().begin(); // the first step after the row
+        double listed = next->tai_utc;
         for (std::size_t i = 0; i < rows_.size(); ++i) {
             EarthRow &row = rows_[i];
+            for (; next != leaps.steps().end() && next->utc <= row.utc; ++next)
+                listed = next->tai_utc;
             if (i == 0 && row.tai_utc == kUnstated)
-                row.tai_utc = leaps.tai_utc(row.utc);
+                row.tai_utc = listed;
             if (i > 0) {
                 const EarthRow &before = rows_[i - 1];
-                row.tai_utc = next_tai_utc(before, row, leaps);
+                row.tai_utc = next_tai_utc(before, row, listed);
                 if (row.tai_utc != before.tai_utc && !table_->no_ut1 && !insert_between(before, row, leaps, &inserted))
                     return TableFault::no_memory;
             }
-            if (!table_->no_ut1 && leaps.speaks_of(row.utc) && row.tai_utc != leaps.tai_utc(row.utc))
+            if (row.tai_utc != listed && !table_->no_ut1 && leaps.speaks_of(row.utc))
                 disagree(row.file, row.line);
         }
         if (inserted.empty())
@@ -514,9 +518,22 @@ private:
                 return TableFault::not_increasing;
             }
         }
-        if (fault_of(out) != nullptr) // a row at the very end of the range
+        if (!usable(out))
             return TableFault::no_rows;
         return complete(&out) ? TableFault::none : TableFault::no_leap_second;
+    }
+
+    // The rows are right by their making, but for those at the very ends of the range, and the formula.
+    static bool usable(const Correlation &out)
+    {
+        Correlation end = out;
+        end.combination = 0;
+        end.n_rows = 1;
+        end.row_pole = nullptr;
+        if (fault_of(end) != nullptr)
+            return false;
+        end.rows += out.n_rows - 1;
+        return fault_of(end) == nullptr;
     }
 
     static void take_formula(const Formula &formula, Correlation *out)
