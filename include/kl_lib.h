@@ -27,6 +27,7 @@
 #include "kl/geoid.h"       /* height of the geoid */
 #include "kl/geometry.h"    /* lines of sight, real roots, eclipses */
 #include "kl/models.h"      /* Earth and sky models */
+#include "kl/orientation.h" /* GCRS and ITRS after the IERS Conventions */
 #include "kl/rotations.h"   /* quaternions, axes, angles */
 #include "kl/run_twins.h"   /* functions that take a run in place of their ids */
 #include "kl/runs.h"        /* runs */

@@ -1,0 +1,180 @@
+// The celestial intermediate pole X, Y and the origin s of the IAU 2006/2000A precession and nutation, from a table of
+// daily nodes.
+#ifndef KL_SRC_ORIENTATION_CELESTIAL_POLE_H
+#define KL_SRC_ORIENTATION_CELESTIAL_POLE_H
+
+#include "orientation/jet.h"
+#include "orientation/pole_layout.h"
+#include "orientation/units.h"
+
+#include <cstdint>
+
+extern "C" {
+extern const std::int32_t kl_pole_x[kPoleNodes] __attribute__((visibility("hidden")));
+extern const std::int32_t kl_pole_y[kPoleNodes] __attribute__((visibility("hidden")));
+extern const std::int16_t kl_pole_s[kPoleNodes] __attribute__((visibility("hidden")));
+}
+
+inline namespace KL_SET {
+
+// ---- interpolation between equally spaced nodes ----
+//
+// Of 2 n nodes at x = -(n - 1/2) ... n - 1/2 the sums of opposite ones give the even part of the polynomial, their
+// differences the odd one: two systems of size n in x squared instead of one of 2 n.
+
+// c[k][j]: what node pair j adds to the coefficient of (x^2)^k.
+template <int n>
+struct PairCoefficients {
+    double even[n][n], odd[n][n];
+};
+
+template <int n>
+constexpr PairCoefficients<n> pair_coefficients()
+{
+    PairCoefficients<n> out{};
+    for (int j = 0; j < n; ++j) {
+        double basis[n] = {1.0}; // product of (z - z_i)/(z_j - z_i), z = x^2
+        int degree = 0;
+        const double zj = (j + 0.5) * (j + 0.5);
+        for (int i = 0; i < n; ++i) {
+            if (i == j)
+                continue;
+            const double zi = (i + 0.5) * (i + 0.5);
+            for (int k = ++degree; k >= 0; --k)
+                basis[k] = ((k > 0 ? basis[k - 1] : 0.0) - (k < degree ? zi * basis[k] : 0.0)) / (zj - zi);
+        }
+        for (int k = 0; k < n; ++k) {
+            out.even[k][j] = 0.5 * basis[k];
+            out.odd[k][j] = 0.5 * basis[k] / (j + 0.5);
+        }
+    }
+    return out;
+}
+
+// Value and derivatives by x of the polynomial through the pairs; sums[j] = y(j + 1/2) + y(-j - 1/2), differences
+// alike.
+template <int order, int n, class T>
+inline Jet<T> through_pairs(const T (&sums)[n], const T (&differences)[n], const T &x)
+{
+    constexpr PairCoefficients<n> by = pair_coefficients<n>();
+    T c[2 * n];
+    for (int k = 0; k < n; ++k) {
+        T even = by.even[k][0] * sums[0];
+        T odd = by.odd[k][0] * differences[0];
+        for (int j = 1; j < n; ++j) {
+            even = even + by.even[k][j] * sums[j];
+            odd = odd + by.odd[k][j] * differences[j];
+        }
+        c[2 * k] = even;
+        c[2 * k + 1] = odd;
+    }
+    Jet<T> out{c[2 * n - 1], c[2 * n - 1] * 0.0, c[2 * n - 1] * 0.0};
+    for (int k = 2 * n - 2; k >= 0; --k) {
+        if (order >= 2)
+            out.acceleration = out.acceleration * x + 2.0 * out.rate;
+        if (order >= 1)
+            out.rate = out.rate * x + out.value;
+        out.value = out.value * x + c[k];
+    }
+    return out;
+}
+
+// ---- the pole ----
+
+constexpr int kPolePairs = 5;   // ten nodes: 1.1 microarcseconds; eight leave 4.8, six 29
+constexpr int kOriginPairs = 3; // s is smooth
+
+// What the table holds about an instant: sums and differences of pairs of nodes, in counts.
+template <class T>
+struct PoleNodes {
+    T x_sum[kPolePairs], x_difference[kPolePairs], y_sum[kPolePairs], y_difference[kPolePairs];
+    T s_sum[kOriginPairs], s_difference[kOriginPairs];
+};
+
+// Days of TT between which the nodes suffice.
+inline bool inside_pole_table(long day)
+{
+    return day >= kPoleFirstDay + kPolePairs - 1 && day < kPoleLastDay - kPolePairs;
+}
+
+// Nodes about the day that begins at 0h TT of `day`.
+inline PoleNodes<double> pole_nodes(long day)
+{
+    PoleNodes<double> out;
+    const long first = day - kPoleFirstDay;
+    for (int j = 0; j < kPolePairs; ++j) {
+        const double xa = kl_pole_x[first + 1 + j];
+        const double xb = kl_pole_x[first - j];
+        const double ya = kl_pole_y[first + 1 + j];
+        const double yb = kl_pole_y[first - j];
+        out.x_sum[j] = xa + xb;
+        out.x_difference[j] = xa - xb;
+        out.y_sum[j] = ya + yb;
+        out.y_difference[j] = ya - yb;
+    }
+    for (int j = 0; j < kOriginPairs; ++j) {
+        const double a = kl_pole_s[first + 1 + j];
+        const double b = kl_pole_s[first - j];
+        out.s_sum[j] = a + b;
+        out.s_difference[j] = a - b;
+    }
+    return out;
+}
+
+template <class T>
+struct CelestialPole {
+    Jet<T> x, y;
+    Jet<T> s; // s + XY/2 until the pole's offsets are in
+};
+
+// Counts of the table with the polynomial in t, in radians and seconds.
+template <int order, class T>
+inline Jet<T> with_polynomial(const Jet<T> &counts, const double (&polynomial)[6], const T &t)
+{
+    Jet<T> p{t * 0.0 + polynomial[5], t * 0.0, t * 0.0};
+    for (int k = 4; k >= 0; --k) {
+        if (order >= 2)
+            p.acceleration = p.acceleration * t + 2.0 * p.rate;
+        if (order >= 1)
+            p.rate = p.rate * t + p.value;
+        p.value = p.value * t + polynomial[k];
+    }
+    constexpr double kDay = 1.0 / kSecondsPerDay;
+    constexpr double kCentury = 1.0 / (kDaysPerCentury * kSecondsPerDay);
+    Jet<T> out = p;
+    out.value = kRadPerMicroarcsecond * (kPoleUnit * counts.value + p.value);
+    if (order >= 1)
+        out.rate =
+            (kRadPerMicroarcsecond * kPoleUnit * kDay) * counts.rate + (kRadPerMicroarcsecond * kCentury) * p.rate;
+    if (order >= 2)
+        out.acceleration = (kRadPerMicroarcsecond * kPoleUnit * kDay * kDay) * counts.acceleration
+                           + (kRadPerMicroarcsecond * kCentury * kCentury) * p.acceleration;
+    return out;
+}
+
+// At a fraction of the day of the nodes; t: Julian centuries of TT from J2000.0.
+template <int order, class T>
+inline CelestialPole<T> celestial_pole(const PoleNodes<T> &nodes, const T &fraction, const T &t)
+{
+    const T x = fraction - 0.5;
+    return {with_polynomial<order>(through_pairs<order>(nodes.x_sum, nodes.x_difference, x), kPoleXPolynomial, t),
+            with_polynomial<order>(through_pairs<order>(nodes.y_sum, nodes.y_difference, x), kPoleYPolynomial, t),
+            with_polynomial<order>(through_pairs<order>(nodes.s_sum, nodes.s_difference, x), kPoleSPolynomial, t)};
+}
+
+// s + XY/2 -> s.
+template <int order, class T>
+inline void separate_origin(CelestialPole<T> &p)
+{
+    p.s.value = p.s.value - 0.5 * (p.x.value * p.y.value);
+    if (order >= 1)
+        p.s.rate = p.s.rate - 0.5 * (p.x.rate * p.y.value + p.x.value * p.y.rate);
+    if (order >= 2)
+        p.s.acceleration =
+            p.s.acceleration
+            - (0.5 * (p.x.acceleration * p.y.value + p.x.value * p.y.acceleration) + p.x.rate * p.y.rate);
+}
+
+} // namespace KL_SET
+
+#endif

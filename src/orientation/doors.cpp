@@ -1,0 +1,151 @@
+// The Earth's orientation for callers. No function here has a public id: a vector is cleared and stays so.
+#include "kl/orientation.h"
+#include "orientation/frames_of_date.h"
+#include "orientation/orientation.h"
+#include "time/scales.h"
+#include "time/time_record.h"
+
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+constexpr int kRankOf[] = {-1, kRankGcrs, kRankCirs, kRankTirs, kRankItrs, kRankEme2000}; // by KL_GCRS to KL_EME2000
+
+// What all three calls ask of their arguments; correlation null: refused.
+struct Request {
+    const Correlation *correlation;
+    long corrections, scale;
+};
+
+Request request_of(const kl_time_id *time_id, const long *corrections, const long *time_ref)
+{
+    const bool good = corrections != nullptr && *corrections >= 0 && *corrections <= KL_EOP_ALL && time_ref != nullptr
+                      && is_time_ref(*time_ref);
+    if (!good)
+        return {nullptr, 0, 0};
+    return {correlation_of(time_id), *corrections, *time_ref};
+}
+
+bool prepared(const Request &request, const double *time, OrientationInstant *instant)
+{
+    return time != nullptr && inside_processing_range(*time)
+           && orientation_instant(*request.correlation, request.scale, *time, instant);
+}
+
+bool is_frame(const long *cs)
+{
+    return cs != nullptr && *cs >= KL_GCRS && *cs <= KL_EME2000;
+}
+
+bool is_mode(const long *mode)
+{
+    return mode != nullptr && *mode >= KL_CALC_POS && *mode <= KL_CALC_POS_VEL_ACC;
+}
+
+// Does the path ask the id for something that it does not hold there?
+long status_of(const OrientationPath &path, long notes)
+{
+    const int low = path.from < path.to ? path.from : path.to;
+    const int high = path.from < path.to ? path.to : path.from;
+    const bool rotates = low != high && high >= kRankTirs;      // UT1, pole
+    const bool offsets = low <= kRankGcrs && high >= kRankCirs; // dX, dY
+    const long asked = (rotates ? kEopOutsideTable | kEopNoPole : 0) | (offsets ? kEopOutsideTable : 0);
+    return (notes & asked) != 0 ? long{KL_WARN} : long{KL_OK};
+}
+
+void clear(long *ierr)
+{
+    if (ierr != nullptr)
+        *ierr = 0;
+}
+
+void copy_nine(const double (&from)[1][9], bool wanted, double *to)
+{
+    for (int i = 0; i < 9; ++i)
+        to[i] = wanted ? from[0][i] : 0.0;
+}
+
+} // namespace
+
+long kl_earth_orientation_get(kl_time_id *time_id, const long *corrections, const long *time_ref, const double *time,
+                              kl_earth_orientation *out, long *ierr)
+{
+    clear(ierr);
+    const Request request = request_of(time_id, corrections, time_ref);
+    OrientationInstant instant;
+    if (request.correlation == nullptr || out == nullptr || !prepared(request, time, &instant))
+        return KL_ERR;
+    Orientation v;
+    orientation_values_kernel()(&instant, 1, request.corrections, &v);
+    constexpr double kArcsec = 1.0 / kRadPerArcsecond;
+    const double degrees = v.era * KL_DEG_PER_RAD;
+    *out = {v.x_pole * kArcsec,
+            v.y_pole * kArcsec,
+            instant.eop.tai_utc - v.tai_ut1,
+            -v.tai_ut1,
+            instant.eop.dx.value * kArcsec,
+            instant.eop.dy.value * kArcsec,
+            v.cip_x * kArcsec,
+            v.cip_y * kArcsec,
+            v.s * kArcsec,
+            v.s_prime * kArcsec,
+            degrees < 360.0 ? degrees : 0.0,
+            instant.eop.notes};
+    return instant.eop.notes != 0 ? long{KL_WARN} : long{KL_OK};
+}
+
+long kl_iers_matrix(kl_time_id *time_id, const long *corrections, const long *cs_in, const long *cs_out,
+                    const long *time_ref, const double *time, const long *calc_mode, double r[9], double dr[9],
+                    double ddr[9], long *ierr)
+{
+    clear(ierr);
+    const Request request = request_of(time_id, corrections, time_ref);
+    OrientationInstant instant;
+    if (request.correlation == nullptr || !is_frame(cs_in) || !is_frame(cs_out) || !is_mode(calc_mode) || r == nullptr
+        || dr == nullptr || ddr == nullptr || !prepared(request, time, &instant))
+        return KL_ERR;
+    const OrientationPath path = {kRankOf[*cs_in], kRankOf[*cs_out], request.corrections};
+    double m[1][9];
+    double rate[1][9];
+    double acceleration[1][9];
+    orientation_matrices_kernel()(&instant, 1, path, static_cast<int>(*calc_mode - KL_CALC_POS), m, rate, acceleration);
+    copy_nine(m, true, r);
+    copy_nine(rate, *calc_mode >= KL_CALC_POS_VEL, dr);
+    copy_nine(acceleration, *calc_mode == KL_CALC_POS_VEL_ACC, ddr);
+    return status_of(path, instant.eop.notes);
+}
+
+long kl_iers_change(kl_time_id *time_id, const long *corrections, const long *calc_mode, const long *cs_in,
+                    const long *cs_out, const long *time_ref, const double *time, const double pos[3],
+                    const double vel[3], const double acc[3], double pos_out[3], double vel_out[3], double acc_out[3],
+                    long *ierr)
+{
+    clear(ierr);
+    const Request request = request_of(time_id, corrections, time_ref);
+    OrientationInstant instant;
+    if (request.correlation == nullptr || !is_mode(calc_mode) || !is_frame(cs_in) || !is_frame(cs_out)
+        || !prepared(request, time, &instant) || pos == nullptr || (*calc_mode >= KL_CALC_POS_VEL && vel == nullptr)
+        || (*calc_mode == KL_CALC_POS_VEL_ACC && acc == nullptr) || pos_out == nullptr || vel_out == nullptr
+        || acc_out == nullptr)
+        return KL_ERR;
+    const OrientationPath path = {kRankOf[*cs_in], kRankOf[*cs_out], request.corrections};
+    const int order = static_cast<int>(*calc_mode - KL_CALC_POS);
+    double m[1][9];
+    double rate[1][9];
+    double acceleration[1][9];
+    orientation_matrices_kernel()(&instant, 1, path, order, m, rate, acceleration);
+    // The outputs may be the inputs: the state is read into a place of its own.
+    double state[3][1][3] = {};
+    std::memcpy(state[0], pos, sizeof state[0]);
+    if (order >= 1)
+        std::memcpy(state[1], vel, sizeof state[1]);
+    if (order >= 2)
+        std::memcpy(state[2], acc, sizeof state[2]);
+    turn_states_kernel()(m, rate, acceleration, 0, 1, order, state[0], state[1], state[2], state[0], state[1],
+                         state[2]);
+    std::memcpy(pos_out, state[0], sizeof state[0]);
+    std::memcpy(vel_out, state[1], sizeof state[1]);
+    std::memcpy(acc_out, state[2], sizeof state[2]);
+    return status_of(path, instant.eop.notes);
+}

@@ -1,0 +1,255 @@
+#include "orientation/earth_orientation_values.h"
+#include "kl_family.h"
+#include "numbers/elementary.h"
+#include "orientation/units.h"
+#include "time/time_record.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kWidest = 10.0;    // days: rows further apart are joined by straight lines
+constexpr long kModelOrbitFile = 7; // rows of leap seconds only: straight lines too
+constexpr long kModelLeapSeconds = 8;
+constexpr double kGpsAfterFormula = 19.0; // s, TAI-GPS where UT1 comes from a formula
+
+struct Span {
+    long first, n; // rows that take part in the interpolation
+};
+
+// Days from an instant to that of a row.
+double days_to(const kl_time_row &row, const SplitDay &tai)
+{
+    return (row.tai - static_cast<double>(tai.day)) - tai.fraction;
+}
+
+// The last row at or before an instant of TAI, -1 when there is none. Starts where an evenly spaced table has it.
+long row_before(const Correlation &c, const SplitDay &tai)
+{
+    const double t = static_cast<double>(tai.day) + tai.fraction;
+    const double guess = (t - c.rows[0].tai) * c.rows_per_day;
+    long low = guess > 0.0 ? std::min(static_cast<long>(guess), c.n_rows - 1) : 0;
+    long high = low;
+    for (long step = 1; low >= 0 && c.rows[low].tai > t; step *= 2) {
+        high = low;
+        low = std::max(low - step, -1L);
+    }
+    for (long step = 1; high < c.n_rows && c.rows[high].tai <= t; step *= 2) {
+        low = high;
+        high = std::min(high + step, c.n_rows);
+    }
+    while (high - low > 1) {
+        const long middle = low + (high - low) / 2;
+        (c.rows[middle].tai <= t ? low : high) = middle;
+    }
+    return low;
+}
+
+Span span_about(const Correlation &c, long row)
+{
+    const auto gap = [&](long i) { return c.rows[i + 1].tai - c.rows[i].tai; };
+    const bool straight = c.model == kModelOrbitFile || c.model == kModelLeapSeconds || c.n_rows < 4;
+    if (!straight) {
+        const long first = std::clamp(row - 1, 0L, c.n_rows - 4);
+        if (gap(first) <= kWidest && gap(first + 1) <= kWidest && gap(first + 2) <= kWidest)
+            return {first, 4};
+    }
+    return {std::min(row, c.n_rows - 2), 2};
+}
+
+// Weights of the rows of a span and their first and second derivatives by days.
+struct Weights {
+    double value[4], rate[4], acceleration[4];
+};
+
+Weights weights_of(const Correlation &c, const Span &span, const SplitDay &tai)
+{
+    Weights w{};
+    double ahead[4]; // days from the instant to each row
+    for (long i = 0; i < span.n; ++i)
+        ahead[i] = days_to(c.rows[span.first + i], tai);
+    if (span.n == 2) {
+        const double width = ahead[1] - ahead[0];
+        w.value[0] = ahead[1] / width;
+        w.value[1] = -ahead[0] / width;
+        w.rate[0] = -1.0 / width;
+        w.rate[1] = 1.0 / width;
+        return w;
+    }
+    for (int i = 0; i < 4; ++i) {
+        const double a = ahead[(i + 1) % 4];
+        const double b = ahead[(i + 2) % 4];
+        const double d = ahead[(i + 3) % 4];
+        const double scale = 1.0 / ((ahead[i] - a) * (ahead[i] - b) * (ahead[i] - d));
+        w.value[i] = -scale * (a * b * d);
+        w.rate[i] = scale * (a * b + a * d + b * d);
+        w.acceleration[i] = -2.0 * scale * (a + b + d);
+    }
+    return w;
+}
+
+template <class Column>
+Motion interpolated(const Span &span, const Weights &w, Column column)
+{
+    Motion out{0.0, 0.0, 0.0};
+    for (long i = 0; i < span.n; ++i) {
+        const double y = column(span.first + i);
+        out.value += w.value[i] * y;
+        out.rate += w.rate[i] * y;
+        out.acceleration += w.acceleration[i] * y;
+    }
+    out.rate /= kSecondsPerDay;
+    out.acceleration /= kSecondsPerDay * kSecondsPerDay;
+    return out;
+}
+
+Motion constant(double value)
+{
+    return {value, 0.0, 0.0};
+}
+
+// After the table, as the rest of the library has it: the bulletin's formula of UT1-UTC.
+Motion ut1_by_formula(const Correlation &c, const SplitDay &tai)
+{
+    const double tai_utc = c.rows[c.n_rows - 1].tai_utc;
+    const auto tai_ut1 = [&](double days) { return tai_utc - (c.a + c.b * (days - c.c) - KL_Get_ut2_ut1(days)); };
+    const double utc = static_cast<double>(tai.day) + (tai.fraction - tai_utc / kSecondsPerDay);
+    constexpr double kStep = 0.5; // days: the seasons of UT2-UT1 are half a year and a year
+    const double before = tai_ut1(utc - kStep);
+    const double now = tai_ut1(utc);
+    const double after = tai_ut1(utc + kStep);
+    return {now, (after - before) / (2.0 * kStep * kSecondsPerDay),
+            ((after - now) - (now - before)) / (kStep * kStep * kSecondsPerDay * kSecondsPerDay)};
+}
+
+// One coordinate of the bulletin's formula of the pole.
+Motion pole_by_formula(const PoleFormula &formula, const double (&k)[5], const SplitDay &tai)
+{
+    Motion out{k[0], 0.0, 0.0};
+    for (int i = 0; i < 2; ++i) {
+        if (formula.period[i] == 0.0)
+            continue;
+        const double w = KL_TWO_PI / formula.period[i];
+        const auto angle = sine_cosine(w * ((static_cast<double>(tai.day) - formula.reference_date[i]) + tai.fraction));
+        const double cosine = k[1 + 2 * i];
+        const double sine = k[2 + 2 * i];
+        out.value += cosine * angle.c + sine * angle.s;
+        out.rate += w * (sine * angle.c - cosine * angle.s);
+        out.acceleration -= w * w * (cosine * angle.c + sine * angle.s);
+    }
+    return {out.value * kRadPerArcsecond, out.rate * (kRadPerArcsecond / kSecondsPerDay),
+            out.acceleration * (kRadPerArcsecond / (kSecondsPerDay * kSecondsPerDay))};
+}
+
+bool has_pole_formula(const PoleFormula &formula)
+{
+    for (int i = 0; i < 5; ++i)
+        if (formula.x[i] != 0.0 || formula.y[i] != 0.0)
+            return true;
+    return false;
+}
+
+// TAI-UTC between two rows: steps at the leap second that the correlation knows, which may lie between them, else at
+// the later row.
+double tai_utc_at(const Correlation &c, long row, const SplitDay &tai)
+{
+    const kl_time_row &before = c.rows[std::max(row, 0L)];
+    if (row < 0 || row + 1 >= c.n_rows || c.leap.sign == 0 || c.rows[row + 1].tai_utc == before.tai_utc)
+        return before.tai_utc;
+    const double after = (static_cast<double>(tai.day) - c.leap.tai) + tai.fraction; // days since it began
+    return after >= (c.leap.sign > 0 ? 1.0 / kSecondsPerDay : 0.0) && c.leap.tai > before.tai - 1.0
+               ? c.rows[row + 1].tai_utc
+               : before.tai_utc;
+}
+
+} // namespace
+
+EopValues eop_values(const Correlation &c, const SplitDay &tai)
+{
+    EopValues out{};
+    const long row = c.n_rows == 1 && c.model == KL_TIME_MODEL_EXPLICIT ? 0 : row_before(c, tai);
+    out.tai_utc = tai_utc_at(c, row, tai);
+    const bool explicit_values = c.model == KL_TIME_MODEL_EXPLICIT;
+    const kl_time_row &last = c.rows[c.n_rows - 1];
+    const bool at_last = row == c.n_rows - 1 && days_to(last, tai) == 0.0;
+    const bool inside = explicit_values || at_last || (row >= 0 && row < c.n_rows - 1);
+    if (c.row_pole == nullptr)
+        out.notes |= kEopNoPole;
+    if (!inside)
+        out.notes |= kEopOutsideTable;
+
+    if (inside && c.n_rows > 1) {
+        const Span span = span_about(c, row);
+        const Weights w = weights_of(c, span, tai);
+        out.tai_ut1 = interpolated(span, w, [&](long i) { return c.rows[i].tai_ut1; });
+        if (c.row_pole != nullptr) {
+            out.x = interpolated(span, w, [&](long i) { return c.row_pole[i][0]; });
+            out.y = interpolated(span, w, [&](long i) { return c.row_pole[i][1]; });
+            out.dx = interpolated(span, w, [&](long i) { return c.row_pole[i][2]; });
+            out.dy = interpolated(span, w, [&](long i) { return c.row_pole[i][3]; });
+        }
+        return out;
+    }
+    const long edge = std::max(row, 0L);
+    out.tai_ut1 = constant(c.rows[edge].tai_ut1);
+    if (c.row_pole != nullptr) { // the offsets dX, dY belong to the table alone
+        out.x = constant(c.row_pole[edge][0]);
+        out.y = constant(c.row_pole[edge][1]);
+        if (inside) {
+            out.dx = constant(c.row_pole[edge][2]);
+            out.dy = constant(c.row_pole[edge][3]);
+        }
+    }
+    if (!inside && row >= 0) {
+        if (c.no_extrapolation == 0) {
+            out.tai_ut1 = ut1_by_formula(c, tai);
+            out.notes |= kEopByFormula;
+        }
+        if (has_pole_formula(c.pole)) {
+            out.x = pole_by_formula(c.pole, c.pole.x, tai);
+            out.y = pole_by_formula(c.pole, c.pole.y, tai);
+            out.notes = (out.notes | kEopByFormula) & ~static_cast<long>(kEopNoPole);
+        }
+    }
+    return out;
+}
+
+SplitDay tai_of(const Correlation &c, long scale, double time_days)
+{
+    const double floor_days = std::floor(time_days);
+    SplitDay given = {static_cast<long>(floor_days), time_days - floor_days};
+    const auto shifted = [&](double seconds) { return SplitDay{given.day, given.fraction + seconds / kSecondsPerDay}; };
+    switch (scale) {
+    case KL_TIME_TAI:
+        return given;
+    case KL_TIME_GPS: {
+        const SplitDay near = shifted(kGpsAfterFormula);
+        const long row = row_before(c, near);
+        const bool formula = row == c.n_rows - 1 && c.no_extrapolation == 0 && days_to(c.rows[row], near) < 0.0
+                             && c.model != KL_TIME_MODEL_EXPLICIT;
+        return shifted(formula ? kGpsAfterFormula : c.rows[std::max(row, 0L)].tai_gps);
+    }
+    case KL_TIME_UTC: {
+        // The value of the row before, in UTC; at the leap second of the id that of the row after, from its instant on.
+        SplitDay guess = shifted(c.rows[std::max(row_before(c, given), 0L)].tai_utc);
+        long row = row_before(c, guess);
+        double seconds = c.rows[std::max(row, 0L)].tai_utc;
+        for (long next = row + 1; next < c.n_rows && c.rows[next].utc <= time_days; ++next)
+            seconds = c.rows[next].tai_utc;
+        for (; row > 0 && c.rows[row].utc > time_days; --row)
+            seconds = c.rows[row - 1].tai_utc;
+        row = std::max(row, 0L);
+        if (c.leap.sign != 0 && row + 1 < c.n_rows && c.rows[row].utc < c.leap.utc && c.leap.utc <= c.rows[row + 1].utc
+            && time_days >= c.leap.utc)
+            seconds = c.rows[row + 1].tai_utc;
+        return shifted(seconds);
+    }
+    default: { // UT1: its distance from TAI moves by microseconds in a minute
+        SplitDay tai = given;
+        for (int i = 0; i < 3; ++i)
+            tai = shifted(eop_values(c, tai).tai_ut1.value);
+        return tai;
+    }
+    }
+}

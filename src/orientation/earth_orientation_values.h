@@ -1,0 +1,33 @@
+// UT1, the pole and its offsets at an instant, from the rows of a correlation: a cubic through the four nearest rows.
+#ifndef KL_SRC_ORIENTATION_EARTH_ORIENTATION_VALUES_H
+#define KL_SRC_ORIENTATION_EARTH_ORIENTATION_VALUES_H
+
+#include "time/correlation.h"
+
+// An instant of a scale as day number (MJD2000) and fraction, so that its digits are those of the caller's double.
+struct SplitDay {
+    long day;
+    double fraction; // may lie a little outside 0 to 1
+};
+
+// A quantity and its derivatives by seconds.
+struct Motion {
+    double value, rate, acceleration;
+};
+
+enum EopNotes { kEopOutsideTable = 1, kEopNoPole = 2, kEopByFormula = 4 };
+
+struct EopValues {
+    Motion tai_ut1;      // s
+    Motion x, y, dx, dy; // rad
+    double tai_utc;      // s; inside a leap second the value before it
+    long notes;          // sum of EopNotes
+};
+
+// At an instant of TAI.
+EopValues eop_values(const Correlation &correlation, const SplitDay &tai);
+
+// The same instant in TAI; `scale` one of KL_TIME_TAI to KL_TIME_GPS. UT1 is that of the rows, without corrections.
+SplitDay tai_of(const Correlation &correlation, long scale, double time_days);
+
+#endif

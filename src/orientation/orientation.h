@@ -1,0 +1,44 @@
+// Earth orientation after the IERS Conventions (2010): what the doors prepare and the kernels compute.
+#ifndef KL_SRC_ORIENTATION_ORIENTATION_H
+#define KL_SRC_ORIENTATION_ORIENTATION_H
+
+#include "numbers/kernels.h"
+#include "orientation/earth_orientation_values.h"
+
+// An instant as the kernels take it: what the correlation says of it, nothing of precession and nutation yet.
+struct OrientationInstant {
+    long tt_day;        // MJD2000
+    double tt_fraction; // of that day
+    double ut1_day, ut1_fraction;
+    EopValues eop;
+};
+
+// What is known of the Earth at an instant: radians, seconds.
+struct Orientation {
+    double x_pole, y_pole, tai_ut1; // with the corrections that were asked for
+    double cip_x, cip_y, s, s_prime, era;
+};
+
+// One path between two frames for one call. Ranks: FrameRank of frames_of_date.h.
+struct OrientationPath {
+    int from, to;
+    long corrections;
+};
+
+// False where TT leaves the table of the pole.
+bool orientation_instant(const Correlation &correlation, long scale, double time_days, OrientationInstant *out);
+
+// Matrices with `order` derivatives: m[i], rate[i], acceleration[i] of instant i, rows of three; unused ones may be
+// null.
+KL_KERNEL(orientation_matrices, (const OrientationInstant *instants, long n, const OrientationPath &path, int order,
+                                 double (*m)[9], double (*rate)[9], double (*acceleration)[9]));
+
+KL_KERNEL(orientation_values, (const OrientationInstant *instants, long n, long corrections, Orientation *values));
+
+// State i through the matrices of instant i: r' = M r, v' = M v + M' r, a' = M a + 2 M' v + M'' r.
+// `stride` 0: one instant for all.
+KL_KERNEL(turn_states, (const double (*m)[9], const double (*rate)[9], const double (*acceleration)[9], long stride,
+                        long n, int order, const double (*pos)[3], const double (*vel)[3], const double (*acc)[3],
+                        double (*pos_out)[3], double (*vel_out)[3], double (*acc_out)[3]));
+
+#endif
