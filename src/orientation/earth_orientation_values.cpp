@@ -174,43 +174,40 @@ EopValues eop_values(const Correlation &c, const SplitDay &tai)
     const kl_time_row &last = c.rows[c.n_rows - 1];
     const bool at_last = row == c.n_rows - 1 && days_to(last, tai) == 0.0;
     const bool inside = explicit_values || at_last || (row >= 0 && row < c.n_rows - 1);
-    if (c.row_pole == nullptr)
-        out.notes |= kEopNoPole;
     if (!inside)
         out.notes |= kEopOutsideTable;
+    // The bulletin's formula of the pole serves after the rows, and everywhere when they have none.
+    const bool after = !inside && row >= 0;
+    if (has_pole_formula(c.pole) && (after || c.row_pole == nullptr)) {
+        out.x = pole_by_formula(c.pole, c.pole.x, tai);
+        out.y = pole_by_formula(c.pole, c.pole.y, tai);
+        out.notes |= kEopByFormula;
+    } else if (c.row_pole == nullptr) {
+        out.notes |= kEopNoPole;
+    } else if (!inside || c.n_rows == 1) { // the edge row; the offsets dX, dY belong to the table alone
+        const double(&pole)[4] = c.row_pole[std::max(row, 0L)];
+        out.x = constant(pole[0] * kRadPerArcsecond);
+        out.y = constant(pole[1] * kRadPerArcsecond);
+        out.dx = constant(inside ? pole[2] * kRadPerArcsecond : 0.0);
+        out.dy = constant(inside ? pole[3] * kRadPerArcsecond : 0.0);
+    }
 
     if (inside && c.n_rows > 1) {
         const Span span = span_about(c, row);
         const Weights w = weights_of(c, span, tai);
         out.tai_ut1 = interpolated(span, w, [&](long i) { return c.rows[i].tai_ut1; });
         if (c.row_pole != nullptr) {
-            out.x = interpolated(span, w, [&](long i) { return c.row_pole[i][0]; });
-            out.y = interpolated(span, w, [&](long i) { return c.row_pole[i][1]; });
-            out.dx = interpolated(span, w, [&](long i) { return c.row_pole[i][2]; });
-            out.dy = interpolated(span, w, [&](long i) { return c.row_pole[i][3]; });
+            out.x = interpolated(span, w, [&](long i) { return c.row_pole[i][0] * kRadPerArcsecond; });
+            out.y = interpolated(span, w, [&](long i) { return c.row_pole[i][1] * kRadPerArcsecond; });
+            out.dx = interpolated(span, w, [&](long i) { return c.row_pole[i][2] * kRadPerArcsecond; });
+            out.dy = interpolated(span, w, [&](long i) { return c.row_pole[i][3] * kRadPerArcsecond; });
         }
         return out;
     }
-    const long edge = std::max(row, 0L);
-    out.tai_ut1 = constant(c.rows[edge].tai_ut1);
-    if (c.row_pole != nullptr) { // the offsets dX, dY belong to the table alone
-        out.x = constant(c.row_pole[edge][0]);
-        out.y = constant(c.row_pole[edge][1]);
-        if (inside) {
-            out.dx = constant(c.row_pole[edge][2]);
-            out.dy = constant(c.row_pole[edge][3]);
-        }
-    }
-    if (!inside && row >= 0) {
-        if (c.no_extrapolation == 0) {
-            out.tai_ut1 = ut1_by_formula(c, tai);
-            out.notes |= kEopByFormula;
-        }
-        if (has_pole_formula(c.pole)) {
-            out.x = pole_by_formula(c.pole, c.pole.x, tai);
-            out.y = pole_by_formula(c.pole, c.pole.y, tai);
-            out.notes = (out.notes | kEopByFormula) & ~static_cast<long>(kEopNoPole);
-        }
+    out.tai_ut1 = constant(c.rows[std::max(row, 0L)].tai_ut1);
+    if (after && c.no_extrapolation == 0) {
+        out.tai_ut1 = ut1_by_formula(c, tai);
+        out.notes |= kEopByFormula;
     }
     return out;
 }

@@ -1,7 +1,5 @@
 // Earth orientation against the series, ERFA, published test cases and laws.
 #include "kl_lib.h"
-#include "time/correlation.h"
-#include "time/time_record.h"
 
 #include <erfa.h>
 #include <gtest/gtest.h>
@@ -29,22 +27,18 @@ public:
             rows.push_back({utc + 37.0 / 86400.0, utc + (37.0 - ut1) / 86400.0, utc, 37.0, ut1, 19.0});
             poles.push_back({});
             pole(utc + 37.0 / 86400.0, poles.back().v);
+            for (double &v : poles.back().v)
+                v /= kArcsecond;
         }
         kl_time_id_data data = {};
         data.model = 6;
         data.no_extrapolation = 1;
         data.n_rows = n;
         data.rows = rows.data();
+        data.pole = with_pole ? reinterpret_cast<double(*)[4]>(poles.data()) : nullptr;
         EXPECT_EQ(kl_time_set_id_data(&id, &data), 0);
-        if (with_pole)
-            time_record_of(&id)->correlation.row_pole = reinterpret_cast<double(*)[4]>(poles.data());
     }
-    ~SmoothId()
-    {
-        if (time_record_of(&id) != nullptr)
-            time_record_of(&id)->correlation.row_pole = nullptr;
-        kl_time_close(&id, nullptr);
-    }
+    ~SmoothId() { kl_time_close(&id, nullptr); }
     SmoothId(const SmoothId &) = delete;
     SmoothId &operator=(const SmoothId &) = delete;
 
