@@ -10,6 +10,7 @@
 #include "kl/clocks.h"
 #include "kl/formats.h"
 #include "kl/frames.h"
+#include "kl/orientation.h"
 #include "kl/time.h"
 
 #ifdef __cplusplus
@@ -79,6 +80,18 @@ KL_API long kl_change_cart_cs_run(const long *run_id, const long *calc_mode, con
                                   const long *time_ref, const double *time, const double pos[3], const double vel[3],
                                   const double acc[3], double pos_out[3], double vel_out[3], double acc_out[3],
                                   long *ierr);
+/** kl_earth_orientation_get with the time id of a run. */
+KL_API long kl_earth_orientation_get_run(const long *run_id, const long *corrections, const long *time_ref,
+                                         const double *time, kl_earth_orientation *out, long *ierr);
+/** kl_iers_matrix with the time id of a run. */
+KL_API long kl_iers_matrix_run(const long *run_id, const long *corrections, const long *cs_in, const long *cs_out,
+                               const long *time_ref, const double *time, const long *calc_mode, double r[9],
+                               double dr[9], double ddr[9], long *ierr);
+/** kl_iers_change with the time id of a run. */
+KL_API long kl_iers_change_run(const long *run_id, const long *corrections, const long *calc_mode, const long *cs_in,
+                               const long *cs_out, const long *time_ref, const double *time, const double pos[3],
+                               const double vel[3], const double acc[3], double pos_out[3], double vel_out[3],
+                               double acc_out[3], long *ierr);
 /** kl_time_get_leap_second_info with the time id of a run. */
 KL_API long kl_time_get_leap_second_info_run(const long *run_id, const long *ascii_id_out, long *leap_sign,
                                              char *utc_time_before, char *utc_time_after, long *ierr);

@@ -118,6 +118,20 @@ public:
                               long time_ref, double time, const State &in);
     static State changeCartCs(const RunId &run, long calc_mode, long cs_in, long cs_out, long time_ref, double time,
                               const State &in);
+    /** What a time id and the theory say of the Earth's orientation. */
+    static kl_earth_orientation earthOrientationGet(const TimeId &time_id, long corrections, long time_ref,
+                                                    double time);
+    static kl_earth_orientation earthOrientationGet(const RunId &run, long corrections, long time_ref, double time);
+    /** Matrix from one frame of the IERS Conventions to another, with its derivatives. */
+    static MatrixState iersMatrix(const TimeId &time_id, long corrections, long cs_in, long cs_out, long time_ref,
+                                  double time, long calc_mode);
+    static MatrixState iersMatrix(const RunId &run, long corrections, long cs_in, long cs_out, long time_ref,
+                                  double time, long calc_mode);
+    /** Carries a state from one frame of the IERS Conventions to another. */
+    static State iersChange(const TimeId &time_id, long corrections, long calc_mode, long cs_in, long cs_out,
+                            long time_ref, double time, const State &in);
+    static State iersChange(const RunId &run, long corrections, long calc_mode, long cs_in, long cs_out, long time_ref,
+                            double time, const State &in);
     /** Axis vectors of a quaternion. */
     static Axes quaternionsToVectors(const Quaternion &q);
     static void quaternionsToVectors(const double q[4], double x[3], double y[3], double z[3]);

@@ -42,6 +42,11 @@ struct State {
     Vector pos{}, vel{}, acc{};
 };
 
+/** Matrix of a change of frame, rows one after the other, with its derivatives: 1, 1/s, 1/s2. */
+struct MatrixState {
+    Matrix matrix{}, rate{}, acceleration{};
+};
+
 /** A text of a time. It lives on the stack: conversions to it allocate nothing. */
 struct TimeText {
     char text[KL_TIME_ASCII_LENGTH];

@@ -257,6 +257,60 @@ State LibFunc::changeCartCs(const RunId &run, long calc_mode, long cs_in, long c
     });
 }
 
+kl_earth_orientation LibFunc::earthOrientationGet(const TimeId &time_id, long corrections, long time_ref, double time)
+{
+    return result_of<kl_earth_orientation>("LibFunc::earthOrientationGet", kUnassigned, [&](kl_earth_orientation &out, long *ierr) {
+        return kl_earth_orientation_get(time_id.getId(), &corrections, &time_ref, &time, &out, ierr);
+    });
+}
+
+kl_earth_orientation LibFunc::earthOrientationGet(const RunId &run, long corrections, long time_ref, double time)
+{
+    const long run_id = run.getRunId();
+    return result_of<kl_earth_orientation>("LibFunc::earthOrientationGet", kUnassigned, [&](kl_earth_orientation &out, long *ierr) {
+        return kl_earth_orientation_get_run(&run_id, &corrections, &time_ref, &time, &out, ierr);
+    });
+}
+
+MatrixState LibFunc::iersMatrix(const TimeId &time_id, long corrections, long cs_in, long cs_out, long time_ref,
+                                double time, long calc_mode)
+{
+    return result_of<MatrixState>("LibFunc::iersMatrix", kUnassigned, [&](MatrixState &out, long *ierr) {
+        return kl_iers_matrix(time_id.getId(), &corrections, &cs_in, &cs_out, &time_ref, &time, &calc_mode,
+                              out.matrix.data(), out.rate.data(), out.acceleration.data(), ierr);
+    });
+}
+
+MatrixState LibFunc::iersMatrix(const RunId &run, long corrections, long cs_in, long cs_out, long time_ref, double time,
+                                long calc_mode)
+{
+    const long run_id = run.getRunId();
+    return result_of<MatrixState>("LibFunc::iersMatrix", kUnassigned, [&](MatrixState &out, long *ierr) {
+        return kl_iers_matrix_run(&run_id, &corrections, &cs_in, &cs_out, &time_ref, &time, &calc_mode,
+                                  out.matrix.data(), out.rate.data(), out.acceleration.data(), ierr);
+    });
+}
+
+State LibFunc::iersChange(const TimeId &time_id, long corrections, long calc_mode, long cs_in, long cs_out,
+                          long time_ref, double time, const State &in)
+{
+    return result_of<State>("LibFunc::iersChange", kUnassigned, [&](State &out, long *ierr) {
+        return kl_iers_change(time_id.getId(), &corrections, &calc_mode, &cs_in, &cs_out, &time_ref, &time,
+                              in.pos.data(), in.vel.data(), in.acc.data(), out.pos.data(), out.vel.data(),
+                              out.acc.data(), ierr);
+    });
+}
+
+State LibFunc::iersChange(const RunId &run, long corrections, long calc_mode, long cs_in, long cs_out, long time_ref,
+                          double time, const State &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<State>("LibFunc::iersChange", kUnassigned, [&](State &out, long *ierr) {
+        return kl_iers_change_run(&run_id, &corrections, &calc_mode, &cs_in, &cs_out, &time_ref, &time, in.pos.data(),
+                                  in.vel.data(), in.acc.data(), out.pos.data(), out.vel.data(), out.acc.data(), ierr);
+    });
+}
+
 Axes LibFunc::quaternionsToVectors(const Quaternion &q)
 {
     return result_of<Axes>("LibFunc::quaternionsToVectors", KL_ID_FUNC_QUATERNIONS_TO_VECTORS, [&](Axes &out, long *ierr) {

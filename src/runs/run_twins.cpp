@@ -142,6 +142,34 @@ long kl_change_cart_cs_run(const long *run_id, const long *calc_mode, const long
     });
 }
 
+long kl_earth_orientation_get_run(const long *run_id, const long *corrections, const long *time_ref, const double *time,
+                                  kl_earth_orientation *out, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_earth_orientation_get(time_id, corrections, time_ref, time, out, ierr);
+    });
+}
+
+long kl_iers_matrix_run(const long *run_id, const long *corrections, const long *cs_in, const long *cs_out,
+                        const long *time_ref, const double *time, const long *calc_mode, double r[9], double dr[9],
+                        double ddr[9], long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_iers_matrix(time_id, corrections, cs_in, cs_out, time_ref, time, calc_mode, r, dr, ddr, ierr);
+    });
+}
+
+long kl_iers_change_run(const long *run_id, const long *corrections, const long *calc_mode, const long *cs_in,
+                        const long *cs_out, const long *time_ref, const double *time, const double pos[3],
+                        const double vel[3], const double acc[3], double pos_out[3], double vel_out[3],
+                        double acc_out[3], long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_iers_change(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc, pos_out,
+                              vel_out, acc_out, ierr);
+    });
+}
+
 long kl_time_get_leap_second_info_run(const long *run_id, const long *ascii_id_out, long *leap_sign,
                                       char *utc_time_before, char *utc_time_after, long *ierr)
 {

@@ -21,6 +21,7 @@ constexpr long kFrom = KL_GM2000;
 constexpr long kTo = KL_EF;
 constexpr long kPlanet = 4;
 constexpr long kTwo = 2;
+constexpr long kItrs = KL_ITRS;
 constexpr double kZero = 0.0;
 constexpr double kOne = 1.0;
 constexpr double kHalf = 0.5;

@@ -44,7 +44,8 @@ struct Outputs {
     double days = 0.0;
     long fields[4] = {};
     char text[2][KL_TIME_ASCII_LENGTH] = {};
-    unsigned char octets[24] = {}; // KL_CUC_LENGTH and no padding
+    unsigned char octets[24] = {};                             // KL_CUC_LENGTH and no padding
+    alignas(double) unsigned char record_space[sizeof a] = {}; // of any record that a call fills
 
     bool operator==(const Outputs &other) const { return std::memcmp(this, &other, sizeof other) == 0; }
 };
@@ -68,6 +69,13 @@ struct World : Outputs {
 
     bool open();
     void close();
+
+    template <typename Record>
+    Record *record()
+    {
+        static_assert(sizeof(Record) <= sizeof record_space);
+        return reinterpret_cast<Record *>(record_space);
+    }
 
     template <typename Result, typename... Parameters, typename... Arguments>
     long call(Result (*function)(Parameters...), Arguments... arguments)
