@@ -100,7 +100,8 @@ private:
 struct PublicCall {
     const char *name;
     long (*call)(World &);
-    bool has_vector; // of errors
+    bool has_vector;            // of errors
+    bool has_conditions = true; // in that vector: without, a warning has no bit
 };
 
 // Makes the call, with nothing left of the one before.

@@ -534,8 +534,9 @@ def every_function(table, samples):
                     raise SystemExit(f"{f.name}: no sample for {a.name}: tests/support/samples.toml, or sample = \"by hand\"")
                 values[a.name] = found
         vector = ", w.ierr" if f.vector else ""
+        flags = "false" if not f.vector else "true" if f.conditions else "true, false"
         def row(name, given):
-            return f'{{"{name}", [](World &w) {{ return w.call({", ".join([name] + given)}{vector}); }}, {"true" if f.vector else "false"}}},\n'
+            return f'{{"{name}", [](World &w) {{ return w.call({", ".join([name] + given)}{vector}); }}, {flags}}},\n'
         out += row(f.name, list(values.values()))
         if f.run:
             out += row(f.name + "_run", ["&w.run"] + [v for n, v in values.items() if n not in [a.name for a in f.context]])
