@@ -85,8 +85,9 @@ enum {
  * An uninitialised time id is KL_MOON_TIME_ID_ERR, but KL_MOON_PROC_TO_PROC_ERR for a time in TAI. Geometric: no light
  * time, no aberration. The astronomical unit is the rounded 1.496e11 m (5.5 km at the Moon). An instant outside the
  * table of the time id spends the once-only warnings of the conversions, as in kl_sun.
- * Accuracy over 1950-2099, at most: 20.7" and 45 km from a full theory (ELP 2000-82B on IAU 2006/2000A axes), half the
- * time within 3.2" and 7 km, the unit of length apart; velocity 0.32 m/s before the axes turn, 3.3 m/s after.
+ * Accuracy over 1950-2099, at most of an instant every 4.8 hours: 20.8" and 45 km from a full theory (ELP 2000-82B on
+ * IAU 2006/2000A axes), half the time within 3.2" and 7 km, the unit of length apart; velocity 0.33 m/s before the axes
+ * turn, 3.3 m/s after.
  * Source: J. Meeus, l'Astronomie, June 1984, p. 348.
  */
 KL_API long kl_moon(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time,
@@ -123,9 +124,20 @@ enum {
  * 1.4233e-5 too large. An instant outside the table of the time id spends the once-only warnings of the conversions, as
  * in kl_sun.
  * Accuracy: the theory's own claim for 1800-2050, heliocentric longitude, Mercury to Neptune: 4", 5", 6", 17", 71",
- * 81", 86", 11". Seen from the Earth over 1950-2099, at most, from a full theory (VSOP87): 5.0", 13.9", 6300 km (the
- * barycentre), 62", 54", 89", 91", 10.5".
- * Of this the Earth makes up to 8.4" (Venus) and 1930 km.
+ * 81", 86", 11". Seen from the Earth over 1950-2099, at most of 100000 random instants, from a full theory (VSOP87
+ * on IAU 2006/2000A axes), the unit of length apart; of this the Earth makes up to 8.5" (Venus) and 1950 km:
+ *
+ * |            | direction    | distance  | velocity before the axes turn, and after |
+ * |------------|--------------|-----------|------------------------------------------|
+ * | Mercury    | 5.1"         | 1550 km   | 1.7 m/s, 195 m/s                         |
+ * | Venus      | 14"          | 3600 km   | 2.0 m/s, 300 m/s                         |
+ * | barycentre | 4670 km away | 6300 km   | 2.2 m/s, 412 m/s                         |
+ * | Mars       | 62.1"        | 19000 km  | 4.7 m/s, 1800 m/s                        |
+ * | Jupiter    | 54.1"        | 90000 km  | 15.7 m/s, 12.7 km/s                      |
+ * | Saturn     | 89.5"        | 192000 km | 36.8 m/s, 39.2 km/s                      |
+ * | Uranus     | 91"          | 548000 km | 28 m/s, 84.8 km/s                        |
+ * | Neptune    | 10.6"        | 205000 km | 21.8 m/s, 18.7 km/s                      |
+ *
  * Source: J. L. Simon, P. Bretagnon, J. Chapront, M. Chapront-Touze, G. Francou, J. Laskar, Astron. Astrophys. 282, 663
  * (1994); the Earth as in kl_sun.
  */

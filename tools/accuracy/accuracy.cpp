@@ -18,7 +18,9 @@ void introduce(long count)
         "Two numbers are kept apart: the error of the model, the library against independent ones, in the first "
         "tables; and the\nerror that rounding adds, the library against its own formulas, in the last one, "
         "\"Fidelity to our own formulas\".\n\n"
-        "TT and UT1 are the same on both sides; polar motion is zero.\n",
+        "TT and UT1 are the same on both sides; polar motion is zero. A maximum is the largest of the instants looked "
+        "at, no bound:\non grids of 2.4 and 4.8 hours the Sun reaches 2.673 arcsec and 879.1 km, the Moon 13.53 arcsec "
+        "and 45.24 km (MOON98) and\n20.78 arcsec and 44.73 km (ELP 2000-82B).\n",
         count);
 }
 
