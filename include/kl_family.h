@@ -420,28 +420,40 @@ typedef struct kl_tle_sat_data {
     char reserved[6];   /**< 0 */
 } kl_tle_sat_data;
 
+/*
+ * The tables are the library's own, and it works with them whatever symbols of these names a program has besides. So
+ * no program may take a copy of them when it starts, as direct addressing has it: what names them is compiled as
+ * position-independent code, for a library or (the default of today's compilers) for a program, where the attribute
+ * keeps g++ from direct addressing.
+ */
+#if defined(__GNUC__) && defined(__pie__)
+#define KL_TABLE KL_API __attribute__((weak))
+#else
+#define KL_TABLE KL_API
+#endif
+
 /* Envelope: semi-major axis, m; inclination, deg; eccentricity; argument of perigee, deg. */
-extern KL_API double A_MIN[KL_N_SAT_ROWS], A_NOM[KL_N_SAT_ROWS], A_MAX[KL_N_SAT_ROWS];
-extern KL_API double I_MIN[KL_N_SAT_ROWS], I_NOM[KL_N_SAT_ROWS], I_MAX[KL_N_SAT_ROWS];
-extern KL_API double E_NOM[KL_N_SAT_ROWS], W_NOM[KL_N_SAT_ROWS];
+extern KL_TABLE double A_MIN[KL_N_SAT_ROWS], A_NOM[KL_N_SAT_ROWS], A_MAX[KL_N_SAT_ROWS];
+extern KL_TABLE double I_MIN[KL_N_SAT_ROWS], I_NOM[KL_N_SAT_ROWS], I_MAX[KL_N_SAT_ROWS];
+extern KL_TABLE double E_NOM[KL_N_SAT_ROWS], W_NOM[KL_N_SAT_ROWS];
 /* Two sets of limits: semi-major axis, m; inclination, deg; eccentricity. */
-extern KL_API double KL_TOLERANCE_AMIN_L[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_AMAX_L[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_IMIN_L[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_IMAX_L[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_EMIN_L[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_EMAX_L[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_AMIN_T[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_AMAX_T[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_IMIN_T[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_IMAX_T[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_EMIN_T[KL_N_SAT_ROWS];
-extern KL_API double KL_TOLERANCE_EMAX_T[KL_N_SAT_ROWS];
-extern KL_API long KL_SAT_TYPE[KL_N_SAT_ROWS];                   /**< 1 geostationary (rows 61 and 62), else 0 */
-extern KL_API char KL_SP3_PARAMS[KL_N_SAT_ROWS][4];              /**< SP3 identifier */
-extern KL_API kl_tle_sat_data TLE_SAT_DATA[KL_N_CATALOGUE_ROWS]; /**< row 64 answers for invalid ids */
-extern KL_API char kl_default_sat_names[10][30];                 /**< names of the default satellites */
-extern KL_API long kl_default_sat_array[10];                     /**< 1: the slot is in use */
+extern KL_TABLE double KL_TOLERANCE_AMIN_L[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_AMAX_L[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_IMIN_L[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_IMAX_L[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_EMIN_L[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_EMAX_L[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_AMIN_T[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_AMAX_T[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_IMIN_T[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_IMAX_T[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_EMIN_T[KL_N_SAT_ROWS];
+extern KL_TABLE double KL_TOLERANCE_EMAX_T[KL_N_SAT_ROWS];
+extern KL_TABLE long KL_SAT_TYPE[KL_N_SAT_ROWS];                   /**< 1 geostationary (rows 61 and 62), else 0 */
+extern KL_TABLE char KL_SP3_PARAMS[KL_N_SAT_ROWS][4];              /**< SP3 identifier */
+extern KL_TABLE kl_tle_sat_data TLE_SAT_DATA[KL_N_CATALOGUE_ROWS]; /**< row 64 answers for invalid ids */
+extern KL_TABLE char kl_default_sat_names[10][30];                 /**< names of the default satellites */
+extern KL_TABLE long kl_default_sat_array[10];                     /**< 1: the slot is in use */
 
 /** 0 when the satellite id is valid, which a default satellite is while its slot is in use; else -1 with code 0. */
 KL_API long KL_Check_sat_id(const long *sat_id, kl_error_record *error);
@@ -488,7 +500,7 @@ KL_API long KL_Run_Generic_close(const long *run_id, long kind);
 /* ---- time: references, calendar, standard record ------------------------------------------------------- */
 
 /** Month names of texts, by number 1 to 12; entry 0 is empty. */
-extern KL_API const char kl_months[13][4];
+extern KL_TABLE const char kl_months[13][4];
 
 /** Calendar date of an instant from 1950 to 2099, nearest microsecond; rounding up to midnight gives 86400 seconds of
  * the same day. Code 0 outside. */

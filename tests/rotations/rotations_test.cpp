@@ -342,4 +342,21 @@ TEST(Interpolation, LooksAtTheModeOnlyInsideOnPurpose)
     LEAVES(warning_bits(KL_QUATERNIONS_INTERPOL_RANGE_WARN), interpolate(kTurn, kTurn, 0, 1, 1.5, e, 1))
 }
 
+// About one axis from no turn: the turn of the result is a quarter of the way by angle, or by chord when the two are
+// equal to a billionth. The two differ by 1e-15 here.
+TEST(Interpolation, GoesByChordWithinABillionthOfEqual)
+{
+    struct Case {
+        double theta; // half turn between the quaternions, rad
+        bool by_chord;
+    };
+    for (const auto &[theta, by_chord] : {Case{4.0e-5, true}, Case{4.6e-5, false}, Case{6.5e-5, false}}) {
+        const double q1[4] = {0, 0, 0, 1}, u = 0.25;
+        double q2[4] = {0, 0, std::sin(theta), std::cos(theta)}, q[4];
+        KL_Slerp_algo(q1, q2, q, u);
+        const double half = by_chord ? std::atan2(u * q2[2], (1.0 - u) + u * q2[3]) : u * theta;
+        EXPECT_NEAR(q[2], std::sin(half), 1e-18) << theta;
+    }
+}
+
 } // namespace

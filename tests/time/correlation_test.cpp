@@ -117,6 +117,9 @@ TEST(OnceOnlyWarnings, ComeWithTheFirstConversionThatLeavesTheGoodRegion)
         TableId id(table_of(kFourRows, model, no_extrapolation, combination));
         for (const auto &[time, vector] : steps)
             EXPECT_EQ(convert(id, from, time, to).ierr, vector) << name << " " << time;
+        // New data are in the good region again.
+        ASSERT_EQ(table_of(kFourRows, model, no_extrapolation, combination).set(id), 0);
+        EXPECT_EQ(convert(id, from, steps[0].first, to).ierr, steps[0].second) << name << ", new data";
     }
 }
 
