@@ -129,7 +129,7 @@ void TimeId::init(const TimeIdData &data)
     TimeIdData copy = data; // the C record does not promise that it only reads its arrays
     if ((!copy.pole.empty() && copy.pole.size() != copy.rows.size())
         || (!copy.row_notes.empty() && copy.row_notes.size() != copy.rows.size()))
-        throw KitError("Time correlation data cannot be set.");
+        throw_messages({"Time correlation data cannot be set."});
     kl_time_id_data record{};
     record.model = copy.model;
     record.combination = copy.combination;
@@ -190,7 +190,7 @@ std::array<double, 4> TimeId::getPole(long time_ref, double time) const
 {
     std::array<double, 4> pole{};
     if (kl_time_get_pole(getId(), &time_ref, &time, pole.data()) != KL_OK)
-        throw KitError("Pole cannot be read.");
+        throw_messages({"Pole cannot be read."});
     return pole;
 }
 
@@ -198,7 +198,7 @@ kl_time_row_info TimeId::getRow(long time_ref, double time) const
 {
     kl_time_row_info info{};
     if (kl_time_get_row(getId(), &time_ref, &time, &info) != KL_OK)
-        throw KitError("Row of the time correlation cannot be read.");
+        throw_messages({"Row of the time correlation cannot be read."});
     return info;
 }
 
@@ -209,7 +209,7 @@ std::vector<LeapSecondStep> TimeId::getLeapSeconds(double *expiry) const
     double *tai_utc = nullptr;
     double until = 0.0;
     if (kl_time_get_leap_seconds(getId(), &n, &utc, &tai_utc, &until) != KL_OK)
-        throw KitError("Leap seconds cannot be read.");
+        throw_messages({"Leap seconds cannot be read."});
     const std::unique_ptr<double, FreeArray> utc_owner(utc), tai_utc_owner(tai_utc);
     std::vector<LeapSecondStep> steps;
     for (long i = 0; i < n; ++i)
