@@ -13,12 +13,14 @@ cmake --build --preset fuzz
 mkdir -p build/fuzz/corpus
 cd build/fuzz/corpus
 : >figures
-for target in time clocks sky rotations registry; do
+for target in time time_files clocks sky rotations registry; do
     mkdir -p "$target"
     status=0
+    length=512
+    [ "$target" != time_files ] || length=4096 # a file
     (
         failed=0
-        UBSAN_OPTIONS=print_stacktrace=1 ../fuzz/${target}_fuzz -max_total_time="$seconds" -seed="$seed" -max_len=512 -timeout=10 \
+        UBSAN_OPTIONS=print_stacktrace=1 ../fuzz/${target}_fuzz -max_total_time="$seconds" -seed="$seed" -max_len=$length -timeout=10 \
             -print_final_stats=1 -close_fd_mask=3 -artifact_prefix="$target-" "$target" "../../../fuzz/corpus/$target" \
             >"$target.log" 2>&1 || failed=1
         times >"$target.times"

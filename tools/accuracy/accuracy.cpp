@@ -58,6 +58,7 @@ int main(int argc, char **argv)
         compare_bodies(library, instants);
     } else if (std::strcmp(argv[2], "frames") == 0) {
         compare_frames(library, instants);
+        compare_pole(count / 10);
     } else {
         compare_geoid(argv[1]);
         compare_scales(instants);

@@ -186,6 +186,7 @@ private:
 // The sections of the page.
 void compare_bodies(Library &library, const std::vector<double> &instants);
 void compare_frames(Library &library, const std::vector<double> &instants);
+void compare_pole(long count);
 void compare_scales(const std::vector<double> &instants);
 
 #endif
