@@ -22,9 +22,7 @@ static void require(long status, long function_id, const long *ierr)
 int main(void)
 {
     const double degrees = 180.0 / acos(-1.0);
-    const double second = 1.0 / 86400.0;
-    /* The same instant in TAI, UTC, UT1 and GPS: TAI-UTC is 37 s, GPS-UTC 18 s, UT1-UTC less than 0.1 s. */
-    const double readings[4] = {9497.0 + 37 * second, 9497.0, 9497.0, 9497.0 + 18 * second};
+    const long no_files = 0, all_rows = KL_TIME_WINDOW_FILE; /* UT1, leap seconds, pole: those compiled in */
     const char *solstice = "2026-06-21T08:24:00";
     const long ascii = KL_ASCII_41, processing = KL_PROC, utc = KL_TIME_UTC;
     const long sun_id = KL_ID_FUNC_SUN;
@@ -35,7 +33,8 @@ int main(void)
     double too_late = 40000.0;
     long ierr[1], n = 0;
 
-    require(kl_time_ref_init(readings, NULL, NULL, NULL, &time_id, ierr), KL_ID_FUNC_TIME_REF_INIT, ierr);
+    require(kl_time_id_init(&no_files, NULL, NULL, &all_rows, NULL, NULL, NULL, &time_id, ierr),
+            KL_ID_FUNC_TIME_ID_INIT, ierr);
     require(kl_time_ascii_to_processing(&time_id, &ascii, &utc, solstice, &processing, &utc, &time, ierr),
             KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, ierr);
     require(kl_sun(&model_id, &time_id, &utc, &time, sun_pos, sun_vel, ierr), sun_id, ierr);

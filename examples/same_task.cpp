@@ -11,10 +11,8 @@ using namespace ORBKIT;
 int main()
 try {
     const double degrees = 180.0 / std::acos(-1.0);
-    const double second = 1.0 / 86400.0;
-    // The same instant in TAI, UTC, UT1 and GPS: TAI-UTC is 37 s, GPS-UTC 18 s, UT1-UTC less than 0.1 s.
-    const TimeId time_id({9497.0 + 37 * second, 9497.0, 9497.0, 9497.0 + 18 * second});
-    const ModelId model_id; // the default models
+    const TimeId time_id = TimeId::builtIn(); // UT1, leap seconds, pole: those compiled in
+    const ModelId model_id;                   // the default models
     const char *solstice = "2026-06-21T08:24:00";
 
     const double time = LibFunc::timeAsciiToProcessing(time_id, KL_ASCII_41, KL_TIME_UTC, solstice, KL_TIME_UTC);
