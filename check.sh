@@ -3,7 +3,8 @@
 # `./check.sh --coverage` measures instead which lines and branches of src/ the tests reach.
 set -eu
 cd "$(dirname "$0")"
-tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev binutils python3-cffi
+tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev binutils python3-cffi \
+    python3-numpy python3-setuptools python3-venv python3-pytest mypy python3-sgp4 python3-matplotlib python3-distributed
 
 run_preset() {
     echo "== $1"

@@ -16,6 +16,8 @@ try:
 except ModuleNotFoundError:  # Python before 3.11: Debian's python3-tomli
     import tomli as tomllib
 
+import python_package
+
 BY = "Written by tools/api/generate.py from the table in api/."
 WIDTH = 120
 N_PUBLIC, UNASSIGNED, N_FUNCTIONS = 48, 40, 175
@@ -615,6 +617,7 @@ def outputs(table):
     yield "tests/data/conditions.csv", condition_rows(table)
     yield "api/api.json", api_json(table)
     yield "api/conditions.json", conditions_json(table)
+    yield from python_package.outputs(table)
 
 
 def main():

@@ -1,0 +1,38 @@
+"""Time scales and formats, frames, Sun, Moon and planets, the Earth and its geoid, rotations, on-board clocks: over arrays.
+
+Functions carry the names of C without the prefix. Arguments that vary from element to element come first and by
+position, selectors and ids are keywords. Instants are MJD2000 days, lengths metres, angles degrees.
+
+>>> import kitlib as kl
+>>> t = kl.mjd2000("2026-06-21T08:24:00Z")
+>>> sun = kl.sun(t)
+>>> print(sun.pos.round(-6))
+[8.10920e+10 1.13484e+11 6.04680e+10]
+"""
+from . import _functions
+from ._errors import KitError, KitWarning, codes_of as _codes_of
+from ._functions import *  # noqa: F403
+from ._ids import ModelId, RunId, SatId, TimeId
+from ._more import geoid, geoid_grid, time_obt_to_time, time_time_to_obt
+from ._table import *  # noqa: F403
+from ._table import CONDITIONS as _CONDITIONS
+from ._time import mjd2000, to_datetime64
+from ._version import __version__
+
+__all__ = [n for n in dir() if not n.startswith("_")]
+
+
+class _Codes:
+    """Conditions of the functions: kl.codes.sun.DATE_ERR."""
+
+    def __getattr__(self, name):
+        for public_id, (function, _) in _CONDITIONS.items():
+            if function == "kl_" + name:
+                return _codes_of(public_id)
+        raise AttributeError(f"no function {name} with conditions")
+
+    def __dir__(self):
+        return [function[3:] for function, _ in _CONDITIONS.values()]
+
+
+codes = _Codes()

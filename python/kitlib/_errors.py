@@ -1,0 +1,77 @@
+"""Exceptions and warnings made of error vectors."""
+import ctypes
+import warnings
+from enum import IntEnum
+
+from ._library import KITLIB
+from ._table import CONDITIONS
+
+OK, WARN, ERR = 0, 1, -1
+_N_MESSAGES, _LENGTH, _N_CODES = 256, 512, 257
+_get_code, _get_msg = KITLIB.kl_get_code, KITLIB.kl_get_msg
+_enums = {}
+
+
+def codes_of(public_id):
+    """The conditions of a function as an IntEnum."""
+    if public_id not in _enums:
+        name, rows = CONDITIONS[public_id]
+        _enums[public_id] = IntEnum(name[3:] if name.startswith("kl_") else name, rows)
+    return _enums[public_id]
+
+
+class KitError(Exception):
+    """A call that the library refused.
+
+    function: its name; codes: conditions, members of an IntEnum; messages: their texts.
+    status: 0, 1 or -1 of each element, and outputs: what was computed, when the call was for arrays.
+    """
+
+    def __init__(self, function, codes=(), messages=(), status=None, outputs=None):
+        super().__init__("; ".join(messages) if messages else f"{function}: refused")
+        self.function, self.codes, self.messages = function, tuple(codes), tuple(messages)
+        self.status, self.outputs = status, outputs
+
+    def __reduce__(self):
+        return (_error_again, (self.function, tuple((c.name, int(c)) for c in self.codes), self.messages, self.status, self.outputs))
+
+
+def _error_again(function, codes, messages, status, outputs):
+    members = IntEnum(function, codes) if codes else ()
+    if hasattr(outputs, "_asdict") is False and isinstance(outputs, list):
+        outputs = tuple(outputs)
+    return KitError(function, tuple(members), messages, status, outputs)
+
+
+class KitWarning(UserWarning):
+    """A condition that does not stop a computation: .function and .codes as of KitError."""
+
+    def __init__(self, text, function="", codes=()):
+        super().__init__(text)
+        self.function, self.codes = function, tuple(codes)
+
+
+def decoded(public_id, vector):
+    """Codes and messages of an error vector."""
+    if public_id is None:
+        return (), ()
+    function = ctypes.c_long(public_id)
+    n = ctypes.c_long(0)
+    codes = (ctypes.c_long * _N_CODES)()
+    _get_code(ctypes.byref(function), vector, ctypes.byref(n), codes)
+    members = codes_of(public_id)
+    found = tuple(members(codes[i]) for i in range(n.value))
+    texts = ((ctypes.c_char * _LENGTH) * _N_MESSAGES)()
+    _get_msg(ctypes.byref(function), vector, ctypes.byref(n), texts)
+    return found, tuple(texts[i].value.decode("utf-8", "replace") for i in range(n.value))
+
+
+def error(name, public_id, vector, status=None, outputs=None):
+    codes, messages = decoded(public_id, vector)
+    return KitError(name, codes, messages, status, outputs)
+
+
+def warn(name, public_id, vector, depth):
+    codes, messages = decoded(public_id, vector)
+    text = "; ".join(m for m in messages) or f"{name}: a warning"
+    warnings.warn(KitWarning(text, name, codes), stacklevel=depth)

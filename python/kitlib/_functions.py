@@ -1,0 +1,1164 @@
+"""Functions of the library over arrays.
+
+Written by tools/api/generate.py from the table in api/ and the headers in include/kl.
+"""
+# pylint: disable=all
+from . import _table
+from ._arrays import Function as _Function, mode_of as _mode
+from ._table import *  # noqa: F403
+from ._table import AxesResult, BodyStateResult, EarthOrientationResult, LeapSecondInfoResult, MatrixStateResult, StateResult
+
+__all__ = [
+    "sun",
+    "moon",
+    "planet",
+    "time_cuc_to_processing",
+    "time_processing_to_cuc",
+    "time_processing_to_processing",
+    "time_ascii_to_ascii",
+    "time_ascii_to_processing",
+    "time_ascii_to_transport",
+    "time_processing_to_ascii",
+    "time_processing_to_transport",
+    "time_transport_to_ascii",
+    "time_transport_to_processing",
+    "time_transport_to_transport",
+    "change_cart_cs",
+    "earth_orientation_get",
+    "iers_matrix",
+    "iers_change",
+    "quaternions_to_vectors",
+    "vectors_to_quaternions",
+    "quaternions_interpol",
+    "euler_to_matrix",
+    "matrix_to_euler",
+    "get_rotation_angles",
+    "get_rotated_vectors",
+    "time_get_pole",
+    "time_add",
+    "time_diff",
+    "time_get_leap_second_info",
+]
+
+_sun = _Function("kl_sun", "kitlib_kl_sun_n", 22, 1, BodyStateResult, False, (
+    ("model",),
+    ("time",),
+    ("n",),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("gives", "sun_pos", 'f8', 3, False, False),
+    ("gives", "sun_vel", 'f8', 3, False, False),
+))
+
+
+def sun(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+    """Position and velocity of the Sun, seen from the centre of the Earth.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+    Keywords:
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        model: ModelId, None: the default models
+        time: TimeId, None: the correlation of the package
+    Returns BodyState:
+        pos: [..., 3], m, Earth-fixed (KL_EF)
+        vel: [..., 3], m/s, Earth-fixed, relative to the rotating axes
+    Raises KitError, or warns KitWarning (W):
+        TIME_REF_ERR: time reference not 0 to 3, or NULL
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        TIME_ID_ERR: time not in TAI and the time id not initialised
+        BODY_ERR: the Sun could not be computed: the model id holds no routine (refused init)
+        TDB_ERR: no conversion to UT1; the text speaks of TDB
+        FRAME_ERR: no change to the Earth-fixed frame
+    C has no array form of it: the package's own loop in C calls it once an element.
+
+    >>> import kitlib as kl
+    >>> sun = kl.sun(kl.mjd2000(["2026-06-21T08:24:00Z", "2026-12-21T20:50:00Z"]))
+    >>> sun.pos.shape
+    (2, 3)
+    """
+    return _sun((t,), (ref,), (model, time,), errors, return_status)
+
+
+_moon = _Function("kl_moon", "kitlib_kl_moon_n", 23, 1, BodyStateResult, False, (
+    ("model",),
+    ("time",),
+    ("n",),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("gives", "moon_pos", 'f8', 3, False, False),
+    ("gives", "moon_vel", 'f8', 3, False, False),
+))
+
+
+def moon(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+    """Position and velocity of the Moon, seen from the centre of the Earth.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+    Keywords:
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        model: ModelId, None: the default models
+        time: TimeId, None: the correlation of the package
+    Returns BodyState:
+        pos: [..., 3], m, Earth-fixed (KL_EF)
+        vel: [..., 3], m/s, Earth-fixed, relative to the rotating axes
+    Raises KitError, or warns KitWarning (W):
+        TIME_REF_ERR: time reference not 0 to 3, or NULL
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        TIME_ID_ERR: time not in TAI and the time id not initialised
+        BODY_ERR: the Moon could not be computed: the model id holds no routine (refused init)
+        PROC_TO_PROC_ERR: no conversion to UT1
+        FRAME_ERR: no change to the Earth-fixed frame
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _moon((t,), (ref,), (model, time,), errors, return_status)
+
+
+_planet = _Function("kl_planet", "kitlib_kl_planet_n", 24, 1, BodyStateResult, False, (
+    ("model",),
+    ("time",),
+    ("n",),
+    ("select", _table.Planet),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("gives", "planet_pos", 'f8', 3, False, False),
+    ("gives", "planet_vel", 'f8', 3, False, False),
+))
+
+
+def planet(t, /, *, planet, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+    """Position and velocity of a planet, seen from the centre of the Earth.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+    Keywords:
+        planet: kl.Planet, KL_MERCURY to KL_NEPTUNE; KL_EARTH_MOON_BARYCENTRE is that point, not the Moon
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        model: ModelId, None: the default models
+        time: TimeId, None: the correlation of the package
+    Returns BodyState:
+        pos: [..., 3], m, Earth-fixed (KL_EF)
+        vel: [..., 3], m/s, Earth-fixed, relative to the rotating axes
+    Raises KitError, or warns KitWarning (W):
+        TIME_REF_ERR: time reference not 0 to 3, or NULL
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        TIME_ID_ERR: time not in TAI and the time id not initialised
+        CODE_ERR: planet not 1 to 8, or NULL
+        PROC_TO_PROC_ERR: no conversion to UT1
+        FRAME_ERR: no change to the Earth-fixed frame
+        CONVERGENCE_WARN (W): Kepler's equation not solved; not within the range of dates
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _planet((t,), (planet, ref,), (model, time,), errors, return_status)
+
+
+_time_cuc_to_processing = _Function("kl_time_cuc_to_processing", "kitlib_kl_time_cuc_to_processing_n", 46, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("record", _table.CucConfig),
+    ("select", _table.Time),
+    ("width", 19),
+    ("each", "cuc", 'octets', 0, False, False),
+    ("gives", "t", 'f8', 0, False, False),
+))
+
+
+def time_cuc_to_processing(cuc, /, *, config, ref=Time.UTC, time=None, errors="raise", return_status=False):
+    """Processing time of a CCSDS unsegmented time code.
+
+    Arguments, arrays that broadcast against each other:
+        cuc: octets, P-field
+    Keywords:
+        config: record CucConfig, layout
+        ref: kl.Time, KL_TIME_TAI to KL_TIME_GPS: scale of the result
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        time: days, MJD2000, its range is not checked
+    Raises KitError, or warns KitWarning (W):
+        CONFIG_ERR: time id, CUC type, octet counts, epoch type or time reference
+        P_FIELD_ERR: identification other than 001 and 010; a third octet announced
+        EPOCH_ERR: the epoch is not finite, or cannot be converted
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_cuc_to_processing((cuc,), (config, ref,), (time,), errors, return_status)
+
+
+_time_processing_to_cuc = _Function("kl_time_processing_to_cuc", "kitlib_kl_time_processing_to_cuc_n", 47, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("record", _table.CucConfig),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("width", 19),
+    ("gives", "cuc", 'octets', 0, False, False),
+))
+
+
+def time_processing_to_cuc(t, /, *, config, ref=Time.UTC, time=None, errors="raise", return_status=False):
+    """CCSDS unsegmented time code of a processing time.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, not before the epoch
+    Keywords:
+        config: record CucConfig, layout, octet counts and epoch
+        ref: kl.Time, KL_TIME_TAI to KL_TIME_GPS: scale of the time
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        cuc: octets, P-field, if any, and time field; KL_CUC_LENGTH octets hold every layout
+    Raises KitError, or warns KitWarning (W):
+        CONFIG_ERR: as above; also seconds that do not fit the coarse octets
+        EPOCH_ERR: the epoch is not finite, or cannot be converted
+        TIME_ERR: time before the epoch, or NaN
+        P_FIELD_ERR: no P-field says KL_CUC_EPOCH_1980
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_processing_to_cuc((t,), (config, ref,), (time,), errors, return_status)
+
+
+_time_processing_to_processing = _Function("kl_time_processing_to_processing", "kitlib_kl_time_processing_to_processing_n", 5, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("fixed",),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("fixed",),
+    ("select", _table.Time),
+    ("gives", "time_out", 'f8', 0, False, False),
+))
+
+
+def time_processing_to_processing(t, /, *, ref_in=Time.UTC, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Carries a processing time to another scale.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+    Keywords:
+        ref_in: kl.Time, scale of the input: KL_TIME_TAI, _UTC, _UT1 or _GPS
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        time: days, MJD2000, may lie outside the processing range by the difference of the scales
+    Raises KitError, or warns KitWarning (W):
+        PROC_ID_IN_ERR: input format is not KL_PROC
+        TIME_REF_IN_ERR: input scale outside 0 to 3
+        PROC_ID_OUT_ERR: output format is not KL_PROC
+        TIME_REF_OUT_ERR: output scale outside 0 to 3
+        DAYS_ERR: input outside its range, or NaN
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        STANDARD_FORMAT_ERR: input not split into whole units
+    C has no array form of it: the package's own loop in C calls it once an element.
+
+    >>> import kitlib as kl
+    >>> t = kl.mjd2000("2026-06-21T08:24:00Z")
+    >>> round((kl.time_processing_to_processing(t, ref_in="UTC", ref_out="GPS") - t) * 86400)
+    18
+    """
+    return _time_processing_to_processing((t,), (ref_in, ref_out,), (time,), errors, return_status)
+
+
+_time_ascii_to_ascii = _Function("kl_time_ascii_to_ascii", "kitlib_kl_time_ascii_to_ascii_n", 6, 2, None, False, (
+    ("time",),
+    ("n",),
+    ("select", _table.Ascii),
+    ("select", _table.Time),
+    ("width", 32),
+    ("each", "text", 'text', 0, False, False),
+    ("select", _table.Ascii),
+    ("select", _table.Time),
+    ("width", 32),
+    ("gives", "ascii_out", 'text', 0, False, False),
+))
+
+
+def time_ascii_to_ascii(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, fmt_out=Ascii.ASCII_43, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Writes the instant of a text in another format, another scale or both.
+
+    Arguments, arrays that broadcast against each other:
+        text: texts, text of exactly the length of its format, then a NUL
+    Keywords:
+        fmt_in: kl.Ascii, format of the text, KL_ASCII_*
+        ref_in: kl.Time, scale of the text, KL_TIME_*; with a prefix also KL_TIME_UNDEF
+        fmt_out: kl.Ascii, format of the output, KL_ASCII_*
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        ascii: texts, text and a NUL; may be the input text
+    Raises KitError, or warns KitWarning (W):
+        ASCII_ID_IN_ERR: input format is none of KL_ASCII_*
+        TIME_REF_IN_ERR: input scale outside -1 to 3
+        ASCII_ID_OUT_ERR: output format is none of KL_ASCII_*
+        TIME_REF_OUT_ERR: output scale outside 0 to 3
+        YEAR_ERR: year is not 1950 to 2099
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        LAYOUT_ERR: separators of the format missing
+        TOO_SHORT_ERR: shorter than its format, or NULL
+        TOO_LONG_ERR: longer than its format
+        PREFIX_ERR: prefix is no "TAI=" "UTC=" "UT1=" "GPS="
+        PREFIX_REF_ERR: prefix contradicts the input scale
+        NO_REF_ERR: KL_TIME_UNDEF and no prefix
+        MISSION_LIMIT_ERR: year 0000 or 9999, but no limit
+        MONTH_ERR: month is not 01 to 12, JAN to DEC
+        DAY_ERR: day is not 01 to 31
+        HOUR_ERR: hour is not 00 to 23
+        MINUTE_ERR: minute is not 00 to 59
+        SECOND_ERR: second is not 00 to 60
+        MICROSECOND_ERR: microsecond is not a number
+        DAY_OF_30_ERR: day 31 of a month of 30
+        DAY_OF_29_ERR: day 30 or 31 of a leap February
+        DAY_OF_28_ERR: day 29 to 31 of another February
+        LEAP_SECOND_ERR: second 60 without a leap second
+        BEFORE_1950_ERR: output before 1950
+        AFTER_2099_ERR: output after 2099
+    C has no array form of it: the package's own loop in C calls it once an element.
+
+    >>> import kitlib as kl
+    >>> kl.time_ascii_to_ascii(["2026-06-21T08:24:00"], fmt_in=41, ref_in="UTC", fmt_out=13, ref_out="GPS").tolist()
+    ['2026-06-21_08:24:18.000000']
+    """
+    return _time_ascii_to_ascii((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+
+
+_time_ascii_to_processing = _Function("kl_time_ascii_to_processing", "kitlib_kl_time_ascii_to_processing_n", 8, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("select", _table.Ascii),
+    ("select", _table.Time),
+    ("width", 32),
+    ("each", "text", 'text', 0, False, False),
+    ("fixed",),
+    ("select", _table.Time),
+    ("gives", "time_out", 'f8', 0, False, False),
+))
+
+
+def time_ascii_to_processing(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Reads a text.
+
+    Arguments, arrays that broadcast against each other:
+        text: texts, text of exactly the length of its format, then a NUL
+    Keywords:
+        fmt_in: kl.Ascii, format of the text, KL_ASCII_*
+        ref_in: kl.Time, scale of the text, KL_TIME_*; with a prefix also KL_TIME_UNDEF
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        time: days, MJD2000, may lie outside the processing range by the difference of the scales
+    Raises KitError, or warns KitWarning (W):
+        ASCII_ID_IN_ERR: input format is none of KL_ASCII_*
+        TIME_REF_IN_ERR: input scale outside -1 to 3
+        PROC_ID_OUT_ERR: output format is not KL_PROC
+        TIME_REF_OUT_ERR: output scale outside 0 to 3
+        YEAR_ERR: year is not 1950 to 2099
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        LAYOUT_ERR: separators of the format missing
+        TOO_SHORT_ERR: shorter than its format, or NULL
+        TOO_LONG_ERR: longer than its format
+        PREFIX_ERR: prefix is no "TAI=" "UTC=" "UT1=" "GPS="
+        PREFIX_REF_ERR: prefix contradicts the input scale
+        NO_REF_ERR: KL_TIME_UNDEF and no prefix
+        MISSION_LIMIT_ERR: year 0000 or 9999, but no limit
+        MONTH_ERR: month is not 01 to 12, JAN to DEC
+        DAY_ERR: day is not 01 to 31
+        HOUR_ERR: hour is not 00 to 23
+        MINUTE_ERR: minute is not 00 to 59
+        SECOND_ERR: second is not 00 to 60
+        MICROSECOND_ERR: microsecond is not a number
+        DAY_OF_30_ERR: day 31 of a month of 30
+        DAY_OF_29_ERR: day 30 or 31 of a leap February
+        DAY_OF_28_ERR: day 29 to 31 of another February
+        LEAP_SECOND_ERR: second 60 without a leap second
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_ascii_to_processing((text,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
+
+
+_time_ascii_to_transport = _Function("kl_time_ascii_to_transport", "kitlib_kl_time_ascii_to_transport_n", 7, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("select", _table.Ascii),
+    ("select", _table.Time),
+    ("width", 32),
+    ("each", "text", 'text', 0, False, False),
+    ("select", _table.Transport),
+    ("select", _table.Time),
+    ("gives", "transport_out", 'i8', 4, False, False),
+))
+
+
+def time_ascii_to_transport(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, fmt_out=Transport.TRANS_0, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Reads a text into a transport time.
+
+    Arguments, arrays that broadcast against each other:
+        text: texts, text of exactly the length of its format, then a NUL
+    Keywords:
+        fmt_in: kl.Ascii, format of the text, KL_ASCII_*
+        ref_in: kl.Time, scale of the text, KL_TIME_*; with a prefix also KL_TIME_UNDEF
+        fmt_out: kl.Transport, format of the output, KL_TRANS_*
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        transport: [..., 4], fields as the format has them, then zeros
+    Raises KitError, or warns KitWarning (W):
+        ASCII_ID_IN_ERR: input format is none of KL_ASCII_*
+        TIME_REF_IN_ERR: input scale outside -1 to 3
+        TRANS_ID_OUT_ERR: output format is none of KL_TRANS_*
+        TIME_REF_OUT_ERR: output scale outside 0 to 3, or not GPS
+        YEAR_ERR: year is not 1950 to 2099
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        LAYOUT_ERR: separators of the format missing
+        TOO_SHORT_ERR: shorter than its format, or NULL
+        TOO_LONG_ERR: longer than its format
+        PREFIX_ERR: prefix is no "TAI=" "UTC=" "UT1=" "GPS="
+        PREFIX_REF_ERR: prefix contradicts the input scale
+        NO_REF_ERR: KL_TIME_UNDEF and no prefix
+        MISSION_LIMIT_ERR: year 0000 or 9999, but no limit
+        MONTH_ERR: month is not 01 to 12, JAN to DEC
+        DAY_ERR: day is not 01 to 31
+        HOUR_ERR: hour is not 00 to 23
+        MINUTE_ERR: minute is not 00 to 59
+        SECOND_ERR: second is not 00 to 60
+        MICROSECOND_ERR: microsecond is not a number
+        DAY_OF_30_ERR: day 31 of a month of 30
+        DAY_OF_29_ERR: day 30 or 31 of a leap February
+        DAY_OF_28_ERR: day 29 to 31 of another February
+        LEAP_SECOND_ERR: second 60 without a leap second
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_ascii_to_transport((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+
+
+_time_processing_to_ascii = _Function("kl_time_processing_to_ascii", "kitlib_kl_time_processing_to_ascii_n", 3, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("fixed",),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("select", _table.Ascii),
+    ("select", _table.Time),
+    ("width", 32),
+    ("gives", "ascii_out", 'text', 0, False, False),
+))
+
+
+def time_processing_to_ascii(t, /, *, ref_in=Time.UTC, fmt_out=Ascii.ASCII_43, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Writes a processing time as a text.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+    Keywords:
+        ref_in: kl.Time, scale of the input: KL_TIME_TAI, _UTC, _UT1 or _GPS
+        fmt_out: kl.Ascii, format of the output, KL_ASCII_*
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        ascii: texts, text and a NUL
+    Raises KitError, or warns KitWarning (W):
+        PROC_ID_IN_ERR: input format is not KL_PROC
+        TIME_REF_IN_ERR: input scale outside 0 to 3
+        ASCII_ID_OUT_ERR: output format is none of KL_ASCII_*
+        TIME_REF_OUT_ERR: output scale outside 0 to 3
+        DAYS_ERR: input outside its range, or NaN
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        STANDARD_FORMAT_ERR: input not split into whole units
+        BEFORE_1950_ERR: output before 1950
+        AFTER_2099_ERR: output after 2099
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_processing_to_ascii((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+
+
+_time_processing_to_transport = _Function("kl_time_processing_to_transport", "kitlib_kl_time_processing_to_transport_n", 4, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("fixed",),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("select", _table.Transport),
+    ("select", _table.Time),
+    ("gives", "transport_out", 'i8', 4, False, False),
+))
+
+
+def time_processing_to_transport(t, /, *, ref_in=Time.UTC, fmt_out=Transport.TRANS_0, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Writes a processing time as a transport time.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+    Keywords:
+        ref_in: kl.Time, scale of the input: KL_TIME_TAI, _UTC, _UT1 or _GPS
+        fmt_out: kl.Transport, format of the output, KL_TRANS_*
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        transport: [..., 4], fields as the format has them, then zeros
+    Raises KitError, or warns KitWarning (W):
+        PROC_ID_IN_ERR: input format is not KL_PROC
+        TIME_REF_IN_ERR: input scale outside 0 to 3
+        TRANS_ID_OUT_ERR: output format is none of KL_TRANS_*
+        TIME_REF_OUT_ERR: output scale outside 0 to 3, or not GPS
+        DAYS_ERR: input outside its range, or NaN
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        STANDARD_FORMAT_ERR: input not split into whole units
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_processing_to_transport((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+
+
+_time_transport_to_ascii = _Function("kl_time_transport_to_ascii", "kitlib_kl_time_transport_to_ascii_n", 0, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("select", _table.Transport),
+    ("select", _table.Time),
+    ("each", "transport", 'i8', 4, False, False),
+    ("select", _table.Ascii),
+    ("select", _table.Time),
+    ("width", 32),
+    ("gives", "ascii_out", 'text', 0, False, False),
+))
+
+
+def time_transport_to_ascii(transport, /, *, fmt_in=Transport.TRANS_0, ref_in=Time.UTC, fmt_out=Ascii.ASCII_43, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Writes a transport time as a text.
+
+    Arguments, arrays that broadcast against each other:
+        transport: [..., 4], fields as the format has them; those that it has not are not read
+    Keywords:
+        fmt_in: kl.Transport, format of the record, KL_TRANS_*
+        ref_in: kl.Time, scale of the record: KL_TIME_TAI, _UTC, _UT1 or _GPS
+        fmt_out: kl.Ascii, format of the output, KL_ASCII_*
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        ascii: texts, text and a NUL
+    Raises KitError, or warns KitWarning (W):
+        TRANS_ID_IN_ERR: input format is none of KL_TRANS_*
+        TIME_REF_IN_ERR: input scale outside 0 to 3, or not GPS
+        ASCII_ID_OUT_ERR: output format is none of KL_ASCII_*
+        TIME_REF_OUT_ERR: output scale outside 0 to 3
+        DAYS_ERR: day outside -18262 to 36524
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        LEAP_SECOND_ERR: 61st second without a leap second
+        SECONDS_ERR: seconds of day not 0 to 86399
+        MILLISECONDS_ERR: milliseconds of day not 0 to 86399999
+        MICROSECONDS_ERR: not 0 to 999999, or 0 to 999
+        TICKS_ERR: not 0 to 4294967295, or beyond 2099
+        WEEK_ERR: GPS week outside -1566 to 6260
+        SECONDS_OF_WEEK_ERR: not 0 to 604799
+        FRACTION_ERR: not 0 to 65535
+        GPS_SECONDS_ERR: outside 1950 to 2099
+        BEFORE_1950_ERR: output before 1950
+        AFTER_2099_ERR: output after 2099
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_transport_to_ascii((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+
+
+_time_transport_to_processing = _Function("kl_time_transport_to_processing", "kitlib_kl_time_transport_to_processing_n", 2, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("select", _table.Transport),
+    ("select", _table.Time),
+    ("each", "transport", 'i8', 4, False, False),
+    ("fixed",),
+    ("select", _table.Time),
+    ("gives", "time_out", 'f8', 0, False, False),
+))
+
+
+def time_transport_to_processing(transport, /, *, fmt_in=Transport.TRANS_0, ref_in=Time.UTC, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Reads a transport time.
+
+    Arguments, arrays that broadcast against each other:
+        transport: [..., 4], fields as the format has them; those that it has not are not read
+    Keywords:
+        fmt_in: kl.Transport, format of the record, KL_TRANS_*
+        ref_in: kl.Time, scale of the record: KL_TIME_TAI, _UTC, _UT1 or _GPS
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        time: days, MJD2000, may lie outside the processing range by the difference of the scales
+    Raises KitError, or warns KitWarning (W):
+        TRANS_ID_IN_ERR: input format is none of KL_TRANS_*
+        TIME_REF_IN_ERR: input scale outside 0 to 3, or not GPS
+        PROC_ID_OUT_ERR: output format is not KL_PROC
+        TIME_REF_OUT_ERR: output scale outside 0 to 3
+        DAYS_ERR: day outside -18262 to 36524
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        LEAP_SECOND_ERR: 61st second without a leap second
+        SECONDS_ERR: seconds of day not 0 to 86399
+        MILLISECONDS_ERR: milliseconds of day not 0 to 86399999
+        MICROSECONDS_ERR: not 0 to 999999, or 0 to 999
+        TICKS_ERR: not 0 to 4294967295, or beyond 2099
+        WEEK_ERR: GPS week outside -1566 to 6260
+        SECONDS_OF_WEEK_ERR: not 0 to 604799
+        FRACTION_ERR: not 0 to 65535
+        GPS_SECONDS_ERR: outside 1950 to 2099
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_transport_to_processing((transport,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
+
+
+_time_transport_to_transport = _Function("kl_time_transport_to_transport", "kitlib_kl_time_transport_to_transport_n", 1, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("select", _table.Transport),
+    ("select", _table.Time),
+    ("each", "transport", 'i8', 4, False, False),
+    ("select", _table.Transport),
+    ("select", _table.Time),
+    ("gives", "transport_out", 'i8', 4, False, False),
+))
+
+
+def time_transport_to_transport(transport, /, *, fmt_in=Transport.TRANS_0, ref_in=Time.UTC, fmt_out=Transport.TRANS_0, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Writes the instant of a transport time in another format, another scale or both.
+
+    Arguments, arrays that broadcast against each other:
+        transport: [..., 4], fields as the format has them; those that it has not are not read
+    Keywords:
+        fmt_in: kl.Transport, format of the record, KL_TRANS_*
+        ref_in: kl.Time, scale of the record: KL_TIME_TAI, _UTC, _UT1 or _GPS
+        fmt_out: kl.Transport, format of the output, KL_TRANS_*
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        transport: [..., 4], fields as the format has them, then zeros; may be the input record
+    Raises KitError, or warns KitWarning (W):
+        TRANS_ID_IN_ERR: input format is none of KL_TRANS_*
+        TIME_REF_IN_ERR: input scale outside 0 to 3, or not GPS
+        TRANS_ID_OUT_ERR: output format is none of KL_TRANS_*
+        TIME_REF_OUT_ERR: output scale outside 0 to 3, or not GPS
+        DAYS_ERR: day outside -18262 to 36524
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        LEAP_SECOND_ERR: 61st second without a leap second
+        SECONDS_ERR: seconds of day not 0 to 86399
+        MILLISECONDS_ERR: milliseconds of day not 0 to 86399999
+        MICROSECONDS_ERR: not 0 to 999999, or 0 to 999
+        TICKS_ERR: not 0 to 4294967295, or beyond 2099
+        WEEK_ERR: GPS week outside -1566 to 6260
+        SECONDS_OF_WEEK_ERR: not 0 to 604799
+        FRACTION_ERR: not 0 to 65535
+        GPS_SECONDS_ERR: outside 1950 to 2099
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_transport_to_transport((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+
+
+_change_cart_cs = _Function("kl_change_cart_cs", "kitlib_kl_change_cart_cs_n", 17, 1, StateResult, False, (
+    ("model",),
+    ("time",),
+    ("n",),
+    ("select", _table.CalcMode),
+    ("select", _table.Frame),
+    ("select", _table.Frame),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "vel", 'f8', 3, True, True),
+    ("each", "acc", 'f8', 3, True, True),
+    ("gives", "pos_out", 'f8', 3, False, False),
+    ("gives", "vel_out", 'f8', 3, False, False),
+    ("gives", "acc_out", 'f8', 3, False, False),
+))
+
+
+def change_cart_cs(t, pos, vel=None, acc=None, /, *, mode=None, cs_in, cs_out, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+    """Carries a position, velocity and acceleration from one reference frame to another.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+        pos: [..., 3], m
+        vel: [..., 3], m/s, read in every mode
+        acc: [..., 3], m/s2, read in every mode
+    Keywords:
+        mode: kl.CalcMode, KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC: outputs above the mode are zero;
+            left out: by the arguments given
+        cs_in: kl.Frame, frame of the input, KL_BM2000 to KL_TEME
+        cs_out: kl.Frame, frame of the output
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        model: ModelId, None: the default models
+        time: TimeId, None: the correlation of the package
+    Returns State:
+        pos: [..., 3], m, may be pos
+        vel: [..., 3], m/s, the derivative in the output frame; may be vel
+        acc: [..., 3], m/s2, may be acc. Between barycentric, heliocentric and geocentric frames the
+            acceleration of the origin is taken as zero
+    Raises KitError, or warns KitWarning (W):
+        TIME_REF_ERR: time reference not 0 to 3, or NULL
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        CALC_MODE_ERR: mode not 1 to 3, or NULL
+        CS_IN_ERR: frame not 1 to 11, or NULL
+        CS_OUT_ERR: frame not 1 to 11, or NULL
+        TIME_ID_ERR: the time cannot be brought to UT1
+        FORMULA_WARN (W): once, when a call leaves the table for the UT1-UTC formula
+        GAP_WARN (W): once, when a call enters the gap between two bulletins
+        VALIDITY_WARN (W): once, when a call leaves the validity of the table
+        TAI_ERR: the time cannot be brought to TAI; the outputs are written by then
+        TRANSFORMATION_ERR: a model id without the routine, or no way to TDB
+        LIF_ERR: KL_LIF: no time id of this library holds its reference
+    C has no array form of it: the package's own loop in C calls it once an element.
+
+    >>> import kitlib as kl
+    >>> pos, vel, _ = kl.change_cart_cs(9668.35, [7068500.0, 1142000.0, 0.0], [170.1, -1096.3, 7379.0], cs_in="TEME", cs_out="EF")
+    >>> pos.round(-3).tolist()
+    [6415000.0, -3181000.0, -0.0]
+    """
+    return _change_cart_cs((t, pos, vel, acc,), (_mode(mode, vel, acc), cs_in, cs_out, ref,), (model, time,), errors, return_status)
+
+
+_earth_orientation_get = _Function("kl_earth_orientation_get", "kitlib_kl_earth_orientation_get_n", None, 1, EarthOrientationResult, False, (
+    ("time",),
+    ("n",),
+    ("select", None),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("gives", "out", _table.EarthOrientation, 0, False, False),
+))
+
+
+def earth_orientation_get(t, /, *, corrections=0, ref=Time.UTC, time=None, errors="raise", return_status=False):
+    """What a time id and the theory say of the Earth's orientation.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+    Keywords:
+        corrections: 0 to 3: sum of KL_EOP_OCEAN_TIDES and KL_EOP_LIBRATION
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        time: TimeId, None: the correlation of the package
+    Returns EarthOrientation:
+        x_pole, y_pole, ut1_utc, ut1_tai, dx, dy, cip_x, cip_y, s, s_prime, era, notes: the values
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _earth_orientation_get((t,), (corrections, ref,), (time,), errors, return_status)
+
+
+_iers_matrix = _Function("kl_iers_matrix", "kitlib_kl_iers_matrix_n", None, 1, MatrixStateResult, False, (
+    ("time",),
+    ("n",),
+    ("select", None),
+    ("select", _table.IersFrame),
+    ("select", _table.IersFrame),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("select", _table.CalcMode),
+    ("gives", "r", 'f8', 9, False, False),
+    ("gives", "dr", 'f8', 9, False, False),
+    ("gives", "ddr", 'f8', 9, False, False),
+))
+
+
+def iers_matrix(t, /, *, corrections=0, cs_in, cs_out, ref=Time.UTC, mode=None, time=None, errors="raise", return_status=False):
+    """Matrix from one frame of the IERS Conventions to another, with its derivatives.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+    Keywords:
+        corrections: 0 to 3: sum of KL_EOP_OCEAN_TIDES and KL_EOP_LIBRATION
+        cs_in: kl.IersFrame, KL_GCRS to KL_EME2000
+        cs_out: kl.IersFrame, KL_GCRS to KL_EME2000
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        mode: kl.CalcMode, KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC; left out: by the arguments given
+        time: TimeId, None: the correlation of the package
+    Returns MatrixState:
+        matrix: [..., 9], rows of the matrix
+        rate: [..., 9], 1/s, its derivative; zero in mode 1
+        acceleration: [..., 9], 1/s2, its second derivative; zero in modes 1 and 2
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _iers_matrix((t,), (corrections, cs_in, cs_out, ref, _mode(mode, None, None),), (time,), errors, return_status)
+
+
+_iers_change = _Function("kl_iers_change", "kitlib_kl_iers_change_n", None, 1, StateResult, False, (
+    ("time",),
+    ("n",),
+    ("select", None),
+    ("select", _table.CalcMode),
+    ("select", _table.IersFrame),
+    ("select", _table.IersFrame),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "vel", 'f8', 3, True, False),
+    ("each", "acc", 'f8', 3, True, False),
+    ("gives", "pos_out", 'f8', 3, False, False),
+    ("gives", "vel_out", 'f8', 3, False, False),
+    ("gives", "acc_out", 'f8', 3, False, False),
+))
+
+
+def iers_change(t, pos, vel=None, acc=None, /, *, corrections=0, mode=None, cs_in, cs_out, ref=Time.UTC, time=None, errors="raise", return_status=False):
+    """Carries a state from one frame of the IERS Conventions to another.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+        pos: [..., 3], m
+        vel: [..., 3], m/s, not read in mode 1
+        acc: [..., 3], m/s2, not read in modes 1 and 2
+    Keywords:
+        corrections: 0 to 3: sum of KL_EOP_OCEAN_TIDES and KL_EOP_LIBRATION
+        mode: kl.CalcMode, KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC: outputs above it are zero; left
+            out: by the arguments given
+        cs_in: kl.IersFrame, KL_GCRS to KL_EME2000
+        cs_out: kl.IersFrame, KL_GCRS to KL_EME2000
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        time: TimeId, None: the correlation of the package
+    Returns State:
+        pos: [..., 3], m, may be pos
+        vel: [..., 3], m/s, the derivative in the output frame; may be vel
+        acc: [..., 3], m/s2, may be acc
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _iers_change((t, pos, vel, acc,), (corrections, _mode(mode, vel, acc), cs_in, cs_out, ref,), (time,), errors, return_status)
+
+
+_quaternions_to_vectors = _Function("kl_quaternions_to_vectors", "kitlib_kl_quaternions_to_vectors_n", 33, 1, AxesResult, False, (
+    ("n",),
+    ("each", "q", 'f8', 4, False, False),
+    ("gives", "x", 'f8', 3, False, False),
+    ("gives", "y", 'f8', 3, False, False),
+    ("gives", "z", 'f8', 3, False, False),
+))
+
+
+def quaternions_to_vectors(q, /, *, errors="raise", return_status=False):
+    """Axis vectors of a quaternion.
+
+    Arguments, arrays that broadcast against each other:
+        q: [..., 4], unit quaternion within 1e-6, scalar last; used as given, not normalised
+    Returns Axes:
+        x: [..., 3], columns of the attitude matrix
+        y: [..., 3], columns of the attitude matrix
+        z: [..., 3], columns of the attitude matrix
+    Raises KitError, or warns KitWarning (W):
+        MODULE_ERR: not of unit length; NaN, NULL
+    C has no array form of it: the package's own loop in C calls it once an element.
+
+    >>> import kitlib as kl
+    >>> kl.quaternions_to_vectors([0.0, 0.0, 0.0, 1.0]).y.tolist()
+    [0.0, 1.0, 0.0]
+    """
+    return _quaternions_to_vectors((q,), (), (), errors, return_status)
+
+
+_vectors_to_quaternions = _Function("kl_vectors_to_quaternions", "kitlib_kl_vectors_to_quaternions_n", 34, 1, None, False, (
+    ("n",),
+    ("each", "x", 'f8', 3, False, False),
+    ("each", "y", 'f8', 3, False, False),
+    ("each", "z", 'f8', 3, False, False),
+    ("gives", "q", 'f8', 4, False, False),
+))
+
+
+def vectors_to_quaternions(x, y, z, /, *, errors="raise", return_status=False):
+    """Quaternion of three axis vectors (trace, or Shepperd's method).
+
+    Arguments, arrays that broadcast against each other:
+        x: [..., 3], right-handed orthogonal set, any lengths above 1e-10 (a null vector has less); normalised
+            on copies
+        y: [..., 3], right-handed orthogonal set, any lengths above 1e-10 (a null vector has less); normalised
+            on copies
+        z: [..., 3], right-handed orthogonal set, any lengths above 1e-10 (a null vector has less); normalised
+            on copies
+    Returns an array, or a number for numbers:
+        q: [..., 4], unit quaternion, scalar last
+    Raises KitError, or warns KitWarning (W):
+        VECTORS_ERR: a null vector, or a left-handed set; NULL
+        ORTHONORMAL_ERR: not orthogonal within 1e-6; NaN
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _vectors_to_quaternions((x, y, z,), (), (), errors, return_status)
+
+
+_quaternions_interpol = _Function("kl_quaternions_interpol", "kitlib_kl_quaternions_interpol_n", 45, 1, None, False, (
+    ("n",),
+    ("select", _table.Interpolation),
+    ("each", "t1", 'f8', 0, False, False),
+    ("each", "q1", 'f8', 4, False, False),
+    ("each", "t2", 'f8', 0, False, False),
+    ("both", "q2", 'f8', 4, False, False),
+    ("each", "t", 'f8', 0, False, False),
+    ("gives", "q", 'f8', 4, False, False),
+))
+
+
+def quaternions_interpol(t1, q1, t2, q2, t, /, *, mode=Interpolation.SLERP, errors="raise", return_status=False):
+    """Quaternion at a time between two (SLERP), or beyond them by the rotation between the two.
+
+    Arguments, arrays that broadcast against each other:
+        t1: time of q1, any unit
+        q1: [..., 4], unit quaternion
+        t2: time of q2
+        q2: [..., 4], unit quaternion; ON PURPOSE NEGATED IN PLACE when it interpolates from the other half; a
+            copy is changed
+        t: time wanted
+    Keywords:
+        mode: kl.Interpolation, KL_INTERPOL_SLERP; not looked at when t lies outside [t1, t2]
+    Returns an array, or a number for numbers:
+        q: [..., 4], unit quaternion
+    Raises KitError, or warns KitWarning (W):
+        RANGE_WARN (W): t outside [t1, t2]: extrapolated
+        ALGORITHM_ERR: mode inside the interval, or numbers that allow no algorithm
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _quaternions_interpol((t1, q1, t2, q2, t,), (mode,), (), errors, return_status)
+
+
+_euler_to_matrix = _Function("kl_euler_to_matrix", "kitlib_kl_euler_to_matrix_n", None, 1, None, False, (
+    ("n",),
+    ("each", "angles", 'f8', 3, False, False),
+    ("gives", "matrix", 'f8', 9, False, False),
+))
+
+
+def euler_to_matrix(angles, /, *, errors="raise", return_status=False):
+    """Matrix of three rotation angles a0, a1, a2 (about x, y and z).
+
+    Arguments, arrays that broadcast against each other:
+        angles: [..., 3], deg, angles that are not finite give a matrix of NaN
+    Returns an array, or a number for numbers:
+        matrix: [..., 9], row by row, with s and c the sines and cosines: c1c2+s0s1s2, c0s2, s1c2-s0c1s2 /
+            -c1s2+s0s1c2, c0c2, -s1s2-s0c1c2 / -c0s1, s0, c0c1
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _euler_to_matrix((angles,), (), (), errors, return_status)
+
+
+_matrix_to_euler = _Function("kl_matrix_to_euler", "kitlib_kl_matrix_to_euler_n", 41, 1, None, False, (
+    ("n",),
+    ("each", "matrix", 'f8', 9, False, False),
+    ("gives", "angles", 'f8', 3, False, False),
+))
+
+
+def matrix_to_euler(matrix, /, *, errors="raise", return_status=False):
+    """Rotation angles of a matrix, the inverse of kl_euler_to_matrix.
+
+    Arguments, arrays that broadcast against each other:
+        matrix: [..., 9], row by row
+    Returns an array, or a number for numbers:
+        angles: [..., 3], deg, in (-180, 180]; on purpose 270 for a0 = -90 deg in the ambiguous case
+    Raises KitError, or warns KitWarning (W):
+        ROTATION_ERR: not a rotation within 1e-9
+        AMBIGUITY_WARN (W): a0 is +-90 deg (cosine below 1e-9): a2 = 0
+        ORTHONORMAL_ERR: rows not orthonormal within 1e-6; NaN, NULL
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _matrix_to_euler((matrix,), (), (), errors, return_status)
+
+
+_get_rotation_angles = _Function("kl_get_rotation_angles", "kitlib_kl_get_rotation_angles_n", 30, 1, None, False, (
+    ("n",),
+    ("each", "x1", 'f8', 3, False, False),
+    ("each", "y1", 'f8', 3, False, False),
+    ("each", "z1", 'f8', 3, False, False),
+    ("each", "x2", 'f8', 3, False, False),
+    ("each", "y2", 'f8', 3, False, False),
+    ("each", "z2", 'f8', 3, False, False),
+    ("gives", "angles", 'f8', 3, False, False),
+))
+
+
+def get_rotation_angles(x1, y1, z1, x2, y2, z2, /, *, errors="raise", return_status=False):
+    """Angles of the rotation from one set of axes to another: with M = kl_euler_to_matrix(angles), M has the axes of set 2 as its rows, in components along set 1 (v2 = M v1).
+
+    Arguments, arrays that broadcast against each other:
+        x1: [..., 3], first set, orthogonal; any lengths
+        y1: [..., 3], first set, orthogonal; any lengths
+        z1: [..., 3], first set, orthogonal; any lengths
+        x2: [..., 3], second set
+        y2: [..., 3], second set
+        z2: [..., 3], second set
+    Returns an array, or a number for numbers:
+        angles: [..., 3], deg, as kl_matrix_to_euler gives them; at a0 = +-90 deg a2 is 0, without a warning
+    Raises KitError, or warns KitWarning (W):
+        ORTHOGONAL_ERR: a set is not orthogonal within 1e-6, or has a null vector
+        ROTATION_ERR: the sets are of different hands
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _get_rotation_angles((x1, y1, z1, x2, y2, z2,), (), (), errors, return_status)
+
+
+_get_rotated_vectors = _Function("kl_get_rotated_vectors", "kitlib_kl_get_rotated_vectors_n", 31, 1, AxesResult, False, (
+    ("n",),
+    ("each", "x1", 'f8', 3, False, False),
+    ("each", "y1", 'f8', 3, False, False),
+    ("each", "z1", 'f8', 3, False, False),
+    ("each", "angles", 'f8', 3, False, False),
+    ("gives", "x2", 'f8', 3, False, False),
+    ("gives", "y2", 'f8', 3, False, False),
+    ("gives", "z2", 'f8', 3, False, False),
+))
+
+
+def get_rotated_vectors(x1, y1, z1, angles, /, *, errors="raise", return_status=False):
+    """Axes turned by three angles, the inverse of kl_get_rotation_angles.
+
+    Arguments, arrays that broadcast against each other:
+        x1: [..., 3], orthogonal set, any lengths
+        y1: [..., 3], orthogonal set, any lengths
+        z1: [..., 3], orthogonal set, any lengths
+        angles: [..., 3], deg
+    Returns Axes:
+        x: [..., 3], unit axes of the turned set; may be those of the first
+        y: [..., 3], unit axes of the turned set; may be those of the first
+        z: [..., 3], unit axes of the turned set; may be those of the first
+    Raises KitError, or warns KitWarning (W):
+        ORTHOGONAL_ERR: the set is not orthogonal within 1e-6, or has a null vector
+        ROTATION_ERR: angles that are not finite
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _get_rotated_vectors((x1, y1, z1, angles,), (), (), errors, return_status)
+
+
+_time_get_pole = _Function("kl_time_get_pole", "kitlib_kl_time_get_pole_n", None, 0, None, False, (
+    ("time",),
+    ("n",),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("gives", "pole", 'f8', 4, False, False),
+))
+
+
+def time_get_pole(t, /, *, ref=Time.UTC, time=None, errors="raise", return_status=False):
+    """Pole of the Earth that a time id holds at an instant.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000
+    Keywords:
+        ref: kl.Time, scale of time: KL_TIME_*
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        pole: [..., 4], arcsec, x, y, dX, dY
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_get_pole((t,), (ref,), (time,), errors, return_status)
+
+
+_time_add = _Function("kl_time_add", "kitlib_kl_time_add_n", 9, 1, None, False, (
+    ("n",),
+    ("fixed",),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("each", "duration", 'f8', 0, False, False),
+    ("gives", "time_out", 'f8', 0, False, False),
+))
+
+
+def time_add(t, duration, /, *, ref=Time.UTC, errors="raise", return_status=False):
+    """Processing time plus a duration, both in days of the same scale: no leap second comes in.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+        duration: days, of either sign
+    Keywords:
+        ref: kl.Time, KL_TIME_TAI to KL_TIME_GPS; only checked
+    Returns an array, or a number for numbers:
+        time: days, MJD2000, also written with KL_TIME_ADD_SUM_ERR
+    Raises KitError, or warns KitWarning (W):
+        PROC_ID_ERR: processing format id is not KL_PROC
+        TIME_REF_ERR: time reference outside 0 to 3
+        TIME_ERR: time outside -18262.0 to 36524.0, or NaN
+        SUM_ERR: sum outside that range, or NaN; it is written all the same
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_add((t, duration,), (ref,), (), errors, return_status)
+
+
+_time_diff = _Function("kl_time_diff", "kitlib_kl_time_diff_n", 10, 1, None, False, (
+    ("n",),
+    ("fixed",),
+    ("select", _table.Time),
+    ("each", "time1", 'f8', 0, False, False),
+    ("each", "time2", 'f8', 0, False, False),
+    ("gives", "duration", 'f8', 0, False, False),
+))
+
+
+def time_diff(time1, time2, /, *, ref=Time.UTC, errors="raise", return_status=False):
+    """Difference of two processing times of the same scale, in days of that scale: no leap second comes in.
+
+    Arguments, arrays that broadcast against each other:
+        time1: days, MJD2000, -18262.0 to 36524.0; checked wholly before time2
+        time2: days, MJD2000, -18262.0 to 36524.0
+    Keywords:
+        ref: kl.Time, KL_TIME_TAI to KL_TIME_GPS; only checked
+    Returns an array, or a number for numbers:
+        duration: time1 - time2, days
+    Raises KitError, or warns KitWarning (W):
+        PROC_ID_ERR: processing format id is not KL_PROC
+        TIME_REF_ERR: time reference outside 0 to 3
+        TIME1_ERR: first time outside -18262.0 to 36524.0, or NaN
+        TIME2_ERR: second time outside that range, or NaN
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_diff((time1, time2,), (ref,), (), errors, return_status)
+
+
+_time_get_leap_second_info = _Function("kl_time_get_leap_second_info", "kitlib_kl_time_get_leap_second_info_n", 27, 1, LeapSecondInfoResult, False, (
+    ("time",),
+    ("n",),
+    ("select", _table.Ascii),
+    ("gives", "leap_sign", 'i8', 0, False, False),
+    ("width", 32),
+    ("gives", "utc_time_before", 'text', 0, False, False),
+    ("width", 32),
+    ("gives", "utc_time_after", 'text', 0, False, False),
+))
+
+
+def time_get_leap_second_info(*, fmt_out=Ascii.ASCII_43, time=None, errors="raise", return_status=False):
+    """The one leap second that a time id knows: the last change of TAI-UTC in its table.
+
+    Keywords:
+        fmt_out: kl.Ascii, KL_ASCII_11 to KL_ASCII_54
+        time: TimeId, None: the correlation of the package
+    Returns LeapSecondInfo:
+        sign: 0 none, 1 a positive, -1 a negative leap second
+        before: texts, UTC 1/86401 day before utc_time_after: 23:59:59.000012 where the format has microseconds,
+            also for a negative leap second; empty without a leap second
+        after: texts, first UTC instant after it, 00:00:00 of the first day of a quarter; empty without a leap
+            second
+    Raises KitError, or warns KitWarning (W):
+        FORMAT_ERR: not an ASCII format
+        CONVERT_ERR: an instant could not be written: it lies before 1950
+        TIME_ID_WARN (W): the time id is not initialised: sign 0, empty texts
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _time_get_leap_second_info((), (fmt_out,), (time,), errors, return_status)

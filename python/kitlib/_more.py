@@ -1,0 +1,129 @@
+"""Functions whose arguments are not one an element: the geoid and the clocks on board."""
+import ctypes
+
+import numpy as np
+
+from . import _arrays, _errors, _ids, _table
+from ._library import KITLIB, symbol
+
+_OBT = {"ObtParamTarvos": (21, "ObtTarvos"), "ObtParamVardo": (51, "ObtTarvos"), "ObtParamKelda": (61, "ObtKelda"), "ObtParamBrisa": (71, "ObtTarvos")}
+
+
+def geoid(latitude, longitude, /, *, max_degree=360, model=None, errors="raise", return_status=False):
+    """Height of the geoid above the WGS84 ellipsoid (EGM96), m, at geodetic latitudes and longitudes, deg.
+
+    Latitude -90 to 90, longitude 0 to 360, max_degree 0 to 360. On a grid geoid_grid is dozens of times faster.
+
+    >>> import kitlib as kl
+    >>> round(kl.geoid(0.0, 0.0), 3)
+    17.162
+    """
+    return _GEOID((latitude, longitude), (max_degree,), (model,), errors, return_status)
+
+
+class _Geoid(_arrays.Function):
+    """kl_geoid_calc_n of the library, or the loop over the scalar call."""
+
+    def many(self, *arguments):
+        if self.array is None:
+            self.array = symbol("kl_geoid_calc_n" if hasattr(KITLIB, "kl_geoid_calc_n") else "kitlib_kl_geoid_calc_n")
+        return super().many(*arguments)
+
+
+_GEOID = _Geoid("kl_geoid_calc", "", 44, 1, None, False, (
+    ("model",), ("n",), ("each", "latitude", "f8", 0, False, False), ("each", "longitude", "f8", 0, False, False), ("select", None),
+    ("gives", "undulation", "f8", 0, False, False)))
+_GEOID.one = None  # the scalar call takes a record
+
+
+def geoid_grid(latitudes, longitudes, /, *, max_degree=360, model=None):
+    """Heights of the geoid, m, [n_latitudes, n_longitudes], of a grid: the same bits as geoid in every node.
+
+    >>> import kitlib as kl
+    >>> kl.geoid_grid([0.0, 45.0], [0.0, 90.0, 180.0], max_degree=8).shape
+    (2, 3)
+    """
+    lat, lon = (np.ascontiguousarray(_arrays.numbers(x, np.dtype("f8"), 0, n), "f8") for x, n in ((latitudes, "latitudes"), (longitudes, "longitudes")))
+    if lat.ndim != 1 or lon.ndim != 1:
+        raise ValueError(f"one axis each is wanted, not shapes {lat.shape} and {lon.shape}")
+    out = np.empty((len(lat), len(lon)))
+    degree, n_lat, n_lon = ctypes.c_long(_arrays.selected(max_degree, None)), ctypes.c_long(len(lat)), ctypes.c_long(len(lon))
+    vector = (ctypes.c_long * 1)()
+    held = _ids.pointer_of("model", model)
+    if symbol("kl_geoid_grid")(held.pointer, ctypes.byref(degree), _arrays.pointer(lat), ctypes.byref(n_lat), _arrays.pointer(lon), ctypes.byref(n_lon),
+                               _arrays.pointer(out), vector) == -1:
+        raise _errors.error("kl_geoid_grid", 44, vector)
+    return out
+
+
+def _clock(parameters):
+    try:
+        return _OBT[type(parameters).__name__]
+    except KeyError:
+        raise TypeError(f"parameters: ObtParamTarvos, ObtParamVardo, ObtParamKelda or ObtParamBrisa is wanted, not {type(parameters).__name__}") from None
+
+
+def time_obt_to_time(*reading, parameters, ref="UTC", errors="raise", return_status=False):
+    """Processing time, MJD2000 days, of readings of an on-board clock.
+
+    reading: coarse and fine counts (whole numbers); for ObtParamKelda seconds. parameters: the record of the satellite's
+    format, kl.ObtParamTarvos, kl.ObtParamVardo, kl.ObtParamKelda or kl.ObtParamBrisa; ref: the scale that it speaks of.
+
+    >>> import kitlib as kl
+    >>> kl.time_obt_to_time(86400, 0, parameters=kl.ObtParamTarvos(21, 9668.0, 0, 0, 10**12))
+    9669.0
+    """
+    sat, record = _clock(parameters)
+    dtype = np.dtype(getattr(_table, record))
+    names = dtype.names[1:]
+    if len(reading) != len(names):
+        raise TypeError(f"{' and '.join(names)} are wanted")
+    given = [_arrays.numbers(v, np.dtype("f8"), 0, n) for v, n in zip(reading, names)]
+    for v, n in zip(given, names):
+        if dtype[n].kind == "u" and (v.dtype.kind == "f" or (v.dtype.kind == "i" and np.any(v < 0))):
+            raise ValueError(f"{n}: whole numbers from 0 on are wanted")
+    shape = _arrays.broadcast([v.shape for v in given], names)
+    obt = np.zeros(shape, dtype)
+    obt["sat_id"] = sat
+    for v, n in zip(given, names):
+        obt[n] = v
+    out, status = np.empty(shape), np.zeros(shape, "i8")
+    _clock_call("kl_time_obt_to_time", 11, sat, ref, parameters, obt, out, status, errors, out, shape)
+    result = out if shape else out.item()
+    return (result, status if shape else int(status)) if return_status else result
+
+
+def time_time_to_obt(t, /, *, parameters, ref="UTC", errors="raise", return_status=False):
+    """Reading of an on-board clock at processing times: coarse and fine counts, or for ObtParamKelda seconds.
+
+    The inverse of time_obt_to_time, with its parameters.
+    """
+    sat, record = _clock(parameters)
+    dtype = np.dtype(getattr(_table, record))
+    given = np.ascontiguousarray(_arrays.numbers(t, np.dtype("f8"), 0, "t"), "f8")
+    shape = np.shape(t)
+    given = given.reshape(shape)
+    obt, status = np.zeros(shape, dtype), np.zeros(shape, "i8")
+    obt["sat_id"] = sat
+    fields = _clock_call("kl_time_time_to_obt", 12, sat, ref, parameters, given, obt, status, errors, obt, shape)
+    found = tuple(obt[n] if shape else obt[n].item() for n in dtype.names[1:])
+    result = found if len(found) > 1 else found[0]
+    return (result, status if shape else int(status)) if return_status else result
+
+
+def _clock_call(name, public_id, sat, ref, parameters, given, out, status, errors, outputs, shape):
+    if errors not in ("raise", "nan"):
+        raise ValueError(f'errors is "raise" or "nan", not {errors!r}')
+    n, number, scale = ctypes.c_long(out.size), ctypes.c_long(sat), _arrays.long_pointer(_arrays.selected(ref, _table.Time))
+    vector = (ctypes.c_long * 1)()
+    function = symbol(name + "_n" if hasattr(KITLIB, name + "_n") else f"kitlib_{name}_n")
+    done = function(ctypes.byref(number), ctypes.byref(n), scale, ctypes.byref(parameters), _arrays.pointer(given), _arrays.pointer(out), _arrays.pointer(status), vector)
+    if done == -1 and errors == "raise":
+        raise _errors.error(name, public_id, vector, status if shape else None, outputs if shape else None)
+    if done == 1:
+        _errors.warn(name, public_id, vector, 4)
+
+
+def lib_version():
+    """0 when the libraries of the family fit together, else -1."""
+    return symbol("kl_check_library_version")()

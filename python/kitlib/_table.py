@@ -1,0 +1,570 @@
+"""Constants, records and results.
+
+Written by tools/api/generate.py from the table in api/ and the headers in include/kl.
+"""
+import ctypes as _c
+from collections import namedtuple as _namedtuple
+from enum import IntEnum as _IntEnum
+
+
+class Time(_IntEnum):
+    """Scales of time."""
+
+    UNDEF = -1
+    TAI = 0
+    UTC = 1
+    UT1 = 2
+    GPS = 3
+
+
+class Ascii(_IntEnum):
+    """Layouts of the text of a time."""
+
+    ASCII_11 = 11
+    ASCII_12 = 12
+    ASCII_13 = 13
+    ASCII_14 = 14
+    ASCII_21 = 21
+    ASCII_22 = 22
+    ASCII_23 = 23
+    ASCII_24 = 24
+    ASCII_31 = 31
+    ASCII_32 = 32
+    ASCII_33 = 33
+    ASCII_34 = 34
+    ASCII_41 = 41
+    ASCII_42 = 42
+    ASCII_43 = 43
+    ASCII_44 = 44
+    ASCII_51 = 51
+    ASCII_52 = 52
+    ASCII_53 = 53
+    ASCII_54 = 54
+
+
+class Transport(_IntEnum):
+    """Formats of transport times."""
+
+    TRANS_0 = 0
+    TRANS_11 = 11
+    TRANS_21 = 21
+    TRANS_22 = 22
+    TRANS_23 = 23
+    TRANS_31 = 31
+    TRANS_41 = 41
+    TRANS_42 = 42
+
+
+class Frame(_IntEnum):
+    """Reference frames."""
+
+    BM2000 = 1
+    HM2000 = 2
+    GM2000 = 3
+    MOD = 4
+    TOD = 5
+    PEF = 6
+    EF = 7
+    LIF = 8
+    BM1950 = 9
+    GALACTIC = 10
+    TEME = 11
+
+
+class IersFrame(_IntEnum):
+    """Reference frames after the IERS Conventions."""
+
+    GCRS = 1
+    CIRS = 2
+    TIRS = 3
+    ITRS = 4
+    EME2000 = 5
+
+
+class CalcMode(_IntEnum):
+    """What is computed."""
+
+    POS = 1
+    POS_VEL = 2
+    POS_VEL_ACC = 3
+
+
+class Planet(_IntEnum):
+    """Planets."""
+
+    MERCURY = 1
+    VENUS = 2
+    EARTH_MOON_BARYCENTRE = 3
+    MARS = 4
+    JUPITER = 5
+    SATURN = 6
+    URANUS = 7
+    NEPTUNE = 8
+
+
+class ModelKind(_IntEnum):
+    """Kinds of model, in the order of a ModelId's selections."""
+
+    EARTH = 0
+    SUN = 1
+    MOON = 2
+    PLANET = 3
+    STAR = 4
+    NUTATION = 5
+    PRECESSION = 6
+    CONSTANTS = 7
+    LIGHT_PROPAGATION = 8
+
+
+class TimeModel(_IntEnum):
+    """What a time id is made of."""
+
+    EXPLICIT = -1
+    BULLETIN_B = 1
+    BULLETIN_B_EXTENDED = 2
+    FINALS_OBSERVED = 3
+    FINALS = 4
+    C04 = 5
+    TABLE = 6
+    ORBIT_FILE = 7
+    LEAP_SECONDS = 8
+    MERGED = 9
+    BULLETIN_A = 10
+    BULLETIN_A_TABLE = 11
+
+
+class Quality(_IntEnum):
+    """Quality of a row of a time id."""
+
+    FINAL = 0
+    OBSERVED = 1
+    PRELIMINARY = 2
+    PREDICTED = 3
+    INSERTED = 4
+
+
+class CucType(_IntEnum):
+    """Is there a P-field?"""
+
+    TIME_FIELD_ONLY = 0
+    WITH_P_FIELD = 1
+
+
+class CucEpoch(_IntEnum):
+    """Epochs of a CUC."""
+
+    EPOCH_1958 = 0
+    EPOCH_1980 = 1
+    EPOCH_USER = 2
+
+
+class Interpolation(_IntEnum):
+    """Interpolations of quaternions."""
+
+    SLERP = 0
+
+
+class Shadow(_IntEnum):
+    """Where a satellite is in the Earth's shadow."""
+
+    SUNLIGHT = 0
+    PENUMBRA = 1
+    UMBRA = 2
+    ANNULAR = 3
+
+
+class StarCorrection(_IntEnum):
+    """Corrections of a star's place; add them."""
+
+    PARALLAX = 1
+    ABERRATION = 2
+    DEFLECTION = 4
+
+
+class Eop(_IntEnum):
+    """Short-period corrections of the Earth's orientation; add them."""
+
+    OCEAN_TIDES = 1
+    LIBRATION = 2
+    ALL = 3
+
+
+class CucConfig(_c.Structure):
+    """The record kl_cuc_config of C."""
+
+    _fields_ = [
+        ("cuc_type", _c.c_long),
+        ("epoch_type", _c.c_long),
+        ("epoch_time_ref", _c.c_long),
+        ("epoch", _c.c_double),
+        ("n_coarse", _c.c_long),
+        ("n_fine", _c.c_long),
+    ]
+
+
+class EarthOrientation(_c.Structure):
+    """The record kl_earth_orientation of C."""
+
+    _fields_ = [
+        ("x_pole", _c.c_double),
+        ("y_pole", _c.c_double),
+        ("ut1_utc", _c.c_double),
+        ("ut1_tai", _c.c_double),
+        ("dx", _c.c_double),
+        ("dy", _c.c_double),
+        ("cip_x", _c.c_double),
+        ("cip_y", _c.c_double),
+        ("s", _c.c_double),
+        ("s_prime", _c.c_double),
+        ("era", _c.c_double),
+        ("notes", _c.c_long),
+    ]
+
+
+class Geodetic(_c.Structure):
+    """The record kl_geodetic of C."""
+
+    _fields_ = [
+        ("latitude", _c.c_double),
+        ("longitude", _c.c_double),
+        ("height", _c.c_double),
+        ("latitude_rate", _c.c_double),
+        ("longitude_rate", _c.c_double),
+        ("height_rate", _c.c_double),
+    ]
+
+
+class GeoidInput(_c.Structure):
+    """The record kl_geoid_input of C."""
+
+    _fields_ = [
+        ("model_id", _c.c_void_p),
+        ("latitude", _c.c_double),
+        ("longitude", _c.c_double),
+        ("height", _c.c_double),
+        ("max_degree", _c.c_long),
+    ]
+
+
+class Kepler(_c.Structure):
+    """The record kl_kepler of C."""
+
+    _fields_ = [
+        ("semi_major_axis", _c.c_double),
+        ("eccentricity", _c.c_double),
+        ("inclination", _c.c_double),
+        ("raan", _c.c_double),
+        ("arg_perigee", _c.c_double),
+        ("mean_anomaly", _c.c_double),
+    ]
+
+
+class ModelData(_c.Structure):
+    """The record kl_model_data of C."""
+
+    _fields_ = [
+        ("earth", _c.c_long),
+        ("sun", _c.c_long),
+        ("moon", _c.c_long),
+        ("planet", _c.c_long),
+        ("star", _c.c_long),
+        ("nutation", _c.c_long),
+        ("precession", _c.c_long),
+        ("constants", _c.c_long),
+        ("light_propagation", _c.c_long),
+        ("gravity_radius", _c.c_double),
+        ("gm", _c.c_double),
+        ("j2", _c.c_double),
+        ("j3", _c.c_double),
+        ("j4", _c.c_double),
+        ("semi_major_axis", _c.c_double),
+        ("semi_minor_axis", _c.c_double),
+        ("eccentricity", _c.c_double),
+        ("flattening", _c.c_double),
+        ("angle_0", _c.c_double),
+        ("angle_1", _c.c_double),
+        ("angle_2", _c.c_double),
+        ("angle_sim_0", _c.c_double),
+        ("angle_sim_1", _c.c_double),
+        ("angle_sim_2", _c.c_double),
+        ("astronomical_unit", _c.c_double),
+    ]
+
+
+class ObtBrisa(_c.Structure):
+    """The record kl_obt_brisa of C."""
+
+    _fields_ = [
+        ("sat_id", _c.c_long),
+        ("coarse", _c.c_ulong),
+        ("fine", _c.c_ulong),
+    ]
+
+
+class ObtKelda(_c.Structure):
+    """The record kl_obt_kelda of C."""
+
+    _fields_ = [
+        ("sat_id", _c.c_long),
+        ("obt", _c.c_double),
+    ]
+
+
+class ObtParamBrisa(_c.Structure):
+    """The record kl_obt_param_brisa of C."""
+
+    _fields_ = [
+        ("sat_id", _c.c_long),
+        ("offset", _c.c_long),
+        ("ref_coarse", _c.c_ulong),
+        ("ref_fine", _c.c_ulong),
+        ("week", _c.c_ulong),
+        ("seconds_of_week", _c.c_ulong),
+        ("fraction", _c.c_ulong),
+    ]
+
+
+class ObtParamKelda(_c.Structure):
+    """The record kl_obt_param_kelda of C."""
+
+    _fields_ = [
+        ("sat_id", _c.c_long),
+        ("ref_time", _c.c_ulong),
+        ("ref_time_fraction", _c.c_uint32),
+        ("ref_obt", _c.c_ulong),
+        ("ref_obt_fraction", _c.c_uint32),
+        ("gain", _c.c_double),
+        ("offset", _c.c_double),
+    ]
+
+
+class ObtParamTarvos(_c.Structure):
+    """The record kl_obt_param_tarvos of C."""
+
+    _fields_ = [
+        ("sat_id", _c.c_long),
+        ("ref_time", _c.c_double),
+        ("ref_coarse", _c.c_ulong),
+        ("ref_fine", _c.c_ulong),
+        ("clock_step", _c.c_ulong),
+    ]
+
+
+class ObtParamVardo(_c.Structure):
+    """The record kl_obt_param_vardo of C."""
+
+    _fields_ = [
+        ("sat_id", _c.c_long),
+        ("offset", _c.c_long),
+    ]
+
+
+class ObtTarvos(_c.Structure):
+    """The record kl_obt_tarvos of C."""
+
+    _fields_ = [
+        ("sat_id", _c.c_long),
+        ("coarse", _c.c_ulong),
+        ("fine", _c.c_ulong),
+    ]
+
+
+class ObtVardo(_c.Structure):
+    """The record kl_obt_vardo of C."""
+
+    _fields_ = [
+        ("sat_id", _c.c_long),
+        ("coarse", _c.c_ulong),
+        ("fine", _c.c_ulong),
+    ]
+
+
+class OrbitAngle(_c.Structure):
+    """The record kl_orbit_angle of C."""
+
+    _fields_ = [
+        ("angle", _c.c_double),
+        ("rate", _c.c_double),
+        ("rate_of_rate", _c.c_double),
+        ("node", _c.c_double),
+        ("node_rate", _c.c_double),
+        ("inclination", _c.c_double),
+    ]
+
+
+class Radec(_c.Structure):
+    """The record kl_radec of C."""
+
+    _fields_ = [
+        ("ra", _c.c_double),
+        ("dec", _c.c_double),
+        ("distance", _c.c_double),
+        ("ra_rate", _c.c_double),
+        ("dec_rate", _c.c_double),
+        ("distance_rate", _c.c_double),
+    ]
+
+
+class Star(_c.Structure):
+    """The record kl_star of C."""
+
+    _fields_ = [
+        ("ra", _c.c_double),
+        ("dec", _c.c_double),
+        ("pm_ra", _c.c_double),
+        ("pm_dec", _c.c_double),
+        ("parallax", _c.c_double),
+        ("radial_velocity", _c.c_double),
+        ("epoch", _c.c_double),
+        ("magnitude", _c.c_double),
+        ("number", _c.c_long),
+    ]
+
+
+class StarWindow(_c.Structure):
+    """The record kl_star_window of C."""
+
+    _fields_ = [
+        ("mag_min", _c.c_double),
+        ("mag_max", _c.c_double),
+        ("ra_min", _c.c_double),
+        ("ra_max", _c.c_double),
+        ("dec_min", _c.c_double),
+        ("dec_max", _c.c_double),
+        ("ra", _c.c_double),
+        ("dec", _c.c_double),
+        ("radius", _c.c_double),
+    ]
+
+
+class TimeFileReport(_c.Structure):
+    """The record kl_time_file_report of C."""
+
+    _fields_ = [
+        ("file", _c.c_long),
+        ("line", _c.c_long),
+        ("column", _c.c_long),
+        ("field", _c.c_char * 64),
+        ("n_rows", _c.c_long),
+        ("n_predicted", _c.c_long),
+        ("n_skipped", _c.c_long),
+        ("first", _c.c_double),
+        ("last_final", _c.c_double),
+        ("last", _c.c_double),
+        ("leap_expiry", _c.c_double),
+    ]
+
+
+class TimeIdData(_c.Structure):
+    """The record kl_time_id_data of C."""
+
+    _fields_ = [
+        ("model", _c.c_long),
+        ("combination", _c.c_long),
+        ("no_extrapolation", _c.c_long),
+        ("second_bulletin_row", _c.c_long),
+        ("a", _c.c_double),
+        ("b", _c.c_double),
+        ("c", _c.c_double),
+        ("leap_sign", _c.c_long),
+        ("leap_utc", _c.c_double),
+        ("leap_tai", _c.c_double),
+        ("n_rows", _c.c_long),
+        ("rows", _c.c_void_p),
+        ("pole", _c.c_void_p),
+        ("row_notes", _c.c_void_p),
+        ("pole_x", _c.c_double * 5),
+        ("pole_y", _c.c_double * 5),
+        ("pole_reference_date", _c.c_double * 2),
+        ("pole_period", _c.c_double * 2),
+    ]
+
+
+class TimeRow(_c.Structure):
+    """The record kl_time_row of C."""
+
+    _fields_ = [
+        ("tai", _c.c_double),
+        ("ut1", _c.c_double),
+        ("utc", _c.c_double),
+        ("tai_utc", _c.c_double),
+        ("tai_ut1", _c.c_double),
+        ("tai_gps", _c.c_double),
+    ]
+
+
+class TimeRowInfo(_c.Structure):
+    """The record kl_time_row_info of C."""
+
+    _fields_ = [
+        ("row", _c.c_long),
+        ("file", _c.c_long),
+        ("line", _c.c_long),
+        ("quality", _c.c_long),
+        ("by_formula", _c.c_long),
+        ("tai_utc", _c.c_double),
+        ("tai_ut1", _c.c_double),
+        ("tai_gps", _c.c_double),
+        ("pole", _c.c_double * 4),
+    ]
+
+
+class Topocentric(_c.Structure):
+    """The record kl_topocentric of C."""
+
+    _fields_ = [
+        ("azimuth", _c.c_double),
+        ("elevation", _c.c_double),
+        ("range", _c.c_double),
+        ("azimuth_rate", _c.c_double),
+        ("elevation_rate", _c.c_double),
+        ("range_rate", _c.c_double),
+    ]
+
+
+# Results.
+AxesResult = _namedtuple("AxesResult", "x y z")
+BodyStateResult = _namedtuple("BodyStateResult", "pos vel")
+EarthOrientationResult = _namedtuple("EarthOrientationResult", "x_pole y_pole ut1_utc ut1_tai dx dy cip_x cip_y s s_prime era notes")
+LeapSecondInfoResult = _namedtuple("LeapSecondInfoResult", "sign before after")
+MatrixStateResult = _namedtuple("MatrixStateResult", "matrix rate acceleration")
+StateResult = _namedtuple("StateResult", "pos vel acc")
+
+# Conditions of each function, by its public id: constant, value in an error vector's code, is it a warning?
+CONDITIONS = {
+    22: ("kl_sun", (("TIME_REF_ERR", 0), ("DATE_ERR", 1), ("TIME_ID_ERR", 2), ("BODY_ERR", 3), ("TDB_ERR", 4), ("PROC_TO_PROC_ERR", 5), ("FRAME_ERR", 6),)),
+    23: ("kl_moon", (("TIME_REF_ERR", 0), ("DATE_ERR", 1), ("TIME_ID_ERR", 2), ("BODY_ERR", 3), ("TDB_ERR", 4), ("PROC_TO_PROC_ERR", 5), ("FRAME_ERR", 6),)),
+    24: ("kl_planet", (("TIME_REF_ERR", 0), ("DATE_ERR", 1), ("TIME_ID_ERR", 2), ("CODE_ERR", 3), ("TDB_ERR", 4), ("PROC_TO_PROC_ERR", 5), ("FRAME_ERR", 6), ("CONVERGENCE_WARN", 7),)),
+    11: ("kl_time_obt_to_time", (("SAT_ID_ERR", 0), ("TIME_REF_ERR", 1), ("TAG_ERR", 2), ("REF_TIME_ERR", 3), ("NO_OBT_ERR", 4), ("OBT_ERR", 5), ("CLOCK_STEP_ERR", 6), ("TIME_ERR", 7),)),
+    12: ("kl_time_time_to_obt", (("SAT_ID_ERR", 0), ("TIME_REF_ERR", 1), ("TAG_ERR", 2), ("TIME_ERR", 3), ("REF_TIME_ERR", 4), ("NO_OBT_ERR", 5), ("OBT_ERR", 6), ("CLOCK_STEP_ERR", 7),)),
+    46: ("kl_time_cuc_to_processing", (("CONFIG_ERR", 0), ("P_FIELD_ERR", 1), ("EPOCH_ERR", 2),)),
+    47: ("kl_time_processing_to_cuc", (("CONFIG_ERR", 0), ("EPOCH_ERR", 1), ("TIME_ERR", 2), ("P_FIELD_ERR", 3),)),
+    5: ("kl_time_processing_to_processing", (("PROC_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("PROC_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("DAYS_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("STANDARD_FORMAT_ERR", 10),)),
+    6: ("kl_time_ascii_to_ascii", (("ASCII_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("ASCII_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("YEAR_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("LAYOUT_ERR", 10), ("TOO_SHORT_ERR", 11), ("TOO_LONG_ERR", 12), ("PREFIX_ERR", 13), ("PREFIX_REF_ERR", 14), ("NO_REF_ERR", 15), ("MISSION_LIMIT_ERR", 16), ("MONTH_ERR", 17), ("DAY_ERR", 18), ("HOUR_ERR", 19), ("MINUTE_ERR", 20), ("SECOND_ERR", 21), ("MICROSECOND_ERR", 22), ("DAY_OF_30_ERR", 23), ("DAY_OF_29_ERR", 24), ("DAY_OF_28_ERR", 25), ("LEAP_SECOND_ERR", 26), ("BEFORE_1950_ERR", 27), ("AFTER_2099_ERR", 28),)),
+    8: ("kl_time_ascii_to_processing", (("ASCII_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("PROC_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("YEAR_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("LAYOUT_ERR", 10), ("TOO_SHORT_ERR", 11), ("TOO_LONG_ERR", 12), ("PREFIX_ERR", 13), ("PREFIX_REF_ERR", 14), ("NO_REF_ERR", 15), ("MISSION_LIMIT_ERR", 16), ("MONTH_ERR", 17), ("DAY_ERR", 18), ("HOUR_ERR", 19), ("MINUTE_ERR", 20), ("SECOND_ERR", 21), ("MICROSECOND_ERR", 22), ("DAY_OF_30_ERR", 23), ("DAY_OF_29_ERR", 24), ("DAY_OF_28_ERR", 25), ("LEAP_SECOND_ERR", 26),)),
+    7: ("kl_time_ascii_to_transport", (("ASCII_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("TRANS_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("YEAR_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("LAYOUT_ERR", 10), ("TOO_SHORT_ERR", 11), ("TOO_LONG_ERR", 12), ("PREFIX_ERR", 13), ("PREFIX_REF_ERR", 14), ("NO_REF_ERR", 15), ("MISSION_LIMIT_ERR", 16), ("MONTH_ERR", 17), ("DAY_ERR", 18), ("HOUR_ERR", 19), ("MINUTE_ERR", 20), ("SECOND_ERR", 21), ("MICROSECOND_ERR", 22), ("DAY_OF_30_ERR", 23), ("DAY_OF_29_ERR", 24), ("DAY_OF_28_ERR", 25), ("LEAP_SECOND_ERR", 26),)),
+    3: ("kl_time_processing_to_ascii", (("PROC_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("ASCII_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("DAYS_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("STANDARD_FORMAT_ERR", 10), ("BEFORE_1950_ERR", 11), ("AFTER_2099_ERR", 12),)),
+    4: ("kl_time_processing_to_transport", (("PROC_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("TRANS_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("DAYS_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("STANDARD_FORMAT_ERR", 10),)),
+    0: ("kl_time_transport_to_ascii", (("TRANS_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("ASCII_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("DAYS_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("LEAP_SECOND_ERR", 10), ("SECONDS_ERR", 11), ("MILLISECONDS_ERR", 12), ("MICROSECONDS_ERR", 13), ("TICKS_ERR", 14), ("WEEK_ERR", 15), ("SECONDS_OF_WEEK_ERR", 16), ("FRACTION_ERR", 17), ("GPS_SECONDS_ERR", 18), ("BEFORE_1950_ERR", 19), ("AFTER_2099_ERR", 20),)),
+    2: ("kl_time_transport_to_processing", (("TRANS_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("PROC_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("DAYS_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("LEAP_SECOND_ERR", 10), ("SECONDS_ERR", 11), ("MILLISECONDS_ERR", 12), ("MICROSECONDS_ERR", 13), ("TICKS_ERR", 14), ("WEEK_ERR", 15), ("SECONDS_OF_WEEK_ERR", 16), ("FRACTION_ERR", 17), ("GPS_SECONDS_ERR", 18),)),
+    1: ("kl_time_transport_to_transport", (("TRANS_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("TRANS_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("DAYS_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("LEAP_SECOND_ERR", 10), ("SECONDS_ERR", 11), ("MILLISECONDS_ERR", 12), ("MICROSECONDS_ERR", 13), ("TICKS_ERR", 14), ("WEEK_ERR", 15), ("SECONDS_OF_WEEK_ERR", 16), ("FRACTION_ERR", 17), ("GPS_SECONDS_ERR", 18),)),
+    17: ("kl_change_cart_cs", (("TIME_REF_ERR", 0), ("DATE_ERR", 1), ("CALC_MODE_ERR", 2), ("CS_IN_ERR", 3), ("CS_OUT_ERR", 4), ("TIME_ID_ERR", 5), ("FORMULA_WARN", 6), ("GAP_WARN", 7), ("VALIDITY_WARN", 8), ("TAI_ERR", 9), ("TRANSFORMATION_ERR", 10), ("LIF_ERR", 11),)),
+    44: ("kl_geoid_calc", (("DEGREE_ERR", 0), ("LATITUDE_ERR", 1), ("LONGITUDE_ERR", 2), ("COMPUTATION_ERR", 3),)),
+    42: ("kl_model_init", (("INITIALISED_ERR", 0), ("MEMORY_ERR", 1), ("SELECTION_ERR", 2),)),
+    43: ("kl_model_close", (("ID_ERR", 0),)),
+    33: ("kl_quaternions_to_vectors", (("MODULE_ERR", 0),)),
+    34: ("kl_vectors_to_quaternions", (("VECTORS_ERR", 0), ("ORTHONORMAL_ERR", 1),)),
+    45: ("kl_quaternions_interpol", (("RANGE_WARN", 0), ("ALGORITHM_ERR", 1),)),
+    41: ("kl_matrix_to_euler", (("ROTATION_ERR", 0), ("AMBIGUITY_WARN", 1), ("ORTHONORMAL_ERR", 2),)),
+    30: ("kl_get_rotation_angles", (("ORTHOGONAL_ERR", 0), ("ROTATION_ERR", 1),)),
+    31: ("kl_get_rotated_vectors", (("ORTHOGONAL_ERR", 0), ("ROTATION_ERR", 1),)),
+    29: ("kl_run_init", (("NO_SLOT_ERR", 0), ("SAT_ID_ERR", 1), ("TIME_ID_ERR", 2), ("MEMORY_ERR", 3), ("CONSISTENCY_ERR", 4), ("LOCK_ERR", 5), ("UNLOCK_ERR", 6),)),
+    28: ("kl_default_sat_init", (("NO_SLOT_ERR", 0), ("FILE_ERR", 1), ("LOCK_ERR", 2), ("UNLOCK_ERR", 3),)),
+    14: ("kl_time_ref_init", (("TAI_ERR", 0), ("UTC_ERR", 1), ("UT1_ERR", 2), ("GPS_ERR", 3), ("ORBIT_ERR", 4), ("ANX_TIME_ERR", 5), ("ORBIT_DURATION_ERR", 6), ("ANX_DURATION_ERR", 7), ("MEMORY_ERR", 8), ("ID_ERR", 9),)),
+    13: ("kl_time_ref_init_file", (("ID_ERR", 0), ("MODEL_ERR", 1), ("COUNT_ERR", 2), ("WINDOW_ERR", 3), ("READ_ERR", 4), ("FORMAT_ERR", 5), ("RECORD_ERR", 6), ("ORDER_ERR", 7), ("FORMULA_ERR", 8), ("NO_RECORD_ERR", 9), ("MEMORY_ERR", 10), ("LEAP_SECOND_ERR", 11), ("COVERAGE_WARN", 12), ("TAI_UTC_WARN", 13), ("NO_UT1_WARN", 14), ("LEAP_EXPIRED_WARN", 15),)),
+    15: ("kl_time_id_init", (("ID_ERR", 0), ("MODEL_ERR", 1), ("COUNT_ERR", 2), ("WINDOW_ERR", 3), ("READ_ERR", 4), ("FORMAT_ERR", 5), ("RECORD_ERR", 6), ("ORDER_ERR", 7), ("FORMULA_ERR", 8), ("NO_RECORD_ERR", 9), ("MEMORY_ERR", 10), ("LEAP_SECOND_ERR", 11), ("COVERAGE_WARN", 12), ("TAI_UTC_WARN", 13), ("NO_UT1_WARN", 14), ("LEAP_EXPIRED_WARN", 15),)),
+    16: ("kl_time_close", (("ID_ERR", 0),)),
+    9: ("kl_time_add", (("PROC_ID_ERR", 0), ("TIME_REF_ERR", 1), ("TIME_ERR", 2), ("SUM_ERR", 3),)),
+    10: ("kl_time_diff", (("PROC_ID_ERR", 0), ("TIME_REF_ERR", 1), ("TIME1_ERR", 2), ("TIME2_ERR", 3),)),
+    27: ("kl_time_get_leap_second_info", (("FORMAT_ERR", 0), ("ADD_ERR", 1), ("CONVERT_ERR", 2), ("TIME_ID_WARN", 3),)),
+}

@@ -1,0 +1,671 @@
+/*
+ * Loops over functions of the library that have no array form of their own, with the parameters and the rules that it will
+ * have: the union of the vectors, a status an element, NaN, 0 or an empty text for an element that failed.
+ * Written by tools/api/generate.py from the table in api/ and the headers in include/kl.
+ */
+#include "kl_lib.h"
+
+#include <math.h>
+#include <stddef.h>
+#include <string.h>
+
+#define AT(array) ((array) != NULL ? (array) + i : NULL)
+#define ROW(array) ((array) != NULL ? (array)[i] : NULL)
+#define TEXT(array, width) ((array) != NULL ? (array) + i * *(width) : NULL)
+
+static void fill(double *values, long n)
+{
+    long k;
+    for (k = 0; values != NULL && k < n; ++k)
+        values[k] = NAN;
+}
+
+static void blank(void *octets, const long *width)
+{
+    if (octets != NULL)
+        memset(octets, 0, (size_t)*width);
+}
+
+/* Notes what one element gave; the return value is the one of the whole call so far. */
+static long noted(long so_far, long one, long i, long *status, long *ierr, const long *word, int words)
+{
+    int k;
+    if (status != NULL)
+        status[i] = one;
+    for (k = 0; ierr != NULL && k < words; ++k)
+        ierr[k] |= word[k];
+    return so_far == KL_ERR || one == KL_ERR ? KL_ERR : so_far == KL_WARN || one == KL_WARN ? KL_WARN : KL_OK;
+}
+
+/* Clears the vector; 0 when there is nothing to do, then *result is the status of the call. */
+static int begun(const long *n, long *ierr, int words, long *result)
+{
+    int k;
+    for (k = 0; ierr != NULL && k < words; ++k)
+        ierr[k] = 0;
+    *result = n == NULL || *n < 0 ? KL_ERR : KL_OK;
+    return n != NULL && *n > 0;
+}
+
+KL_API long kitlib_kl_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *time_ref, const double *time, double sun_pos[][3], double sun_vel[][3], long *status, long *ierr);
+long kitlib_kl_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *time_ref, const double *time, double sun_pos[][3], double sun_vel[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_sun(model_id, time_id, time_ref, AT(time), ROW(sun_pos), ROW(sun_vel), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(sun_pos), 3);
+            fill(ROW(sun_vel), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_moon_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *time_ref, const double *time, double moon_pos[][3], double moon_vel[][3], long *status, long *ierr);
+long kitlib_kl_moon_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *time_ref, const double *time, double moon_pos[][3], double moon_vel[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_moon(model_id, time_id, time_ref, AT(time), ROW(moon_pos), ROW(moon_vel), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(moon_pos), 3);
+            fill(ROW(moon_vel), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_planet_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *planet_id, const long *time_ref, const double *time, double planet_pos[][3], double planet_vel[][3], long *status, long *ierr);
+long kitlib_kl_planet_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *planet_id, const long *time_ref, const double *time, double planet_pos[][3], double planet_vel[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_planet(model_id, time_id, planet_id, time_ref, AT(time), ROW(planet_pos), ROW(planet_vel), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(planet_pos), 3);
+            fill(ROW(planet_vel), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_cuc_to_processing_n(kl_time_id *time_id, const long *n, const kl_cuc_config *config, const long *time_ref, const long *width, const unsigned char *cuc, double *time, long *status, long *ierr);
+long kitlib_kl_time_cuc_to_processing_n(kl_time_id *time_id, const long *n, const kl_cuc_config *config, const long *time_ref, const long *width, const unsigned char *cuc, double *time, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_cuc_to_processing(time_id, config, time_ref, TEXT(cuc, width), AT(time), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(AT(time), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_processing_to_cuc_n(kl_time_id *time_id, const long *n, const kl_cuc_config *config, const long *time_ref, const double *time, const long *width, unsigned char *cuc, long *status, long *ierr);
+long kitlib_kl_time_processing_to_cuc_n(kl_time_id *time_id, const long *n, const kl_cuc_config *config, const long *time_ref, const double *time, const long *width, unsigned char *cuc, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        blank(TEXT(cuc, width), width);
+        one = kl_time_processing_to_cuc(time_id, config, time_ref, AT(time), TEXT(cuc, width), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            blank(TEXT(cuc, width), width);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_processing_to_processing_n(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr);
+long kitlib_kl_time_processing_to_processing_n(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_processing_to_processing(time_id, proc_id_in, time_ref_in, AT(time_in), proc_id_out, time_ref_out, AT(time_out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(AT(time_out), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_ascii_to_ascii_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long *ascii_in_width, const char *ascii_in, const long *ascii_id_out, const long *time_ref_out, const long *ascii_out_width, char *ascii_out, long *status, long ierr[2]);
+long kitlib_kl_time_ascii_to_ascii_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long *ascii_in_width, const char *ascii_in, const long *ascii_id_out, const long *time_ref_out, const long *ascii_out_width, char *ascii_out, long *status, long ierr[2])
+{
+    long i, result;
+    if (!begun(n, ierr, 2, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[2] = {0};
+        long one;
+        blank(TEXT(ascii_out, ascii_out_width), ascii_out_width);
+        one = kl_time_ascii_to_ascii(time_id, ascii_id_in, time_ref_in, TEXT(ascii_in, ascii_in_width), ascii_id_out, time_ref_out, TEXT(ascii_out, ascii_out_width), word);
+        result = noted(result, one, i, status, ierr, word, 2);
+        if (one == KL_ERR) {
+            blank(TEXT(ascii_out, ascii_out_width), ascii_out_width);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_ascii_to_processing_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long *width, const char *ascii_in, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr);
+long kitlib_kl_time_ascii_to_processing_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long *width, const char *ascii_in, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_ascii_to_processing(time_id, ascii_id_in, time_ref_in, TEXT(ascii_in, width), proc_id_out, time_ref_out, AT(time_out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(AT(time_out), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_ascii_to_transport_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long *width, const char *ascii_in, const long *trans_id_out, const long *time_ref_out, long transport_out[][4], long *status, long *ierr);
+long kitlib_kl_time_ascii_to_transport_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long *width, const char *ascii_in, const long *trans_id_out, const long *time_ref_out, long transport_out[][4], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_ascii_to_transport(time_id, ascii_id_in, time_ref_in, TEXT(ascii_in, width), trans_id_out, time_ref_out, ROW(transport_out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(transport_out[i], 0, sizeof transport_out[i]);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_processing_to_ascii_n(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *ascii_id_out, const long *time_ref_out, const long *width, char *ascii_out, long *status, long *ierr);
+long kitlib_kl_time_processing_to_ascii_n(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *ascii_id_out, const long *time_ref_out, const long *width, char *ascii_out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        blank(TEXT(ascii_out, width), width);
+        one = kl_time_processing_to_ascii(time_id, proc_id_in, time_ref_in, AT(time_in), ascii_id_out, time_ref_out, TEXT(ascii_out, width), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            blank(TEXT(ascii_out, width), width);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_processing_to_transport_n(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *trans_id_out, const long *time_ref_out, long transport_out[][4], long *status, long *ierr);
+long kitlib_kl_time_processing_to_transport_n(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *trans_id_out, const long *time_ref_out, long transport_out[][4], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_processing_to_transport(time_id, proc_id_in, time_ref_in, AT(time_in), trans_id_out, time_ref_out, ROW(transport_out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(transport_out[i], 0, sizeof transport_out[i]);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_transport_to_ascii_n(kl_time_id *time_id, const long *n, const long *trans_id_in, const long *time_ref_in, const long transport_in[][4], const long *ascii_id_out, const long *time_ref_out, const long *width, char *ascii_out, long *status, long *ierr);
+long kitlib_kl_time_transport_to_ascii_n(kl_time_id *time_id, const long *n, const long *trans_id_in, const long *time_ref_in, const long transport_in[][4], const long *ascii_id_out, const long *time_ref_out, const long *width, char *ascii_out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        blank(TEXT(ascii_out, width), width);
+        one = kl_time_transport_to_ascii(time_id, trans_id_in, time_ref_in, ROW(transport_in), ascii_id_out, time_ref_out, TEXT(ascii_out, width), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            blank(TEXT(ascii_out, width), width);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_transport_to_processing_n(kl_time_id *time_id, const long *n, const long *trans_id_in, const long *time_ref_in, const long transport_in[][4], const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr);
+long kitlib_kl_time_transport_to_processing_n(kl_time_id *time_id, const long *n, const long *trans_id_in, const long *time_ref_in, const long transport_in[][4], const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_transport_to_processing(time_id, trans_id_in, time_ref_in, ROW(transport_in), proc_id_out, time_ref_out, AT(time_out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(AT(time_out), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_transport_to_transport_n(kl_time_id *time_id, const long *n, const long *trans_id_in, const long *time_ref_in, const long transport_in[][4], const long *trans_id_out, const long *time_ref_out, long transport_out[][4], long *status, long *ierr);
+long kitlib_kl_time_transport_to_transport_n(kl_time_id *time_id, const long *n, const long *trans_id_in, const long *time_ref_in, const long transport_in[][4], const long *trans_id_out, const long *time_ref_out, long transport_out[][4], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_transport_to_transport(time_id, trans_id_in, time_ref_in, ROW(transport_in), trans_id_out, time_ref_out, ROW(transport_out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(transport_out[i], 0, sizeof transport_out[i]);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_change_cart_cs_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *calc_mode, const long *cs_in, const long *cs_out, const long *time_ref, const double *time, const double pos[][3], const double vel[][3], const double acc[][3], double pos_out[][3], double vel_out[][3], double acc_out[][3], long *status, long *ierr);
+long kitlib_kl_change_cart_cs_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *calc_mode, const long *cs_in, const long *cs_out, const long *time_ref, const double *time, const double pos[][3], const double vel[][3], const double acc[][3], double pos_out[][3], double vel_out[][3], double acc_out[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_change_cart_cs(model_id, time_id, calc_mode, cs_in, cs_out, time_ref, AT(time), ROW(pos), ROW(vel), ROW(acc), ROW(pos_out), ROW(vel_out), ROW(acc_out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(pos_out), 3);
+            fill(ROW(vel_out), 3);
+            fill(ROW(acc_out), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_earth_orientation_get_n(kl_time_id *time_id, const long *n, const long *corrections, const long *time_ref, const double *time, kl_earth_orientation *out, long *status, long *ierr);
+long kitlib_kl_earth_orientation_get_n(kl_time_id *time_id, const long *n, const long *corrections, const long *time_ref, const double *time, kl_earth_orientation *out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_earth_orientation_get(time_id, corrections, time_ref, AT(time), AT(out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(out + i, 0, sizeof out[i]);
+            out[i].x_pole = NAN;
+            out[i].y_pole = NAN;
+            out[i].ut1_utc = NAN;
+            out[i].ut1_tai = NAN;
+            out[i].dx = NAN;
+            out[i].dy = NAN;
+            out[i].cip_x = NAN;
+            out[i].cip_y = NAN;
+            out[i].s = NAN;
+            out[i].s_prime = NAN;
+            out[i].era = NAN;
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_iers_matrix_n(kl_time_id *time_id, const long *n, const long *corrections, const long *cs_in, const long *cs_out, const long *time_ref, const double *time, const long *calc_mode, double r[][9], double dr[][9], double ddr[][9], long *status, long *ierr);
+long kitlib_kl_iers_matrix_n(kl_time_id *time_id, const long *n, const long *corrections, const long *cs_in, const long *cs_out, const long *time_ref, const double *time, const long *calc_mode, double r[][9], double dr[][9], double ddr[][9], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_iers_matrix(time_id, corrections, cs_in, cs_out, time_ref, AT(time), calc_mode, ROW(r), ROW(dr), ROW(ddr), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(r), 9);
+            fill(ROW(dr), 9);
+            fill(ROW(ddr), 9);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_iers_change_n(kl_time_id *time_id, const long *n, const long *corrections, const long *calc_mode, const long *cs_in, const long *cs_out, const long *time_ref, const double *time, const double pos[][3], const double vel[][3], const double acc[][3], double pos_out[][3], double vel_out[][3], double acc_out[][3], long *status, long *ierr);
+long kitlib_kl_iers_change_n(kl_time_id *time_id, const long *n, const long *corrections, const long *calc_mode, const long *cs_in, const long *cs_out, const long *time_ref, const double *time, const double pos[][3], const double vel[][3], const double acc[][3], double pos_out[][3], double vel_out[][3], double acc_out[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_iers_change(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, AT(time), ROW(pos), ROW(vel), ROW(acc), ROW(pos_out), ROW(vel_out), ROW(acc_out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(pos_out), 3);
+            fill(ROW(vel_out), 3);
+            fill(ROW(acc_out), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_quaternions_to_vectors_n(const long *n, const double q[][4], double x[][3], double y[][3], double z[][3], long *status, long *ierr);
+long kitlib_kl_quaternions_to_vectors_n(const long *n, const double q[][4], double x[][3], double y[][3], double z[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_quaternions_to_vectors(ROW(q), ROW(x), ROW(y), ROW(z), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(x), 3);
+            fill(ROW(y), 3);
+            fill(ROW(z), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_vectors_to_quaternions_n(const long *n, const double x[][3], const double y[][3], const double z[][3], double q[][4], long *status, long *ierr);
+long kitlib_kl_vectors_to_quaternions_n(const long *n, const double x[][3], const double y[][3], const double z[][3], double q[][4], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_vectors_to_quaternions(ROW(x), ROW(y), ROW(z), ROW(q), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(q), 4);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_quaternions_interpol_n(const long *n, const long *mode, const double *t1, const double q1[][4], const double *t2, double q2[][4], const double *t, double q[][4], long *status, long *ierr);
+long kitlib_kl_quaternions_interpol_n(const long *n, const long *mode, const double *t1, const double q1[][4], const double *t2, double q2[][4], const double *t, double q[][4], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_quaternions_interpol(mode, AT(t1), ROW(q1), AT(t2), ROW(q2), AT(t), ROW(q), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(q2), 4);
+            fill(ROW(q), 4);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_euler_to_matrix_n(const long *n, const double angles[][3], double matrix[][9], long *status, long *ierr);
+long kitlib_kl_euler_to_matrix_n(const long *n, const double angles[][3], double matrix[][9], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_euler_to_matrix(ROW(angles), ROW(matrix), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(matrix), 9);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_matrix_to_euler_n(const long *n, const double matrix[][9], double angles[][3], long *status, long *ierr);
+long kitlib_kl_matrix_to_euler_n(const long *n, const double matrix[][9], double angles[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_matrix_to_euler(ROW(matrix), ROW(angles), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(angles), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_get_rotation_angles_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3], const double x2[][3], const double y2[][3], const double z2[][3], double angles[][3], long *status, long *ierr);
+long kitlib_kl_get_rotation_angles_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3], const double x2[][3], const double y2[][3], const double z2[][3], double angles[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_get_rotation_angles(ROW(x1), ROW(y1), ROW(z1), ROW(x2), ROW(y2), ROW(z2), ROW(angles), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(angles), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_get_rotated_vectors_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3], const double angles[][3], double x2[][3], double y2[][3], double z2[][3], long *status, long *ierr);
+long kitlib_kl_get_rotated_vectors_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3], const double angles[][3], double x2[][3], double y2[][3], double z2[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_get_rotated_vectors(ROW(x1), ROW(y1), ROW(z1), ROW(angles), ROW(x2), ROW(y2), ROW(z2), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(x2), 3);
+            fill(ROW(y2), 3);
+            fill(ROW(z2), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_get_pole_n(kl_time_id *time_id, const long *n, const long *time_ref, const double *time, double pole[][4], long *status);
+long kitlib_kl_time_get_pole_n(kl_time_id *time_id, const long *n, const long *time_ref, const double *time, double pole[][4], long *status)
+{
+    long i, result;
+    if (!begun(n, NULL, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_get_pole(time_id, time_ref, AT(time), ROW(pole));
+        result = noted(result, one, i, status, NULL, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(pole), 4);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_add_n(const long *n, const long *proc_id, const long *time_ref, const double *time, const double *duration, double *time_out, long *status, long *ierr);
+long kitlib_kl_time_add_n(const long *n, const long *proc_id, const long *time_ref, const double *time, const double *duration, double *time_out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_add(proc_id, time_ref, AT(time), AT(duration), AT(time_out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(AT(time_out), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_diff_n(const long *n, const long *proc_id, const long *time_ref, const double *time1, const double *time2, double *duration, long *status, long *ierr);
+long kitlib_kl_time_diff_n(const long *n, const long *proc_id, const long *time_ref, const double *time1, const double *time2, double *duration, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_time_diff(proc_id, time_ref, AT(time1), AT(time2), AT(duration), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(AT(duration), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_get_leap_second_info_n(kl_time_id *time_id, const long *n, const long *ascii_id_out, long *leap_sign, const long *utc_time_before_width, char *utc_time_before, const long *utc_time_after_width, char *utc_time_after, long *status, long *ierr);
+long kitlib_kl_time_get_leap_second_info_n(kl_time_id *time_id, const long *n, const long *ascii_id_out, long *leap_sign, const long *utc_time_before_width, char *utc_time_before, const long *utc_time_after_width, char *utc_time_after, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        blank(TEXT(utc_time_before, utc_time_before_width), utc_time_before_width);
+        blank(TEXT(utc_time_after, utc_time_after_width), utc_time_after_width);
+        one = kl_time_get_leap_second_info(time_id, ascii_id_out, AT(leap_sign), TEXT(utc_time_before, utc_time_before_width), TEXT(utc_time_after, utc_time_after_width), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            leap_sign[i] = 0;
+            blank(TEXT(utc_time_before, utc_time_before_width), utc_time_before_width);
+            blank(TEXT(utc_time_after, utc_time_after_width), utc_time_after_width);
+        }
+    }
+    return result;
+}
+
+/* Geoid at scattered points: the record of the scalar call taken apart. */
+KL_API long kitlib_kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitude, const double *longitude,
+                                   const long *max_degree, double *undulation, long *status, long *ierr);
+long kitlib_kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitude, const double *longitude,
+                            const long *max_degree, double *undulation, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        kl_geoid_input input = {model_id, latitude[i], longitude[i], 0.0, *max_degree};
+        long word[1] = {0};
+        const long one = kl_geoid_calc(&input, undulation + i, word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR)
+            undulation[i] = NAN;
+    }
+    return result;
+}
+
+/* On-board times lie at the size of the satellite's record; a failed one keeps its satellite. */
+static size_t clock_size(const long *sat_id)
+{
+    return *sat_id == 61 ? sizeof(kl_obt_kelda) : sizeof(kl_obt_tarvos);
+}
+
+KL_API long kitlib_kl_time_obt_to_time_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters,
+                                         const void *obt, double *time, long *status, long *ierr);
+long kitlib_kl_time_obt_to_time_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters, const void *obt,
+                                  double *time, long *status, long *ierr)
+{
+    const size_t size = clock_size(sat_id);
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        const long one = kl_time_obt_to_time(sat_id, time_ref, parameters, (const char *)obt + (size_t)i * size, time + i, word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR)
+            time[i] = NAN;
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_time_to_obt_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters,
+                                         const double *time, void *obt, long *status, long *ierr);
+long kitlib_kl_time_time_to_obt_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters, const double *time,
+                                  void *obt, long *status, long *ierr)
+{
+    const size_t size = clock_size(sat_id);
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        char *here = (char *)obt + (size_t)i * size;
+        long word[1] = {0};
+        const long one = kl_time_time_to_obt(sat_id, time_ref, parameters, time + i, here, word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(here + sizeof(long), 0, size - sizeof(long));
+            if (*sat_id == 61)
+                ((kl_obt_kelda *)(void *)here)->obt = NAN;
+        }
+    }
+    return result;
+}

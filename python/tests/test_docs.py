@@ -1,0 +1,46 @@
+"""What is written to be read: docstrings, stubs."""
+import doctest
+import inspect
+import os
+import shutil
+import subprocess
+import sys
+
+import pytest
+
+import kitlib as kl
+from kitlib import _functions, _ids, _more, _time
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+
+
+@pytest.mark.parametrize("module", [kl, _functions, _ids, _more, _time], ids=lambda m: m.__name__)
+def test_docstrings(module):
+    found = doctest.testmod(module)
+    assert found.failed == 0 and found.attempted > 0
+
+
+def test_every_function_says_what_it_takes():
+    for name in _functions.__all__:
+        function = getattr(kl, name)
+        doc = inspect.getdoc(function)
+        for parameter in inspect.signature(function).parameters.values():
+            if parameter.name not in ("errors", "return_status"):
+                assert parameter.name in doc, f"{name}: {parameter.name}"
+
+
+def test_stubs_name_what_there_is():
+    with open(os.path.join(os.path.dirname(kl.__file__), "__init__.pyi"), encoding="utf-8") as file:
+        stub = file.read()
+    for name in kl.__all__:
+        if name not in ("CONDITIONS", "codes"):
+            assert any(f" {name}{mark}" in stub for mark in "(:"), name
+
+
+@pytest.mark.skipif(shutil.which("mypy", path="/usr/bin") is None, reason="no mypy here")
+def test_types_of_the_examples():
+    folder = os.path.join(HERE, "..", "..", "examples", "python")
+    environment = {**os.environ, "MYPYPATH": os.path.join(HERE, "..")}
+    done = subprocess.run(["/usr/bin/mypy", "--strict", "--ignore-missing-imports", "--follow-imports=silent", "--cache-dir", os.devnull, folder],
+                          capture_output=True, text=True, env=environment)
+    assert done.returncode == 0, done.stdout + done.stderr

@@ -1,0 +1,196 @@
+"""Arrays, scalars, selectors, errors: what a caller of any function meets."""
+import threading
+import warnings
+
+import numpy as np
+import pytest
+
+import kitlib as kl
+
+T = 9668.35 + np.arange(40) / 100
+R = np.array([7068500.0, 1142000.0, 0.0]) + 1e3 * np.arange(120).reshape(40, 3)
+V = np.array([170.1, -1096.3, 7379.0]) + np.arange(120).reshape(40, 3)
+Q = np.array([0.0, 0.6, 0.0, 0.8])
+CUC = kl.CucConfig(kl.CucType.TIME_FIELD_ONLY, kl.CucEpoch.EPOCH_1958, 0, 0.0, 4, 3)
+
+# A call for arrays, and the arguments that vary: (name, function, arguments).
+CALLS = [
+    ("sun", kl.sun, (T,)),
+    ("planet by name", lambda t: kl.planet(t, planet="mars", ref="TAI"), (T,)),
+    ("states", lambda t, r, v: kl.change_cart_cs(t, r, v, cs_in="TEME", cs_out=kl.Frame.EF), (T, R, V)),
+    ("positions alone", lambda t, r: kl.change_cart_cs(t, r, cs_in=1, cs_out="TOD"), (T, R)),
+    ("scales", lambda t: kl.time_processing_to_processing(t, ref_in="UTC", ref_out="UT1"), (T,)),
+    ("text", lambda t: kl.time_processing_to_ascii(t, fmt_out=13, ref_out="GPS"), (T,)),
+    ("transport", lambda t: kl.time_processing_to_transport(t, fmt_out=42, ref_out="GPS"), (T,)),
+    ("CUC", lambda t: kl.time_processing_to_cuc(t, config=CUC, ref="TAI"), (T,)),
+    ("quaternion", kl.quaternions_to_vectors, (np.tile(Q, (40, 1)),)),
+    ("interpolation", lambda t: kl.quaternions_interpol(9668.0, Q, 9669.0, -Q, t), (T,)),
+    ("geoid", lambda a, b: kl.geoid(a, b, max_degree=36), (np.linspace(-90, 90, 40), np.linspace(0, 360, 40))),
+]
+
+
+def flat(result):
+    return [np.asarray(x) for x in (result if isinstance(result, tuple) else (result,))]
+
+
+@pytest.mark.parametrize("name,call,arguments", CALLS, ids=[c[0] for c in CALLS])
+def test_array_is_loop_of_scalars(name, call, arguments):
+    whole = flat(call(*arguments))
+    for i in (0, 17, 39):
+        one = flat(call(*(float(a[i]) if a[i].ndim == 0 else a[i] for a in arguments)))
+        for a, b in zip(whole, one):
+            assert np.array_equal(a[i], b)
+            assert a[i].shape == b.shape
+
+
+@pytest.mark.parametrize("name,call,arguments", CALLS, ids=[c[0] for c in CALLS])
+def test_shape_and_layout_do_not_matter(name, call, arguments):
+    """Two axes, steps in memory, another byte order and read-only arrays give the same bits; inputs stay as they are."""
+    whole = flat(call(*arguments))
+    square = [a.reshape((4, 10) + a.shape[1:]) for a in arguments]
+    stepped = [np.repeat(a, 2, axis=0)[::2].astype(">f8") for a in arguments]
+    read_only = [a.copy() for a in arguments]
+    for a in read_only:
+        a.flags.writeable = False
+    for given in (square, stepped, read_only):
+        for a, b in zip(whole, flat(call(*given))):
+            assert np.array_equal(a, b.reshape(a.shape))
+    for a, b in zip(arguments, read_only):
+        assert np.array_equal(a, b)
+
+
+def test_broadcast():
+    grid = kl.change_cart_cs(T[:, None], R[:3], cs_in="TOD", cs_out="EF")
+    assert grid.pos.shape == (40, 3, 3)
+    assert np.array_equal(grid.pos[7, 2], kl.change_cart_cs(T[7], R[2], cs_in="TOD", cs_out="EF").pos)
+    assert kl.sun(np.empty((0, 5))).pos.shape == (0, 5, 3)
+    assert kl.sun(9668).pos.dtype == np.float64 and kl.sun(np.float32(9668)).pos.shape == (3,)
+    assert isinstance(kl.time_add(1.0, 2.0), float) and isinstance(kl.time_add(1, 2), float)
+
+
+def test_mode_by_arguments():
+    acc = np.zeros(3)
+    assert not kl.change_cart_cs(9668.0, R[0], cs_in="TOD", cs_out="EF").vel.any()
+    two = kl.change_cart_cs(9668.0, R[0], V[0], cs_in="TOD", cs_out="EF")
+    assert two.vel.any() and not two.acc.any()
+    assert kl.change_cart_cs(9668.0, R[0], V[0], acc, cs_in="TOD", cs_out="EF").acc.any()
+    assert not kl.change_cart_cs(9668.0, R[0], V[0], acc, cs_in="TOD", cs_out="EF", mode="POS").vel.any()
+
+
+BAD = [
+    ("last axis", ValueError, lambda: kl.change_cart_cs(T, np.zeros((40, 4)), cs_in="TOD", cs_out="EF")),
+    ("no vector", ValueError, lambda: kl.quaternions_to_vectors(1.0)),
+    ("lengths", ValueError, lambda: kl.change_cart_cs(T, R[:7], cs_in="TOD", cs_out="EF")),
+    ("masked", TypeError, lambda: kl.sun(np.ma.masked_array(T, T > 9668.5))),
+    ("masked without a mask", TypeError, lambda: kl.sun(np.ma.masked_array(T))),
+    ("complex", TypeError, lambda: kl.sun(T + 0j)),
+    ("texts for numbers", TypeError, lambda: kl.sun("2026-06-21T08:24:00")),
+    ("objects", TypeError, lambda: kl.sun([None, 1.0])),
+    ("datetimes", TypeError, lambda: kl.sun(np.datetime64("2026-06-21"))),
+    ("bools", TypeError, lambda: kl.sun(True)),
+    ("fractions for counts", TypeError, lambda: kl.time_transport_to_processing([1.5, 0, 0, 0])),
+    ("numbers for texts", TypeError, lambda: kl.time_ascii_to_processing(T)),
+    ("not ASCII", ValueError, lambda: kl.time_ascii_to_processing("2026-06-21T08:24:0\u0660")),
+    ("name of a selector", ValueError, lambda: kl.sun(T, ref="ET")),
+    ("member of another class", TypeError, lambda: kl.sun(T, ref=kl.Frame.EF)),
+    ("selector of no kind", TypeError, lambda: kl.sun(T, ref=1.0)),
+    ("selector too large", ValueError, lambda: kl.sun(T, ref=1 << 70)),
+    ("missing selector", TypeError, lambda: kl.planet(T)),
+    ("missing argument", TypeError, lambda: kl.quaternions_interpol(0.0, Q, 1.0, None, 0.5)),
+    ("errors", ValueError, lambda: kl.sun(T, errors="ignore")),
+    ("time id", TypeError, lambda: kl.sun(T, time=kl.ModelId())),
+    ("octets", TypeError, lambda: kl.time_cuc_to_processing([1, 2, 3], config=CUC)),
+    ("too many octets", ValueError, lambda: kl.time_cuc_to_processing(b"x" * 20, config=CUC)),
+    ("record of another clock", TypeError, lambda: kl.time_obt_to_time(1, 2, parameters=CUC)),
+    ("negative count", ValueError, lambda: kl.time_obt_to_time(-1, 2, parameters=kl.ObtParamTarvos(21, 0.0, 0, 0, 1))),
+]
+
+
+@pytest.mark.parametrize("name,kind,call", BAD, ids=[b[0] for b in BAD])
+def test_bad_input_is_an_exception(name, kind, call):
+    with pytest.raises(kind):
+        call()
+
+
+def test_refused_scalar():
+    with pytest.raises(kl.KitError) as caught:
+        kl.sun(40000.0)
+    assert caught.value.function == "kl_sun" and caught.value.codes == (kl.codes.sun.DATE_ERR,)
+    assert caught.value.messages[0].endswith("Input date is out of range")
+    for wrong in (np.nan, np.inf, -1e300):
+        with pytest.raises(kl.KitError):
+            kl.sun(wrong)
+    with pytest.raises(kl.KitError) as caught:
+        kl.sun(9668.0, ref=7)
+    assert caught.value.codes == (kl.codes.sun.TIME_REF_ERR,)
+
+
+def test_refused_elements():
+    """One bad row of many: raised with everything that was computed, or given as NaN."""
+    times = T.copy()
+    times[[3, 30]] = 40000.0, np.nan
+    good = ~np.isin(np.arange(40), (3, 30))
+    with pytest.raises(kl.KitError) as caught:
+        kl.sun(times)
+    assert caught.value.status.tolist() == [0 if g else -1 for g in good]
+    for result in (caught.value.outputs, kl.sun(times, errors="nan")):
+        assert np.isnan(result.pos[~good]).all() and np.array_equal(result.pos[good], kl.sun(T[good]).pos)
+    result, status = kl.sun(times, errors="nan", return_status=True)
+    assert np.array_equal(status == -1, ~good)
+    assert kl.sun(9668.0, return_status=True)[1] == 0
+    text = kl.time_processing_to_ascii(times, fmt_out=41, errors="nan")
+    assert text[3] == "" and text[4] == "2026-06-21T09:21:36"
+    cuc = kl.time_processing_to_cuc(np.array([-1e5, 9668.0]), config=CUC, ref="TAI", errors="nan")
+    assert not cuc[0].any() and cuc[1].any()
+
+
+def test_warnings_are_warnings():
+    rows = [[9600.0, 37, 0.0], [9700.0, 37, 0.1]]
+    with pytest.warns(kl.KitWarning) as caught:
+        kl.time_processing_to_processing(9800.0, ref_in="UTC", ref_out="UT1", time=kl.TimeId.from_rows(rows))
+    codes = kl.codes.time_processing_to_processing
+    assert caught[0].message.codes == (codes.OUT_OF_RANGE_WARN, codes.VALIDITY_WARN)
+    assert caught[0].filename == __file__
+    with warnings.catch_warnings():
+        warnings.simplefilter("error", kl.KitWarning)
+        with pytest.raises(kl.KitWarning):
+            kl.time_processing_to_processing(T + 200, ref_in="UTC", ref_out="UT1", time=kl.TimeId.from_rows(rows))
+
+
+def test_clocks_there_and_back():
+    clocks = [kl.ObtParamTarvos(21, 9668.0, 5, 7, 10**9), kl.ObtParamVardo(51, 10), kl.ObtParamBrisa(71, 3, 1, 2, 2400, 30, 7)]
+    for parameters in clocks:
+        coarse, fine = kl.time_time_to_obt(T, parameters=parameters, ref="TAI")
+        back = kl.time_obt_to_time(coarse, fine, parameters=parameters, ref="TAI")
+        assert np.abs(back - T).max() < 2e-10  # a count of 2^-16 s is 1.8e-10 days
+    kelda = kl.ObtParamKelda(61, 835315200, 0, 100, 0, 1.0, 0.0)
+    seconds = kl.time_time_to_obt(T, parameters=kelda)
+    assert np.abs(kl.time_obt_to_time(seconds, parameters=kelda) - T).max() < 1e-11
+    with pytest.raises(kl.KitError) as caught:
+        kl.time_time_to_obt([T[0], 1e9], parameters=kelda)
+    assert caught.value.status.tolist() == [0, -1]
+
+
+def test_grid_is_points():
+    lat, lon = np.linspace(-90, 90, 5), np.linspace(0, 360, 4)
+    assert np.array_equal(kl.geoid_grid(lat, lon, max_degree=20), kl.geoid(lat[:, None], lon, max_degree=20))
+    with pytest.raises(kl.KitError):
+        kl.geoid_grid(lat, [400.0])
+    with pytest.raises(ValueError):
+        kl.geoid_grid(lat[:, None], lon)
+
+
+def test_threads_share_ids():
+    """C runs without the interpreter's lock: four threads, the same bits as one."""
+    expected, found = kl.sun(T).pos, [None] * 4
+
+    def work(k):
+        for _ in range(20):
+            found[k] = np.array([kl.sun(float(t)).pos for t in T[:5]] + list(kl.sun(T).pos))
+    threads = [threading.Thread(target=work, args=(k,)) for k in range(4)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    for one in found:
+        assert np.array_equal(one[5:], expected) and np.array_equal(one[:5], expected[:5])

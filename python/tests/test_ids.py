@@ -1,0 +1,152 @@
+"""Ids as objects: open and closed, copied, pickled, in other processes."""
+import copy
+import multiprocessing
+import os
+import pickle
+
+import numpy as np
+import pytest
+
+import kitlib as kl
+
+ROWS = np.array([[9600.0, 37, 0.01], [9650.0, 37, 0.02], [9700.0, 37, 0.03]])
+VALUES = dict(tai=9497 + 37 / 86400, utc=9497.0, ut1=9497.0 + 1e-7, gps=9497 + 18 / 86400)
+POLE = np.array([[0.1, 0.3, 1e-4, 2e-4]] * 3)
+MAKERS = {
+    "bundled": kl.TimeId.bundled,
+    "values": lambda: kl.TimeId.from_values(**VALUES),
+    "rows": lambda: kl.TimeId.from_rows(ROWS),
+    "rows and pole": lambda: kl.TimeId.from_rows(ROWS, POLE),
+}
+SATELLITE = os.path.join(os.path.dirname(__file__), "..", "..", "examples", "satellite.cfg")
+
+
+def ut1(time_id):
+    return kl.time_processing_to_processing(np.linspace(9601, 9699, 50), ref_in="UTC", ref_out="UT1", time=time_id)
+
+
+def station(time_id):
+    return kl.change_cart_cs(9655.0, np.array([6.4e6, 0.0, 0.0]), cs_in="TOD", cs_out="EF", time=time_id).pos
+
+
+def in_another_process(time_id, sat, queue):
+    queue.put((ut1(time_id), station(time_id), repr(time_id), sat.number))
+
+
+@pytest.mark.parametrize("name", MAKERS)
+def test_pickle_carries_everything(name):
+    time_id = MAKERS[name]()
+    again = pickle.loads(pickle.dumps(time_id))
+    assert np.array_equal(ut1(again), ut1(time_id)) and np.array_equal(station(again), station(time_id))
+    assert repr(again) == repr(time_id)
+    assert pickle.loads(pickle.dumps(time_id)) is again  # once a process
+    assert copy.copy(time_id) is time_id and copy.deepcopy([time_id])[0] is time_id
+
+
+@pytest.mark.parametrize("way", ["spawn", "fork"])
+def test_other_processes(way):
+    context = multiprocessing.get_context(way)
+    time_id = kl.TimeId.from_rows(ROWS, POLE)
+    queue = context.Queue()
+    process = context.Process(target=in_another_process, args=(time_id, kl.SatId(21), queue))
+    process.start()
+    found = queue.get(timeout=200)
+    process.join(200)
+    assert process.exitcode == 0
+    assert np.array_equal(found[0], ut1(time_id)) and np.array_equal(found[1], station(time_id))
+    assert found[2:] == (repr(time_id), 21)
+
+
+def test_closed():
+    with kl.TimeId.from_values(**VALUES) as time_id:
+        assert not time_id.closed
+    time_id.close()
+    assert time_id.closed and repr(time_id) == "<TimeId: closed>"
+    model = kl.ModelId()
+    model.close()
+    for call in (lambda: kl.sun(9650.0, time=time_id), lambda: kl.sun(ROWS[:, 0], time=time_id), lambda: pickle.dumps(time_id),
+                 lambda: time_id.pole(9650.0), lambda: kl.sun(9650.0, model=model), lambda: pickle.dumps(model),
+                 lambda: kl.RunId(kl.SatId(21), time_id)):
+        with pytest.raises(ValueError, match="closed"):
+            call()
+
+
+def test_run_holds_its_ids():
+    time_id, model = kl.TimeId.from_rows(ROWS), kl.ModelId(sun=1)
+    run = kl.RunId(kl.SatId(21), time_id, model)
+    with pytest.raises(kl.KitError):
+        time_id.close()
+    assert np.array_equal(kl.sun(9650.0, time=run, model=run).pos, kl.sun(9650.0, time=time_id).pos)
+    again = pickle.loads(pickle.dumps(run))
+    assert again.number != run.number and np.array_equal(ut1(again), ut1(time_id))
+    again.close()
+    run.close()
+    time_id.close()
+    with pytest.raises(ValueError, match="closed"):
+        kl.sun(9650.0, time=run)
+
+
+def test_satellite_from_file_travels(tmp_path):
+    path = tmp_path / "satellite.cfg"
+    path.write_bytes(open(SATELLITE, "rb").read())
+    with kl.SatId(file=path) as sat:
+        path.unlink()  # its text travels, not its name
+        again = pickle.loads(pickle.dumps(sat))
+        assert again.number != sat.number and "from a file" in repr(again)
+        again.close()
+    with pytest.raises(ValueError, match="closed"):
+        kl.RunId(sat)
+    bad = tmp_path / "bad.cfg"
+    bad.write_text("nonsense\n")
+    for _ in range(12):  # a refused file keeps no slot
+        with pytest.raises(kl.KitError):
+            kl.SatId(file=bad)
+    with kl.SatId(file=SATELLITE):
+        pass
+
+
+def test_pickle_of_another_version():
+    for thing in (kl.TimeId.from_values(**VALUES), kl.ModelId(), kl.SatId(21)):
+        again, (state,) = thing.__reduce__()
+        for wrong in ({**state, "format": 99}, {k: v for k, v in state.items() if k != "format"}, None):
+            with pytest.raises(ValueError, match="format"):
+                again(wrong)
+
+
+BAD_ROWS = [("empty", np.zeros((0, 3))), ("two columns", ROWS[:, :2]), ("decreasing", ROWS[::-1]), ("NaN", ROWS * np.nan),
+            ("no whole seconds", ROWS + [0, 0.5, 0]), ("out of range", ROWS + [1e6, 0, 0])]
+
+
+@pytest.mark.parametrize("name,rows", BAD_ROWS, ids=[b[0] for b in BAD_ROWS])
+def test_bad_rows(name, rows):
+    with pytest.raises(ValueError):
+        kl.TimeId.from_rows(rows)
+
+
+def test_bad_ways_to_make_ids(tmp_path):
+    with pytest.raises(TypeError):
+        kl.TimeId()
+    with pytest.raises(FileNotFoundError):
+        kl.TimeId.from_files(["no such file"])
+    odd = tmp_path / "odd.txt"
+    odd.write_text("KL_TIME_CORRELATION 1\n2026-01-01T00:00:00 37 x\n")
+    with pytest.raises(kl.KitError) as caught:
+        kl.TimeId.from_files([odd])
+    assert caught.value.codes == (kl.codes.time_id_init.RECORD_ERR,) and "odd.txt:2:" in caught.value.messages[-1]
+    with pytest.raises(kl.KitError):
+        kl.TimeId.from_values(1e9, 0, 0, 0)
+    with pytest.raises(TypeError):
+        kl.ModelId(star_sign=1)
+    with pytest.raises(kl.KitError):
+        kl.ModelId(moon=3)
+
+
+def test_from_files(tmp_path):
+    """The own format of a bulletin, with the pole: read back as it was written."""
+    path = tmp_path / "bulletin.txt"
+    path.write_text("KL_TIME_CORRELATION 1\n2026-01-01T00:00:00 37 0.0712345 0.1023 0.3511\n2026-01-02T00:00:00 37 0.0710345 0.1033 0.3501\n")
+    for time_id in (kl.TimeId.from_files([path]), kl.TimeId.from_files(path, model="TABLE")):
+        day = kl.mjd2000("2026-01-01T12:00:00")
+        assert abs((kl.time_processing_to_processing(day, ref_in="UTC", ref_out="UT1", time=time_id) - day) * 86400 - 0.0711345) < 1e-6
+        assert np.abs(time_id.pole([day])[0, :2] - [0.1028, 0.3506]).max() < 1e-9
+        assert time_id.report.n_rows == 2

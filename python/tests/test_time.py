@@ -1,0 +1,83 @@
+"""Texts, datetime64, datetime and astropy's Time to MJD2000 and back."""
+import datetime
+
+import numpy as np
+import pytest
+
+import kitlib as kl
+
+NOON = 9668.5  # 2026-06-21T12:00:00
+TEXTS = ["2026-06-21T12:00:00", "2026-06-21T12:00:00Z", "2026-06-21T12:00:00.0000Z", "2026-172T12:00:00Z", "2026-172T12:00:00.000",
+         "2026-06-21_12:00:00", "2026-06-21 12:00:00", "2026-06-21_12:00:00.000000", "20260621_120000", "20260621_120000000000",
+         "21-JUN-2026 12:00:00", "21-JUN-2026 12:00:00.000000", "20260621T120000", "UTC=2026-06-21_12:00:00",
+         "UTC=20260621T120000000000", "UTC=21-JUN-2026 12:00:00"]
+
+
+def test_every_layout():
+    assert kl.mjd2000(TEXTS).tolist() == [NOON] * len(TEXTS)
+    assert [kl.mjd2000(t) for t in TEXTS] == [NOON] * len(TEXTS)
+    assert kl.mjd2000(np.array(TEXTS[:4]).reshape(2, 2)).shape == (2, 2)
+    assert kl.mjd2000(np.array(TEXTS, "S")).tolist() == [NOON] * len(TEXTS)
+    assert kl.mjd2000([]).shape == (0,) if np.asarray([]).dtype.kind == "U" else True
+    assert kl.mjd2000("GPS=2026-06-21_12:00:00", ref="GPS") == NOON
+
+
+def test_every_day_of_ordinals():
+    days = np.arange("1950-01-01", "2099-12-31", dtype="M8[D]")
+    year = days.astype("M8[Y]")
+    ordinal = np.char.add(np.char.add(np.datetime_as_string(year), "-"), np.char.zfill(((days - year.astype("M8[D]")).astype(int) + 1).astype("U3"), 3))
+    assert np.array_equal(kl.mjd2000(np.char.add(ordinal, "T00:00:00Z")), (days - np.datetime64("2000-01-01")).astype(float))
+
+
+REFUSED = ["2026-06-21", "2026-06-21T25:00:00", "2026-13-21T00:00:00", "2025-366T00:00:00", "2026-000T00:00:00", "2026-02-29T00:00:00",
+           "21-Jun-2026 12:00:00", "21-JUX-2026 12:00:00", "", "GPS=2026-06-21_12:00:00", "2026-06-21T12:00:60", "1949-12-31T00:00:00",
+           "2026-06-21T12:00:00+01:00", "２０２６-06-21T12:00:00"]
+
+
+@pytest.mark.parametrize("text", REFUSED)
+def test_refused_texts(text):
+    with pytest.raises((ValueError, kl.KitError)):
+        kl.mjd2000(text)
+    with pytest.raises((ValueError, kl.KitError)):
+        kl.mjd2000(["2026-06-21T12:00:00", text])
+
+
+def test_decimals():
+    assert abs(kl.mjd2000("2026-06-21T12:00:00.1234567890Z") - NOON - 0.123456789 / 86400) < 2e-12
+    assert kl.mjd2000("2026-06-21T12:00:00.5") - NOON == pytest.approx(0.5 / 86400, abs=2e-12)
+
+
+def test_datetime64():
+    for unit in ("D", "h", "s", "ms", "us", "ns"):
+        assert kl.mjd2000(np.datetime64("2026-06-21", unit)) == 9668.0
+    instants = np.datetime64("1950-01-01T00:00:00.123456", "us") + np.arange(0, 150 * 365, 11).astype("m8[D]")
+    days = kl.mjd2000(instants)
+    assert np.array_equal(kl.to_datetime64(days), instants)
+    assert np.isnan(kl.mjd2000(np.datetime64("NaT", "s"))) and np.isnat(kl.to_datetime64(np.nan))
+    assert np.array_equal(kl.mjd2000(instants[:3].reshape(3, 1)), days[:3].reshape(3, 1))
+    with pytest.raises(ValueError):
+        kl.to_datetime64(1e9, "ns")
+
+
+def test_datetime():
+    utc = datetime.datetime(2026, 6, 21, 12, tzinfo=datetime.timezone.utc)
+    summer = datetime.datetime(2026, 6, 21, 14, tzinfo=datetime.timezone(datetime.timedelta(hours=2)))
+    assert kl.mjd2000(utc) == kl.mjd2000(summer) == kl.mjd2000(datetime.datetime(2026, 6, 21, 12)) == NOON
+    assert kl.mjd2000([utc, summer]).tolist() == [NOON, NOON]
+    for wrong in (lambda: kl.mjd2000(utc, ref="GPS"), lambda: kl.mjd2000("2026-06-21T12:00:00Z", ref="TAI"), lambda: kl.mjd2000("x", ref="ET"),
+                  lambda: kl.mjd2000("2026-06-21T12:00:00", ref="UNDEF")):
+        with pytest.raises(ValueError):
+            wrong()
+    for wrong in (3.5, None, [utc, 1], np.ma.masked_array(np.array(["2026-06-21"], "M8[D]"))):
+        with pytest.raises(TypeError):
+            kl.mjd2000(wrong)
+
+
+def test_astropy():
+    time = pytest.importorskip("astropy.time")
+    for text in ("2016-12-31T23:59:59.250", "2017-01-01T00:00:00", "2026-06-21T12:00:00"):
+        instant = time.Time(text, scale="utc")
+        assert abs(kl.mjd2000(instant) - kl.mjd2000(text)) < 2e-12
+        for ref in ("TAI", "GPS"):
+            expected = kl.time_processing_to_processing(kl.mjd2000(text), ref_in="UTC", ref_out=ref)
+            assert abs(kl.mjd2000(instant, ref=ref) - expected) < 1.2e-11  # the library's microsecond

@@ -1,0 +1,496 @@
+"""The Python part of what follows from the table of functions: enums, records, functions, stubs, and loops in C.
+
+Functions whose arguments are all context, select, fixed, each, gives and both become Python functions over arrays. One with
+`array = true` calls kl_f_n; for another python/loops/kitlib_loops.c gets a loop over kl_f with the same parameters.
+"""
+import glob
+import os
+import re
+import textwrap
+
+BY = "Written by tools/api/generate.py from the table in api/ and the headers in include/kl."
+
+# Classes of constants: name in Python, the constants, what is cut off their names.
+ENUMS = [
+    ("Time", r"KL_TIME_(UNDEF|TAI|UTC|UT1|GPS)$", "KL_TIME_", "Scales of time."),
+    ("Ascii", r"KL_ASCII_\d+$", "KL_", "Layouts of the text of a time."),
+    ("Transport", r"KL_TRANS_\d+$", "KL_", "Formats of transport times."),
+    ("Frame", "block of KL_BM2000", "KL_", "Reference frames."),
+    ("IersFrame", "block of KL_GCRS", "KL_", "Reference frames after the IERS Conventions."),
+    ("CalcMode", r"KL_CALC_", "KL_CALC_", "What is computed."),
+    ("Planet", "block of KL_MERCURY", "KL_", "Planets."),
+    ("ModelKind", "block of KL_MODEL_EARTH", "KL_MODEL_", "Kinds of model, in the order of a ModelId's selections."),
+    ("TimeModel", r"KL_TIME_MODEL_", "KL_TIME_MODEL_", "What a time id is made of."),
+    ("Quality", r"KL_TIME_QUALITY_", "KL_TIME_QUALITY_", "Quality of a row of a time id."),
+    ("CucType", r"KL_CUC_(TIME_FIELD_ONLY|WITH_P_FIELD)", "KL_CUC_", "Is there a P-field?"),
+    ("CucEpoch", r"KL_CUC_EPOCH_(?!TIME)\w+", "KL_CUC_", "Epochs of a CUC."),
+    ("Interpolation", r"KL_INTERPOL_", "KL_INTERPOL_", "Interpolations of quaternions."),
+    ("Elements", r"KL_KEPLER_", "KL_KEPLER_", "Kinds of Keplerian elements."),
+    ("LocalFrame", r"KL_ORBITAL_", "KL_ORBITAL_", "Frames on an orbit."),
+    ("Shadow", "block of KL_SUNLIGHT", "KL_", "Where a satellite is in the Earth's shadow."),
+    ("StarCorrection", "block of KL_STAR_PARALLAX", "KL_STAR_", "Corrections of a star's place; add them."),
+    ("Eop", "block of KL_EOP_OCEAN_TIDES", "KL_EOP_", "Short-period corrections of the Earth's orientation; add them."),
+]
+# Selectors: name in C -> name in Python, class, default ("" for none). A tuple's first word may be f-specific: see selector().
+SELECTORS = {
+    "time_ref": ("ref", "Time", "Time.UTC"), "time_ref_in": ("ref_in", "Time", "Time.UTC"),
+    "time_ref_out": ("ref_out", "Time", "Time.UTC"), "time_ref_default": ("ref", "Time", "Time.UTC"),
+    "ascii_id_in": ("fmt_in", "Ascii", "Ascii.ASCII_43"), "ascii_id_out": ("fmt_out", "Ascii", "Ascii.ASCII_43"),
+    "trans_id_in": ("fmt_in", "Transport", "Transport.TRANS_0"), "trans_id_out": ("fmt_out", "Transport", "Transport.TRANS_0"),
+    "cs": ("cs", "Frame", "Frame.EF"), "cs_in": ("cs_in", "Frame", ""), "cs_out": ("cs_out", "Frame", ""),
+    "calc_mode": ("mode", "CalcMode", "None"), "planet_id": ("planet", "Planet", ""),
+    "max_degree": ("max_degree", "", "360"), "light_time": ("light_time", "", "1"), "order": ("order", "", ""),
+}
+SPECIAL = {
+    ("kl_quaternions_interpol", "mode"): ("mode", "Interpolation", "Interpolation.SLERP"),
+    ("kl_kepl_to_cart", "kind"): ("kind", "Elements", "Elements.OSCULATING"),
+    ("kl_cart_to_kepl", "kind"): ("kind", "Elements", "Elements.OSCULATING"),
+    ("kl_local_orbital_frame", "kind"): ("kind", "LocalFrame", "LocalFrame.QSW"),
+    ("kl_star_radec", "corrections"): ("corrections", "", "7"), ("kl_star_radec", "cs_out"): ("cs_out", "Frame", "Frame.TOD"),
+    ("kl_time_processing_to_processing", "time_in"): "t",
+}
+RENAMED = {"time": "t", "time_in": "t", "ascii_in": "text", "transport_in": "transport"}
+NUMPY = {"double": "f8", "long": "i8"}
+HANDLES = {"kl_model_id": "model", "kl_time_id": "time"}
+BY_HAND = {"kl_time_obt_to_time", "kl_time_time_to_obt"}  # records that depend on the satellite
+
+
+# ---- what the headers say -----------------------------------------------------------------------------------------
+
+def headers():
+    text = ""
+    for path in sorted(glob.glob("include/kl/*.h")):
+        with open(path, encoding="utf-8") as file:
+            text += file.read()
+    return re.sub(r"/\*.*?\*/", "", text, flags=re.S)
+
+
+def enum_blocks(text):
+    """Every enumeration as [(constant, value), ...]."""
+    blocks = []
+    for body in re.findall(r"enum \{(.*?)\}", text, flags=re.S):
+        rows, next_value = [], 0
+        for item in filter(None, (part.strip() for part in body.split(","))):
+            name, _, value = (part.strip() for part in item.partition("="))
+            if value and not re.fullmatch(r"-?\d+", value):
+                continue
+            next_value = int(value) if value else next_value
+            rows.append((name, next_value))
+            next_value += 1
+        blocks.append(rows)
+    return blocks
+
+
+def records(text):
+    """Every record as {name: [(field, C type, length or None), ...]}; pointers are void *."""
+    found = {}
+    for body, name in re.findall(r"typedef struct kl_\w+ \{([^}]*)\} (kl_\w+);", text):
+        fields = []
+        for member in filter(None, (part.strip() for part in body.split(";"))):
+            member = re.sub(r"\s+", " ", member)
+            if "*" in member:
+                fields.append((re.search(r"\*\s*(\w+)", member).group(1), "pointer", None))
+                continue
+            type_, names = re.match(r"((?:unsigned |const )?\w+) (.*)", member).groups()
+            for one in names.split(","):
+                field, length = re.match(r"\s*(\w+)(?:\[(\w+)\])?", one).groups()
+                fields.append((field, type_, length))
+        found[name] = fields
+    for old, new in re.findall(r"typedef (kl_\w+) (kl_\w+);", text):
+        if old in found:
+            found[new] = found[old]
+    return found
+
+
+def camel(name):
+    return "".join(word.capitalize() for word in re.sub("^(kl|KL)_", "", name).split("_"))
+
+
+def condition_name(f, c):
+    """A condition without the prefix of its function, or of the one whose constants it shares."""
+    if c.constant.startswith(f.prefix + "_"):
+        return c.constant[len(f.prefix) + 1:]
+    return c.constant[len(os.path.commonprefix([x.constant for x in f.conditions])):]
+
+
+# ---- one function -------------------------------------------------------------------------------------------------
+
+class Parameter:
+    """One argument as Python sees it."""
+
+    def __init__(self, f, a, known):
+        self.a, self.role, self.meaning, self.unit = a, a.role, a.meaning, a.unit
+        self.name = RENAMED.get(a.name, a.name)
+        self.record = a.base if a.base in known else None
+        self.octets, self.text = a.base == "unsigned char", a.base == "char"
+        self.length = int(a.length) if a.length and a.length.isdigit() else 0
+        self.kind = ("record" if self.record else "octets" if self.octets else "text" if self.text else NUMPY.get(a.base, "?"))
+        if a.length and not a.length.isdigit() and not (self.text or self.octets):
+            self.kind = "?"  # a length that depends on another argument
+        self.zeros = "read in every mode" in a.meaning
+        self.optional = a.role == "each" and (a.name in ("vel", "acc", "margin") or "NULL" in a.meaning)
+        self.enum = self.default = ""
+        if a.role == "select":
+            self.name, self.enum, self.default = SPECIAL.get((f.name, a.name)) or SELECTORS.get(a.name, (a.name, "", ""))
+            if self.enum == "Frame" and f.name.startswith(("kl_iers", "kl_earth_orientation")):
+                self.enum, self.default = "IersFrame", ""
+            if a.name == "corrections" and not self.default:
+                self.default = "0"
+
+
+class PythonFunction:
+    def __init__(self, f, known):
+        self.f, self.name = f, f.name[3:]
+        self.parameters = [Parameter(f, a, known) for a in f.arguments]
+        self.each = [p for p in self.parameters if p.role in ("each", "both")]
+        self.select = [p for p in self.parameters if p.role == "select"]
+        self.gives = [p for p in self.parameters if p.role == "gives"]
+        self.mode = any(p.a.name == "calc_mode" for p in self.select)
+        # A record that is the only argument is given by its fields.
+        self.flat = len(self.each) == 1 and self.each[0].record is not None
+        if not any(p.a.name == "vel" for p in self.each) or (self.mode and self.flat):
+            pass
+        if "vel" in (p.a.name for p in self.each) and not self.mode:
+            for p in self.each:
+                if p.a.name == "vel":
+                    p.optional = False
+        self.fields = known
+        self.result, self.result_fields = self.results()
+
+    def supported(self):
+        return all(p.kind != "?" or p.role in ("context", "fixed") for p in self.parameters) and self.f.uniform() \
+            and bool(self.gives) and self.f.name not in BY_HAND and self.f.returns == "long"
+
+    def results(self):
+        """Name of the result's class and its fields; no class for a single array."""
+        names = {}
+        kind = camel(self.f.name)
+        if self.f.member and "returns" in self.f.member:
+            kind, *pairs = self.f.member["returns"].split()
+            names = {argument: field for field, argument in (pair.split("=") for pair in pairs)}
+        fields = []
+        for p in self.gives:
+            if p.record and len(self.gives) == 1:
+                fields += [name for name, _, _ in self.fields[p.record]]
+                kind = camel(p.record)
+            else:
+                fields.append(names.get(p.a.name, re.sub(r"_out$", "", p.a.name)))
+        return (kind if len(fields) > 1 else None), fields
+
+    def signature(self, stub=False):
+        def typed(name, type_, default):
+            if stub:
+                return f"{name}: {type_}" + (" = ..." if default else "")
+            return name + (f"={default}" if default else "")
+        parts = []
+        if self.flat:
+            for field, _, _ in self.fields[self.each[0].record]:
+                parts.append(typed(field, "Numbers | None" if field.endswith("_rate") else "Numbers", "None" if field.endswith("_rate") else ""))
+        else:
+            optional = False
+            for p in self.each:
+                optional = optional or p.optional
+                type_ = {"text": "Texts", "octets": "Octets", "record": "Record"}.get(p.kind, "Numbers")
+                parts.append(typed(p.name, type_ + (" | None" if optional else ""), "None" if optional else ""))
+        if parts:
+            parts.append("/")
+        parts.append("*")
+        for p in self.select:
+            type_ = "Record" if p.record else (f"{p.enum} | str | int" if p.enum else "int")
+            parts.append(typed(p.name, type_ + (" | None" if p.default == "None" else ""), p.default))
+        for p in self.parameters:
+            if p.a.base in HANDLES:
+                parts.append(typed(HANDLES[p.a.base], {"model": "ModelId | None", "time": "TimeId | None"}[HANDLES[p.a.base]], "None"))
+        parts.append(typed("errors", "str", '"raise"'))
+        parts.append(typed("return_status", "bool", "False"))
+        return ", ".join(parts)
+
+    def docstring(self, examples):
+        lines = [self.f.summary + ".", ""]
+        def item(name, shape, unit, meaning):
+            words = ", ".join(x for x in (shape, unit, meaning) if x)
+            lines.extend(textwrap.wrap(f"{name}: {words}" if words else name, 108, initial_indent="    ", subsequent_indent="        "))
+        def shape(p):
+            return {"record": f"record {camel(p.record or '')}", "text": "texts", "octets": "octets"}.get(p.kind) or (f"[..., {p.length}]" if p.length else "")
+        if self.each:
+            lines.append("Arguments, arrays that broadcast against each other:")
+        for p in self.each:
+            if self.flat:
+                item(", ".join(n for n, _, _ in self.fields[p.record]), "", p.unit, p.meaning)
+            else:
+                item(p.name, shape(p), p.unit, p.meaning + ("; a copy is changed" if p.role == "both" else ""))
+        if self.select:
+            lines.append("Keywords:")
+        for p in self.select:
+            what = p.meaning + ("; left out: by the arguments given" if p.default == "None" else "")
+            item(p.name, f"kl.{p.enum}" if p.enum else f"record {camel(p.record)}" if p.record else "", p.unit, what)
+        for p in self.parameters:
+            if p.a.base in HANDLES:
+                which = HANDLES[p.a.base]
+                item(which, {"model": "ModelId", "time": "TimeId"}[which], "", {"model": "None: the default models", "time": "None: the correlation of the package"}[which])
+        lines.append("Returns " + (f"{self.result}:" if self.result else "an array, or a number for numbers:"))
+        for p, name in zip(self.gives, self.result_fields):
+            if p.record and len(self.gives) == 1:
+                item(", ".join(self.result_fields), "", p.unit, p.meaning)
+            else:
+                item(name, shape(p), p.unit, p.meaning)
+        rows = [c for c in self.f.conditions if not c.never]
+        if rows and self.f.public is not None:
+            lines.append("Raises KitError, or warns KitWarning (W):")
+            for c in rows:
+                item(condition_name(self.f, c) + (" (W)" if c.severity > 0 else ""), "", "", c.when or c.text)
+        if not self.f.array:
+            lines.append("C has no array form of it: the package's own loop in C calls it once an element.")
+        if self.name in examples:
+            lines += [""] + examples[self.name].strip().splitlines()
+        return "\n".join(("    " + line).rstrip() for line in lines)
+
+    def descriptor(self):
+        """The parameters of the array call, in C's order."""
+        rows = []
+        at = len(self.f.context)
+        for i, p in enumerate(self.parameters):
+            if i == at:
+                rows.append('("n",)')
+            if p.role == "context":
+                rows.append(f'("{HANDLES[p.a.base]}",)')
+            elif p.role == "fixed":
+                rows.append('("fixed",)')
+            elif p.role == "select":
+                rows.append(f'("record", _table.{camel(p.record)})' if p.record else f'("select", {"_table." + p.enum if p.enum else None})')
+            else:
+                if p.kind in ("text", "octets"):
+                    rows.append('("width", %d)' % (32 if p.kind == "text" else 19))
+                item = f"_table.{camel(p.record)}" if p.record else repr(p.kind)
+                rows.append(f'("{p.role}", "{p.name}", {item}, {p.length}, {p.optional}, {p.zeros})')
+        if at == len(self.parameters):
+            rows.append('("n",)')
+        return rows
+
+    def code(self, examples):
+        f = self.f
+        symbol = f.name + "_n" if f.array else f"kitlib_{f.name}_n"
+        out = f'_{self.name} = _Function("{f.name}", "{symbol}", {f.public}, {f.vector}, {self.result or None}, {self.flat}, (\n'
+        out += "".join(f"    {row},\n" for row in self.descriptor()) + "))\n\n\n"
+        out += f"def {self.name}({self.signature()}):\n"
+        out += f'    """{self.docstring(examples).strip()}\n    """\n'
+        if self.flat:
+            given = "(" + ", ".join(n for n, _, _ in self.fields[self.each[0].record]) + ",)"
+        else:
+            given = "(" + "".join(p.name + ", " for p in self.each).rstrip() + ")"
+        select = []
+        for p in self.select:
+            if p.default == "None" and p.a.name == "calc_mode":
+                select.append("_mode(mode, %s)" % self.mode_from())
+            else:
+                select.append(p.name)
+        ids = [HANDLES[p.a.base] for p in self.parameters if p.a.base in HANDLES]
+        out += f"    return _{self.name}({given}, ({''.join(s + ', ' for s in select).rstrip()}), ({''.join(i + ', ' for i in ids).rstrip()}), errors, return_status)\n\n\n"
+        return out
+
+    def mode_from(self):
+        """What the mode is when it is left out: by the rates, velocity and acceleration that are given."""
+        names = [p.a.name for p in self.each]
+        if self.flat:
+            rates = [n for n, _, _ in self.fields[self.each[0].record] if n.endswith("_rate")]
+            return f"{rates[0]}, None" if rates else "None, None"
+        if "acc" in names and "cs" in [p.a.name for p in self.select]:
+            return "True, acc"
+        return ("vel" if "vel" in names else "None") + (", acc" if "acc" in names else ", None")
+
+    def result_class(self):
+        return self.result, self.result_fields
+
+    def stub_result(self):
+        if not self.result:
+            p = self.gives[0]
+            return {"text": "Any", "octets": "Bytes"}.get(p.kind) or (("Longs" if p.kind == "i8" else "Doubles") if p.length else "Any")
+        return self.result
+
+
+# ---- the files ----------------------------------------------------------------------------------------------------
+
+def chosen_enums(text):
+    blocks = enum_blocks(text)
+    for name, which, cut, doc in ENUMS:
+        if which.startswith("block of "):
+            rows = next((b for b in blocks if any(n == which[9:] for n, _ in b)), [])
+        else:
+            rows = [(n, v) for b in blocks for n, v in b if re.match(which, n) and not n.endswith(("_ERR", "_WARN", "_N_CODES"))]
+        if rows:
+            yield name, doc, [(n[len(cut):] if n.startswith(cut) else n[3:], v) for n, v in rows]
+
+
+CTYPE = {"double": "c_double", "long": "c_long", "unsigned long": "c_ulong", "uint32_t": "c_uint32", "pointer": "c_void_p", "char": "c_char"}
+
+
+def table_module(table, text, functions):
+    out = f'"""Constants, records and results.\n\n{BY}\n"""\nimport ctypes as _c\nfrom collections import namedtuple as _namedtuple\nfrom enum import IntEnum as _IntEnum\n\n'
+    for name, doc, rows in chosen_enums(text):
+        out += f'\nclass {name}(_IntEnum):\n    """{doc}"""\n\n' + "".join(f"    {n} = {v}\n" for n, v in rows) + "\n"
+    known = records(text)
+    for name, fields in sorted(known.items()):
+        if name in HANDLES or name == "kl_crossing":
+            continue
+        out += f'\nclass {camel(name)}(_c.Structure):\n    """The record {name} of C."""\n\n    _fields_ = [\n'
+        for field, type_, length in fields:
+            kind = f"_c.{CTYPE[type_]}" if type_ in CTYPE else camel(type_)
+            out += f'        ("{field}", {kind}{" * " + length if length else ""}),\n'
+        out += "    ]\n\n"
+    done = {}
+    for f in functions:
+        name, fields = f.result_class()
+        if name and done.setdefault(name, fields) != fields:
+            raise SystemExit(f"python: {f.name}: a result {name} with other fields: {fields}, {done[name]}")
+    out += "\n# Results.\n"
+    for name, fields in sorted(done.items()):
+        out += f'{name}Result = _namedtuple("{name}Result", "{" ".join(fields)}")\n'
+    out += "\n# Conditions of each function, by its public id: constant, value in an error vector's code, is it a warning?\nCONDITIONS = {\n"
+    for f in table.public:
+        if f.public is not None:
+            rows = [f'("{condition_name(f, c)}", {c.code})' for c in f.conditions]
+            out += f'    {f.public}: ("{f.name}", ({"".join(r + ", " for r in rows).rstrip()})),\n'
+    return out + "}\n"
+
+
+def functions_module(functions, examples):
+    out = f'"""Functions of the library over arrays.\n\n{BY}\n"""\n'
+    out += "# pylint: disable=all\nfrom . import _table\nfrom ._arrays import Function as _Function, mode_of as _mode\nfrom ._table import *  # noqa: F403\n"
+    names = sorted({f.result + "Result" for f in functions if f.result})
+    out += "from ._table import " + ", ".join(names) + "\n\n__all__ = [\n" + "".join(f'    "{f.name}",\n' for f in functions) + "]\n\n"
+    for f in functions:
+        out += f.code(examples).replace(f", {f.result}, {f.flat}, (\n", f", {f.result}Result, {f.flat}, (\n") if f.result else f.code(examples)
+    return out.rstrip() + "\n"
+
+
+def stubs(text, functions, by_hand):
+    out = f'"""Types of the package. {BY}"""\nfrom enum import IntEnum\nfrom typing import Any, NamedTuple\nimport ctypes\n\nimport numpy as np\nfrom numpy.typing import ArrayLike, NDArray\n\n'
+    out += "Numbers = ArrayLike\nTexts = Any\nOctets = Any\nRecord = Any\nDoubles = NDArray[np.float64]\nLongs = NDArray[np.int64]\nBytes = NDArray[np.uint8]\n\n"
+    for name, doc, rows in chosen_enums(text):
+        out += f"class {name}(IntEnum):\n" + "".join(f"    {n} = {v}\n" for n, v in rows) + "\n"
+    for name, fields in sorted(records(text).items()):
+        if name in HANDLES or name == "kl_crossing":
+            continue
+        members = ", ".join(f"{n}: Any = ..." for n, _, _ in fields)
+        out += f"class {camel(name)}(ctypes.Structure):\n" + "".join(f"    {n}: Any\n" for n, _, _ in fields) + f"    def __init__(self, {members}) -> None: ...\n\n"
+    done = set()
+    for f in functions:
+        if f.result and f.result not in done:
+            done.add(f.result)
+            kinds = {}
+            for p, n in zip(f.gives, f.result_fields):
+                kinds[n] = "Any" if not p.length or p.record else "Longs" if p.kind == "i8" else "Doubles"
+            out += f"class {f.result}Result(NamedTuple):\n" + "".join(f"    {n}: {kinds.get(n, 'Any')}\n" for n in f.result_fields) + "\n"
+    for f in functions:
+        result = f.stub_result() + ("Result" if f.result else "")
+        out += f"def {f.name}({f.signature(stub=True)}) -> {result}: ...\n"
+    return out + "\n" + by_hand
+
+
+def loops(functions, known):
+    out = f"""/*
+ * Loops over functions of the library that have no array form of their own, with the parameters and the rules that it will
+ * have: the union of the vectors, a status an element, NaN, 0 or an empty text for an element that failed.
+ * {BY}
+ */
+#include "kl_lib.h"
+
+#include <math.h>
+#include <stddef.h>
+#include <string.h>
+
+#define AT(array) ((array) != NULL ? (array) + i : NULL)
+#define ROW(array) ((array) != NULL ? (array)[i] : NULL)
+#define TEXT(array, width) ((array) != NULL ? (array) + i * *(width) : NULL)
+
+static void fill(double *values, long n)
+{{
+    long k;
+    for (k = 0; values != NULL && k < n; ++k)
+        values[k] = NAN;
+}}
+
+static void blank(void *octets, const long *width)
+{{
+    if (octets != NULL)
+        memset(octets, 0, (size_t)*width);
+}}
+
+/* Notes what one element gave; the return value is the one of the whole call so far. */
+static long noted(long so_far, long one, long i, long *status, long *ierr, const long *word, int words)
+{{
+    int k;
+    if (status != NULL)
+        status[i] = one;
+    for (k = 0; ierr != NULL && k < words; ++k)
+        ierr[k] |= word[k];
+    return so_far == KL_ERR || one == KL_ERR ? KL_ERR : so_far == KL_WARN || one == KL_WARN ? KL_WARN : KL_OK;
+}}
+
+/* Clears the vector; 0 when there is nothing to do, then *result is the status of the call. */
+static int begun(const long *n, long *ierr, int words, long *result)
+{{
+    int k;
+    for (k = 0; ierr != NULL && k < words; ++k)
+        ierr[k] = 0;
+    *result = n == NULL || *n < 0 ? KL_ERR : KL_OK;
+    return n != NULL && *n > 0;
+}}
+"""
+    for pf in functions:
+        f = pf.f
+        if f.array:
+            continue
+        given = []
+        after = []
+        several = f.several_texts()
+        for p in pf.parameters:
+            a = p.a
+            if p.role not in ("each", "gives", "both"):
+                given.append(a.name)
+                continue
+            width = f"{a.name}_width" if several else "width"
+            if p.kind in ("text", "octets"):
+                given.append(f"TEXT({a.name}, {width})")
+                if p.role != "each":
+                    after.append(f"blank(TEXT({a.name}, {width}), {width});")
+            elif p.length:
+                given.append(f"ROW({a.name})")
+                if p.role != "each":
+                    after.append(f"fill(ROW({a.name}), {p.length});" if p.kind == "f8" else f"memset({a.name}[i], 0, sizeof {a.name}[i]);")
+            else:
+                given.append(f"AT({a.name})")
+                if p.role != "each" and p.record:
+                    after.append(f"memset({a.name} + i, 0, sizeof {a.name}[i]);")
+                    after += [f"{a.name}[i].{n}{'[0]' if l else ''} = NAN;" for n, t, l in known[p.record] if t == "double"]
+                elif p.role != "each":
+                    after.append(f"fill(AT({a.name}), 1);" if p.kind == "f8" else f"{a.name}[i] = 0;")
+        before = [f"blank({g}, {re.search(', (.*)[)]', g).group(1)});" for g, p in zip(given, pf.parameters) if p.role == "gives" and p.kind in ("text", "octets")]
+        words = max(f.vector, 1)
+        name = f"kitlib_{f.name}_n"
+        declared = ", ".join(f.parameters(array=True))
+        out += f"\nKL_API long {name}({declared});\nlong {name}({declared})\n{{\n    long i, result;\n    if (!begun(n, {'ierr' if f.vector else 'NULL'}, {words}, &result))\n        return result;\n"
+        out += f"    for (i = 0; i < *n; ++i) {{\n        long word[{words}] = {{0}};\n        long one;\n"
+        out += "".join(f"        {line}\n" for line in before)
+        out += f"        one = {f.name}({', '.join(given + (['word'] if f.vector else []))});\n"
+        out += f"        result = noted(result, one, i, status, {'ierr' if f.vector else 'NULL'}, word, {words});\n"
+        out += "        if (one == KL_ERR) {\n" + "".join(f"            {line}\n" for line in after) + "        }\n    }\n    return result;\n}\n"
+    with open("python/loops/by_hand.inc", encoding="utf-8") as file:
+        return out + "\n" + file.read()
+
+
+def outputs(table):
+    text = headers()
+    known = {name: fields for name, fields in records(text).items() if name not in HANDLES}
+    functions = [p for p in (PythonFunction(f, known) for f in table.public if f.uniform()) if p.supported()]
+    examples = {}
+    with open("python/docstring_examples.txt", encoding="utf-8") as file:
+        for block in re.split(r"^\[(?=\w+\]$)", file.read(), flags=re.M)[1:]:
+            name, _, body = block.partition("]\n")
+            examples[name] = body
+    with open("python/by_hand.pyi.inc", encoding="utf-8") as file:
+        by_hand = file.read()
+    yield "python/kitlib/_table.py", table_module(table, text, functions)
+    yield "python/kitlib/_functions.py", functions_module(functions, examples)
+    yield "python/kitlib/__init__.pyi", stubs(text, functions, by_hand)
+    yield "python/loops/kitlib_loops.c", loops(functions, known)
