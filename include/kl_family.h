@@ -130,43 +130,39 @@ KL_API long KL_Print_Err_Msg(const char *text);
 enum {
     KL_EARTH_REFERENCE = 0,
     KL_EARTH_FORMAT = 1,
-    KL_EARTH_EVP = 2,       /**< never recorded: the ephemeris cannot fail */
-    KL_EARTH_LOCK = 3       /**< never recorded: no lock is taken */
+    KL_EARTH_EVP = 2, /**< never recorded: the ephemeris cannot fail */
+    KL_EARTH_LOCK = 3 /**< never recorded: no lock is taken */
 };
 
 /** Conditions of KL_Sun_PosVel. */
 enum {
-    KL_SUN_POSVEL_1 = 0,     /**< never recorded */
-    KL_SUN_POSVEL_2 = 1,     /**< never recorded */
+    KL_SUN_POSVEL_1 = 0, /**< never recorded */
+    KL_SUN_POSVEL_2 = 1, /**< never recorded */
     KL_SUN_POSVEL_EARTH = 2,
     KL_SUN_POSVEL_FRAME = 3,
-    KL_SUN_POSVEL_LOCK = 4   /**< never recorded: no lock is taken */
+    KL_SUN_POSVEL_LOCK = 4 /**< never recorded: no lock is taken */
 };
 
 /** Conditions of KL_Moon_PosVel. */
 enum {
     KL_MOON_POSVEL_REFERENCE = 0,
     KL_MOON_POSVEL_FORMAT = 1,
-    KL_MOON_POSVEL_LOCK = 2       /**< never recorded: no lock is taken */
+    KL_MOON_POSVEL_LOCK = 2 /**< never recorded: no lock is taken */
 };
 
 /** Conditions of KL_Planets. */
 enum {
-    KL_PLANETS_1 = 0,           /**< never recorded */
-    KL_PLANETS_2 = 1,           /**< never recorded */
+    KL_PLANETS_1 = 0, /**< never recorded */
+    KL_PLANETS_2 = 1, /**< never recorded */
     KL_PLANETS_CODE = 2,
     KL_PLANETS_DEGRADED = 3,
     KL_PLANETS_CONVERGENCE = 4,
     KL_PLANETS_INTERNAL = 5,
-    KL_PLANETS_LOCK = 6         /**< never recorded: no lock is taken */
+    KL_PLANETS_LOCK = 6 /**< never recorded: no lock is taken */
 };
 
 /** Conditions of KL_Sun_PosVel_Sun_Travel_Time. */
-enum {
-    KL_LIGHT_SUN_SATELLITE = 0,
-    KL_LIGHT_SUN_REFERENCE = 1,
-    KL_LIGHT_SUN_SUN = 2
-};
+enum { KL_LIGHT_SUN_SATELLITE = 0, KL_LIGHT_SUN_REFERENCE = 1, KL_LIGHT_SUN_SUN = 2 };
 
 /** Conditions of KL_Sun_travel_time. */
 enum {
@@ -180,10 +176,7 @@ enum {
 };
 
 /** Conditions of KL_Cuc_get_data_from_P_field, KL_Cuc_compute_P_field. */
-enum {
-    KL_CUC_P_FIELD_EPOCH = 0,
-    KL_CUC_P_FIELD_NO_EPOCH = 0
-};
+enum { KL_CUC_P_FIELD_EPOCH = 0, KL_CUC_P_FIELD_NO_EPOCH = 0 };
 
 /** Conditions of KL_Cuc_check_inputs. */
 enum {
@@ -195,9 +188,7 @@ enum {
 };
 
 /** Conditions of KL_Get_CUC_processing_epoch. */
-enum {
-    KL_CUC_EPOCH_NOT_CONVERTED = 0
-};
+enum { KL_CUC_EPOCH_NOT_CONVERTED = 0 };
 
 /** Conditions of KL_Change_CoordinateSystem, KL_Change_CoordinateSystem_Sim. */
 enum {
@@ -221,14 +212,10 @@ enum {
 };
 
 /** Conditions of KL_Legfdn. */
-enum {
-    KL_LEGFDN_POLE_ERR = 0
-};
+enum { KL_LEGFDN_POLE_ERR = 0 };
 
 /** Conditions of KL_Check_sat_id. */
-enum {
-    KL_CHECK_SAT_ID = 0
-};
+enum { KL_CHECK_SAT_ID = 0 };
 
 /** Conditions of KL_Check_Geo_sat_id. */
 enum {
@@ -236,26 +223,16 @@ enum {
 };
 
 /** Conditions of KL_Sat_id_to_array. */
-enum {
-    KL_SAT_TO_ARRAY_ID = 0,
-    KL_SAT_TO_ARRAY_FREE_SLOT = 1
-};
+enum { KL_SAT_TO_ARRAY_ID = 0, KL_SAT_TO_ARRAY_FREE_SLOT = 1 };
 
 /** Conditions of KL_Get_min_period, KL_Get_max_period. */
-enum {
-    KL_PERIOD_SAT_ID = 0,
-    KL_PERIOD_BELOW_EARTH_RADIUS = 1
-};
+enum { KL_PERIOD_SAT_ID = 0, KL_PERIOD_BELOW_EARTH_RADIUS = 1 };
 
 /** Conditions of KL_Check_time_ref. */
-enum {
-    KL_CHECK_TIME_REF_NOT_CORRECT = 0
-};
+enum { KL_CHECK_TIME_REF_NOT_CORRECT = 0 };
 
 /** Conditions of KL_MJD_Calendar. */
-enum {
-    KL_MJD_CALENDAR_OUT_OF_LIMITS = 0
-};
+enum { KL_MJD_CALENDAR_OUT_OF_LIMITS = 0 };
 
 /** Conditions of KL_Calendar. */
 enum {
@@ -270,61 +247,36 @@ enum {
 };
 
 /** Conditions of KL_Calendar_MJD. */
-enum {
-    KL_CALENDAR_MJD_NOT_A_DATE = 0
-};
+enum { KL_CALENDAR_MJD_NOT_A_DATE = 0 };
 
 /** Conditions of KL_Time_check_processing_inputs. */
-enum {
-    KL_CHECK_IN_FORMAT = 0,
-    KL_CHECK_IN_REF = 1,
-    KL_CHECK_IN_DAYS = 2
-};
+enum { KL_CHECK_IN_FORMAT = 0, KL_CHECK_IN_REF = 1, KL_CHECK_IN_DAYS = 2 };
 
 /** Conditions of KL_Time_check_processing_outputs. */
-enum {
-    KL_CHECK_OUT_FORMAT = 0,
-    KL_CHECK_OUT_REF = 1
-};
+enum { KL_CHECK_OUT_FORMAT = 0, KL_CHECK_OUT_REF = 1 };
 
 /** Conditions of KL_Time_p2t_format_to_std. */
-enum {
-    KL_P2T_LEAP_SECOND = 0
-};
+enum { KL_P2T_LEAP_SECOND = 0 };
 
 /** Conditions of KL_Time_t2t_ref_to_tai, KL_Time_t2t_ref_from_tai. */
-enum {
-    KL_TO_TAI_NOT_INITIALISED = 0,
-    KL_TO_TAI_OUT_OF_RANGE = 1,
-    KL_TO_TAI_LEAP_SECOND = 2
-};
+enum { KL_TO_TAI_NOT_INITIALISED = 0, KL_TO_TAI_OUT_OF_RANGE = 1, KL_TO_TAI_LEAP_SECOND = 2 };
 
 /** Conditions of KL_Time_ref_init_file_deltas. */
-enum {
-    KL_DELTAS_REF = 0,
-    KL_DELTAS_NOT_INITIALISED = 1,
-    KL_DELTAS_OUT_OF_RANGE = 2,
-    KL_DELTAS_UT1_FORMULA = 3
-};
+enum { KL_DELTAS_REF = 0, KL_DELTAS_NOT_INITIALISED = 1, KL_DELTAS_OUT_OF_RANGE = 2, KL_DELTAS_UT1_FORMULA = 3 };
 
 /** Conditions of KL_Get_time_in_ref. */
-enum {
-    KL_GET_TIME_IN_REF_FAILED = 0
-};
+enum { KL_GET_TIME_IN_REF_FAILED = 0 };
 
 /** Conditions of KL_Leap_second_utc_time. */
 enum {
     KL_QUARTER_REF = 0,
     KL_QUARTER_WRITING = 1,
-    KL_QUARTER_FIELDS = 2,  /**< never recorded: the fields are not read back from a text */
+    KL_QUARTER_FIELDS = 2, /**< never recorded: the fields are not read back from a text */
     KL_QUARTER_READING = 3
 };
 
 /** Conditions of KL_Time_check_leap_second. */
-enum {
-    KL_LEAP_CHECK_REF = 0,
-    KL_LEAP_CHECK_DATE = 1
-};
+enum { KL_LEAP_CHECK_REF = 0, KL_LEAP_CHECK_DATE = 1 };
 
 /** Conditions of KL_Time_ref_init_check_inputs. */
 enum {

@@ -44,7 +44,7 @@ typedef struct kl_model_data {
 enum {
     KL_MODEL_INIT_INITIALISED_ERR = 0, /**< the handle is already initialised */
     KL_MODEL_INIT_MEMORY_ERR = 1,
-    KL_MODEL_INIT_SELECTION_ERR = 2,   /**< a selection not offered, or none given; the text shows a bare "%s" */
+    KL_MODEL_INIT_SELECTION_ERR = 2, /**< a selection not offered, or none given; the text shows a bare "%s" */
     KL_MODEL_INIT_N_CODES = 3
 };
 

@@ -50,7 +50,7 @@ enum {
     KL_ID_FUNC_TIME_PROCESSING_TO_ASCII = 3,
     KL_ID_FUNC_TIME_PROCESSING_TO_TRANSPORT = 4,
     KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING = 5,
-    KL_ID_FUNC_TIME_ASCII_TO_ASCII = 6,           /**< two words of error vector */
+    KL_ID_FUNC_TIME_ASCII_TO_ASCII = 6, /**< two words of error vector */
     KL_ID_FUNC_TIME_ASCII_TO_TRANSPORT = 7,
     KL_ID_FUNC_TIME_ASCII_TO_PROCESSING = 8,
     KL_ID_FUNC_TIME_ADD = 9,
@@ -60,7 +60,7 @@ enum {
     KL_ID_FUNC_TIME_REF_INIT_FILE = 13,
     KL_ID_FUNC_TIME_REF_INIT = 14,
     KL_ID_FUNC_TIME_ID_INIT = 15,
-    KL_ID_FUNC_TIME_REF_CLOSE = 16,               /**< kl_time_close */
+    KL_ID_FUNC_TIME_REF_CLOSE = 16, /**< kl_time_close */
     KL_ID_FUNC_CHANGE_CART_CS = 17,
     KL_ID_FUNC_GEOD_TO_CART = 18,
     KL_ID_FUNC_CART_TO_GEOD = 19,

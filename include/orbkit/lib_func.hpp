@@ -48,8 +48,8 @@ public:
     /** Prints the versions of the libraries; true when they fit together. */
     static bool checkLibraryVersion();
 
-    // ---- functions of the same name: an id or a run, then the arguments in their order, without the processing format.
-    // Of the rotations, the forms with arrays write into the caller's. ----
+    // ---- functions of the same name: an id or a run, then the arguments in their order, without the processing
+    // format. Of the rotations, the forms with arrays write into the caller's. ----
 
     // clang-format off
     /* >>> members that only forward: Written by tools/api/generate.py from the table in api/. */
