@@ -1002,6 +1002,14 @@ KL_API long KL_Ellipse_nearest(double a, double b, double x, double y, double fo
  */
 KL_API double KL_Ellipse_arc(double a, double b, double beta1, double beta2);
 
+/**
+ * What kl_eclipse does, for a satellite and a Sun that are known: from the centre of the Earth, m, in axes whose z is the
+ * Earth's (kl_sun gives KL_EF). margin: as there, NULL is 0. Reports as kl_eclipse, bits KL_ECLIPSE_POSITION_ERR,
+ * KL_ECLIPSE_SUN_ERR and KL_ECLIPSE_MARGIN_ERR alone. KL_OK, or KL_ERR with the outputs untouched.
+ */
+KL_API long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3], const double *margin,
+                       long *state, double *fraction, double *depth, long *ierr);
+
 /* ---- stars --------------------------------------------------------------------------------------------- */
 
 /**

@@ -10,7 +10,9 @@
 #include "kl/clocks.h"
 #include "kl/formats.h"
 #include "kl/frames.h"
+#include "kl/geometry.h"
 #include "kl/orientation.h"
+#include "kl/stars.h"
 #include "kl/time.h"
 
 #ifdef __cplusplus
@@ -80,6 +82,19 @@ KL_API long kl_change_cart_cs_run(const long *run_id, const long *calc_mode, con
                                   const long *time_ref, const double *time, const double pos[3], const double vel[3],
                                   const double acc[3], double pos_out[3], double vel_out[3], double acc_out[3],
                                   long *ierr);
+/** kl_ray_ellipsoid with the model id of a run. */
+KL_API long kl_ray_ellipsoid_run(const long *run_id, const double pos[3], const double dir[3], const double *margin,
+                                 double t[2], long *n_points, long *ierr);
+/** kl_ray_height with the model id of a run. */
+KL_API long kl_ray_height_run(const long *run_id, const double pos[3], const double dir[3], const double *height,
+                              double t[2], long *n_points, long *ierr);
+/** kl_ray_tangent with the model id of a run. */
+KL_API long kl_ray_tangent_run(const long *run_id, const double pos[3], const double dir[3], double *t, double point[3],
+                               kl_geodetic *geodetic, long *meets_earth, long *ierr);
+/** kl_eclipse with the model and time ids of a run. */
+KL_API long kl_eclipse_run(const long *run_id, const long *light_time, const long *cs, const long *time_ref,
+                           const double *time, const double pos[3], const double *margin, long *state, double *fraction,
+                           double *depth, long *ierr);
 /** kl_earth_orientation_get with the time id of a run. */
 KL_API long kl_earth_orientation_get_run(const long *run_id, const long *corrections, const long *time_ref,
                                          const double *time, kl_earth_orientation *out, long *ierr);
@@ -92,6 +107,14 @@ KL_API long kl_iers_change_run(const long *run_id, const long *corrections, cons
                                const long *cs_out, const long *time_ref, const double *time, const double pos[3],
                                const double vel[3], const double acc[3], double pos_out[3], double vel_out[3],
                                double acc_out[3], long *ierr);
+/** kl_star_radec with the model and time ids of a run. */
+KL_API long kl_star_radec_run(const long *run_id, const long *corrections, const long *cs_out, const long *time_ref,
+                              const double *time, const kl_star *star, const double observer_pos[3],
+                              const double observer_vel[3], kl_radec *place, long *ierr);
+/** kl_star_catalog with the model and time ids of a run. */
+KL_API long kl_star_catalog_run(const long *run_id, const char *file, const kl_star_window *window,
+                                const long *corrections, const long *cs_out, const long *time_ref, const double *time,
+                                long *n_stars, kl_star **stars, kl_radec **places, long *ierr);
 /** kl_time_get_leap_second_info with the time id of a run. */
 KL_API long kl_time_get_leap_second_info_run(const long *run_id, const long *ascii_id_out, long *leap_sign,
                                              char *utc_time_before, char *utc_time_after, long *ierr);

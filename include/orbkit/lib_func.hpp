@@ -118,6 +118,20 @@ public:
                               long time_ref, double time, const State &in);
     static State changeCartCs(const RunId &run, long calc_mode, long cs_in, long cs_out, long time_ref, double time,
                               const State &in);
+    /** Where a line of sight meets the ellipsoid. */
+    static RayPoints rayEllipsoid(const ModelId &model_id, const Vector &pos, const Vector &dir, double margin);
+    static RayPoints rayEllipsoid(const RunId &run, const Vector &pos, const Vector &dir, double margin);
+    /** Where a line of sight has a geodetic height. */
+    static RayPoints rayHeight(const ModelId &model_id, const Vector &pos, const Vector &dir, double height);
+    static RayPoints rayHeight(const RunId &run, const Vector &pos, const Vector &dir, double height);
+    /** The point of a line of sight where the geodetic height is smallest. */
+    static TangentPoint rayTangent(const ModelId &model_id, const Vector &pos, const Vector &dir);
+    static TangentPoint rayTangent(const RunId &run, const Vector &pos, const Vector &dir);
+    /** How much of the Sun the Earth hides from a satellite. */
+    static EclipseState eclipse(const ModelId &model_id, const TimeId &time_id, long light_time, long cs, long time_ref,
+                                double time, const Vector &pos, double margin);
+    static EclipseState eclipse(const RunId &run, long light_time, long cs, long time_ref, double time,
+                                const Vector &pos, double margin);
     /** What a time id and the theory say of the Earth's orientation. */
     static kl_earth_orientation earthOrientationGet(const TimeId &time_id, long corrections, long time_ref,
                                                     double time);
@@ -152,6 +166,12 @@ public:
     static Axes getRotatedVectors(const Axes &axes, const Vector &angles);
     static void getRotatedVectors(const double x1[3], const double y1[3], const double z1[3], const double angles[3],
                                   double x2[3], double y2[3], double z2[3]);
+    /** Place of a star in the sky of an observer. */
+    static kl_radec starRadec(const ModelId &model_id, const TimeId &time_id, long corrections, long cs_out,
+                              long time_ref, double time, const kl_star &star, const Vector &observer_pos,
+                              const Vector &observer_vel);
+    static kl_radec starRadec(const RunId &run, long corrections, long cs_out, long time_ref, double time,
+                              const kl_star &star, const Vector &observer_pos, const Vector &observer_vel);
     /** Processing time plus a duration, both in days of the same scale: no leap second comes in. */
     static double timeAdd(long time_ref, double time, double duration);
     /** Difference of two processing times of the same scale, in days of that scale: no leap second comes in. */

@@ -37,6 +37,27 @@ struct BodyState {
     Vector pos, vel;
 };
 
+/** Where a line of sight meets a surface: m along the unit direction, ascending; NaN beyond the number of points. */
+struct RayPoints {
+    std::array<double, 2> t;
+    long n;
+};
+
+/** Lowest point of a line of sight. */
+struct TangentPoint {
+    double t;     ///< m along the unit direction
+    Vector point; ///< m
+    kl_geodetic geodetic;
+    long meetsEarth; ///< 1 when it lies below the ellipsoid
+};
+
+/** Shadow of the Earth on a satellite. */
+struct EclipseState {
+    long state;      ///< KL_SUNLIGHT, KL_PENUMBRA, KL_UMBRA or KL_ANNULAR
+    double fraction; ///< visible part of the Sun's disc
+    double depth;    ///< from the Sun's centre to the limb, in radii of the Sun
+};
+
 /** State in a frame: m, m/s, m/s2. What the calculation mode leaves out comes out 0. */
 struct State {
     Vector pos{}, vel{}, acc{};

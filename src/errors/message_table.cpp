@@ -679,6 +679,21 @@ constexpr Message k142[] = { // kl_planet
 };
 constexpr MessageGroup kGroup142 = group(k142);
 
+constexpr Message k143[] = { // kl_star_radec
+    error("Input time reference ID is not correct"), // KL_STAR_RADEC_TIME_REF_ERR
+    error("Input date is out of range"), // KL_STAR_RADEC_DATE_ERR
+    error("Corrections are not correct"), // KL_STAR_RADEC_CORRECTIONS_ERR
+    error("Output reference frame is not correct"), // KL_STAR_RADEC_CS_OUT_ERR
+    error("Star data are not correct"), // KL_STAR_RADEC_STAR_ERR
+    error("Observer is not correct"), // KL_STAR_RADEC_OBSERVER_ERR
+    error("Time Reference not initialised"), // KL_STAR_RADEC_TIME_ID_ERR
+    error("Error computing transformation."), // KL_STAR_RADEC_TRANSFORMATION_ERR
+    warning("Bulletin A: previous computation performed inside file interval, current performed with formula"), // KL_STAR_RADEC_FORMULA_WARN
+    warning("Bulletin B+A: current computation performed inside B-A gap. Previous computation was done inside B or A files intervals."), // KL_STAR_RADEC_GAP_WARN
+    warning("Previous computation performed inside initialization validity, current computation performed outside initialization validity"), // KL_STAR_RADEC_VALIDITY_WARN
+};
+constexpr MessageGroup kGroup143 = group(k143);
+
 constexpr Message k145[] = { // kl_time_get_leap_second_info
     error("Output ascii format ID is not correct"), // KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR
     error("Error in adding times in Processing format"), // KL_TIME_GET_LEAP_SECOND_INFO_ADD_ERR: never recorded
@@ -728,6 +743,39 @@ constexpr Message k152[] = { // kl_vectors_to_quaternions
     error("Input vectors are not orthonormal"), // KL_VECTORS_TO_QUATERNIONS_ORTHONORMAL_ERR
 };
 constexpr MessageGroup kGroup152 = group(k152);
+
+constexpr Message k153[] = { // kl_star_catalog
+    error("Input time reference ID is not correct"), // KL_STAR_CATALOG_TIME_REF_ERR
+    error("Input date is out of range"), // KL_STAR_CATALOG_DATE_ERR
+    error("Corrections are not correct"), // KL_STAR_CATALOG_CORRECTIONS_ERR
+    error("Output reference frame is not correct"), // KL_STAR_CATALOG_CS_OUT_ERR
+    error("Error reading file: %s", kTextArgument), // KL_STAR_CATALOG_FILE_ERR
+    error("Malformed record in line %li", kLongArgument), // KL_STAR_CATALOG_RECORD_ERR
+    error("Time Reference not initialised"), // KL_STAR_CATALOG_TIME_ID_ERR
+    error("Error computing transformation."), // KL_STAR_CATALOG_TRANSFORMATION_ERR
+    warning("Bulletin A: previous computation performed inside file interval, current performed with formula"), // KL_STAR_CATALOG_FORMULA_WARN
+    warning("Bulletin B+A: current computation performed inside B-A gap. Previous computation was done inside B or A files intervals."), // KL_STAR_CATALOG_GAP_WARN
+    warning("Previous computation performed inside initialization validity, current computation performed outside initialization validity"), // KL_STAR_CATALOG_VALIDITY_WARN
+    error("Format of the file is not known: %s", kTextArgument), // KL_STAR_CATALOG_FORMAT_ERR
+    error("Window is not correct"), // KL_STAR_CATALOG_WINDOW_ERR
+    error("Memory allocation error"), // KL_STAR_CATALOG_MEMORY_ERR
+};
+constexpr MessageGroup kGroup153 = group(k153);
+
+constexpr Message k156[] = { // KL_Eclipse
+    error("Satellite position is not correct"), // KL_ECLIPSE_POSITION_ERR
+    error("Sun position is not correct"), // KL_ECLIPSE_SUN_ERR
+    error("Margin is not correct"), // KL_ECLIPSE_MARGIN_ERR
+    error("Input time reference ID is not correct"), // KL_ECLIPSE_TIME_REF_ERR
+    error("Input date is out of range"), // KL_ECLIPSE_DATE_ERR
+    error("Input reference frame is not correct"), // KL_ECLIPSE_CS_ERR
+    error("Time Reference not initialised"), // KL_ECLIPSE_TIME_ID_ERR
+    error("Error computing transformation."), // KL_ECLIPSE_TRANSFORMATION_ERR
+    warning("Bulletin A: previous computation performed inside file interval, current performed with formula"), // KL_ECLIPSE_FORMULA_WARN
+    warning("Bulletin B+A: current computation performed inside B-A gap. Previous computation was done inside B or A files intervals."), // KL_ECLIPSE_GAP_WARN
+    warning("Previous computation performed inside initialization validity, current computation performed outside initialization validity"), // KL_ECLIPSE_VALIDITY_WARN
+};
+constexpr MessageGroup kGroup156 = group(k156);
 
 constexpr Message k157[] = { // KL_Coticchia_Surace
     error("Internal computation error # 1"), // KL_COTICCHIA_SURACE_COMPUTATION_ERR: never recorded
@@ -950,7 +998,7 @@ constexpr FunctionMessages kFunctions[] = {
     /* 140 */ {"kl_sun", &kGroup140, 22},
     /* 141 */ {"kl_moon", &kGroup141, 23},
     /* 142 */ {"kl_planet", &kGroup142, 24},
-    /* 143 */ {"kl_star_radec", nullptr, 25},
+    /* 143 */ {"kl_star_radec", &kGroup143, 25},
     /* 144 */ {"kl_geod_distance", nullptr, 26},
     /* 145 */ {"kl_time_get_leap_second_info", &kGroup145, 27},
     /* 146 */ {"KL_Default_sat_init", &kGroup146, 28},
@@ -960,10 +1008,10 @@ constexpr FunctionMessages kFunctions[] = {
     /* 150 */ {"kl_position_on_orbit", nullptr, 32},
     /* 151 */ {"kl_quaternions_to_vectors", &kGroup151, 33},
     /* 152 */ {"kl_vectors_to_quaternions", &kGroup152, 34},
-    /* 153 */ {"kl_star_catalog", nullptr, 35},
+    /* 153 */ {"kl_star_catalog", &kGroup153, 35},
     /* 154 */ {"kl_cart_to_radec", nullptr, 36},
     /* 155 */ {"kl_radec_to_cart", nullptr, 37},
-    /* 156 */ {"KL_Eclipse", nullptr, 38},
+    /* 156 */ {"KL_Eclipse", &kGroup156, 38},
     /* 157 */ {"KL_Coticchia_Surace", &kGroup157, 39},
     /* 158 */ {"kl_euler_to_matrix", nullptr, -1},
     /* 159 */ {"kl_matrix_to_euler", &kGroup159, 41},
@@ -1012,7 +1060,7 @@ constexpr PublicRow kPublicRows[] = {
     /* 22 */ {KL_FN_SUN, 1, 7},
     /* 23 */ {KL_FN_MOON, 1, 7},
     /* 24 */ {KL_FN_PLANET, 1, 8},
-    /* 25 */ {KL_FN_STAR_RADEC, 1, 0},
+    /* 25 */ {KL_FN_STAR_RADEC, 1, 11},
     /* 26 */ {KL_FN_GEOD_DISTANCE, 1, 0},
     /* 27 */ {KL_FN_TIME_GET_LEAP_SECOND_INFO, 1, 4},
     /* 28 */ {KL_FN_DEFAULT_SAT_INIT, 1, 4},
@@ -1022,10 +1070,10 @@ constexpr PublicRow kPublicRows[] = {
     /* 32 */ {KL_FN_POSITION_ON_ORBIT, 1, 0},
     /* 33 */ {KL_FN_QUATERNIONS_TO_VECTORS, 1, 1},
     /* 34 */ {KL_FN_VECTORS_TO_QUATERNIONS, 1, 2},
-    /* 35 */ {KL_FN_STAR_CATALOG, 1, 0},
+    /* 35 */ {KL_FN_STAR_CATALOG, 1, 14},
     /* 36 */ {KL_FN_CART_TO_RADEC, 1, 0},
     /* 37 */ {KL_FN_RADEC_TO_CART, 1, 0},
-    /* 38 */ {KL_FN_ECLIPSE, 1, 0},
+    /* 38 */ {KL_FN_ECLIPSE, 1, 11},
     /* 39 */ {KL_FN_COTICCHIA_SURACE, 1, 4},
     /* 40 */ {0, 0, 0}, // unassigned
     /* 41 */ {KL_FN_MATRIX_TO_EULER, 1, 3},

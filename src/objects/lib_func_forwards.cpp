@@ -257,6 +257,72 @@ State LibFunc::changeCartCs(const RunId &run, long calc_mode, long cs_in, long c
     });
 }
 
+RayPoints LibFunc::rayEllipsoid(const ModelId &model_id, const Vector &pos, const Vector &dir, double margin)
+{
+    return result_of<RayPoints>("LibFunc::rayEllipsoid", kUnassigned, [&](RayPoints &out, long *ierr) {
+        return kl_ray_ellipsoid(model_id.getId(), pos.data(), dir.data(), &margin, out.t.data(), &out.n, ierr);
+    });
+}
+
+RayPoints LibFunc::rayEllipsoid(const RunId &run, const Vector &pos, const Vector &dir, double margin)
+{
+    const long run_id = run.getRunId();
+    return result_of<RayPoints>("LibFunc::rayEllipsoid", kUnassigned, [&](RayPoints &out, long *ierr) {
+        return kl_ray_ellipsoid_run(&run_id, pos.data(), dir.data(), &margin, out.t.data(), &out.n, ierr);
+    });
+}
+
+RayPoints LibFunc::rayHeight(const ModelId &model_id, const Vector &pos, const Vector &dir, double height)
+{
+    return result_of<RayPoints>("LibFunc::rayHeight", kUnassigned, [&](RayPoints &out, long *ierr) {
+        return kl_ray_height(model_id.getId(), pos.data(), dir.data(), &height, out.t.data(), &out.n, ierr);
+    });
+}
+
+RayPoints LibFunc::rayHeight(const RunId &run, const Vector &pos, const Vector &dir, double height)
+{
+    const long run_id = run.getRunId();
+    return result_of<RayPoints>("LibFunc::rayHeight", kUnassigned, [&](RayPoints &out, long *ierr) {
+        return kl_ray_height_run(&run_id, pos.data(), dir.data(), &height, out.t.data(), &out.n, ierr);
+    });
+}
+
+TangentPoint LibFunc::rayTangent(const ModelId &model_id, const Vector &pos, const Vector &dir)
+{
+    return result_of<TangentPoint>("LibFunc::rayTangent", kUnassigned, [&](TangentPoint &out, long *ierr) {
+        return kl_ray_tangent(model_id.getId(), pos.data(), dir.data(), &out.t, out.point.data(), &out.geodetic,
+                              &out.meetsEarth, ierr);
+    });
+}
+
+TangentPoint LibFunc::rayTangent(const RunId &run, const Vector &pos, const Vector &dir)
+{
+    const long run_id = run.getRunId();
+    return result_of<TangentPoint>("LibFunc::rayTangent", kUnassigned, [&](TangentPoint &out, long *ierr) {
+        return kl_ray_tangent_run(&run_id, pos.data(), dir.data(), &out.t, out.point.data(), &out.geodetic,
+                                  &out.meetsEarth, ierr);
+    });
+}
+
+EclipseState LibFunc::eclipse(const ModelId &model_id, const TimeId &time_id, long light_time, long cs, long time_ref,
+                              double time, const Vector &pos, double margin)
+{
+    return result_of<EclipseState>("LibFunc::eclipse", KL_ID_FUNC_ECLIPSE, [&](EclipseState &out, long *ierr) {
+        return kl_eclipse(model_id.getId(), time_id.getId(), &light_time, &cs, &time_ref, &time, pos.data(), &margin,
+                          &out.state, &out.fraction, &out.depth, ierr);
+    });
+}
+
+EclipseState LibFunc::eclipse(const RunId &run, long light_time, long cs, long time_ref, double time, const Vector &pos,
+                              double margin)
+{
+    const long run_id = run.getRunId();
+    return result_of<EclipseState>("LibFunc::eclipse", KL_ID_FUNC_ECLIPSE, [&](EclipseState &out, long *ierr) {
+        return kl_eclipse_run(&run_id, &light_time, &cs, &time_ref, &time, pos.data(), &margin, &out.state,
+                              &out.fraction, &out.depth, ierr);
+    });
+}
+
 kl_earth_orientation LibFunc::earthOrientationGet(const TimeId &time_id, long corrections, long time_ref, double time)
 {
     return result_of<kl_earth_orientation>("LibFunc::earthOrientationGet", kUnassigned, [&](kl_earth_orientation &out, long *ierr) {
@@ -385,6 +451,26 @@ void LibFunc::getRotatedVectors(const double x1[3], const double y1[3], const do
                                 double x2[3], double y2[3], double z2[3])
 {
     require("LibFunc::getRotatedVectors", KL_ID_FUNC_GET_ROTATED_VECTORS, [&](long *ierr) { return kl_get_rotated_vectors(x1, y1, z1, angles, x2, y2, z2, ierr); });
+}
+
+kl_radec LibFunc::starRadec(const ModelId &model_id, const TimeId &time_id, long corrections, long cs_out,
+                            long time_ref, double time, const kl_star &star, const Vector &observer_pos,
+                            const Vector &observer_vel)
+{
+    return result_of<kl_radec>("LibFunc::starRadec", KL_ID_FUNC_STAR_RADEC, [&](kl_radec &out, long *ierr) {
+        return kl_star_radec(model_id.getId(), time_id.getId(), &corrections, &cs_out, &time_ref, &time, &star,
+                             observer_pos.data(), observer_vel.data(), &out, ierr);
+    });
+}
+
+kl_radec LibFunc::starRadec(const RunId &run, long corrections, long cs_out, long time_ref, double time,
+                            const kl_star &star, const Vector &observer_pos, const Vector &observer_vel)
+{
+    const long run_id = run.getRunId();
+    return result_of<kl_radec>("LibFunc::starRadec", KL_ID_FUNC_STAR_RADEC, [&](kl_radec &out, long *ierr) {
+        return kl_star_radec_run(&run_id, &corrections, &cs_out, &time_ref, &time, &star, observer_pos.data(),
+                                 observer_vel.data(), &out, ierr);
+    });
 }
 
 double LibFunc::timeAdd(long time_ref, double time, double duration)

@@ -142,6 +142,39 @@ long kl_change_cart_cs_run(const long *run_id, const long *calc_mode, const long
     });
 }
 
+long kl_ray_ellipsoid_run(const long *run_id, const double pos[3], const double dir[3], const double *margin,
+                          double t[2], long *n_points, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_ray_ellipsoid(model_id, pos, dir, margin, t, n_points, ierr);
+    });
+}
+
+long kl_ray_height_run(const long *run_id, const double pos[3], const double dir[3], const double *height, double t[2],
+                       long *n_points, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_ray_height(model_id, pos, dir, height, t, n_points, ierr);
+    });
+}
+
+long kl_ray_tangent_run(const long *run_id, const double pos[3], const double dir[3], double *t, double point[3],
+                        kl_geodetic *geodetic, long *meets_earth, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_ray_tangent(model_id, pos, dir, t, point, geodetic, meets_earth, ierr);
+    });
+}
+
+long kl_eclipse_run(const long *run_id, const long *light_time, const long *cs, const long *time_ref,
+                    const double *time, const double pos[3], const double *margin, long *state, double *fraction,
+                    double *depth, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_eclipse(model_id, time_id, light_time, cs, time_ref, time, pos, margin, state, fraction, depth, ierr);
+    });
+}
+
 long kl_earth_orientation_get_run(const long *run_id, const long *corrections, const long *time_ref, const double *time,
                                   kl_earth_orientation *out, long *ierr)
 {
@@ -167,6 +200,26 @@ long kl_iers_change_run(const long *run_id, const long *corrections, const long 
     return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_iers_change(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc, pos_out,
                               vel_out, acc_out, ierr);
+    });
+}
+
+long kl_star_radec_run(const long *run_id, const long *corrections, const long *cs_out, const long *time_ref,
+                       const double *time, const kl_star *star, const double observer_pos[3],
+                       const double observer_vel[3], kl_radec *place, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_star_radec(model_id, time_id, corrections, cs_out, time_ref, time, star, observer_pos, observer_vel,
+                             place, ierr);
+    });
+}
+
+long kl_star_catalog_run(const long *run_id, const char *file, const kl_star_window *window, const long *corrections,
+                         const long *cs_out, const long *time_ref, const double *time, long *n_stars, kl_star **stars,
+                         kl_radec **places, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_star_catalog(model_id, time_id, file, window, corrections, cs_out, time_ref, time, n_stars, stars,
+                               places, ierr);
     });
 }
 

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -46,6 +47,15 @@ bool is_digit(char c)
 
 // ---- numbers ----
 
+// A sign that from_chars does not know; false when it is all there is, or not the only one.
+bool drop_plus(std::string_view *text)
+{
+    if (text->front() != '+')
+        return true;
+    text->remove_prefix(1);
+    return !text->empty() && text->front() != '+' && text->front() != '-';
+}
+
 // A whole text as a number, whatever the locale; blank is 0.
 bool read_number(std::string_view text, double *value)
 {
@@ -53,9 +63,7 @@ bool read_number(std::string_view text, double *value)
     *value = 0.0;
     if (text.empty())
         return true;
-    if (text.front() == '+')
-        text.remove_prefix(1);
-    if (text.empty() || text.front() == '+')
+    if (!drop_plus(&text))
         return false;
     const std::from_chars_result at = std::from_chars(text.data(), text.data() + text.size(), *value);
     return at.ec == std::errc() && at.ptr == text.data() + text.size() && std::isfinite(*value);
@@ -67,9 +75,7 @@ bool read_whole(std::string_view text, long *value)
     *value = 0;
     if (text.empty())
         return true;
-    if (text.front() == '+')
-        text.remove_prefix(1);
-    if (text.empty() || text.front() == '+')
+    if (!drop_plus(&text))
         return false;
     const std::from_chars_result at = std::from_chars(text.data(), text.data() + text.size(), *value);
     return at.ec == std::errc() && at.ptr == text.data() + text.size();
@@ -265,11 +271,14 @@ FileText::Result FileText::load(const char *name)
         return unreadable;
     Result result = read;
     for (std::size_t room = kFirst; result == read; room *= 2) {
-        char *larger = room <= kLargest ? static_cast<char *>(std::realloc(data_, room)) : nullptr;
+        char *larger = room <= kLargest ? static_cast<char *>(std::malloc(room)) : nullptr;
         if (larger == nullptr) {
             result = room <= kLargest ? no_memory : unreadable;
             break;
         }
+        if (size_ > 0)
+            std::memcpy(larger, data_, size_);
+        std::free(data_);
         data_ = larger;
         size_ += std::fread(data_ + size_, 1, room - size_, file);
         if (size_ < room) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -34,6 +35,19 @@ double squared_chord_of(double angle)
 {
     const double half = sine_cosine(0.5 * angle).s;
     return 4.0 * half * half;
+}
+
+template <class Record>
+bool enlarge(Record **records, std::size_t n, std::size_t room)
+{
+    auto *larger = static_cast<Record *>(std::malloc(room * sizeof(Record)));
+    if (larger == nullptr)
+        return false;
+    if (n > 0)
+        std::memcpy(larger, *records, n * sizeof(Record));
+    std::free(*records);
+    *records = larger;
+    return true;
 }
 
 } // namespace
@@ -121,16 +135,8 @@ bool FoundStars::add(const kl_star &star, const kl_radec &place)
 {
     if (n_ == room_) {
         const std::size_t room = room_ == 0 ? 256 : 2 * room_;
-        auto *stars = static_cast<kl_star *>(std::realloc(stars_, room * sizeof *stars_));
-        if (stars == nullptr)
+        if (!enlarge(&stars_, n_, room) || (with_places_ && !enlarge(&places_, n_, room)))
             return false;
-        stars_ = stars;
-        if (with_places_) {
-            auto *places = static_cast<kl_radec *>(std::realloc(places_, room * sizeof *places_));
-            if (places == nullptr)
-                return false;
-            places_ = places;
-        }
         room_ = room;
     }
     stars_[n_] = star;

@@ -22,6 +22,10 @@ constexpr long kTo = KL_EF;
 constexpr long kPlanet = 4;
 constexpr long kTwo = 2;
 constexpr long kItrs = KL_ITRS;
+constexpr long kCorrections = 7;
+constexpr kl_star kStar = {101.287, -16.716, -546.0, -1223.1, 379.2, -5.5, 0.5, -1.46, 2491};
+constexpr kl_star_window kWindow = {-2.0, 2.0, 70.0, 130.0, -30.0, 30.0, 95.0, 0.0, 25.0};
+constexpr double kRootsOf[3] = {2.0, -3.0, 1.0};
 constexpr double kZero = 0.0;
 constexpr double kOne = 1.0;
 constexpr double kHalf = 0.5;
@@ -60,6 +64,22 @@ long open_rows(kl_time_id *id)
     data.n_rows = 4;
     data.rows = rows;
     return kl_time_set_id_data(id, &data);
+}
+
+// The first star that a search finds and its place; the arrays are freed.
+template <typename Search>
+long search_catalogue(World &w, Search search)
+{
+    kl_star *stars = nullptr;
+    kl_radec *places = nullptr;
+    const long status = search(&stars, &places);
+    if (stars != nullptr)
+        w.a[0] = stars->ra;
+    if (places != nullptr)
+        w.a[1] = places->ra;
+    kl_free_array(reinterpret_cast<void **>(&stars));
+    kl_free_array(reinterpret_cast<void **>(&places));
+    return status;
 }
 
 constexpr PublicCall kCalls[] = {

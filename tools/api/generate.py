@@ -404,7 +404,7 @@ def run_twins(table):
 
 # ---- LibFunc ------------------------------------------------------------------------------------------------------
 
-CPP = {"double": "double", "long": "long", "double[3]": "Vector", "double[4]": "Quaternion", "double[9]": "Matrix",
+CPP = {"double": "double", "long": "long", "double[2]": "std::array<double, 2>", "double[3]": "Vector", "double[4]": "Quaternion", "double[9]": "Matrix",
        "long[4]": "TransportTime", "char": "TextArgument", "char[KL_TIME_ASCII_LENGTH]": "TimeText",
        "unsigned char[KL_CUC_LENGTH]": "CucTime"}
 IDS = {"model_id": "ModelId", "time_id": "TimeId", "sat_id": "SatId"}

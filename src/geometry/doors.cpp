@@ -1,0 +1,217 @@
+// Roots, lines of sight and eclipses for callers.
+#include "bodies/bodies.h"
+#include "errors/activation.h"
+#include "frames/axes.h"
+#include "geometry/eclipse.h"
+#include "geometry/eclipse_doors.h"
+#include "kl_family.h"
+#include "models/model_record.h"
+#include "time/doors/call_instant.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+bool is_finite3(const double *v)
+{
+    return v != nullptr && std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]);
+}
+
+double length(const double v[3])
+{
+    return std::sqrt(dot3(v, v));
+}
+
+bool is_margin(double margin)
+{
+    return kLowestMargin <= margin && margin <= kHighestMargin;
+}
+
+void clear(long *ierr)
+{
+    if (ierr != nullptr)
+        *ierr = 0;
+}
+
+// A number of roots or points, or -1.
+long store(long found, long *n)
+{
+    if (found < 0)
+        return KL_ERR;
+    *n = found;
+    return KL_OK;
+}
+
+bool is_eclipse_frame(long cs)
+{
+    return (cs >= KL_BM2000 && cs <= KL_EF) || cs == KL_BM1950 || cs == KL_TEME;
+}
+
+// Only these have another origin than the Earth's centre.
+bool is_centred_elsewhere(long cs)
+{
+    return cs == KL_BM2000 || cs == KL_HM2000 || cs == KL_BM1950;
+}
+
+} // namespace
+
+long kl_poly_real_roots(const long *order, const double *c, double *roots, long *n, long *ierr)
+{
+    clear(ierr);
+    return order != nullptr && n != nullptr ? store(KL_Poly_real_roots(*order, c, roots), n) : long{KL_ERR};
+}
+
+long kl_ray_ellipsoid(kl_model_id *model_id, const double pos[3], const double dir[3], const double *margin,
+                      double t[2], long *n, long *ierr)
+{
+    clear(ierr);
+    return n != nullptr && margin != nullptr ? store(KL_Ray_ellipsoid(model_id, pos, dir, *margin, t), n)
+                                             : long{KL_ERR};
+}
+
+long kl_ray_height(kl_model_id *model_id, const double pos[3], const double dir[3], const double *height, double t[2],
+                   long *n, long *ierr)
+{
+    clear(ierr);
+    return n != nullptr && height != nullptr ? store(KL_Ray_height(model_id, pos, dir, *height, t), n) : long{KL_ERR};
+}
+
+long kl_ray_tangent(kl_model_id *model_id, const double pos[3], const double dir[3], double *t, double point[3],
+                    kl_geodetic *geodetic, long *meets_earth, long *ierr)
+{
+    clear(ierr);
+    return meets_earth != nullptr ? store(KL_Ray_tangent(model_id, pos, dir, t, point, geodetic), meets_earth)
+                                  : long{KL_ERR};
+}
+
+long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3], const double *margin, long *state,
+                double *fraction, double *depth, long *ierr)
+{
+    Activation call(KL_FN_ECLIPSE, ierr);
+    const double raised = margin != nullptr ? *margin : 0.0;
+    if (!is_finite3(pos) || !(length(pos) <= kFarthestSatellite))
+        return call.fails(KL_ECLIPSE_POSITION_ERR);
+    if (!is_finite3(sun) || !(length(sun) >= kNearestSun))
+        return call.fails(KL_ECLIPSE_SUN_ERR);
+    if (!is_margin(raised))
+        return call.fails(KL_ECLIPSE_MARGIN_ERR);
+    if (state == nullptr || fraction == nullptr || depth == nullptr)
+        return KL_ERR;
+    const EarthModel &earth = model_blocks(model_id).earth;
+    if (!(earth.semi_major_axis > 0.0))
+        return KL_ERR; // its selection was refused
+    Shadow shadow;
+    if (!find_shadow(ellipsoid_of(earth), pos, sun, raised, &shadow))
+        return call.fails(KL_ECLIPSE_POSITION_ERR);
+    *state = shadow.state;
+    *fraction = shadow.fraction;
+    *depth = shadow.depth;
+    return call.status();
+}
+
+// What all positions of one instant share; false: the condition of the failure.
+bool EclipseSky::prepare(kl_model_id *model_id, kl_time_id *time_id, long ref, double at, long cs, bool light_time,
+                         int *condition)
+{
+    *condition = KL_ECLIPSE_TIME_ID_ERR;
+    if (!instant_of_call(time_id, ref, at, false, &instant))
+        return false;
+    *condition = KL_ECLIPSE_TRANSFORMATION_ERR;
+    const long from = is_centred_elsewhere(cs) ? long{KL_GM2000} : cs;
+    if (!axes_between(model_id, time_id, instant.date, from, KL_TOD, &to_true_of_date))
+        return false;
+    if (light_time)
+        return true; // its Sun depends on the satellite
+    const SunRoutine routine = model_blocks(model_id).sun.sun;
+    const kl_time_record tdb = {KL_REF_TDB, KL_FORMAT_MJD2000, instant.tdb};
+    OwnedState mean;
+    return routine != nullptr && routine(model_id, time_id, &tdb, &mean, nullptr) != KL_ERR
+           && change_position(model_id, time_id, instant.date, KL_MOD, mean.pos + 1, KL_TOD, sun);
+}
+
+namespace {
+
+// The Sun as the satellite sees it: where it was when its light left.
+bool sun_with_light_time(kl_model_id *model_id, kl_time_id *time_id, const EclipseSky &sky, const double pos[3],
+                         double sun[3])
+{
+    const kl_time_record tdb = {KL_REF_TDB, KL_FORMAT_MJD2000, sky.instant.tdb};
+    kl_time_record emission;
+    OwnedState satellite, mean;
+    satellite.cs = KL_TOD;
+    satellite.order = 0;
+    copy_three(pos, satellite.pos + 1);
+    return model_blocks(model_id).sun.sun != nullptr
+           && KL_Sun_PosVel_Sun_Travel_Time(model_id, time_id, &tdb, &satellite, &mean, &emission, nullptr) != KL_ERR
+           && change_position(model_id, time_id, sky.instant.date, KL_MOD, mean.pos + 1, KL_TOD, sun);
+}
+
+} // namespace
+
+long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *light_time, const long *cs,
+                    const long *time_ref, const double *time, const double pos[3], const double *margin, long *state,
+                    double *fraction, double *depth, EclipseSky *sky, long *ierr)
+{
+    Activation call(KL_FN_ECLIPSE, ierr);
+    if (cs == nullptr || !is_eclipse_frame(*cs))
+        return call.fails(KL_ECLIPSE_CS_ERR);
+    constexpr CodeMap kInput[] = {{KL_CHECK_IN_REF, KL_ECLIPSE_TIME_REF_ERR}, {KL_CHECK_IN_DAYS, KL_ECLIPSE_DATE_ERR}};
+    ErrorRecord check;
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
+    const double days = time != nullptr ? *time : kNan;
+    if (KL_Time_check_processing_inputs(KL_PROC, ref, &days, &check) != KL_OK
+        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+        return KL_ERR;
+    if (!is_finite3(pos))
+        return call.fails(KL_ECLIPSE_POSITION_ERR);
+    const double raised = margin != nullptr ? *margin : 0.0;
+    if (!is_margin(raised))
+        return call.fails(KL_ECLIPSE_MARGIN_ERR);
+    if (light_time == nullptr || state == nullptr || fraction == nullptr || depth == nullptr)
+        return KL_ERR;
+
+    const bool lights = *light_time == 1;
+    if (!sky->holds(days)) {
+        int condition = 0;
+        sky->days = kNan;
+        if (!sky->prepare(model_id, time_id, ref, days, *cs, lights, &condition))
+            return call.fails(condition);
+        sky->days = days;
+    }
+    double geocentric[3];
+    double satellite[3];
+    copy_three(pos, geocentric);
+    if (is_centred_elsewhere(*cs)
+        && !change_position(model_id, time_id, sky->instant.date, *cs, pos, KL_GM2000, geocentric))
+        return call.fails(KL_ECLIPSE_TRANSFORMATION_ERR);
+    sky->to_true_of_date.turn(geocentric, satellite);
+    if (!(length(satellite) <= kFarthestSatellite))
+        return call.fails(KL_ECLIPSE_POSITION_ERR);
+    double sun[3];
+    copy_three(sky->sun, sun);
+    const EarthModel &earth = model_blocks(model_id).earth;
+    if (!(earth.semi_major_axis > 0.0) || (lights && !sun_with_light_time(model_id, time_id, *sky, satellite, sun)))
+        return call.fails(KL_ECLIPSE_TRANSFORMATION_ERR);
+    Shadow shadow;
+    if (!find_shadow(ellipsoid_of(earth), satellite, sun, raised, &shadow))
+        return call.fails(KL_ECLIPSE_POSITION_ERR);
+    *state = shadow.state;
+    *fraction = shadow.fraction;
+    *depth = shadow.depth;
+    const long warned = warning_of_call(time_id, sky->instant);
+    if (warned != 0)
+        call.warns(static_cast<int>(KL_ECLIPSE_FORMULA_WARN + warned - 1));
+    return call.status();
+}
+
+long kl_eclipse(kl_model_id *model_id, kl_time_id *time_id, const long *light_time, const long *cs,
+                const long *time_ref, const double *time, const double pos[3], const double *margin, long *state,
+                double *fraction, double *depth, long *ierr)
+{
+    EclipseSky sky;
+    return eclipse_of_one(model_id, time_id, light_time, cs, time_ref, time, pos, margin, state, fraction, depth, &sky,
+                          ierr);
+}

@@ -1,0 +1,27 @@
+// One eclipse for callers: the scalar door and every element of the array door.
+#ifndef KL_SRC_GEOMETRY_ECLIPSE_DOORS_H
+#define KL_SRC_GEOMETRY_ECLIPSE_DOORS_H
+
+#include "frames/axes.h"
+#include "time/doors/call_instant.h"
+
+#include <cstring>
+#include <limits>
+
+// Kept from one element to the next: the same instant, bit for bit, is not prepared again.
+struct EclipseSky {
+    double days = std::numeric_limits<double>::quiet_NaN();
+    CallInstant instant = {};
+    FrameAxes to_true_of_date = {};
+    double sun[3] = {}; // true of date, m; without light time
+
+    [[nodiscard]] bool holds(double other) const { return std::memcmp(&days, &other, sizeof days) == 0; }
+    bool prepare(kl_model_id *model_id, kl_time_id *time_id, long ref, double days, long cs, bool light_time,
+                 int *condition);
+};
+
+long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *light_time, const long *cs,
+                    const long *time_ref, const double *time, const double pos[3], const double *margin, long *state,
+                    double *fraction, double *depth, EclipseSky *sky, long *ierr);
+
+#endif

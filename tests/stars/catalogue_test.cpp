@@ -1,0 +1,317 @@
+#include "kl_lib.h"
+#include "support/conditions.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr long kTai = KL_TIME_TAI;
+constexpr kl_star_window kAll = {-2.0, 99.0, 0.0, 360.0, -90.0, 90.0, 0.0, 0.0, 0.0};
+
+struct Found {
+    long status = 7;
+    std::vector<kl_star> stars;
+    std::vector<kl_radec> places;
+};
+
+Found search(const char *file, const kl_star_window &window, long cs = KL_BM2000, long corrections = 0,
+             double time = 0.5)
+{
+    Found found;
+    long n = -7;
+    kl_star *stars = nullptr;
+    kl_radec *places = nullptr;
+    found.status =
+        kl_star_catalog(nullptr, nullptr, file, &window, &corrections, &cs, &kTai, &time, &n, &stars, &places, nullptr);
+    if (found.status != KL_ERR) {
+        EXPECT_EQ(stars == nullptr, n == 0);
+        found.stars.assign(stars, stars + n);
+        found.places.assign(places, places + n);
+    }
+    kl_free_array(reinterpret_cast<void **>(&stars));
+    kl_free_array(reinterpret_cast<void **>(&places));
+    return found;
+}
+
+// A file with this text, while the object lives.
+struct TextFile {
+    std::string name;
+    explicit TextFile(const std::string &text)
+        : name(::testing::TempDir() + "kl_stars_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed())
+               + std::to_string(reinterpret_cast<std::uintptr_t>(this)))
+    {
+        std::ofstream(name, std::ios::binary) << text;
+    }
+    ~TextFile() { std::remove(name.c_str()); }
+};
+
+// Lines of the Bright Star Catalogue: Sirius, Polaris, a nova without position.
+// clang-format off
+const std::string kSirius =
+    "2491  9Alp CMaBD-16 1591  48915151881 257I   5423           064044.6-163444064508.9-164258227.22"
+    "-08.88-1.46   0.00 -0.05 -0.03   A1Vm               -0.553-1.205 +.375-008SBO    13 10.3  11.2AB"
+    "   4*";
+const std::string kPolaris =
+    " 424  1Alp UMiBD+88    8   8890   308 907    1477  Alp UMi  012233.7+884626023148.7+891551123.28"
+    " 26.46 2.02  +0.60 +0.38 +0.31   F7:Ib-II          v+0.038-0.015 +.007-017SBO    17  6.8  18.4AB"
+    "   5*";
+const std::string kNova =
+    "1057 NOVA 1901                                     GK Per                                       "
+    "                                                                      +029SBO                   "
+    "    *";
+// clang-format on
+
+} // namespace
+
+TEST(BuiltInCatalogue, HoldsTheBrightStars)
+{
+    const Found all = search(nullptr, kAll);
+    ASSERT_EQ(all.status, KL_OK);
+    ASSERT_EQ(all.stars.size(), 8404U);
+    double faintest = -9.0;
+    for (const kl_star &star : all.stars)
+        faintest = std::fmax(faintest, star.magnitude);
+    EXPECT_EQ(faintest, 6.5);
+    kl_star_window brightest = kAll;
+    brightest.mag_max = 0.1;
+    const Found few = search("", brightest);
+    // HR and V of the brightest, as the catalogue prints them.
+    const struct {
+        long number;
+        double magnitude;
+    } known[] = {{1708, 0.08}, {2326, -0.72}, {2491, -1.46}, {5340, -0.04}, {5459, -0.01}, {7001, 0.03}};
+    ASSERT_EQ(few.stars.size(), std::size(known));
+    for (std::size_t i = 0; i < std::size(known); ++i) {
+        EXPECT_EQ(few.stars[i].number, known[i].number);
+        EXPECT_EQ(few.stars[i].magnitude, known[i].magnitude);
+    }
+}
+
+TEST(StarCatalogue, ReadsTheThreeFormats)
+{
+    const TextFile bright(kSirius + "\n" + kNova + "\r\n\n" + kPolaris);
+    const Found two = search(bright.name.c_str(), kAll);
+    ASSERT_EQ(two.stars.size(), 2U);
+    const kl_star &sirius = two.stars[0];
+    EXPECT_EQ(sirius.number, 2491);
+    EXPECT_DOUBLE_EQ(sirius.ra, 15.0 * (6 + 45 / 60.0 + 8.9 / 3600.0));
+    EXPECT_DOUBLE_EQ(sirius.dec, -(16 + 42 / 60.0 + 58 / 3600.0));
+    EXPECT_EQ(sirius.magnitude, -1.46);
+    EXPECT_EQ(sirius.pm_ra, -553);
+    EXPECT_EQ(sirius.pm_dec, -1205);
+    EXPECT_EQ(sirius.parallax, 375);
+    EXPECT_EQ(sirius.radial_velocity, -8);
+    EXPECT_EQ(sirius.epoch, 0.5);
+    EXPECT_EQ(two.stars[1].number, 424);
+
+    // The first entries of the main catalogue, the second without a position.
+    const TextFile hipparcos(
+        "H|           1| |00 00 00.22|+01 05 20.4| 9.10| |H|000.00091185|+01.08901332| |   3.54|   -5.20|   -1.88|\n"
+        "H|           2| |00 00 00.91|-19 29 55.8| 9.27| |G|            |            | |       |        |        |\n");
+    const Found one = search(hipparcos.name.c_str(), kAll);
+    ASSERT_EQ(one.stars.size(), 1U);
+    EXPECT_EQ(one.stars[0].number, 1);
+    EXPECT_EQ(one.stars[0].ra, 0.00091185);
+    EXPECT_EQ(one.stars[0].dec, 1.08901332);
+    EXPECT_EQ(one.stars[0].parallax, 3.54);
+    EXPECT_EQ(one.stars[0].pm_ra, -5.20);
+    EXPECT_EQ(one.stars[0].pm_dec, -1.88);
+    EXPECT_EQ(one.stars[0].epoch, -3195.4375);
+
+    const TextFile own(
+        "KL_STARS 1\n# a comment\n\n 7 1.5 10 -20 300 -400 +50 6e1 0.5 # Alpha\n8\t2 350 0 0 0 -1 0 0.5");
+    const Found pair = search(own.name.c_str(), kAll);
+    ASSERT_EQ(pair.stars.size(), 2U);
+    EXPECT_EQ(pair.stars[0].number, 7);
+    EXPECT_EQ(pair.stars[0].pm_dec, -400);
+    EXPECT_EQ(pair.stars[0].parallax, 50);
+    EXPECT_EQ(pair.stars[0].radial_velocity, 60);
+    EXPECT_EQ(pair.stars[1].parallax, -1);
+}
+
+TEST(StarCatalogue, TellsWhatIsWrongWithAFile)
+{
+    const auto with = [](std::size_t column, const std::string &text) {
+        std::string line = kSirius;
+        return kSirius + "\n" + line.replace(column - 1, text.size(), text) + "\n";
+    };
+    const std::string own = "KL_STARS 1\n";
+    const struct {
+        const char *name;
+        std::string text;
+        long code;
+    } cases[] = {
+        {"empty", "", KL_STAR_CATALOG_FORMAT_ERR},
+        {"blank line", "\n", KL_STAR_CATALOG_FORMAT_ERR},
+        {"another text", "Lorem ipsum dolor sit amet\n", KL_STAR_CATALOG_FORMAT_ERR},
+        {"next version", "KL_STARS 2\n", KL_STAR_CATALOG_FORMAT_ERR},
+        {"zeros", std::string(300, '\0'), KL_STAR_CATALOG_FORMAT_ERR},
+        {"no sign in the first line", with(84, " ").substr(200), KL_STAR_CATALOG_FORMAT_ERR},
+        {"hour 24", with(76, "24"), KL_STAR_CATALOG_RECORD_ERR},
+        {"minute 60", with(78, "60"), KL_STAR_CATALOG_RECORD_ERR},
+        {"no sign", with(84, " "), KL_STAR_CATALOG_RECORD_ERR},
+        {"declination 91", with(85, "91"), KL_STAR_CATALOG_RECORD_ERR},
+        {"letters", with(103, "bad"), KL_STAR_CATALOG_RECORD_ERR},
+        {"two points", with(149, "0.1.2"), KL_STAR_CATALOG_RECORD_ERR},
+        {"sign alone", with(167, "+   "), KL_STAR_CATALOG_RECORD_ERR},
+        {"few bars", "H|1|2|3|4|5|6|7|8|9|10|11|12|13|\nH|1|2\n", KL_STAR_CATALOG_RECORD_ERR},
+        {"one coordinate", "H|1| | | |5| |G|1.0| | | | | |\n", KL_STAR_CATALOG_RECORD_ERR},
+        {"eight numbers", own + "1 2 3 4 5 6 7 8\n", KL_STAR_CATALOG_RECORD_ERR},
+        {"ten numbers", own + "1 2 3 4 5 6 7 8 0.5 10\n", KL_STAR_CATALOG_RECORD_ERR},
+        {"not a number", own + "1 nan 3 4 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
+        {"infinite", own + "1 2 3 4 inf 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
+        {"hexadecimal", own + "1 2 0x3 4 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
+        {"out of range", own + "1 2 3 95 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
+        {"number too long", own + "99999999999999999999 2 3 4 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
+        {"two signs", own + "1 2 +-3 4 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
+    };
+    const long none = 0, frame = KL_BM2000;
+    const double time = 0.5;
+    for (const auto &c : cases) {
+        const TextFile file(c.text);
+        long n = 7;
+        kl_star *stars = nullptr;
+        kl_radec *places = nullptr;
+        expect_bits(c.name, error_bits(c.code), [&](long *e) {
+            return kl_star_catalog(nullptr, nullptr, file.name.c_str(), &kAll, &none, &frame, &kTai, &time, &n, &stars,
+                                   &places, e);
+        });
+        EXPECT_EQ(n, 7) << c.name;
+        EXPECT_EQ(stars, nullptr) << c.name;
+    }
+    long n = 7;
+    kl_star *stars = nullptr;
+    for (const char *missing : {"/nowhere/at/all", "/"})
+        expect_bits(missing, error_bits(KL_STAR_CATALOG_FILE_ERR), [&](long *e) {
+            return kl_star_catalog(nullptr, nullptr, missing, &kAll, &none, &frame, &kTai, &time, &n, &stars, nullptr,
+                                   e);
+        });
+}
+
+// Counted by hand over the whole catalogue, place by place.
+TEST(StarCatalogue, AWindowHoldsWhatLiesInIt)
+{
+    const Found all = search(nullptr, kAll, KL_GM2000, 7, 9000.0);
+    const auto box = [](double ra_min, double ra_max, double dec_min, double dec_max) {
+        return kl_star_window{-2.0, 6.0, ra_min, ra_max, dec_min, dec_max, 0.0, 0.0, 0.0};
+    };
+    const auto cone = [](double ra, double dec, double radius) {
+        return kl_star_window{-2.0, 6.0, 0.0, 360.0, -90.0, 90.0, ra, dec, radius};
+    };
+    kl_star_window both = cone(10.0, 60.0, 30.0);
+    both.dec_max = 60.0;
+    const kl_star_window windows[] = {box(10, 20, -30, 30),
+                                      box(350, 10, -30, 30),
+                                      box(-10, 10, -30, 30),
+                                      box(0, 360, 85, 90),
+                                      box(-360, 0, -90, -85),
+                                      cone(83, -5, 5),
+                                      cone(0, 90, 3),
+                                      cone(-1, 0, 20),
+                                      cone(200, -60, 150),
+                                      cone(200, -60, 180),
+                                      both};
+    for (const kl_star_window &w : windows) {
+        const Found found = search(nullptr, w, KL_GM2000, 7, 9000.0);
+        ASSERT_EQ(found.status, KL_OK);
+        const double d = 0.017453292519943295;
+        std::size_t expected = 0;
+        for (std::size_t i = 0; i < all.stars.size(); ++i) {
+            const double ra = all.places[i].ra, dec = all.places[i].dec;
+            const double low = w.ra_min < 0 ? w.ra_min + 360 : w.ra_min;
+            const bool in_ra = w.ra_max - w.ra_min >= 360
+                               || (low > w.ra_max ? ra >= low || ra <= w.ra_max : ra >= low && ra <= w.ra_max);
+            const double cosine = std::sin(dec * d) * std::sin(w.dec * d)
+                                  + std::cos(dec * d) * std::cos(w.dec * d) * std::cos((ra - w.ra) * d);
+            const bool in_cone = w.radius == 0.0 || std::acos(cosine) <= w.radius * d;
+            const bool inside =
+                all.stars[i].magnitude <= 6.0 && in_ra && dec >= w.dec_min && dec <= w.dec_max && in_cone;
+            if (inside) {
+                ASSERT_LT(expected, found.stars.size());
+                EXPECT_EQ(found.stars[expected].number, all.stars[i].number);
+                ++expected;
+            }
+        }
+        EXPECT_EQ(found.stars.size(), expected);
+        EXPECT_GT(expected, 0U);
+    }
+    const Found none = search(nullptr, {-9.0, -8.0, 0.0, 360.0, -90.0, 90.0, 0.0, 0.0, 0.0});
+    EXPECT_EQ(none.status, KL_OK);
+    EXPECT_TRUE(none.stars.empty());
+}
+
+// A fast star is found where it is, not where the catalogue has it.
+TEST(StarCatalogue, AConeFollowsTheMotion)
+{
+    const TextFile own("KL_STARS 1\n1 5 10 0 1e6 0 0 0 0.5\n");
+    const double years = 90.0;
+    const double moved =
+        10.0 + std::atan(years * 1e6 * 4.84813681109536e-9) * 57.29577951308232; // along a straight line
+    const kl_star_window there = {0, 9, 0, 360, -90, 90, moved, 0, 0.5}, was = {0, 9, 0, 360, -90, 90, 10, 0, 0.5};
+    EXPECT_EQ(search(own.name.c_str(), there, KL_GM2000, 0, 0.5 + 365.25 * years).stars.size(), 1U);
+    EXPECT_EQ(search(own.name.c_str(), was, KL_GM2000, 0, 0.5 + 365.25 * years).stars.size(), 0U);
+}
+
+TEST(StarCatalogue, PlacesAreThoseOfTheSingleStar)
+{
+    const long corrections = 7, frame = KL_MOD;
+    const double time = 9000.25;
+    const Found all = search(nullptr, kAll, frame, corrections, time);
+    for (std::size_t i = 0; i < all.stars.size(); i += 97) {
+        kl_radec place;
+        ASSERT_EQ(kl_star_radec(nullptr, nullptr, &corrections, &frame, &kTai, &time, &all.stars[i], nullptr, nullptr,
+                                &place, nullptr),
+                  KL_OK);
+        EXPECT_EQ(place.ra, all.places[i].ra);
+        EXPECT_EQ(place.dec, all.places[i].dec);
+        EXPECT_EQ(place.distance, 1.0);
+    }
+}
+
+TEST(StarCatalogue, RefusesWindowsThatAreNone)
+{
+    const long none = 0, frame = KL_BM2000;
+    const double time = 0.5;
+    const auto expect_refused = [&](const kl_star_window *window, const char *name) {
+        long n = 7;
+        kl_star *stars = nullptr;
+        expect_bits(name, error_bits(KL_STAR_CATALOG_WINDOW_ERR), [&](long *e) {
+            return kl_star_catalog(nullptr, nullptr, nullptr, window, &none, &frame, &kTai, &time, &n, &stars, nullptr,
+                                   e);
+        });
+    };
+    expect_refused(nullptr, "NULL");
+    const auto change = [&](double kl_star_window::*field, double value) {
+        kl_star_window window = kAll;
+        window.radius = 5.0;
+        window.*field = value;
+        expect_refused(&window, ::testing::PrintToString(value).c_str());
+    };
+    for (double kl_star_window::*field : {&kl_star_window::mag_min, &kl_star_window::mag_max, &kl_star_window::ra_min,
+                                          &kl_star_window::ra_max, &kl_star_window::dec_min, &kl_star_window::dec_max,
+                                          &kl_star_window::ra, &kl_star_window::dec, &kl_star_window::radius})
+        for (const double bad : {kNan, kInf, -kInf})
+            change(field, bad);
+    change(&kl_star_window::mag_min, 100.0);
+    change(&kl_star_window::dec_min, -90.1);
+    change(&kl_star_window::dec_max, 90.1);
+    change(&kl_star_window::dec_min, 90.0 + 1e-9);
+    change(&kl_star_window::ra_min, -360.1);
+    change(&kl_star_window::ra, 360.1);
+    change(&kl_star_window::dec, 90.1);
+    change(&kl_star_window::radius, 180.1);
+    change(&kl_star_window::radius, -1.0);
+    kl_star_window no_cone = kAll;
+    no_cone.ra = kNan; // not looked at
+    EXPECT_EQ(search(nullptr, no_cone).status, KL_OK);
+}
