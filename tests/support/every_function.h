@@ -67,15 +67,6 @@ struct World : Outputs {
     BadArgument bad;
     int n_arguments = 0; // of the function called last
 
-    // Room for a record that a call writes, behind the numbers.
-    template <typename Record>
-    Record *record()
-    {
-        constexpr std::size_t kFirst = 16;
-        static_assert(sizeof(Record) + kFirst * sizeof(double) <= sizeof a);
-        return reinterpret_cast<Record *>(a + kFirst);
-    }
-
     bool open();
     void close();
 
