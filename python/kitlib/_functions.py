@@ -6,7 +6,7 @@ Written by tools/api/generate.py from the table in api/ and the headers in inclu
 from . import _table
 from ._arrays import Function as _Function, mode_of as _mode
 from ._table import *  # noqa: F403
-from ._table import AxesResult, BodyStateResult, EarthOrientationResult, LeapSecondInfoResult, MatrixStateResult, StateResult
+from ._table import AxesResult, BodyStateResult, EarthOrientationResult, EclipseStateResult, LeapSecondInfoResult, MatrixStateResult, RadecResult, RayPointsResult, StateResult, TangentPointResult
 
 __all__ = [
     "sun",
@@ -24,6 +24,10 @@ __all__ = [
     "time_transport_to_processing",
     "time_transport_to_transport",
     "change_cart_cs",
+    "ray_ellipsoid",
+    "ray_height",
+    "ray_tangent",
+    "eclipse",
     "earth_orientation_get",
     "iers_matrix",
     "iers_change",
@@ -34,6 +38,7 @@ __all__ = [
     "matrix_to_euler",
     "get_rotation_angles",
     "get_rotated_vectors",
+    "star_radec",
     "time_get_pole",
     "time_add",
     "time_diff",
@@ -743,6 +748,139 @@ def change_cart_cs(t, pos, vel=None, acc=None, /, *, mode=None, cs_in, cs_out, r
     return _change_cart_cs((t, pos, vel, acc,), (_mode(mode, vel, acc), cs_in, cs_out, ref,), (model, time,), errors, return_status)
 
 
+_ray_ellipsoid = _Function("kl_ray_ellipsoid", "kitlib_kl_ray_ellipsoid_n", None, 1, RayPointsResult, False, (
+    ("model",),
+    ("n",),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "dir", 'f8', 3, False, False),
+    ("each", "margin", 'f8', 0, True, False),
+    ("gives", "t", 'f8', 2, False, False),
+    ("gives", "n_points", 'i8', 0, False, False),
+))
+
+
+def ray_ellipsoid(pos, dir, margin=None, /, *, model=None, errors="raise", return_status=False):
+    """Where a line of sight meets the ellipsoid.
+
+    Arguments, arrays that broadcast against each other:
+        pos: [..., 3], m, in axes whose z is the Earth's: KL_EF, KL_PEF, KL_TOD, KL_TEME
+        dir: [..., 3], direction, of any length but 0
+        margin: m, raises the ellipsoid: semi-axes a + margin and (a + margin) b/a
+        model: ModelId, None: the default models
+    Returns RayPoints:
+        t: [..., 2], m, along the unit direction, ascending, negative behind; NaN beyond the number of points
+        n: number of points, 0 to 2
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _ray_ellipsoid((pos, dir, margin,), (), (model,), errors, return_status)
+
+
+_ray_height = _Function("kl_ray_height", "kitlib_kl_ray_height_n", None, 1, RayPointsResult, False, (
+    ("model",),
+    ("n",),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "dir", 'f8', 3, False, False),
+    ("each", "height", 'f8', 0, False, False),
+    ("gives", "t", 'f8', 2, False, False),
+    ("gives", "n_points", 'i8', 0, False, False),
+))
+
+
+def ray_height(pos, dir, height, /, *, model=None, errors="raise", return_status=False):
+    """Where a line of sight has a geodetic height.
+
+    Arguments, arrays that broadcast against each other:
+        pos: [..., 3], m, in axes whose z is the Earth's: KL_EF, KL_PEF, KL_TOD, KL_TEME
+        dir: [..., 3], direction, of any length but 0
+        height: m, -1e5 to 1e9
+        model: ModelId, None: the default models
+    Returns RayPoints:
+        t: [..., 2], m, along the unit direction, ascending, negative behind; NaN beyond the number of points
+        n: number of points, 0 to 2
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _ray_height((pos, dir, height,), (), (model,), errors, return_status)
+
+
+_ray_tangent = _Function("kl_ray_tangent", "kitlib_kl_ray_tangent_n", None, 1, TangentPointResult, False, (
+    ("model",),
+    ("n",),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "dir", 'f8', 3, False, False),
+    ("gives", "t", 'f8', 0, False, False),
+    ("gives", "point", 'f8', 3, False, False),
+    ("gives", "geodetic", _table.Geodetic, 0, False, False),
+    ("gives", "meets_earth", 'i8', 0, False, False),
+))
+
+
+def ray_tangent(pos, dir, /, *, model=None, errors="raise", return_status=False):
+    """The point of a line of sight where the geodetic height is smallest.
+
+    Arguments, arrays that broadcast against each other:
+        pos: [..., 3], m, in axes whose z is the Earth's: KL_EF, KL_PEF, KL_TOD, KL_TEME
+        dir: [..., 3], direction, of any length but 0
+        model: ModelId, None: the default models
+    Returns TangentPoint:
+        t: m, along the unit direction, negative behind
+        point: [..., 3], m, in the axes of pos
+        geodetic: record Geodetic, its coordinates; rates 0
+        meetsEarth: 1 when the point lies below the ellipsoid, else 0
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _ray_tangent((pos, dir,), (), (model,), errors, return_status)
+
+
+_eclipse = _Function("kl_eclipse", "kitlib_kl_eclipse_n", 38, 1, EclipseStateResult, False, (
+    ("model",),
+    ("time",),
+    ("n",),
+    ("select", None),
+    ("select", _table.Frame),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "margin", 'f8', 0, True, False),
+    ("gives", "state", 'i8', 0, False, False),
+    ("gives", "fraction", 'f8', 0, False, False),
+    ("gives", "depth", 'f8', 0, False, False),
+))
+
+
+def eclipse(t, pos, margin=None, /, *, light_time=1, cs=Frame.EF, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+    """How much of the Sun the Earth hides from a satellite.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+        pos: [..., 3], m, outside the ellipsoid, up to 1e10 m from the centre of the Earth
+        margin: m, raises the ellipsoid for the opaque atmosphere, -1e4 to 2e5; NULL: 0
+    Keywords:
+        light_time: 1: the Sun as its light shows it; else where it is
+        cs: kl.Frame, frame of the position: KL_BM2000 to KL_EF, KL_BM1950 or KL_TEME
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        model: ModelId, None: the default models
+        time: TimeId, None: the correlation of the package
+    Returns EclipseState:
+        state: KL_SUNLIGHT, KL_PENUMBRA, KL_UMBRA or KL_ANNULAR
+        fraction: visible part of the Sun's disc, 0 to 1
+        depth: from the Sun's centre to the limb, in radii of the Sun, negative when the centre is covered
+    Raises KitError, or warns KitWarning (W):
+        POSITION_ERR: not finite, inside the ellipsoid with margin, beyond 1e10 m, or NULL
+        SUN_ERR: KL_Eclipse: not finite, nearer than 1e11 m, or NULL
+        MARGIN_ERR: outside -1e4 to 2e5 m
+        TIME_REF_ERR: time reference not 0 to 3, or NULL
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        CS_ERR: not one of the nine, or NULL
+        TIME_ID_ERR: time id not initialised
+        TRANSFORMATION_ERR: the Sun or the frame chain failed, or the model id holds no routine (refused init)
+        FORMULA_WARN (W): once
+        GAP_WARN (W): once
+        VALIDITY_WARN (W): once
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _eclipse((t, pos, margin,), (light_time, cs, ref,), (model, time,), errors, return_status)
+
+
 _earth_orientation_get = _Function("kl_earth_orientation_get", "kitlib_kl_earth_orientation_get_n", None, 1, EarthOrientationResult, False, (
     ("time",),
     ("n",),
@@ -1045,6 +1183,56 @@ def get_rotated_vectors(x1, y1, z1, angles, /, *, errors="raise", return_status=
     C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _get_rotated_vectors((x1, y1, z1, angles,), (), (), errors, return_status)
+
+
+_star_radec = _Function("kl_star_radec", "kitlib_kl_star_radec_n", 25, 1, RadecResult, False, (
+    ("model",),
+    ("time",),
+    ("n",),
+    ("select", None),
+    ("select", _table.Frame),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("each", "star", _table.Star, 0, False, False),
+    ("each", "observer_pos", 'f8', 3, True, False),
+    ("each", "observer_vel", 'f8', 3, True, False),
+    ("gives", "place", _table.Radec, 0, False, False),
+))
+
+
+def star_radec(t, star, observer_pos=None, observer_vel=None, /, *, corrections=7, cs_out=Frame.TOD, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+    """Place of a star in the sky of an observer.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+        star: record Star, within the ranges below
+        observer_pos: [..., 3], m, KL_GM2000, up to 1e12 m; NULL: the centre of the Earth
+        observer_vel: [..., 3], m/s, KL_GM2000, up to 3e7 m/s; NULL: that of the centre of the Earth
+    Keywords:
+        corrections: sum of KL_STAR_PARALLAX, KL_STAR_ABERRATION and KL_STAR_DEFLECTION, 0 to 7; KL_BM2000 has
+            none of them
+        cs_out: kl.Frame, axes of the place: KL_BM2000 (motion in space only), KL_GM2000, KL_MOD, KL_TOD,
+            KL_TEME, KL_PEF or KL_EF
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        model: ModelId, None: the default models
+        time: TimeId, None: the correlation of the package
+    Returns Radec:
+        ra, dec, distance, ra_rate, dec_rate, distance_rate: deg, a direction: distance 1, rates 0
+    Raises KitError, or warns KitWarning (W):
+        TIME_REF_ERR: time reference not 0 to 3, or NULL
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        CORRECTIONS_ERR: not 0 to 7, or NULL
+        CS_OUT_ERR: not one of the seven, or NULL
+        STAR_ERR: a number of the star out of its range or not finite, or NULL
+        OBSERVER_ERR: not finite, beyond 1e12 m or 3e7 m/s, or at the centre of the Sun
+        TIME_ID_ERR: time id not initialised where it is needed
+        TRANSFORMATION_ERR: the frame chain failed, or the model id holds no routine (refused init)
+        FORMULA_WARN (W): once
+        GAP_WARN (W): once
+        VALIDITY_WARN (W): once
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _star_radec((t, star, observer_pos, observer_vel,), (corrections, cs_out, ref,), (model, time,), errors, return_status)
 
 
 _time_get_pole = _Function("kl_time_get_pole", "kitlib_kl_time_get_pole_n", None, 0, None, False, (

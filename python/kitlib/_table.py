@@ -526,9 +526,13 @@ class Topocentric(_c.Structure):
 AxesResult = _namedtuple("AxesResult", "x y z")
 BodyStateResult = _namedtuple("BodyStateResult", "pos vel")
 EarthOrientationResult = _namedtuple("EarthOrientationResult", "x_pole y_pole ut1_utc ut1_tai dx dy cip_x cip_y s s_prime era notes")
+EclipseStateResult = _namedtuple("EclipseStateResult", "state fraction depth")
 LeapSecondInfoResult = _namedtuple("LeapSecondInfoResult", "sign before after")
 MatrixStateResult = _namedtuple("MatrixStateResult", "matrix rate acceleration")
+RadecResult = _namedtuple("RadecResult", "ra dec distance ra_rate dec_rate distance_rate")
+RayPointsResult = _namedtuple("RayPointsResult", "t n")
 StateResult = _namedtuple("StateResult", "pos vel acc")
+TangentPointResult = _namedtuple("TangentPointResult", "t point geodetic meetsEarth")
 
 # Conditions of each function, by its public id: constant, value in an error vector's code, is it a warning?
 CONDITIONS = {
@@ -550,6 +554,7 @@ CONDITIONS = {
     1: ("kl_time_transport_to_transport", (("TRANS_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("TRANS_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("DAYS_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("LEAP_SECOND_ERR", 10), ("SECONDS_ERR", 11), ("MILLISECONDS_ERR", 12), ("MICROSECONDS_ERR", 13), ("TICKS_ERR", 14), ("WEEK_ERR", 15), ("SECONDS_OF_WEEK_ERR", 16), ("FRACTION_ERR", 17), ("GPS_SECONDS_ERR", 18),)),
     17: ("kl_change_cart_cs", (("TIME_REF_ERR", 0), ("DATE_ERR", 1), ("CALC_MODE_ERR", 2), ("CS_IN_ERR", 3), ("CS_OUT_ERR", 4), ("TIME_ID_ERR", 5), ("FORMULA_WARN", 6), ("GAP_WARN", 7), ("VALIDITY_WARN", 8), ("TAI_ERR", 9), ("TRANSFORMATION_ERR", 10), ("LIF_ERR", 11),)),
     44: ("kl_geoid_calc", (("DEGREE_ERR", 0), ("LATITUDE_ERR", 1), ("LONGITUDE_ERR", 2), ("COMPUTATION_ERR", 3),)),
+    38: ("kl_eclipse", (("POSITION_ERR", 0), ("SUN_ERR", 1), ("MARGIN_ERR", 2), ("TIME_REF_ERR", 3), ("DATE_ERR", 4), ("CS_ERR", 5), ("TIME_ID_ERR", 6), ("TRANSFORMATION_ERR", 7), ("FORMULA_WARN", 8), ("GAP_WARN", 9), ("VALIDITY_WARN", 10),)),
     42: ("kl_model_init", (("INITIALISED_ERR", 0), ("MEMORY_ERR", 1), ("SELECTION_ERR", 2),)),
     43: ("kl_model_close", (("ID_ERR", 0),)),
     33: ("kl_quaternions_to_vectors", (("MODULE_ERR", 0),)),
@@ -560,6 +565,8 @@ CONDITIONS = {
     31: ("kl_get_rotated_vectors", (("ORTHOGONAL_ERR", 0), ("ROTATION_ERR", 1),)),
     29: ("kl_run_init", (("NO_SLOT_ERR", 0), ("SAT_ID_ERR", 1), ("TIME_ID_ERR", 2), ("MEMORY_ERR", 3), ("CONSISTENCY_ERR", 4), ("LOCK_ERR", 5), ("UNLOCK_ERR", 6),)),
     28: ("kl_default_sat_init", (("NO_SLOT_ERR", 0), ("FILE_ERR", 1), ("LOCK_ERR", 2), ("UNLOCK_ERR", 3),)),
+    25: ("kl_star_radec", (("TIME_REF_ERR", 0), ("DATE_ERR", 1), ("CORRECTIONS_ERR", 2), ("CS_OUT_ERR", 3), ("STAR_ERR", 4), ("OBSERVER_ERR", 5), ("TIME_ID_ERR", 6), ("TRANSFORMATION_ERR", 7), ("FORMULA_WARN", 8), ("GAP_WARN", 9), ("VALIDITY_WARN", 10),)),
+    35: ("kl_star_catalog", (("TIME_REF_ERR", 0), ("DATE_ERR", 1), ("CORRECTIONS_ERR", 2), ("CS_OUT_ERR", 3), ("FILE_ERR", 4), ("RECORD_ERR", 5), ("TIME_ID_ERR", 6), ("TRANSFORMATION_ERR", 7), ("FORMULA_WARN", 8), ("GAP_WARN", 9), ("VALIDITY_WARN", 10), ("FORMAT_ERR", 11), ("WINDOW_ERR", 12), ("MEMORY_ERR", 13),)),
     14: ("kl_time_ref_init", (("TAI_ERR", 0), ("UTC_ERR", 1), ("UT1_ERR", 2), ("GPS_ERR", 3), ("ORBIT_ERR", 4), ("ANX_TIME_ERR", 5), ("ORBIT_DURATION_ERR", 6), ("ANX_DURATION_ERR", 7), ("MEMORY_ERR", 8), ("ID_ERR", 9),)),
     13: ("kl_time_ref_init_file", (("ID_ERR", 0), ("MODEL_ERR", 1), ("COUNT_ERR", 2), ("WINDOW_ERR", 3), ("READ_ERR", 4), ("FORMAT_ERR", 5), ("RECORD_ERR", 6), ("ORDER_ERR", 7), ("FORMULA_ERR", 8), ("NO_RECORD_ERR", 9), ("MEMORY_ERR", 10), ("LEAP_SECOND_ERR", 11), ("COVERAGE_WARN", 12), ("TAI_UTC_WARN", 13), ("NO_UT1_WARN", 14), ("LEAP_EXPIRED_WARN", 15),)),
     15: ("kl_time_id_init", (("ID_ERR", 0), ("MODEL_ERR", 1), ("COUNT_ERR", 2), ("WINDOW_ERR", 3), ("READ_ERR", 4), ("FORMAT_ERR", 5), ("RECORD_ERR", 6), ("ORDER_ERR", 7), ("FORMULA_ERR", 8), ("NO_RECORD_ERR", 9), ("MEMORY_ERR", 10), ("LEAP_SECOND_ERR", 11), ("COVERAGE_WARN", 12), ("TAI_UTC_WARN", 13), ("NO_UT1_WARN", 14), ("LEAP_EXPIRED_WARN", 15),)),
