@@ -190,6 +190,11 @@ enum {
 /** Conditions of KL_Get_CUC_processing_epoch. */
 enum { KL_CUC_EPOCH_NOT_CONVERTED = 0 };
 
+/** Conditions of KL_Car_Geo. */
+enum {
+    KL_CAR_GEO_COMPUTATION = 0 /**< two points of the ellipsoid are equally near: distance from the centre, m */
+};
+
 /** Conditions of KL_Change_CoordinateSystem, KL_Change_CoordinateSystem_Sim. */
 enum {
     KL_CHAIN_DATE_RECORD = 0,
@@ -1020,6 +1025,27 @@ KL_API long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double 
  */
 KL_API long KL_Star_place(const kl_star *star, const double observer_barycentric[3], const double observer_velocity[3],
                           const double observer_heliocentric[3], double tdb, long corrections, double place[3]);
+
+/* ---- coordinates and orbits ------------------------------------------------------------------------------ */
+
+/**
+ * Kernel of kl_cart_to_geod: geodetic latitude and longitude (-pi to pi) in radians, height in metres, of an Earth-fixed
+ * position in metres. Warns, with the distance from the centre in metres, where two points of the ellipsoid are equally
+ * near (the northern one is taken); -1 for a position that kl_cart_to_geod refuses.
+ */
+KL_API long KL_Car_Geo(const kl_model_id *model_id, const double pos[3], double *lat, double *lon, double *h,
+                       kl_error_record *record);
+/**
+ * Eccentric anomaly E of E - e sin E = M, radians, in the turn of M: |M| up to 1e8, 0 <= e < 1; NaN otherwise.
+ */
+KL_API double KL_Kepler_ellipse(double mean_anomaly, double eccentricity);
+/** Hyperbolic anomaly H of e sinh H - H = M, radians: any finite M, e > 1; NaN otherwise. */
+KL_API double KL_Kepler_hyperbola(double mean_anomaly, double eccentricity);
+/**
+ * Frame that goes along with a satellite: kl_local_orbital_frame without its vector; 0, or -1 for what that refuses.
+ */
+KL_API long KL_Local_orbital_frame(long kind, const double pos[3], const double vel[3], const double acc[3],
+                                   double r[9], double dr[9]);
 
 #ifdef __cplusplus
 }

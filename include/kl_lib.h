@@ -20,7 +20,7 @@
 #include "kl/arrays.h"      /* functions for many elements at once */
 #include "kl/bodies.h"      /* Sun, Moon, planets */
 #include "kl/clocks.h"      /* on-board clocks, CUC */
-#include "kl/coordinates.h" /* geodetic, Keplerian, polar and topocentric coordinates */
+#include "kl/coordinates.h" /* geodetic, Keplerian, polar; geodesics; orbits; crossings */
 #include "kl/errors.h"      /* error vectors, codes, texts, versions */
 #include "kl/formats.h"     /* texts and transport times: the nine conversions */
 #include "kl/frames.h"      /* reference frames */

@@ -8,6 +8,7 @@
 
 #include "kl/bodies.h"
 #include "kl/clocks.h"
+#include "kl/coordinates.h"
 #include "kl/formats.h"
 #include "kl/frames.h"
 #include "kl/geometry.h"
@@ -41,6 +42,37 @@ KL_API long kl_time_obt_to_time_run(const long *run_id, const long *time_ref, co
 /** kl_time_time_to_obt with the satellite id of a run. */
 KL_API long kl_time_time_to_obt_run(const long *run_id, const long *time_ref, const void *parameters,
                                     const double *time, void *obt, long *ierr);
+/** kl_geod_to_cart with the model id of a run. */
+KL_API long kl_geod_to_cart_run(const long *run_id, const long *calc_mode, const kl_geodetic *in, double pos[3],
+                                double vel[3], long *ierr);
+/** kl_cart_to_geod with the model id of a run. */
+KL_API long kl_cart_to_geod_run(const long *run_id, const long *calc_mode, const double pos[3], const double vel[3],
+                                kl_geodetic *out, long *ierr);
+/** kl_kepl_to_cart with the model id of a run. */
+KL_API long kl_kepl_to_cart_run(const long *run_id, const long *kind, const kl_kepler *in, double pos[3], double vel[3],
+                                long *ierr);
+/** kl_cart_to_kepl with the model id of a run. */
+KL_API long kl_cart_to_kepl_run(const long *run_id, const long *kind, const double pos[3], const double vel[3],
+                                kl_kepler *out, long *ierr);
+/** kl_geod_distance with the model id of a run. */
+KL_API long kl_geod_distance_run(const long *run_id, const double *lat1, const double *lon1, const double *lat2,
+                                 const double *lon2, double *distance, double *azimuth1, double *azimuth2, long *ierr);
+/** kl_position_on_orbit with the model and time ids of a run. */
+KL_API long kl_position_on_orbit_run(const long *run_id, const long *calc_mode, const long *cs, const long *time_ref,
+                                     const double *time, const double pos[3], const double vel[3], const double acc[3],
+                                     kl_orbit_angle *out, long *ierr);
+/** kl_cart_to_radec with the model id of a run. */
+KL_API long kl_cart_to_radec_run(const long *run_id, const long *calc_mode, const double pos[3], const double vel[3],
+                                 kl_radec *out, long *ierr);
+/** kl_radec_to_cart with the model id of a run. */
+KL_API long kl_radec_to_cart_run(const long *run_id, const long *calc_mode, const kl_radec *in, double pos[3],
+                                 double vel[3], long *ierr);
+/** kl_ef_to_topocentric with the model id of a run. */
+KL_API long kl_ef_to_topocentric_run(const long *run_id, const long *calc_mode, const kl_geodetic *origin,
+                                     const double pos[3], const double vel[3], kl_topocentric *out, long *ierr);
+/** kl_topocentric_to_ef with the model id of a run. */
+KL_API long kl_topocentric_to_ef_run(const long *run_id, const long *calc_mode, const kl_geodetic *origin,
+                                     const kl_topocentric *in, double pos[3], double vel[3], long *ierr);
 /** kl_time_processing_to_processing with the time id of a run. */
 KL_API long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
                                                  const double *time_in, const long *proc_id_out,

@@ -67,6 +67,51 @@ public:
                                       const CucTime &cuc);
     /** CCSDS unsegmented time code of a processing time. */
     static CucTime timeProcessingToCuc(const TimeId &time_id, const kl_cuc_config &config, long time_ref, double time);
+    /** Geodetic to Earth-fixed Cartesian coordinates. */
+    static BodyState geodToCart(const ModelId &model_id, long calc_mode, const kl_geodetic &in);
+    static BodyState geodToCart(const RunId &run, long calc_mode, const kl_geodetic &in);
+    /** Earth-fixed Cartesian to geodetic coordinates. */
+    static kl_geodetic cartToGeod(const ModelId &model_id, long calc_mode, const BodyState &in);
+    static kl_geodetic cartToGeod(const RunId &run, long calc_mode, const BodyState &in);
+    /** Keplerian elements to position and velocity. */
+    static BodyState keplToCart(const ModelId &model_id, long kind, const kl_kepler &in);
+    static BodyState keplToCart(const RunId &run, long kind, const kl_kepler &in);
+    /** Position and velocity to Keplerian elements. */
+    static kl_kepler cartToKepl(const ModelId &model_id, long kind, const BodyState &in);
+    static kl_kepler cartToKepl(const RunId &run, long kind, const BodyState &in);
+    /** Length and azimuths of the shortest path between two points of the ellipsoid. */
+    static Geodesic geodDistance(const ModelId &model_id, double lat1, double lon1, double lat2, double lon2);
+    static Geodesic geodDistance(const RunId &run, double lat1, double lon1, double lat2, double lon2);
+    /** The point at a distance along the geodesic that starts with an azimuth. */
+    static GeodesicEnd geodPoint(const ModelId &model_id, double lat, double lon, double azimuth, double distance);
+    /** Angle of a satellite on its orbit, from the ascending node in the direction of motion. */
+    static kl_orbit_angle positionOnOrbit(const ModelId &model_id, const TimeId &time_id, long calc_mode, long cs,
+                                          long time_ref, double time, const State &in);
+    static kl_orbit_angle positionOnOrbit(const RunId &run, long calc_mode, long cs, long time_ref, double time,
+                                          const State &in);
+    /** Beta angle, local solar times of the ascending node, angle from the Sun to the satellite. */
+    static kl_orbit_sun_angles orbitSun(const ModelId &model_id, const TimeId &time_id, long cs, long time_ref,
+                                        double time, const BodyState &in);
+    /** Position and velocity to right ascension and declination. */
+    static kl_radec cartToRadec(const ModelId &model_id, long calc_mode, const BodyState &in);
+    static kl_radec cartToRadec(const RunId &run, long calc_mode, const BodyState &in);
+    /** Right ascension and declination to position and velocity. */
+    static BodyState radecToCart(const ModelId &model_id, long calc_mode, const kl_radec &in);
+    static BodyState radecToCart(const RunId &run, long calc_mode, const kl_radec &in);
+    /** Earth-fixed position and velocity to azimuth, elevation and range from a place on the Earth. */
+    static kl_topocentric efToTopocentric(const ModelId &model_id, long calc_mode, const kl_geodetic &origin,
+                                          const BodyState &in);
+    static kl_topocentric efToTopocentric(const RunId &run, long calc_mode, const kl_geodetic &origin,
+                                          const BodyState &in);
+    /** Azimuth, elevation and range from a place on the Earth to Earth-fixed position and velocity. */
+    static BodyState topocentricToEf(const ModelId &model_id, long calc_mode, const kl_geodetic &origin,
+                                     const kl_topocentric &in);
+    static BodyState topocentricToEf(const RunId &run, long calc_mode, const kl_geodetic &origin,
+                                     const kl_topocentric &in);
+    /** Geodetic latitude and longitude of universal transverse Mercator coordinates. */
+    static GridPlace utmToGeod(const ModelId &model_id, long zone, long north, double easting, double northing);
+    /** Axes of a frame that goes along with a satellite. */
+    static LocalFrame localOrbitalFrame(long kind, const State &in);
     /** Carries a processing time to another scale. */
     static double timeProcessingToProcessing(const TimeId &time_id, long time_ref_in, double time_in,
                                              long time_ref_out);

@@ -68,6 +68,26 @@ struct MatrixState {
     Matrix matrix{}, rate{}, acceleration{};
 };
 
+/** Shortest path between two points of the ellipsoid: m; deg, direction of travel at its ends. */
+struct Geodesic {
+    double distance, azimuth1, azimuth2;
+};
+
+/** End of a geodesic: deg. */
+struct GeodesicEnd {
+    double latitude, longitude, azimuth;
+};
+
+/** Place of a pair of grid coordinates: deg. */
+struct GridPlace {
+    double latitude, longitude;
+};
+
+/** Axes of a frame that goes along with a satellite, row by row, and their derivative, 1/s. */
+struct LocalFrame {
+    Matrix r, dr;
+};
+
 /** A text of a time. It lives on the stack: conversions to it allocate nothing. */
 struct TimeText {
     char text[KL_TIME_ASCII_LENGTH];

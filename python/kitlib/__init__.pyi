@@ -132,6 +132,17 @@ class CucEpoch(IntEnum):
 class Interpolation(IntEnum):
     SLERP = 0
 
+class Elements(IntEnum):
+    OSCULATING = 0
+    MEAN = 1
+
+class LocalFrame(IntEnum):
+    QSW = 0
+    LVLH = 1
+    TNW = 2
+    NTW = 3
+    VNC = 4
+
 class Shadow(IntEnum):
     SUNLIGHT = 0
     PENUMBRA = 1
@@ -291,6 +302,13 @@ class OrbitAngle(ctypes.Structure):
     inclination: Any
     def __init__(self, angle: Any = ..., rate: Any = ..., rate_of_rate: Any = ..., node: Any = ..., node_rate: Any = ..., inclination: Any = ...) -> None: ...
 
+class OrbitSunAngles(ctypes.Structure):
+    beta: Any
+    node_true_solar_time: Any
+    node_mean_solar_time: Any
+    sun_to_satellite: Any
+    def __init__(self, beta: Any = ..., node_true_solar_time: Any = ..., node_mean_solar_time: Any = ..., sun_to_satellite: Any = ...) -> None: ...
+
 class Radec(ctypes.Structure):
     ra: Any
     dec: Any
@@ -393,6 +411,75 @@ class BodyStateResult(NamedTuple):
     pos: Doubles
     vel: Doubles
 
+class GeodeticResult(NamedTuple):
+    latitude: Any
+    longitude: Any
+    height: Any
+    latitude_rate: Any
+    longitude_rate: Any
+    height_rate: Any
+
+class KeplerResult(NamedTuple):
+    semi_major_axis: Any
+    eccentricity: Any
+    inclination: Any
+    raan: Any
+    arg_perigee: Any
+    mean_anomaly: Any
+
+class GeodesicResult(NamedTuple):
+    distance: Any
+    azimuth1: Any
+    azimuth2: Any
+
+class GeodesicEndResult(NamedTuple):
+    latitude: Any
+    longitude: Any
+    azimuth: Any
+
+class OrbitAngleResult(NamedTuple):
+    angle: Any
+    rate: Any
+    rate_of_rate: Any
+    node: Any
+    node_rate: Any
+    inclination: Any
+
+class OrbitSunAnglesResult(NamedTuple):
+    beta: Any
+    node_true_solar_time: Any
+    node_mean_solar_time: Any
+    sun_to_satellite: Any
+
+class RadecResult(NamedTuple):
+    ra: Any
+    dec: Any
+    distance: Any
+    ra_rate: Any
+    dec_rate: Any
+    distance_rate: Any
+
+class TopocentricResult(NamedTuple):
+    azimuth: Any
+    elevation: Any
+    range: Any
+    azimuth_rate: Any
+    elevation_rate: Any
+    range_rate: Any
+
+class CoticchiaSuraceResult(NamedTuple):
+    north: Any
+    easting: Any
+    northing: Any
+
+class GridPlaceResult(NamedTuple):
+    latitude: Any
+    longitude: Any
+
+class LocalFrameResult(NamedTuple):
+    r: Doubles
+    dr: Doubles
+
 class StateResult(NamedTuple):
     pos: Doubles
     vel: Doubles
@@ -437,14 +524,6 @@ class AxesResult(NamedTuple):
     y: Doubles
     z: Doubles
 
-class RadecResult(NamedTuple):
-    ra: Any
-    dec: Any
-    distance: Any
-    ra_rate: Any
-    dec_rate: Any
-    distance_rate: Any
-
 class LeapSecondInfoResult(NamedTuple):
     sign: Any
     before: Any
@@ -455,6 +534,21 @@ def moon(t: Numbers, /, *, ref: Time | str | int = ..., model: ModelId | None = 
 def planet(t: Numbers, /, *, planet: Planet | str | int, ref: Time | str | int = ..., model: ModelId | None = ..., time: TimeId | None = ..., errors: str = ..., return_status: bool = ...) -> BodyStateResult: ...
 def time_cuc_to_processing(cuc: Octets, /, *, config: Record, ref: Time | str | int = ..., time: TimeId | None = ..., errors: str = ..., return_status: bool = ...) -> Any: ...
 def time_processing_to_cuc(t: Numbers, /, *, config: Record, ref: Time | str | int = ..., time: TimeId | None = ..., errors: str = ..., return_status: bool = ...) -> Bytes: ...
+def geod_to_cart(latitude: Numbers, longitude: Numbers, height: Numbers, latitude_rate: Numbers | None = ..., longitude_rate: Numbers | None = ..., height_rate: Numbers | None = ..., /, *, mode: CalcMode | str | int | None = ..., model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> BodyStateResult: ...
+def cart_to_geod(pos: Numbers, vel: Numbers | None = ..., /, *, mode: CalcMode | str | int | None = ..., model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> GeodeticResult: ...
+def kepl_to_cart(semi_major_axis: Numbers, eccentricity: Numbers, inclination: Numbers, raan: Numbers, arg_perigee: Numbers, mean_anomaly: Numbers, /, *, kind: Elements | str | int = ..., model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> BodyStateResult: ...
+def cart_to_kepl(pos: Numbers, vel: Numbers, /, *, kind: Elements | str | int = ..., model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> KeplerResult: ...
+def geod_distance(lat1: Numbers, lon1: Numbers, lat2: Numbers, lon2: Numbers, /, *, model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> GeodesicResult: ...
+def geod_point(lat: Numbers, lon: Numbers, azimuth: Numbers, distance: Numbers, /, *, model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> GeodesicEndResult: ...
+def position_on_orbit(t: Numbers, pos: Numbers, vel: Numbers | None = ..., acc: Numbers | None = ..., /, *, mode: CalcMode | str | int | None = ..., cs: Frame | str | int = ..., ref: Time | str | int = ..., model: ModelId | None = ..., time: TimeId | None = ..., errors: str = ..., return_status: bool = ...) -> OrbitAngleResult: ...
+def orbit_sun(t: Numbers, pos: Numbers, vel: Numbers, /, *, cs: Frame | str | int = ..., ref: Time | str | int = ..., model: ModelId | None = ..., time: TimeId | None = ..., errors: str = ..., return_status: bool = ...) -> OrbitSunAnglesResult: ...
+def cart_to_radec(pos: Numbers, vel: Numbers | None = ..., /, *, mode: CalcMode | str | int | None = ..., model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> RadecResult: ...
+def radec_to_cart(ra: Numbers, dec: Numbers, distance: Numbers, ra_rate: Numbers | None = ..., dec_rate: Numbers | None = ..., distance_rate: Numbers | None = ..., /, *, mode: CalcMode | str | int | None = ..., model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> BodyStateResult: ...
+def ef_to_topocentric(pos: Numbers, vel: Numbers | None = ..., /, *, mode: CalcMode | str | int | None = ..., origin: Record, model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> TopocentricResult: ...
+def topocentric_to_ef(azimuth: Numbers, elevation: Numbers, range: Numbers, azimuth_rate: Numbers | None = ..., elevation_rate: Numbers | None = ..., range_rate: Numbers | None = ..., /, *, mode: CalcMode | str | int | None = ..., origin: Record, model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> BodyStateResult: ...
+def Coticchia_Surace(lat: Numbers, lon: Numbers, zone: Numbers, /, *, model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> CoticchiaSuraceResult: ...
+def utm_to_geod(zone: Numbers, north: Numbers, easting: Numbers, northing: Numbers, /, *, model: ModelId | None = ..., errors: str = ..., return_status: bool = ...) -> GridPlaceResult: ...
+def local_orbital_frame(pos: Numbers, vel: Numbers, acc: Numbers | None = ..., /, *, kind: LocalFrame | str | int = ..., errors: str = ..., return_status: bool = ...) -> LocalFrameResult: ...
 def time_processing_to_processing(t: Numbers, /, *, ref_in: Time | str | int = ..., ref_out: Time | str | int = ..., time: TimeId | None = ..., errors: str = ..., return_status: bool = ...) -> Any: ...
 def time_ascii_to_ascii(text: Texts, /, *, fmt_in: Ascii | str | int = ..., ref_in: Time | str | int = ..., fmt_out: Ascii | str | int = ..., ref_out: Time | str | int = ..., time: TimeId | None = ..., errors: str = ..., return_status: bool = ...) -> Any: ...
 def time_ascii_to_processing(text: Texts, /, *, fmt_in: Ascii | str | int = ..., ref_in: Time | str | int = ..., ref_out: Time | str | int = ..., time: TimeId | None = ..., errors: str = ..., return_status: bool = ...) -> Any: ...

@@ -6,7 +6,7 @@ Written by tools/api/generate.py from the table in api/ and the headers in inclu
 from . import _table
 from ._arrays import Function as _Function, mode_of as _mode
 from ._table import *  # noqa: F403
-from ._table import AxesResult, BodyStateResult, EarthOrientationResult, EclipseStateResult, LeapSecondInfoResult, MatrixStateResult, RadecResult, RayPointsResult, StateResult, TangentPointResult
+from ._table import AxesResult, BodyStateResult, CoticchiaSuraceResult, EarthOrientationResult, EclipseStateResult, GeodesicEndResult, GeodesicResult, GeodeticResult, GridPlaceResult, KeplerResult, LeapSecondInfoResult, LocalFrameResult, MatrixStateResult, OrbitAngleResult, OrbitSunAnglesResult, RadecResult, RayPointsResult, StateResult, TangentPointResult, TopocentricResult
 
 __all__ = [
     "sun",
@@ -14,6 +14,21 @@ __all__ = [
     "planet",
     "time_cuc_to_processing",
     "time_processing_to_cuc",
+    "geod_to_cart",
+    "cart_to_geod",
+    "kepl_to_cart",
+    "cart_to_kepl",
+    "geod_distance",
+    "geod_point",
+    "position_on_orbit",
+    "orbit_sun",
+    "cart_to_radec",
+    "radec_to_cart",
+    "ef_to_topocentric",
+    "topocentric_to_ef",
+    "Coticchia_Surace",
+    "utm_to_geod",
+    "local_orbital_frame",
     "time_processing_to_processing",
     "time_ascii_to_ascii",
     "time_ascii_to_processing",
@@ -219,6 +234,500 @@ def time_processing_to_cuc(t, /, *, config, ref=Time.UTC, time=None, errors="rai
     C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_processing_to_cuc((t,), (config, ref,), (time,), errors, return_status)
+
+
+_geod_to_cart = _Function("kl_geod_to_cart", "kitlib_kl_geod_to_cart_n", 18, 1, BodyStateResult, True, (
+    ("model",),
+    ("n",),
+    ("select", _table.CalcMode),
+    ("each", "in", _table.Geodetic, 0, False, False),
+    ("gives", "pos", 'f8', 3, False, False),
+    ("gives", "vel", 'f8', 3, False, False),
+))
+
+
+def geod_to_cart(latitude, longitude, height, latitude_rate=None, longitude_rate=None, height_rate=None, /, *, mode=None, model=None, errors="raise", return_status=False):
+    """Geodetic to Earth-fixed Cartesian coordinates.
+
+    Arguments, arrays that broadcast against each other:
+        latitude, longitude, height, latitude_rate, longitude_rate, height_rate: latitude -90 to 90, longitude
+            -360 to 360, height from the centre to 1e12 m; rates in mode 2
+    Keywords:
+        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        model: ModelId, None: the default models
+    Returns BodyState:
+        pos: [..., 3], m, KL_EF
+        vel: [..., 3], m/s, relative to the rotating axes; 0 in mode 1
+    Raises KitError, or warns KitWarning (W):
+        CALC_MODE_ERR: mode not 1 or 2, or NULL
+        LATITUDE_ERR: outside -90 to 90, NaN, or in is NULL
+        LONGITUDE_ERR: outside -360 to 360, or NaN
+        HEIGHT_ERR: below the centre or above 1e12 m, or NaN
+        RATES_ERR: mode 2: not finite, or of a velocity that is not
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _geod_to_cart((latitude, longitude, height, latitude_rate, longitude_rate, height_rate,), (_mode(mode, latitude_rate, None),), (model,), errors, return_status)
+
+
+_cart_to_geod = _Function("kl_cart_to_geod", "kitlib_kl_cart_to_geod_n", 19, 1, GeodeticResult, False, (
+    ("model",),
+    ("n",),
+    ("select", _table.CalcMode),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "vel", 'f8', 3, True, False),
+    ("gives", "out", _table.Geodetic, 0, False, False),
+))
+
+
+def cart_to_geod(pos, vel=None, /, *, mode=None, model=None, errors="raise", return_status=False):
+    """Earth-fixed Cartesian to geodetic coordinates.
+
+    Arguments, arrays that broadcast against each other:
+        pos: [..., 3], m, KL_EF, up to 1e12 m from the centre
+        vel: [..., 3], m/s, relative to the rotating axes, up to 1e9; read in mode 2
+    Keywords:
+        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        model: ModelId, None: the default models
+    Returns Geodetic:
+        latitude, longitude, height, latitude_rate, longitude_rate, height_rate: latitude, longitude, height;
+            rates in mode 2
+    Raises KitError, or warns KitWarning (W):
+        CALC_MODE_ERR: mode not 1 or 2, or NULL
+        POSITION_ERR: not finite, beyond 1e12 m, or NULL
+        VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s, or NULL
+        TWO_FEET_WARN (W): in the plane of the equator, within 42697.67 m of the centre; or the latitude has no
+            rate
+        POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rate is 0
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _cart_to_geod((pos, vel,), (_mode(mode, vel, None),), (model,), errors, return_status)
+
+
+_kepl_to_cart = _Function("kl_kepl_to_cart", "kitlib_kl_kepl_to_cart_n", 20, 1, BodyStateResult, True, (
+    ("model",),
+    ("n",),
+    ("select", _table.Elements),
+    ("each", "in", _table.Kepler, 0, False, False),
+    ("gives", "pos", 'f8', 3, False, False),
+    ("gives", "vel", 'f8', 3, False, False),
+))
+
+
+def kepl_to_cart(semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly, /, *, kind=Elements.OSCULATING, model=None, errors="raise", return_status=False):
+    """Keplerian elements to position and velocity.
+
+    Arguments, arrays that broadcast against each other:
+        semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly: ellipse or hyperbola, semi-
+            major axis up to 1e13 m; angles up to 1e8 deg
+    Keywords:
+        kind: kl.Elements, KL_KEPLER_OSCULATING or KL_KEPLER_MEAN
+        model: ModelId, None: the default models
+    Returns BodyState:
+        pos: [..., 3], m, inertial equatorial frame; KL_TOD for mean elements
+        vel: [..., 3], m/s
+    Raises KitError, or warns KitWarning (W):
+        KIND_ERR: kind not 0 or 1, or NULL
+        ELEMENTS_ERR: neither an ellipse nor a hyperbola, beyond 1e13 m, NaN, or in is NULL
+        INCLINATION_ERR: outside 0 to 180, or NaN
+        ANGLES_ERR: not finite, or beyond 1e8 deg
+        MEAN_ERR: e from 0.99 on, a (1 - e^2) below half the gravity radius, or no ellipse belongs to them
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _kepl_to_cart((semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly,), (kind,), (model,), errors, return_status)
+
+
+_cart_to_kepl = _Function("kl_cart_to_kepl", "kitlib_kl_cart_to_kepl_n", 21, 1, KeplerResult, False, (
+    ("model",),
+    ("n",),
+    ("select", _table.Elements),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "vel", 'f8', 3, False, False),
+    ("gives", "out", _table.Kepler, 0, False, False),
+))
+
+
+def cart_to_kepl(pos, vel, /, *, kind=Elements.OSCULATING, model=None, errors="raise", return_status=False):
+    """Position and velocity to Keplerian elements.
+
+    Arguments, arrays that broadcast against each other:
+        pos: [..., 3], m, inertial equatorial frame, up to 1e13 m
+        vel: [..., 3], m/s, up to 1e9
+    Keywords:
+        kind: kl.Elements, KL_KEPLER_OSCULATING or KL_KEPLER_MEAN
+        model: ModelId, None: the default models
+    Returns Kepler:
+        semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly: elements; angles 0 to 360,
+            the mean anomaly of a hyperbola without bounds
+    Raises KitError, or warns KitWarning (W):
+        KIND_ERR: kind not 0 or 1, or NULL
+        STATE_ERR: not finite, position zero or beyond 1e13 m, velocity beyond 1e9 m/s, or NULL
+        CONIC_ERR: no angular momentum, or |2 - r v^2/gm| below 1e-9
+        MEAN_ERR: hyperbola, e from 0.99 on, or a (1 - e^2) below half the gravity radius
+        CONVERGENCE_ERR: no closure below 1e-13
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _cart_to_kepl((pos, vel,), (kind,), (model,), errors, return_status)
+
+
+_geod_distance = _Function("kl_geod_distance", "kitlib_kl_geod_distance_n", 26, 1, GeodesicResult, False, (
+    ("model",),
+    ("n",),
+    ("each", "lat1", 'f8', 0, False, False),
+    ("each", "lon1", 'f8', 0, False, False),
+    ("each", "lat2", 'f8', 0, False, False),
+    ("each", "lon2", 'f8', 0, False, False),
+    ("gives", "distance", 'f8', 0, False, False),
+    ("gives", "azimuth1", 'f8', 0, False, False),
+    ("gives", "azimuth2", 'f8', 0, False, False),
+))
+
+
+def geod_distance(lat1, lon1, lat2, lon2, /, *, model=None, errors="raise", return_status=False):
+    """Length and azimuths of the shortest path between two points of the ellipsoid.
+
+    Arguments, arrays that broadcast against each other:
+        lat1: deg, -90 to 90
+        lon1: deg, -360 to 360
+        lat2: deg, -90 to 90
+        lon2: deg, -360 to 360
+        model: ModelId, None: the default models
+    Returns Geodesic:
+        distance: m
+        azimuth1: deg, direction of travel at the first point; NULL: not asked for
+        azimuth2: deg, direction of travel at the second point; NULL: not asked for
+    Raises KitError, or warns KitWarning (W):
+        LATITUDE1_ERR: outside -90 to 90, NaN, or NULL
+        LONGITUDE1_ERR: outside -360 to 360, NaN, or NULL
+        LATITUDE2_ERR: outside -90 to 90, NaN, or NULL
+        LONGITUDE2_ERR: outside -360 to 360, NaN, or NULL
+        CONVERGENCE_ERR: not seen: a bracket is halved where steps leave it
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _geod_distance((lat1, lon1, lat2, lon2,), (), (model,), errors, return_status)
+
+
+_geod_point = _Function("kl_geod_point", "kitlib_kl_geod_point_n", None, 1, GeodesicEndResult, False, (
+    ("model",),
+    ("n",),
+    ("each", "lat", 'f8', 0, False, False),
+    ("each", "lon", 'f8', 0, False, False),
+    ("each", "azimuth", 'f8', 0, False, False),
+    ("each", "distance", 'f8', 0, False, False),
+    ("gives", "lat2", 'f8', 0, False, False),
+    ("gives", "lon2", 'f8', 0, False, False),
+    ("gives", "azimuth2", 'f8', 0, False, False),
+))
+
+
+def geod_point(lat, lon, azimuth, distance, /, *, model=None, errors="raise", return_status=False):
+    """The point at a distance along the geodesic that starts with an azimuth.
+
+    Arguments, arrays that broadcast against each other:
+        lat: deg, -90 to 90
+        lon: deg, -360 to 360
+        azimuth: deg, north through east, -360 to 360
+        distance: m, -1e9 to 1e9; negative: backwards
+        model: ModelId, None: the default models
+    Returns GeodesicEnd:
+        latitude: deg
+        longitude: deg
+        azimuth: deg, direction of travel there; NULL: not asked for
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _geod_point((lat, lon, azimuth, distance,), (), (model,), errors, return_status)
+
+
+_position_on_orbit = _Function("kl_position_on_orbit", "kitlib_kl_position_on_orbit_n", 32, 1, OrbitAngleResult, False, (
+    ("model",),
+    ("time",),
+    ("n",),
+    ("select", _table.CalcMode),
+    ("select", _table.Frame),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "vel", 'f8', 3, True, False),
+    ("each", "acc", 'f8', 3, True, False),
+    ("gives", "out", _table.OrbitAngle, 0, False, False),
+))
+
+
+def position_on_orbit(t, pos, vel=None, acc=None, /, *, mode=None, cs=Frame.EF, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+    """Angle of a satellite on its orbit, from the ascending node in the direction of motion.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+        pos: [..., 3], m, up to 1e13
+        vel: [..., 3], m/s, up to 1e9
+        acc: [..., 3], m/s2, read in modes 2 and 3; NULL or zeros: motion of two bodies
+    Keywords:
+        mode: kl.CalcMode, KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC; left out: by the arguments given
+        cs: kl.Frame, frame of the state, KL_BM2000 to KL_TEME but KL_GALACTIC
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        model: ModelId, None: the default models
+        time: TimeId, None: the correlation of the package
+    Returns OrbitAngle:
+        angle, rate, rate_of_rate, node, node_rate, inclination: angle, node, inclination, and what the mode
+            asks for
+    Raises KitError, or warns KitWarning (W):
+        TIME_REF_ERR: time reference not 0 to 3, or NULL
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        CALC_MODE_ERR: mode not 1 to 3, or NULL
+        CS_ERR: frame not 1 to 11, KL_GALACTIC (it carries no velocity), or NULL
+        STATE_ERR: not finite, beyond 1e13 m, 1e9 m/s or 1e9 m/s2, or NULL
+        TIME_ID_ERR: the time cannot be brought to UT1
+        TRANSFORMATION_ERR: KL_LIF, a model id without the routine, or no way to TDB
+        PLANE_ERR: no angular momentum
+        EQUATOR_WARN (W): node 0
+        FORMULA_WARN (W): once, when a call leaves the table for the UT1-UTC formula
+        GAP_WARN (W): once, when a call enters the gap between two bulletins
+        VALIDITY_WARN (W): once, when a call leaves the validity of the table
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _position_on_orbit((t, pos, vel, acc,), (_mode(mode, True, acc), cs, ref,), (model, time,), errors, return_status)
+
+
+_orbit_sun = _Function("kl_orbit_sun", "kitlib_kl_orbit_sun_n", None, 1, OrbitSunAnglesResult, False, (
+    ("model",),
+    ("time",),
+    ("n",),
+    ("select", _table.Frame),
+    ("select", _table.Time),
+    ("each", "t", 'f8', 0, False, False),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "vel", 'f8', 3, False, False),
+    ("gives", "out", _table.OrbitSunAngles, 0, False, False),
+))
+
+
+def orbit_sun(t, pos, vel, /, *, cs=Frame.EF, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+    """Beta angle, local solar times of the ascending node, angle from the Sun to the satellite.
+
+    Arguments, arrays that broadcast against each other:
+        t: days, MJD2000, -18262.0 to 36524.0
+        pos: [..., 3], m, up to 1e13
+        vel: [..., 3], m/s, up to 1e9
+    Keywords:
+        cs: kl.Frame, frame of the state, KL_BM2000 to KL_TEME but KL_GALACTIC
+        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        model: ModelId, None: the default models
+        time: TimeId, None: the correlation of the package
+    Returns OrbitSunAngles:
+        beta, node_true_solar_time, node_mean_solar_time, sun_to_satellite
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _orbit_sun((t, pos, vel,), (cs, ref,), (model, time,), errors, return_status)
+
+
+_cart_to_radec = _Function("kl_cart_to_radec", "kitlib_kl_cart_to_radec_n", 36, 1, RadecResult, False, (
+    ("model",),
+    ("n",),
+    ("select", _table.CalcMode),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "vel", 'f8', 3, True, False),
+    ("gives", "out", _table.Radec, 0, False, False),
+))
+
+
+def cart_to_radec(pos, vel=None, /, *, mode=None, model=None, errors="raise", return_status=False):
+    """Position and velocity to right ascension and declination.
+
+    Arguments, arrays that broadcast against each other:
+        pos: [..., 3], m, equatorial frame; finite and not zero, of any size
+        vel: [..., 3], m/s, up to 1e9; read in mode 2
+    Keywords:
+        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        model: ModelId, None: the default models
+    Returns Radec:
+        ra, dec, distance, ra_rate, dec_rate, distance_rate: right ascension, declination, distance; rates in
+            mode 2
+    Raises KitError, or warns KitWarning (W):
+        CALC_MODE_ERR: mode not 1 or 2, or NULL
+        POSITION_ERR: not finite, zero, or NULL
+        VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s, or NULL
+        POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rates are 0
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _cart_to_radec((pos, vel,), (_mode(mode, vel, None),), (model,), errors, return_status)
+
+
+_radec_to_cart = _Function("kl_radec_to_cart", "kitlib_kl_radec_to_cart_n", 37, 1, BodyStateResult, True, (
+    ("model",),
+    ("n",),
+    ("select", _table.CalcMode),
+    ("each", "in", _table.Radec, 0, False, False),
+    ("gives", "pos", 'f8', 3, False, False),
+    ("gives", "vel", 'f8', 3, False, False),
+))
+
+
+def radec_to_cart(ra, dec, distance, ra_rate=None, dec_rate=None, distance_rate=None, /, *, mode=None, model=None, errors="raise", return_status=False):
+    """Right ascension and declination to position and velocity.
+
+    Arguments, arrays that broadcast against each other:
+        ra, dec, distance, ra_rate, dec_rate, distance_rate: right ascension -360 to 360, declination -90 to 90,
+            distance from 0; rates in mode 2
+    Keywords:
+        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        model: ModelId, None: the default models
+    Returns BodyState:
+        pos: [..., 3], m
+        vel: [..., 3], m/s, 0 in mode 1
+    Raises KitError, or warns KitWarning (W):
+        CALC_MODE_ERR: mode not 1 or 2, or NULL
+        RA_ERR: outside -360 to 360, NaN, or in is NULL
+        DEC_ERR: outside -90 to 90, or NaN
+        DISTANCE_ERR: negative, or not finite
+        RATES_ERR: mode 2: not finite, or of a velocity that is not
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _radec_to_cart((ra, dec, distance, ra_rate, dec_rate, distance_rate,), (_mode(mode, ra_rate, None),), (model,), errors, return_status)
+
+
+_ef_to_topocentric = _Function("kl_ef_to_topocentric", "kitlib_kl_ef_to_topocentric_n", None, 1, TopocentricResult, False, (
+    ("model",),
+    ("n",),
+    ("select", _table.CalcMode),
+    ("record", _table.Geodetic),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "vel", 'f8', 3, True, False),
+    ("gives", "out", _table.Topocentric, 0, False, False),
+))
+
+
+def ef_to_topocentric(pos, vel=None, /, *, mode=None, origin, model=None, errors="raise", return_status=False):
+    """Earth-fixed position and velocity to azimuth, elevation and range from a place on the Earth.
+
+    Arguments, arrays that broadcast against each other:
+        pos: [..., 3], m, KL_EF, up to 1e13 m
+        vel: [..., 3], m/s, relative to the rotating axes, up to 1e9; read in mode 2
+    Keywords:
+        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        origin: record Geodetic, the place; its rates are not read
+        model: ModelId, None: the default models
+    Returns Topocentric:
+        azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate: azimuth, elevation, range; rates in
+            mode 2
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _ef_to_topocentric((pos, vel,), (_mode(mode, vel, None), origin,), (model,), errors, return_status)
+
+
+_topocentric_to_ef = _Function("kl_topocentric_to_ef", "kitlib_kl_topocentric_to_ef_n", None, 1, BodyStateResult, True, (
+    ("model",),
+    ("n",),
+    ("select", _table.CalcMode),
+    ("record", _table.Geodetic),
+    ("each", "in", _table.Topocentric, 0, False, False),
+    ("gives", "pos", 'f8', 3, False, False),
+    ("gives", "vel", 'f8', 3, False, False),
+))
+
+
+def topocentric_to_ef(azimuth, elevation, range, azimuth_rate=None, elevation_rate=None, range_rate=None, /, *, mode=None, origin, model=None, errors="raise", return_status=False):
+    """Azimuth, elevation and range from a place on the Earth to Earth-fixed position and velocity.
+
+    Arguments, arrays that broadcast against each other:
+        azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate: azimuth -360 to 360, elevation -90
+            to 90, range 0 to 1e12 m; rates in mode 2
+    Keywords:
+        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        origin: record Geodetic, the place; its rates are not read
+        model: ModelId, None: the default models
+    Returns BodyState:
+        pos: [..., 3], m, KL_EF
+        vel: [..., 3], m/s, relative to the rotating axes; 0 in mode 1
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _topocentric_to_ef((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (_mode(mode, azimuth_rate, None), origin,), (model,), errors, return_status)
+
+
+_Coticchia_Surace = _Function("KL_Coticchia_Surace", "kitlib_KL_Coticchia_Surace_n", 39, 1, CoticchiaSuraceResult, False, (
+    ("model",),
+    ("n",),
+    ("each", "lat", 'f8', 0, False, False),
+    ("each", "lon", 'f8', 0, False, False),
+    ("both", "zone", 'i8', 0, False, False),
+    ("gives", "north", 'i8', 0, False, False),
+    ("gives", "easting", 'f8', 0, False, False),
+    ("gives", "northing", 'f8', 0, False, False),
+))
+
+
+def Coticchia_Surace(lat, lon, zone, /, *, model=None, errors="raise", return_status=False):
+    """Universal transverse Mercator coordinates of a geodetic point.
+
+    Arguments, arrays that broadcast against each other:
+        lat: deg, -84 to 84
+        lon: deg, -360 to 360, within 6 deg of the zone's central meridian
+        zone: 1 to 60, or 0: the zone of the longitude is taken and given back; a copy is changed
+        model: ModelId, None: the default models
+    Returns CoticchiaSurace:
+        north: 1 from the equator northwards, else 0
+        easting: m, 500000 on the central meridian
+        northing: m, 1e7 more in the south
+    Raises KitError, or warns KitWarning (W):
+        COMPUTATION_ERR: whatever is refused
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _Coticchia_Surace((lat, lon, zone,), (), (model,), errors, return_status)
+
+
+_utm_to_geod = _Function("kl_utm_to_geod", "kitlib_kl_utm_to_geod_n", None, 1, GridPlaceResult, False, (
+    ("model",),
+    ("n",),
+    ("each", "zone", 'i8', 0, False, False),
+    ("each", "north", 'i8', 0, False, False),
+    ("each", "easting", 'f8', 0, False, False),
+    ("each", "northing", 'f8', 0, False, False),
+    ("gives", "lat", 'f8', 0, False, False),
+    ("gives", "lon", 'f8', 0, False, False),
+))
+
+
+def utm_to_geod(zone, north, easting, northing, /, *, model=None, errors="raise", return_status=False):
+    """Geodetic latitude and longitude of universal transverse Mercator coordinates.
+
+    Arguments, arrays that broadcast against each other:
+        zone: 1 to 60
+        north: 1: the northern half, 0: the southern one
+        easting: m
+        northing: m, within 84 deg of the equator and 6 deg of the central meridian
+        model: ModelId, None: the default models
+    Returns GridPlace:
+        latitude: deg
+        longitude: deg
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _utm_to_geod((zone, north, easting, northing,), (), (model,), errors, return_status)
+
+
+_local_orbital_frame = _Function("kl_local_orbital_frame", "kitlib_kl_local_orbital_frame_n", None, 1, LocalFrameResult, False, (
+    ("n",),
+    ("select", _table.LocalFrame),
+    ("each", "pos", 'f8', 3, False, False),
+    ("each", "vel", 'f8', 3, False, False),
+    ("each", "acc", 'f8', 3, True, False),
+    ("gives", "r", 'f8', 9, False, False),
+    ("gives", "dr", 'f8', 9, False, False),
+))
+
+
+def local_orbital_frame(pos, vel, acc=None, /, *, kind=LocalFrame.QSW, errors="raise", return_status=False):
+    """Axes of a frame that goes along with a satellite.
+
+    Arguments, arrays that broadcast against each other:
+        pos: [..., 3], m, inertial frame, up to 1e13
+        vel: [..., 3], m/s, up to 1e9
+        acc: [..., 3], m/s2, up to 1e9; NULL: motion of two bodies
+    Keywords:
+        kind: kl.LocalFrame, KL_ORBITAL_QSW and the others
+    Returns LocalFrame:
+        r: [..., 9], rows: the axes in the frame of the state
+        dr: [..., 9], 1/s, its derivative in time
+    C has no array form of it: the package's own loop in C calls it once an element.
+    """
+    return _local_orbital_frame((pos, vel, acc,), (kind,), (), errors, return_status)
 
 
 _time_processing_to_processing = _Function("kl_time_processing_to_processing", "kitlib_kl_time_processing_to_processing_n", 5, 1, None, False, (

@@ -164,6 +164,23 @@ class Interpolation(_IntEnum):
     SLERP = 0
 
 
+class Elements(_IntEnum):
+    """Kinds of Keplerian elements."""
+
+    OSCULATING = 0
+    MEAN = 1
+
+
+class LocalFrame(_IntEnum):
+    """Frames on an orbit."""
+
+    QSW = 0
+    LVLH = 1
+    TNW = 2
+    NTW = 3
+    VNC = 4
+
+
 class Shadow(_IntEnum):
     """Where a satellite is in the Earth's shadow."""
 
@@ -392,6 +409,17 @@ class OrbitAngle(_c.Structure):
     ]
 
 
+class OrbitSunAngles(_c.Structure):
+    """The record kl_orbit_sun_angles of C."""
+
+    _fields_ = [
+        ("beta", _c.c_double),
+        ("node_true_solar_time", _c.c_double),
+        ("node_mean_solar_time", _c.c_double),
+        ("sun_to_satellite", _c.c_double),
+    ]
+
+
 class Radec(_c.Structure):
     """The record kl_radec of C."""
 
@@ -525,14 +553,24 @@ class Topocentric(_c.Structure):
 # Results.
 AxesResult = _namedtuple("AxesResult", "x y z")
 BodyStateResult = _namedtuple("BodyStateResult", "pos vel")
+CoticchiaSuraceResult = _namedtuple("CoticchiaSuraceResult", "north easting northing")
 EarthOrientationResult = _namedtuple("EarthOrientationResult", "x_pole y_pole ut1_utc ut1_tai dx dy cip_x cip_y s s_prime era notes")
 EclipseStateResult = _namedtuple("EclipseStateResult", "state fraction depth")
+GeodesicResult = _namedtuple("GeodesicResult", "distance azimuth1 azimuth2")
+GeodesicEndResult = _namedtuple("GeodesicEndResult", "latitude longitude azimuth")
+GeodeticResult = _namedtuple("GeodeticResult", "latitude longitude height latitude_rate longitude_rate height_rate")
+GridPlaceResult = _namedtuple("GridPlaceResult", "latitude longitude")
+KeplerResult = _namedtuple("KeplerResult", "semi_major_axis eccentricity inclination raan arg_perigee mean_anomaly")
 LeapSecondInfoResult = _namedtuple("LeapSecondInfoResult", "sign before after")
+LocalFrameResult = _namedtuple("LocalFrameResult", "r dr")
 MatrixStateResult = _namedtuple("MatrixStateResult", "matrix rate acceleration")
+OrbitAngleResult = _namedtuple("OrbitAngleResult", "angle rate rate_of_rate node node_rate inclination")
+OrbitSunAnglesResult = _namedtuple("OrbitSunAnglesResult", "beta node_true_solar_time node_mean_solar_time sun_to_satellite")
 RadecResult = _namedtuple("RadecResult", "ra dec distance ra_rate dec_rate distance_rate")
 RayPointsResult = _namedtuple("RayPointsResult", "t n")
 StateResult = _namedtuple("StateResult", "pos vel acc")
 TangentPointResult = _namedtuple("TangentPointResult", "t point geodetic meetsEarth")
+TopocentricResult = _namedtuple("TopocentricResult", "azimuth elevation range azimuth_rate elevation_rate range_rate")
 
 # Conditions of each function, by its public id: constant, value in an error vector's code, is it a warning?
 CONDITIONS = {
@@ -543,6 +581,15 @@ CONDITIONS = {
     12: ("kl_time_time_to_obt", (("SAT_ID_ERR", 0), ("TIME_REF_ERR", 1), ("TAG_ERR", 2), ("TIME_ERR", 3), ("REF_TIME_ERR", 4), ("NO_OBT_ERR", 5), ("OBT_ERR", 6), ("CLOCK_STEP_ERR", 7),)),
     46: ("kl_time_cuc_to_processing", (("CONFIG_ERR", 0), ("P_FIELD_ERR", 1), ("EPOCH_ERR", 2),)),
     47: ("kl_time_processing_to_cuc", (("CONFIG_ERR", 0), ("EPOCH_ERR", 1), ("TIME_ERR", 2), ("P_FIELD_ERR", 3),)),
+    18: ("kl_geod_to_cart", (("CALC_MODE_ERR", 0), ("LATITUDE_ERR", 1), ("LONGITUDE_ERR", 2), ("HEIGHT_ERR", 3), ("RATES_ERR", 4),)),
+    19: ("kl_cart_to_geod", (("CALC_MODE_ERR", 0), ("POSITION_ERR", 1), ("VELOCITY_ERR", 2), ("TWO_FEET_WARN", 3), ("POLAR_AXIS_WARN", 4),)),
+    20: ("kl_kepl_to_cart", (("KIND_ERR", 0), ("ELEMENTS_ERR", 1), ("KEPLER_ERR", 2), ("INCLINATION_ERR", 3), ("ANGLES_ERR", 4), ("MEAN_ERR", 5),)),
+    21: ("kl_cart_to_kepl", (("KIND_ERR", 0), ("STATE_ERR", 1), ("CONIC_ERR", 2), ("MEAN_ERR", 3), ("CONVERGENCE_ERR", 4),)),
+    26: ("kl_geod_distance", (("LATITUDE1_ERR", 0), ("LONGITUDE1_ERR", 1), ("LATITUDE2_ERR", 2), ("LONGITUDE2_ERR", 3), ("CONVERGENCE_ERR", 4),)),
+    32: ("kl_position_on_orbit", (("TIME_REF_ERR", 0), ("DATE_ERR", 1), ("CALC_MODE_ERR", 2), ("CS_ERR", 3), ("STATE_ERR", 4), ("TIME_ID_ERR", 5), ("TRANSFORMATION_ERR", 6), ("PLANE_ERR", 7), ("EQUATOR_WARN", 8), ("FORMULA_WARN", 9), ("GAP_WARN", 10), ("VALIDITY_WARN", 11),)),
+    36: ("kl_cart_to_radec", (("CALC_MODE_ERR", 0), ("POSITION_ERR", 1), ("VELOCITY_ERR", 2), ("POLAR_AXIS_WARN", 3),)),
+    37: ("kl_radec_to_cart", (("CALC_MODE_ERR", 0), ("RA_ERR", 1), ("DEC_ERR", 2), ("DISTANCE_ERR", 3), ("RATES_ERR", 4),)),
+    39: ("KL_Coticchia_Surace", (("COMPUTATION_ERR", 0),)),
     5: ("kl_time_processing_to_processing", (("PROC_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("PROC_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("DAYS_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("STANDARD_FORMAT_ERR", 10),)),
     6: ("kl_time_ascii_to_ascii", (("ASCII_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("ASCII_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("YEAR_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("LAYOUT_ERR", 10), ("TOO_SHORT_ERR", 11), ("TOO_LONG_ERR", 12), ("PREFIX_ERR", 13), ("PREFIX_REF_ERR", 14), ("NO_REF_ERR", 15), ("MISSION_LIMIT_ERR", 16), ("MONTH_ERR", 17), ("DAY_ERR", 18), ("HOUR_ERR", 19), ("MINUTE_ERR", 20), ("SECOND_ERR", 21), ("MICROSECOND_ERR", 22), ("DAY_OF_30_ERR", 23), ("DAY_OF_29_ERR", 24), ("DAY_OF_28_ERR", 25), ("LEAP_SECOND_ERR", 26), ("BEFORE_1950_ERR", 27), ("AFTER_2099_ERR", 28),)),
     8: ("kl_time_ascii_to_processing", (("ASCII_ID_IN_ERR", 0), ("TIME_REF_IN_ERR", 1), ("PROC_ID_OUT_ERR", 2), ("TIME_REF_OUT_ERR", 3), ("YEAR_ERR", 4), ("TIME_ID_ERR", 5), ("OUT_OF_RANGE_WARN", 6), ("BULLETIN_A_WARN", 7), ("BULLETIN_B_A_WARN", 8), ("VALIDITY_WARN", 9), ("LAYOUT_ERR", 10), ("TOO_SHORT_ERR", 11), ("TOO_LONG_ERR", 12), ("PREFIX_ERR", 13), ("PREFIX_REF_ERR", 14), ("NO_REF_ERR", 15), ("MISSION_LIMIT_ERR", 16), ("MONTH_ERR", 17), ("DAY_ERR", 18), ("HOUR_ERR", 19), ("MINUTE_ERR", 20), ("SECOND_ERR", 21), ("MICROSECOND_ERR", 22), ("DAY_OF_30_ERR", 23), ("DAY_OF_29_ERR", 24), ("DAY_OF_28_ERR", 25), ("LEAP_SECOND_ERR", 26),)),

@@ -141,6 +141,323 @@ long kitlib_kl_time_processing_to_cuc_n(kl_time_id *time_id, const long *n, cons
     return result;
 }
 
+KL_API long kitlib_kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *in, double pos[][3], double vel[][3], long *status, long *ierr);
+long kitlib_kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *in, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_geod_to_cart(model_id, calc_mode, AT(in), ROW(pos), ROW(vel), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(pos), 3);
+            fill(ROW(vel), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mode, const double pos[][3], const double vel[][3], kl_geodetic *out, long *status, long *ierr);
+long kitlib_kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mode, const double pos[][3], const double vel[][3], kl_geodetic *out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_cart_to_geod(model_id, calc_mode, ROW(pos), ROW(vel), AT(out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(out + i, 0, sizeof out[i]);
+            out[i].latitude = NAN;
+            out[i].longitude = NAN;
+            out[i].height = NAN;
+            out[i].latitude_rate = NAN;
+            out[i].longitude_rate = NAN;
+            out[i].height_rate = NAN;
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, const kl_kepler *in, double pos[][3], double vel[][3], long *status, long *ierr);
+long kitlib_kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, const kl_kepler *in, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_kepl_to_cart(model_id, kind, AT(in), ROW(pos), ROW(vel), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(pos), 3);
+            fill(ROW(vel), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, const double pos[][3], const double vel[][3], kl_kepler *out, long *status, long *ierr);
+long kitlib_kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, const double pos[][3], const double vel[][3], kl_kepler *out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_cart_to_kepl(model_id, kind, ROW(pos), ROW(vel), AT(out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(out + i, 0, sizeof out[i]);
+            out[i].semi_major_axis = NAN;
+            out[i].eccentricity = NAN;
+            out[i].inclination = NAN;
+            out[i].raan = NAN;
+            out[i].arg_perigee = NAN;
+            out[i].mean_anomaly = NAN;
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_geod_distance_n(kl_model_id *model_id, const long *n, const double *lat1, const double *lon1, const double *lat2, const double *lon2, double *distance, double *azimuth1, double *azimuth2, long *status, long *ierr);
+long kitlib_kl_geod_distance_n(kl_model_id *model_id, const long *n, const double *lat1, const double *lon1, const double *lat2, const double *lon2, double *distance, double *azimuth1, double *azimuth2, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_geod_distance(model_id, AT(lat1), AT(lon1), AT(lat2), AT(lon2), AT(distance), AT(azimuth1), AT(azimuth2), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(AT(distance), 1);
+            fill(AT(azimuth1), 1);
+            fill(AT(azimuth2), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_geod_point_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon, const double *azimuth, const double *distance, double *lat2, double *lon2, double *azimuth2, long *status, long *ierr);
+long kitlib_kl_geod_point_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon, const double *azimuth, const double *distance, double *lat2, double *lon2, double *azimuth2, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_geod_point(model_id, AT(lat), AT(lon), AT(azimuth), AT(distance), AT(lat2), AT(lon2), AT(azimuth2), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(AT(lat2), 1);
+            fill(AT(lon2), 1);
+            fill(AT(azimuth2), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *calc_mode, const long *cs, const long *time_ref, const double *time, const double pos[][3], const double vel[][3], const double acc[][3], kl_orbit_angle *out, long *status, long *ierr);
+long kitlib_kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *calc_mode, const long *cs, const long *time_ref, const double *time, const double pos[][3], const double vel[][3], const double acc[][3], kl_orbit_angle *out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_position_on_orbit(model_id, time_id, calc_mode, cs, time_ref, AT(time), ROW(pos), ROW(vel), ROW(acc), AT(out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(out + i, 0, sizeof out[i]);
+            out[i].angle = NAN;
+            out[i].rate = NAN;
+            out[i].rate_of_rate = NAN;
+            out[i].node = NAN;
+            out[i].node_rate = NAN;
+            out[i].inclination = NAN;
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_orbit_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *cs, const long *time_ref, const double *time, const double pos[][3], const double vel[][3], kl_orbit_sun_angles *out, long *status, long *ierr);
+long kitlib_kl_orbit_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *cs, const long *time_ref, const double *time, const double pos[][3], const double vel[][3], kl_orbit_sun_angles *out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_orbit_sun(model_id, time_id, cs, time_ref, AT(time), ROW(pos), ROW(vel), AT(out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(out + i, 0, sizeof out[i]);
+            out[i].beta = NAN;
+            out[i].node_true_solar_time = NAN;
+            out[i].node_mean_solar_time = NAN;
+            out[i].sun_to_satellite = NAN;
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_cart_to_radec_n(kl_model_id *model_id, const long *n, const long *calc_mode, const double pos[][3], const double vel[][3], kl_radec *out, long *status, long *ierr);
+long kitlib_kl_cart_to_radec_n(kl_model_id *model_id, const long *n, const long *calc_mode, const double pos[][3], const double vel[][3], kl_radec *out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_cart_to_radec(model_id, calc_mode, ROW(pos), ROW(vel), AT(out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(out + i, 0, sizeof out[i]);
+            out[i].ra = NAN;
+            out[i].dec = NAN;
+            out[i].distance = NAN;
+            out[i].ra_rate = NAN;
+            out[i].dec_rate = NAN;
+            out[i].distance_rate = NAN;
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_radec_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_radec *in, double pos[][3], double vel[][3], long *status, long *ierr);
+long kitlib_kl_radec_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_radec *in, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_radec_to_cart(model_id, calc_mode, AT(in), ROW(pos), ROW(vel), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(pos), 3);
+            fill(ROW(vel), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin, const double pos[][3], const double vel[][3], kl_topocentric *out, long *status, long *ierr);
+long kitlib_kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin, const double pos[][3], const double vel[][3], kl_topocentric *out, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_ef_to_topocentric(model_id, calc_mode, origin, ROW(pos), ROW(vel), AT(out), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            memset(out + i, 0, sizeof out[i]);
+            out[i].azimuth = NAN;
+            out[i].elevation = NAN;
+            out[i].range = NAN;
+            out[i].azimuth_rate = NAN;
+            out[i].elevation_rate = NAN;
+            out[i].range_rate = NAN;
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin, const kl_topocentric *in, double pos[][3], double vel[][3], long *status, long *ierr);
+long kitlib_kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin, const kl_topocentric *in, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_topocentric_to_ef(model_id, calc_mode, origin, AT(in), ROW(pos), ROW(vel), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(pos), 3);
+            fill(ROW(vel), 3);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_KL_Coticchia_Surace_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon, long *zone, long *north, double *easting, double *northing, long *status, long *ierr);
+long kitlib_KL_Coticchia_Surace_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon, long *zone, long *north, double *easting, double *northing, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = KL_Coticchia_Surace(model_id, AT(lat), AT(lon), AT(zone), AT(north), AT(easting), AT(northing), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            zone[i] = 0;
+            north[i] = 0;
+            fill(AT(easting), 1);
+            fill(AT(northing), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_utm_to_geod_n(kl_model_id *model_id, const long *n, const long *zone, const long *north, const double *easting, const double *northing, double *lat, double *lon, long *status, long *ierr);
+long kitlib_kl_utm_to_geod_n(kl_model_id *model_id, const long *n, const long *zone, const long *north, const double *easting, const double *northing, double *lat, double *lon, long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_utm_to_geod(model_id, AT(zone), AT(north), AT(easting), AT(northing), AT(lat), AT(lon), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(AT(lat), 1);
+            fill(AT(lon), 1);
+        }
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_local_orbital_frame_n(const long *n, const long *kind, const double pos[][3], const double vel[][3], const double acc[][3], double r[][9], double dr[][9], long *status, long *ierr);
+long kitlib_kl_local_orbital_frame_n(const long *n, const long *kind, const double pos[][3], const double vel[][3], const double acc[][3], double r[][9], double dr[][9], long *status, long *ierr)
+{
+    long i, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        long word[1] = {0};
+        long one;
+        one = kl_local_orbital_frame(kind, ROW(pos), ROW(vel), ROW(acc), ROW(r), ROW(dr), word);
+        result = noted(result, one, i, status, ierr, word, 1);
+        if (one == KL_ERR) {
+            fill(ROW(r), 9);
+            fill(ROW(dr), 9);
+        }
+    }
+    return result;
+}
+
 KL_API long kitlib_kl_time_processing_to_processing_n(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr);
 long kitlib_kl_time_processing_to_processing_n(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr)
 {

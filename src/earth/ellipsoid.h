@@ -6,8 +6,11 @@
 #define KL_SRC_EARTH_ELLIPSOID_H
 
 #include "models/model_record.h"
+#include "numbers/pack.h"
 
 #include <cmath>
+
+inline namespace KL_SET {
 
 // Only a and f of the model: the rounded minor axis beside them lies 45 um off.
 struct Ellipsoid {
@@ -15,13 +18,14 @@ struct Ellipsoid {
     double k;    // b/a
     double e2;   // first eccentricity squared
     double E;    // a e2, m: how far the centres of curvature lie from the centre in the plane of the equator
+    double f;    // flattening
 };
 
 inline Ellipsoid ellipsoid_of_axes(double a, double b)
 {
     const double f = (a - b) / a;
     const double e2 = f * (2.0 - f);
-    return {a, b, b / a, e2, a * e2};
+    return {a, b, b / a, e2, a * e2, f};
 }
 
 inline Ellipsoid ellipsoid_of(const EarthModel &earth)
@@ -29,7 +33,7 @@ inline Ellipsoid ellipsoid_of(const EarthModel &earth)
     const double a = earth.semi_major_axis;
     const double f = earth.flattening;
     const double e2 = f * (2.0 - f);
-    return {a, a * (1.0 - f), 1.0 - f, e2, a * e2};
+    return {a, a * (1.0 - f), 1.0 - f, e2, a * e2, f};
 }
 
 // Across and along the meridian, m, at the latitude of this sine.
@@ -136,5 +140,7 @@ inline Foot<double> foot_of(const Ellipsoid &ellipsoid, double p, double q)
     const double r = std::sqrt(p * p + q * q);
     return r >= kFarFromCentre ? foot_from_afar(ellipsoid, p, q, r) : foot_anywhere(ellipsoid, p, q);
 }
+
+} // namespace KL_SET
 
 #endif

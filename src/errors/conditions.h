@@ -3,12 +3,6 @@
 #ifndef KL_SRC_ERRORS_CONDITIONS_H
 #define KL_SRC_ERRORS_CONDITIONS_H
 
-/** Conditions of KL_Car_Geo. */
-enum {
-    KL_CAR_GEO_COMPUTATION = 0, /**< never recorded */
-    KL_CAR_GEO_N_CODES = 1
-};
-
 /** Conditions of KL_Load_sp3_orbit_file_list. */
 enum {
     KL_LOAD_SP3_FILE = 0, /**< never recorded */
@@ -87,12 +81,6 @@ enum {
     KL_CURRENT_TIME_LOCK = 2,       /**< never recorded */
     KL_CURRENT_TIME_UNLOCK = 3,     /**< never recorded */
     KL_CURRENT_TIME_N_CODES = 4
-};
-
-/** Conditions of KL_Coticchia_Surace. */
-enum {
-    KL_COTICCHIA_SURACE_COMPUTATION_ERR = 0, /**< never recorded */
-    KL_COTICCHIA_SURACE_N_CODES = 1
 };
 
 #endif

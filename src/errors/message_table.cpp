@@ -9,7 +9,7 @@
 namespace {
 
 constexpr Message k9[] = { // KL_Car_Geo
-    warning("Internal computation warning # 1 (%f)", kDoubleArgument), // KL_CAR_GEO_COMPUTATION: never recorded
+    warning("Internal computation warning # 1 (%f)", kDoubleArgument), // KL_CAR_GEO_COMPUTATION
 };
 constexpr MessageGroup kGroup9 = group(k9);
 
@@ -645,6 +645,43 @@ constexpr Message k135[] = { // kl_change_cart_cs
 };
 constexpr MessageGroup kGroup135 = group(k135);
 
+constexpr Message k136[] = { // kl_geod_to_cart
+    error("Calculation mode ID is not correct"), // KL_GEOD_TO_CART_CALC_MODE_ERR
+    error("Geodetic latitude is out of range"), // KL_GEOD_TO_CART_LATITUDE_ERR
+    error("Longitude is out of range"), // KL_GEOD_TO_CART_LONGITUDE_ERR
+    error("Height is out of range"), // KL_GEOD_TO_CART_HEIGHT_ERR
+    error("Rates are not correct"), // KL_GEOD_TO_CART_RATES_ERR
+};
+constexpr MessageGroup kGroup136 = group(k136);
+
+constexpr Message k137[] = { // kl_cart_to_geod
+    error("Calculation mode ID is not correct"), // KL_CART_TO_GEOD_CALC_MODE_ERR
+    error("Position is not correct"), // KL_CART_TO_GEOD_POSITION_ERR
+    error("Velocity is not correct"), // KL_CART_TO_GEOD_VELOCITY_ERR
+    warning("Two nearest points on the ellipsoid, the northern one is taken"), // KL_CART_TO_GEOD_TWO_FEET_WARN
+    warning("Longitude rate is not defined on the polar axis"), // KL_CART_TO_GEOD_POLAR_AXIS_WARN
+};
+constexpr MessageGroup kGroup137 = group(k137);
+
+constexpr Message k138[] = { // kl_kepl_to_cart
+    error("Kind of elements is not correct"), // KL_KEPL_TO_CART_KIND_ERR
+    error("Semi-major axis or eccentricity is not correct"), // KL_KEPL_TO_CART_ELEMENTS_ERR
+    error("Kepler equation has not converged").at_bit(-1), // KL_KEPL_TO_CART_KEPLER_ERR: never recorded
+    error("Inclination is out of range"), // KL_KEPL_TO_CART_INCLINATION_ERR
+    error("Angles are not correct"), // KL_KEPL_TO_CART_ANGLES_ERR
+    error("Mean elements need an elliptic orbit"), // KL_KEPL_TO_CART_MEAN_ERR
+};
+constexpr MessageGroup kGroup138 = group(k138);
+
+constexpr Message k139[] = { // kl_cart_to_kepl
+    error("Kind of elements is not correct"), // KL_CART_TO_KEPL_KIND_ERR
+    error("Position or velocity is not correct"), // KL_CART_TO_KEPL_STATE_ERR
+    error("Trajectory is a parabola or a straight line"), // KL_CART_TO_KEPL_CONIC_ERR
+    error("Mean elements need an elliptic orbit"), // KL_CART_TO_KEPL_MEAN_ERR
+    error("Mean elements have not converged"), // KL_CART_TO_KEPL_CONVERGENCE_ERR
+};
+constexpr MessageGroup kGroup139 = group(k139);
+
 constexpr Message k140[] = { // kl_sun
     error("Input time reference ID is not correct"), // KL_SUN_TIME_REF_ERR
     error("Input date is out of range"), // KL_SUN_DATE_ERR
@@ -694,6 +731,15 @@ constexpr Message k143[] = { // kl_star_radec
 };
 constexpr MessageGroup kGroup143 = group(k143);
 
+constexpr Message k144[] = { // kl_geod_distance
+    error("Latitude of point #1 is out of range"), // KL_GEOD_DISTANCE_LATITUDE1_ERR
+    error("Longitude of point #1 is out of range"), // KL_GEOD_DISTANCE_LONGITUDE1_ERR
+    error("Latitude of point #2 is out of range"), // KL_GEOD_DISTANCE_LATITUDE2_ERR
+    error("Longitude of point #2 is out of range"), // KL_GEOD_DISTANCE_LONGITUDE2_ERR
+    error("Geodesic has not converged"), // KL_GEOD_DISTANCE_CONVERGENCE_ERR
+};
+constexpr MessageGroup kGroup144 = group(k144);
+
 constexpr Message k145[] = { // kl_time_get_leap_second_info
     error("Output ascii format ID is not correct"), // KL_TIME_GET_LEAP_SECOND_INFO_FORMAT_ERR
     error("Error in adding times in Processing format"), // KL_TIME_GET_LEAP_SECOND_INFO_ADD_ERR: never recorded
@@ -733,6 +779,22 @@ constexpr Message k149[] = { // kl_get_rotated_vectors
 };
 constexpr MessageGroup kGroup149 = group(k149);
 
+constexpr Message k150[] = { // kl_position_on_orbit
+    error("Input time reference ID is not correct"), // KL_POSITION_ON_ORBIT_TIME_REF_ERR
+    error("Input date is out of range"), // KL_POSITION_ON_ORBIT_DATE_ERR
+    error("Calculation mode ID is not correct"), // KL_POSITION_ON_ORBIT_CALC_MODE_ERR
+    error("Input reference frame is not correct"), // KL_POSITION_ON_ORBIT_CS_ERR
+    error("Position, velocity or acceleration is not correct"), // KL_POSITION_ON_ORBIT_STATE_ERR
+    error("Time Reference not initialised"), // KL_POSITION_ON_ORBIT_TIME_ID_ERR
+    error("Error computing transformation."), // KL_POSITION_ON_ORBIT_TRANSFORMATION_ERR
+    error("Position and velocity do not define an orbit plane"), // KL_POSITION_ON_ORBIT_PLANE_ERR
+    warning("Orbit in the plane of the equator: angle counted from the equinox"), // KL_POSITION_ON_ORBIT_EQUATOR_WARN
+    warning("Bulletin A: previous computation performed inside file interval, current performed with formula"), // KL_POSITION_ON_ORBIT_FORMULA_WARN
+    warning("Bulletin B+A: current computation performed inside B-A gap. Previous computation was done inside B or A files intervals."), // KL_POSITION_ON_ORBIT_GAP_WARN
+    warning("Previous computation performed inside initialization validity, current computation performed outside initialization validity"), // KL_POSITION_ON_ORBIT_VALIDITY_WARN
+};
+constexpr MessageGroup kGroup150 = group(k150);
+
 constexpr Message k151[] = { // kl_quaternions_to_vectors
     error("Wrong input quaternion. The module is different from 1"), // KL_QUATERNIONS_TO_VECTORS_MODULE_ERR
 };
@@ -762,6 +824,23 @@ constexpr Message k153[] = { // kl_star_catalog
 };
 constexpr MessageGroup kGroup153 = group(k153);
 
+constexpr Message k154[] = { // kl_cart_to_radec
+    error("Calculation mode ID is not correct"), // KL_CART_TO_RADEC_CALC_MODE_ERR
+    error("Position is not correct"), // KL_CART_TO_RADEC_POSITION_ERR
+    error("Velocity is not correct"), // KL_CART_TO_RADEC_VELOCITY_ERR
+    warning("Rates of right ascension and declination are not defined on the polar axis"), // KL_CART_TO_RADEC_POLAR_AXIS_WARN
+};
+constexpr MessageGroup kGroup154 = group(k154);
+
+constexpr Message k155[] = { // kl_radec_to_cart
+    error("Calculation mode ID is not correct"), // KL_RADEC_TO_CART_CALC_MODE_ERR
+    error("Right ascension is out of range"), // KL_RADEC_TO_CART_RA_ERR
+    error("Declination is out of range"), // KL_RADEC_TO_CART_DEC_ERR
+    error("Distance is not correct"), // KL_RADEC_TO_CART_DISTANCE_ERR
+    error("Rates are not correct"), // KL_RADEC_TO_CART_RATES_ERR
+};
+constexpr MessageGroup kGroup155 = group(k155);
+
 constexpr Message k156[] = { // KL_Eclipse
     error("Satellite position is not correct"), // KL_ECLIPSE_POSITION_ERR
     error("Sun position is not correct"), // KL_ECLIPSE_SUN_ERR
@@ -778,7 +857,7 @@ constexpr Message k156[] = { // KL_Eclipse
 constexpr MessageGroup kGroup156 = group(k156);
 
 constexpr Message k157[] = { // KL_Coticchia_Surace
-    error("Internal computation error # 1"), // KL_COTICCHIA_SURACE_COMPUTATION_ERR: never recorded
+    error("Internal computation error # 1"), // KL_COTICCHIA_SURACE_COMPUTATION_ERR
 };
 constexpr MessageGroup kGroup157 = group(k157);
 
@@ -853,6 +932,22 @@ constexpr Message k169[] = { // KL_Get_CUC_processing_epoch
     error("Error converting to different time reference"), // KL_CUC_EPOCH_NOT_CONVERTED
 };
 constexpr MessageGroup kGroup169 = group(k169);
+
+constexpr Message k170[] = { // kl_ef_to_topocentric
+    error("Calculation mode ID is not correct"), // KL_EF_TO_TOPOCENTRIC_CALC_MODE_ERR
+    error("Origin is not correct"), // KL_EF_TO_TOPOCENTRIC_ORIGIN_ERR
+    error("Position or velocity is not correct"), // KL_EF_TO_TOPOCENTRIC_STATE_ERR
+    warning("Azimuth is not defined at the zenith"), // KL_EF_TO_TOPOCENTRIC_ZENITH_WARN
+};
+constexpr MessageGroup kGroup170 = group(k170);
+
+constexpr Message k171[] = { // kl_topocentric_to_ef
+    error("Calculation mode ID is not correct"), // KL_TOPOCENTRIC_TO_EF_CALC_MODE_ERR
+    error("Origin is not correct"), // KL_TOPOCENTRIC_TO_EF_ORIGIN_ERR
+    error("Topocentric coordinates are not correct"), // KL_TOPOCENTRIC_TO_EF_COORDINATES_ERR
+    warning("Azimuth is not defined at the zenith"), // KL_TOPOCENTRIC_TO_EF_ZENITH_WARN
+};
+constexpr MessageGroup kGroup171 = group(k171);
 
 constexpr FunctionMessages kFunctions[] = {
     /*   0 */ {"KL_Init_Err", nullptr, 40},
@@ -991,26 +1086,26 @@ constexpr FunctionMessages kFunctions[] = {
     /* 133 */ {"", nullptr, -1},
     /* 134 */ {"", nullptr, -1},
     /* 135 */ {"kl_change_cart_cs", &kGroup135, 17},
-    /* 136 */ {"kl_geod_to_cart", nullptr, 18},
-    /* 137 */ {"kl_cart_to_geod", nullptr, 19},
-    /* 138 */ {"kl_kepl_to_cart", nullptr, 20},
-    /* 139 */ {"kl_cart_to_kepl", nullptr, 21},
+    /* 136 */ {"kl_geod_to_cart", &kGroup136, 18},
+    /* 137 */ {"kl_cart_to_geod", &kGroup137, 19},
+    /* 138 */ {"kl_kepl_to_cart", &kGroup138, 20},
+    /* 139 */ {"kl_cart_to_kepl", &kGroup139, 21},
     /* 140 */ {"kl_sun", &kGroup140, 22},
     /* 141 */ {"kl_moon", &kGroup141, 23},
     /* 142 */ {"kl_planet", &kGroup142, 24},
     /* 143 */ {"kl_star_radec", &kGroup143, 25},
-    /* 144 */ {"kl_geod_distance", nullptr, 26},
+    /* 144 */ {"kl_geod_distance", &kGroup144, 26},
     /* 145 */ {"kl_time_get_leap_second_info", &kGroup145, 27},
     /* 146 */ {"KL_Default_sat_init", &kGroup146, 28},
     /* 147 */ {"kl_run_init", &kGroup147, 29},
     /* 148 */ {"kl_get_rotation_angles", &kGroup148, 30},
     /* 149 */ {"kl_get_rotated_vectors", &kGroup149, 31},
-    /* 150 */ {"kl_position_on_orbit", nullptr, 32},
+    /* 150 */ {"kl_position_on_orbit", &kGroup150, 32},
     /* 151 */ {"kl_quaternions_to_vectors", &kGroup151, 33},
     /* 152 */ {"kl_vectors_to_quaternions", &kGroup152, 34},
     /* 153 */ {"kl_star_catalog", &kGroup153, 35},
-    /* 154 */ {"kl_cart_to_radec", nullptr, 36},
-    /* 155 */ {"kl_radec_to_cart", nullptr, 37},
+    /* 154 */ {"kl_cart_to_radec", &kGroup154, 36},
+    /* 155 */ {"kl_radec_to_cart", &kGroup155, 37},
     /* 156 */ {"KL_Eclipse", &kGroup156, 38},
     /* 157 */ {"KL_Coticchia_Surace", &kGroup157, 39},
     /* 158 */ {"kl_euler_to_matrix", nullptr, -1},
@@ -1025,8 +1120,8 @@ constexpr FunctionMessages kFunctions[] = {
     /* 167 */ {"kl_time_cuc_to_processing", &kGroup167, 46},
     /* 168 */ {"kl_time_processing_to_cuc", &kGroup168, 47},
     /* 169 */ {"KL_Get_CUC_processing_epoch", &kGroup169, -1},
-    /* 170 */ {"", nullptr, -1},
-    /* 171 */ {"", nullptr, -1},
+    /* 170 */ {"kl_ef_to_topocentric", &kGroup170, -1},
+    /* 171 */ {"kl_topocentric_to_ef", &kGroup171, -1},
     /* 172 */ {"", nullptr, -1},
     /* 173 */ {"", nullptr, -1},
     /* 174 */ {"KL_Polar_Motion_Rotation", nullptr, -1},
@@ -1053,26 +1148,26 @@ constexpr PublicRow kPublicRows[] = {
     /* 15 */ {KL_FN_TIME_ID_INIT, 1, 16},
     /* 16 */ {KL_FN_TIME_REF_CLOSE, 1, 1},
     /* 17 */ {KL_FN_CHANGE_CART_CS, 1, 12},
-    /* 18 */ {KL_FN_GEOD_TO_CART, 1, 0},
-    /* 19 */ {KL_FN_CART_TO_GEOD, 1, 0},
-    /* 20 */ {KL_FN_KEPL_TO_CART, 1, 0},
-    /* 21 */ {KL_FN_CART_TO_KEPL, 1, 0},
+    /* 18 */ {KL_FN_GEOD_TO_CART, 1, 5},
+    /* 19 */ {KL_FN_CART_TO_GEOD, 1, 5},
+    /* 20 */ {KL_FN_KEPL_TO_CART, 1, 6},
+    /* 21 */ {KL_FN_CART_TO_KEPL, 1, 5},
     /* 22 */ {KL_FN_SUN, 1, 7},
     /* 23 */ {KL_FN_MOON, 1, 7},
     /* 24 */ {KL_FN_PLANET, 1, 8},
     /* 25 */ {KL_FN_STAR_RADEC, 1, 11},
-    /* 26 */ {KL_FN_GEOD_DISTANCE, 1, 0},
+    /* 26 */ {KL_FN_GEOD_DISTANCE, 1, 5},
     /* 27 */ {KL_FN_TIME_GET_LEAP_SECOND_INFO, 1, 4},
     /* 28 */ {KL_FN_DEFAULT_SAT_INIT, 1, 4},
     /* 29 */ {KL_FN_RUN_INIT, 1, 7},
     /* 30 */ {KL_FN_GET_ROTATION_ANGLES, 1, 2},
     /* 31 */ {KL_FN_GET_ROTATED_VECTORS, 1, 2},
-    /* 32 */ {KL_FN_POSITION_ON_ORBIT, 1, 0},
+    /* 32 */ {KL_FN_POSITION_ON_ORBIT, 1, 12},
     /* 33 */ {KL_FN_QUATERNIONS_TO_VECTORS, 1, 1},
     /* 34 */ {KL_FN_VECTORS_TO_QUATERNIONS, 1, 2},
     /* 35 */ {KL_FN_STAR_CATALOG, 1, 14},
-    /* 36 */ {KL_FN_CART_TO_RADEC, 1, 0},
-    /* 37 */ {KL_FN_RADEC_TO_CART, 1, 0},
+    /* 36 */ {KL_FN_CART_TO_RADEC, 1, 4},
+    /* 37 */ {KL_FN_RADEC_TO_CART, 1, 5},
     /* 38 */ {KL_FN_ECLIPSE, 1, 11},
     /* 39 */ {KL_FN_COTICCHIA_SURACE, 1, 4},
     /* 40 */ {0, 0, 0}, // unassigned

@@ -67,6 +67,199 @@ CucTime LibFunc::timeProcessingToCuc(const TimeId &time_id, const kl_cuc_config 
     });
 }
 
+BodyState LibFunc::geodToCart(const ModelId &model_id, long calc_mode, const kl_geodetic &in)
+{
+    return result_of<BodyState>("LibFunc::geodToCart", KL_ID_FUNC_GEOD_TO_CART, [&](BodyState &out, long *ierr) {
+        return kl_geod_to_cart(model_id.getId(), &calc_mode, &in, out.pos.data(), out.vel.data(), ierr);
+    });
+}
+
+BodyState LibFunc::geodToCart(const RunId &run, long calc_mode, const kl_geodetic &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<BodyState>("LibFunc::geodToCart", KL_ID_FUNC_GEOD_TO_CART, [&](BodyState &out, long *ierr) {
+        return kl_geod_to_cart_run(&run_id, &calc_mode, &in, out.pos.data(), out.vel.data(), ierr);
+    });
+}
+
+kl_geodetic LibFunc::cartToGeod(const ModelId &model_id, long calc_mode, const BodyState &in)
+{
+    return result_of<kl_geodetic>("LibFunc::cartToGeod", KL_ID_FUNC_CART_TO_GEOD, [&](kl_geodetic &out, long *ierr) {
+        return kl_cart_to_geod(model_id.getId(), &calc_mode, in.pos.data(), in.vel.data(), &out, ierr);
+    });
+}
+
+kl_geodetic LibFunc::cartToGeod(const RunId &run, long calc_mode, const BodyState &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<kl_geodetic>("LibFunc::cartToGeod", KL_ID_FUNC_CART_TO_GEOD, [&](kl_geodetic &out, long *ierr) {
+        return kl_cart_to_geod_run(&run_id, &calc_mode, in.pos.data(), in.vel.data(), &out, ierr);
+    });
+}
+
+BodyState LibFunc::keplToCart(const ModelId &model_id, long kind, const kl_kepler &in)
+{
+    return result_of<BodyState>("LibFunc::keplToCart", KL_ID_FUNC_KEPL_TO_CART, [&](BodyState &out, long *ierr) {
+        return kl_kepl_to_cart(model_id.getId(), &kind, &in, out.pos.data(), out.vel.data(), ierr);
+    });
+}
+
+BodyState LibFunc::keplToCart(const RunId &run, long kind, const kl_kepler &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<BodyState>("LibFunc::keplToCart", KL_ID_FUNC_KEPL_TO_CART, [&](BodyState &out, long *ierr) {
+        return kl_kepl_to_cart_run(&run_id, &kind, &in, out.pos.data(), out.vel.data(), ierr);
+    });
+}
+
+kl_kepler LibFunc::cartToKepl(const ModelId &model_id, long kind, const BodyState &in)
+{
+    return result_of<kl_kepler>("LibFunc::cartToKepl", KL_ID_FUNC_CART_TO_KEPL, [&](kl_kepler &out, long *ierr) {
+        return kl_cart_to_kepl(model_id.getId(), &kind, in.pos.data(), in.vel.data(), &out, ierr);
+    });
+}
+
+kl_kepler LibFunc::cartToKepl(const RunId &run, long kind, const BodyState &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<kl_kepler>("LibFunc::cartToKepl", KL_ID_FUNC_CART_TO_KEPL, [&](kl_kepler &out, long *ierr) {
+        return kl_cart_to_kepl_run(&run_id, &kind, in.pos.data(), in.vel.data(), &out, ierr);
+    });
+}
+
+Geodesic LibFunc::geodDistance(const ModelId &model_id, double lat1, double lon1, double lat2, double lon2)
+{
+    return result_of<Geodesic>("LibFunc::geodDistance", KL_ID_FUNC_GEOD_DISTANCE, [&](Geodesic &out, long *ierr) {
+        return kl_geod_distance(model_id.getId(), &lat1, &lon1, &lat2, &lon2, &out.distance, &out.azimuth1,
+                                &out.azimuth2, ierr);
+    });
+}
+
+Geodesic LibFunc::geodDistance(const RunId &run, double lat1, double lon1, double lat2, double lon2)
+{
+    const long run_id = run.getRunId();
+    return result_of<Geodesic>("LibFunc::geodDistance", KL_ID_FUNC_GEOD_DISTANCE, [&](Geodesic &out, long *ierr) {
+        return kl_geod_distance_run(&run_id, &lat1, &lon1, &lat2, &lon2, &out.distance, &out.azimuth1, &out.azimuth2,
+                                    ierr);
+    });
+}
+
+GeodesicEnd LibFunc::geodPoint(const ModelId &model_id, double lat, double lon, double azimuth, double distance)
+{
+    return result_of<GeodesicEnd>("LibFunc::geodPoint", kUnassigned, [&](GeodesicEnd &out, long *ierr) {
+        return kl_geod_point(model_id.getId(), &lat, &lon, &azimuth, &distance, &out.latitude, &out.longitude,
+                             &out.azimuth, ierr);
+    });
+}
+
+kl_orbit_angle LibFunc::positionOnOrbit(const ModelId &model_id, const TimeId &time_id, long calc_mode, long cs,
+                                        long time_ref, double time, const State &in)
+{
+    return result_of<kl_orbit_angle>("LibFunc::positionOnOrbit", KL_ID_FUNC_POSITION_ON_ORBIT, [&](kl_orbit_angle &out, long *ierr) {
+        return kl_position_on_orbit(model_id.getId(), time_id.getId(), &calc_mode, &cs, &time_ref, &time, in.pos.data(),
+                                    in.vel.data(), in.acc.data(), &out, ierr);
+    });
+}
+
+kl_orbit_angle LibFunc::positionOnOrbit(const RunId &run, long calc_mode, long cs, long time_ref, double time,
+                                        const State &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<kl_orbit_angle>("LibFunc::positionOnOrbit", KL_ID_FUNC_POSITION_ON_ORBIT, [&](kl_orbit_angle &out, long *ierr) {
+        return kl_position_on_orbit_run(&run_id, &calc_mode, &cs, &time_ref, &time, in.pos.data(), in.vel.data(),
+                                        in.acc.data(), &out, ierr);
+    });
+}
+
+kl_orbit_sun_angles LibFunc::orbitSun(const ModelId &model_id, const TimeId &time_id, long cs, long time_ref,
+                                      double time, const BodyState &in)
+{
+    return result_of<kl_orbit_sun_angles>("LibFunc::orbitSun", kUnassigned, [&](kl_orbit_sun_angles &out, long *ierr) {
+        return kl_orbit_sun(model_id.getId(), time_id.getId(), &cs, &time_ref, &time, in.pos.data(), in.vel.data(),
+                            &out, ierr);
+    });
+}
+
+kl_radec LibFunc::cartToRadec(const ModelId &model_id, long calc_mode, const BodyState &in)
+{
+    return result_of<kl_radec>("LibFunc::cartToRadec", KL_ID_FUNC_CART_TO_RADEC, [&](kl_radec &out, long *ierr) {
+        return kl_cart_to_radec(model_id.getId(), &calc_mode, in.pos.data(), in.vel.data(), &out, ierr);
+    });
+}
+
+kl_radec LibFunc::cartToRadec(const RunId &run, long calc_mode, const BodyState &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<kl_radec>("LibFunc::cartToRadec", KL_ID_FUNC_CART_TO_RADEC, [&](kl_radec &out, long *ierr) {
+        return kl_cart_to_radec_run(&run_id, &calc_mode, in.pos.data(), in.vel.data(), &out, ierr);
+    });
+}
+
+BodyState LibFunc::radecToCart(const ModelId &model_id, long calc_mode, const kl_radec &in)
+{
+    return result_of<BodyState>("LibFunc::radecToCart", KL_ID_FUNC_RADEC_TO_CART, [&](BodyState &out, long *ierr) {
+        return kl_radec_to_cart(model_id.getId(), &calc_mode, &in, out.pos.data(), out.vel.data(), ierr);
+    });
+}
+
+BodyState LibFunc::radecToCart(const RunId &run, long calc_mode, const kl_radec &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<BodyState>("LibFunc::radecToCart", KL_ID_FUNC_RADEC_TO_CART, [&](BodyState &out, long *ierr) {
+        return kl_radec_to_cart_run(&run_id, &calc_mode, &in, out.pos.data(), out.vel.data(), ierr);
+    });
+}
+
+kl_topocentric LibFunc::efToTopocentric(const ModelId &model_id, long calc_mode, const kl_geodetic &origin,
+                                        const BodyState &in)
+{
+    return result_of<kl_topocentric>("LibFunc::efToTopocentric", kUnassigned, [&](kl_topocentric &out, long *ierr) {
+        return kl_ef_to_topocentric(model_id.getId(), &calc_mode, &origin, in.pos.data(), in.vel.data(), &out, ierr);
+    });
+}
+
+kl_topocentric LibFunc::efToTopocentric(const RunId &run, long calc_mode, const kl_geodetic &origin,
+                                        const BodyState &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<kl_topocentric>("LibFunc::efToTopocentric", kUnassigned, [&](kl_topocentric &out, long *ierr) {
+        return kl_ef_to_topocentric_run(&run_id, &calc_mode, &origin, in.pos.data(), in.vel.data(), &out, ierr);
+    });
+}
+
+BodyState LibFunc::topocentricToEf(const ModelId &model_id, long calc_mode, const kl_geodetic &origin,
+                                   const kl_topocentric &in)
+{
+    return result_of<BodyState>("LibFunc::topocentricToEf", kUnassigned, [&](BodyState &out, long *ierr) {
+        return kl_topocentric_to_ef(model_id.getId(), &calc_mode, &origin, &in, out.pos.data(), out.vel.data(), ierr);
+    });
+}
+
+BodyState LibFunc::topocentricToEf(const RunId &run, long calc_mode, const kl_geodetic &origin,
+                                   const kl_topocentric &in)
+{
+    const long run_id = run.getRunId();
+    return result_of<BodyState>("LibFunc::topocentricToEf", kUnassigned, [&](BodyState &out, long *ierr) {
+        return kl_topocentric_to_ef_run(&run_id, &calc_mode, &origin, &in, out.pos.data(), out.vel.data(), ierr);
+    });
+}
+
+GridPlace LibFunc::utmToGeod(const ModelId &model_id, long zone, long north, double easting, double northing)
+{
+    return result_of<GridPlace>("LibFunc::utmToGeod", kUnassigned, [&](GridPlace &out, long *ierr) {
+        return kl_utm_to_geod(model_id.getId(), &zone, &north, &easting, &northing, &out.latitude, &out.longitude,
+                              ierr);
+    });
+}
+
+LocalFrame LibFunc::localOrbitalFrame(long kind, const State &in)
+{
+    return result_of<LocalFrame>("LibFunc::localOrbitalFrame", kUnassigned, [&](LocalFrame &out, long *ierr) {
+        return kl_local_orbital_frame(&kind, in.pos.data(), in.vel.data(), in.acc.data(), out.r.data(), out.dr.data(),
+                                      ierr);
+    });
+}
+
 double LibFunc::timeProcessingToProcessing(const TimeId &time_id, long time_ref_in, double time_in, long time_ref_out)
 {
     return result_of<double>("LibFunc::timeProcessingToProcessing", KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING, [&](double &out, long *ierr) {

@@ -42,6 +42,87 @@ long kl_time_time_to_obt_run(const long *run_id, const long *time_ref, const voi
     return kl_time_time_to_obt(&sat_id, time_ref, parameters, time, obt, ierr);
 }
 
+long kl_geod_to_cart_run(const long *run_id, const long *calc_mode, const kl_geodetic *in, double pos[3], double vel[3],
+                         long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_geod_to_cart(model_id, calc_mode, in, pos, vel, ierr);
+    });
+}
+
+long kl_cart_to_geod_run(const long *run_id, const long *calc_mode, const double pos[3], const double vel[3],
+                         kl_geodetic *out, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_cart_to_geod(model_id, calc_mode, pos, vel, out, ierr);
+    });
+}
+
+long kl_kepl_to_cart_run(const long *run_id, const long *kind, const kl_kepler *in, double pos[3], double vel[3],
+                         long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_kepl_to_cart(model_id, kind, in, pos, vel, ierr);
+    });
+}
+
+long kl_cart_to_kepl_run(const long *run_id, const long *kind, const double pos[3], const double vel[3], kl_kepler *out,
+                         long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_cart_to_kepl(model_id, kind, pos, vel, out, ierr);
+    });
+}
+
+long kl_geod_distance_run(const long *run_id, const double *lat1, const double *lon1, const double *lat2,
+                          const double *lon2, double *distance, double *azimuth1, double *azimuth2, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_geod_distance(model_id, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2, ierr);
+    });
+}
+
+long kl_position_on_orbit_run(const long *run_id, const long *calc_mode, const long *cs, const long *time_ref,
+                              const double *time, const double pos[3], const double vel[3], const double acc[3],
+                              kl_orbit_angle *out, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_position_on_orbit(model_id, time_id, calc_mode, cs, time_ref, time, pos, vel, acc, out, ierr);
+    });
+}
+
+long kl_cart_to_radec_run(const long *run_id, const long *calc_mode, const double pos[3], const double vel[3],
+                          kl_radec *out, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_cart_to_radec(model_id, calc_mode, pos, vel, out, ierr);
+    });
+}
+
+long kl_radec_to_cart_run(const long *run_id, const long *calc_mode, const kl_radec *in, double pos[3], double vel[3],
+                          long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_radec_to_cart(model_id, calc_mode, in, pos, vel, ierr);
+    });
+}
+
+long kl_ef_to_topocentric_run(const long *run_id, const long *calc_mode, const kl_geodetic *origin, const double pos[3],
+                              const double vel[3], kl_topocentric *out, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_ef_to_topocentric(model_id, calc_mode, origin, pos, vel, out, ierr);
+    });
+}
+
+long kl_topocentric_to_ef_run(const long *run_id, const long *calc_mode, const kl_geodetic *origin,
+                              const kl_topocentric *in, double pos[3], double vel[3], long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_topocentric_to_ef(model_id, calc_mode, origin, in, pos, vel, ierr);
+    });
+}
+
 long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
                                           const double *time_in, const long *proc_id_out, const long *time_ref_out,
                                           double *time_out, long *ierr)

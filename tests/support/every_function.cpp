@@ -31,6 +31,15 @@ constexpr double kOne = 1.0;
 constexpr double kHalf = 0.5;
 constexpr double kMatrix[9] = {0.0, 1.0, 0.0, -1.0, 0.0, 0.0, 0.0, 0.0, 1.0};
 constexpr double kState[3] = {7.0e6, 1.0e3, -2.0e3};
+constexpr double kSpeed[3] = {-1.0e3, 7.0e3, 1.0e3};
+constexpr double kEasting = 5.0e5;
+constexpr long kRates = KL_CALC_POS_VEL;
+constexpr long kKind = KL_KEPLER_OSCULATING;
+constexpr long kNorth = 1;
+constexpr kl_geodetic kPlace = {48.0, 11.0, 600.0, 0.1, 0.2, 3.0};
+constexpr kl_kepler kElements = {7.2e6, 1e-3, 98.6, 30.0, 90.0, 10.0};
+constexpr kl_radec kDirection = {30.0, 40.0, 7.0e6, 0.1, 0.2, 3.0};
+constexpr kl_topocentric kSeen = {30.0, 40.0, 7.0e5, 0.1, 0.2, 3.0};
 constexpr double kX[3] = {1.0, 0.0, 0.0};
 constexpr double kY[3] = {0.0, 1.0, 0.0};
 constexpr double kZ[3] = {0.0, 0.0, 1.0};
@@ -48,6 +57,14 @@ constexpr double kTimes[4] = {6000.0, 6000.0 - 36.0 / 86400.0, 6000.0 - 36.2 / 8
 constexpr long kOrbit = 0;
 constexpr long kModels[9] = {0, 0, 0, 0, 0, 0, 0, 0, 0};
 constexpr long kModelMode = 0;
+
+// For kl_find_crossings.
+long rising(void *, const long *n, const double *times, double *values)
+{
+    for (long i = 0; i < *n; ++i)
+        values[i] = times[i] - 0.3;
+    return KL_OK;
+}
 
 long open_rows(kl_time_id *id)
 {

@@ -1,0 +1,608 @@
+// Geodetic, polar and topocentric coordinates, geodesics and grids.
+#include "kl_family.h"
+#include "kl_lib.h"
+#include "support/captured_stream.h"
+#include "support/conditions.h"
+#include "support/rows.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <random>
+
+namespace {
+
+constexpr long kPos = KL_CALC_POS;
+constexpr long kPosVel = KL_CALC_POS_VEL;
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kA = 6378137.0;
+constexpr double kE = 42697.672707180; // m: radius of the disc around the centre
+constexpr double kAngle = 6e-14;       // deg: a unit of the last place of 360
+
+double apart(double a, double b) // of two angles, deg
+{
+    return std::fabs(std::remainder(a - b, 360.0));
+}
+
+double length(const double *v)
+{
+    return std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
+}
+
+double distance(const double *a, const double *b)
+{
+    const double d[3] = {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+    return length(d);
+}
+
+kl_geodetic to_geodetic(double x, double y, double z, long status = KL_OK)
+{
+    const double pos[3] = {x, y, z};
+    kl_geodetic out = {};
+    long ierr = 0;
+    EXPECT_EQ(kl_cart_to_geod(nullptr, &kPos, pos, nullptr, &out, &ierr), status) << x << " " << y << " " << z;
+    return out;
+}
+
+} // namespace
+
+TEST(Geodetic, TrueValues)
+{
+    for (const Row &row : rows_of("geodetic")) {
+        const kl_geodetic in = {row[0], row[1], row[2], row[3], row[4], row[5]};
+        double pos[3], vel[3];
+        long ierr = 0;
+        ASSERT_EQ(kl_geod_to_cart(nullptr, &kPosVel, &in, pos, vel, &ierr), KL_OK);
+        const double r = length(&row[6]);
+        const double speed = length(&row[9]);
+        EXPECT_LE(distance(pos, &row[6]), 4e-9 + 5e-16 * r) << in.latitude << " " << in.height;
+        EXPECT_LE(distance(vel, &row[9]), 1e-15 * (speed + 1e5)) << in.latitude << " " << in.height;
+
+        const double pos_in[3] = {row[6], row[7], row[8]};
+        const double vel_in[3] = {row[9], row[10], row[11]};
+        kl_geodetic out;
+        ASSERT_EQ(kl_cart_to_geod(nullptr, &kPosVel, pos_in, vel_in, &out, &ierr), KL_OK);
+        const double p = std::hypot(row[6], row[7]);
+        EXPECT_LE(std::fabs(out.height - row[14]), 8e-9 + 3e-16 * r) << in.latitude << " " << in.height;
+        EXPECT_LE(apart(out.latitude, row[12]) * 0.01745 * r, 8e-9 + 3e-16 * r) << in.latitude << " " << in.height;
+        EXPECT_LE(apart(out.longitude, row[13]) * 0.01745 * p, 8e-9 + (r < 1e7 ? 5e-16 : 1.2e-15) * p) << in.longitude;
+        EXPECT_LE(std::fabs(out.latitude_rate - row[15]) * 0.01745 * r, 4e-15 * (speed + 1.0)) << in.latitude;
+        EXPECT_LE(std::fabs(out.longitude_rate - row[16]) * 0.01745 * p, 4e-15 * (speed + 1.0)) << in.latitude;
+        EXPECT_LE(std::fabs(out.height_rate - row[17]), 2e-15 * (speed + 1.0)) << in.latitude;
+    }
+}
+
+TEST(Geodetic, PublishedAndNearTheCentre)
+{
+    struct Case {
+        double x, y, z, lat, lon, h, lat_tolerance;
+        long status;
+    };
+    constexpr Case kCases[] = {
+        {6524834.0, 6862875.0, 6448296.0, 34.3524951508616, 46.4464168567900, 5085218.731091625, 1e-12, KL_OK},
+        {1.0, 0.0, 0.0, 89.9986626044466, 0.0, -6356752.314233508, 1e-12, KL_WARN},
+        {42697.6, 0.0, 0.0, 0.106092037587, 0.0, -6335439.4, 1e-10, KL_WARN},
+        {42697.7, 0.0, 0.0, 0.0, 0.0, -6335439.3, 0.0, KL_OK},
+        {3e4, 0.0, 1e-9, 45.4590659588927, 0.0, -6346239.741471598, 1e-12, KL_OK},
+        {0.0, 0.0, 0.0, 90.0, 0.0, -6356752.314245179, 0.0, KL_WARN},
+        {0.0, 0.0, 7e6, 90.0, 0.0, 643247.685754821, 0.0, KL_OK},
+        {0.0, 0.0, -7e6, -90.0, 0.0, 643247.685754821, 0.0, KL_OK},
+        {1e-300, 0.0, -7e6, -90.0, 0.0, 643247.685754821, 0.0, KL_OK},
+        {0.0, 1e-300, 1.0, 90.0, 90.0, -6356751.314245179, 0.0, KL_OK},
+        {-kA, 0.0, 0.0, 0.0, 180.0, 0.0, 0.0, KL_OK},
+        {kA, -1e-30, 0.0, 0.0, 0.0, 0.0, 0.0, KL_OK}, // never 360
+        {0.0, -kA, -0.0, 0.0, 270.0, 0.0, 0.0, KL_OK},
+    };
+    for (const Case &c : kCases) {
+        const kl_geodetic out = to_geodetic(c.x, c.y, c.z, c.status);
+        EXPECT_NEAR(out.latitude, c.lat, c.lat_tolerance) << c.x << " " << c.z;
+        EXPECT_NEAR(out.longitude, c.lon, kAngle) << c.x << " " << c.y;
+        EXPECT_NEAR(out.height, c.h, std::fabs(c.x - 42697.65) < 1.0 ? 1e-7 : 4e-9) << c.x << " " << c.z;
+        EXPECT_FALSE(std::signbit(out.longitude) || (out.latitude == 0.0 && std::signbit(out.latitude)));
+        EXPECT_LT(out.longitude, 360.0);
+    }
+    const kl_geodetic munich = {48.0, 11.0, 600.0, 0.0, 0.0, 0.0};
+    double pos[3];
+    ASSERT_EQ(kl_geod_to_cart(nullptr, &kPos, &munich, pos, nullptr, nullptr), KL_OK);
+    const double published[3] = {4197554.92703465, 815922.02433955, 4717322.21701069};
+    EXPECT_LE(distance(pos, published), 1e-8);
+    for (const double lat : {90.0, -90.0}) { // on the axis exactly
+        const kl_geodetic pole = {lat, 33.0, 5.0, 0.0, 0.0, 0.0};
+        ASSERT_EQ(kl_geod_to_cart(nullptr, &kPos, &pole, pos, nullptr, nullptr), KL_OK);
+        EXPECT_EQ(pos[0], 0.0);
+        EXPECT_EQ(pos[1], 0.0);
+    }
+}
+
+// Whatever the point: the foot lies on the ellipsoid, the way back leads to the point, no other foot is nearer; the
+// mirror image in the equator and a turn about the axis belong to the same height.
+TEST(Geodetic, AwkwardPointsComeBack)
+{
+    constexpr double kAxis[] = {0.0, 1e-300,    1e-160, 1e-20, 1e-6,  1.0,   100.0, kE - 1e-6,
+                                kE,  kE + 1e-6, 5e4,    1e6,   5.9e6, 6.1e6, 7e6,   1e11};
+    constexpr double kEquator[] = {0.0, 1e-300, 1e-9, 1.0, 1e3, kE * 0.99, kE, 1e5, 5.9e6, 6.1e6, 4e7, 1e11};
+    for (const double p : kAxis)
+        for (const double q : kEquator) {
+            if (std::hypot(p, q) > 1e12)
+                continue;
+            const double pos[3] = {p * 0.6, p * 0.8, q};
+            const bool disc = q == 0.0 && std::hypot(pos[0], pos[1]) < kE;
+            const kl_geodetic out = to_geodetic(pos[0], pos[1], q, disc ? KL_WARN : KL_OK);
+            double back[3];
+            kl_geodetic in = out;
+            ASSERT_EQ(kl_geod_to_cart(nullptr, &kPos, &in, back, nullptr, nullptr), KL_OK) << p << " " << q;
+            EXPECT_LE(distance(back, pos), 1e-8 + 1e-15 * (p + q)) << p << " " << q;
+            in.height = 0.0;
+            double foot[3];
+            ASSERT_EQ(kl_geod_to_cart(nullptr, &kPos, &in, foot, nullptr, nullptr), KL_OK);
+            for (const double other : {-90.0, -45.0, -10.0, 0.0, 0.05, 1.0, 10.0, 45.0, 80.0, 90.0}) {
+                in.latitude = other;
+                double there[3];
+                ASSERT_EQ(kl_geod_to_cart(nullptr, &kPos, &in, there, nullptr, nullptr), KL_OK);
+                EXPECT_LE(distance(pos, foot), distance(pos, there) + 1e-8 + 1e-15 * (p + q)) << p << " " << q;
+            }
+            const kl_geodetic mirrored = to_geodetic(pos[0], pos[1], -q, disc ? KL_WARN : KL_OK);
+            EXPECT_EQ(mirrored.height, out.height);
+            if (q > 0.0) {
+                EXPECT_EQ(mirrored.latitude, -out.latitude);
+            }
+            const kl_geodetic turned = to_geodetic(-pos[0], -pos[1], q, disc ? KL_WARN : KL_OK);
+            EXPECT_EQ(turned.height, out.height);
+            if (p > 0.0) {
+                EXPECT_NEAR(apart(turned.longitude, out.longitude), 180.0, kAngle);
+            }
+        }
+}
+
+TEST(Geodetic, RatesOnTheAxis)
+{
+    const double north[3] = {0.0, 0.0, 7e6};
+    const double south[3] = {0.0, 0.0, -7e6};
+    const double aside[3] = {3.0, 4.0, 1.0};
+    const double upward[3] = {0.0, 0.0, 2.0};
+    kl_geodetic out;
+    long ierr = 0;
+    EXPECT_EQ(kl_cart_to_geod(nullptr, &kPosVel, north, aside, &out, &ierr), KL_WARN);
+    EXPECT_EQ(ierr, warning_bits(KL_CART_TO_GEOD_POLAR_AXIS_WARN));
+    EXPECT_EQ(out.longitude_rate, 0.0);
+    EXPECT_EQ(out.height_rate, 1.0);
+    EXPECT_LT(out.latitude_rate, 0.0); // the pole is being left
+    const double from_north = out.latitude_rate;
+    EXPECT_EQ(kl_cart_to_geod(nullptr, &kPosVel, south, aside, &out, &ierr), KL_WARN);
+    EXPECT_EQ(out.latitude_rate, -from_north);
+    EXPECT_EQ(kl_cart_to_geod(nullptr, &kPosVel, north, upward, &out, &ierr), KL_OK);
+    EXPECT_EQ(out.latitude_rate, 0.0);
+}
+
+TEST(Geodetic, Conditions)
+{
+    const double pos[3] = {7e6, 1e5, 2e6};
+    const double vel[3] = {1e3, 2e3, 3e3};
+    const double far[3] = {1e12, 1e6, 0.0};
+    const double none[3] = {kNaN, 0.0, 7e6};
+    const double infinite[3] = {0.0, HUGE_VAL, 0.0};
+    const double fast[3] = {1e160, 0.0, 0.0};
+    const long three = 3;
+    double p[3], v[3];
+    kl_geodetic out;
+    const auto at = [](double lat, double lon, double h, double rate = 0.0) {
+        static kl_geodetic g;
+        g = {lat, lon, h, rate, 0.0, 0.0};
+        return &g;
+    };
+    LEAVES(error_bits(KL_GEOD_TO_CART_CALC_MODE_ERR), kl_geod_to_cart(nullptr, &three, nullptr, p, v, e))
+    LEAVES(error_bits(KL_GEOD_TO_CART_CALC_MODE_ERR), kl_geod_to_cart(nullptr, nullptr, at(99, 0, 0), p, v, e))
+    LEAVES(error_bits(KL_GEOD_TO_CART_LATITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, nullptr, p, v, e))
+    LEAVES(error_bits(KL_GEOD_TO_CART_LATITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, at(90.1, 999, 0), p, v, e))
+    LEAVES(error_bits(KL_GEOD_TO_CART_LONGITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, at(90, kNaN, kNaN), p, v, e))
+    LEAVES(error_bits(KL_GEOD_TO_CART_HEIGHT_ERR), kl_geod_to_cart(nullptr, &kPos, at(0, 360, -6356752.4), p, v, e))
+    LEAVES(kNothing, kl_geod_to_cart(nullptr, &kPos, at(0, -360, -6356752.3), p, v, e))
+    LEAVES(error_bits(KL_GEOD_TO_CART_RATES_ERR), kl_geod_to_cart(nullptr, &kPosVel, at(0, 0, 0, HUGE_VAL), p, v, e))
+    LEAVES(kNothing, kl_geod_to_cart(nullptr, &kPos, at(0, 0, 0, HUGE_VAL), p, nullptr, e))
+    LEAVES(kRefused, kl_geod_to_cart(nullptr, &kPosVel, at(0, 0, 0), p, nullptr, e))
+    LEAVES(kRefused, kl_geod_to_cart(nullptr, &kPos, at(0, 0, 0), nullptr, v, e))
+    LEAVES(error_bits(KL_CART_TO_GEOD_CALC_MODE_ERR), kl_cart_to_geod(nullptr, &three, nullptr, vel, &out, e))
+    LEAVES(error_bits(KL_CART_TO_GEOD_POSITION_ERR), kl_cart_to_geod(nullptr, &kPos, far, nullptr, &out, e))
+    LEAVES(error_bits(KL_CART_TO_GEOD_POSITION_ERR), kl_cart_to_geod(nullptr, &kPosVel, none, none, &out, e))
+    LEAVES(error_bits(KL_CART_TO_GEOD_POSITION_ERR), kl_cart_to_geod(nullptr, &kPos, infinite, nullptr, &out, e))
+    LEAVES(error_bits(KL_CART_TO_GEOD_VELOCITY_ERR), kl_cart_to_geod(nullptr, &kPosVel, pos, nullptr, &out, e))
+    LEAVES(error_bits(KL_CART_TO_GEOD_VELOCITY_ERR), kl_cart_to_geod(nullptr, &kPosVel, pos, fast, &out, e))
+    LEAVES(kNothing, kl_cart_to_geod(nullptr, &kPos, pos, fast, &out, e))
+    EXPECT_EQ(out.latitude_rate, 0.0);
+    LEAVES(kRefused, kl_cart_to_geod(nullptr, &kPos, pos, vel, nullptr, e))
+}
+
+TEST(Geodetic, KernelWarnsWithTheDistance)
+{
+    const double inside[3] = {3.0, 4.0, 0.0};
+    double lat = 0.0, lon = 0.0, h = 0.0;
+    kl_error_record record;
+    EXPECT_EQ(KL_Car_Geo(nullptr, inside, &lat, &lon, &h, &record), KL_WARN);
+    EXPECT_EQ(record.count, 1);
+    double metres = 0.0;
+    std::memcpy(&metres, &record.values[0], sizeof metres);
+    EXPECT_EQ(metres, 5.0);
+    EXPECT_NEAR(lon, std::atan2(4.0, 3.0), 1e-15);
+    EXPECT_EQ(KL_Car_Geo(nullptr, nullptr, &lat, &lon, &h, nullptr), KL_ERR);
+}
+
+TEST(Polar, TrueValues)
+{
+    for (const Row &row : rows_of("radec")) {
+        kl_radec out;
+        long ierr = 0;
+        ASSERT_EQ(kl_cart_to_radec(nullptr, &kPosVel, &row[0], &row[3], &out, &ierr), KL_OK);
+        EXPECT_LE(apart(out.ra, row[6]), kAngle);
+        EXPECT_NEAR(out.dec, row[7], 2e-14);
+        EXPECT_NEAR(out.distance, row[8], 4e-16 * row[8]);
+        const double whirl = 57.3 * length(&row[3]) / row[8];
+        EXPECT_NEAR(out.ra_rate, row[9], 2e-15 * whirl * row[8] / std::hypot(row[0], row[1]));
+        EXPECT_NEAR(out.dec_rate, row[10], 2e-15 * whirl);
+        EXPECT_NEAR(out.distance_rate, row[11], 2e-15 * length(&row[3]));
+        double pos[3], vel[3];
+        ASSERT_EQ(kl_radec_to_cart(nullptr, &kPosVel, &out, pos, vel, &ierr), KL_OK);
+        EXPECT_LE(distance(pos, &row[0]), 1e-15 * row[8]);
+        EXPECT_LE(distance(vel, &row[3]), 4e-15 * length(&row[3]) * row[8] / std::hypot(row[0], row[1]));
+    }
+}
+
+TEST(Polar, SizesAxesAndConditions)
+{
+    for (const double size : {5e-324, 1e-310, 1e-200, 1e200, 1.7e308}) {
+        const double pos[3] = {size, size, 0.0};
+        kl_radec out;
+        ASSERT_EQ(kl_cart_to_radec(nullptr, &kPos, pos, nullptr, &out, nullptr), KL_OK) << size;
+        EXPECT_NEAR(out.ra, 45.0, 1e-14) << size;
+        EXPECT_EQ(out.dec, 0.0) << size;
+        if (size < 1e308) {
+            EXPECT_NEAR(out.distance / size, size < 1e-300 ? out.distance / size : std::sqrt(2.0), 4e-16) << size;
+        }
+    }
+    const double up[3] = {0.0, 0.0, 5.0};
+    const double down[3] = {-0.0, 0.0, -5.0};
+    const double aside[3] = {1.0, 0.0, 2.0};
+    const double nowhere[3] = {0.0, 0.0, 0.0};
+    const double none[3] = {1.0, kNaN, 0.0};
+    kl_radec out;
+    double p[3], v[3];
+    LEAVES(warning_bits(KL_CART_TO_RADEC_POLAR_AXIS_WARN), kl_cart_to_radec(nullptr, &kPosVel, up, aside, &out, e))
+    EXPECT_EQ(out.ra, 0.0);
+    EXPECT_EQ(out.dec, 90.0);
+    EXPECT_EQ(out.distance_rate, 2.0);
+    EXPECT_EQ(out.dec_rate, 0.0);
+    LEAVES(kNothing, kl_cart_to_radec(nullptr, &kPosVel, down, up, &out, e))
+    EXPECT_EQ(out.ra, 0.0); // -0.0 across the axis is no half turn
+    EXPECT_EQ(out.dec, -90.0);
+    LEAVES(error_bits(KL_CART_TO_RADEC_POSITION_ERR), kl_cart_to_radec(nullptr, &kPos, nowhere, aside, &out, e))
+    LEAVES(error_bits(KL_CART_TO_RADEC_POSITION_ERR), kl_cart_to_radec(nullptr, &kPosVel, none, none, &out, e))
+    LEAVES(error_bits(KL_CART_TO_RADEC_VELOCITY_ERR), kl_cart_to_radec(nullptr, &kPosVel, up, none, &out, e))
+    LEAVES(error_bits(KL_CART_TO_RADEC_CALC_MODE_ERR), kl_cart_to_radec(nullptr, nullptr, none, none, &out, e))
+    const auto at = [](double ra, double dec, double d, double rate = 0.0) {
+        static kl_radec x;
+        x = {ra, dec, d, rate, 0.0, 0.0};
+        return &x;
+    };
+    LEAVES(error_bits(KL_RADEC_TO_CART_RA_ERR), kl_radec_to_cart(nullptr, &kPos, at(360.1, 99, -1), p, v, e))
+    LEAVES(error_bits(KL_RADEC_TO_CART_DEC_ERR), kl_radec_to_cart(nullptr, &kPos, at(-360, 91, -1), p, v, e))
+    LEAVES(error_bits(KL_RADEC_TO_CART_DISTANCE_ERR), kl_radec_to_cart(nullptr, &kPos, at(0, 0, -1), p, v, e))
+    LEAVES(error_bits(KL_RADEC_TO_CART_DISTANCE_ERR), kl_radec_to_cart(nullptr, &kPos, at(0, 0, HUGE_VAL), p, v, e))
+    LEAVES(error_bits(KL_RADEC_TO_CART_RATES_ERR), kl_radec_to_cart(nullptr, &kPosVel, at(0, 0, 1e10, 1e305), p, v, e))
+    LEAVES(kNothing, kl_radec_to_cart(nullptr, &kPos, at(0, 0, 1, kNaN), p, v, e))
+    EXPECT_EQ(v[0], 0.0);
+}
+
+TEST(Topocentric, TrueValuesAndTheWayBack)
+{
+    for (const Row &row : rows_of("topocentric")) {
+        const kl_geodetic origin = {row[0], row[1], row[2], 0.0, 0.0, 0.0};
+        kl_topocentric out;
+        long ierr = -1;
+        ASSERT_EQ(kl_ef_to_topocentric(nullptr, &kPosVel, &origin, &row[3], &row[6], &out, &ierr), KL_OK);
+        EXPECT_EQ(ierr, 0);
+        const double flat = row[11] * std::cos(row[10] * 0.017453292519943295);
+        EXPECT_LE(apart(out.azimuth, row[9]) * 0.01745 * flat, 8e-9);
+        EXPECT_LE(std::fabs(out.elevation - row[10]) * 0.01745 * row[11], 8e-9);
+        EXPECT_NEAR(out.range, row[11], 8e-9);
+        EXPECT_NEAR(out.azimuth_rate * flat, row[12] * flat, 1e-9);
+        EXPECT_NEAR(out.elevation_rate * row[11], row[13] * row[11], 1e-9);
+        EXPECT_NEAR(out.range_rate, row[14], 1e-11);
+        double pos[3], vel[3];
+        ASSERT_EQ(kl_topocentric_to_ef(nullptr, &kPosVel, &origin, &out, pos, vel, &ierr), KL_OK);
+        EXPECT_LE(distance(pos, &row[3]), 2e-8);
+        EXPECT_LE(distance(vel, &row[6]), 3e-11);
+    }
+    const kl_geodetic origin = {48.0, 11.0, 600.0, 0.0, 0.0, 0.0};
+    const double pos[3] = {5.2e6, 1.5e6, 4.9e6};
+    const double vel[3] = {-4000.0, 3000.0, 3200.0};
+    kl_topocentric x;
+    ASSERT_EQ(kl_ef_to_topocentric(nullptr, &kPosVel, &origin, pos, vel, &x, nullptr), KL_OK);
+    EXPECT_NEAR(x.azimuth, 145.77729631874467, kAngle);
+    EXPECT_NEAR(x.elevation, 45.91296339272434, kAngle);
+    EXPECT_NEAR(x.range, 1227285.612029283, 2e-9);
+    EXPECT_NEAR(x.azimuth_rate, -0.3806041201677284, 2e-15);
+    EXPECT_NEAR(x.elevation_rate, 0.06289273856673849, 2e-15);
+    EXPECT_NEAR(x.range_rate, -1118.7106292593724, 2e-12);
+}
+
+TEST(Topocentric, ZenithPolesAndConditions)
+{
+    const kl_geodetic equator = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
+    const double zenith[3] = {7e6, 0.0, 0.0};
+    const double nadir[3] = {1e3, 0.0, 0.0};
+    const double there[3] = {kA, 0.0, 0.0};
+    const double vel[3] = {2.0, 3.0, 4.0};
+    const double far[3] = {1e13, 1e13, 0.0};
+    const long zero = 0;
+    kl_topocentric out;
+    double p[3], v[3];
+    const auto look = [&](const double *pos, const kl_geodetic &origin) {
+        long ierr = -1;
+        const long status = kl_ef_to_topocentric(nullptr, &kPosVel, &origin, pos, vel, &out, &ierr);
+        EXPECT_EQ(ierr, 0);
+        return status;
+    };
+    EXPECT_EQ(look(zenith, equator), KL_WARN);
+    EXPECT_EQ(out.elevation, 90.0);
+    EXPECT_EQ(out.azimuth, 0.0);
+    EXPECT_EQ(out.range_rate, 2.0);
+    EXPECT_EQ(out.elevation_rate, 0.0);
+    EXPECT_EQ(look(nadir, equator), KL_WARN);
+    EXPECT_EQ(out.elevation, -90.0);
+    EXPECT_EQ(out.range_rate, -2.0);
+    EXPECT_EQ(look(there, equator), KL_WARN);
+    EXPECT_EQ(out.elevation, 90.0);
+    EXPECT_EQ(out.range + out.range_rate + out.azimuth, 0.0);
+
+    // At the north pole with longitude 30, the place 30 E lies to the south, 210 E to the north.
+    const kl_geodetic pole = {90.0, 30.0, 0.0, 0.0, 0.0, 0.0};
+    const double at_30[3] = {1e5 * std::sqrt(0.75), 5e4, 6.3e6};
+    EXPECT_EQ(look(at_30, pole), KL_OK);
+    EXPECT_NEAR(out.azimuth, 180.0, 1e-12);
+
+    const kl_geodetic off = {91.0, 0.0, 0.0, 0.0, 0.0, 0.0};
+    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &zero, &equator, zenith, vel, &out, e))
+    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &kPos, &off, zenith, vel, &out, e))
+    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &kPos, nullptr, zenith, vel, &out, e))
+    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &kPos, &equator, far, vel, &out, e))
+    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &kPosVel, &equator, zenith, nullptr, &out, e))
+    kl_topocentric in = {-360.0, 90.0, 1e5, 0.0, 0.0, 0.0};
+    long ierr = -1;
+    EXPECT_EQ(kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, &ierr), KL_WARN);
+    EXPECT_EQ(ierr, 0);
+    EXPECT_EQ(p[0], kA + 1e5);
+    EXPECT_EQ(v[0], 0.0);
+    in.elevation = 90.1;
+    LEAVES(kRefused, kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, e))
+    in = {0.0, 0.0, -1.0, 0.0, 0.0, 0.0};
+    LEAVES(kRefused, kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, e))
+    in = {0.0, 0.0, 1.0, kNaN, 0.0, 0.0};
+    LEAVES(kRefused, kl_topocentric_to_ef(nullptr, &kPosVel, &equator, &in, p, v, e))
+    LEAVES(kNothing, kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, e))
+}
+
+namespace {
+
+struct Path {
+    double s, azimuth1, azimuth2;
+};
+
+Path path(double lat1, double lon1, double lat2, double lon2)
+{
+    Path x = {};
+    long ierr = 0;
+    EXPECT_EQ(kl_geod_distance(nullptr, &lat1, &lon1, &lat2, &lon2, &x.s, &x.azimuth1, &x.azimuth2, &ierr), KL_OK)
+        << lat1 << " " << lon1 << " " << lat2 << " " << lon2;
+    return x;
+}
+
+constexpr double kGeodesic = 1.5e-8; // m
+
+} // namespace
+
+TEST(Geodesic, TrueValues)
+{
+    for (const Row &row : rows_of("geodesics")) {
+        const Path x = path(row[0], row[1], row[2], row[3]);
+        EXPECT_NEAR(x.s, row[4], kGeodesic) << row[0] << " " << row[2];
+        // An azimuth is as good as the place that it leads to.
+        const double across = std::min(x.s, 6.4e6) * 0.01745;
+        const double turning = x.s > 1.9e7 ? across * 1e-12 : 0.0; // near the antipode it turns fast
+        EXPECT_LE(apart(x.azimuth1, row[5]) * across, kGeodesic + turning) << row[0] << " " << row[2];
+        EXPECT_LE(apart(x.azimuth2, row[6]) * across, kGeodesic + turning) << row[0] << " " << row[2];
+    }
+}
+
+TEST(Geodesic, PublishedAndNearTheAntipode)
+{
+    struct Case {
+        double lat1, lon1, lat2, lon2, s, azimuth1, azimuth2;
+    };
+    constexpr double kAny = -1.0;
+    constexpr Case kCases[] = {
+        {40.6, -73.8, 51.6, -0.5, 5551759.400318678, 51.198882845580, 107.821776735514},
+        {-30.0, 0.0, 29.9, 179.8, 19989832.827609532, 161.890524736327, 18.090737245740},
+        {0.0, 0.0, 0.0, 179.5, 19980861.908890963, 55.966495140159, 124.033504859841},
+        {0.0, 0.0, 0.5, 179.7, 19944127.420750458, 15.556882793491, 164.442513890855},
+        {27.2, 0.0, -27.1, 179.6, 19980856.232204169, 36.313034685680, 143.724428491376},
+        {6.5, -4.5, -5.5, 176.5, 19860721.784968566, kAny, kAny},
+        {-5.59248, -78.774002, 5.79, 101.15, 19981687.633575000, kAny, kAny},
+        {3.44, -76.52, -3.79, 103.54, 19965018.526078753, kAny, kAny},
+        {0.0, 0.0, 0.0, 180.0, 20003931.458625447, 0.0, 180.0},
+        {36.530042355041, 0.0, -48.164270779097769, 5.762344694676510, 9398502.0434687, 176.125875162171,
+         175.334308316285},
+        {-90.0, 10.0, 90.0, 77.0, 20003931.458625447, kAny, kAny},
+        {10.0, 20.0, 10.0, 380.0 - 360.0, 0.0, 0.0, 0.0},
+        {10.0, -340.0, 10.0, 20.0, 0.0, 0.0, 0.0},
+        {90.0, 10.0, 90.0, -170.0, 0.0, 0.0, 0.0},
+        {0.0, 0.0, 0.0, 1.0, kA * 0.017453292519943295, 90.0, 90.0},
+        {0.0, 350.0, 0.0, -12.0, kA * 0.03490658503988659, 270.0, 270.0},
+    };
+    for (const Case &c : kCases) {
+        const Path x = path(c.lat1, c.lon1, c.lat2, c.lon2);
+        EXPECT_NEAR(x.s, c.s, kGeodesic) << c.lat1 << " " << c.lat2 << " " << c.lon2;
+        if (c.azimuth1 != kAny) {
+            EXPECT_LE(apart(x.azimuth1, c.azimuth1), 1e-12) << c.lat1 << " " << c.lat2 << " " << c.lon2;
+            EXPECT_LE(apart(x.azimuth2, c.azimuth2), 1e-12) << c.lat1 << " " << c.lat2 << " " << c.lon2;
+        }
+    }
+    const Path peak = path(-37.951033416667, 144.424867888889, -37.652821138889, 143.926495527778);
+    EXPECT_NEAR(peak.s, 54972.271, 5e-4); // Flinders Peak to Buninyong, as published
+    EXPECT_NEAR(peak.azimuth1, 306.868159203, 5e-9);
+    EXPECT_NEAR(peak.azimuth2, 307.173630629, 5e-9);
+}
+
+// There and back, mirrored and turned; no detour is shorter; the direct problem meets the second point.
+TEST(Geodesic, Laws)
+{
+    std::mt19937 random(42);
+    const auto uniform = [&](double a, double b) { return std::uniform_real_distribution<double>(a, b)(random); };
+    for (int i = 0; i < 4000; ++i) {
+        double lat1 = uniform(-90.0, 90.0), lon1 = uniform(-180.0, 180.0);
+        double lat2 = uniform(-90.0, 90.0), lon2 = uniform(-180.0, 180.0);
+        const double near = std::pow(10.0, uniform(-9.0, 0.5));
+        if (i % 4 == 1) { // near the antipode
+            lat2 = -lat1 + uniform(-near, near) * 0.1;
+            lon2 = lon1 + 180.0 + uniform(-near, near);
+        } else if (i % 4 == 2) { // near
+            lat2 = lat1 + uniform(-near, near);
+            lon2 = lon1 + uniform(-near, near);
+        } else if (i % 8 == 3) { // on and beside the equator
+            lat1 = i % 16 == 3 ? 0.0 : uniform(-near, near) * 1e-3;
+            lat2 = i % 32 == 3 ? 0.0 : -lat1;
+        }
+        lat2 = std::min(90.0, std::max(-90.0, lat2));
+        const Path x = path(lat1, lon1, lat2, lon2);
+        ASSERT_GE(x.s, 0.0);
+        ASSERT_LE(x.s, 20003931.4586254471 + kGeodesic);
+        const Path back = path(lat2, lon2, lat1, lon1);
+        EXPECT_NEAR(back.s, x.s, 4e-9) << lat1 << " " << lon1 << " " << lat2 << " " << lon2;
+        EXPECT_NEAR(path(-lat1, lon1, -lat2, lon2).s, x.s, 4e-9);
+        EXPECT_NEAR(path(lat1, -lon1, lat2, -lon2).s, x.s, 4e-9);
+        double lat3 = 0.0, lon3 = 0.0, azimuth3 = 0.0;
+        long ierr = 0;
+        ASSERT_EQ(kl_geod_point(nullptr, &lat1, &lon1, &x.azimuth1, &x.s, &lat3, &lon3, &azimuth3, &ierr), KL_OK);
+        // Where paths from all sides meet, a rounding of the azimuth is some 20 nm aside.
+        EXPECT_LE(path(lat2, lon2, lat3, lon3).s, 3e-8) << lat1 << " " << lon1 << " " << lat2 << " " << lon2;
+        if (x.s > 1e3) {
+            EXPECT_LE(apart(azimuth3, x.azimuth2) * std::cos(lat2 * 0.01745), 1e-7) << lat1 << " " << lat2;
+        }
+        const double lat4 = uniform(-90.0, 90.0), lon4 = uniform(-180.0, 180.0);
+        EXPECT_LE(x.s, path(lat1, lon1, lat4, lon4).s + path(lat4, lon4, lat2, lon2).s + kGeodesic);
+    }
+}
+
+TEST(Geodesic, ConditionsAndTheDirectProblem)
+{
+    const double lat = 10.0, lon = 20.0, bad_lat = -90.0000001, bad_lon = 360.5, none = kNaN;
+    double s = 0.0, a = 0.0, b = 0.0;
+    LEAVES(error_bits(KL_GEOD_DISTANCE_LATITUDE1_ERR),
+           kl_geod_distance(nullptr, &bad_lat, &none, &lat, &lon, &s, &a, &b, e))
+    LEAVES(error_bits(KL_GEOD_DISTANCE_LONGITUDE1_ERR),
+           kl_geod_distance(nullptr, &lat, &bad_lon, &none, &lon, &s, &a, &b, e))
+    LEAVES(error_bits(KL_GEOD_DISTANCE_LATITUDE2_ERR),
+           kl_geod_distance(nullptr, &lat, &lon, nullptr, &none, &s, &a, &b, e))
+    LEAVES(error_bits(KL_GEOD_DISTANCE_LONGITUDE2_ERR),
+           kl_geod_distance(nullptr, &lat, &lon, &lat, &none, &s, &a, &b, e))
+    LEAVES(kRefused, kl_geod_distance(nullptr, &lat, &lon, &lat, &lon, nullptr, &a, &b, e))
+    LEAVES(kNothing, kl_geod_distance(nullptr, &lat, &lon, &lat, &lon, &s, nullptr, nullptr, e))
+    const double north = 0.0, quarter = 10001965.729312725, round = 4.0 * 10001965.729312725, too_far = 1.1e9;
+    const double equator = 0.0;
+    // A quarter of the meridian (published), and round the Earth over the poles.
+    ASSERT_EQ(kl_geod_point(nullptr, &equator, &lon, &north, &quarter, &s, &a, &b, nullptr), KL_OK);
+    EXPECT_NEAR(s, 90.0, 1e-13);
+    ASSERT_EQ(kl_geod_point(nullptr, &lat, &lon, &north, &round, &s, &a, &b, nullptr), KL_OK);
+    EXPECT_NEAR(s, lat, 4e-13);
+    EXPECT_NEAR(a, lon, 4e-13);
+    const double east = 90.0, back = -kA * 0.017453292519943295;
+    ASSERT_EQ(kl_geod_point(nullptr, &equator, &lon, &east, &back, &s, &a, &b, nullptr), KL_OK);
+    EXPECT_NEAR(a, lon - 1.0, 1e-13);
+    EXPECT_EQ(s, 0.0);
+    LEAVES(kRefused, kl_geod_point(nullptr, &bad_lat, &lon, &north, &quarter, &s, &a, &b, e))
+    LEAVES(kRefused, kl_geod_point(nullptr, &lat, &lon, &none, &quarter, &s, &a, &b, e))
+    LEAVES(kRefused, kl_geod_point(nullptr, &lat, &lon, &north, &too_far, &s, &a, &b, e))
+    LEAVES(kRefused, kl_geod_point(nullptr, &lat, &lon, &north, &quarter, nullptr, &a, &b, e))
+}
+
+TEST(Grid, TrueValuesAndTheWayBack)
+{
+    for (const Row &row : rows_of("grid")) {
+        long zone = static_cast<long>(row[2]), north = -1, ierr = 0;
+        double e = 0.0, n = 0.0, lat = 0.0, lon = 0.0;
+        ASSERT_EQ(KL_Coticchia_Surace(nullptr, &row[0], &row[1], &zone, &north, &e, &n, &ierr), KL_OK);
+        EXPECT_EQ(north, static_cast<long>(row[3]));
+        EXPECT_NEAR(e, row[4], 5e-9) << row[0];
+        EXPECT_NEAR(n, row[5], 5e-9) << row[0];
+        ASSERT_EQ(kl_utm_to_geod(nullptr, &zone, &north, &row[4], &row[5], &lat, &lon, &ierr), KL_OK);
+        EXPECT_LE(std::fabs(lat - row[0]) * 111e3, 5e-9) << row[0];
+        EXPECT_LE(apart(lon, row[1]) * 111e3 * std::cos(row[0] * 0.01745), 5e-9) << row[0];
+    }
+}
+
+TEST(Grid, ZonesAndRefusals)
+{
+    struct Case {
+        double lat, lon;
+        long zone_in, zone; // 0: refused
+    };
+    constexpr Case kCases[] = {
+        {33.3, 44.4, 0, 38},   {0.0, 180.0, 0, 1},    {0.0, -180.0, 0, 1},  {0.0, 179.999, 0, 60}, {-5.0, 360.0, 0, 31},
+        {-5.0, -360.0, 0, 31}, {84.0, 3.0, 31, 31},   {-84.0, 9.0, 31, 31}, {0.0, -3.0, 31, 31},   {0.0, 9.0001, 31, 0},
+        {84.0001, 3.0, 31, 0}, {kNaN, 3.0, 31, 0},    {5.0, 360.1, 0, 0},   {5.0, 3.0, 61, 0},     {5.0, 3.0, -1, 0},
+        {5.0, 179.0, 1, 1},    {5.0, -357.0, 31, 31}, {5.0, kNaN, 31, 0},
+    };
+    for (const Case &c : kCases) {
+        long zone = c.zone_in, north = 7, ierr = 0;
+        double easting = 0.0, northing = 0.0;
+        const long status = KL_Coticchia_Surace(nullptr, &c.lat, &c.lon, &zone, &north, &easting, &northing, &ierr);
+        EXPECT_EQ(status, c.zone == 0 ? KL_ERR : KL_OK) << c.lat << " " << c.lon;
+        EXPECT_EQ(ierr, c.zone == 0 ? error_bits(KL_COTICCHIA_SURACE_COMPUTATION_ERR) : 0);
+        if (c.zone == 0)
+            continue;
+        EXPECT_EQ(zone, c.zone) << c.lon;
+        double lat = 0.0, lon = 0.0;
+        ASSERT_EQ(kl_utm_to_geod(nullptr, &zone, &north, &easting, &northing, &lat, &lon, &ierr), KL_OK) << c.lon;
+        EXPECT_NEAR(lat, c.lat, 1e-13);
+        EXPECT_LE(apart(lon, c.lon), 1e-12);
+    }
+    const double lat = 33.3, lon = 44.4;
+    long zone = 0, north = 0;
+    double easting = 0.0, northing = 0.0;
+    ASSERT_EQ(KL_Coticchia_Surace(nullptr, &lat, &lon, &zone, &north, &easting, &northing, nullptr), KL_OK);
+    EXPECT_NEAR(easting, 444140.5449, 5e-5);
+    EXPECT_NEAR(northing, 3684706.3555, 5e-5);
+    const long one = 1, half = 2, sixty_one = 61;
+    const double far = 1.5e6, none = kNaN;
+    double x = 0.0, y = 0.0;
+    LEAVES(kRefused, kl_utm_to_geod(nullptr, &sixty_one, &one, &easting, &northing, &x, &y, e))
+    LEAVES(kRefused, kl_utm_to_geod(nullptr, &one, &half, &easting, &northing, &x, &y, e))
+    LEAVES(kRefused, kl_utm_to_geod(nullptr, &one, &one, &far, &northing, &x, &y, e))
+    LEAVES(kRefused, kl_utm_to_geod(nullptr, &one, &one, &easting, &none, &x, &y, e))
+}
+
+// A model id whose Earth was refused has no ellipsoid: nothing is computed, nothing crashes.
+TEST(Coordinates, RefusedEarth)
+{
+    kl_model_id model = {nullptr};
+    const long user = KL_MODEL_USER;
+    const long models[9] = {99, 0, 0, 0, 0, 0, 0, 0, 0};
+    long ierr = 0;
+    ASSERT_EQ(kl_model_init(&user, models, &model, &ierr), KL_ERR);
+    const double pos[3] = {7e6, 0.0, 0.0};
+    const double vel[3] = {0.0, 7e3, 1e3};
+    const long osculating = KL_KEPLER_OSCULATING;
+    kl_geodetic out;
+    kl_kepler elements;
+    LEAVES(kRefused, kl_cart_to_geod(&model, &kPos, pos, vel, &out, e))
+    LEAVES(kRefused, kl_cart_to_kepl(&model, &osculating, pos, vel, &elements, e))
+    kl_model_close(&model, &ierr);
+}
+
+TEST(Coordinates, WordsOfFunctionsWithoutBits)
+{
+    const long five = 5;
+    kl_topocentric out;
+    const std::string said =
+        verbose_text([&] { kl_ef_to_topocentric(nullptr, &five, nullptr, nullptr, nullptr, &out, nullptr); });
+    EXPECT_EQ(said, "ORBKIT_LIB >>> ERROR in kl_ef_to_topocentric: Calculation mode ID is not correct\n");
+}

@@ -1,0 +1,168 @@
+// Zeros of functions of time.
+#include "kl_lib.h"
+#include "support/conditions.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace {
+
+struct Function {
+    double (*f)(double);
+    long calls = 0, instants = 0;
+    double first = HUGE_VAL, last = -HUGE_VAL;
+};
+
+long values_of(void *context, const long *n, const double *times, double *values)
+{
+    auto *function = static_cast<Function *>(context);
+    ++function->calls;
+    function->instants += *n;
+    for (long i = 0; i < *n; ++i) {
+        values[i] = function->f(times[i]);
+        function->first = std::min(function->first, times[i]);
+        function->last = std::max(function->last, times[i]);
+    }
+    return KL_OK;
+}
+
+long failing(void *, const long *, const double *, double *)
+{
+    return KL_ERR;
+}
+
+struct Found {
+    long status = KL_OK;
+    std::vector<kl_crossing> all;
+    Function used;
+};
+
+Found crossings(double (*f)(double), double start, double stop, double step, double tolerance = 1e-12, long max = 100)
+{
+    Found out;
+    out.used.f = f;
+    out.all.resize(static_cast<std::size_t>(max));
+    long n = -1, ierr = -1;
+    out.status =
+        kl_find_crossings(values_of, &out.used, &start, &stop, &step, &tolerance, &max, &n, out.all.data(), &ierr);
+    EXPECT_EQ(ierr, 0);
+    out.all.resize(static_cast<std::size_t>(n));
+    EXPECT_GE(out.used.first, start);
+    EXPECT_LE(out.used.last, stop);
+    return out;
+}
+
+} // namespace
+
+TEST(Crossings, KnownZeros)
+{
+    struct Case {
+        const char *name;
+        double (*f)(double);
+        double start, stop, step;
+        std::vector<double> zeros;
+    };
+    const Case cases[] = {
+        {"cosine",
+         [](double t) { return std::cos(t); },
+         0.0,
+         20.0,
+         0.7,
+         {1.5707963267948966, 4.71238898038469, 7.853981633974483, 10.995574287564276, 14.137166941154069,
+          17.278759594743864}},
+        {"a pair within a step", [](double t) { return (t - 5.05) * (t - 5.07); }, 0.0, 10.0, 1.0, {5.05, 5.07}},
+        {"a pair within the first step",
+         [](double t) { return (t - 0.3) * (t - 0.5) - 1e-3; },
+         0.0,
+         10.0,
+         1.0,
+         {0.4 - std::sqrt(0.011), 0.4 + std::sqrt(0.011)}},
+        {"a pair within the last step", [](double t) { return -(t - 9.3) * (t - 9.5); }, 0.0, 10.0, 1.0, {9.3, 9.5}},
+        {"a grazing wave",
+         [](double t) { return std::sin(t) - 0.9999; },
+         0.0,
+         6.0,
+         0.5,
+         {std::asin(0.9999), 3.141592653589793 - std::asin(0.9999)}},
+        {"touching without crossing", [](double t) { return (t - 5.3) * (t - 5.3) + 1e-9; }, 0.0, 10.0, 1.0, {}},
+        {"flat as a cube", [](double t) { return (t - 2.2) * (t - 2.2) * (t - 2.2); }, 0.0, 10.0, 1.0, {2.2}},
+        {"steep", [](double t) { return std::atan(1e6 * (t - 3.3)); }, 0.0, 10.0, 1.0, {3.3}},
+        {"on the grid", [](double t) { return t - 4.0; }, 0.0, 10.0, 1.0, {4.0}},
+        {"one step", [](double t) { return t - 4.0; }, 0.0, 10.0, 100.0, {4.0}},
+        {"at 36000 days",
+         [](double t) { return std::sin((t - 36000.0) * 10.0 - 1.0); },
+         36000.0,
+         36000.3,
+         0.01,
+         {36000.1}},
+    };
+    for (const Case &c : cases) {
+        const double tolerance = c.start > 1e3 ? 1e-11 : 1e-12;
+        const Found found = crossings(c.f, c.start, c.stop, c.step, tolerance);
+        EXPECT_EQ(found.status, KL_OK) << c.name;
+        std::vector<double> zeros;
+        long last = 0;
+        for (const kl_crossing &x : found.all) {
+            EXPECT_NE(x.direction, last) << c.name; // they alternate
+            last = x.direction;
+            EXPECT_EQ(x.value, c.f(x.time)) << c.name;
+            if (x.cut)
+                EXPECT_TRUE(x.value > 0.0 && x.time == (x.direction > 0 ? c.start : c.stop)) << c.name;
+            else
+                zeros.push_back(x.time);
+        }
+        ASSERT_EQ(zeros.size(), c.zeros.size()) << c.name;
+        for (std::size_t i = 0; i < zeros.size(); ++i)
+            EXPECT_NEAR(zeros[i], c.zeros[i], c.name[0] == 'f' ? 1e-4 * 0.0 + 2e-12 : 2.0 * tolerance) << c.name;
+    }
+}
+
+TEST(Crossings, FewValuesAreAskedFor)
+{
+    const Found found =
+        crossings([](double t) { return std::sin(t) + 0.2 * std::cos(3.0 * t); }, 0.0, 300.0, 0.5, 1e-9, 200);
+    EXPECT_EQ(found.status, KL_OK);
+    ASSERT_GT(found.all.size(), 90u);
+    const long grid = 601;
+    const long each = (found.used.instants - grid) / static_cast<long>(found.all.size());
+    EXPECT_LE(each, 9); // halving alone would need 29
+    EXPECT_LE(found.used.calls, 11 + found.used.instants - grid);
+}
+
+TEST(Crossings, EndsRoomAndFailures)
+{
+    const auto wave = [](double t) { return std::cos(t); };
+    Found found = crossings(wave, 0.0, 6.0, 0.5);
+    ASSERT_EQ(found.all.size(), 4u); // above zero at both ends
+    EXPECT_EQ(found.all[0].cut, 1);
+    EXPECT_EQ(found.all[3].cut, 1);
+    EXPECT_EQ(found.all[3].direction, -1);
+    EXPECT_EQ(found.all[1].cut + found.all[2].cut, 0);
+    found = crossings(wave, 0.0, 20.0, 0.5, 1e-9, 3);
+    EXPECT_EQ(found.status, KL_WARN);
+    EXPECT_EQ(found.all.size(), 3u);
+    found = crossings([](double) { return -1.0; }, 0.0, 20.0, 0.5, 1e-9, 0);
+    EXPECT_EQ(found.status, KL_OK);
+
+    Function function = {wave};
+    const double zero = 0.0, ten = 10.0, half = 0.5, tiny = 1e-300, none = std::numeric_limits<double>::quiet_NaN();
+    const long max = 5, negative = -1;
+    long n = 7;
+    kl_crossing out[5];
+    LEAVES(kRefused, kl_find_crossings(nullptr, &function, &zero, &ten, &half, &half, &max, &n, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &ten, &zero, &half, &half, &max, &n, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &ten, &ten, &half, &half, &max, &n, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &none, &ten, &half, &half, &max, &n, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &zero, nullptr, &half, &half, &max, &n, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &zero, &ten, &zero, &half, &max, &n, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &zero, &ten, &tiny, &half, &max, &n, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &zero, &ten, &half, &none, &max, &n, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &zero, &ten, &half, &half, &negative, &n, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &zero, &ten, &half, &half, &max, nullptr, out, e))
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &zero, &ten, &half, &half, &max, &n, nullptr, e))
+    LEAVES(kRefused, kl_find_crossings(failing, nullptr, &zero, &ten, &half, &half, &max, &n, out, e))
+    function.f = [](double t) { return t < 5.0 ? -1.0 : std::nan(""); };
+    LEAVES(kRefused, kl_find_crossings(values_of, &function, &zero, &ten, &half, &half, &max, &n, out, e))
+}

@@ -1,0 +1,377 @@
+// Kepler's equation, elements and states, mean elements.
+#include "kl_family.h"
+#include "kl_lib.h"
+#include "support/conditions.h"
+#include "support/rows.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <random>
+
+namespace {
+
+constexpr long kOsculating = KL_KEPLER_OSCULATING;
+constexpr long kMean = KL_KEPLER_MEAN;
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kDeg = 0.017453292519943295;
+constexpr double kGm = 3.9860044e14; // of the default model
+constexpr double kJ2 = 0.001082626;
+constexpr double kRadius = 6378136.0;
+
+using State6 = std::array<double, 6>;
+
+double apart(double a, double b)
+{
+    return std::fabs(std::remainder(a - b, 360.0));
+}
+
+double length(const double *v)
+{
+    return std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
+}
+
+double distance(const double *a, const double *b)
+{
+    const double d[3] = {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+    return length(d);
+}
+
+kl_kepler elements_of(const State6 &x, long kind, long status = KL_OK)
+{
+    kl_kepler out = {};
+    EXPECT_EQ(kl_cart_to_kepl(nullptr, &kind, x.data(), x.data() + 3, &out, nullptr), status);
+    return out;
+}
+
+State6 state_of(const kl_kepler &x, long kind)
+{
+    State6 out{};
+    EXPECT_EQ(kl_kepl_to_cart(nullptr, &kind, &x, out.data(), out.data() + 3, nullptr), KL_OK);
+    return out;
+}
+
+} // namespace
+
+// In units of the rounding that the anomaly, M and e sin E themselves carry.
+TEST(KeplersEquation, TrueValues)
+{
+    for (const Row &row : rows_of("anomalies")) {
+        const double M = row[0], e = row[1], x = row[2];
+        const bool closed = e < 1.0;
+        const double got = closed ? KL_Kepler_ellipse(M, e) : KL_Kepler_hyperbola(M, e);
+        const double es = e * (closed ? std::sin(x) : std::sinh(x));
+        const double slope = closed ? (1.0 - e) + 2.0 * e * std::pow(std::sin(0.5 * x), 2)
+                                    : (e - 1.0) + 2.0 * e * std::pow(std::sinh(0.5 * x), 2);
+        const double unit = 0x1p-53 * ((std::fabs(M) + std::fabs(es)) / slope + std::fabs(x));
+        EXPECT_LE(std::fabs(got - x), (closed ? 1.4 : 2.1) * unit) << M << " " << e;
+        const double other = closed ? KL_Kepler_ellipse(-M, e) : KL_Kepler_hyperbola(-M, e);
+        EXPECT_EQ(other, -got);
+    }
+    EXPECT_NEAR(KL_Kepler_ellipse(235.4 * kDeg, 0.4) / kDeg, 220.512074767522, 5e-13); // Vallado, example 2-1
+    EXPECT_EQ(KL_Kepler_ellipse(0.0, 0.999), 0.0);
+    EXPECT_EQ(KL_Kepler_hyperbola(0.0, 1.001), 0.0);
+    EXPECT_NEAR(KL_Kepler_ellipse(1000.5, 0.1), 1000.5 + 0.1 * std::sin(KL_Kepler_ellipse(1000.5, 0.1)), 2e-13);
+    for (const double bad : {kNaN, HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_TRUE(std::isnan(KL_Kepler_ellipse(bad, 0.1)));
+        EXPECT_TRUE(std::isnan(KL_Kepler_hyperbola(bad, 2.0)));
+        EXPECT_TRUE(std::isnan(KL_Kepler_ellipse(1.0, bad)));
+        EXPECT_TRUE(std::isnan(KL_Kepler_hyperbola(1.0, bad)));
+    }
+    EXPECT_TRUE(std::isnan(KL_Kepler_ellipse(1.0, 1.0)));
+    EXPECT_TRUE(std::isnan(KL_Kepler_ellipse(1.0, -0.1)));
+    EXPECT_TRUE(std::isnan(KL_Kepler_hyperbola(1.0, 1.0)));
+}
+
+TEST(Elements, TrueValuesBothWays)
+{
+    for (const Row &row : rows_of("kepler")) {
+        const kl_kepler in = {row[0], row[1], row[2], row[3], row[4], row[5]};
+        const State6 x = state_of(in, kOsculating);
+        const double r = length(&row[6]), v = length(&row[9]);
+        // A rounding of the anomaly is worth most at the perigee of a long ellipse.
+        const double steep = in.eccentricity < 1.0
+                                 ? std::fabs(in.semi_major_axis) * (1.0 + std::fabs(in.mean_anomaly) / 57.0) / r
+                                 : std::fabs(in.semi_major_axis) * 8.0 / r;
+        EXPECT_LE(distance(x.data(), &row[6]), 2e-15 * r * (1.0 + steep / (1.0 - std::min(in.eccentricity, 0.9))))
+            << in.eccentricity;
+        EXPECT_LE(distance(x.data() + 3, &row[9]), 3e-15 * v * (1.0 + steep / (1.0 - std::min(in.eccentricity, 0.9))))
+            << in.eccentricity;
+
+        State6 given;
+        std::copy(row.begin() + 6, row.begin() + 12, given.begin());
+        const kl_kepler got = elements_of(given, kOsculating);
+        const double e = in.eccentricity;
+        const double ill = 60.0 * 1e-15 * std::max(1.0, steep);
+        EXPECT_NEAR(got.semi_major_axis / row[12], 1.0,
+                    1e-15 * (2.0 + 2.0 * std::fabs(row[12]) / r + 2.0 * v * v * std::fabs(row[12]) / kGm));
+        EXPECT_NEAR(got.eccentricity, row[13], 4e-15 * (1.0 + steep) * std::max(1.0, e));
+        EXPECT_LE(apart(got.inclination, row[14]),
+                  6e-14 * r * v / std::sqrt(kGm * std::fabs(row[12] * (1.0 - row[13] * row[13]))) * 2.0);
+        EXPECT_LE(apart(got.raan, row[15]), 2e-13 / std::sin(row[14] * kDeg));
+        EXPECT_LE(apart(got.arg_perigee, row[16]), ill * (1.0 + 1.0 / std::min(e, 1.0)) / std::sin(row[14] * kDeg));
+        if (e < 1.0)
+            EXPECT_LE(apart(got.mean_anomaly, row[17]), ill * (1.0 + 1.0 / e));
+        else
+            EXPECT_NEAR(got.mean_anomaly, row[17], ill * (2.0 + std::fabs(row[17])));
+    }
+}
+
+TEST(Elements, Published)
+{
+    // Vallado, example 2-5; a, e, M with this model's GM by quadruple precision.
+    const State6 state = {6524834.0, 6862875.0, 6448296.0, 4901.327, 5533.756, -1976.341};
+    const kl_kepler x = elements_of(state, kOsculating);
+    EXPECT_NEAR(x.semi_major_axis, 36127338.485455722, 1e-7);
+    EXPECT_NEAR(x.eccentricity, 0.832853402064525, 4e-15);
+    EXPECT_NEAR(x.inclination, 87.8691261770264, 1e-12);
+    EXPECT_NEAR(x.raan, 227.8982603572737, 1e-12);
+    EXPECT_NEAR(x.arg_perigee, 53.3849309288643, 1e-12);
+    EXPECT_NEAR(x.mean_anomaly, 7.6047414712404, 1e-12);
+}
+
+// There and back over conics of all shapes, circles, orbits in the equator, retrograde ones.
+TEST(Elements, RoundTrips)
+{
+    std::mt19937 random(7);
+    const auto uniform = [&](double a, double b) { return std::uniform_real_distribution<double>(a, b)(random); };
+    for (int k = 0; k < 20000; ++k) {
+        kl_kepler x = {uniform(6.6e6, 5e7), uniform(0.0, 0.9),   uniform(0.0, 180.0),
+                       uniform(0.0, 360.0), uniform(0.0, 360.0), uniform(0.0, 360.0)};
+        if (k % 8 == 1)
+            x.eccentricity = std::pow(10.0, uniform(-17.0, -1.0));
+        if (k % 8 == 2)
+            x.eccentricity = 0.0;
+        if (k % 8 == 3)
+            x.inclination = k % 16 == 3 ? 0.0 : 180.0;
+        if (k % 8 == 4)
+            x = {-uniform(1e6, 5e7),    1.0 + std::pow(10.0, uniform(-3.0, 1.0)), x.inclination, x.raan, x.arg_perigee,
+                 uniform(-300.0, 300.0)};
+        const bool closed = x.semi_major_axis > 0.0;
+        const State6 there = state_of(x, kOsculating);
+        const kl_kepler y = elements_of(there, kOsculating);
+        ASSERT_TRUE(y.mean_anomaly == y.mean_anomaly && y.arg_perigee >= 0.0 && y.arg_perigee < 360.0);
+        const State6 back = state_of(y, kOsculating);
+        EXPECT_LE(distance(back.data(), there.data()), (closed ? 3e-14 : 2e-13) * length(there.data()))
+            << k << " " << x.eccentricity;
+        EXPECT_LE(distance(back.data() + 3, there.data() + 3), (closed ? 4e-14 : 2e-13) * length(there.data() + 3))
+            << k;
+        if (!closed || k % 4 != 0 || x.eccentricity > 0.75 || x.semi_major_axis * (1.0 - x.eccentricity) < 6.5e6)
+            continue;
+        const kl_kepler mean = elements_of(there, kMean);
+        const State6 again = state_of(mean, kMean);
+        EXPECT_LE(distance(again.data(), there.data()), 4e-14 * length(there.data()))
+            << k << " " << x.eccentricity << " " << x.inclination;
+        EXPECT_LE(distance(again.data() + 3, there.data() + 3), 4e-14 * length(there.data() + 3)) << k;
+    }
+    const kl_kepler circle = elements_of({7e6, 0.0, 0.0, 0.0, std::sqrt(kGm / 7e6), 0.0}, kOsculating);
+    if (circle.eccentricity == 0.0) {
+        EXPECT_EQ(circle.arg_perigee, 0.0);
+        EXPECT_EQ(circle.mean_anomaly, 0.0);
+    }
+}
+
+TEST(Elements, Conditions)
+{
+    const auto in = [](double a, double e, double i = 50.0, double node = 0.0, double anomaly = 0.0) {
+        static kl_kepler x;
+        x = {a, e, i, node, 0.0, anomaly};
+        return &x;
+    };
+    double p[3], v[3];
+    const long two = 2;
+    LEAVES(error_bits(KL_KEPL_TO_CART_KIND_ERR), kl_kepl_to_cart(nullptr, &two, nullptr, p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_KIND_ERR), kl_kepl_to_cart(nullptr, nullptr, in(7e6, 0.1), p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_ELEMENTS_ERR), kl_kepl_to_cart(nullptr, &kMean, nullptr, p, v, e))
+    for (const double a : {0.0, -7e6, kNaN, 1.1e13, HUGE_VAL})
+        LEAVES(error_bits(KL_KEPL_TO_CART_ELEMENTS_ERR),
+               kl_kepl_to_cart(nullptr, &kOsculating, in(a, 0.1, 999.0), p, v, e))
+    for (const double ecc : {1.0, -1e-9, kNaN, 1.5})
+        LEAVES(error_bits(KL_KEPL_TO_CART_ELEMENTS_ERR), kl_kepl_to_cart(nullptr, &kOsculating, in(7e6, ecc), p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_ELEMENTS_ERR),
+           kl_kepl_to_cart(nullptr, &kOsculating, in(-7e6, HUGE_VAL), p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_INCLINATION_ERR),
+           kl_kepl_to_cart(nullptr, &kMean, in(7e6, 0.1, 180.1, kNaN), p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_INCLINATION_ERR), kl_kepl_to_cart(nullptr, &kMean, in(7e6, 0.1, -0.1), p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_ANGLES_ERR), kl_kepl_to_cart(nullptr, &kMean, in(-7e6, 1.1, 0.0, 1.1e8), p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_ANGLES_ERR),
+           kl_kepl_to_cart(nullptr, &kOsculating, in(7e6, 0.1, 0.0, 0.0, kNaN), p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_MEAN_ERR), kl_kepl_to_cart(nullptr, &kMean, in(-7e6, 1.1), p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_MEAN_ERR), kl_kepl_to_cart(nullptr, &kMean, in(4e8, 0.99), p, v, e))
+    LEAVES(error_bits(KL_KEPL_TO_CART_MEAN_ERR), kl_kepl_to_cart(nullptr, &kMean, in(3.1e6, 0.1), p, v, e))
+    LEAVES(kRefused, kl_kepl_to_cart(nullptr, &kOsculating, in(7e6, 0.1), nullptr, v, e))
+    LEAVES(kNothing, kl_kepl_to_cart(nullptr, &kOsculating, in(7e6, 0.1, 180.0, -1e8, 1e8), p, v, e))
+    LEAVES(kNothing, kl_kepl_to_cart(nullptr, &kOsculating, in(-7e3, 1.1, 180.0, 0.0, 1e9), p, v, e)) // no bound
+
+    const double pos[3] = {7e6, 0.0, 0.0};
+    const double zero[3] = {0.0, 0.0, 0.0};
+    const double far[3] = {1.1e13, 0.0, 0.0};
+    const double along[3] = {5e3, 0.0, 0.0};
+    const double none[3] = {0.0, kNaN, 0.0};
+    const double escape[3] = {0.0, std::sqrt(2.0 * kGm / 7e6), 0.0};
+    const double beyond[3] = {0.0, 12e3, 0.0};
+    const double fast[3] = {0.0, 1.1e9, 0.0};
+    const double slow[3] = {0.0, 400.0, 0.0};
+    kl_kepler out;
+    LEAVES(error_bits(KL_CART_TO_KEPL_KIND_ERR), kl_cart_to_kepl(nullptr, &two, zero, zero, &out, e))
+    for (const double *bad : {zero, far, none, static_cast<const double *>(nullptr)})
+        LEAVES(error_bits(KL_CART_TO_KEPL_STATE_ERR), kl_cart_to_kepl(nullptr, &kMean, bad, beyond, &out, e))
+    for (const double *bad : {fast, none, static_cast<const double *>(nullptr)})
+        LEAVES(error_bits(KL_CART_TO_KEPL_STATE_ERR), kl_cart_to_kepl(nullptr, &kMean, pos, bad, &out, e))
+    for (const double *bad : {along, zero, escape})
+        LEAVES(error_bits(KL_CART_TO_KEPL_CONIC_ERR), kl_cart_to_kepl(nullptr, &kOsculating, pos, bad, &out, e))
+    LEAVES(error_bits(KL_CART_TO_KEPL_MEAN_ERR), kl_cart_to_kepl(nullptr, &kMean, pos, beyond, &out, e))
+    LEAVES(error_bits(KL_CART_TO_KEPL_MEAN_ERR), kl_cart_to_kepl(nullptr, &kMean, pos, slow, &out, e))
+    LEAVES(kNothing, kl_cart_to_kepl(nullptr, &kOsculating, pos, beyond, &out, e))
+    LEAVES(kRefused, kl_cart_to_kepl(nullptr, &kOsculating, pos, beyond, nullptr, e))
+}
+
+// Numbers of every size: a refusal or finite numbers, and never a crash.
+TEST(Elements, WildNumbers)
+{
+    std::mt19937_64 random(11);
+    const auto wild = [&] {
+        const double size = std::pow(10.0, std::uniform_real_distribution<double>(-320.0, 308.0)(random));
+        const double mild = std::pow(10.0, std::uniform_real_distribution<double>(-3.0, 12.0)(random));
+        const double one = random() % 3 ? mild : size;
+        return random() % 16 == 0 ? 0.0 : random() % 2 ? one : -one;
+    };
+    const auto all_finite = [](const double *x, int n) {
+        return std::all_of(x, x + n, [](double y) { return std::isfinite(y); });
+    };
+    for (int k = 0; k < 200000; ++k) {
+        const long kind = k % 2;
+        const State6 x = {wild(), wild(), wild(), wild(), wild(), wild()};
+        kl_kepler out = {};
+        if (kl_cart_to_kepl(nullptr, &kind, x.data(), x.data() + 3, &out, nullptr) != KL_ERR) {
+            ASSERT_TRUE(all_finite(&out.semi_major_axis, 6)) << k;
+        }
+        const kl_kepler in = {
+            wild(), random() % 2 ? std::fabs(wild()) : std::fabs(wild()) * 1e-12, std::fabs(wild()), wild(), wild(),
+            wild()};
+        State6 y = {};
+        if (kl_kepl_to_cart(nullptr, &kind, &in, y.data(), y.data() + 3, nullptr) != KL_ERR) {
+            ASSERT_TRUE(all_finite(y.data(), 6)) << k;
+        }
+        kl_geodetic geodetic = {};
+        const long mode = KL_CALC_POS_VEL;
+        if (kl_cart_to_geod(nullptr, &mode, x.data(), x.data() + 3, &geodetic, nullptr) != KL_ERR) {
+            ASSERT_TRUE(all_finite(&geodetic.latitude, 6)) << k;
+        }
+        kl_radec radec = {};
+        if (kl_cart_to_radec(nullptr, &mode, x.data(), x.data() + 3, &radec, nullptr) != KL_ERR) {
+            ASSERT_TRUE(all_finite(&radec.ra, 6)) << k;
+        }
+        double r[18];
+        const long axes = k % 5;
+        if (kl_local_orbital_frame(&axes, x.data(), x.data() + 3, nullptr, r, r + 9, nullptr) != KL_ERR) {
+            ASSERT_TRUE(all_finite(r, 18)) << k;
+        }
+    }
+}
+
+TEST(MeanElements, PublishedFigures)
+{
+    struct Case {
+        kl_kepler mean, osculating;
+    };
+    // Made with these formulas in 40 digits.
+    constexpr Case kCases[] = {
+        {{7200000.0, 0.001, 98.6, 30.0, 90.0, 10.0},
+         {7191539.493324363, 0.0006678112516819, 98.60507773570228, 30.0018783806612, 308.2573598041114,
+          151.7245275062614}},
+        {{7000000.0, 0.02, 50.0, 200.0, 300.0, 100.0},
+         {7000516.236440461, 0.0196989483859591, 50.002066844271546, 200.02164041078532, 300.49418110588545,
+          99.5261804323044}},
+    };
+    for (const Case &c : kCases) {
+        const kl_kepler x = elements_of(state_of(c.mean, kMean), kOsculating);
+        EXPECT_NEAR(x.semi_major_axis, c.osculating.semi_major_axis, 2e-8);
+        EXPECT_NEAR(x.eccentricity, c.osculating.eccentricity, 4e-15);
+        EXPECT_NEAR(x.inclination, c.osculating.inclination, 1e-13);
+        EXPECT_NEAR(x.raan, c.osculating.raan, 1e-13);
+        EXPECT_NEAR(x.arg_perigee, c.osculating.arg_perigee, 2e-10);
+        EXPECT_NEAR(x.mean_anomaly, c.osculating.mean_anomaly, 2e-10);
+    }
+}
+
+namespace {
+
+// Motion about a body with J2, by a Runge-Kutta method of order 4 with small steps.
+State6 derivative(const State6 &x)
+{
+    const double r2 = x[0] * x[0] + x[1] * x[1] + x[2] * x[2];
+    const double r = std::sqrt(r2);
+    const double pull = kGm / (r2 * r);
+    const double f = 1.5 * kJ2 * kRadius * kRadius / r2;
+    const double z2 = 5.0 * x[2] * x[2] / r2;
+    return {x[3],
+            x[4],
+            x[5],
+            -pull * x[0] * (1.0 - f * (z2 - 1.0)),
+            -pull * x[1] * (1.0 - f * (z2 - 1.0)),
+            -pull * x[2] * (1.0 - f * (z2 - 3.0))};
+}
+
+State6 stepped(const State6 &x, double h)
+{
+    const auto ahead = [&](const State6 &k, double by) {
+        State6 y;
+        for (std::size_t i = 0; i < 6; ++i)
+            y[i] = x[i] + by * k[i];
+        return y;
+    };
+    const State6 k1 = derivative(x), k2 = derivative(ahead(k1, h / 2)), k3 = derivative(ahead(k2, h / 2)),
+                 k4 = derivative(ahead(k3, h));
+    State6 y;
+    for (std::size_t i = 0; i < 6; ++i)
+        y[i] = x[i] + h / 6.0 * (k1[i] + 2.0 * k2[i] + 2.0 * k3[i] + k4[i]);
+    return y;
+}
+
+} // namespace
+
+// Along an orbit about an oblate Earth osculating elements swing, mean ones hardly: what is left is of second order.
+TEST(MeanElements, SwingOnAnOblateEarth)
+{
+    struct Case {
+        const char *name;
+        kl_kepler osculating;
+        double step_s;
+        double swing_a, swing_e, swing_i; // m, -, deg: osculating at least
+        double left_a, left_e, left_i;    // mean at most
+    };
+    constexpr Case kCases[] = {
+        {"sun-synchronous", {7200000.0, 0.001, 98.6, 30.0, 90.0, 10.0}, 5.0, 15000.0, 1e-3, 0.008, 35.0, 5e-6, 2e-5},
+        {"transfer", {24400000.0, 0.73, 7.0, 30.0, 178.0, 10.0}, 2.0, 50000.0, 4e-4, 1e-4, 700.0, 1e-5, 1e-4},
+        {"equatorial", {7000000.0, 0.01, 0.0, 0.0, 60.0, 10.0}, 5.0, 0.0, 1e-3, 0.0, 40.0, 2e-5, 1e-9},
+        {"retrograde", {7500000.0, 0.02, 179.9, 40.0, 60.0, 10.0}, 5.0, 0.0, 1e-3, 0.0, 40.0, 2e-5, 1e-5},
+    };
+    for (const Case &c : kCases) {
+        State6 x = state_of(c.osculating, kOsculating);
+        const double period = 2.0 * 3.14159265358979 * std::sqrt(std::pow(c.osculating.semi_major_axis, 3) / kGm);
+        double low[2][3], high[2][3];
+        std::fill(&low[0][0], &low[0][0] + 6, HUGE_VAL);
+        std::fill(&high[0][0], &high[0][0] + 6, -HUGE_VAL);
+        double t = 0.0;
+        for (int k = 0; t < 2.0 * period; ++k, t += c.step_s) {
+            if (k % 20 == 0)
+                for (const long kind : {kOsculating, kMean}) {
+                    const kl_kepler y = elements_of(x, kind);
+                    const double values[3] = {y.semi_major_axis, y.eccentricity, y.inclination};
+                    for (int i = 0; i < 3; ++i) {
+                        low[kind][i] = std::min(low[kind][i], values[i]);
+                        high[kind][i] = std::max(high[kind][i], values[i]);
+                    }
+                }
+            x = stepped(x, c.step_s);
+        }
+        const double swing[3] = {c.swing_a, c.swing_e, c.swing_i};
+        const double left[3] = {c.left_a, c.left_e, c.left_i};
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_GE(high[kOsculating][i] - low[kOsculating][i], swing[i]) << c.name << " " << i;
+            EXPECT_LE(high[kMean][i] - low[kMean][i], left[i]) << c.name << " " << i;
+        }
+    }
+}
