@@ -69,6 +69,23 @@ KL_API long kl_geoid_calc(const kl_geoid_input *inputs, double *undulation, long
 KL_API long kl_geoid_grid(kl_model_id *model_id, const long *max_degree, const double *lat, const long *n_lat,
                           const double *lon, const long *n_lon, double *undulation, long *ierr);
 
+/**
+ * kl_geoid_calc for n scattered points, by the rules of kl/array_rules.h. Neighbours on one parallel share what depends
+ * on the latitude.
+ *
+ * @param[in]  model_id    as in kl_geoid_calc
+ * @param[in]  n           number of points
+ * @param[in]  latitude    [n] geodetic, deg, -90 to 90
+ * @param[in]  longitude   [n] deg, 0 to 360
+ * @param[in]  max_degree  0 to 360, one for all
+ * @param[out] undulation  [n] m; NaN where the point is refused
+ * @param[out] status      [n] of each point, or NULL
+ * @param[out] ierr        the vectors of all points, joined
+ * @return KL_OK or KL_ERR
+ */
+KL_API long kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitude, const double *longitude,
+                            const long *max_degree, double *undulation, long *status, long *ierr);
+
 #ifdef __cplusplus
 }
 #endif

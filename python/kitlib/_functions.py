@@ -60,7 +60,7 @@ __all__ = [
     "time_get_leap_second_info",
 ]
 
-_sun = _Function("kl_sun", "kitlib_kl_sun_n", 22, 1, BodyStateResult, False, (
+_sun = _Function("kl_sun", "kl_sun_n", 22, 1, BodyStateResult, False, (
     ("model",),
     ("time",),
     ("n",),
@@ -90,7 +90,6 @@ def sun(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_sta
         BODY_ERR: the Sun could not be computed: the model id holds no routine (refused init)
         TDB_ERR: no conversion to UT1; the text speaks of TDB
         FRAME_ERR: no change to the Earth-fixed frame
-    C has no array form of it: the package's own loop in C calls it once an element.
 
     >>> import kitlib as kl
     >>> sun = kl.sun(kl.mjd2000(["2026-06-21T08:24:00Z", "2026-12-21T20:50:00Z"]))
@@ -100,7 +99,7 @@ def sun(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_sta
     return _sun((t,), (ref,), (model, time,), errors, return_status)
 
 
-_moon = _Function("kl_moon", "kitlib_kl_moon_n", 23, 1, BodyStateResult, False, (
+_moon = _Function("kl_moon", "kl_moon_n", 23, 1, BodyStateResult, False, (
     ("model",),
     ("time",),
     ("n",),
@@ -130,12 +129,11 @@ def moon(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_st
         BODY_ERR: the Moon could not be computed: the model id holds no routine (refused init)
         PROC_TO_PROC_ERR: no conversion to UT1
         FRAME_ERR: no change to the Earth-fixed frame
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _moon((t,), (ref,), (model, time,), errors, return_status)
 
 
-_planet = _Function("kl_planet", "kitlib_kl_planet_n", 24, 1, BodyStateResult, False, (
+_planet = _Function("kl_planet", "kl_planet_n", 24, 1, BodyStateResult, False, (
     ("model",),
     ("time",),
     ("n",),
@@ -168,7 +166,6 @@ def planet(t, /, *, planet, ref=Time.UTC, model=None, time=None, errors="raise",
         PROC_TO_PROC_ERR: no conversion to UT1
         FRAME_ERR: no change to the Earth-fixed frame
         CONVERGENCE_WARN (W): Kepler's equation not solved; not within the range of dates
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _planet((t,), (planet, ref,), (model, time,), errors, return_status)
 
@@ -1195,7 +1192,7 @@ def time_transport_to_transport(transport, /, *, fmt_in=Transport.TRANS_0, ref_i
     return _time_transport_to_transport((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_change_cart_cs = _Function("kl_change_cart_cs", "kitlib_kl_change_cart_cs_n", 17, 1, StateResult, False, (
+_change_cart_cs = _Function("kl_change_cart_cs", "kl_change_cart_cs_n", 17, 1, StateResult, False, (
     ("model",),
     ("time",),
     ("n",),
@@ -1247,7 +1244,6 @@ def change_cart_cs(t, pos, vel=None, acc=None, /, *, mode=None, cs_in, cs_out, r
         TAI_ERR: the time cannot be brought to TAI; the outputs are written by then
         TRANSFORMATION_ERR: a model id without the routine, or no way to TDB
         LIF_ERR: KL_LIF: no time id of this library holds its reference
-    C has no array form of it: the package's own loop in C calls it once an element.
 
     >>> import kitlib as kl
     >>> pos, vel, _ = kl.change_cart_cs(9668.35, [7068500.0, 1142000.0, 0.0], [170.1, -1096.3, 7379.0], cs_in="TEME", cs_out="EF")
@@ -1495,7 +1491,7 @@ def iers_change(t, pos, vel=None, acc=None, /, *, corrections=0, mode=None, cs_i
     return _iers_change((t, pos, vel, acc,), (corrections, _mode(mode, vel, acc), cs_in, cs_out, ref,), (time,), errors, return_status)
 
 
-_quaternions_to_vectors = _Function("kl_quaternions_to_vectors", "kitlib_kl_quaternions_to_vectors_n", 33, 1, AxesResult, False, (
+_quaternions_to_vectors = _Function("kl_quaternions_to_vectors", "kl_quaternions_to_vectors_n", 33, 1, AxesResult, False, (
     ("n",),
     ("each", "q", 'f8', 4, False, False),
     ("gives", "x", 'f8', 3, False, False),
@@ -1515,7 +1511,6 @@ def quaternions_to_vectors(q, /, *, errors="raise", return_status=False):
         z: [..., 3], columns of the attitude matrix
     Raises KitError, or warns KitWarning (W):
         MODULE_ERR: not of unit length; NaN, NULL
-    C has no array form of it: the package's own loop in C calls it once an element.
 
     >>> import kitlib as kl
     >>> kl.quaternions_to_vectors([0.0, 0.0, 0.0, 1.0]).y.tolist()
@@ -1524,7 +1519,7 @@ def quaternions_to_vectors(q, /, *, errors="raise", return_status=False):
     return _quaternions_to_vectors((q,), (), (), errors, return_status)
 
 
-_vectors_to_quaternions = _Function("kl_vectors_to_quaternions", "kitlib_kl_vectors_to_quaternions_n", 34, 1, None, False, (
+_vectors_to_quaternions = _Function("kl_vectors_to_quaternions", "kl_vectors_to_quaternions_n", 34, 1, None, False, (
     ("n",),
     ("each", "x", 'f8', 3, False, False),
     ("each", "y", 'f8', 3, False, False),
@@ -1548,12 +1543,11 @@ def vectors_to_quaternions(x, y, z, /, *, errors="raise", return_status=False):
     Raises KitError, or warns KitWarning (W):
         VECTORS_ERR: a null vector, or a left-handed set; NULL
         ORTHONORMAL_ERR: not orthogonal within 1e-6; NaN
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _vectors_to_quaternions((x, y, z,), (), (), errors, return_status)
 
 
-_quaternions_interpol = _Function("kl_quaternions_interpol", "kitlib_kl_quaternions_interpol_n", 45, 1, None, False, (
+_quaternions_interpol = _Function("kl_quaternions_interpol", "kl_quaternions_interpol_n", 45, 1, None, False, (
     ("n",),
     ("select", _table.Interpolation),
     ("each", "t1", 'f8', 0, False, False),
@@ -1582,12 +1576,11 @@ def quaternions_interpol(t1, q1, t2, q2, t, /, *, mode=Interpolation.SLERP, erro
     Raises KitError, or warns KitWarning (W):
         RANGE_WARN (W): t outside [t1, t2]: extrapolated
         ALGORITHM_ERR: mode inside the interval, or numbers that allow no algorithm
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _quaternions_interpol((t1, q1, t2, q2, t,), (mode,), (), errors, return_status)
 
 
-_euler_to_matrix = _Function("kl_euler_to_matrix", "kitlib_kl_euler_to_matrix_n", None, 1, None, False, (
+_euler_to_matrix = _Function("kl_euler_to_matrix", "kl_euler_to_matrix_n", None, 1, None, False, (
     ("n",),
     ("each", "angles", 'f8', 3, False, False),
     ("gives", "matrix", 'f8', 9, False, False),
@@ -1602,12 +1595,11 @@ def euler_to_matrix(angles, /, *, errors="raise", return_status=False):
     Returns an array, or a number for numbers:
         matrix: [..., 9], row by row, with s and c the sines and cosines: c1c2+s0s1s2, c0s2, s1c2-s0c1s2 /
             -c1s2+s0s1c2, c0c2, -s1s2-s0c1c2 / -c0s1, s0, c0c1
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _euler_to_matrix((angles,), (), (), errors, return_status)
 
 
-_matrix_to_euler = _Function("kl_matrix_to_euler", "kitlib_kl_matrix_to_euler_n", 41, 1, None, False, (
+_matrix_to_euler = _Function("kl_matrix_to_euler", "kl_matrix_to_euler_n", 41, 1, None, False, (
     ("n",),
     ("each", "matrix", 'f8', 9, False, False),
     ("gives", "angles", 'f8', 3, False, False),
@@ -1625,12 +1617,11 @@ def matrix_to_euler(matrix, /, *, errors="raise", return_status=False):
         ROTATION_ERR: not a rotation within 1e-9
         AMBIGUITY_WARN (W): a0 is +-90 deg (cosine below 1e-9): a2 = 0
         ORTHONORMAL_ERR: rows not orthonormal within 1e-6; NaN, NULL
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _matrix_to_euler((matrix,), (), (), errors, return_status)
 
 
-_get_rotation_angles = _Function("kl_get_rotation_angles", "kitlib_kl_get_rotation_angles_n", 30, 1, None, False, (
+_get_rotation_angles = _Function("kl_get_rotation_angles", "kl_get_rotation_angles_n", 30, 1, None, False, (
     ("n",),
     ("each", "x1", 'f8', 3, False, False),
     ("each", "y1", 'f8', 3, False, False),
@@ -1657,12 +1648,11 @@ def get_rotation_angles(x1, y1, z1, x2, y2, z2, /, *, errors="raise", return_sta
     Raises KitError, or warns KitWarning (W):
         ORTHOGONAL_ERR: a set is not orthogonal within 1e-6, or has a null vector
         ROTATION_ERR: the sets are of different hands
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _get_rotation_angles((x1, y1, z1, x2, y2, z2,), (), (), errors, return_status)
 
 
-_get_rotated_vectors = _Function("kl_get_rotated_vectors", "kitlib_kl_get_rotated_vectors_n", 31, 1, AxesResult, False, (
+_get_rotated_vectors = _Function("kl_get_rotated_vectors", "kl_get_rotated_vectors_n", 31, 1, AxesResult, False, (
     ("n",),
     ("each", "x1", 'f8', 3, False, False),
     ("each", "y1", 'f8', 3, False, False),
@@ -1689,7 +1679,6 @@ def get_rotated_vectors(x1, y1, z1, angles, /, *, errors="raise", return_status=
     Raises KitError, or warns KitWarning (W):
         ORTHOGONAL_ERR: the set is not orthogonal within 1e-6, or has a null vector
         ROTATION_ERR: angles that are not finite
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _get_rotated_vectors((x1, y1, z1, angles,), (), (), errors, return_status)
 

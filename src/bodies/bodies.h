@@ -18,13 +18,41 @@ constexpr double kMjdOfDayZero = 51544.0; // MJD2000 counts from here
 // On purpose: 14 millionths more than the IAU unit; every result of the family is scaled with it.
 constexpr double KL_METRES_PER_AU = 1.496e11;
 
-inline double julian_epoch(double mjd)
+// m, m/s
+template <class T>
+struct BodyState {
+    T pos[3], vel[3];
+};
+
+inline namespace KL_SET {
+
+template <class T>
+T julian_epoch(T mjd)
 {
     return 2000.0 + (mjd - kMjd2000) / 365.25;
 }
 
 // Correction of the equinox from FK4 to FK5, rad, at a Julian epoch (W. Fricke).
-double equinox_correction(double epoch);
+template <class T>
+T equinox_correction(T epoch)
+{
+    constexpr double kB1950 = 1949.9997904423; // B1950.0 as a Julian epoch
+    return (0.035 + 0.00085 * (epoch - kB1950)) * kSecondOfTime;
+}
+
+// A state in metres, from AU.
+template <class T>
+BodyState<T> in_metres(const T pos_au[3], const T vel_au[3])
+{
+    BodyState<T> state;
+    for (int i = 0; i < 3; ++i) {
+        state.pos[i] = pos_au[i] * KL_METRES_PER_AU;
+        state.vel[i] = vel_au[i] * KL_METRES_PER_AU;
+    }
+    return state;
+}
+
+} // namespace KL_SET
 
 // A state with its own vectors.
 struct OwnedState : Cord {
@@ -43,15 +71,13 @@ private:
     double vectors_[3][4] = {}; // one-based
 };
 
-// State of order 1 in metres, from AU.
-inline void set_state(Cord *state, std::int32_t cs, const double pos_au[3], const double vel_au[3])
+// The record of a state; its acceleration stays.
+inline void set_state(Cord *record, std::int32_t cs, const BodyState<double> &state)
 {
-    state->cs = cs;
-    state->order = 1;
-    for (int i = 0; i < 3; ++i) {
-        state->pos[i + 1] = pos_au[i] * KL_METRES_PER_AU;
-        state->vel[i + 1] = vel_au[i] * KL_METRES_PER_AU;
-    }
+    record->cs = cs;
+    record->order = 1;
+    copy_three(state.pos, record->pos + 1);
+    copy_three(state.vel, record->vel + 1);
 }
 
 // Date of a TDB record.

@@ -1,6 +1,10 @@
 // Sun, Moon and planets in the Earth-fixed frame.
+#include "arrays/array_call.h"
 #include "bodies/bodies.h"
+#include "bodies/body_kernels.h"
 #include "errors/activation.h"
+#include "frames/doors.h"
+#include "frames/instants.h"
 #include "models/model_record.h"
 #include "time/scales.h"
 
@@ -110,7 +114,11 @@ long walk_to_ef(Activation &call, const StepCodes &codes, kl_model_id *model_id,
 
 } // namespace
 
-long kl_sun(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time, double sun_pos[3],
+namespace {
+
+// ---- the calls for one instant ----
+
+long sun_at(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time, double sun_pos[3],
             double sun_vel[3], long *ierr)
 {
     Activation call(KL_FN_SUN, ierr);
@@ -124,7 +132,7 @@ long kl_sun(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, co
     return walk_to_ef(call, kSunSteps, model_id, time_id, instant_of(time_ref, time), sun_pos, sun_vel, body);
 }
 
-long kl_moon(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time, double moon_pos[3],
+long moon_at(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time, double moon_pos[3],
              double moon_vel[3], long *ierr)
 {
     Activation call(KL_FN_MOON, ierr);
@@ -138,7 +146,7 @@ long kl_moon(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, c
     return walk_to_ef(call, kMoonSteps, model_id, time_id, instant_of(time_ref, time), moon_pos, moon_vel, body);
 }
 
-long kl_planet(kl_model_id *model_id, kl_time_id *time_id, const long *planet_id, const long *time_ref,
+long planet_at(kl_model_id *model_id, kl_time_id *time_id, const long *planet_id, const long *time_ref,
                const double *time, double planet_pos[3], double planet_vel[3], long *ierr)
 {
     Activation call(KL_FN_PLANET, ierr);
@@ -163,6 +171,191 @@ long kl_planet(kl_model_id *model_id, kl_time_id *time_id, const long *planet_id
         walk_to_ef(call, kPlanetSteps, model_id, time_id, instant_of(time_ref, time), planet_pos, planet_vel, body);
     // On purpose: a warning of the planet's routine is the status of the call even when it has no bit in the vector.
     return warned && status == KL_OK ? long{KL_WARN} : status;
+}
+
+} // namespace
+
+long kl_sun(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time, double sun_pos[3],
+            double sun_vel[3], long *ierr)
+{
+    return sun_at(model_id, time_id, time_ref, time, sun_pos, sun_vel, ierr);
+}
+
+long kl_moon(kl_model_id *model_id, kl_time_id *time_id, const long *time_ref, const double *time, double moon_pos[3],
+             double moon_vel[3], long *ierr)
+{
+    return moon_at(model_id, time_id, time_ref, time, moon_pos, moon_vel, ierr);
+}
+
+long kl_planet(kl_model_id *model_id, kl_time_id *time_id, const long *planet_id, const long *time_ref,
+               const double *time, double planet_pos[3], double planet_vel[3], long *ierr)
+{
+    return planet_at(model_id, time_id, planet_id, time_ref, time, planet_pos, planet_vel, ierr);
+}
+
+// ---- for many ----
+
+namespace {
+
+using BodyKernel = void (*)(BodyBlock *);
+
+// An array call of one of the three: the same but for the kernel and the scalar call.
+struct BodyArray {
+    kl_model_id *model_id;
+    kl_time_id *time_id;
+    const long *time_ref;
+    const double *time;
+    double (*pos)[3], (*vel)[3];
+    BodyKernel kernel;
+    long planet;
+    long frame; // where the way to the Earth-fixed frame begins
+};
+
+// The scales of the instants of a block, equal ones in a row once. which[k]: the place of element k among them, -1 if
+// it is left over. False when the block has to go one by one.
+bool fill_instants(const BodyArray &bodies, TimeIdRecord *id, long first, long count, LeftOver *left, long *which,
+                   BodyBlock *block)
+{
+    const SteadyInstants conversions(*id, KL_FLAGS_CONVERSION);
+    const bool with_tdb = bodies.frame == KL_HM2000;
+    double latest = 0.0;
+    block->count = 0;
+    for (long k = 0; k < count; ++k) {
+        const double t = bodies.time[first + k];
+        which[k] = -1;
+        if (!inside_processing_range(t)) {
+            left->add(k);
+            continue;
+        }
+        if (block->count == 0 || !same_number(t, latest)) {
+            const long n = block->count;
+            double tai = 0.0;
+            ChainInstant instant = {};
+            if (!conversions.covers(t) || !steadily_in_scale(id, *bodies.time_ref, KL_TIME_TAI, t, &tai)
+                || !chain_instant(id, *bodies.time_ref, t, with_tdb, &instant))
+                return false;
+            latest = t;
+            block->tdb[n] = tdb_of_tai(tai);
+            block->ut1[n] = instant.ut1;
+            block->tdb_of_ut1[n] = instant.tdb_of_ut1;
+            ++block->count;
+        }
+        which[k] = block->count - 1;
+    }
+    return true;
+}
+
+void complete(const Correlation &correlation, BodyBlock *block)
+{
+    for (long k = 0; block->has_pole && k < block->count; ++k) {
+        const PoleOf<double> pole = pole_of(correlation, block->ut1[k]);
+        block->pole[0][k] = pole.x;
+        block->pole[1][k] = pole.y;
+        block->pole[2][k] = pole.x_rate;
+        block->pole[3][k] = pole.y_rate;
+    }
+    for (double *values : {block->tdb, block->ut1, block->tdb_of_ut1})
+        pad(values, block->count);
+    for (double *values : block->pole)
+        if (block->has_pole)
+            pad(values, block->count);
+}
+
+// one(ref, time, pos, vel, word) is the scalar call; `known` tells that the models have the body.
+template <class One>
+long states_of(ArrayCall &array, const BodyArray &bodies, bool known, long *ierr, One one)
+{
+    const auto fail = [&](long i) {
+        fill_nan(bodies.pos, i);
+        fill_nan(bodies.vel, i);
+    };
+    TimeIdRecord *id = time_record_of(bodies.time_id);
+    const ModelBlocks &models = model_blocks(bodies.model_id);
+    const Path path = path_between(bodies.frame, KL_EF);
+    const bool can_walk = !lacks_routine(models, false, path) && !cannot_walk(models, path);
+    const bool missing = bodies.time == nullptr || bodies.pos == nullptr || bodies.vel == nullptr;
+    const bool selected = bodies.time_ref != nullptr && is_time_ref(*bodies.time_ref);
+    if (missing || !selected || id == nullptr || !known || !can_walk) {
+        // What a good element would meet; in TAI, which spends no once-only warning before the body is asked.
+        const long tai = KL_TIME_TAI;
+        const double instant = 0.0;
+        double pos[3];
+        double vel[3];
+        one(selected && id != nullptr ? &tai : bodies.time_ref, bodies.time != nullptr ? &instant : nullptr,
+            bodies.pos != nullptr ? pos : nullptr, bodies.vel != nullptr ? vel : nullptr, ierr);
+        return array.refuse(fail);
+    }
+
+    BodyBlock block;
+    block.earth_model = &models.earth;
+    block.planet = bodies.planet;
+    block.has_pole = has_pole(id->correlation);
+    long which[kBlock];
+    const auto scalar = [&](long i, long *word) {
+        return one(bodies.time_ref, bodies.time + i, bodies.pos[i], bodies.vel[i], word);
+    };
+    return array.each(scalar, fail, [&](long first, long count, LeftOver &left) {
+        if (!fill_instants(bodies, id, first, count, &left, which, &block))
+            return false;
+        if (block.count == 0)
+            return true;
+        complete(id->correlation, &block);
+        bodies.kernel(&block);
+        for (long k = 0; k < count && !block.odd; ++k)
+            if (which[k] >= 0) {
+                copy_three(block.pos[which[k]], bodies.pos[first + k]);
+                copy_three(block.vel[which[k]], bodies.vel[first + k]);
+            }
+        return !block.odd;
+    });
+}
+
+} // namespace
+
+long kl_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *time_ref, const double *time,
+              double sun_pos[][3], double sun_vel[][3], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_SUN, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const ModelBlocks &models = model_blocks(model_id);
+    const bool known =
+        models.sun.sun != nullptr && models.sun.earth != nullptr && models.precession.precession != nullptr;
+    const BodyArray bodies = {model_id, time_id, time_ref, time, sun_pos, sun_vel, suns_kernel(), 0, KL_MOD};
+    return states_of(array, bodies, known, ierr,
+                     [&](const long *ref, const double *at, double *pos, double *vel, long *word) {
+                         return sun_at(model_id, time_id, ref, at, pos, vel, word);
+                     });
+}
+
+long kl_moon_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *time_ref, const double *time,
+               double moon_pos[][3], double moon_vel[][3], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_MOON, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const bool known = model_blocks(model_id).moon.moon != nullptr;
+    const BodyArray bodies = {model_id, time_id, time_ref, time, moon_pos, moon_vel, moons_kernel(), 0, KL_MOD};
+    return states_of(array, bodies, known, ierr,
+                     [&](const long *ref, const double *at, double *pos, double *vel, long *word) {
+                         return moon_at(model_id, time_id, ref, at, pos, vel, word);
+                     });
+}
+
+long kl_planet_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *planet_id, const long *time_ref,
+                 const double *time, double planet_pos[][3], double planet_vel[][3], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_PLANET, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const long planet = planet_id != nullptr ? *planet_id : 0;
+    const bool known = model_blocks(model_id).planet.planets != nullptr && planet >= KL_MERCURY && planet <= KL_NEPTUNE;
+    const BodyArray bodies = {model_id,   time_id,          time_ref, time,     planet_pos,
+                              planet_vel, planets_kernel(), planet,   KL_HM2000};
+    return states_of(array, bodies, known, ierr,
+                     [&](const long *ref, const double *at, double *pos, double *vel, long *word) {
+                         return planet_at(model_id, time_id, planet_id, ref, at, pos, vel, word);
+                     });
 }
 
 long KL_Sun_travel_time(kl_model_id *model_id, kl_time_id *time_id, long time_ref, double time, const Cord *satellite,

@@ -1,4 +1,5 @@
 // Geoid undulation: the published routines of the EGM96 program, and the calls that use them or the kernels.
+#include "arrays/array_call.h"
 #include "earth/egm96_tables.h"
 #include "earth/geoid_kernel.h"
 #include "errors/activation.h"
@@ -320,7 +321,9 @@ void KL_Free_dhc(double **rows, long count)
     std::free(rows);
 }
 
-long kl_geoid_calc(const kl_geoid_input *inputs, double *undulation, long *ierr)
+namespace {
+
+long geoid_at(const kl_geoid_input *inputs, double *undulation, long *ierr)
 {
     Activation call(KL_FN_GEOID_CALC, ierr);
     if (inputs == nullptr || undulation == nullptr)
@@ -333,9 +336,16 @@ long kl_geoid_calc(const kl_geoid_input *inputs, double *undulation, long *ierr)
         return refused(call, KL_GEOID_CALC_LONGITUDE_ERR, &inputs->longitude);
 
     ErrorRecord undu;
-    if (KL_Geoid_undu(inputs, nullptr, undulation, &undu) != KL_OK)
+    if (undulation_at(*inputs, widest_geoid_kernel(), nullptr, undulation, &undu) != KL_OK)
         return refused(call, KL_GEOID_CALC_COMPUTATION_ERR);
     return call.status();
+}
+
+} // namespace
+
+long kl_geoid_calc(const kl_geoid_input *inputs, double *undulation, long *ierr)
+{
+    return geoid_at(inputs, undulation, ierr);
 }
 
 long kl_geoid_grid(kl_model_id *model_id, const long *max_degree, const double *lat, const long *n_lat,
@@ -367,4 +377,49 @@ long kl_geoid_grid(kl_model_id *model_id, const long *max_degree, const double *
     else if (plain_grid(earth, *max_degree, lat, *n_lat, lon, *n_lon, undulation) != KL_OK)
         return refused(call, KL_GEOID_CALC_COMPUTATION_ERR);
     return call.status();
+}
+
+long kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitude, const double *longitude,
+                     const long *max_degree, double *undulation, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_GEOID_CALC, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) { fill_nan(undulation, i); };
+    const EarthModel &earth = model_blocks(model_id).earth;
+    const bool degree = max_degree != nullptr && !wrong_degree(*max_degree);
+    if (!degree)
+        refused(array.call(), KL_GEOID_CALC_DEGREE_ERR, max_degree);
+    else if (latitude == nullptr)
+        refused(array.call(), KL_GEOID_CALC_LATITUDE_ERR);
+    else if (longitude == nullptr)
+        refused(array.call(), KL_GEOID_CALC_LONGITUDE_ERR);
+    else if (undulation != nullptr && !usable(earth, *max_degree))
+        refused(array.call(), KL_GEOID_CALC_COMPUTATION_ERR);
+    if (!degree || latitude == nullptr || longitude == nullptr || undulation == nullptr || !usable(earth, *max_degree))
+        return array.refuse(fail);
+
+    const auto one = [&](long i, long *word) {
+        const kl_geoid_input point = {model_id, latitude[i], longitude[i], 0.0, *max_degree};
+        return geoid_at(&point, undulation + i, word);
+    };
+    PackedParallel parallel(widest_geoid_kernel(), *max_degree);
+    double on = NAN; // the parallel that stands ready
+    return array.each(one, fail, [&](long first, long count, LeftOver &left) {
+        if (!built_in(earth))
+            return false;
+        for (long k = 0; k < count; ++k) {
+            const double lat = latitude[first + k];
+            const double lon = longitude[first + k];
+            if (wrong_latitude(lat) || wrong_longitude(lon) || lat == kNoLegendreLatitude) {
+                left.add(k);
+                continue;
+            }
+            if (bits_of(lat) != bits_of(on)) // zeros of either sign too
+                parallel.go_to(lat);
+            on = lat;
+            undulation[first + k] = parallel.at(longitude_radians(lon)) + kZeroDegree;
+        }
+        return true;
+    });
 }

@@ -1,5 +1,7 @@
 // Sidereal angle and polar motion.
-#include "frames/frames.h"
+#include "frames/earth_rotation.h"
+#include "frames/doors.h"
+#include "frames/precession.h"
 #include "models/model_record.h"
 #include "numbers/elementary.h"
 #include "time/pole.h"
@@ -7,68 +9,52 @@
 
 namespace {
 
-// Daily turns above one a day: the whole turns are exact, and what is left keeps eight more bits.
-double polynomial_degrees(double c0, double c1, double c2, double d)
+kl_angle record_of(const AngleOf<double> &angle)
 {
-    const double fraction = d - std::floor(d);
-    return c0 + 360.0 * fraction + (c1 - 360.0) * d + c2 * d * d;
+    return {angle.value, angle.rate, angle.rate_of_rate};
 }
 
-NutationRoutine nutation_routine(const kl_model_id *model_id)
+AngleOf<double> angle_of(const kl_angle &record)
 {
-    return model_blocks(model_id).nutation.nutation;
+    return {record.value, record.rate, record.rate_of_rate};
 }
 
 } // namespace
 
-kl_angle sidereal_angle(const EarthModel &earth, double ut1_days, const kl_nutation &nutation)
+PoleOf<double> pole_of(const Correlation &correlation, double ut1_days)
 {
-    const double c1 = earth.angle[1];
-    const double c2 = earth.angle[2];
-    double q[3];
-    equation_of_equinoxes(nutation, q);
-    return {reduced_to_360(polynomial_degrees(earth.angle[0], c1, c2, ut1_days) + q[0] * KL_DEG_PER_RAD),
-            (2.0 * c2 * ut1_days + c1) / KL_SECONDS_PER_DAY + q[1] * KL_DEG_PER_RAD,
-            2.0 * c2 / (KL_SECONDS_PER_DAY * KL_SECONDS_PER_DAY) + q[2] * KL_DEG_PER_RAD};
+    const Pole pole = pole_at(correlation, ut1_days);
+    return {pole.x, pole.y, pole.x_rate, pole.y_rate};
 }
 
-bool has_linear_angle(const EarthModel &earth)
-{
-    return earth.angle_sim[1] != 0.0;
-}
-
-kl_angle linear_sidereal_angle(const EarthModel &earth, double ut1_days)
-{
-    const double c14 = earth.angle_sim[1];
-    return {reduced_to_360(polynomial_degrees(earth.angle_sim[0], c14, 0.0, ut1_days)), c14 / KL_SECONDS_PER_DAY, 0.0};
-}
-
-Turns z_turn(const kl_angle &degrees)
-{
-    return turns_by(
-        {{2, degrees.value * KL_RAD_PER_DEG, degrees.rate * KL_RAD_PER_DEG, degrees.rate_of_rate * KL_RAD_PER_DEG}});
-}
-
-// W = Ry(-xp) Rx(-yp)
-Turns polar_motion_turns(const kl_time_id *time_id, double ut1_days)
+PoleOf<double> pole_of(const kl_time_id *time_id, double ut1_days)
 {
     const Correlation *correlation = correlation_of(time_id);
-    if (correlation == nullptr)
-        return {};
-    const Pole pole = pole_at(*correlation, ut1_days);
-    if (pole.x == 0.0 && pole.y == 0.0 && pole.x_rate == 0.0 && pole.y_rate == 0.0)
-        return {}; // the identity, without sines
-    return turns_by({{0, -pole.y, -pole.y_rate, 0.0}, {1, -pole.x, -pole.x_rate, 0.0}});
+    return correlation != nullptr ? pole_of(*correlation, ut1_days) : PoleOf<double>{0.0, 0.0, 0.0, 0.0};
+}
+
+void KL_Precession(double days, kl_precession *angles)
+{
+    const PrecessionOf<double> at = precession_at(days);
+    copy_three(at.zeta, angles->zeta);
+    copy_three(at.z, angles->z);
+    copy_three(at.theta, angles->theta);
+}
+
+void KL_Sim_Nut_Term(double days, kl_nutation *nutation)
+{
+    const NutationOf<double> at = nutation_at(days);
+    copy_three(at.dpsi, nutation->dpsi);
+    copy_three(at.deps, nutation->deps);
+    nutation->obliquity = at.obliquity;
 }
 
 long KL_H_Angle(kl_model_id *model_id, double ut1_days, kl_angle *angle)
 {
-    const NutationRoutine nutation_at = nutation_routine(model_id);
-    if (nutation_at == nullptr || angle == nullptr)
+    const ModelBlocks &models = model_blocks(model_id);
+    if (models.nutation.nutation == nullptr || angle == nullptr)
         return KL_ERR;
-    kl_nutation nutation;
-    nutation_at(ut1_days, &nutation);
-    *angle = sidereal_angle(model_blocks(model_id).earth, ut1_days, nutation);
+    *angle = record_of(sidereal_angle(models.earth, ut1_days, nutation_at(ut1_days)));
     return 0;
 }
 
@@ -76,7 +62,7 @@ long KL_H_Angle_Sim(kl_model_id *model_id, double ut1_days, kl_angle *angle)
 {
     if (angle == nullptr || !has_linear_angle(model_blocks(model_id).earth))
         return KL_ERR;
-    *angle = linear_sidereal_angle(model_blocks(model_id).earth, ut1_days);
+    *angle = record_of(linear_sidereal_angle(model_blocks(model_id).earth, ut1_days));
     return 0;
 }
 
@@ -85,7 +71,7 @@ long KL_Earth_Rotation(kl_model_id *model_id, double ut1_days, kl_rotation_recor
     kl_angle angle;
     if (KL_H_Angle(model_id, ut1_days, &angle) != 0)
         return KL_ERR;
-    fill_record(z_turn(angle), rotation);
+    fill_record(z_turn(angle_of(angle)), rotation);
     return 0;
 }
 
@@ -94,7 +80,7 @@ long KL_Earth_Rotation_Sim(kl_model_id *model_id, double ut1_days, kl_rotation_r
     kl_angle angle;
     if (KL_H_Angle_Sim(model_id, ut1_days, &angle) != 0)
         return KL_ERR;
-    fill_record(z_turn(angle), rotation);
+    fill_record(z_turn(angle_of(angle)), rotation);
     return 0;
 }
 
@@ -106,12 +92,12 @@ long KL_Earth_Rotation_Delta(kl_model_id *model_id, double ut1_days, double refe
     if (KL_H_Angle(model_id, ut1_days, &now) != 0 || KL_H_Angle(model_id, reference_days, &then) != 0)
         return KL_ERR;
     now.value -= reduced_to_360(then.value + reference_angle);
-    fill_record(z_turn(now), rotation);
+    fill_record(z_turn(angle_of(now)), rotation);
     return 0;
 }
 
 long KL_Polar_Motion_Rotation(kl_time_id *time_id, double ut1_days, kl_rotation_record *rotation)
 {
-    fill_record(polar_motion_turns(time_id, ut1_days), rotation);
+    fill_record(polar_motion_turns(pole_of(time_id, ut1_days)), rotation);
     return 0;
 }

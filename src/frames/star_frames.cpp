@@ -1,8 +1,6 @@
 // B1950 and galactic frames.
 #include "frames/star_frames.h"
 
-#include <algorithm>
-
 namespace {
 
 // FK4 to FK5: E. M. Standish, Astron. Astrophys. 115, 20 (1982). The 6x6 matrix of position and proper motion turns
@@ -50,33 +48,6 @@ const MatrixRecord kGalacticToJ2000 = {0,
                                         -0.4838350026, 0.7469822433, 0.4559837919},
                                        {},
                                        {}};
-
-void apply(const MatrixRecord &record, State *state)
-{
-    double pos[3];
-    double vel[3] = {};
-    double acc[3] = {};
-    double part[3];
-    const int order = std::min(record.order, state->order);
-    KL_mult_mv(record.r, state->pos, pos);
-    if (order >= 1) {
-        KL_mult_mv(record.r, state->vel, vel);
-        KL_mult_mv(record.dr, state->pos, part);
-        KL_add_vv(vel, 3, part, vel);
-    }
-    if (order >= 2) {
-        KL_mult_mv(record.r, state->acc, acc);
-        KL_mult_mv(record.dr, state->vel, part);
-        KL_mult_ev(3, part, part, 2.0);
-        KL_add_vv(acc, 3, part, acc);
-        KL_mult_mv(record.ddr, state->pos, part);
-        KL_add_vv(acc, 3, part, acc);
-    }
-    state->order = order;
-    KL_copy_v(pos, 3, state->pos);
-    KL_copy_v(vel, 3, state->vel);
-    KL_copy_v(acc, 3, state->acc);
-}
 
 MatrixRecord b1950_to_j2000(double days)
 {

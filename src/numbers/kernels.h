@@ -11,6 +11,10 @@
 #ifndef KL_SRC_NUMBERS_KERNELS_H
 #define KL_SRC_NUMBERS_KERNELS_H
 
+// Elements that a kernel takes in one call: a few arrays of this length fit the first-level cache. A multiple of the
+// lanes of every set.
+constexpr long kBlock = 64;
+
 enum KernelSet { kKernelsBaseline, kKernelsAvx2, kKernelsAvx512 };
 
 // The widest set of this machine; the environment may ask for a narrower one: KITLIB_KERNELS=baseline, avx2 or avx512,

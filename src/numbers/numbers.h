@@ -18,19 +18,24 @@ inline double length_or_square(double sum_of_squares)
 }
 
 // 1 / sqrt(square): by its series near 1, where a root and a division would make others wait.
-inline double per_length(double square)
+template <class T>
+T per_length(T square)
 {
     constexpr double kNear = 0x1p-20; // the next term is below 2^-61
-    const double e = square - 1.0;
-    return std::fabs(e) <= kNear ? 1.0 - e * (0.5 - e * 0.375) : 1.0 / std::sqrt(square);
+    const T e = square - 1.0;
+    const auto near = fabs(e) <= kNear;
+    const T series = 1.0 - e * (0.5 - e * 0.375);
+    return all(near) ? series : select(near, series, 1.0 / sqrt(square));
 }
 
 // Is the root within 1e-6 of 1?
-inline bool is_unit(double square)
+template <class T>
+mask_of<T> is_unit(T square)
 {
     constexpr double kUnit = 1e-6;
     // Nearer than that the square needs no root; not so for NaN.
-    return std::fabs(square - 1.0) <= kUnit || std::fabs(std::sqrt(square) - 1.0) <= kUnit;
+    const auto near = fabs(square - 1.0) <= kUnit;
+    return all(near) ? near : near | (fabs(sqrt(square) - 1.0) <= kUnit);
 }
 
 // Copies three numbers, which may overlap.
@@ -154,7 +159,8 @@ inline double dot(const double *a, const double *b, long n)
 }
 
 // Of three, without a leading zero to wait for.
-inline double dot3(const double *a, const double *b)
+template <class T>
+T dot3(const T *a, const T *b)
 {
     return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
 }

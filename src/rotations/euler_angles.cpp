@@ -1,46 +1,16 @@
 // Rotation angles and matrices, and the angles between two sets of axes.
+#include "arrays/array_call.h"
 #include "errors/activation.h"
-#include "numbers/elementary.h"
-#include "numbers/numbers.h"
+#include "rotations/euler.h"
+#include "rotations/rotation_kernels.h"
 
 #include <cmath>
 #include <iterator>
 
 namespace {
 
-// The same two for both functions.
 constexpr double kOrthogonal = 1e-6;
 constexpr double kRotation = 1e-9;
-
-void fill_matrix(const SineCosine<double> &a0, const SineCosine<double> &a1, const SineCosine<double> &a2, double m[9])
-{
-    m[0] = a1.c * a2.c + a0.s * a1.s * a2.s;
-    m[1] = a0.c * a2.s;
-    m[2] = a1.s * a2.c - a0.s * a1.c * a2.s;
-    m[3] = -a1.c * a2.s + a0.s * a1.s * a2.c;
-    m[4] = a0.c * a2.c;
-    m[5] = -a1.s * a2.s - a0.s * a1.c * a2.c;
-    m[6] = -a0.c * a1.s;
-    m[7] = a0.s;
-    m[8] = a0.c * a1.c;
-}
-
-void matrix_of(const double angles[3], double m[9])
-{
-    double angle[4] = {}; // two pairs: the fourth fills a register
-    double s[4];
-    double c[4];
-    for (int i = 0; i < 3; ++i)
-        angle[i] = std::fabs(angles[i]) < 0x1p53 ? angles[i] : reduced_huge_degrees(angles[i]);
-    sin_cos_degrees(angle, s, c);
-    double rows[9]; // stays in registers
-    fill_matrix({s[0], c[0]}, {s[1], c[1]}, {s[2], c[2]}, rows);
-    for (int row = 0; row < 3; ++row) {
-        const double scale = per_length(dot3(rows + 3 * row, rows + 3 * row));
-        for (int i = 3 * row; i < 3 * row + 3; ++i)
-            m[i] = rows[i] * scale;
-    }
-}
 
 // Degrees in (-180, 180].
 double degrees_of(double y, double x)
@@ -141,7 +111,7 @@ void orthogonalise(double axes[9])
 long KL_Check_rotation_matrix(const double matrix[9], double s0, double c0, double s1, double c1, double s2, double c2)
 {
     double rebuilt[9];
-    fill_matrix({s0, c0}, {s1, c1}, {s2, c2}, rebuilt);
+    fill_matrix<double>({s0, c0}, {s1, c1}, {s2, c2}, rebuilt);
     for (int i = 0; i < 9; ++i)
         if (!(std::fabs(rebuilt[i] - matrix[i]) <= kRotation))
             return 0;
@@ -162,7 +132,11 @@ long KL_CS_Rotation(const double axes1[9], const double axes2[9], double matrix[
     return KL_det(matrix) > 0.0 ? 0 : KL_ERR; // sets of different hands are no rotation apart
 }
 
-long kl_euler_to_matrix(const double angles[3], double matrix[9], long *ierr)
+namespace {
+
+// ---- the calls for one element ----
+
+long euler_to_matrix(const double angles[3], double matrix[9], long *ierr)
 {
     Activation call(KL_FN_EULER_TO_MATRIX, ierr);
     if (angles == nullptr || matrix == nullptr)
@@ -172,7 +146,7 @@ long kl_euler_to_matrix(const double angles[3], double matrix[9], long *ierr)
     return call.status();
 }
 
-long kl_matrix_to_euler(const double matrix[9], double angles[3], long *ierr)
+long matrix_to_euler(const double matrix[9], double angles[3], long *ierr)
 {
     Activation call(KL_FN_MATRIX_TO_EULER, ierr);
     if (matrix == nullptr || !rows_are_orthonormal(matrix))
@@ -193,8 +167,8 @@ long kl_matrix_to_euler(const double matrix[9], double angles[3], long *ierr)
     return call.status();
 }
 
-long kl_get_rotation_angles(const double x1[3], const double y1[3], const double z1[3], const double x2[3],
-                            const double y2[3], const double z2[3], double angles[3], long *ierr)
+long get_rotation_angles(const double x1[3], const double y1[3], const double z1[3], const double x2[3],
+                         const double y2[3], const double z2[3], double angles[3], long *ierr)
 {
     Activation call(KL_FN_GET_ROTATION_ANGLES, ierr);
     double axes1[9];
@@ -212,8 +186,8 @@ long kl_get_rotation_angles(const double x1[3], const double y1[3], const double
     return call.status();
 }
 
-long kl_get_rotated_vectors(const double x1[3], const double y1[3], const double z1[3], const double angles[3],
-                            double x2[3], double y2[3], double z2[3], long *ierr)
+long get_rotated_vectors(const double x1[3], const double y1[3], const double z1[3], const double angles[3],
+                         double x2[3], double y2[3], double z2[3], long *ierr)
 {
     Activation call(KL_FN_GET_ROTATED_VECTORS, ierr);
     double axes[9];
@@ -233,4 +207,106 @@ long kl_get_rotated_vectors(const double x1[3], const double y1[3], const double
     KL_copy_v(out + 3, 3, y2);
     KL_copy_v(out + 6, 3, z2);
     return call.status();
+}
+
+} // namespace
+
+long kl_euler_to_matrix(const double angles[3], double matrix[9], long *ierr)
+{
+    return euler_to_matrix(angles, matrix, ierr);
+}
+
+long kl_matrix_to_euler(const double matrix[9], double angles[3], long *ierr)
+{
+    return matrix_to_euler(matrix, angles, ierr);
+}
+
+long kl_get_rotation_angles(const double x1[3], const double y1[3], const double z1[3], const double x2[3],
+                            const double y2[3], const double z2[3], double angles[3], long *ierr)
+{
+    return get_rotation_angles(x1, y1, z1, x2, y2, z2, angles, ierr);
+}
+
+long kl_get_rotated_vectors(const double x1[3], const double y1[3], const double z1[3], const double angles[3],
+                            double x2[3], double y2[3], double z2[3], long *ierr)
+{
+    return get_rotated_vectors(x1, y1, z1, angles, x2, y2, z2, ierr);
+}
+
+// ---- for many ----
+
+long kl_euler_to_matrix_n(const long *n, const double angles[][3], double matrix[][9], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_EULER_TO_MATRIX, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto one = [&](long i, long *word) { return euler_to_matrix(angles[i], matrix[i], word); };
+    const auto fail = [&](long i) { fill_nan(matrix, i); };
+    if (angles == nullptr || matrix == nullptr)
+        return array.refuse(fail);
+    return array.each(one, fail, [&](long first, long count, LeftOver &) {
+        if (&angles[0][0] == &matrix[0][0]) // each matrix lies on the angles of others
+            return false;
+        euler_matrices_kernel()(angles[first], matrix[first], count);
+        return true;
+    });
+}
+
+long kl_matrix_to_euler_n(const long *n, const double matrix[][9], double angles[][3], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_MATRIX_TO_EULER, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto one = [&](long i, long *word) { return matrix_to_euler(matrix[i], angles[i], word); };
+    const auto fail = [&](long i) { fill_nan(angles, i); };
+    if (matrix == nullptr)
+        array.call().fails(KL_MATRIX_TO_EULER_ORTHONORMAL_ERR);
+    if (matrix == nullptr || angles == nullptr)
+        return array.refuse(fail);
+    return array.each(one, fail);
+}
+
+long kl_get_rotation_angles_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3],
+                              const double x2[][3], const double y2[][3], const double z2[][3], double angles[][3],
+                              long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_GET_ROTATION_ANGLES, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto one = [&](long i, long *word) {
+        return get_rotation_angles(x1[i], y1[i], z1[i], x2[i], y2[i], z2[i], angles[i], word);
+    };
+    const auto fail = [&](long i) { fill_nan(angles, i); };
+    const bool null =
+        x1 == nullptr || y1 == nullptr || z1 == nullptr || x2 == nullptr || y2 == nullptr || z2 == nullptr;
+    if (null)
+        array.call().fails(KL_GET_ROTATION_ANGLES_ORTHOGONAL_ERR);
+    if (null || angles == nullptr)
+        return array.refuse(fail);
+    return array.each(one, fail);
+}
+
+long kl_get_rotated_vectors_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3],
+                              const double angles[][3], double x2[][3], double y2[][3], double z2[][3], long *status,
+                              long *ierr)
+{
+    ArrayCall array(KL_FN_GET_ROTATED_VECTORS, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto one = [&](long i, long *word) {
+        return get_rotated_vectors(x1[i], y1[i], z1[i], angles[i], x2[i], y2[i], z2[i], word);
+    };
+    const auto fail = [&](long i) {
+        fill_nan(x2, i);
+        fill_nan(y2, i);
+        fill_nan(z2, i);
+    };
+    const bool null = x1 == nullptr || y1 == nullptr || z1 == nullptr;
+    if (null)
+        array.call().fails(KL_GET_ROTATED_VECTORS_ORTHOGONAL_ERR);
+    else if (angles == nullptr)
+        array.call().fails(KL_GET_ROTATED_VECTORS_ROTATION_ERR);
+    if (null || angles == nullptr || x2 == nullptr || y2 == nullptr || z2 == nullptr)
+        return array.refuse(fail);
+    return array.each(one, fail);
 }

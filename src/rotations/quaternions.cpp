@@ -1,4 +1,5 @@
 // Quaternions: vector part first, scalar last. The axis vectors x, y, z are the columns of the attitude matrix.
+#include "arrays/array_call.h"
 #include "errors/activation.h"
 #include "numbers/elementary.h"
 #include "numbers/numbers.h"
@@ -73,13 +74,10 @@ void provisional_quaternion(const Columns &A, double q[4])
 
 } // namespace
 
-long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr)
+namespace {
+
+void axes_of(const double q[4], double x[3], double y[3], double z[3])
 {
-    Activation call(KL_FN_QUATERNIONS_TO_VECTORS, ierr);
-    if (q == nullptr || !is_unit(dot(q, q, 4)))
-        return call.fails(KL_QUATERNIONS_TO_VECTORS_MODULE_ERR);
-    if (x == nullptr || y == nullptr || z == nullptr)
-        return KL_ERR;
     const double q0 = q[0];
     const double q1 = q[1];
     const double q2 = q[2];
@@ -93,10 +91,22 @@ long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], doub
     x[2] = 2.0 * (q0 * q2 + q1 * q3);
     y[2] = 2.0 * (q1 * q2 - q0 * q3);
     z[2] = -q0 * q0 - q1 * q1 + q2 * q2 + q3 * q3;
+}
+
+// ---- the calls for one element ----
+
+long quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr)
+{
+    Activation call(KL_FN_QUATERNIONS_TO_VECTORS, ierr);
+    if (q == nullptr || !is_unit(dot(q, q, 4)))
+        return call.fails(KL_QUATERNIONS_TO_VECTORS_MODULE_ERR);
+    if (x == nullptr || y == nullptr || z == nullptr)
+        return KL_ERR;
+    axes_of(q, x, y, z);
     return call.status();
 }
 
-long kl_vectors_to_quaternions(const double x[3], const double y[3], const double z[3], double q[4], long *ierr)
+long vectors_to_quaternions(const double x[3], const double y[3], const double z[3], double q[4], long *ierr)
 {
     Activation call(KL_FN_VECTORS_TO_QUATERNIONS, ierr);
     if (x == nullptr || y == nullptr || z == nullptr)
@@ -137,8 +147,8 @@ long kl_vectors_to_quaternions(const double x[3], const double y[3], const doubl
     return call.status();
 }
 
-long kl_quaternions_interpol(const long *mode, const double *t1, const double q1[4], const double *t2, double q2[4],
-                             const double *t, double q[4], long *ierr)
+long quaternions_interpol(const long *mode, const double *t1, const double q1[4], const double *t2, double q2[4],
+                          const double *t, double q[4], long *ierr)
 {
     Activation call(KL_FN_QUATERNIONS_INTERPOL, ierr);
     if (t1 == nullptr || q1 == nullptr || t2 == nullptr || q2 == nullptr || t == nullptr || q == nullptr)
@@ -164,6 +174,87 @@ long kl_quaternions_interpol(const long *mode, const double *t1, const double q1
         return call.fails(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR);
     KL_copy_v(found, 4, q);
     return call.status();
+}
+
+} // namespace
+
+long kl_quaternions_to_vectors(const double q[4], double x[3], double y[3], double z[3], long *ierr)
+{
+    return quaternions_to_vectors(q, x, y, z, ierr);
+}
+
+long kl_vectors_to_quaternions(const double x[3], const double y[3], const double z[3], double q[4], long *ierr)
+{
+    return vectors_to_quaternions(x, y, z, q, ierr);
+}
+
+long kl_quaternions_interpol(const long *mode, const double *t1, const double q1[4], const double *t2, double q2[4],
+                             const double *t, double q[4], long *ierr)
+{
+    return quaternions_interpol(mode, t1, q1, t2, q2, t, q, ierr);
+}
+
+// ---- for many ----
+
+long kl_quaternions_to_vectors_n(const long *n, const double q[][4], double x[][3], double y[][3], double z[][3],
+                                 long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_QUATERNIONS_TO_VECTORS, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto one = [&](long i, long *word) { return quaternions_to_vectors(q[i], x[i], y[i], z[i], word); };
+    const auto fail = [&](long i) {
+        fill_nan(x, i);
+        fill_nan(y, i);
+        fill_nan(z, i);
+    };
+    if (q == nullptr)
+        array.call().fails(KL_QUATERNIONS_TO_VECTORS_MODULE_ERR);
+    if (q == nullptr || x == nullptr || y == nullptr || z == nullptr)
+        return array.refuse(fail);
+    return array.each(one, fail, [&](long first, long count, LeftOver &left) {
+        // Few operations: packs would spend more on moving numbers than they save.
+        for (long k = 0; k < count; ++k) {
+            const double *const given = q[first + k];
+            if (is_unit(dot(given, given, 4)))
+                axes_of(given, x[first + k], y[first + k], z[first + k]);
+            else
+                left.add(k);
+        }
+        return true;
+    });
+}
+
+long kl_vectors_to_quaternions_n(const long *n, const double x[][3], const double y[][3], const double z[][3],
+                                 double q[][4], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_VECTORS_TO_QUATERNIONS, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto one = [&](long i, long *word) { return vectors_to_quaternions(x[i], y[i], z[i], q[i], word); };
+    const auto fail = [&](long i) { fill_nan(q, i); };
+    const bool null = x == nullptr || y == nullptr || z == nullptr;
+    if (null)
+        array.call().fails(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR);
+    if (null || q == nullptr)
+        return array.refuse(fail);
+    return array.each(one, fail);
+}
+
+long kl_quaternions_interpol_n(const long *n, const long *mode, const double *t1, const double q1[][4],
+                               const double *t2, double q2[][4], const double *t, double q[][4], long *status,
+                               long *ierr)
+{
+    ArrayCall array(KL_FN_QUATERNIONS_INTERPOL, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto one = [&](long i, long *word) {
+        return quaternions_interpol(mode, t1 + i, q1[i], t2 + i, q2[i], t + i, q[i], word);
+    };
+    const auto fail = [&](long i) { fill_nan(q, i); };
+    if (t1 == nullptr || q1 == nullptr || t2 == nullptr || q2 == nullptr || t == nullptr || q == nullptr)
+        return array.refuse(fail);
+    return array.each(one, fail);
 }
 
 void KL_Quaternion_product(const double p[4], const double r[4], double out[4])

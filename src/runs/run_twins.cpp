@@ -12,6 +12,14 @@ long kl_sun_run(const long *run_id, const long *time_ref, const double *time, do
     });
 }
 
+long kl_sun_run_n(const long *run_id, const long *n, const long *time_ref, const double *time, double sun_pos[][3],
+                  double sun_vel[][3], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_sun_n(model_id, time_id, n, time_ref, time, sun_pos, sun_vel, status, ierr);
+    });
+}
+
 long kl_moon_run(const long *run_id, const long *time_ref, const double *time, double moon_pos[3], double moon_vel[3],
                  long *ierr)
 {
@@ -20,11 +28,27 @@ long kl_moon_run(const long *run_id, const long *time_ref, const double *time, d
     });
 }
 
+long kl_moon_run_n(const long *run_id, const long *n, const long *time_ref, const double *time, double moon_pos[][3],
+                   double moon_vel[][3], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_moon_n(model_id, time_id, n, time_ref, time, moon_pos, moon_vel, status, ierr);
+    });
+}
+
 long kl_planet_run(const long *run_id, const long *planet_id, const long *time_ref, const double *time,
                    double planet_pos[3], double planet_vel[3], long *ierr)
 {
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_planet(model_id, time_id, planet_id, time_ref, time, planet_pos, planet_vel, ierr);
+    });
+}
+
+long kl_planet_run_n(const long *run_id, const long *n, const long *planet_id, const long *time_ref, const double *time,
+                     double planet_pos[][3], double planet_vel[][3], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_planet_n(model_id, time_id, n, planet_id, time_ref, time, planet_pos, planet_vel, status, ierr);
     });
 }
 
@@ -220,6 +244,17 @@ long kl_change_cart_cs_run(const long *run_id, const long *calc_mode, const long
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_change_cart_cs(model_id, time_id, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc, pos_out,
                                  vel_out, acc_out, ierr);
+    });
+}
+
+long kl_change_cart_cs_run_n(const long *run_id, const long *n, const long *calc_mode, const long *cs_in,
+                             const long *cs_out, const long *time_ref, const double *time, const double pos[][3],
+                             const double vel[][3], const double acc[][3], double pos_out[][3], double vel_out[][3],
+                             double acc_out[][3], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_change_cart_cs_n(model_id, time_id, n, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc,
+                                   pos_out, vel_out, acc_out, status, ierr);
     });
 }
 

@@ -89,8 +89,11 @@ TEST(EveryFunction, IsInTheTableOfCalls)
 {
     std::set<std::string> missing;
     std::ifstream symbols("src/exported_symbols.txt");
-    for (std::string name; std::getline(symbols, name);)
-        if (name.rfind("kl_", 0) == 0 && kTables.count(name) == 0)
+    const auto is_array_form = [](const std::string &name) {
+        return name.size() > 2 && name.substr(name.size() - 2) == "_n";
+    };
+    for (std::string name; std::getline(symbols, name);) // array forms have their own law
+        if (name.rfind("kl_", 0) == 0 && kTables.count(name) == 0 && !is_array_form(name))
             missing.insert(name);
     EXPECT_GE(missing.size(), 70U);
     for (const PublicCall *f = every_call(); f != every_call_end(); ++f)
