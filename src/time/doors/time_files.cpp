@@ -83,7 +83,10 @@ public:
     long build(const Request &request, long n_files, const char *const files[], kl_time_id *time_id)
     {
         const auto n = static_cast<std::size_t>(n_files);
-        const std::unique_ptr<Source[]> sources(new (std::nothrow) Source[n > 0 ? n : 1]);
+        Table table;
+        if (n == 0)
+            return hand_over(build_built_in(request, &table), &table, time_id);
+        const std::unique_ptr<Source[]> sources(new (std::nothrow) Source[n]);
         if (sources == nullptr)
             return fails(KL_TIME_REF_INIT_FILE_MEMORY_ERR);
         for (std::size_t i = 0; i < n; ++i) {
@@ -91,12 +94,7 @@ public:
             if (read(request, files != nullptr ? files[i] : nullptr, &sources[i]) == KL_ERR)
                 return KL_ERR;
         }
-        if (n == 0) {
-            sources[0].file = kBuiltInFile;
-            if (!read_built_in(&sources[0].contents))
-                return fails(KL_TIME_REF_INIT_FILE_MEMORY_ERR);
-        }
-        return hand_over(request, sources.get(), n > 0 ? n : 1, time_id);
+        return hand_over(build_table(request, sources.get(), n, &table), &table, time_id);
     }
 
 private:
@@ -165,12 +163,14 @@ private:
         }
     }
 
-    long hand_over(const Request &request, Source *sources, std::size_t n, kl_time_id *time_id)
+    long hand_over(TableFault fault, Table *built, kl_time_id *time_id)
     {
-        Table table;
-        if (const TableFault fault = build_table(request, sources, n, &table); fault != TableFault::none)
+        const Table &table = *built;
+        Correlation &own = built->correlation;
+        if (fault != TableFault::none) {
+            free_arrays(&own);
             return refuse(fault, table.place);
-        Correlation &own = table.correlation;
+        }
         own.leap_expiry = table.leap_expiry;
         if (!publish(own, time_id)) {
             free_arrays(&own);
@@ -230,7 +230,6 @@ double ut1_of(long ref, double time, const kl_time_row_info &deltas)
 }
 
 } // namespace
-
 
 long kl_time_ref_init_file(const long *model, const long *n_files, const char *const files[], const long *window,
                            const double *start, const double *stop, kl_time_file_report *report, kl_time_id *time_id,

@@ -1,8 +1,10 @@
 // The correlation compiled into the library: data/time_correlation.csv, packed when the library is built.
 #include "time/files/built_in_layout.h"
 #include "time/files/table.h"
+#include "time/time_record.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 
@@ -101,6 +103,53 @@ bool read_head(Reader *reader, Head *head, Contents *contents)
     return true;
 }
 
+// Days counted from the first.
+struct Days {
+    std::size_t first, count;
+};
+
+// From the last at or before the start of the window to the first at or after its stop.
+Days days_of(const Window &window, const Head &head)
+{
+    const double first = head.first - kMjd2000, last = first + head.days - 1;
+    if (!window.given)
+        return {0, static_cast<std::size_t>(head.days)};
+    if (window.start > last || window.stop < first)
+        return {0, 0};
+    const double from = std::fmax(std::floor(window.start), first), to = std::fmin(std::ceil(window.stop), last);
+    return {static_cast<std::size_t>(from - first), static_cast<std::size_t>(to - from) + 1};
+}
+
+void read_rows(const Head &head, const Days &taken, const Buffer<LeapStep> &leaps, Reader *reader,
+               const Correlation &out)
+{
+    const auto n = static_cast<std::size_t>(head.days);
+    std::size_t leap = 0;
+    reader->series(n, [&](std::size_t i, std::int64_t ut1_tai) {
+        const auto day = static_cast<std::int32_t>(i);
+        const double utc = head.first + day - kMjd2000;
+        while (leap + 1 < leaps.size() && leaps[leap + 1].utc <= utc)
+            ++leap;
+        const std::size_t row = i - taken.first;
+        if (row >= taken.count) // also before the first
+            return;
+        const double tai_utc = leaps[leap].tai_utc;
+        const auto whole = static_cast<std::int64_t>(kUt1Unit) * static_cast<std::int64_t>(tai_utc);
+        put_row(utc, tai_utc, static_cast<double>(ut1_tai + whole) / kUt1Unit, &out.rows[row]);
+        const long quality = day < head.final_days ? kFinal : day < head.observed_days ? kRapid : kPredicted;
+        out.row_notes[row][0] = kBuiltInFile * kNoteUnit + quality;
+        out.row_notes[row][1] = 0;
+    });
+    for (int k = 0; k < 4; ++k)
+        reader->series(n, [&](std::size_t i, std::int64_t value) {
+            // dX, dY are printed in milliarcseconds, which is how a file would be read.
+            const std::size_t row = i - taken.first;
+            if (row < taken.count)
+                out.row_pole[row][k] =
+                    k < 2 ? static_cast<double>(value) / kPoleUnit : static_cast<double>(value) / kThousand / kThousand;
+        });
+}
+
 } // namespace
 
 bool read_built_in_leap_seconds(Contents *contents)
@@ -110,41 +159,35 @@ bool read_built_in_leap_seconds(Contents *contents)
     return read_head(&reader, &head, contents);
 }
 
-bool read_built_in(Contents *contents)
+TableFault build_built_in(const Request &request, Table *table)
 {
     Reader reader;
     Head head;
-    if (!read_head(&reader, &head, contents))
-        return false;
-    const auto n = static_cast<std::size_t>(head.days);
-    Buffer<EarthRow> &rows = contents->rows;
-    if (!rows.reserve(n))
-        return false;
-    rows.lengthen(n);
-    std::size_t leap = 0;
-    const Buffer<LeapStep> &leaps = contents->leap_steps;
-    reader.series(n, [&](std::size_t i, std::int64_t ut1_tai) {
-        EarthRow &row = rows[i];
-        const auto day = static_cast<std::int32_t>(i);
-        row.utc = head.first + day - kMjd2000;
-        while (leap + 1 < leaps.size() && leaps[leap + 1].utc <= row.utc)
-            ++leap;
-        row.tai_utc = leaps[leap].tai_utc;
-        row.ut1_utc =
-            static_cast<double>(ut1_tai + static_cast<std::int64_t>(kUt1Unit) * static_cast<long>(row.tai_utc))
-            / kUt1Unit;
-        row.quality = day < head.final_days ? kFinal : day < head.observed_days ? kRapid : kPredicted;
-        row.file = kBuiltInFile;
-        row.line = 0;
-    });
-    for (int k = 0; k < 2; ++k)
-        reader.series(
-            n, [&](std::size_t i, std::int64_t value) { rows[i].pole[k] = static_cast<double>(value) / kPoleUnit; });
-    for (int k = 2; k < 4; ++k) // printed in milliarcseconds, which is how a file would be read
-        reader.series(n, [&](std::size_t i, std::int64_t value) {
-            rows[i].pole[k] = static_cast<double>(value) / kThousand / kThousand;
-        });
-    return true;
+    Contents list;
+    if (!request.no_extrapolation)
+        return TableFault::no_formula;
+    if (!read_head(&reader, &head, &list))
+        return TableFault::no_memory;
+    const Days taken = days_of(request.window, head);
+    table->n_skipped = head.days - static_cast<long>(taken.count);
+    if (taken.count == 0)
+        return TableFault::no_rows;
+    Correlation &out = table->correlation;
+    out.model = KL_TIME_MODEL_MERGED;
+    out.no_extrapolation = 1;
+    if (!allocate_rows(taken.count, &out))
+        return TableFault::no_memory;
+    read_rows(head, taken, list.leap_steps, &reader, out);
+    const long first = head.first + static_cast<long>(taken.first), end = first + out.n_rows; // MJD
+    const auto up_to = [&](long days) { return std::clamp(head.first + days, first, end); };
+    table->n_predicted = end - up_to(head.observed_days);
+    table->last_final =
+        up_to(head.final_days) > first ? static_cast<double>(up_to(head.final_days)) - 1.0 - kMjd2000 : 0.0;
+    table->leap_expiry = list.leap_expiry;
+    const Window &window = request.window;
+    table->uncovered = window.given && (window.start < out.rows[0].utc || window.stop > out.rows[out.n_rows - 1].utc);
+    table->expired = window.given && list.leap_expiry < window.stop;
+    return complete(&out) ? TableFault::none : TableFault::no_leap_second;
 }
 
 } // namespace time_files

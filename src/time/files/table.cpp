@@ -14,7 +14,6 @@ namespace {
 constexpr double kGps = 19.0;     // s: TAI-GPS
 constexpr double kLongGap = 31.0; // days: beyond it the list of leap seconds decides alone
 constexpr double kOneSecond = 1.0 / KL_SECONDS_PER_DAY;
-constexpr int kNoteShift = 16;
 
 bool is_list(Format format)
 {
@@ -135,10 +134,6 @@ private:
             list_ = &contents;
             list_file_ = source.file;
             lists_ = true;
-        }
-        if (!contents.leap_steps.empty() && !contents.rows.empty()) { // the built-in correlation has both
-            list_ = &contents;
-            list_file_ = source.file;
         }
         if (contents.formula.ut1)
             formula_ = &contents.formula;
@@ -478,16 +473,6 @@ private:
         }
     }
 
-    static void put_row(const EarthRow &from, kl_time_row *row)
-    {
-        row->utc = from.utc;
-        row->tai = from.utc + from.tai_utc / KL_SECONDS_PER_DAY;
-        row->ut1 = from.utc + from.ut1_utc / KL_SECONDS_PER_DAY;
-        row->tai_utc = from.tai_utc;
-        row->tai_ut1 = from.tai_utc - from.ut1_utc;
-        row->tai_gps = kGps;
-    }
-
     TableFault finish()
     {
         Correlation &out = table_->correlation;
@@ -498,16 +483,12 @@ private:
         out.no_extrapolation = last_row_holds() ? 1 : 0;
         if (formula_ != nullptr)
             take_formula(*formula_, &out);
-        out.n_rows = static_cast<long>(n);
-        out.rows = static_cast<kl_time_row *>(std::malloc(n * sizeof *out.rows));
-        out.row_notes = static_cast<long(*)[2]>(std::malloc(n * sizeof *out.row_notes));
-        out.row_pole = static_cast<double(*)[4]>(std::malloc(n * sizeof *out.row_pole));
-        if (out.rows == nullptr || out.row_notes == nullptr || out.row_pole == nullptr)
+        if (!allocate_rows(n, &out))
             return TableFault::no_memory;
         for (std::size_t i = 0; i < n; ++i) {
             const EarthRow &row = rows_[i];
-            put_row(row, &out.rows[i]);
-            out.row_notes[i][0] = long{row.file} * kNoteShift + row.quality;
+            put_row(row.utc, row.tai_utc, row.ut1_utc, &out.rows[i]);
+            out.row_notes[i][0] = long{row.file} * kNoteUnit + row.quality;
             out.row_notes[i][1] = row.line;
             std::copy(row.pole, row.pole + 4, out.row_pole[i]);
             table_->n_predicted += row.quality == kPredicted ? 1 : 0;
@@ -592,12 +573,28 @@ bool takes(long model, Format format)
     }
 }
 
+bool allocate_rows(std::size_t n, Correlation *correlation)
+{
+    correlation->n_rows = static_cast<long>(n);
+    correlation->rows = static_cast<kl_time_row *>(std::malloc(n * sizeof *correlation->rows));
+    correlation->row_notes = static_cast<long(*)[2]>(std::malloc(n * sizeof *correlation->row_notes));
+    correlation->row_pole = static_cast<double(*)[4]>(std::malloc(n * sizeof *correlation->row_pole));
+    return correlation->rows != nullptr && correlation->row_notes != nullptr && correlation->row_pole != nullptr;
+}
+
+void put_row(double utc, double tai_utc, double ut1_utc, kl_time_row *row)
+{
+    row->utc = utc;
+    row->tai = utc + tai_utc / KL_SECONDS_PER_DAY;
+    row->ut1 = utc + ut1_utc / KL_SECONDS_PER_DAY;
+    row->tai_utc = tai_utc;
+    row->tai_ut1 = tai_utc - ut1_utc;
+    row->tai_gps = kGps;
+}
+
 TableFault build_table(const Request &request, Source *sources, std::size_t n_sources, Table *table)
 {
-    const TableFault fault = Builder(request, sources, n_sources, table).build();
-    if (fault != TableFault::none)
-        free_arrays(&table->correlation);
-    return fault;
+    return Builder(request, sources, n_sources, table).build();
 }
 
 } // namespace time_files

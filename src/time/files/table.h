@@ -36,7 +36,7 @@ struct Place {
 };
 
 struct Table {
-    Correlation correlation = {}; // its arrays, made by malloc, are the caller's
+    Correlation correlation = {}; // its arrays, made by malloc, are the caller's, also after a fault
     long n_predicted = 0, n_skipped = 0;
     double last_final = 0.0;   // UTC, MJD2000
     double leap_expiry = 0.0;  // of the list that was read; 0: none
@@ -47,14 +47,20 @@ struct Table {
     bool expired = false;      // the list of leap seconds ends before the window
 };
 
+constexpr long kNoteUnit = 16; // of a file in the notes of a row; the rest is the quality
+
+// Room for rows, notes and pole; false without memory, what was made then belongs to the correlation.
+[[nodiscard]] bool allocate_rows(std::size_t n, Correlation *correlation);
+void put_row(double utc, double tai_utc, double ut1_utc, kl_time_row *row);
+
 // Does a model use files of this format?
 bool takes(long model, Format format);
 
 // Builds the table; the rows of the sources are used up.
 TableFault build_table(const Request &request, Source *sources, std::size_t n_sources, Table *table);
 
-// The correlation compiled into the library.
-[[nodiscard]] bool read_built_in(Contents *contents);
+// The same from the correlation compiled into the library; model and sources do not count.
+TableFault build_built_in(const Request &request, Table *table);
 // Its leap seconds alone.
 [[nodiscard]] bool read_built_in_leap_seconds(Contents *contents);
 
