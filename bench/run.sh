@@ -4,7 +4,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 tools/install_missing.sh g++ cmake ninja-build python3 valgrind libbenchmark-dev liberfa-dev libgeographiclib-dev \
-    libeigen3-dev
+    libeigen3-dev python3-astropy python3-skyfield
 results=build/bench/results
 mkdir -p "$results"
 cat /proc/loadavg >"$results/load.txt"
@@ -21,3 +21,4 @@ build/bench/bench/worst_case >"$results/worst_case.txt" || echo "A call is too l
 bench/callgrind.sh >"$results/instructions.txt"
 build/bench/bench/threads >"$results/threads.txt"
 bench/report.py "$results" >docs/performance.md
+/usr/bin/python3 bench/time_files.py build/bench/libKitLib.so >>docs/performance.md # Debian's modules belong to it

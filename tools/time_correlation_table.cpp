@@ -105,6 +105,8 @@ void put_series(const std::vector<std::int64_t> &series, Bytes *bytes)
         for (std::size_t i = first; i < end; ++i)
             while (folded[i] >> width != 0)
                 ++width;
+        if (width > 32) // the reader takes a difference out of eight bytes
+            throw std::runtime_error("a second difference is too large");
         widths.push_back(static_cast<unsigned char>(width));
         for (std::size_t i = first; i < end; ++i)
             bits.add(folded[i], width);
