@@ -10,6 +10,9 @@
 #include "kl/bodies.h"
 #include "kl/frames.h"
 #include "kl/rotations.h"
+#include "kl/clocks.h"
+#include "kl/formats.h"
+#include "kl/time.h"
 
 #ifdef __cplusplus
 extern "C" {
@@ -68,6 +71,121 @@ KL_API long kl_get_rotation_angles_n(const long *n, const double x1[][3], const 
 KL_API long kl_get_rotated_vectors_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3],
                                      const double angles[][3], double x2[][3], double y2[][3], double z2[][3],
                                      long *status, long *ierr);
+/** kl_time_obt_to_time for n elements. */
+KL_API long kl_time_obt_to_time_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters,
+                                  const void *obt, double *time, long *status, long *ierr);
+/** kl_time_obt_to_time_n with the satellite id of a run. */
+KL_API long kl_time_obt_to_time_run_n(const long *run_id, const long *n, const long *time_ref, const void *parameters,
+                                      const void *obt, double *time, long *status, long *ierr);
+/** kl_time_time_to_obt for n elements. */
+KL_API long kl_time_time_to_obt_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters,
+                                  const double *time, void *obt, long *status, long *ierr);
+/** kl_time_time_to_obt_n with the satellite id of a run. */
+KL_API long kl_time_time_to_obt_run_n(const long *run_id, const long *n, const long *time_ref, const void *parameters,
+                                      const double *time, void *obt, long *status, long *ierr);
+/** kl_time_cuc_to_processing for n elements. */
+KL_API long kl_time_cuc_to_processing_n(kl_time_id *time_id, const long *n, const kl_cuc_config *config,
+                                        const long *time_ref, const long *width, const unsigned char *cuc, double *time,
+                                        long *status, long *ierr);
+/** kl_time_processing_to_cuc for n elements. */
+KL_API long kl_time_processing_to_cuc_n(kl_time_id *time_id, const long *n, const kl_cuc_config *config,
+                                        const long *time_ref, const double *time, const long *width, unsigned char *cuc,
+                                        long *status, long *ierr);
+/** kl_time_processing_to_processing for n elements. */
+KL_API long kl_time_processing_to_processing_n(kl_time_id *time_id, const long *n, const long *proc_id_in,
+                                               const long *time_ref_in, const double *time_in, const long *proc_id_out,
+                                               const long *time_ref_out, double *time_out, long *status, long *ierr);
+/** kl_time_processing_to_processing_n with the time id of a run. */
+KL_API long kl_time_processing_to_processing_run_n(const long *run_id, const long *n, const long *proc_id_in,
+                                                   const long *time_ref_in, const double *time_in,
+                                                   const long *proc_id_out, const long *time_ref_out, double *time_out,
+                                                   long *status, long *ierr);
+/** kl_time_ascii_to_ascii for n elements. */
+KL_API long kl_time_ascii_to_ascii_n(kl_time_id *time_id, const long *n, const long *ascii_id_in,
+                                     const long *time_ref_in, const long *ascii_in_width, const char *ascii_in,
+                                     const long *ascii_id_out, const long *time_ref_out, const long *ascii_out_width,
+                                     char *ascii_out, long *status, long ierr[2]);
+/** kl_time_ascii_to_ascii_n with the time id of a run. */
+KL_API long kl_time_ascii_to_ascii_run_n(const long *run_id, const long *n, const long *ascii_id_in,
+                                         const long *time_ref_in, const long *ascii_in_width, const char *ascii_in,
+                                         const long *ascii_id_out, const long *time_ref_out,
+                                         const long *ascii_out_width, char *ascii_out, long *status, long ierr[2]);
+/** kl_time_ascii_to_processing for n elements. */
+KL_API long kl_time_ascii_to_processing_n(kl_time_id *time_id, const long *n, const long *ascii_id_in,
+                                          const long *time_ref_in, const long *width, const char *ascii_in,
+                                          const long *proc_id_out, const long *time_ref_out, double *time_out,
+                                          long *status, long *ierr);
+/** kl_time_ascii_to_processing_n with the time id of a run. */
+KL_API long kl_time_ascii_to_processing_run_n(const long *run_id, const long *n, const long *ascii_id_in,
+                                              const long *time_ref_in, const long *width, const char *ascii_in,
+                                              const long *proc_id_out, const long *time_ref_out, double *time_out,
+                                              long *status, long *ierr);
+/** kl_time_ascii_to_transport for n elements. */
+KL_API long kl_time_ascii_to_transport_n(kl_time_id *time_id, const long *n, const long *ascii_id_in,
+                                         const long *time_ref_in, const long *width, const char *ascii_in,
+                                         const long *trans_id_out, const long *time_ref_out, long transport_out[][4],
+                                         long *status, long *ierr);
+/** kl_time_ascii_to_transport_n with the time id of a run. */
+KL_API long kl_time_ascii_to_transport_run_n(const long *run_id, const long *n, const long *ascii_id_in,
+                                             const long *time_ref_in, const long *width, const char *ascii_in,
+                                             const long *trans_id_out, const long *time_ref_out,
+                                             long transport_out[][4], long *status, long *ierr);
+/** kl_time_processing_to_ascii for n elements. */
+KL_API long kl_time_processing_to_ascii_n(kl_time_id *time_id, const long *n, const long *proc_id_in,
+                                          const long *time_ref_in, const double *time_in, const long *ascii_id_out,
+                                          const long *time_ref_out, const long *width, char *ascii_out, long *status,
+                                          long *ierr);
+/** kl_time_processing_to_ascii_n with the time id of a run. */
+KL_API long kl_time_processing_to_ascii_run_n(const long *run_id, const long *n, const long *proc_id_in,
+                                              const long *time_ref_in, const double *time_in, const long *ascii_id_out,
+                                              const long *time_ref_out, const long *width, char *ascii_out,
+                                              long *status, long *ierr);
+/** kl_time_processing_to_transport for n elements. */
+KL_API long kl_time_processing_to_transport_n(kl_time_id *time_id, const long *n, const long *proc_id_in,
+                                              const long *time_ref_in, const double *time_in, const long *trans_id_out,
+                                              const long *time_ref_out, long transport_out[][4], long *status,
+                                              long *ierr);
+/** kl_time_processing_to_transport_n with the time id of a run. */
+KL_API long kl_time_processing_to_transport_run_n(const long *run_id, const long *n, const long *proc_id_in,
+                                                  const long *time_ref_in, const double *time_in,
+                                                  const long *trans_id_out, const long *time_ref_out,
+                                                  long transport_out[][4], long *status, long *ierr);
+/** kl_time_transport_to_ascii for n elements. */
+KL_API long kl_time_transport_to_ascii_n(kl_time_id *time_id, const long *n, const long *trans_id_in,
+                                         const long *time_ref_in, const long transport_in[][4],
+                                         const long *ascii_id_out, const long *time_ref_out, const long *width,
+                                         char *ascii_out, long *status, long *ierr);
+/** kl_time_transport_to_ascii_n with the time id of a run. */
+KL_API long kl_time_transport_to_ascii_run_n(const long *run_id, const long *n, const long *trans_id_in,
+                                             const long *time_ref_in, const long transport_in[][4],
+                                             const long *ascii_id_out, const long *time_ref_out, const long *width,
+                                             char *ascii_out, long *status, long *ierr);
+/** kl_time_transport_to_processing for n elements. */
+KL_API long kl_time_transport_to_processing_n(kl_time_id *time_id, const long *n, const long *trans_id_in,
+                                              const long *time_ref_in, const long transport_in[][4],
+                                              const long *proc_id_out, const long *time_ref_out, double *time_out,
+                                              long *status, long *ierr);
+/** kl_time_transport_to_processing_n with the time id of a run. */
+KL_API long kl_time_transport_to_processing_run_n(const long *run_id, const long *n, const long *trans_id_in,
+                                                  const long *time_ref_in, const long transport_in[][4],
+                                                  const long *proc_id_out, const long *time_ref_out, double *time_out,
+                                                  long *status, long *ierr);
+/** kl_time_transport_to_transport for n elements. */
+KL_API long kl_time_transport_to_transport_n(kl_time_id *time_id, const long *n, const long *trans_id_in,
+                                             const long *time_ref_in, const long transport_in[][4],
+                                             const long *trans_id_out, const long *time_ref_out,
+                                             long transport_out[][4], long *status, long *ierr);
+/** kl_time_transport_to_transport_n with the time id of a run. */
+KL_API long kl_time_transport_to_transport_run_n(const long *run_id, const long *n, const long *trans_id_in,
+                                                 const long *time_ref_in, const long transport_in[][4],
+                                                 const long *trans_id_out, const long *time_ref_out,
+                                                 long transport_out[][4], long *status, long *ierr);
+/** kl_time_add for n elements. */
+KL_API long kl_time_add_n(const long *n, const long *proc_id, const long *time_ref, const double *time,
+                          const double *duration, double *time_out, long *status, long *ierr);
+/** kl_time_diff for n elements. */
+KL_API long kl_time_diff_n(const long *n, const long *proc_id, const long *time_ref, const double *time1,
+                           const double *time2, double *duration, long *status, long *ierr);
 
 #ifdef __cplusplus
 }

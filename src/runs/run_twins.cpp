@@ -59,6 +59,13 @@ long kl_time_obt_to_time_run(const long *run_id, const long *time_ref, const voi
     return kl_time_obt_to_time(&sat_id, time_ref, parameters, obt, time, ierr);
 }
 
+long kl_time_obt_to_time_run_n(const long *run_id, const long *n, const long *time_ref, const void *parameters,
+                               const void *obt, double *time, long *status, long *ierr)
+{
+    const long sat_id = satellite_of(run_id);
+    return kl_time_obt_to_time_n(&sat_id, n, time_ref, parameters, obt, time, status, ierr);
+}
+
 long kl_time_time_to_obt_run(const long *run_id, const long *time_ref, const void *parameters, const double *time,
                              void *obt, long *ierr)
 {
@@ -145,6 +152,11 @@ long kl_topocentric_to_ef_run(const long *run_id, const long *calc_mode, const k
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_topocentric_to_ef(model_id, calc_mode, origin, in, pos, vel, ierr);
     });
+long kl_time_time_to_obt_run_n(const long *run_id, const long *n, const long *time_ref, const void *parameters,
+                               const double *time, void *obt, long *status, long *ierr)
+{
+    const long sat_id = satellite_of(run_id);
+    return kl_time_time_to_obt_n(&sat_id, n, time_ref, parameters, time, obt, status, ierr);
 }
 
 long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
@@ -154,6 +166,16 @@ long kl_time_processing_to_processing_run(const long *run_id, const long *proc_i
     return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_processing_to_processing(time_id, proc_id_in, time_ref_in, time_in, proc_id_out, time_ref_out,
                                                 time_out, ierr);
+    });
+}
+
+long kl_time_processing_to_processing_run_n(const long *run_id, const long *n, const long *proc_id_in,
+                                            const long *time_ref_in, const double *time_in, const long *proc_id_out,
+                                            const long *time_ref_out, double *time_out, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_processing_to_processing_n(time_id, n, proc_id_in, time_ref_in, time_in, proc_id_out,
+                                                  time_ref_out, time_out, status, ierr);
     });
 }
 
@@ -167,6 +189,17 @@ long kl_time_ascii_to_ascii_run(const long *run_id, const long *ascii_id_in, con
     });
 }
 
+long kl_time_ascii_to_ascii_run_n(const long *run_id, const long *n, const long *ascii_id_in, const long *time_ref_in,
+                                  const long *ascii_in_width, const char *ascii_in, const long *ascii_id_out,
+                                  const long *time_ref_out, const long *ascii_out_width, char *ascii_out, long *status,
+                                  long ierr[2])
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_ascii_to_ascii_n(time_id, n, ascii_id_in, time_ref_in, ascii_in_width, ascii_in, ascii_id_out,
+                                        time_ref_out, ascii_out_width, ascii_out, status, ierr);
+    });
+}
+
 long kl_time_ascii_to_processing_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
                                      const char *ascii_in, const long *proc_id_out, const long *time_ref_out,
                                      double *time_out, long *ierr)
@@ -174,6 +207,17 @@ long kl_time_ascii_to_processing_run(const long *run_id, const long *ascii_id_in
     return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_ascii_to_processing(time_id, ascii_id_in, time_ref_in, ascii_in, proc_id_out, time_ref_out,
                                            time_out, ierr);
+    });
+}
+
+long kl_time_ascii_to_processing_run_n(const long *run_id, const long *n, const long *ascii_id_in,
+                                       const long *time_ref_in, const long *width, const char *ascii_in,
+                                       const long *proc_id_out, const long *time_ref_out, double *time_out,
+                                       long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_ascii_to_processing_n(time_id, n, ascii_id_in, time_ref_in, width, ascii_in, proc_id_out,
+                                             time_ref_out, time_out, status, ierr);
     });
 }
 
@@ -187,6 +231,17 @@ long kl_time_ascii_to_transport_run(const long *run_id, const long *ascii_id_in,
     });
 }
 
+long kl_time_ascii_to_transport_run_n(const long *run_id, const long *n, const long *ascii_id_in,
+                                      const long *time_ref_in, const long *width, const char *ascii_in,
+                                      const long *trans_id_out, const long *time_ref_out, long transport_out[][4],
+                                      long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_ascii_to_transport_n(time_id, n, ascii_id_in, time_ref_in, width, ascii_in, trans_id_out,
+                                            time_ref_out, transport_out, status, ierr);
+    });
+}
+
 long kl_time_processing_to_ascii_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
                                      const double *time_in, const long *ascii_id_out, const long *time_ref_out,
                                      char *ascii_out, long *ierr)
@@ -194,6 +249,17 @@ long kl_time_processing_to_ascii_run(const long *run_id, const long *proc_id_in,
     return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_processing_to_ascii(time_id, proc_id_in, time_ref_in, time_in, ascii_id_out, time_ref_out,
                                            ascii_out, ierr);
+    });
+}
+
+long kl_time_processing_to_ascii_run_n(const long *run_id, const long *n, const long *proc_id_in,
+                                       const long *time_ref_in, const double *time_in, const long *ascii_id_out,
+                                       const long *time_ref_out, const long *width, char *ascii_out, long *status,
+                                       long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_processing_to_ascii_n(time_id, n, proc_id_in, time_ref_in, time_in, ascii_id_out, time_ref_out,
+                                             width, ascii_out, status, ierr);
     });
 }
 
@@ -207,6 +273,16 @@ long kl_time_processing_to_transport_run(const long *run_id, const long *proc_id
     });
 }
 
+long kl_time_processing_to_transport_run_n(const long *run_id, const long *n, const long *proc_id_in,
+                                           const long *time_ref_in, const double *time_in, const long *trans_id_out,
+                                           const long *time_ref_out, long transport_out[][4], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_processing_to_transport_n(time_id, n, proc_id_in, time_ref_in, time_in, trans_id_out,
+                                                 time_ref_out, transport_out, status, ierr);
+    });
+}
+
 long kl_time_transport_to_ascii_run(const long *run_id, const long *trans_id_in, const long *time_ref_in,
                                     const long transport_in[4], const long *ascii_id_out, const long *time_ref_out,
                                     char *ascii_out, long *ierr)
@@ -214,6 +290,17 @@ long kl_time_transport_to_ascii_run(const long *run_id, const long *trans_id_in,
     return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_transport_to_ascii(time_id, trans_id_in, time_ref_in, transport_in, ascii_id_out, time_ref_out,
                                           ascii_out, ierr);
+    });
+}
+
+long kl_time_transport_to_ascii_run_n(const long *run_id, const long *n, const long *trans_id_in,
+                                      const long *time_ref_in, const long transport_in[][4], const long *ascii_id_out,
+                                      const long *time_ref_out, const long *width, char *ascii_out, long *status,
+                                      long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_transport_to_ascii_n(time_id, n, trans_id_in, time_ref_in, transport_in, ascii_id_out,
+                                            time_ref_out, width, ascii_out, status, ierr);
     });
 }
 
@@ -227,6 +314,17 @@ long kl_time_transport_to_processing_run(const long *run_id, const long *trans_i
     });
 }
 
+long kl_time_transport_to_processing_run_n(const long *run_id, const long *n, const long *trans_id_in,
+                                           const long *time_ref_in, const long transport_in[][4],
+                                           const long *proc_id_out, const long *time_ref_out, double *time_out,
+                                           long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_transport_to_processing_n(time_id, n, trans_id_in, time_ref_in, transport_in, proc_id_out,
+                                                 time_ref_out, time_out, status, ierr);
+    });
+}
+
 long kl_time_transport_to_transport_run(const long *run_id, const long *trans_id_in, const long *time_ref_in,
                                         const long transport_in[4], const long *trans_id_out, const long *time_ref_out,
                                         long transport_out[4], long *ierr)
@@ -234,6 +332,17 @@ long kl_time_transport_to_transport_run(const long *run_id, const long *trans_id
     return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_transport_to_transport(time_id, trans_id_in, time_ref_in, transport_in, trans_id_out,
                                               time_ref_out, transport_out, ierr);
+    });
+}
+
+long kl_time_transport_to_transport_run_n(const long *run_id, const long *n, const long *trans_id_in,
+                                          const long *time_ref_in, const long transport_in[][4],
+                                          const long *trans_id_out, const long *time_ref_out, long transport_out[][4],
+                                          long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_transport_to_transport_n(time_id, n, trans_id_in, time_ref_in, transport_in, trans_id_out,
+                                                time_ref_out, transport_out, status, ierr);
     });
 }
 

@@ -22,6 +22,13 @@ struct LeapSecond {
     double tai; // MJD2000: where it begins
 };
 
+// The days, on any scale, in which no once-only warning can be met once all computations before were inside: a day
+// clear of the ends of the table and of the gap between two bulletins. Empty where the scales or rows are not as clocks
+// are.
+struct QuietSpan {
+    double first, last, gap_first, gap_last;
+};
+
 struct Correlation {
     long model; // 0: none
     long combination;
@@ -38,6 +45,7 @@ struct Correlation {
     long (*row_notes)[2];  // 16 x index of the file + quality, and the number of the line
     double (*row_pole)[4]; // x, y, dX, dY of the pole, arcsec as published
     // What follows from the rows, by complete():
+    QuietSpan quiet;
     long leap_first, leap_last; // rows in which the leap second may matter
     double rows_per_day;        // of an evenly spaced table; where the search of an uneven one starts
 };

@@ -3,7 +3,7 @@
 #ifndef KL_SRC_TIME_MOMENTS_H
 #define KL_SRC_TIME_MOMENTS_H
 
-#include "kl/types.h"
+#include "kl/time.h"
 #include "numbers/pack.h"
 
 inline namespace KL_SET {
@@ -130,11 +130,11 @@ Shift<T> behind_tai(long ref, T tai_utc, T tai_ut1, T tai_gps)
 
 constexpr double KL_ROW_EDGE = 1e-11; // days: slack of the limits of a row
 
-// Clear of the slack around a row no other one can match.
+// Where rows are further apart than the slack no other one is taken.
 template <class T>
 mask_of<T> inside_row(T t, T c0, T c1)
 {
-    return (c0 + KL_ROW_EDGE <= t) & (t < c1 - KL_ROW_EDGE);
+    return (c0 <= t) & (t < c1 - KL_ROW_EDGE);
 }
 
 template <class T>
@@ -152,7 +152,8 @@ struct InsideRow {
 };
 
 template <class T>
-[[gnu::always_inline]] inline InsideRow<T> change_inside_row(const RowValues<T> &row, long from, long to, const Moment<T> &moment)
+[[gnu::always_inline]] inline InsideRow<T> change_inside_row(const RowValues<T> &row, long from, long to,
+                                                             const Moment<T> &moment)
 {
     const bool up = from != to && from != KL_TIME_TAI;
     const bool down = from != to && to != KL_TIME_TAI;

@@ -51,13 +51,18 @@ Step step_down(const Correlation &correlation, long ref, const Moment<double> &t
 // The warning of a computation at a TAI instant: 1 to 3, or 0. Explicit values hold at every instant.
 long once_only_warning(const Correlation &correlation, OnceOnlyFlags *flags, double tai_days);
 
-// Was every computation so far in its good region, and is none outside who stays between the rows?
-inline bool is_calm(const Correlation &correlation, const OnceOnlyFlags &flags)
+// Was every computation so far in its good region?
+inline bool all_inside(const OnceOnlyFlags &flags)
 {
-    bool calm = correlation.combination != KL_COMBINATION_TWO_BULLETINS;
+    bool inside = true;
     for (const auto &was_inside : flags.was_inside)
-        calm = calm && was_inside.load(std::memory_order_relaxed) == 1;
-    return calm;
+        inside = inside && was_inside.load(std::memory_order_relaxed) == 1;
+    return inside;
+}
+
+inline bool is_quiet(const QuietSpan &span, double days)
+{
+    return days > span.first && days < span.last && !(days > span.gap_first && days < span.gap_last);
 }
 
 // ---- the whole way ----
@@ -82,8 +87,8 @@ Change change_by_steps(const Correlation &correlation, OnceOnlyFlags *flags, lon
 // A moment of one public reference in another. The once-only flags are spent as they are met. A correlation that is
 // null or of no model refuses all but equal references. 86400 seconds of a UTC moment, and those that come out, are the
 // 61st second of their day. `about_days`: the instant to a few seconds, known before the moment is.
-[[gnu::always_inline]] inline Change change_scale(const Correlation *correlation, OnceOnlyFlags *flags, long from, long to, double about_days,
-                           const Moment<double> &moment)
+[[gnu::always_inline]] inline Change change_scale(const Correlation *correlation, OnceOnlyFlags *flags, long from,
+                                                  long to, double about_days, const Moment<double> &moment)
 {
     if (is_empty(correlation)) { // TAI is copied without: it is one step or the other that refuses
         Findings found;
@@ -95,7 +100,8 @@ Change change_by_steps(const Correlation &correlation, OnceOnlyFlags *flags, lon
         return {from != to ? shifted(correlation->rows[0], from, to, moment) : moment, Findings()};
     // Most instants stay inside the row that is guessed, where neither a warning nor the leap second can be met.
     const long row = guessed_row(*correlation, about_days);
-    if (row >= 0 && is_calm(*correlation, *flags) && away_from_leap_second(*correlation, row)) {
+    if (row >= 0 && is_quiet(correlation->quiet, about_days) && all_inside(*flags)
+        && away_from_leap_second(*correlation, row)) {
         const InsideRow<double> inside = change_inside_row(row_values(*correlation, from, row), from, to, moment);
         if (inside.good)
             return {inside.moment, Findings()};

@@ -109,6 +109,43 @@ const char *fault_of(const Correlation &given)
     return nullptr;
 }
 
+namespace {
+
+// Are the scales less than an hour apart, and the rows further apart than the slack around them?
+bool is_ordinary(const Correlation &correlation)
+{
+    constexpr double kHour = 3600.0; // s
+    constexpr double kApart = 1e-9;  // days
+    bool ordinary = correlation.n_rows > 1;
+    for (long i = 0; i < correlation.n_rows && ordinary; ++i) {
+        const kl_time_row &row = correlation.rows[i];
+        ordinary = std::fabs(row.tai_utc) < kHour && std::fabs(row.tai_ut1) < kHour && std::fabs(row.tai_gps) < kHour;
+        if (i > 0) {
+            const kl_time_row &before = correlation.rows[i - 1];
+            ordinary = ordinary && row.tai - before.tai > kApart && row.utc - before.utc > kApart
+                       && row.ut1 - before.ut1 > kApart && gps_of(row) - gps_of(before) > kApart;
+        }
+    }
+    return ordinary;
+}
+
+QuietSpan quiet_span(const Correlation &correlation)
+{
+    constexpr double kClear = 1.0; // days
+    if (!is_ordinary(correlation))
+        return {0.0, 0.0, 0.0, 0.0};
+    QuietSpan span = {correlation.rows[0].tai + kClear, correlation.rows[correlation.n_rows - 1].tai - kClear, 0.0,
+                      0.0};
+    if (correlation.combination == KL_COMBINATION_TWO_BULLETINS) {
+        const kl_time_row *second = correlation.rows + correlation.second_bulletin_row;
+        span.gap_first = second[-1].tai - kClear;
+        span.gap_last = second->tai + kClear;
+    }
+    return span;
+}
+
+} // namespace
+
 bool complete(Correlation *correlation)
 {
     const kl_time_row *rows = correlation->rows;
@@ -117,6 +154,7 @@ bool complete(Correlation *correlation)
     if (!find_leap_second(*correlation, &correlation->leap))
         return false;
     find_rows_of_leap_second(correlation);
+    correlation->quiet = quiet_span(*correlation);
     return true;
 }
 

@@ -137,6 +137,21 @@ bool store(const Counts &counts, double fine_scale, kl_obt_tarvos *obt)
 
 } // namespace
 
+long reading_size(long sat_id)
+{
+    return static_cast<long>(sat_id == KL_SAT_KELDA ? sizeof(kl_obt_kelda) : sizeof(kl_obt_tarvos));
+}
+
+void clear_reading(long sat_id, void *obt)
+{
+    if (sat_id == KL_SAT_KELDA) {
+        static_cast<kl_obt_kelda *>(obt)->obt = NAN;
+    } else { // the counts of the other three
+        static_cast<kl_obt_tarvos *>(obt)->coarse = 0;
+        static_cast<kl_obt_tarvos *>(obt)->fine = 0;
+    }
+}
+
 double clock_to_time(long sat_id, const void *parameters, const void *obt)
 {
     switch (sat_id) {

@@ -15,6 +15,10 @@ constexpr bool has_clock(long sat_id)
     return sat_id == KL_SAT_TARVOS || sat_id == KL_SAT_KELDA || sat_id == KL_SAT_BRISA || sat_id == KL_SAT_VARDO;
 }
 
+// Octets of a reading of one of the four, and a reading without a meaning, which keeps its satellite.
+long reading_size(long sat_id);
+void clear_reading(long sat_id, void *obt);
+
 // MJD2000 days of a reading, which may lie outside the processing range. Parameters and reading are records of the
 // satellite, one of the four.
 double clock_to_time(long sat_id, const void *parameters, const void *obt);

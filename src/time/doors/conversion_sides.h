@@ -3,9 +3,11 @@
 #ifndef KL_SRC_TIME_DOORS_CONVERSION_SIDES_H
 #define KL_SRC_TIME_DOORS_CONVERSION_SIDES_H
 
+#include "arrays/array_call.h"
 #include "time/doors/checks.h"
 
 #include <cstddef>
+#include <cstring>
 
 // The first conditions of all nine, here with the numbers of kl_time_processing_to_processing.
 enum {
@@ -30,6 +32,19 @@ struct ProcessingSide {
     static constexpr std::int8_t kOut[] = {kFormatOut, kRefOut};
     using Given = const double *;
     using Written = double *;
+    struct GivenColumn {
+        const double *times;
+        bool is_missing() const { return times == nullptr; }
+        Given at(long i) const { return times + i; }
+    };
+    struct WrittenColumn {
+        double *times;
+        bool is_missing(long) const { return times == nullptr; }
+        Written at(long i) const { return times + i; }
+        void clear(long i) const { fill_nan(times, i); }
+    };
+    static constexpr Given kNoneGiven = nullptr;
+    static bool is_missing(Written written) { return written == nullptr; }
 
     static Fault check_in(long format, long ref) { return check_processing_form(format, ref); }
     static Fault check_out(long format, long ref) { return check_processing_output(format, ref); }
@@ -79,22 +94,48 @@ struct TextSide {
     };
     static_assert(sizeof kIn == KL_ASCII_IN_N_CODES);
     static constexpr std::int8_t kOut[] = {kFormatOut, kRefOut};
-    using Given = const char *;
-    using Written = char *;
+    struct Given {
+        const char *text;
+        std::size_t room; // characters that may be looked at
+    };
+    struct Written {
+        char *text;
+        std::size_t width; // to be filled with zeros; 0: one zero behind the text
+    };
+    struct GivenColumn {
+        const char *texts;
+        long width;
+        bool is_missing() const { return texts == nullptr || width < 1; }
+        Given at(long i) const { return {texts + i * width, static_cast<std::size_t>(width)}; }
+    };
+    struct WrittenColumn {
+        char *texts;
+        long width;
+        bool is_missing(long format) const { return texts == nullptr || width < text_length(format); }
+        Written at(long i) const { return {texts + i * width, static_cast<std::size_t>(width)}; }
+        void clear(long i) const
+        {
+            if (texts != nullptr && width > 0)
+                std::memset(texts + i * width, 0, static_cast<std::size_t>(width));
+        }
+    };
+    static constexpr Given kNoneGiven = {nullptr, 0};
+    static bool is_missing(const Written &written) { return written.text == nullptr; }
 
     static Fault check_in(long format, long ref) { return check_text_input(format, ref); }
     static Fault check_out(long format, long ref) { return check_text_output(format, ref); }
     static bool holds_leap_second(long) { return true; }
-    static Fault read(const Correlation *correlation, long format, long ref, const char *text, Reading *out)
+    static Fault read(const Correlation *correlation, long format, long ref, const Given &given, Reading *out)
     {
-        return read_text(correlation, format, ref, text, KL_TIME_ASCII_LENGTH, out);
+        return read_text(correlation, format, ref, given.text, given.room, out);
     }
-    static double about(const char *, const Reading &reading) { return ::about(reading.moment); }
-    static Fault write(long format, long ref, const Reading &reading, char *text)
+    static double about(const Given &, const Reading &reading) { return ::about(reading.moment); }
+    static Fault write(long format, long ref, const Reading &reading, const Written &written)
     {
-        const Fault fault = write_text(format, ref, reading, text);
+        const Fault fault = write_text(format, ref, reading, written.text);
+        const auto length = static_cast<std::size_t>(text_length(format));
         if (!fault)
-            text[text_length(format)] = '\0';
+            std::memset(written.text + length, 0, written.width == 0 ? 1 : written.width - length);
         return fault;
     }
 };
@@ -121,6 +162,23 @@ struct TransportSide {
     static constexpr std::int8_t kOut[] = {kFormatOut, kRefOut, kRefOut};
     using Given = const long *;
     using Written = long *;
+    struct GivenColumn {
+        const long (*fields)[KL_TRANSPORT_LENGTH];
+        bool is_missing() const { return fields == nullptr; }
+        Given at(long i) const { return fields[i]; }
+    };
+    struct WrittenColumn {
+        long (*fields)[KL_TRANSPORT_LENGTH];
+        bool is_missing(long) const { return fields == nullptr; }
+        Written at(long i) const { return fields[i]; }
+        void clear(long i) const
+        {
+            for (int k = 0; fields != nullptr && k < KL_TRANSPORT_LENGTH; ++k)
+                fields[i][k] = 0;
+        }
+    };
+    static constexpr Given kNoneGiven = nullptr;
+    static bool is_missing(Written written) { return written == nullptr; }
 
     static Fault check_in(long format, long ref) { return check_transport_input(format, ref); }
     static Fault check_out(long format, long ref) { return check_transport_output(format, ref); }

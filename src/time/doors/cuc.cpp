@@ -1,8 +1,10 @@
 // The CCSDS unsegmented time code: whole seconds and a binary fraction since an epoch, with or without its P-field.
+#include "arrays/array_call.h"
 #include "time/doors/checks.h"
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
 namespace {
 
@@ -98,6 +100,57 @@ double read_time_field(const unsigned char *field, long n_coarse, long n_fine)
     return coarse + (high + low / kPowers[n_fine - n_high]) / kPowers[n_high];
 }
 
+// One code of which `room` octets may be looked at; the configuration has passed its check.
+long decode(Activation &call, kl_time_id *time_id, kl_cuc_config own, long ref, const unsigned char *cuc, long room,
+            double *time)
+{
+    const unsigned char *field = cuc;
+    if (own.cuc_type == KL_CUC_WITH_P_FIELD) {
+        const long length = (cuc[0] & kExtension) != 0 ? 2 : 1;
+        if (length > room || KL_Cuc_get_data_from_P_field(cuc, &own, nullptr) == KL_ERR
+            || length + own.n_coarse + own.n_fine > room)
+            return call.fails(KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR);
+        field += length;
+    }
+    double epoch = 0.0;
+    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR)
+        return call.fails(KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR);
+    *time = epoch + read_time_field(field, own.n_coarse, own.n_fine) / KL_SECONDS_PER_DAY;
+    return call.status();
+}
+
+// Its conditions after the check of the configuration.
+long encode(Activation &call, kl_time_id *time_id, const kl_cuc_config &own, long ref, double instant,
+            unsigned char *cuc)
+{
+    double epoch = 0.0;
+    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR)
+        return call.fails(KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR);
+    if (!(instant >= epoch))
+        return call.fails(KL_TIME_PROCESSING_TO_CUC_TIME_ERR);
+    if (cuc == nullptr)
+        return KL_ERR;
+    unsigned char p_field[2];
+    long n_p_field = 0;
+    if (own.cuc_type == KL_CUC_WITH_P_FIELD && KL_Cuc_compute_P_field(&own, p_field, &n_p_field, nullptr) == KL_ERR)
+        return call.fails(KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR);
+    TimeField field{};
+    if (!split_seconds(instant - epoch, own.n_coarse, own.n_fine, &field))
+        return call.fails(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR);
+    for (long i = 0; i < n_p_field; ++i)
+        *cuc++ = p_field[i];
+    cuc = put_octets(field.coarse, field.n_coarse, cuc);
+    cuc = put_octets(field.high, field.n_high, cuc);
+    put_octets(field.low, field.n_low, cuc);
+    return call.status();
+}
+
+long octets_of(const kl_cuc_config &config)
+{
+    const bool with_p_field = config.cuc_type == KL_CUC_WITH_P_FIELD;
+    return (with_p_field ? p_field_length(config.n_coarse, config.n_fine) : 0) + config.n_coarse + config.n_fine;
+}
+
 } // namespace
 
 long KL_Cuc_get_data_from_P_field(const unsigned char *octets, kl_cuc_config *data, kl_error_record *error)
@@ -186,23 +239,37 @@ long kl_time_cuc_to_processing(kl_time_id *time_id, const kl_cuc_config *config,
 {
     Activation call(KL_FN_TIME_CUC_TO_PROCESSING, ierr);
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
-    kl_cuc_config own = config != nullptr ? *config : kNoConfig;
-    const bool with_p_field = own.cuc_type == KL_CUC_WITH_P_FIELD;
-    if (KL_Cuc_check_inputs(time_id, &own, ref, with_p_field ? 1 : 0, nullptr) == KL_ERR)
+    const kl_cuc_config &own = config != nullptr ? *config : kNoConfig;
+    if (KL_Cuc_check_inputs(time_id, &own, ref, own.cuc_type == KL_CUC_WITH_P_FIELD ? 1 : 0, nullptr) == KL_ERR)
         return call.fails(KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR);
     if (cuc == nullptr || time == nullptr)
         return KL_ERR;
-    const unsigned char *field = cuc;
-    if (with_p_field) {
-        if (KL_Cuc_get_data_from_P_field(cuc, &own, nullptr) == KL_ERR)
-            return call.fails(KL_TIME_CUC_TO_PROCESSING_P_FIELD_ERR);
-        field += (cuc[0] & kExtension) != 0 ? 2 : 1;
+    return decode(call, time_id, own, ref, cuc, KL_CUC_LENGTH, time);
+}
+
+long kl_time_cuc_to_processing_n(kl_time_id *time_id, const long *n, const kl_cuc_config *config, const long *time_ref,
+                                 const long *width, const unsigned char *cuc, double *time, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_CUC_TO_PROCESSING, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) { fill_nan(time, i); };
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
+    const kl_cuc_config &own = config != nullptr ? *config : kNoConfig;
+    const bool with_p_field = own.cuc_type == KL_CUC_WITH_P_FIELD;
+    const long room = value_or(width, 0);
+    if (KL_Cuc_check_inputs(time_id, &own, ref, with_p_field ? 1 : 0, nullptr) == KL_ERR) {
+        array.call().fails(KL_TIME_CUC_TO_PROCESSING_CONFIG_ERR);
+        return array.refuse(fail);
     }
-    double epoch = 0.0;
-    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR)
-        return call.fails(KL_TIME_CUC_TO_PROCESSING_EPOCH_ERR);
-    *time = epoch + read_time_field(field, own.n_coarse, own.n_fine) / KL_SECONDS_PER_DAY;
-    return call.status();
+    if (cuc == nullptr || time == nullptr || room < (with_p_field ? 1 : octets_of(own)))
+        return array.refuse(fail);
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_TIME_CUC_TO_PROCESSING, word);
+            return decode(call, time_id, own, ref, cuc + i * room, room, time + i);
+        },
+        fail);
 }
 
 long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *config, const long *time_ref,
@@ -211,27 +278,42 @@ long kl_time_processing_to_cuc(kl_time_id *time_id, const kl_cuc_config *config,
     Activation call(KL_FN_TIME_PROCESSING_TO_CUC, ierr);
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     const kl_cuc_config &own = config != nullptr ? *config : kNoConfig;
-    const double instant = time != nullptr ? *time : std::nan("");
     if (KL_Cuc_check_inputs(time_id, &own, ref, 0, nullptr) == KL_ERR)
         return call.fails(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR);
-    double epoch = 0.0;
-    if (KL_Get_CUC_processing_epoch(time_id, &own, ref, &epoch, nullptr) == KL_ERR)
-        return call.fails(KL_TIME_PROCESSING_TO_CUC_EPOCH_ERR);
-    if (!(instant >= epoch))
-        return call.fails(KL_TIME_PROCESSING_TO_CUC_TIME_ERR);
-    if (cuc == nullptr)
-        return KL_ERR;
-    unsigned char p_field[2];
-    long n_p_field = 0;
-    if (own.cuc_type == KL_CUC_WITH_P_FIELD && KL_Cuc_compute_P_field(&own, p_field, &n_p_field, nullptr) == KL_ERR)
-        return call.fails(KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR);
-    TimeField field{};
-    if (!split_seconds(instant - epoch, own.n_coarse, own.n_fine, &field))
-        return call.fails(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR);
-    for (long i = 0; i < n_p_field; ++i)
-        *cuc++ = p_field[i];
-    cuc = put_octets(field.coarse, field.n_coarse, cuc);
-    cuc = put_octets(field.high, field.n_high, cuc);
-    put_octets(field.low, field.n_low, cuc);
-    return call.status();
+    return encode(call, time_id, own, ref, time != nullptr ? *time : std::nan(""), cuc);
+}
+
+long kl_time_processing_to_cuc_n(kl_time_id *time_id, const long *n, const kl_cuc_config *config, const long *time_ref,
+                                 const double *time, const long *width, unsigned char *cuc, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_PROCESSING_TO_CUC, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
+    const kl_cuc_config &own = config != nullptr ? *config : kNoConfig;
+    const long room = value_or(width, 0);
+    const auto fail = [&](long i) {
+        if (cuc != nullptr && room > 0)
+            std::memset(cuc + i * room, 0, static_cast<std::size_t>(room));
+    };
+    if (KL_Cuc_check_inputs(time_id, &own, ref, 0, nullptr) == KL_ERR) {
+        array.call().fails(KL_TIME_PROCESSING_TO_CUC_CONFIG_ERR);
+        return array.refuse(fail);
+    }
+    if (time == nullptr) {
+        array.call().fails(KL_TIME_PROCESSING_TO_CUC_TIME_ERR);
+        return array.refuse(fail);
+    }
+    const long length = octets_of(own);
+    if (cuc == nullptr || room < length)
+        return array.refuse(fail);
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_TIME_PROCESSING_TO_CUC, word);
+            const long result = encode(call, time_id, own, ref, time[i], cuc + i * room);
+            if (result != KL_ERR)
+                std::memset(cuc + i * room + length, 0, static_cast<std::size_t>(room - length));
+            return result;
+        },
+        fail);
 }

@@ -1,0 +1,336 @@
+// The nine conversions for arrays of instants.
+#include "time/doors/conversion.h"
+#include "time/staircase_kernels.h"
+
+#include <algorithm>
+
+namespace {
+
+// What holds outside of every table, and for equal scales without one.
+constexpr double kFarDays = 1e9;
+
+// One call: the ends, the arrays and the correlation.
+template <typename In, typename Out>
+struct Columns {
+    TimeIdRecord *id;
+    End from, to;
+    typename In::GivenColumn given;
+    typename Out::WrittenColumn written;
+
+    const Correlation *correlation() const { return id != nullptr ? &id->correlation : nullptr; }
+};
+
+// The rows of instants that come one after the other: the last one is tried first.
+class RowCarrier {
+public:
+    RowCarrier(const Correlation *correlation, long ref) : correlation_(correlation), ref_(ref)
+    {
+        if (is_empty(correlation))
+            values_ = {-kFarDays, kFarDays, -kFarDays, kFarDays, 0.0, 0.0, 0.0, 0.0};
+        else if (correlation->model == KL_TIME_MODEL_EXPLICIT)
+            values_ = {-kFarDays,     kFarDays,      -kFarDays,     kFarDays,
+                       row().tai_ut1, row().tai_ut1, row().tai_utc, row().tai_gps};
+        else
+            is_table_ = true;
+    }
+
+    [[nodiscard]] bool is_table() const { return is_table_; }
+
+    // False where the leap second may matter, or outside of the table.
+    bool move_to(double days)
+    {
+        if (!is_table_ || (days >= values_.from && days < values_.from_end))
+            return true;
+        long i = guessed_row(*correlation_, days);
+        if (i >= 0)
+            values_ = row_values(*correlation_, ref_, i);
+        if (i < 0 || !(days >= values_.from && days < values_.from_end)) {
+            i = row_of(*correlation_, ref_, days);
+            if (i < 0 || i >= correlation_->n_rows - 1)
+                return forget();
+            values_ = row_values(*correlation_, ref_, i);
+        }
+        return away_from_leap_second(*correlation_, i) || forget();
+    }
+
+    void put(RowBlock *block, long k) const
+    {
+        block->from[k] = values_.from;
+        block->from_end[k] = values_.from_end;
+        block->tai[k] = values_.tai;
+        block->tai_end[k] = values_.tai_end;
+        block->tai_ut1[k] = values_.tai_ut1;
+        block->tai_ut1_end[k] = values_.tai_ut1_end;
+        block->tai_utc[k] = values_.tai_utc;
+        block->tai_gps[k] = values_.tai_gps;
+    }
+
+private:
+    [[nodiscard]] const kl_time_row &row() const { return correlation_->rows[0]; }
+    bool forget()
+    {
+        values_.from = values_.from_end = 0.0; // holds no instant
+        return false;
+    }
+
+    const Correlation *correlation_;
+    long ref_;
+    bool is_table_ = false;
+    RowValues<double> values_ = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
+};
+
+struct Block {
+    Reading readings[kBlock];
+    double days[kBlock]; // of processing times, and about those of others
+    MomentBlock moments;
+    RowBlock rows;
+    double good[kBlock];
+};
+
+// Reads the elements of a block; those with a fault are left over. False when they are of several scales.
+template <typename In, typename Out>
+bool read_block(const Columns<In, Out> &columns, long first, long count, long *ref, Block *block, LeftOver *left)
+{
+    *ref = KL_TIME_UNDEF;
+    for (long k = 0; k < count; ++k) {
+        const auto given = columns.given.at(first + k);
+        Reading &reading = block->readings[k];
+        if (In::read(columns.correlation(), columns.from.format, columns.from.ref, given, &reading)) {
+            left->add(k);
+            reading.moment = {0.0, 0.0, 0.0};
+        } else if (*ref == KL_TIME_UNDEF) {
+            *ref = reading.ref;
+        } else if (reading.ref != *ref) {
+            return false;
+        }
+        block->days[k] = In::about(given, reading);
+        block->moments.days[k] = reading.moment.days;
+        block->moments.seconds[k] = reading.moment.seconds;
+        block->moments.microseconds[k] = reading.moment.microseconds;
+    }
+    return true;
+}
+
+// Processing times go to moments in packs.
+template <typename Out>
+bool read_block(const Columns<ProcessingSide, Out> &columns, long first, long count, long *ref, Block *block,
+                LeftOver *left)
+{
+    *ref = columns.from.ref;
+    for (long k = 0; k < count; ++k) {
+        const double days = columns.given.times[first + k];
+        const bool inside = inside_processing_range(days);
+        if (!inside)
+            left->add(k);
+        block->days[k] = inside ? days : 0.0;
+        block->readings[k].origin = Origin::processing;
+    }
+    pad(block->days, count);
+    moments_of_times_kernel()(block->days, &block->moments, padded(count));
+    return true;
+}
+
+// The rows of a block. False where a once-only warning may be due.
+bool find_rows(const TimeIdRecord *id, RowCarrier *carrier, long count, Block *block, LeftOver *left)
+{
+    if (carrier->is_table() && !all_inside(id->once_only[KL_FLAGS_CONVERSION]))
+        return false;
+    for (long k = 0; k < count; ++k) {
+        if (!left->has(k)) {
+            if (carrier->is_table() && !is_quiet(id->correlation.quiet, block->days[k]))
+                return false;
+            if (!carrier->move_to(block->days[k]))
+                left->add(k);
+        }
+        carrier->put(&block->rows, k);
+    }
+    return true;
+}
+
+void pad_block(long count, Block *block)
+{
+    for (double *column : {block->moments.days, block->moments.seconds, block->moments.microseconds, block->rows.from,
+                           block->rows.from_end, block->rows.tai, block->rows.tai_end, block->rows.tai_ut1,
+                           block->rows.tai_ut1_end, block->rows.tai_utc, block->rows.tai_gps})
+        pad(column, count);
+}
+
+// Writes the elements that are not left over.
+template <typename In, typename Out>
+void write_block(const Columns<In, Out> &columns, long first, long count, Block *block, LeftOver *left)
+{
+    for (long k = 0; k < count; ++k) {
+        if (left->has(k))
+            continue;
+        Reading &reading = block->readings[k];
+        reading.moment = {block->moments.days[k], block->moments.seconds[k], block->moments.microseconds[k]};
+        if (Out::write(columns.to.format, columns.to.ref, reading, columns.written.at(first + k)))
+            left->add(k);
+    }
+}
+
+template <typename In>
+void write_block(const Columns<In, ProcessingSide> &columns, long first, long count, Block *block, LeftOver *left)
+{
+    times_of_moments_kernel()(&block->moments, block->days, padded(count));
+    for (long k = 0; k < count; ++k)
+        if (!left->has(k))
+            columns.written.times[first + k] = block->days[k];
+}
+
+template <typename In, typename Out>
+bool convert_block(const Columns<In, Out> &columns, RowCarrier *carrier, long first, long count, LeftOver *left)
+{
+    Block block; // 10 kB that stay in the first-level cache
+    long ref = KL_TIME_UNDEF;
+    if (!read_block(columns, first, count, &ref, &block, left))
+        return false;
+    if (ref == KL_TIME_UNDEF) // nothing that could be read
+        return true;
+    if (ref != columns.from.ref) // prefixes, while the carrier has the columns of another scale
+        return false;
+    if (!find_rows(columns.id, carrier, count, &block, left))
+        return false;
+    pad_block(count, &block);
+    change_moments_kernel()(&block.rows, ref, columns.to.ref, &block.moments, block.good, padded(count));
+    for (long k = 0; k < count; ++k)
+        if (block.good[k] == 0.0)
+            left->add(k);
+    write_block(columns, first, count, &block, left);
+    return true;
+}
+
+template <typename In, typename Out>
+long convert_all(ArrayCall &array, int function_id, kl_time_id *time_id, const End &from,
+                 const typename In::GivenColumn &given, const End &to, const typename Out::WrittenColumn &written,
+                 int text_range = kNoTextRange, int n_words = 1)
+{
+    if (array.nothing())
+        return array.result();
+    const Columns<In, Out> columns = {time_record_of(time_id), from, to, given, written};
+    const auto fail = [&](long i) { written.clear(i); };
+    Reading none;
+    Fault fault = In::check_in(from.format, from.ref);
+    if (!fault && given.is_missing())
+        fault = In::read(columns.correlation(), from.format, from.ref, In::kNoneGiven, &none);
+    if (fault) {
+        refuse(array.call(), In::kCheckIn, fault, In::kIn[fault.code]);
+        return array.refuse(fail);
+    }
+    fault = Out::check_out(to.format, to.ref);
+    if (fault) {
+        refuse(array.call(), Out::kCheckOut, fault, Out::kOut[fault.code]);
+        return array.refuse(fail);
+    }
+    if (written.is_missing(to.format))
+        return array.refuse(fail);
+    if (is_time_ref(from.ref) && from.ref != to.ref && is_empty(columns.correlation())) {
+        take(array.call(), change_scale(nullptr, nullptr, from.ref, to.ref, 0.0, none.moment).findings);
+        return array.refuse(fail);
+    }
+
+    const auto one = [&](long i, long *words) {
+        Activation call(function_id, words, n_words);
+        return convert<In, Out>(call, time_id, from, given.at(i), to, written.at(i), text_range);
+    };
+    // A prefix may bring its scale when the caller gives none: then the elements are taken one by one.
+    if (!is_time_ref(from.ref))
+        return array.each(one, fail);
+    RowCarrier carrier(columns.correlation(), from.ref);
+    return array.each(one, fail, [&](long first, long count, LeftOver &left) {
+        return convert_block(columns, &carrier, first, count, &left);
+    });
+}
+
+} // namespace
+
+long kl_time_processing_to_processing_n(kl_time_id *time_id, const long *n, const long *proc_id_in,
+                                        const long *time_ref_in, const double *time_in, const long *proc_id_out,
+                                        const long *time_ref_out, double *time_out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_PROCESSING_TO_PROCESSING, n, status, ierr);
+    return convert_all<ProcessingSide, ProcessingSide>(array, KL_FN_TIME_PROCESSING_TO_PROCESSING, time_id,
+                                                       {proc_id_in, time_ref_in}, {time_in},
+                                                       {proc_id_out, time_ref_out}, {time_out});
+}
+
+long kl_time_processing_to_ascii_n(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in,
+                                   const double *time_in, const long *ascii_id_out, const long *time_ref_out,
+                                   const long *width, char *ascii_out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_PROCESSING_TO_ASCII, n, status, ierr);
+    return convert_all<ProcessingSide, TextSide>(array, KL_FN_TIME_PROCESSING_TO_ASCII, time_id,
+                                                 {proc_id_in, time_ref_in}, {time_in}, {ascii_id_out, time_ref_out},
+                                                 {ascii_out, value_or(width, 0)}, kProcessingTextRange);
+}
+
+long kl_time_processing_to_transport_n(kl_time_id *time_id, const long *n, const long *proc_id_in,
+                                       const long *time_ref_in, const double *time_in, const long *trans_id_out,
+                                       const long *time_ref_out, long transport_out[][4], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_PROCESSING_TO_TRANSPORT, n, status, ierr);
+    return convert_all<ProcessingSide, TransportSide>(array, KL_FN_TIME_PROCESSING_TO_TRANSPORT, time_id,
+                                                      {proc_id_in, time_ref_in}, {time_in},
+                                                      {trans_id_out, time_ref_out}, {transport_out});
+}
+
+long kl_time_ascii_to_processing_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in,
+                                   const long *width, const char *ascii_in, const long *proc_id_out,
+                                   const long *time_ref_out, double *time_out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_ASCII_TO_PROCESSING, n, status, ierr);
+    return convert_all<TextSide, ProcessingSide>(array, KL_FN_TIME_ASCII_TO_PROCESSING, time_id,
+                                                 {ascii_id_in, time_ref_in}, {ascii_in, value_or(width, 0)},
+                                                 {proc_id_out, time_ref_out}, {time_out});
+}
+
+long kl_time_ascii_to_ascii_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in,
+                              const long *ascii_in_width, const char *ascii_in, const long *ascii_id_out,
+                              const long *time_ref_out, const long *ascii_out_width, char *ascii_out, long *status,
+                              long ierr[2])
+{
+    ArrayCall array(KL_FN_TIME_ASCII_TO_ASCII, n, status, ierr, 2);
+    return convert_all<TextSide, TextSide>(array, KL_FN_TIME_ASCII_TO_ASCII, time_id, {ascii_id_in, time_ref_in},
+                                           {ascii_in, value_or(ascii_in_width, 0)}, {ascii_id_out, time_ref_out},
+                                           {ascii_out, value_or(ascii_out_width, 0)}, kAsciiTextRange, 2);
+}
+
+long kl_time_ascii_to_transport_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in,
+                                  const long *width, const char *ascii_in, const long *trans_id_out,
+                                  const long *time_ref_out, long transport_out[][4], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_ASCII_TO_TRANSPORT, n, status, ierr);
+    return convert_all<TextSide, TransportSide>(array, KL_FN_TIME_ASCII_TO_TRANSPORT, time_id,
+                                                {ascii_id_in, time_ref_in}, {ascii_in, value_or(width, 0)},
+                                                {trans_id_out, time_ref_out}, {transport_out});
+}
+
+long kl_time_transport_to_processing_n(kl_time_id *time_id, const long *n, const long *trans_id_in,
+                                       const long *time_ref_in, const long transport_in[][4], const long *proc_id_out,
+                                       const long *time_ref_out, double *time_out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_TRANSPORT_TO_PROCESSING, n, status, ierr);
+    return convert_all<TransportSide, ProcessingSide>(array, KL_FN_TIME_TRANSPORT_TO_PROCESSING, time_id,
+                                                      {trans_id_in, time_ref_in}, {transport_in},
+                                                      {proc_id_out, time_ref_out}, {time_out});
+}
+
+long kl_time_transport_to_ascii_n(kl_time_id *time_id, const long *n, const long *trans_id_in, const long *time_ref_in,
+                                  const long transport_in[][4], const long *ascii_id_out, const long *time_ref_out,
+                                  const long *width, char *ascii_out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_TRANSPORT_TO_ASCII, n, status, ierr);
+    return convert_all<TransportSide, TextSide>(
+        array, KL_FN_TIME_TRANSPORT_TO_ASCII, time_id, {trans_id_in, time_ref_in}, {transport_in},
+        {ascii_id_out, time_ref_out}, {ascii_out, value_or(width, 0)}, kTransportTextRange);
+}
+
+long kl_time_transport_to_transport_n(kl_time_id *time_id, const long *n, const long *trans_id_in,
+                                      const long *time_ref_in, const long transport_in[][4], const long *trans_id_out,
+                                      const long *time_ref_out, long transport_out[][4], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_TRANSPORT_TO_TRANSPORT, n, status, ierr);
+    return convert_all<TransportSide, TransportSide>(array, KL_FN_TIME_TRANSPORT_TO_TRANSPORT, time_id,
+                                                     {trans_id_in, time_ref_in}, {transport_in},
+                                                     {trans_id_out, time_ref_out}, {transport_out});
+}
