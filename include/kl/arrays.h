@@ -8,10 +8,10 @@
 
 #include "kl/array_rules.h"
 #include "kl/bodies.h"
-#include "kl/frames.h"
-#include "kl/rotations.h"
 #include "kl/clocks.h"
 #include "kl/formats.h"
+#include "kl/frames.h"
+#include "kl/rotations.h"
 #include "kl/time.h"
 
 #ifdef __cplusplus
@@ -38,39 +38,6 @@ KL_API long kl_planet_n(kl_model_id *model_id, kl_time_id *time_id, const long *
 KL_API long kl_planet_run_n(const long *run_id, const long *n, const long *planet_id, const long *time_ref,
                             const double *time, double planet_pos[][3], double planet_vel[][3], long *status,
                             long *ierr);
-/** kl_change_cart_cs for n elements. */
-KL_API long kl_change_cart_cs_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *calc_mode,
-                                const long *cs_in, const long *cs_out, const long *time_ref, const double *time,
-                                const double pos[][3], const double vel[][3], const double acc[][3],
-                                double pos_out[][3], double vel_out[][3], double acc_out[][3], long *status,
-                                long *ierr);
-/** kl_change_cart_cs_n with the model and time ids of a run. */
-KL_API long kl_change_cart_cs_run_n(const long *run_id, const long *n, const long *calc_mode, const long *cs_in,
-                                    const long *cs_out, const long *time_ref, const double *time, const double pos[][3],
-                                    const double vel[][3], const double acc[][3], double pos_out[][3],
-                                    double vel_out[][3], double acc_out[][3], long *status, long *ierr);
-/** kl_quaternions_to_vectors for n elements. */
-KL_API long kl_quaternions_to_vectors_n(const long *n, const double q[][4], double x[][3], double y[][3], double z[][3],
-                                        long *status, long *ierr);
-/** kl_vectors_to_quaternions for n elements. */
-KL_API long kl_vectors_to_quaternions_n(const long *n, const double x[][3], const double y[][3], const double z[][3],
-                                        double q[][4], long *status, long *ierr);
-/** kl_quaternions_interpol for n elements. */
-KL_API long kl_quaternions_interpol_n(const long *n, const long *mode, const double *t1, const double q1[][4],
-                                      const double *t2, double q2[][4], const double *t, double q[][4], long *status,
-                                      long *ierr);
-/** kl_euler_to_matrix for n elements. */
-KL_API long kl_euler_to_matrix_n(const long *n, const double angles[][3], double matrix[][9], long *status, long *ierr);
-/** kl_matrix_to_euler for n elements. */
-KL_API long kl_matrix_to_euler_n(const long *n, const double matrix[][9], double angles[][3], long *status, long *ierr);
-/** kl_get_rotation_angles for n elements. */
-KL_API long kl_get_rotation_angles_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3],
-                                     const double x2[][3], const double y2[][3], const double z2[][3],
-                                     double angles[][3], long *status, long *ierr);
-/** kl_get_rotated_vectors for n elements. */
-KL_API long kl_get_rotated_vectors_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3],
-                                     const double angles[][3], double x2[][3], double y2[][3], double z2[][3],
-                                     long *status, long *ierr);
 /** kl_time_obt_to_time for n elements. */
 KL_API long kl_time_obt_to_time_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters,
                                   const void *obt, double *time, long *status, long *ierr);
@@ -180,6 +147,39 @@ KL_API long kl_time_transport_to_transport_run_n(const long *run_id, const long 
                                                  const long *time_ref_in, const long transport_in[][4],
                                                  const long *trans_id_out, const long *time_ref_out,
                                                  long transport_out[][4], long *status, long *ierr);
+/** kl_change_cart_cs for n elements. */
+KL_API long kl_change_cart_cs_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *calc_mode,
+                                const long *cs_in, const long *cs_out, const long *time_ref, const double *time,
+                                const double pos[][3], const double vel[][3], const double acc[][3],
+                                double pos_out[][3], double vel_out[][3], double acc_out[][3], long *status,
+                                long *ierr);
+/** kl_change_cart_cs_n with the model and time ids of a run. */
+KL_API long kl_change_cart_cs_run_n(const long *run_id, const long *n, const long *calc_mode, const long *cs_in,
+                                    const long *cs_out, const long *time_ref, const double *time, const double pos[][3],
+                                    const double vel[][3], const double acc[][3], double pos_out[][3],
+                                    double vel_out[][3], double acc_out[][3], long *status, long *ierr);
+/** kl_quaternions_to_vectors for n elements. */
+KL_API long kl_quaternions_to_vectors_n(const long *n, const double q[][4], double x[][3], double y[][3], double z[][3],
+                                        long *status, long *ierr);
+/** kl_vectors_to_quaternions for n elements. */
+KL_API long kl_vectors_to_quaternions_n(const long *n, const double x[][3], const double y[][3], const double z[][3],
+                                        double q[][4], long *status, long *ierr);
+/** kl_quaternions_interpol for n elements. */
+KL_API long kl_quaternions_interpol_n(const long *n, const long *mode, const double *t1, const double q1[][4],
+                                      const double *t2, double q2[][4], const double *t, double q[][4], long *status,
+                                      long *ierr);
+/** kl_euler_to_matrix for n elements. */
+KL_API long kl_euler_to_matrix_n(const long *n, const double angles[][3], double matrix[][9], long *status, long *ierr);
+/** kl_matrix_to_euler for n elements. */
+KL_API long kl_matrix_to_euler_n(const long *n, const double matrix[][9], double angles[][3], long *status, long *ierr);
+/** kl_get_rotation_angles for n elements. */
+KL_API long kl_get_rotation_angles_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3],
+                                     const double x2[][3], const double y2[][3], const double z2[][3],
+                                     double angles[][3], long *status, long *ierr);
+/** kl_get_rotated_vectors for n elements. */
+KL_API long kl_get_rotated_vectors_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3],
+                                     const double angles[][3], double x2[][3], double y2[][3], double z2[][3],
+                                     long *status, long *ierr);
 /** kl_time_add for n elements. */
 KL_API long kl_time_add_n(const long *n, const long *proc_id, const long *time_ref, const double *time,
                           const double *duration, double *time_out, long *status, long *ierr);

@@ -170,7 +170,7 @@ def planet(t, /, *, planet, ref=Time.UTC, model=None, time=None, errors="raise",
     return _planet((t,), (planet, ref,), (model, time,), errors, return_status)
 
 
-_time_cuc_to_processing = _Function("kl_time_cuc_to_processing", "kitlib_kl_time_cuc_to_processing_n", 46, 1, None, False, (
+_time_cuc_to_processing = _Function("kl_time_cuc_to_processing", "kl_time_cuc_to_processing_n", 46, 1, None, False, (
     ("time",),
     ("n",),
     ("record", _table.CucConfig),
@@ -196,12 +196,11 @@ def time_cuc_to_processing(cuc, /, *, config, ref=Time.UTC, time=None, errors="r
         CONFIG_ERR: time id, CUC type, octet counts, epoch type or time reference
         P_FIELD_ERR: identification other than 001 and 010; a third octet announced
         EPOCH_ERR: the epoch is not finite, or cannot be converted
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_cuc_to_processing((cuc,), (config, ref,), (time,), errors, return_status)
 
 
-_time_processing_to_cuc = _Function("kl_time_processing_to_cuc", "kitlib_kl_time_processing_to_cuc_n", 47, 1, None, False, (
+_time_processing_to_cuc = _Function("kl_time_processing_to_cuc", "kl_time_processing_to_cuc_n", 47, 1, None, False, (
     ("time",),
     ("n",),
     ("record", _table.CucConfig),
@@ -228,7 +227,6 @@ def time_processing_to_cuc(t, /, *, config, ref=Time.UTC, time=None, errors="rai
         EPOCH_ERR: the epoch is not finite, or cannot be converted
         TIME_ERR: time before the epoch, or NaN
         P_FIELD_ERR: no P-field says KL_CUC_EPOCH_1980
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_processing_to_cuc((t,), (config, ref,), (time,), errors, return_status)
 
@@ -727,7 +725,7 @@ def local_orbital_frame(pos, vel, acc=None, /, *, kind=LocalFrame.QSW, errors="r
     return _local_orbital_frame((pos, vel, acc,), (kind,), (), errors, return_status)
 
 
-_time_processing_to_processing = _Function("kl_time_processing_to_processing", "kitlib_kl_time_processing_to_processing_n", 5, 1, None, False, (
+_time_processing_to_processing = _Function("kl_time_processing_to_processing", "kl_time_processing_to_processing_n", 5, 1, None, False, (
     ("time",),
     ("n",),
     ("fixed",),
@@ -762,7 +760,6 @@ def time_processing_to_processing(t, /, *, ref_in=Time.UTC, ref_out=Time.UTC, ti
         BULLETIN_B_A_WARN (W): now in the gap between two bulletins
         VALIDITY_WARN (W): left the validity of the time id
         STANDARD_FORMAT_ERR: input not split into whole units
-    C has no array form of it: the package's own loop in C calls it once an element.
 
     >>> import kitlib as kl
     >>> t = kl.mjd2000("2026-06-21T08:24:00Z")
@@ -772,7 +769,7 @@ def time_processing_to_processing(t, /, *, ref_in=Time.UTC, ref_out=Time.UTC, ti
     return _time_processing_to_processing((t,), (ref_in, ref_out,), (time,), errors, return_status)
 
 
-_time_ascii_to_ascii = _Function("kl_time_ascii_to_ascii", "kitlib_kl_time_ascii_to_ascii_n", 6, 2, None, False, (
+_time_ascii_to_ascii = _Function("kl_time_ascii_to_ascii", "kl_time_ascii_to_ascii_n", 6, 2, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Ascii),
@@ -829,7 +826,6 @@ def time_ascii_to_ascii(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, fmt_
         LEAP_SECOND_ERR: second 60 without a leap second
         BEFORE_1950_ERR: output before 1950
         AFTER_2099_ERR: output after 2099
-    C has no array form of it: the package's own loop in C calls it once an element.
 
     >>> import kitlib as kl
     >>> kl.time_ascii_to_ascii(["2026-06-21T08:24:00"], fmt_in=41, ref_in="UTC", fmt_out=13, ref_out="GPS").tolist()
@@ -838,7 +834,7 @@ def time_ascii_to_ascii(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, fmt_
     return _time_ascii_to_ascii((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_ascii_to_processing = _Function("kl_time_ascii_to_processing", "kitlib_kl_time_ascii_to_processing_n", 8, 1, None, False, (
+_time_ascii_to_processing = _Function("kl_time_ascii_to_processing", "kl_time_ascii_to_processing_n", 8, 1, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Ascii),
@@ -891,12 +887,11 @@ def time_ascii_to_processing(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC,
         DAY_OF_29_ERR: day 30 or 31 of a leap February
         DAY_OF_28_ERR: day 29 to 31 of another February
         LEAP_SECOND_ERR: second 60 without a leap second
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_ascii_to_processing((text,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
 
 
-_time_ascii_to_transport = _Function("kl_time_ascii_to_transport", "kitlib_kl_time_ascii_to_transport_n", 7, 1, None, False, (
+_time_ascii_to_transport = _Function("kl_time_ascii_to_transport", "kl_time_ascii_to_transport_n", 7, 1, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Ascii),
@@ -950,12 +945,11 @@ def time_ascii_to_transport(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, 
         DAY_OF_29_ERR: day 30 or 31 of a leap February
         DAY_OF_28_ERR: day 29 to 31 of another February
         LEAP_SECOND_ERR: second 60 without a leap second
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_ascii_to_transport((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_processing_to_ascii = _Function("kl_time_processing_to_ascii", "kitlib_kl_time_processing_to_ascii_n", 3, 1, None, False, (
+_time_processing_to_ascii = _Function("kl_time_processing_to_ascii", "kl_time_processing_to_ascii_n", 3, 1, None, False, (
     ("time",),
     ("n",),
     ("fixed",),
@@ -994,12 +988,11 @@ def time_processing_to_ascii(t, /, *, ref_in=Time.UTC, fmt_out=Ascii.ASCII_43, r
         STANDARD_FORMAT_ERR: input not split into whole units
         BEFORE_1950_ERR: output before 1950
         AFTER_2099_ERR: output after 2099
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_processing_to_ascii((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_processing_to_transport = _Function("kl_time_processing_to_transport", "kitlib_kl_time_processing_to_transport_n", 4, 1, None, False, (
+_time_processing_to_transport = _Function("kl_time_processing_to_transport", "kl_time_processing_to_transport_n", 4, 1, None, False, (
     ("time",),
     ("n",),
     ("fixed",),
@@ -1035,12 +1028,11 @@ def time_processing_to_transport(t, /, *, ref_in=Time.UTC, fmt_out=Transport.TRA
         BULLETIN_B_A_WARN (W): now in the gap between two bulletins
         VALIDITY_WARN (W): left the validity of the time id
         STANDARD_FORMAT_ERR: input not split into whole units
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_processing_to_transport((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_transport_to_ascii = _Function("kl_time_transport_to_ascii", "kitlib_kl_time_transport_to_ascii_n", 0, 1, None, False, (
+_time_transport_to_ascii = _Function("kl_time_transport_to_ascii", "kl_time_transport_to_ascii_n", 0, 1, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Transport),
@@ -1088,12 +1080,11 @@ def time_transport_to_ascii(transport, /, *, fmt_in=Transport.TRANS_0, ref_in=Ti
         GPS_SECONDS_ERR: outside 1950 to 2099
         BEFORE_1950_ERR: output before 1950
         AFTER_2099_ERR: output after 2099
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_transport_to_ascii((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_transport_to_processing = _Function("kl_time_transport_to_processing", "kitlib_kl_time_transport_to_processing_n", 2, 1, None, False, (
+_time_transport_to_processing = _Function("kl_time_transport_to_processing", "kl_time_transport_to_processing_n", 2, 1, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Transport),
@@ -1137,12 +1128,11 @@ def time_transport_to_processing(transport, /, *, fmt_in=Transport.TRANS_0, ref_
         SECONDS_OF_WEEK_ERR: not 0 to 604799
         FRACTION_ERR: not 0 to 65535
         GPS_SECONDS_ERR: outside 1950 to 2099
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_transport_to_processing((transport,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
 
 
-_time_transport_to_transport = _Function("kl_time_transport_to_transport", "kitlib_kl_time_transport_to_transport_n", 1, 1, None, False, (
+_time_transport_to_transport = _Function("kl_time_transport_to_transport", "kl_time_transport_to_transport_n", 1, 1, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Transport),
@@ -1187,7 +1177,6 @@ def time_transport_to_transport(transport, /, *, fmt_in=Transport.TRANS_0, ref_i
         SECONDS_OF_WEEK_ERR: not 0 to 604799
         FRACTION_ERR: not 0 to 65535
         GPS_SECONDS_ERR: outside 1950 to 2099
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_transport_to_transport((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
@@ -1757,7 +1746,7 @@ def time_get_pole(t, /, *, ref=Time.UTC, time=None, errors="raise", return_statu
     return _time_get_pole((t,), (ref,), (time,), errors, return_status)
 
 
-_time_add = _Function("kl_time_add", "kitlib_kl_time_add_n", 9, 1, None, False, (
+_time_add = _Function("kl_time_add", "kl_time_add_n", 9, 1, None, False, (
     ("n",),
     ("fixed",),
     ("select", _table.Time),
@@ -1782,12 +1771,11 @@ def time_add(t, duration, /, *, ref=Time.UTC, errors="raise", return_status=Fals
         TIME_REF_ERR: time reference outside 0 to 3
         TIME_ERR: time outside -18262.0 to 36524.0, or NaN
         SUM_ERR: sum outside that range, or NaN; it is written all the same
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_add((t, duration,), (ref,), (), errors, return_status)
 
 
-_time_diff = _Function("kl_time_diff", "kitlib_kl_time_diff_n", 10, 1, None, False, (
+_time_diff = _Function("kl_time_diff", "kl_time_diff_n", 10, 1, None, False, (
     ("n",),
     ("fixed",),
     ("select", _table.Time),
@@ -1812,7 +1800,6 @@ def time_diff(time1, time2, /, *, ref=Time.UTC, errors="raise", return_status=Fa
         TIME_REF_ERR: time reference outside 0 to 3
         TIME1_ERR: first time outside -18262.0 to 36524.0, or NaN
         TIME2_ERR: second time outside that range, or NaN
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _time_diff((time1, time2,), (ref,), (), errors, return_status)
 

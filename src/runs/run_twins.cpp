@@ -73,6 +73,13 @@ long kl_time_time_to_obt_run(const long *run_id, const long *time_ref, const voi
     return kl_time_time_to_obt(&sat_id, time_ref, parameters, time, obt, ierr);
 }
 
+long kl_time_time_to_obt_run_n(const long *run_id, const long *n, const long *time_ref, const void *parameters,
+                               const double *time, void *obt, long *status, long *ierr)
+{
+    const long sat_id = satellite_of(run_id);
+    return kl_time_time_to_obt_n(&sat_id, n, time_ref, parameters, time, obt, status, ierr);
+}
+
 long kl_geod_to_cart_run(const long *run_id, const long *calc_mode, const kl_geodetic *in, double pos[3], double vel[3],
                          long *ierr)
 {
@@ -152,11 +159,6 @@ long kl_topocentric_to_ef_run(const long *run_id, const long *calc_mode, const k
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_topocentric_to_ef(model_id, calc_mode, origin, in, pos, vel, ierr);
     });
-long kl_time_time_to_obt_run_n(const long *run_id, const long *n, const long *time_ref, const void *parameters,
-                               const double *time, void *obt, long *status, long *ierr)
-{
-    const long sat_id = satellite_of(run_id);
-    return kl_time_time_to_obt_n(&sat_id, n, time_ref, parameters, time, obt, status, ierr);
 }
 
 long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
