@@ -35,5 +35,6 @@
 #include "kl/stars.h"       /* stars and catalogues */
 #include "kl/time.h"        /* time ids, scales, processing format, leap seconds */
 #include "kl/types.h"       /* status, function ids, sizes, handles */
+#include "kl/version.h"     /* numbers of the version */
 
 #endif

@@ -82,6 +82,14 @@ KL_API long kl_print_msg(const long *n_msg, char msg[][512]);
 KL_API void kl_free_array(void **array);
 
 /**
+ * Version of the library that runs, as KL_VERSION says it of the headers: "4.27.1". Libraries with the same first two
+ * numbers fit together: kl_check_library_version compares these.
+ *
+ * @return a text that stays
+ */
+KL_API const char *kl_version();
+
+/**
  * Prints the versions of the file-handling library, the data-handling library and this one on standard output, and a
  * line for each pair that does not fit together, with the versions that would.
  *

@@ -101,6 +101,11 @@ const char *KL_Get_compatibility_table(void *list)
     return kCompatible[end];
 }
 
+const char *kl_version(void)
+{
+    return KL_VERSION;
+}
+
 long kl_check_library_version(void)
 {
     char text[kRowLength];

@@ -1,0 +1,13 @@
+# Takes away what the last installations from this build directory wrote, by their lists; empty folders stay.
+file(GLOB manifests ${MANIFESTS}/install_manifest*.txt)
+if(NOT manifests)
+    message(FATAL_ERROR "Nothing was installed from ${MANIFESTS}")
+endif()
+foreach(manifest ${manifests})
+    file(STRINGS ${manifest} files)
+    foreach(file ${files})
+        message(STATUS "Removing $ENV{DESTDIR}${file}")
+        file(REMOVE "$ENV{DESTDIR}${file}")
+    endforeach()
+    file(REMOVE ${manifest})
+endforeach()
