@@ -87,7 +87,7 @@ KL_API void kl_free_array(void **array);
  *
  * @return a text that stays
  */
-KL_API const char *kl_version();
+KL_API const char *kl_version(void);
 
 /**
  * Prints the versions of the file-handling library, the data-handling library and this one on standard output, and a

@@ -1,6 +1,7 @@
 // Versions of the library and of those below it, and whether they fit together.
 #include "errors/siblings.h"
 #include "kl_family.h"
+#include "kl_lib.h"
 
 #include <cstdio>
 #include <cstring>
@@ -10,6 +11,7 @@
 
 namespace {
 
+// The family's number: releases that differ in the third number alone fit together, so it has two.
 constexpr char kVersion[] = "KL_VERS_4.27";
 constexpr std::size_t kPrefixLength = 8;  // the number proper follows
 constexpr std::size_t kNumberLength = 20; // kept of it

@@ -83,4 +83,17 @@ TEST(CompatibilityTable, IsAppendedWithoutItsEndRow)
     EXPECT_STREQ(KL_Get_lib_version(text), "KL_VERS_4.27");
 }
 
+// The packages' version is that of the headers; the family's number is its first two parts.
+TEST(Version, IsTheSameEverywhere)
+{
+    EXPECT_STREQ(kl_version(), KL_VERSION);
+    char family[13];
+    const std::string two = std::string(KL_Get_lib_version(family)).substr(8) + ".";
+    EXPECT_EQ(std::string(kl_version()).substr(0, two.size()), two);
+    std::ifstream changelog("debian/changelog");
+    std::string package, version;
+    changelog >> package >> version;
+    EXPECT_EQ(version, "(" KL_VERSION "-1)");
+}
+
 } // namespace

@@ -91,6 +91,7 @@ class Function:
         self.reported = row.get("reports_as", name)
         self.summary, self.note = row.get("summary", ""), row.get("note", "")
         self.returns, self.vector = row.get("returns", "long"), row.get("vector", 1)
+        self.opening = f"{self.returns} ".replace("* ", "*")
         self.run, self.array, self.member = row.get("run", False), row.get("array", False), row.get("class")
         self.sample = row.get("sample", {})
         self.constant = row.get("constant", re.sub("^(kl|KL)_", "", self.reported).upper())
@@ -188,7 +189,7 @@ def wrapped(start, items, end):
 
 
 def declaration(function, name, parameters):
-    return wrapped(f"KL_API {function.returns} {name}(", parameters or ["void"], ");")
+    return wrapped(f"KL_API {function.opening}{name}(", parameters or ["void"], ");")
 
 
 def enumeration(rows):
@@ -228,7 +229,7 @@ def subject_header(text, functions):
     for f in functions:
         declared = re.search(rf"^KL_API [\w ]+?\*? ?{f.name}\([^;]*\);\n", text, re.M)
         if not declared:
-            raise SystemExit(f"include/kl/{f.subject}.h: no `KL_API {f.returns} {f.name}();` under a contract comment")
+            raise SystemExit(f"include/kl/{f.subject}.h: no `KL_API {f.opening}{f.name}();` under a contract comment")
         text = text[:declared.start()] + declaration(f, f.name, f.parameters()) + "\n" + text[declared.end():]
         if f.conditions and not f.like:
             at = text.rfind("/**", 0, declared.start())
@@ -379,7 +380,7 @@ def message_table(table):
 
 
 def definition(function, name, parameters):
-    return wrapped(f"{function.returns} {name}(", parameters, ")") + "\n{\n"
+    return wrapped(f"{function.opening}{name}(", parameters, ")") + "\n{\n"
 
 
 def run_twins(table):
@@ -581,7 +582,7 @@ def api_json(table):
         rows.append({
             "name": f.name, "place": f.place, "subject": f.subject, "public_id": f.public, "internal_id": f.internal,
             "reported_as": f.reported, "summary": f.summary, "returns": f.returns, "error_vector_words": f.vector,
-            "forms": [{"name": n, "declaration": f"{f.returns} {n}({', '.join(p) or 'void'})"} for n, p in f.forms()]
+            "forms": [{"name": n, "declaration": f"{f.opening}{n}({', '.join(p) or 'void'})"} for n, p in f.forms()]
             if f.place == "public" else [],
             "arguments": [{"role": a.role, "name": a.name, "type": a.base, "length": a.length, "unit": a.unit,
                            "meaning": a.meaning} for a in f.arguments],
