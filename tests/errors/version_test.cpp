@@ -5,6 +5,8 @@
 #include "kl_family.h"
 
 #include <cstring>
+#include <fstream>
+#include <string>
 #include <vector>
 
 namespace {

@@ -599,6 +599,30 @@ def conditions_json(table):
     return json.dumps({"comment": WHOLE, "conditions": rows}, indent=1, ensure_ascii=False) + "\n"
 
 
+def command_table(table):
+    """Functions and conditions as the command `kitlib` shows them."""
+    quoted = lambda text: json.dumps(text, ensure_ascii=False)
+    rows = []
+    for f in table.public:
+        for name, parameters in f.forms():
+            declared = f"{f.opening}{name}({', '.join(parameters) or 'void'})"
+            rows.append(f"FUNCTION({', '.join(map(quoted, (name, f.subject, f.summary, declared)))})")
+    for f in table.public:
+        for c in f.conditions:
+            if not c.never and f.public is not None:
+                rows.append(f"CONDITION({quoted(f.reported)}, {f.public}, {c.code}, {c.bit}, {c.severity}, "
+                            f"{quoted(c.constant)}, {quoted(c.text)}, {quoted(c.when)})")
+    return generated(("//", ""), "Functions and conditions, for the command.") + "\n".join(rows) + "\n"
+
+
+def debian_symbols(table, old, version):
+    """Since which release each symbol is there: as the file says already, else since this one."""
+    since = dict(re.findall(r"^ (\w+)@Base (\S+)$", old, re.M))
+    rows = [f" {name}@Base {since.get(name, version)}" for name in symbols(table).split()]
+    return "\n".join(["libKitLib.so.4 libkitlib4 #MINVER#", "* Build-Depends-Package: libkitlib-dev",
+                      ' (regex)"^_Z.*6ORBKIT.*@Base$" 4.27.1', *rows]) + "\n"
+
+
 # ---- all of it ----------------------------------------------------------------------------------------------------
 
 def outputs(table):
@@ -622,6 +646,10 @@ def outputs(table):
     yield "include/orbkit/lib_func.hpp", lib_func_header(old("include/orbkit/lib_func.hpp"), table)
     yield "src/objects/lib_func_forwards.cpp", lib_func_source(table)
     yield "src/exported_symbols.txt", symbols(table)
+    version = ".".join(re.findall(r"^#define KL_VERSION_(?:MAJOR|MINOR|PATCH) (\d+)$", old("include/kl/version.h"), re.M))
+    package = "debian/libkitlib4.symbols"
+    yield package, debian_symbols(table, old(package) if os.path.exists(package) else "", version)
+    yield "apps/kitlib/table.inc", command_table(table)
     yield "tests/support/every_function.inc", every_function(table, samples)
     yield "tests/data/conditions.csv", condition_rows(table)
     yield "api/api.json", api_json(table)

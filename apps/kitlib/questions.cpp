@@ -1,0 +1,240 @@
+#include "questions.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace kitlib {
+
+const std::map<std::string, long> kScales = {
+    {"TAI", KL_TIME_TAI}, {"UTC", KL_TIME_UTC}, {"UT1", KL_TIME_UT1}, {"GPS", KL_TIME_GPS}};
+const std::map<std::string, long> kFrames = {
+    {"BM2000", KL_BM2000}, {"HM2000", KL_HM2000}, {"GM2000", KL_GM2000}, {"MOD", KL_MOD},           {"TOD", KL_TOD},
+    {"PEF", KL_PEF},       {"EF", KL_EF},         {"BM1950", KL_BM1950}, {"GALACTIC", KL_GALACTIC}, {"TEME", KL_TEME}};
+const std::map<std::string, long> kPlanets = {
+    {"mercury", KL_MERCURY}, {"venus", KL_VENUS},     {"earth-moon", KL_EARTH_MOON_BARYCENTRE},
+    {"mars", KL_MARS},       {"jupiter", KL_JUPITER}, {"saturn", KL_SATURN},
+    {"uranus", KL_URANUS},   {"neptune", KL_NEPTUNE}};
+const std::map<std::string, long> kFormats = {{"iso", KL_ASCII_43},    {"compact", KL_ASCII_53},
+                                              {"named", KL_ASCII_33},  {"underscore", KL_ASCII_13},
+                                              {"digits", KL_ASCII_23}, {"mjd2000", kDays}};
+
+namespace {
+
+const long kProcessing = KL_PROC;
+const long kTai = KL_TIME_TAI;
+
+bool refused(long status, long function_id, Refusal &why)
+{
+    why.function_id = function_id;
+    return status == KL_ERR;
+}
+
+// yyyy-mm-ddThh:nn:ss with microseconds, from a text with fewer decimals or none, a blank for the T, a Z, or a day
+// alone.
+bool iso(std::string_view cell, char text[KL_TIME_ASCII_LENGTH])
+{
+    constexpr std::size_t kDay = 10, kSecond = 19, kWhole = 26;
+    if (!cell.empty() && cell.back() == 'Z')
+        cell.remove_suffix(1);
+    if (cell.size() > kWhole || (cell.size() != kDay && cell.size() < kSecond) || cell.size() == kSecond + 1)
+        return false;
+    std::memcpy(text, "0000-00-00T00:00:00.000000", kWhole + 1);
+    std::memcpy(text, cell.data(), cell.size());
+    if (text[kDay] == ' ')
+        text[kDay] = 'T';
+    return true;
+}
+
+bool numbers(const std::vector<std::string_view> &cells, std::size_t first, double *to, Refusal &why)
+{
+    for (std::size_t i = first; i < cells.size(); ++i) {
+        if (!read_number(cells[i], to[i - first])) {
+            why.cell = static_cast<int>(i);
+            return false;
+        }
+    }
+    return true;
+}
+
+void put(std::vector<Value> &answer, std::size_t first, const double values[3])
+{
+    for (std::size_t i = 0; i < 3; ++i)
+        answer[first + i].number = values[i];
+}
+
+const std::vector<Quantity> kState = {{"x", "m"}, {"y", "m"}, {"z", "m"}, {"vx", "m/s"}, {"vy", "m/s"}, {"vz", "m/s"}};
+
+std::vector<Quantity> named_in(const std::vector<Quantity> &state, long frame, std::size_t n)
+{
+    std::vector<Quantity> out(state.begin(), state.begin() + static_cast<std::ptrdiff_t>(n));
+    for (const auto &[name, id] : kFrames)
+        for (Quantity &quantity : out)
+            if (id == frame)
+                quantity.name += "_" + name;
+    return out;
+}
+
+} // namespace
+
+Context::~Context()
+{
+    long ierr[1];
+    if (time.record != nullptr)
+        kl_time_close(&time, ierr);
+    if (models.record != nullptr)
+        kl_model_close(&models, ierr);
+}
+
+bool Context::open(const std::vector<std::string> &files)
+{
+    std::vector<const char *> names;
+    for (const std::string &file : files)
+        names.push_back(file.c_str());
+    const long n = static_cast<long>(names.size());
+    const long last_row_holds = 1, all_rows = KL_TIME_WINDOW_FILE, defaults = KL_MODEL_DEFAULT;
+    long ierr[1];
+    const bool failed =
+        kl_time_id_init(&n, names.data(), &last_row_holds, &all_rows, nullptr, nullptr, &report, &time, ierr) == KL_ERR
+        || kl_model_init(&defaults, nullptr, &models, ierr) == KL_ERR;
+    if (failed) {
+        static char messages[KL_MAX_MSG][KL_MSG_LENGTH];
+        long n_messages = 0;
+        kl_get_last_msg(&n_messages, messages);
+        kl_print_msg(&n_messages, messages);
+    }
+    return !failed;
+}
+
+bool tai_of(const Context &context, long scale, std::string_view cell, double &tai, Refusal &why)
+{
+    char text[KL_TIME_ASCII_LENGTH];
+    double days;
+    if (read_number(cell, days))
+        return !refused(kl_time_processing_to_processing(&context.time, &kProcessing, &scale, &days, &kProcessing,
+                                                         &kTai, &tai, why.ierr),
+                        KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING, why);
+    if (!iso(cell, text)) {
+        why.cell = 0;
+        return false;
+    }
+    const long format = KL_ASCII_43;
+    return !refused(
+        kl_time_ascii_to_processing(&context.time, &format, &scale, text, &kProcessing, &kTai, &tai, why.ierr),
+        KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, why);
+}
+
+bool text_of(const Context &context, double tai, long scale, std::string &text, Refusal &why)
+{
+    char written[KL_TIME_ASCII_LENGTH] = "";
+    const long format = KL_ASCII_43;
+    const long status =
+        kl_time_processing_to_ascii(&context.time, &kProcessing, &kTai, &tai, &format, &scale, written, why.ierr);
+    text = written;
+    return !refused(status, KL_ID_FUNC_TIME_PROCESSING_TO_ASCII, why);
+}
+
+// Text to text goes through no days, which have no room for a leap second.
+Question time_question(const Context &context, long from, long to, long format)
+{
+    const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,
+                                   Refusal &why) {
+        const long iso_text = KL_ASCII_43;
+        char in[KL_TIME_ASCII_LENGTH], out[KL_TIME_ASCII_LENGTH] = "";
+        double days;
+        const bool number = read_number(cells[0], days);
+        if (!number && !iso(cells[0], in)) {
+            why.cell = 0;
+            return false;
+        }
+        long status = KL_OK, function = -1;
+        if (number && format == kDays) {
+            function = KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING;
+            status = kl_time_processing_to_processing(&context.time, &kProcessing, &from, &days, &kProcessing, &to,
+                                                      &answer[0].number, why.ierr);
+        } else if (number) {
+            function = KL_ID_FUNC_TIME_PROCESSING_TO_ASCII;
+            status =
+                kl_time_processing_to_ascii(&context.time, &kProcessing, &from, &days, &format, &to, out, why.ierr);
+        } else if (format == kDays) {
+            function = KL_ID_FUNC_TIME_ASCII_TO_PROCESSING;
+            status = kl_time_ascii_to_processing(&context.time, &iso_text, &from, in, &kProcessing, &to,
+                                                 &answer[0].number, why.ierr);
+        } else {
+            function = KL_ID_FUNC_TIME_ASCII_TO_ASCII;
+            status = kl_time_ascii_to_ascii(&context.time, &iso_text, &from, in, &format, &to, out, why.ierr);
+        }
+        answer[0].text = out;
+        return !refused(status, function, why);
+    };
+    std::string name = "time";
+    for (const auto &[scale, id] : kScales)
+        if (id == to)
+            name = scale;
+    return {{{"time", ""}}, 0, {{name, format == kDays ? "days" : ""}}, ask};
+}
+
+Question body_question(const Context &context, Body body, long planet, long scale, long frame)
+{
+    const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,
+                                   Refusal &why) {
+        double tai, pos[3], vel[3];
+        if (!tai_of(context, scale, cells[0], tai, why))
+            return false;
+        if (body == Body::kSun
+                ? refused(kl_sun(&context.models, &context.time, &kTai, &tai, pos, vel, why.ierr), KL_ID_FUNC_SUN, why)
+            : body == Body::kMoon
+                ? refused(kl_moon(&context.models, &context.time, &kTai, &tai, pos, vel, why.ierr), KL_ID_FUNC_MOON,
+                          why)
+                : refused(kl_planet(&context.models, &context.time, &planet, &kTai, &tai, pos, vel, why.ierr),
+                          KL_ID_FUNC_PLANET, why))
+            return false;
+        const long fixed = KL_EF, mode = KL_CALC_POS_VEL;
+        double acc[3] = {0.0, 0.0, 0.0};
+        if (frame != KL_EF
+            && refused(kl_change_cart_cs(&context.models, &context.time, &mode, &fixed, &frame, &kTai, &tai, pos, vel,
+                                         acc, pos, vel, acc, why.ierr),
+                       KL_ID_FUNC_CHANGE_CART_CS, why))
+            return false;
+        put(answer, 0, pos);
+        put(answer, 3, vel);
+        return true;
+    };
+    return {{{"time", ""}}, 0, named_in(kState, frame, kState.size()), ask};
+}
+
+Question frame_question(const Context &context, long scale, long from, long to, bool with_velocity)
+{
+    const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,
+                                   Refusal &why) {
+        double tai, state[6] = {}, acc[3] = {0.0, 0.0, 0.0};
+        if (!tai_of(context, scale, cells[0], tai, why) || !numbers(cells, 1, state, why))
+            return false;
+        const long mode = with_velocity ? KL_CALC_POS_VEL : KL_CALC_POS;
+        if (refused(kl_change_cart_cs(&context.models, &context.time, &mode, &from, &to, &kTai, &tai, state, state + 3,
+                                      acc, state, state + 3, acc, why.ierr),
+                    KL_ID_FUNC_CHANGE_CART_CS, why))
+            return false;
+        put(answer, 0, state);
+        if (with_velocity)
+            put(answer, 3, state + 3);
+        return true;
+    };
+    Question question{{{"time", ""}}, 0, named_in(kState, to, with_velocity ? 6 : 3), ask};
+    question.inputs.insert(question.inputs.end(), kState.begin(), kState.begin() + (with_velocity ? 6 : 3));
+    return question;
+}
+
+Question geoid_question(const Context &context, long degree)
+{
+    const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,
+                                   Refusal &why) {
+        double place[2];
+        if (!numbers(cells, 0, place, why))
+            return false;
+        const kl_geoid_input input = {&context.models, place[0], place[1], 0.0, degree};
+        return !refused(kl_geoid_calc(&input, &answer[0].number, why.ierr), KL_ID_FUNC_GEOID_CALC, why);
+    };
+    return {{{"latitude", "deg"}, {"longitude", "deg"}}, 0, {{"undulation", "m"}}, ask};
+}
+
+} // namespace kitlib

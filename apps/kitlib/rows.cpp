@@ -1,0 +1,342 @@
+#include "rows.h"
+
+#include "table.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace kitlib {
+
+namespace {
+
+constexpr std::size_t kBlock = std::size_t{1} << 22; // octets read at a time
+constexpr double kLong = 1 << 23;                    // octets of a file for which progress is shown
+
+std::string_view trimmed(std::string_view text)
+{
+    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
+        text.remove_prefix(1);
+    while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r'))
+        text.remove_suffix(1);
+    return text;
+}
+
+// Cells of a line; one in quotes may hold commas, and comes without its quotes.
+void split(std::string_view line, std::vector<std::string_view> &cells)
+{
+    cells.clear();
+    for (std::size_t at = 0;;) {
+        std::size_t end = line.find(',', at);
+        if (at < line.size() && line[at] == '"') {
+            const std::size_t quote = line.find('"', at + 1);
+            end = quote == std::string_view::npos ? quote : line.find(',', quote);
+            if (quote != std::string_view::npos) {
+                cells.push_back(line.substr(at + 1, quote - at - 1));
+                if (end == std::string_view::npos)
+                    return;
+                at = end + 1;
+                continue;
+            }
+        }
+        cells.push_back(trimmed(line.substr(at, end == std::string_view::npos ? end : end - at)));
+        if (end == std::string_view::npos)
+            return;
+        at = end + 1;
+    }
+}
+
+void append_number(std::string &out, double number)
+{
+    char text[32];
+    const auto end = std::to_chars(text, text + sizeof text, number).ptr;
+    out.append(text, static_cast<std::size_t>(end - text));
+}
+
+void append(std::string &out, const Value &value, bool json)
+{
+    if (!value.text.empty())
+        out += json ? json_text(value.text) : value.text;
+    else if (json && !std::isfinite(value.number))
+        out += "null";
+    else
+        append_number(out, value.number);
+}
+
+// "kl_sun:1", or "input:utc" for a cell.
+std::string code_of(const Question &question, const Refusal &why)
+{
+    if (why.cell >= 0)
+        return "input:" + question.inputs[static_cast<std::size_t>(why.cell)].name;
+    const Condition *condition = first_error(why.function_id, why.ierr);
+    return condition != nullptr ? std::string(condition->function) + ":" + std::to_string(condition->code) : "refused";
+}
+
+std::string words_of(const Question &question, const Refusal &why)
+{
+    if (why.cell >= 0)
+        return question.inputs[static_cast<std::size_t>(why.cell)].name + " cannot be read";
+    const Condition *condition = first_error(why.function_id, why.ierr);
+    return condition != nullptr ? std::string(condition->constant) + ": " + condition->text : "refused";
+}
+
+void append_json(std::string &out, const Question &question, const std::vector<Value> &answer)
+{
+    for (std::size_t i = 0; i < question.outputs.size(); ++i) {
+        out += (i > 0 ? ", " : "") + json_text(question.outputs[i].name) + ": ";
+        append(out, answer[i], true);
+    }
+}
+
+struct Part {
+    std::string_view lines; // whole ones
+    std::string out;
+    std::size_t refused = 0;
+};
+
+void answer_lines(const Question &question, const std::vector<std::size_t> &columns, bool json, Part &part)
+{
+    std::vector<std::string_view> all, cells(columns.size());
+    std::vector<Value> answer(question.outputs.size());
+    part.out.clear();
+    part.refused = 0;
+    for (std::size_t at = 0; at < part.lines.size();) {
+        const std::size_t end = std::min(part.lines.find('\n', at), part.lines.size());
+        const std::string_view line = trimmed(part.lines.substr(at, end - at));
+        at = end + 1;
+        if (line.empty())
+            continue;
+        split(line, all);
+        Refusal why;
+        for (std::size_t i = 0; i < columns.size() && why.cell < 0; ++i) {
+            if (columns[i] >= all.size())
+                why.cell = static_cast<int>(i);
+            else
+                cells[i] = all[columns[i]];
+        }
+        const bool good = why.cell < 0 && question.ask(cells, answer, why);
+        part.refused += good ? 0 : 1;
+        if (json) {
+            part.out += '{';
+            if (good)
+                append_json(part.out, question, answer);
+            else
+                part.out += "\"code\": " + json_text(code_of(question, why));
+            part.out += "}\n";
+            continue;
+        }
+        part.out += line;
+        for (const Value &value : answer) {
+            part.out += ',';
+            if (good)
+                append(part.out, value, false);
+        }
+        part.out += ',';
+        if (!good)
+            part.out += code_of(question, why);
+        part.out += '\n';
+    }
+}
+
+bool find_columns(const Question &question, const RowOptions &options, const std::vector<std::string_view> &header,
+                  std::vector<std::size_t> &columns)
+{
+    std::vector<std::string> wanted = options.columns;
+    if (wanted.empty()) {
+        const std::size_t needed = question.inputs.size() - question.optional;
+        for (std::size_t i = 0; i < question.inputs.size(); ++i) {
+            const std::string &name = question.inputs[i].name;
+            if (i < needed || std::find(header.begin(), header.end(), name) != header.end())
+                wanted.push_back(name);
+        }
+    }
+    if (wanted.size() != question.inputs.size() && wanted.size() != question.inputs.size() - question.optional) {
+        std::fprintf(stderr, "kitlib: %zu columns, expected %zu:", wanted.size(), question.inputs.size());
+        for (const Quantity &input : question.inputs)
+            std::fprintf(stderr, " %s", input.name.c_str());
+        std::fputc('\n', stderr);
+        return false;
+    }
+    for (const std::string &name : wanted) {
+        const auto found = std::find(header.begin(), header.end(), name);
+        std::size_t number = static_cast<std::size_t>(found - header.begin());
+        if (found == header.end()) {
+            std::size_t counted = 0;
+            const auto end = std::from_chars(name.data(), name.data() + name.size(), counted);
+            if (end.ec != std::errc() || end.ptr != name.data() + name.size() || counted < 1
+                || counted > header.size()) {
+                std::fprintf(stderr, "kitlib: the header has no column %s\n", name.c_str());
+                return false;
+            }
+            number = counted - 1;
+        }
+        columns.push_back(number);
+    }
+    return true;
+}
+
+bool write_out(const std::string &text)
+{
+    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+}
+
+int output_lost()
+{
+    std::fputs("kitlib: the output cannot be written\n", stderr);
+    return kWrongUsage;
+}
+
+void show_progress(double done, double whole)
+{
+    constexpr int kWidth = 40;
+    const int full = static_cast<int>(kWidth * std::min(done / whole, 1.0));
+    std::fprintf(stderr, "\r[%-*.*s] %3.0f %%", kWidth, full, "########################################",
+                 100.0 * std::min(done / whole, 1.0));
+}
+
+} // namespace
+
+bool read_number(std::string_view text, double &number)
+{
+    if (!text.empty() && text.front() == '+')
+        text.remove_prefix(1);
+    const auto end = std::from_chars(text.data(), text.data() + text.size(), number);
+    return end.ec == std::errc() && end.ptr == text.data() + text.size();
+}
+
+std::string shortest(double number)
+{
+    std::string text;
+    append_number(text, number);
+    return text;
+}
+
+std::string json_text(std::string_view text)
+{
+    std::string out = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\')
+            out += '\\';
+        if (static_cast<unsigned char>(c) < 0x20) {
+            char escaped[8];
+            std::snprintf(escaped, sizeof escaped, "\\u%04x", c);
+            out += escaped;
+        } else {
+            out += c;
+        }
+    }
+    return out + '"';
+}
+
+int ask_once(const Question &question, const std::vector<std::string> &values, bool json)
+{
+    std::vector<std::string_view> cells(values.begin(), values.end());
+    std::vector<Value> answer(question.outputs.size());
+    Refusal why;
+    if (!question.ask(cells, answer, why)) {
+        if (json)
+            std::printf("{\"code\": %s}\n", json_text(code_of(question, why)).c_str());
+        std::fprintf(stderr, "kitlib: %s (%s)\n", words_of(question, why).c_str(), code_of(question, why).c_str());
+        return kRefused;
+    }
+    std::string out;
+    if (json) {
+        out = "{";
+        append_json(out, question, answer);
+        out += "}\n";
+    } else if (answer.size() == 1) {
+        append(out, answer[0], false);
+        out += '\n';
+    } else {
+        for (std::size_t i = 0; i < answer.size(); ++i) {
+            std::string name = question.outputs[i].name;
+            name.resize(std::max<std::size_t>(name.size() + 1, 10), ' ');
+            out += name;
+            append(out, answer[i], false);
+            out += question.outputs[i].unit.empty() ? "\n" : " " + question.outputs[i].unit + "\n";
+        }
+    }
+    return write_out(out) && std::fflush(stdout) == 0 ? kDone : output_lost();
+}
+
+int ask_rows(const Question &question, const RowOptions &options)
+{
+    struct stat file = {};
+    const double whole =
+        fstat(STDIN_FILENO, &file) == 0 && S_ISREG(file.st_mode) ? static_cast<double>(file.st_size) : 0.0;
+    const bool progress = whole > kLong && isatty(STDERR_FILENO) != 0;
+    std::vector<Part> parts(std::max(1U, std::thread::hardware_concurrency()));
+    std::vector<std::size_t> columns;
+    std::string text;
+    std::size_t refused = 0;
+    double done = 0.0;
+    bool header_seen = false;
+    for (bool more = true; more;) {
+        const std::size_t kept = text.size();
+        text.resize(kept + kBlock);
+        const std::size_t n = std::fread(text.data() + kept, 1, kBlock, stdin);
+        text.resize(kept + n);
+        done += static_cast<double>(n);
+        more = n == kBlock;
+        if (!more && std::ferror(stdin) != 0) {
+            std::fputs("kitlib: the input cannot be read\n", stderr);
+            return kWrongUsage;
+        }
+        std::size_t whole_lines = more ? text.rfind('\n') + 1 : text.size();
+        std::string_view lines(text.data(), whole_lines);
+        if (!header_seen && !lines.empty()) {
+            const std::size_t end = std::min(lines.find('\n'), lines.size());
+            std::string_view header = trimmed(lines.substr(0, end));
+            if (header.substr(0, 3) == "\xEF\xBB\xBF")
+                header.remove_prefix(3);
+            std::vector<std::string_view> names;
+            split(header, names);
+            if (!find_columns(question, options, names, columns))
+                return kWrongUsage;
+            std::string line(header);
+            for (const Quantity &output : question.outputs)
+                line += "," + output.name;
+            if (!options.json && !write_out(line + ",code\n"))
+                return output_lost();
+            lines.remove_prefix(std::min(end + 1, lines.size()));
+            header_seen = true;
+        }
+        std::vector<std::thread> threads;
+        for (std::size_t p = 0; p < parts.size(); ++p) {
+            std::size_t size = lines.size() / (parts.size() - p);
+            size = p + 1 == parts.size() ? lines.size() : std::min(lines.find('\n', size), lines.size() - 1) + 1;
+            size = std::min(size, lines.size());
+            parts[p].lines = lines.substr(0, size);
+            lines.remove_prefix(size);
+            threads.emplace_back([&, p] { answer_lines(question, columns, options.json, parts[p]); });
+        }
+        for (std::thread &thread : threads)
+            thread.join();
+        for (const Part &part : parts) {
+            refused += part.refused;
+            if (!write_out(part.out))
+                return output_lost();
+        }
+        text.erase(0, whole_lines);
+        if (progress)
+            show_progress(done, whole);
+    }
+    if (progress)
+        std::fputc('\n', stderr);
+    if (std::fflush(stdout) != 0)
+        return output_lost();
+    if (!header_seen) {
+        std::fputs("kitlib: no values and nothing on standard input\n", stderr);
+        return kWrongUsage;
+    }
+    if (refused > 0)
+        std::fprintf(stderr, "kitlib: %zu rows refused\n", refused);
+    return refused > 0 ? kRefused : kDone;
+}
+
+} // namespace kitlib

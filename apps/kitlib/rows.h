@@ -1,0 +1,54 @@
+// A question that is asked of one set of values or of every row of a table.
+#ifndef KITLIB_ROWS_H
+#define KITLIB_ROWS_H
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kitlib {
+
+struct Quantity {
+    std::string name, unit;
+};
+
+// A number, or a text where it is not empty.
+struct Value {
+    double number = 0.0;
+    std::string text;
+};
+
+// Why a row has no answer: a cell that cannot be read, or a condition of a function.
+struct Refusal {
+    int cell = -1; // index of the input
+    long function_id = -1;
+    long ierr[2] = {0, 0};
+};
+
+struct Question {
+    std::vector<Quantity> inputs; // the last `optional` of them may be missing, all together
+    std::size_t optional = 0;
+    std::vector<Quantity> outputs;
+    // False: refused. Called by several threads at once.
+    std::function<bool(const std::vector<std::string_view> &cells, std::vector<Value> &answer, Refusal &why)> ask;
+};
+
+struct RowOptions {
+    std::vector<std::string> columns; // names or numbers from 1; empty: the names of the inputs
+    bool json = false;
+};
+
+// As exit statuses.
+constexpr int kDone = 0, kWrongUsage = 1, kRefused = 2;
+
+bool read_number(std::string_view text, double &number);
+std::string shortest(double number); // that reads back as the same number
+std::string json_text(std::string_view text);
+
+int ask_once(const Question &question, const std::vector<std::string> &values, bool json);
+int ask_rows(const Question &question, const RowOptions &options); // standard input to standard output
+
+} // namespace kitlib
+
+#endif

@@ -1,0 +1,85 @@
+#!/bin/sh
+# The command against published instants, itself row by row, and what its help, page and completion promise: test.sh KITLIB
+set -eu
+kitlib=$1
+here=$(cd "$(dirname "$0")" && pwd)
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+bad=0
+says() { # says STATUS OUTPUT ARGUMENT...
+    expected=$1 text=$2
+    shift 2
+    status=0
+    "$kitlib" "$@" >out 2>err </dev/null || status=$?
+    if [ $status -ne "$expected" ] || { [ "$text" != - ] && [ "$(cat out)" != "$text" ]; }; then
+        echo "kitlib $*: status $status, '$(cat out)' '$(cat err)', expected $expected '$text'" >&2
+        bad=1
+    fi
+}
+
+# IERS Bulletin C 52: a leap second at the end of 2016, TAI-UTC 37 s from then on; GPS is TAI less 19 s. J2000.0 in MJD2000.
+says 0 2017-01-01T00:00:17.000000 time 2016-12-31T23:59:60 --to GPS
+says 0 2017-01-01T00:00:18.000000 time "2017-01-01 00:00:00Z" --to gps
+says 0 2016-12-31T23:59:60.500000 time 2017-01-01T00:00:36.5 --from TAI
+says 0 20161231T235960500000 time 2017-01-01T00:00:36.5 --from TAI --format compact
+says 0 0.5 time 2000-01-01T12:00:00 --format mjd2000
+says 0 '{"TAI": 6210.000428240741}' time 2017-01-01 --to TAI --format mjd2000 --json # 37 s in days
+says 2 "" time 2016-13-01
+says 2 "" time 2016-06-30T23:59:60
+says 2 "" time yesterday
+says 2 "" geoid 91 0
+says 1 "" time 2017-01-01 2017-01-02
+says 1 "" frame 2017-01-01 1 2
+says 1 "" time 2017-01-01 --to TDB
+says 1 "" explain kl_nothing 1
+says 1 "" nothing
+says 1 ""
+says 0 "nothing recorded" explain kl_sun 0
+says 0 - explain kl_time_ascii_to_ascii 0,2
+grep -q '^KL_TIME_ASCII_TO_ASCII_AFTER_2099_ERR, error' out || { cat out >&2; bad=1; }
+says 0 - sky 2026-06-21T08:24:00 --json
+says 0 - timeid
+grep -q '^last leap second *before 2017-01-01T00:00:00, TAI-UTC 37 s since' out || { cat out >&2; bad=1; }
+
+# Rows give what single values give; refused ones go on, whatever the number of threads makes of the order.
+awk 'BEGIN { print "n,when,x,y,z,vx,vy,vz"; srand(1)
+    for (i = 0; i < 5000; ++i)
+        printf "%d,%s,%.3f,%.3f,%.3f,%.3f,%.3f,%.3f\n", i, i % 1000 == 7 ? "2016-02-30" : 6000 + i / 10 + rand(),
+               7e6 * rand(), -7e6 * rand(), 1e6 * rand(), 1e3 * rand(), 7e3 * rand(), -1e3 * rand() }' >states.csv
+status=0
+"$kitlib" frame --from GM2000 --to EF --columns when,x,y,z,vx,vy,vz <states.csv >answers.csv 2>count || status=$?
+[ $status -eq 2 ] && grep -q '^kitlib: 5 rows refused$' count || { cat count >&2; bad=1; }
+cut -d, -f1-8 answers.csv | cmp - states.csv || bad=1
+[ "$(grep -c ',,,,,,,kl_time_ascii_to_processing:24$' answers.csv)" = 5 ] || bad=1
+for row in 2 2500 5001; do
+    single=$(sed -n ${row}p states.csv | cut -d, -f2- | tr ',' ' ')
+    # shellcheck disable=SC2086
+    "$kitlib" frame --from GM2000 --to EF $single | awk '{ printf ",%s", $2 }' >single
+    sed -n ${row}p answers.csv | cut -d, -f9-14 | sed 's/^/,/' | tr -d '\n' | cmp - single || bad=1
+done
+"$kitlib" frame --from EF --to GM2000 --columns when,9,10,11,12,13,14 <answers.csv 2>/dev/null |
+    awk -F, 'NR > 1 && $22 == "" { n++; for (i = 3; i <= 5; ++i) { d = $i - $(i + 13); if (d > 1e-5 || d < -1e-5) wrong++ } }
+             END { if (n != 4995 || wrong) { print n, wrong " rows do not come back" > "/dev/stderr"; exit 1 } }' || bad=1
+printf 'time\n"2017-01-01T00:00:00"\n' | "$kitlib" time --to TAI >out
+[ "$(tail -n 1 out)" = '"2017-01-01T00:00:00",2017-01-01T00:00:37.000000,' ] || { cat out >&2; bad=1; }
+printf 'latitude,longitude\n0,0\n,1\n' | "$kitlib" geoid --json >out 2>/dev/null || true
+[ "$(tail -n 1 out)" = '{"code": "input:latitude"}' ] || { cat out >&2; bad=1; }
+
+# Examples of the help run; page and completion know every verb.
+"$kitlib" --help | awk '/Subcommands:/ { on = 1; next } on && NF == 0 { exit } on { print $1 }' >verbs
+[ "$(wc -l <verbs)" -ge 10 ] || { echo "verbs not found in the help" >&2; bad=1; }
+cp states.csv table.csv
+sed -i '1s/when/utc/' table.csv states.csv
+while read -r verb; do
+    grep -qw -- "^\.BR.* $verb\|^\.BR $verb" "$here/kitlib.1" || { echo "$verb is not in kitlib.1" >&2; bad=1; }
+    grep -q "[\" ]$verb[\" ]" "$here/kitlib.bash" || { echo "$verb is not in kitlib.bash" >&2; bad=1; }
+    "$kitlib" "$verb" --help | sed -n 's/^  kitlib /"$kitlib" /p' | grep -v finals2000A >examples || true
+    "$kitlib" "$verb" --help | grep -q '^  kitlib ' || { echo "$verb has no example" >&2; bad=1; }
+    while read -r example; do
+        status=0
+        eval "$example" >/dev/null 2>err </dev/null || status=$?
+        [ $status -ne 1 ] || { echo "$example: $(cat err)" >&2; bad=1; }
+    done <examples
+done <verbs
+exit $bad

@@ -1,0 +1,42 @@
+#!/bin/sh
+# Builds the Debian packages of what is committed, looks at them with lintian, installs them into a fresh root and runs a
+# first program there, in C, in C++ and by the command: run.sh. As root (debootstrap, chroot); some minutes.
+set -eu
+cd "$(dirname "$0")/../.."
+tools/install_missing.sh dpkg-dev debhelper lintian debootstrap fakeroot cmake ninja-build libcli11-dev
+version=$(dpkg-parsechangelog -S Version)
+out=$PWD/build/packages
+rm -rf --one-file-system "$out"
+mkdir -p "$out/kitlib-${version%-*}"
+git archive HEAD | tar -x -C "$out/kitlib-${version%-*}"
+tar -czf "$out/kitlib_${version%-*}.orig.tar.gz" -C "$out" --exclude=debian "kitlib-${version%-*}"
+(cd "$out/kitlib-${version%-*}" && dpkg-buildpackage -us -uc >../build.log 2>&1) || { tail -n 60 "$out/build.log" >&2; exit 1; }
+grep -A 40 'symbols disappeared\|new symbols appeared' "$out/build.log" >&2 && exit 1
+lintian --allow-root --no-tag-display-limit --fail-on error,warning "$out"/*.changes
+ls -l "$out"/*.deb
+
+mirror=$(sed -n 's/^URIs: *//p' /etc/apt/sources.list.d/*.sources 2>/dev/null | head -n 1)
+[ -n "$mirror" ] || mirror=$(sed -n 's/^deb \(\[[^]]*\] \)*\(http[^ ]*\) .*/\2/p' /etc/apt/sources.list | head -n 1)
+root=$out/root
+debootstrap --variant=minbase "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$root" "${mirror:-http://deb.debian.org/debian}" \
+    >"$out/root.log" 2>&1 || { tail "$out/root.log" >&2; exit 1; }
+for file in /etc/apt/apt.conf.d/*proxy* /etc/apt/apt.conf /etc/resolv.conf; do # the way to the mirror
+    [ ! -e "$file" ] || install -D -m 644 "$file" "$root$file"
+done
+cp "$out"/*.deb examples/same_task.c examples/same_task.cpp examples/same_task.txt "$root/tmp/"
+inside() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive LANG=C.UTF-8 "$@"; }
+inside sh -euc '
+    cd /tmp
+    apt-get update -qq
+    apt-get install -y -qq --no-install-recommends g++ pkg-config >/dev/null
+    ! gcc same_task.c -lKitLib -lm -o task 2>/dev/null
+    apt-get install -y -qq --no-install-recommends ./libkitlib*.deb ./kitlib_*.deb >/dev/null
+    gcc same_task.c -lKitLib -lm -o task && ./task | diff same_task.txt -
+    g++ -std=c++17 same_task.cpp $(pkg-config --cflags --libs KitLib) -o task && ./task | diff same_task.txt -
+    g++ -std=c++17 same_task.cpp -static-libstdc++ $(pkg-config --cflags KitLib) \
+        -l:libKitLib.a -L"$(pkg-config --variable=libdir KitLib)/kitlib" -l:libKitCommon.a -l:libKitDataHandling.a \
+        -l:libKitFileHandling.a -o task && ./task | diff same_task.txt -
+    test "$(kitlib time 2016-12-31T23:59:60 --to GPS)" = 2017-01-01T00:00:17.000000
+    apt-get purge -y -qq libkitlib4 >/dev/null
+    test -z "$(find / -xdev -iname "libkit*.so*" -not -path "/proc/*")"
+    echo "packages: installed, used and taken away again"'
