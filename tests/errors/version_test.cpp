@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -96,6 +97,14 @@ TEST(Version, IsTheSameEverywhere)
     std::string package, version;
     changelog >> package >> version;
     EXPECT_EQ(version, "(" KL_VERSION "-1)");
+    for (const auto &[file, line] : {std::pair{"CITATION.cff", "version: " KL_VERSION},
+                                     {"python/kitlib/_version.py", "__version__ = \"" KL_VERSION "\""}}) {
+        std::ifstream text(file);
+        std::string read;
+        while (read != line && std::getline(text, read)) {
+        }
+        EXPECT_EQ(read, line) << file;
+    }
 }
 
 } // namespace
