@@ -317,8 +317,8 @@ TEST(TimeArrays, NineConversionsAreTheLoopOfTheirScalarCalls)
                     ++seed;
                     const bool gps_in = in.format == KL_TRANS_42;
                     const bool gps_out = out.format == KL_TRANS_42;
-                    const long from = gps_in ? KL_TIME_GPS : static_cast<long>(seed / 3 % 4);
-                    const long to = gps_out ? KL_TIME_GPS : static_cast<long>(seed / 12 % 4);
+                    const long from = gps_in ? long{KL_TIME_GPS} : static_cast<long>(seed / 3 % 4);
+                    const long to = gps_out ? long{KL_TIME_GPS} : static_cast<long>(seed / 12 % 4);
                     if (std::strcmp(name, "none") == 0 && from != to && n > 1)
                         continue; // a refusal of the call, which prints its lines once
                     const bool verbose = seed % 5 == 0;
