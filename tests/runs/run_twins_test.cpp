@@ -5,11 +5,21 @@
 #include "support/every_function.h"
 
 #include <cstring>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace {
+
+// Takes the model alone of a run, and the two runs have the same.
+bool of_models(const PublicCall *f)
+{
+    static const std::set<std::string> names = {
+        "kl_geod_to_cart",  "kl_cart_to_geod",      "kl_kepl_to_cart",      "kl_cart_to_kepl", "kl_cart_to_radec",
+        "kl_radec_to_cart", "kl_ef_to_topocentric", "kl_topocentric_to_ef", "kl_geod_distance"};
+    return names.count(f->name) != 0;
+}
 
 // Each function with its twin.
 std::vector<std::pair<const PublicCall *, const PublicCall *>> twins()
@@ -59,7 +69,7 @@ TEST_F(RunTwins, DoWhatTheirFunctionDoesWithTheIdsOfTheRun)
             by_run[i] = outputs_of(*twin, worlds[i]);
             EXPECT_TRUE(by_ids == by_run[i]) << twin->name << ", run " << i;
         }
-        EXPECT_EQ(by_run[0] == by_run[1], of_clocks(f)) << twin->name << ": another run, other results";
+        EXPECT_EQ(by_run[0] == by_run[1], of_clocks(f) || of_models(f)) << twin->name << ": another run, other results";
     }
 }
 
