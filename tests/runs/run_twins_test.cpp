@@ -32,6 +32,11 @@ std::vector<std::pair<const PublicCall *, const PublicCall *>> twins()
     return found;
 }
 
+bool of_models_alone(const PublicCall *f) // and there is one Earth
+{
+    return std::strncmp(f->name, "kl_ray_", 7) == 0;
+}
+
 bool of_clocks(const PublicCall *f)
 {
     return std::strstr(f->name, "_obt") != nullptr;
@@ -69,7 +74,8 @@ TEST_F(RunTwins, DoWhatTheirFunctionDoesWithTheIdsOfTheRun)
             by_run[i] = outputs_of(*twin, worlds[i]);
             EXPECT_TRUE(by_ids == by_run[i]) << twin->name << ", run " << i;
         }
-        EXPECT_EQ(by_run[0] == by_run[1], of_clocks(f) || of_models(f)) << twin->name << ": another run, other results";
+        EXPECT_EQ(by_run[0] == by_run[1], of_clocks(f) || of_models(f) || of_models_alone(f))
+            << twin->name << ": another run, other results";
     }
 }
 
