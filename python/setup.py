@@ -31,7 +31,7 @@ class WithLibraries(build_py):
         super().run()
         folder, target = built(), os.path.join(self.build_lib, "kitlib", "lib")
         os.makedirs(target, exist_ok=True)
-        found = [*glob.glob(os.path.join(folder, "libKitLib.so*")), *glob.glob(os.path.join(folder, "siblings", "*.so*")),
+        found = [os.path.realpath(os.path.join(folder, "libKitLib.so")), *glob.glob(os.path.join(folder, "siblings", "*.so*")),
                  os.path.join(folder, "python", "libkitlib_loops.so")]
         for path in found:
             if not os.path.islink(path):  # a wheel has no links: each library once, under the name that is opened

@@ -414,7 +414,7 @@ TEST(TimeArrays, WhatNoElementDecidesRefusesTheCall)
 // Texts exactly as long as the distance between them have no zero, on either side.
 TEST(TimeArrays, TextsAsWideAsTheirLayoutHaveNoZeroBetweenThem)
 {
-    const char texts[] = "2017-01-01_00:00:002017-01-02_12:30:59bad-01-02_12:30:592017-01-03_12:30:59";
+    const char texts[] = "2017-01-01_00:00:002017-01-02_12:30:59bad0-01-02_12:30:592017-01-03_12:30:59";
     const long n = 4, width = 19, utc = KL_TIME_UTC, in = KL_ASCII_11, out = KL_ASCII_41;
     char written_texts[4 * 19 + 1];
     written_texts[4 * 19] = 'E';
