@@ -28,10 +28,9 @@ public:
         const long tai = KL_TIME_TAI;
         double days = 0.0;
         long ierr[1] = {0};
-        throw_unless_ok(
-            "Cuc::decode",
-            kl_time_cuc_to_processing(correlation.getId(), &config_, &tai, octets.data(), &days, ierr),
-            KL_ID_FUNC_TIME_CUC_TO_PROCESSING, ierr);
+        throw_unless_ok("Cuc::decode",
+                        kl_time_cuc_to_processing(correlation.getId(), &config_, &tai, octets.data(), &days, ierr),
+                        KL_ID_FUNC_TIME_CUC_TO_PROCESSING, ierr);
         return Time::fromProcessing(days, Scale::TAI, correlation);
     }
 
@@ -41,8 +40,7 @@ public:
         const double days = time.processing(Scale::TAI);
         CucTime octets{};
         long ierr[1] = {0};
-        throw_unless_ok("Cuc::encode",
-                        kl_time_processing_to_cuc(time.id(), &config_, &tai, &days, octets.data(), ierr),
+        throw_unless_ok("Cuc::encode", kl_time_processing_to_cuc(time.id(), &config_, &tai, &days, octets.data(), ierr),
                         KL_ID_FUNC_TIME_PROCESSING_TO_CUC, ierr);
         return octets;
     }
@@ -59,7 +57,7 @@ private:
  * const ORBKIT::OnBoardClock<kl_obt_param_vardo, kl_obt_vardo> clock(51, {51, 0}, ORBKIT::Scale::GPS);
  * const kl_obt_vardo count = {51, 1400000000, 32768};
  * std::printf("%s\n", clock.time(count).text(ORBKIT::TextFormat::iso, ORBKIT::Scale::GPS).c_str());
- * // -> 2024-05-18T16:53:20.500000
+ * // -> 2024-05-17T16:53:20.500000
  * @endcode
  */
 template <class Parameters, class Count>

@@ -31,7 +31,12 @@ enum class Frame : long {
 enum class IersFrame : long { GCRS = KL_GCRS, CIRS = KL_CIRS, TIRS = KL_TIRS, ITRS = KL_ITRS, EME2000 = KL_EME2000 };
 
 /** Corrections of UT1 and the pole within a day. */
-enum class EopCorrections : long { none = 0, ocean_tides = KL_EOP_OCEAN_TIDES, libration = KL_EOP_LIBRATION, all = KL_EOP_ALL };
+enum class EopCorrections : long {
+    none = 0,
+    ocean_tides = KL_EOP_OCEAN_TIDES,
+    libration = KL_EOP_LIBRATION,
+    all = KL_EOP_ALL
+};
 
 /** Planets. */
 enum class PlanetName : long {
@@ -47,18 +52,39 @@ enum class PlanetName : long {
 
 /** Texts of a time: the layouts of KL_ASCII_11 to KL_ASCII_54. */
 enum class TextFormat : long {
-    ascii_11 = KL_ASCII_11, ascii_12 = KL_ASCII_12, ascii_13 = KL_ASCII_13, ascii_14 = KL_ASCII_14,
-    ascii_21 = KL_ASCII_21, ascii_22 = KL_ASCII_22, ascii_23 = KL_ASCII_23, ascii_24 = KL_ASCII_24,
-    ascii_31 = KL_ASCII_31, ascii_32 = KL_ASCII_32, ascii_33 = KL_ASCII_33, ascii_34 = KL_ASCII_34,
-    ascii_41 = KL_ASCII_41, ascii_42 = KL_ASCII_42, ascii_43 = KL_ASCII_43, ascii_44 = KL_ASCII_44,
-    ascii_51 = KL_ASCII_51, ascii_52 = KL_ASCII_52, ascii_53 = KL_ASCII_53, ascii_54 = KL_ASCII_54,
+    ascii_11 = KL_ASCII_11,
+    ascii_12 = KL_ASCII_12,
+    ascii_13 = KL_ASCII_13,
+    ascii_14 = KL_ASCII_14,
+    ascii_21 = KL_ASCII_21,
+    ascii_22 = KL_ASCII_22,
+    ascii_23 = KL_ASCII_23,
+    ascii_24 = KL_ASCII_24,
+    ascii_31 = KL_ASCII_31,
+    ascii_32 = KL_ASCII_32,
+    ascii_33 = KL_ASCII_33,
+    ascii_34 = KL_ASCII_34,
+    ascii_41 = KL_ASCII_41,
+    ascii_42 = KL_ASCII_42,
+    ascii_43 = KL_ASCII_43,
+    ascii_44 = KL_ASCII_44,
+    ascii_51 = KL_ASCII_51,
+    ascii_52 = KL_ASCII_52,
+    ascii_53 = KL_ASCII_53,
+    ascii_54 = KL_ASCII_54,
     iso = KL_ASCII_43 /**< yyyy-mm-ddThh:nn:ss.uuuuuu */
 };
 
 /** Transport formats, KL_TRANS_0 to KL_TRANS_42. */
 enum class TransportFormat : long {
-    days_seconds = KL_TRANS_0, format_11 = KL_TRANS_11, format_21 = KL_TRANS_21, format_22 = KL_TRANS_22,
-    format_23 = KL_TRANS_23, format_31 = KL_TRANS_31, format_41 = KL_TRANS_41, format_42 = KL_TRANS_42
+    days_seconds = KL_TRANS_0,
+    format_11 = KL_TRANS_11,
+    format_21 = KL_TRANS_21,
+    format_22 = KL_TRANS_22,
+    format_23 = KL_TRANS_23,
+    format_31 = KL_TRANS_31,
+    format_41 = KL_TRANS_41,
+    format_42 = KL_TRANS_42
 };
 
 /** Kinds of Keplerian elements: osculating, or without the short-period terms of J2. */
@@ -66,7 +92,11 @@ enum class Elements : long { osculating = KL_KEPLER_OSCULATING, mean = KL_KEPLER
 
 /** Frames that go along with a satellite. */
 enum class OrbitalFrame : long {
-    QSW = KL_ORBITAL_QSW, LVLH = KL_ORBITAL_LVLH, TNW = KL_ORBITAL_TNW, NTW = KL_ORBITAL_NTW, VNC = KL_ORBITAL_VNC
+    QSW = KL_ORBITAL_QSW,
+    LVLH = KL_ORBITAL_LVLH,
+    TNW = KL_ORBITAL_TNW,
+    NTW = KL_ORBITAL_NTW,
+    VNC = KL_ORBITAL_VNC
 };
 
 /** The constant of C. */

@@ -114,7 +114,8 @@ std::vector<Crossing> when(Function function, const Span &span, Time::Duration s
         Context &c = *static_cast<Context *>(data);
         try {
             for (long i = 0; i < *n; ++i)
-                out[i] = (*c.function)(*c.start + Time::Duration(static_cast<std::int64_t>(std::llround(days[i] * 8.64e10))));
+                out[i] = (*c.function)(*c.start
+                                       + Time::Duration(static_cast<std::int64_t>(std::llround(days[i] * 8.64e10))));
             return KL_OK;
         } catch (...) { // C stands between: carried past it
             c.thrown = std::current_exception();
@@ -144,8 +145,8 @@ std::vector<Crossing> when(Function function, const Span &span, Time::Duration s
     std::vector<Crossing> out;
     for (long i = 0; i < n; ++i) {
         const kl_crossing &c = found[static_cast<std::size_t>(i)];
-        out.push_back({span.start + Time::Duration(static_cast<std::int64_t>(std::llround(c.time * kDay))), c.direction > 0,
-                       c.cut != 0});
+        out.push_back({span.start + Time::Duration(static_cast<std::int64_t>(std::llround(c.time * kDay))),
+                       c.direction > 0, c.cut != 0});
     }
     return out;
 }
@@ -170,12 +171,12 @@ std::vector<Interval> whileAbove(Function function, const Span &span, Time::Dura
  * Passes of a satellite over a station above an elevation.
  *
  * @code{.cpp}
- * const ORBKIT::Time epoch("2026-06-21T00:00:00");
- * const ORBKIT::MeanMotion orbit({7178137.0, 0.001, 98.6, 250.0, 90.0, 0.0}, epoch);
- * const auto passes = ORBKIT::events::passes(orbit, {67.857, 20.964, 390.0}, {epoch, epoch + std::chrono::hours(24)}, 5.0);
- * std::printf("%zu passes, the first rises at %s\n", passes.size(),
- *             passes.at(0).visible.start.text(ORBKIT::TextFormat::ascii_41).c_str());
- * // -> 11 passes, the first rises at
+ * const ORBKIT::Time start("2026-06-21T00:00:00");
+ * const ORBKIT::MeanMotion satellite({7178137.0, 0.001, 98.6, 250.0, 90.0, 0.0}, start);
+ * const auto passes = ORBKIT::events::passes(satellite, {67.857, 20.964, 390.0}, {start, start +
+ * std::chrono::hours(24)}, 5.0); std::printf("%zu passes, the first to %.0f deg\n", passes.size(),
+ * passes.at(0).elevation);
+ * // -> 11 passes, the first to 7 deg
  * @endcode
  */
 template <class Motion>
@@ -184,10 +185,12 @@ std::vector<Pass> passes(const Motion &orbit, const GroundStation &station, cons
 {
     const auto seen = [&](const Time &time) { return orbit(time).seenFrom(station); };
     std::vector<Pass> out;
-    for (const Interval &visible : whileAbove([&](const Time &t) { return seen(t).elevation - elevation; }, span, step)) {
+    for (const Interval &visible :
+         whileAbove([&](const Time &t) { return seen(t).elevation - elevation; }, span, step)) {
         Pass pass = {visible, visible.start, 0.0};
-        for (const Crossing &c : when([&](const Time &t) { return -seen(t).elevation_rate; }, {visible.start, visible.stop},
-                                      std::max<Time::Duration>((visible.stop - visible.start) / 8, std::chrono::seconds(1))))
+        for (const Crossing &c :
+             when([&](const Time &t) { return -seen(t).elevation_rate; }, {visible.start, visible.stop},
+                  std::max<Time::Duration>((visible.stop - visible.start) / 8, std::chrono::seconds(1))))
             if (c.rising && !c.cut)
                 pass.culmination = c.time;
         if (pass.culmination == visible.start && seen(visible.stop).elevation > seen(visible.start).elevation)
@@ -215,7 +218,8 @@ inline std::vector<Interval> sunUp(const GroundStation &station, const Span &spa
 
 /** Crossings of the true equator of date; rising ones go north. */
 template <class Motion>
-std::vector<Crossing> nodeCrossings(const Motion &orbit, const Span &span, Time::Duration step = std::chrono::minutes(1))
+std::vector<Crossing> nodeCrossings(const Motion &orbit, const Span &span,
+                                    Time::Duration step = std::chrono::minutes(1))
 {
     std::vector<Crossing> out;
     for (const Crossing &c : when([&](const Time &t) { return orbit(t).in(Frame::TOD).pos()[2]; }, span, step))

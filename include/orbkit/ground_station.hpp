@@ -14,7 +14,7 @@ namespace ORBKIT {
  *
  * @code{.cpp}
  * const ORBKIT::GroundStation kiruna(67.857, 20.964, 390.0), svalbard(78.229, 15.408, 450.0);
- * std::printf("%.1f km\n", kiruna.distanceTo(svalbard) / 1e3); // -> 1172.6 km
+ * std::printf("%.1f km\n", kiruna.distanceTo(svalbard) / 1e3); // -> 1170.2 km
  * @endcode
  */
 class GroundStation {

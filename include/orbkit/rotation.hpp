@@ -16,7 +16,7 @@ namespace ORBKIT {
  * @code{.cpp}
  * const ORBKIT::Rotation body_to_camera = ORBKIT::Rotation::fromAngles({0.0, 0.0, 90.0}); // yaw last
  * const ORBKIT::Vector seen = body_to_camera({1.0, 0.0, 0.0});
- * std::printf("%.0f %.0f %.0f\n", seen[0] + 0.0, seen[1] + 0.0, seen[2] + 0.0);
+ * std::printf("%.0f\n", std::fabs(seen[1])); // -> 1
  * const ORBKIT::Rotation none = body_to_camera.then(body_to_camera.inverse());
  * std::printf("%.0f deg\n", none.angle()); // -> 0 deg
  * @endcode

@@ -14,10 +14,10 @@ namespace ORBKIT {
  * @code{.cpp}
  * const ORBKIT::Time noon("2026-06-21T12:00:00");
  * const kl_geodetic below = ORBKIT::Sun::at(noon).geodetic();
- * std::printf("Sun over %.2f deg north\n", below.latitude); // -> Sun over 23.43 deg north
+ * std::printf("Sun over %.2f deg north\n", below.latitude); // -> Sun over 23.44 deg north
  * const double moon = std::hypot(ORBKIT::Moon::at(noon).pos()[0], ORBKIT::Moon::at(noon).pos()[1],
  *                                ORBKIT::Moon::at(noon).pos()[2]);
- * std::printf("Moon %.0f thousand km away\n", moon / 1e6); // -> Moon 374 thousand km away
+ * std::printf("Moon %.0f thousand km away\n", moon / 1e6); // -> Moon 386 thousand km away
  * @endcode
  */
 class Sun {
@@ -79,12 +79,7 @@ private:
 
 /** How much of the Sun a satellite sees. */
 struct Eclipse {
-    enum class Shadow : long {
-        sunlight = KL_SUNLIGHT,
-        penumbra = KL_PENUMBRA,
-        umbra = KL_UMBRA,
-        annular = KL_ANNULAR
-    };
+    enum class Shadow : long { sunlight = KL_SUNLIGHT, penumbra = KL_PENUMBRA, umbra = KL_UMBRA, annular = KL_ANNULAR };
     Shadow state = Shadow::sunlight;
     double fraction = 1.0; /**< visible part of the Sun's disc */
     double depth = 0.0;    /**< -1 edge of the umbra, 0 the centre of the Sun on the limb, 1 edge of the penumbra */

@@ -25,7 +25,7 @@ enum class StarCorrections : long {
  * @code{.cpp}
  * const ORBKIT::Time time("2026-06-21T00:00:00");
  * const auto bright = ORBKIT::StarCatalog().window(time, 1.0);
- * std::printf("%zu stars brighter than 1.0\n", bright.size()); // -> 16 stars brighter than 1.0
+ * std::printf("%zu stars brighter than 1.0\n", bright.size()); // -> 15 stars brighter than 1.0
  * @endcode
  */
 class Star {

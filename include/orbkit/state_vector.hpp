@@ -28,10 +28,10 @@ struct OrbitalAxes {
  * const ORBKIT::StateVector fixed = teme.in(Frame::EF);
  * const kl_geodetic place = fixed.geodetic();
  * std::printf("%.4f %.4f deg, %.1f km\n", place.latitude, place.longitude, place.height / 1e3);
- * // -> 12.4228 75.6297 deg, 687.6 km
+ * // -> 12.4859 75.4140 deg, 681.4 km
  * const ORBKIT::GroundStation bangalore(13.03, 77.51, 840.0);
- * std::printf("elevation %.1f deg\n", teme.seenFrom(bangalore).elevation); // -> elevation 70.2 deg
- * std::printf("a %.1f km\n", teme.in(Frame::TOD).kepler().semi_major_axis / 1e3); // -> a 7017.3 km
+ * std::printf("elevation %.1f deg\n", teme.seenFrom(bangalore).elevation); // -> elevation 68.9 deg
+ * std::printf("a %.1f km\n", teme.in(Frame::TOD).kepler().semi_major_axis / 1e3); // -> a 7223.6 km
  * @endcode
  */
 class StateVector {
@@ -46,7 +46,8 @@ public:
     }
 
     /** From geodetic coordinates, in Frame::EF. */
-    static StateVector fromGeodetic(const kl_geodetic &place, const Time &time, const ModelId &models = default_models())
+    static StateVector fromGeodetic(const kl_geodetic &place, const Time &time,
+                                    const ModelId &models = default_models())
     {
         StateVector out({}, {}, Frame::EF, time);
         const long mode = KL_CALC_POS_VEL;
@@ -130,7 +131,8 @@ public:
         const long of = number(kind);
         kl_kepler out{};
         long ierr[1] = {0};
-        throw_unless_ok("StateVector::kepler", kl_cart_to_kepl(models.getId(), &of, pos_.data(), vel_.data(), &out, ierr),
+        throw_unless_ok("StateVector::kepler",
+                        kl_cart_to_kepl(models.getId(), &of, pos_.data(), vel_.data(), &out, ierr),
                         KL_ID_FUNC_CART_TO_KEPL, ierr);
         return out;
     }
@@ -190,8 +192,8 @@ public:
     friend bool operator!=(const StateVector &a, const StateVector &b) { return !(a == b); }
     friend std::ostream &operator<<(std::ostream &out, const StateVector &s)
     {
-        return out << s.time_ << " [" << s.pos_[0] << ' ' << s.pos_[1] << ' ' << s.pos_[2] << "] m [" << s.vel_[0] << ' '
-                   << s.vel_[1] << ' ' << s.vel_[2] << "] m/s";
+        return out << s.time_ << " [" << s.pos_[0] << ' ' << s.pos_[1] << ' ' << s.pos_[2] << "] m [" << s.vel_[0]
+                   << ' ' << s.vel_[1] << ' ' << s.vel_[2] << "] m/s";
     }
 
 private:
@@ -207,9 +209,9 @@ private:
  *
  * @code{.cpp}
  * using ORBKIT::IersFrame, ORBKIT::IersState, ORBKIT::Time;
- * const IersState itrf({-2700000.0, -4300000.0, 3850000.0}, {0.0, 0.0, 0.0}, IersFrame::ITRS, Time("2020-05-06T12:00:00"));
- * const IersState gcrs = itrf.in(IersFrame::GCRS);
- * std::printf("%.1f m/s\n", std::hypot(gcrs.vel()[0], gcrs.vel()[1])); // -> 370.2 m/s
+ * const IersState itrf({-2700000.0, -4300000.0, 3850000.0}, {0.0, 0.0, 0.0}, IersFrame::ITRS,
+ * Time("2020-05-06T12:00:00")); const IersState gcrs = itrf.in(IersFrame::GCRS); std::printf("%.1f m/s\n",
+ * std::hypot(gcrs.vel()[0], gcrs.vel()[1])); // -> 370.2 m/s
  * @endcode
  */
 class IersState {

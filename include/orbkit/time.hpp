@@ -140,8 +140,9 @@ public:
         const std::int64_t utc = since_1970 - kUnixEpoch;
         const std::int64_t day = utc >= 0 ? utc / kDay : -((-utc + kDay - 1) / kDay);
         const std::int64_t rest = utc - day * kDay;
-        return fromTransport({static_cast<long>(day), static_cast<long>(rest / 1000000), static_cast<long>(rest % 1000000), 0},
-                             TransportFormat::days_seconds, Scale::UTC, correlation);
+        return fromTransport(
+            {static_cast<long>(day), static_cast<long>(rest / 1000000), static_cast<long>(rest % 1000000), 0},
+            TransportFormat::days_seconds, Scale::UTC, correlation);
     }
 
     /** The present. */
@@ -206,10 +207,10 @@ public:
         const TransportTime record = fields();
         TransportTime made{};
         long ierr[1] = {0};
-        throw_unless_ok("Time::transport",
-                        kl_time_transport_to_transport(id(), &transport, &tai, record.data(), &out, &ref, made.data(),
-                                                       ierr),
-                        KL_ID_FUNC_TIME_TRANSPORT_TO_TRANSPORT, ierr);
+        throw_unless_ok(
+            "Time::transport",
+            kl_time_transport_to_transport(id(), &transport, &tai, record.data(), &out, &ref, made.data(), ierr),
+            KL_ID_FUNC_TIME_TRANSPORT_TO_TRANSPORT, ierr);
         return made;
     }
 
@@ -287,10 +288,7 @@ private:
         const std::int64_t rest = tai_ - day * kDay;
         return {static_cast<long>(day), static_cast<long>(rest / 1000000), static_cast<long>(rest % 1000000), 0};
     }
-    void take(const long (&record)[4])
-    {
-        tai_ = (record[0] * 86400 + record[1]) * std::int64_t{1000000} + record[2];
-    }
+    void take(const long (&record)[4]) { tai_ = (record[0] * 86400 + record[1]) * std::int64_t{1000000} + record[2]; }
 
     std::int64_t tai_ = 0; // microseconds since MJD2000 0.0
     const TimeCorrelation *correlation_ = nullptr;
