@@ -1,5 +1,6 @@
 #!/bin/sh
-# Builds the library and runs all tests. `./check.sh --all` adds the clang and sanitizer builds;
+# Builds the library and runs all tests. `./check.sh --all` adds the clang and sanitizer builds,
+# `./check.sh --sanitize` is the address and undefined-behaviour sanitizers alone;
 # `./check.sh --coverage` measures instead which lines and branches of src/ the tests reach.
 set -eu
 cd "$(dirname "$0")"
@@ -24,6 +25,7 @@ case "${1:-}" in
     tools/install_missing.sh clang
     for preset in release clang asan tsan; do run_preset "$preset"; done
     ;;
+--sanitize) run_preset asan ;;
 --coverage)
     tools/install_missing.sh gcovr
     find build/coverage -name '*.gcda' -delete 2>/dev/null || true
@@ -31,5 +33,5 @@ case "${1:-}" in
     gcovr --root . --filter 'src/' --exclude '.*_tables\.h' --exclude-throw-branches --exclude-unreachable-branches \
         --branches --txt build/coverage/coverage.txt --fail-under-line 97 --fail-under-branch 90 --print-summary build/coverage
     ;;
-*) echo "usage: ./check.sh [--all|--coverage]" >&2; exit 2 ;;
+*) echo "usage: ./check.sh [--all|--sanitize|--coverage]" >&2; exit 2 ;;
 esac
