@@ -11,7 +11,9 @@
 #include "kl/clocks.h"
 #include "kl/formats.h"
 #include "kl/frames.h"
+#include "kl/geometry.h"
 #include "kl/rotations.h"
+#include "kl/stars.h"
 #include "kl/time.h"
 
 #ifdef __cplusplus
@@ -158,6 +160,37 @@ KL_API long kl_change_cart_cs_run_n(const long *run_id, const long *n, const lon
                                     const long *cs_out, const long *time_ref, const double *time, const double pos[][3],
                                     const double vel[][3], const double acc[][3], double pos_out[][3],
                                     double vel_out[][3], double acc_out[][3], long *status, long *ierr);
+/** kl_poly_real_roots for n elements. */
+KL_API long kl_poly_real_roots_n(const long *n, const long *order, const double *c, double roots[][4], long *n_roots,
+                                 long *status, long *ierr);
+/** kl_ray_ellipsoid for n elements. */
+KL_API long kl_ray_ellipsoid_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3],
+                               const double *margin, double t[][2], long *n_points, long *status, long *ierr);
+/** kl_ray_ellipsoid_n with the model id of a run. */
+KL_API long kl_ray_ellipsoid_run_n(const long *run_id, const long *n, const double pos[][3], const double dir[][3],
+                                   const double *margin, double t[][2], long *n_points, long *status, long *ierr);
+/** kl_ray_height for n elements. */
+KL_API long kl_ray_height_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3],
+                            const double *height, double t[][2], long *n_points, long *status, long *ierr);
+/** kl_ray_height_n with the model id of a run. */
+KL_API long kl_ray_height_run_n(const long *run_id, const long *n, const double pos[][3], const double dir[][3],
+                                const double *height, double t[][2], long *n_points, long *status, long *ierr);
+/** kl_ray_tangent for n elements. */
+KL_API long kl_ray_tangent_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3],
+                             double *t, double point[][3], kl_geodetic *geodetic, long *meets_earth, long *status,
+                             long *ierr);
+/** kl_ray_tangent_n with the model id of a run. */
+KL_API long kl_ray_tangent_run_n(const long *run_id, const long *n, const double pos[][3], const double dir[][3],
+                                 double *t, double point[][3], kl_geodetic *geodetic, long *meets_earth, long *status,
+                                 long *ierr);
+/** kl_eclipse for n elements. */
+KL_API long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *light_time,
+                         const long *cs, const long *time_ref, const double *time, const double pos[][3],
+                         const double *margin, long *state, double *fraction, double *depth, long *status, long *ierr);
+/** kl_eclipse_n with the model and time ids of a run. */
+KL_API long kl_eclipse_run_n(const long *run_id, const long *n, const long *light_time, const long *cs,
+                             const long *time_ref, const double *time, const double pos[][3], const double *margin,
+                             long *state, double *fraction, double *depth, long *status, long *ierr);
 /** kl_quaternions_to_vectors for n elements. */
 KL_API long kl_quaternions_to_vectors_n(const long *n, const double q[][4], double x[][3], double y[][3], double z[][3],
                                         long *status, long *ierr);
@@ -180,6 +213,16 @@ KL_API long kl_get_rotation_angles_n(const long *n, const double x1[][3], const 
 KL_API long kl_get_rotated_vectors_n(const long *n, const double x1[][3], const double y1[][3], const double z1[][3],
                                      const double angles[][3], double x2[][3], double y2[][3], double z2[][3],
                                      long *status, long *ierr);
+/** kl_star_radec for n elements. */
+KL_API long kl_star_radec_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *corrections,
+                            const long *cs_out, const long *time_ref, const double *time, const kl_star *star,
+                            const double observer_pos[][3], const double observer_vel[][3], kl_radec *place,
+                            long *status, long *ierr);
+/** kl_star_radec_n with the model and time ids of a run. */
+KL_API long kl_star_radec_run_n(const long *run_id, const long *n, const long *corrections, const long *cs_out,
+                                const long *time_ref, const double *time, const kl_star *star,
+                                const double observer_pos[][3], const double observer_vel[][3], kl_radec *place,
+                                long *status, long *ierr);
 /** kl_time_add for n elements. */
 KL_API long kl_time_add_n(const long *n, const long *proc_id, const long *time_ref, const double *time,
                           const double *duration, double *time_out, long *status, long *ierr);

@@ -1242,7 +1242,7 @@ def change_cart_cs(t, pos, vel=None, acc=None, /, *, mode=None, cs_in, cs_out, r
     return _change_cart_cs((t, pos, vel, acc,), (_mode(mode, vel, acc), cs_in, cs_out, ref,), (model, time,), errors, return_status)
 
 
-_ray_ellipsoid = _Function("kl_ray_ellipsoid", "kitlib_kl_ray_ellipsoid_n", None, 1, RayPointsResult, False, (
+_ray_ellipsoid = _Function("kl_ray_ellipsoid", "kl_ray_ellipsoid_n", None, 1, RayPointsResult, False, (
     ("model",),
     ("n",),
     ("each", "pos", 'f8', 3, False, False),
@@ -1264,12 +1264,11 @@ def ray_ellipsoid(pos, dir, margin=None, /, *, model=None, errors="raise", retur
     Returns RayPoints:
         t: [..., 2], m, along the unit direction, ascending, negative behind; NaN beyond the number of points
         n: number of points, 0 to 2
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _ray_ellipsoid((pos, dir, margin,), (), (model,), errors, return_status)
 
 
-_ray_height = _Function("kl_ray_height", "kitlib_kl_ray_height_n", None, 1, RayPointsResult, False, (
+_ray_height = _Function("kl_ray_height", "kl_ray_height_n", None, 1, RayPointsResult, False, (
     ("model",),
     ("n",),
     ("each", "pos", 'f8', 3, False, False),
@@ -1291,12 +1290,11 @@ def ray_height(pos, dir, height, /, *, model=None, errors="raise", return_status
     Returns RayPoints:
         t: [..., 2], m, along the unit direction, ascending, negative behind; NaN beyond the number of points
         n: number of points, 0 to 2
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _ray_height((pos, dir, height,), (), (model,), errors, return_status)
 
 
-_ray_tangent = _Function("kl_ray_tangent", "kitlib_kl_ray_tangent_n", None, 1, TangentPointResult, False, (
+_ray_tangent = _Function("kl_ray_tangent", "kl_ray_tangent_n", None, 1, TangentPointResult, False, (
     ("model",),
     ("n",),
     ("each", "pos", 'f8', 3, False, False),
@@ -1320,12 +1318,11 @@ def ray_tangent(pos, dir, /, *, model=None, errors="raise", return_status=False)
         point: [..., 3], m, in the axes of pos
         geodetic: record Geodetic, its coordinates; rates 0
         meetsEarth: 1 when the point lies below the ellipsoid, else 0
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _ray_tangent((pos, dir,), (), (model,), errors, return_status)
 
 
-_eclipse = _Function("kl_eclipse", "kitlib_kl_eclipse_n", 38, 1, EclipseStateResult, False, (
+_eclipse = _Function("kl_eclipse", "kl_eclipse_n", 38, 1, EclipseStateResult, False, (
     ("model",),
     ("time",),
     ("n",),
@@ -1370,7 +1367,6 @@ def eclipse(t, pos, margin=None, /, *, light_time=1, cs=Frame.EF, ref=Time.UTC, 
         FORMULA_WARN (W): once
         GAP_WARN (W): once
         VALIDITY_WARN (W): once
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _eclipse((t, pos, margin,), (light_time, cs, ref,), (model, time,), errors, return_status)
 
@@ -1672,7 +1668,7 @@ def get_rotated_vectors(x1, y1, z1, angles, /, *, errors="raise", return_status=
     return _get_rotated_vectors((x1, y1, z1, angles,), (), (), errors, return_status)
 
 
-_star_radec = _Function("kl_star_radec", "kitlib_kl_star_radec_n", 25, 1, RadecResult, False, (
+_star_radec = _Function("kl_star_radec", "kl_star_radec_n", 25, 1, RadecResult, False, (
     ("model",),
     ("time",),
     ("n",),
@@ -1717,7 +1713,6 @@ def star_radec(t, star, observer_pos=None, observer_vel=None, /, *, corrections=
         FORMULA_WARN (W): once
         GAP_WARN (W): once
         VALIDITY_WARN (W): once
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _star_radec((t, star, observer_pos, observer_vel,), (corrections, cs_out, ref,), (model, time,), errors, return_status)
 

@@ -364,91 +364,6 @@ long kitlib_kl_local_orbital_frame_n(const long *n, const long *kind, const doub
     return result;
 }
 
-KL_API long kitlib_kl_ray_ellipsoid_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3], const double *margin, double t[][2], long *n_points, long *status, long *ierr);
-long kitlib_kl_ray_ellipsoid_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3], const double *margin, double t[][2], long *n_points, long *status, long *ierr)
-{
-    long i, result;
-    if (!begun(n, ierr, 1, &result))
-        return result;
-    for (i = 0; i < *n; ++i) {
-        long word[1] = {0};
-        long one;
-        one = kl_ray_ellipsoid(model_id, ROW(pos), ROW(dir), AT(margin), ROW(t), AT(n_points), word);
-        result = noted(result, one, i, status, ierr, word, 1);
-        if (one == KL_ERR) {
-            fill(ROW(t), 2);
-            n_points[i] = 0;
-        }
-    }
-    return result;
-}
-
-KL_API long kitlib_kl_ray_height_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3], const double *height, double t[][2], long *n_points, long *status, long *ierr);
-long kitlib_kl_ray_height_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3], const double *height, double t[][2], long *n_points, long *status, long *ierr)
-{
-    long i, result;
-    if (!begun(n, ierr, 1, &result))
-        return result;
-    for (i = 0; i < *n; ++i) {
-        long word[1] = {0};
-        long one;
-        one = kl_ray_height(model_id, ROW(pos), ROW(dir), AT(height), ROW(t), AT(n_points), word);
-        result = noted(result, one, i, status, ierr, word, 1);
-        if (one == KL_ERR) {
-            fill(ROW(t), 2);
-            n_points[i] = 0;
-        }
-    }
-    return result;
-}
-
-KL_API long kitlib_kl_ray_tangent_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3], double *t, double point[][3], kl_geodetic *geodetic, long *meets_earth, long *status, long *ierr);
-long kitlib_kl_ray_tangent_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3], double *t, double point[][3], kl_geodetic *geodetic, long *meets_earth, long *status, long *ierr)
-{
-    long i, result;
-    if (!begun(n, ierr, 1, &result))
-        return result;
-    for (i = 0; i < *n; ++i) {
-        long word[1] = {0};
-        long one;
-        one = kl_ray_tangent(model_id, ROW(pos), ROW(dir), AT(t), ROW(point), AT(geodetic), AT(meets_earth), word);
-        result = noted(result, one, i, status, ierr, word, 1);
-        if (one == KL_ERR) {
-            fill(AT(t), 1);
-            fill(ROW(point), 3);
-            memset(geodetic + i, 0, sizeof geodetic[i]);
-            geodetic[i].latitude = NAN;
-            geodetic[i].longitude = NAN;
-            geodetic[i].height = NAN;
-            geodetic[i].latitude_rate = NAN;
-            geodetic[i].longitude_rate = NAN;
-            geodetic[i].height_rate = NAN;
-            meets_earth[i] = 0;
-        }
-    }
-    return result;
-}
-
-KL_API long kitlib_kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *light_time, const long *cs, const long *time_ref, const double *time, const double pos[][3], const double *margin, long *state, double *fraction, double *depth, long *status, long *ierr);
-long kitlib_kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *light_time, const long *cs, const long *time_ref, const double *time, const double pos[][3], const double *margin, long *state, double *fraction, double *depth, long *status, long *ierr)
-{
-    long i, result;
-    if (!begun(n, ierr, 1, &result))
-        return result;
-    for (i = 0; i < *n; ++i) {
-        long word[1] = {0};
-        long one;
-        one = kl_eclipse(model_id, time_id, light_time, cs, time_ref, AT(time), ROW(pos), AT(margin), AT(state), AT(fraction), AT(depth), word);
-        result = noted(result, one, i, status, ierr, word, 1);
-        if (one == KL_ERR) {
-            state[i] = 0;
-            fill(AT(fraction), 1);
-            fill(AT(depth), 1);
-        }
-    }
-    return result;
-}
-
 KL_API long kitlib_kl_earth_orientation_get_n(kl_time_id *time_id, const long *n, const long *corrections, const long *time_ref, const double *time, kl_earth_orientation *out, long *status, long *ierr);
 long kitlib_kl_earth_orientation_get_n(kl_time_id *time_id, const long *n, const long *corrections, const long *time_ref, const double *time, kl_earth_orientation *out, long *status, long *ierr)
 {
@@ -513,30 +428,6 @@ long kitlib_kl_iers_change_n(kl_time_id *time_id, const long *n, const long *cor
             fill(ROW(pos_out), 3);
             fill(ROW(vel_out), 3);
             fill(ROW(acc_out), 3);
-        }
-    }
-    return result;
-}
-
-KL_API long kitlib_kl_star_radec_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *corrections, const long *cs_out, const long *time_ref, const double *time, const kl_star *star, const double observer_pos[][3], const double observer_vel[][3], kl_radec *place, long *status, long *ierr);
-long kitlib_kl_star_radec_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *corrections, const long *cs_out, const long *time_ref, const double *time, const kl_star *star, const double observer_pos[][3], const double observer_vel[][3], kl_radec *place, long *status, long *ierr)
-{
-    long i, result;
-    if (!begun(n, ierr, 1, &result))
-        return result;
-    for (i = 0; i < *n; ++i) {
-        long word[1] = {0};
-        long one;
-        one = kl_star_radec(model_id, time_id, corrections, cs_out, time_ref, AT(time), AT(star), ROW(observer_pos), ROW(observer_vel), AT(place), word);
-        result = noted(result, one, i, status, ierr, word, 1);
-        if (one == KL_ERR) {
-            memset(place + i, 0, sizeof place[i]);
-            place[i].ra = NAN;
-            place[i].dec = NAN;
-            place[i].distance = NAN;
-            place[i].ra_rate = NAN;
-            place[i].dec_rate = NAN;
-            place[i].distance_rate = NAN;
         }
     }
     return result;

@@ -207,6 +207,30 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     return call.status();
 }
 
+bool eclipse_refuses_all(Activation &call, const kl_time_id *time_id, const long *light_time, const long *cs,
+                         const long *time_ref, const double *time, const double *pos, const long *state,
+                         const double *fraction, const double *depth)
+{
+    constexpr CodeMap kInput[] = {{KL_CHECK_IN_REF, KL_ECLIPSE_TIME_REF_ERR}, {KL_CHECK_IN_DAYS, KL_ECLIPSE_DATE_ERR}};
+    constexpr double kAnyDate = 0.0;
+    ErrorRecord check;
+    if (cs == nullptr || !is_eclipse_frame(*cs))
+        call.fails(KL_ECLIPSE_CS_ERR);
+    else if (KL_Time_check_processing_inputs(KL_PROC, value_or(time_ref, KL_TIME_UNDEF),
+                                             time != nullptr ? &kAnyDate : &kNan, &check)
+                 != KL_OK
+             && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+        return true;
+    else if (pos == nullptr)
+        call.fails(KL_ECLIPSE_POSITION_ERR);
+    else if (light_time != nullptr && state != nullptr && fraction != nullptr && depth != nullptr) {
+        if (KL_Id_init_status(time_id) != 0)
+            return false;
+        call.fails(KL_ECLIPSE_TIME_ID_ERR);
+    }
+    return true;
+}
+
 long kl_eclipse(kl_model_id *model_id, kl_time_id *time_id, const long *light_time, const long *cs,
                 const long *time_ref, const double *time, const double pos[3], const double *margin, long *state,
                 double *fraction, double *depth, long *ierr)

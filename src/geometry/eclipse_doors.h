@@ -24,4 +24,9 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
                     const long *time_ref, const double *time, const double pos[3], const double *margin, long *state,
                     double *fraction, double *depth, EclipseSky *sky, long *ierr);
 
+// For arrays: does what all elements share refuse the call? Then the condition is recorded.
+bool eclipse_refuses_all(Activation &call, const kl_time_id *time_id, const long *light_time, const long *cs,
+                         const long *time_ref, const double *time, const double *pos, const long *state,
+                         const double *fraction, const double *depth);
+
 #endif

@@ -377,11 +377,27 @@ long kl_ray_ellipsoid_run(const long *run_id, const double pos[3], const double 
     });
 }
 
+long kl_ray_ellipsoid_run_n(const long *run_id, const long *n, const double pos[][3], const double dir[][3],
+                            const double *margin, double t[][2], long *n_points, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_ray_ellipsoid_n(model_id, n, pos, dir, margin, t, n_points, status, ierr);
+    });
+}
+
 long kl_ray_height_run(const long *run_id, const double pos[3], const double dir[3], const double *height, double t[2],
                        long *n_points, long *ierr)
 {
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_ray_height(model_id, pos, dir, height, t, n_points, ierr);
+    });
+}
+
+long kl_ray_height_run_n(const long *run_id, const long *n, const double pos[][3], const double dir[][3],
+                         const double *height, double t[][2], long *n_points, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_ray_height_n(model_id, n, pos, dir, height, t, n_points, status, ierr);
     });
 }
 
@@ -393,12 +409,30 @@ long kl_ray_tangent_run(const long *run_id, const double pos[3], const double di
     });
 }
 
+long kl_ray_tangent_run_n(const long *run_id, const long *n, const double pos[][3], const double dir[][3], double *t,
+                          double point[][3], kl_geodetic *geodetic, long *meets_earth, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_ray_tangent_n(model_id, n, pos, dir, t, point, geodetic, meets_earth, status, ierr);
+    });
+}
+
 long kl_eclipse_run(const long *run_id, const long *light_time, const long *cs, const long *time_ref,
                     const double *time, const double pos[3], const double *margin, long *state, double *fraction,
                     double *depth, long *ierr)
 {
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_eclipse(model_id, time_id, light_time, cs, time_ref, time, pos, margin, state, fraction, depth, ierr);
+    });
+}
+
+long kl_eclipse_run_n(const long *run_id, const long *n, const long *light_time, const long *cs, const long *time_ref,
+                      const double *time, const double pos[][3], const double *margin, long *state, double *fraction,
+                      double *depth, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_eclipse_n(model_id, time_id, n, light_time, cs, time_ref, time, pos, margin, state, fraction, depth,
+                            status, ierr);
     });
 }
 
@@ -437,6 +471,16 @@ long kl_star_radec_run(const long *run_id, const long *corrections, const long *
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_star_radec(model_id, time_id, corrections, cs_out, time_ref, time, star, observer_pos, observer_vel,
                              place, ierr);
+    });
+}
+
+long kl_star_radec_run_n(const long *run_id, const long *n, const long *corrections, const long *cs_out,
+                         const long *time_ref, const double *time, const kl_star *star, const double observer_pos[][3],
+                         const double observer_vel[][3], kl_radec *place, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_star_radec_n(model_id, time_id, n, corrections, cs_out, time_ref, time, star, observer_pos,
+                               observer_vel, place, status, ierr);
     });
 }
 

@@ -135,6 +135,31 @@ long star_radec_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *c
     return call.status();
 }
 
+bool star_radec_refuses_all(Activation &call, const kl_time_id *time_id, const long *corrections, const long *cs_out,
+                            const long *time_ref, const double *time, const kl_star *star, const kl_radec *place)
+{
+    constexpr CodeMap kInput[] = {{KL_CHECK_IN_REF, KL_STAR_RADEC_TIME_REF_ERR},
+                                  {KL_CHECK_IN_DAYS, KL_STAR_RADEC_DATE_ERR}};
+    constexpr double kAnyDate = 0.0;
+    ErrorRecord check;
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
+    if (KL_Time_check_processing_inputs(KL_PROC, ref, time != nullptr ? &kAnyDate : &kNan, &check) != KL_OK
+        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+        return true;
+    if (!are_corrections(corrections))
+        call.fails(KL_STAR_RADEC_CORRECTIONS_ERR);
+    else if (!is_star_frame(cs_out))
+        call.fails(KL_STAR_RADEC_CS_OUT_ERR);
+    else if (star == nullptr)
+        call.fails(KL_STAR_RADEC_STAR_ERR);
+    else if (place != nullptr) {
+        if (KL_Id_init_status(time_id) != 0 || (ref == KL_TIME_TAI && is_free_of_ut1(*cs_out)))
+            return false;
+        call.fails(KL_STAR_RADEC_TIME_ID_ERR);
+    }
+    return true;
+}
+
 long kl_star_radec(kl_model_id *model_id, kl_time_id *time_id, const long *corrections, const long *cs_out,
                    const long *time_ref, const double *time, const kl_star *star, const double observer_pos[3],
                    const double observer_vel[3], kl_radec *place, long *ierr)

@@ -26,4 +26,8 @@ long star_radec_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *c
                        const long *time_ref, const double *time, const kl_star *star, const double observer_pos[3],
                        const double observer_vel[3], kl_radec *place, StarSky *sky, long *ierr);
 
+// For arrays: does what all elements share refuse the call? Then the condition is recorded.
+bool star_radec_refuses_all(Activation &call, const kl_time_id *time_id, const long *corrections, const long *cs_out,
+                            const long *time_ref, const double *time, const kl_star *star, const kl_radec *place);
+
 #endif

@@ -1,0 +1,137 @@
+// Array forms of roots, lines of sight and eclipses.
+#include "arrays/array_call.h"
+#include "geometry/eclipse_doors.h"
+#include "kl_family.h"
+
+namespace {
+
+// Functions without conditions: n elements alone.
+template <class One, class Fail>
+long each_alone(const long *n, long *status, long *ierr, One one, Fail fail)
+{
+    if (ierr != nullptr)
+        *ierr = 0;
+    if (n == nullptr || *n < 0)
+        return KL_ERR;
+    long result = KL_OK;
+    for (long i = 0; i < *n; ++i) {
+        const long own = one(i);
+        if (own == KL_ERR) {
+            fail(i);
+            result = KL_ERR;
+        }
+        if (status != nullptr)
+            status[i] = own;
+    }
+    return result;
+}
+
+// Element i of an array that may be missing.
+template <class T>
+T *at(T *array, long i)
+{
+    return array != nullptr ? array + i : nullptr;
+}
+template <class T, std::size_t M>
+T *at(T (*array)[M], long i)
+{
+    return array != nullptr ? array[i] : nullptr;
+}
+
+template <class T>
+void fill_zero(T *out, long i)
+{
+    if (out != nullptr)
+        out[i] = 0;
+}
+
+} // namespace
+
+long kl_poly_real_roots_n(const long *n, const long *order, const double *c, double roots[][4], long *n_roots,
+                          long *status, long *ierr)
+{
+    const bool known = order != nullptr && *order >= 1 && *order <= 4;
+    const long stride = known ? *order + 1 : 0;
+    return each_alone(
+        n, status, ierr,
+        [&](long i) {
+            return known ? kl_poly_real_roots(order, at(c, i * stride), at(roots, i), at(n_roots, i), nullptr)
+                         : long{KL_ERR};
+        },
+        [&](long i) {
+            fill_nan(roots, i);
+            fill_zero(n_roots, i);
+        });
+}
+
+long kl_ray_ellipsoid_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3],
+                        const double *margin, double t[][2], long *n_points, long *status, long *ierr)
+{
+    return each_alone(
+        n, status, ierr,
+        [&](long i) {
+            return kl_ray_ellipsoid(model_id, at(pos, i), at(dir, i), at(margin, i), at(t, i), at(n_points, i),
+                                    nullptr);
+        },
+        [&](long i) {
+            fill_nan(t, i);
+            fill_zero(n_points, i);
+        });
+}
+
+long kl_ray_height_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3],
+                     const double *height, double t[][2], long *n_points, long *status, long *ierr)
+{
+    return each_alone(
+        n, status, ierr,
+        [&](long i) {
+            return kl_ray_height(model_id, at(pos, i), at(dir, i), at(height, i), at(t, i), at(n_points, i), nullptr);
+        },
+        [&](long i) {
+            fill_nan(t, i);
+            fill_zero(n_points, i);
+        });
+}
+
+long kl_ray_tangent_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3], double *t,
+                      double point[][3], kl_geodetic *geodetic, long *meets_earth, long *status, long *ierr)
+{
+    return each_alone(
+        n, status, ierr,
+        [&](long i) {
+            return kl_ray_tangent(model_id, at(pos, i), at(dir, i), at(t, i), at(point, i), at(geodetic, i),
+                                  at(meets_earth, i), nullptr);
+        },
+        [&](long i) {
+            constexpr double kNan = kNotANumber;
+            fill_nan(t, i);
+            fill_nan(point, i);
+            if (geodetic != nullptr)
+                geodetic[i] = {kNan, kNan, kNan, kNan, kNan, kNan};
+            fill_zero(meets_earth, i);
+        });
+}
+
+long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *light_time, const long *cs,
+                  const long *time_ref, const double *time, const double pos[][3], const double *margin, long *state,
+                  double *fraction, double *depth, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_ECLIPSE, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_zero(state, i);
+        fill_nan(fraction, i);
+        fill_nan(depth, i);
+    };
+    if (eclipse_refuses_all(array.call(), time_id, light_time, cs, time_ref, time, pos != nullptr ? pos[0] : nullptr,
+                            state, fraction, depth))
+        return array.refuse(fail);
+    EclipseSky sky;
+    return array.each(
+        [&](long i, long *word) {
+            return eclipse_of_one(model_id, time_id, light_time, cs, time_ref, time + i, pos[i], at(margin, i),
+                                  state + i, fraction + i, depth + i, &sky, word);
+        },
+        fail);
+}
