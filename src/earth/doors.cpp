@@ -1,9 +1,10 @@
 // Geodetic, polar and topocentric coordinates, geodesics and grids: the public functions.
+#include "arrays/array_call.h"
+#include "earth/coordinate_kernels.h"
 #include "earth/geodesic.h"
 #include "earth/geodetic.h"
 #include "earth/polar.h"
 #include "earth/transverse_mercator.h"
-#include "errors/activation.h"
 #include "models/model_record.h"
 #include "numbers/bounds.h"
 #include "numbers/numbers.h"
@@ -441,4 +442,284 @@ long kl_utm_to_geod(kl_model_id *model_id, const long *zone, const long *north, 
     if (!ellipsoid_of_model(model_id, &e))
         return KL_ERR;
     return utm_to_geod(grid_series(e), zone, north, easting, northing, lat, lon);
+}
+
+// ---- arrays ----
+
+namespace {
+
+void fill_nan(kl_geodetic *out, long i)
+{
+    if (out != nullptr)
+        out[i] = {kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber};
+}
+void fill_nan(kl_radec *out, long i)
+{
+    if (out != nullptr)
+        out[i] = {kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber};
+}
+void fill_nan(kl_topocentric *out, long i)
+{
+    if (out != nullptr)
+        out[i] = {kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber};
+}
+
+// Element i of an array that may be missing.
+template <class T>
+T *element(T *array, long i)
+{
+    return array != nullptr ? array + i : nullptr;
+}
+template <class T>
+T *element(T (*array)[3], long i)
+{
+    return array != nullptr ? array[i] : nullptr;
+}
+
+} // namespace
+
+long kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *in,
+                       double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_GEOD_TO_CART, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_nan(pos, i);
+        fill_nan(vel, i);
+    };
+    Ellipsoid e;
+    if (!is_mode(calc_mode)) {
+        array.call().fails(KL_GEOD_TO_CART_CALC_MODE_ERR);
+        return array.refuse(fail);
+    }
+    if (!ellipsoid_of_model(model_id, &e))
+        return array.refuse(fail);
+    const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_GEOD_TO_CART, word);
+            return geod_to_cart(call, e, rates, element(in, i), element(pos, i), element(vel, i));
+        },
+        fail);
+}
+
+long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mode, const double pos[][3],
+                       const double vel[][3], kl_geodetic *out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_CART_TO_GEOD, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) { fill_nan(out, i); };
+    Ellipsoid e;
+    if (!is_mode(calc_mode)) {
+        array.call().fails(KL_CART_TO_GEOD_CALC_MODE_ERR);
+        return array.refuse(fail);
+    }
+    if (!ellipsoid_of_model(model_id, &e))
+        return array.refuse(fail);
+    const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    const bool given = pos != nullptr && out != nullptr && (vel != nullptr || !rates);
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_CART_TO_GEOD, word);
+            return cart_to_geod(call, e, rates, element(pos, i), element(vel, i), element(out, i));
+        },
+        fail,
+        [&](long first, long count, LeftOver &left) {
+            if (!given)
+                return false;
+            GeodeticBlock block;
+            for (long k = 0; k < count; ++k) {
+                const double *x = pos[first + k];
+                for (int j = 0; j < 3; ++j) {
+                    block.in[j][k] = x[j];
+                    block.in[3 + j][k] = rates ? vel[first + k][j] : 0.0;
+                }
+                // What is refused, and what warnings are due for, goes by the scalar call.
+                if (!holds_vector(x, kFarthest) || x[2] == 0.0 || x[0] * x[0] + x[1] * x[1] < 1.0
+                    || (rates && !holds_vector(vel[first + k], KL_LARGEST_VELOCITY)))
+                    left.add(k);
+            }
+            for (auto &column : block.in)
+                pad(column, count);
+            geodetic_block_kernel()(e.a, e.f, rates, &block, padded(count));
+            for (long k = 0; k < count; ++k)
+                if (!left.has(k))
+                    out[first + k] = {block.out[0][k], block.out[1][k], block.out[2][k],
+                                      block.out[3][k], block.out[4][k], block.out[5][k]};
+            return true;
+        });
+}
+
+long kl_cart_to_radec_n(kl_model_id *, const long *n, const long *calc_mode, const double pos[][3],
+                        const double vel[][3], kl_radec *out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_CART_TO_RADEC, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) { fill_nan(out, i); };
+    if (!is_mode(calc_mode)) {
+        array.call().fails(KL_CART_TO_RADEC_CALC_MODE_ERR);
+        return array.refuse(fail);
+    }
+    const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_CART_TO_RADEC, word);
+            return cart_to_radec(call, rates, element(pos, i), element(vel, i), element(out, i));
+        },
+        fail);
+}
+
+long kl_radec_to_cart_n(kl_model_id *, const long *n, const long *calc_mode, const kl_radec *in, double pos[][3],
+                        double vel[][3], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_RADEC_TO_CART, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_nan(pos, i);
+        fill_nan(vel, i);
+    };
+    if (!is_mode(calc_mode)) {
+        array.call().fails(KL_RADEC_TO_CART_CALC_MODE_ERR);
+        return array.refuse(fail);
+    }
+    const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_RADEC_TO_CART, word);
+            return radec_to_cart(call, rates, element(in, i), element(pos, i), element(vel, i));
+        },
+        fail);
+}
+
+long kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin,
+                            const double pos[][3], const double vel[][3], kl_topocentric *out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_EF_TO_TOPOCENTRIC, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) { fill_nan(out, i); };
+    Ellipsoid e;
+    Station station;
+    if (!is_mode(calc_mode)) {
+        array.call().fails(KL_EF_TO_TOPOCENTRIC_CALC_MODE_ERR);
+        return array.refuse(fail);
+    }
+    if (!ellipsoid_of_model(model_id, &e))
+        return array.refuse(fail);
+    if (!station_at(e, origin, &station)) {
+        array.call().fails(KL_EF_TO_TOPOCENTRIC_ORIGIN_ERR);
+        return array.refuse(fail);
+    }
+    const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_EF_TO_TOPOCENTRIC, word);
+            return ef_to_topocentric(call, station, rates, element(pos, i), element(vel, i), element(out, i));
+        },
+        fail);
+}
+
+long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin,
+                            const kl_topocentric *in, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TOPOCENTRIC_TO_EF, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_nan(pos, i);
+        fill_nan(vel, i);
+    };
+    Ellipsoid e;
+    Station station;
+    if (!is_mode(calc_mode)) {
+        array.call().fails(KL_TOPOCENTRIC_TO_EF_CALC_MODE_ERR);
+        return array.refuse(fail);
+    }
+    if (!ellipsoid_of_model(model_id, &e))
+        return array.refuse(fail);
+    if (!station_at(e, origin, &station)) {
+        array.call().fails(KL_TOPOCENTRIC_TO_EF_ORIGIN_ERR);
+        return array.refuse(fail);
+    }
+    const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_TOPOCENTRIC_TO_EF, word);
+            return topocentric_to_ef(call, station, rates, element(in, i), element(pos, i), element(vel, i));
+        },
+        fail);
+}
+
+long kl_geod_distance_n(kl_model_id *model_id, const long *n, const double *lat1, const double *lon1,
+                        const double *lat2, const double *lon2, double *distance, double *azimuth1, double *azimuth2,
+                        long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_GEOD_DISTANCE, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_nan(distance, i);
+        fill_nan(azimuth1, i);
+        fill_nan(azimuth2, i);
+    };
+    Ellipsoid e;
+    if (!ellipsoid_of_model(model_id, &e))
+        return array.refuse(fail);
+    const GeodesicSeries g = geodesic_series(e);
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_GEOD_DISTANCE, word);
+            return geod_distance(call, g, element(lat1, i), element(lon1, i), element(lat2, i), element(lon2, i),
+                                 element(distance, i), element(azimuth1, i), element(azimuth2, i));
+        },
+        fail);
+}
+
+long kl_geod_point_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon, const double *azimuth,
+                     const double *distance, double *lat2, double *lon2, double *azimuth2, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_INIT_ERR, n, status, ierr); // nothing is recorded
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_nan(lat2, i);
+        fill_nan(lon2, i);
+        fill_nan(azimuth2, i);
+    };
+    Ellipsoid e;
+    if (!ellipsoid_of_model(model_id, &e))
+        return array.refuse(fail);
+    const GeodesicSeries g = geodesic_series(e);
+    return array.each(
+        [&](long i, long *) {
+            return geod_point(g, element(lat, i), element(lon, i), element(azimuth, i), element(distance, i),
+                              element(lat2, i), element(lon2, i), element(azimuth2, i));
+        },
+        fail);
+}
+
+long kl_utm_to_geod_n(kl_model_id *model_id, const long *n, const long *zone, const long *north, const double *easting,
+                      const double *northing, double *lat, double *lon, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_INIT_ERR, n, status, ierr); // nothing is recorded
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_nan(lat, i);
+        fill_nan(lon, i);
+    };
+    Ellipsoid e;
+    if (!ellipsoid_of_model(model_id, &e))
+        return array.refuse(fail);
+    const GridSeries g = grid_series(e);
+    return array.each(
+        [&](long i, long *) {
+            return utm_to_geod(g, element(zone, i), element(north, i), element(easting, i), element(northing, i),
+                               element(lat, i), element(lon, i));
+        },
+        fail);
 }

@@ -28,12 +28,15 @@ inline Ellipsoid ellipsoid_of_axes(double a, double b)
     return {a, b, b / a, e2, a * e2, f};
 }
 
-inline Ellipsoid ellipsoid_of(const EarthModel &earth)
+inline Ellipsoid ellipsoid_of_constants(double a, double f)
 {
-    const double a = earth.semi_major_axis;
-    const double f = earth.flattening;
     const double e2 = f * (2.0 - f);
     return {a, a * (1.0 - f), 1.0 - f, e2, a * e2, f};
+}
+
+inline Ellipsoid ellipsoid_of(const EarthModel &earth)
+{
+    return ellipsoid_of_constants(earth.semi_major_axis, earth.flattening);
 }
 
 // Across and along the meridian, m, at the latitude of this sine.

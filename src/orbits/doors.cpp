@@ -1,6 +1,6 @@
 // Elements, angles on the orbit, local frames and crossings: the public functions.
+#include "arrays/array_call.h"
 #include "bodies/bodies.h"
-#include "errors/activation.h"
 #include "models/model_record.h"
 #include "numbers/bounds.h"
 #include "orbits/crossings.h"
@@ -11,6 +11,7 @@
 #include "time/scales.h"
 
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -145,6 +146,11 @@ constexpr CodeMap kInput[] = {
     {KL_CHECK_IN_REF, KL_POSITION_ON_ORBIT_TIME_REF_ERR},
     {KL_CHECK_IN_DAYS, KL_POSITION_ON_ORBIT_DATE_ERR},
 };
+
+bool is_mode(const long *calc_mode)
+{
+    return calc_mode != nullptr && *calc_mode >= KL_CALC_POS && *calc_mode <= KL_CALC_POS_VEL_ACC;
+}
 
 // Frames of which the chain carries a velocity.
 bool is_frame_of_states(const long *cs)
@@ -340,7 +346,7 @@ long kl_position_on_orbit(kl_model_id *model_id, kl_time_id *time_id, const long
     if (KL_Time_check_processing_inputs(KL_PROC, ref, time, &check) != 0
         && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
         return KL_ERR;
-    if (calc_mode == nullptr || *calc_mode < KL_CALC_POS || *calc_mode > KL_CALC_POS_VEL_ACC)
+    if (!is_mode(calc_mode))
         return call.fails(KL_POSITION_ON_ORBIT_CALC_MODE_ERR);
     if (!is_frame_of_states(cs))
         return call.fails(KL_POSITION_ON_ORBIT_CS_ERR);
@@ -424,4 +430,160 @@ long kl_find_crossings(kl_crossing_function f, void *context, const double *star
     const long status = find_crossings({f, context, *start, *stop, *step, *tolerance}, *max, &count, found);
     *n = status == KL_ERR ? 0 : count;
     return status;
+}
+
+// ---- arrays ----
+
+namespace {
+
+// The records are doubles throughout.
+template <class Record>
+void fill_record(Record *out, long i)
+{
+    constexpr std::size_t kFields = sizeof(Record) / sizeof(double);
+    static_assert(kFields * sizeof(double) == sizeof(Record));
+    double fields[kFields];
+    for (double &field : fields)
+        field = kNotANumber;
+    if (out != nullptr)
+        std::memcpy(out + i, fields, sizeof fields);
+}
+
+// Element i of an array that may be missing.
+template <class T>
+T *element(T *array, long i)
+{
+    return array != nullptr ? array + i : nullptr;
+}
+template <class T, std::size_t N>
+T *element(T (*array)[N], long i)
+{
+    return array != nullptr ? array[i] : nullptr;
+}
+
+} // namespace
+
+long kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, const kl_kepler *in, double pos[][3],
+                       double vel[][3], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_KEPL_TO_CART, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_nan(pos, i);
+        fill_nan(vel, i);
+    };
+    Field field;
+    if (!is_kind(kind)) {
+        array.call().fails(KL_KEPL_TO_CART_KIND_ERR);
+        return array.refuse(fail);
+    }
+    if (!field_of_model(model_id, &field))
+        return array.refuse(fail);
+    const bool mean = *kind == KL_KEPLER_MEAN;
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_KEPL_TO_CART, word);
+            return kepl_to_cart(call, field, mean, element(in, i), element(pos, i), element(vel, i));
+        },
+        fail);
+}
+
+long kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, const double pos[][3],
+                       const double vel[][3], kl_kepler *out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_CART_TO_KEPL, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) { fill_record(out, i); };
+    Field field;
+    if (!is_kind(kind)) {
+        array.call().fails(KL_CART_TO_KEPL_KIND_ERR);
+        return array.refuse(fail);
+    }
+    if (!field_of_model(model_id, &field))
+        return array.refuse(fail);
+    const bool mean = *kind == KL_KEPLER_MEAN;
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_CART_TO_KEPL, word);
+            return cart_to_kepl(call, field, mean, element(pos, i), element(vel, i), element(out, i));
+        },
+        fail);
+}
+
+long kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *calc_mode,
+                            const long *cs, const long *time_ref, const double *time, const double pos[][3],
+                            const double vel[][3], const double acc[][3], kl_orbit_angle *out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_POSITION_ON_ORBIT, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) { fill_record(out, i); };
+    constexpr double kInRange = 0.0;
+    const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
+    ErrorRecord check;
+    if (KL_Time_check_processing_inputs(KL_PROC, ref, &kInRange, &check) != 0
+        && array.call().stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+        return array.refuse(fail);
+    if (!is_mode(calc_mode)) {
+        array.call().fails(KL_POSITION_ON_ORBIT_CALC_MODE_ERR);
+        return array.refuse(fail);
+    }
+    if (!is_frame_of_states(cs)) {
+        array.call().fails(KL_POSITION_ON_ORBIT_CS_ERR);
+        return array.refuse(fail);
+    }
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_POSITION_ON_ORBIT, word);
+            ErrorRecord date;
+            const double *at = element(time, i);
+            if (KL_Time_check_processing_inputs(KL_PROC, ref, at, &date) != 0
+                && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, date, kInput))
+                return long{KL_ERR};
+            return position_on_orbit(call, model_id, time_id, *calc_mode, *cs, ref, *at, element(pos, i),
+                                     element(vel, i), element(acc, i), element(out, i));
+        },
+        fail);
+}
+
+long kl_local_orbital_frame_n(const long *n, const long *kind, const double pos[][3], const double vel[][3],
+                              const double acc[][3], double r[][9], double dr[][9], long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_INIT_ERR, n, status, ierr); // nothing is recorded
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_nan(r, i);
+        fill_nan(dr, i);
+    };
+    if (kind == nullptr)
+        return array.refuse(fail);
+    return array.each(
+        [&](long i, long *) {
+            return KL_Local_orbital_frame(*kind, element(pos, i), element(vel, i), element(acc, i), element(r, i),
+                                          element(dr, i));
+        },
+        fail);
+}
+
+long kl_orbit_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *cs, const long *time_ref,
+                    const double *time, const double pos[][3], const double vel[][3], kl_orbit_sun_angles *out,
+                    long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_INIT_ERR, n, status, ierr); // nothing is recorded
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) { fill_record(out, i); };
+    if (time_ref == nullptr || !is_frame_of_states(cs))
+        return array.refuse(fail);
+    return array.each(
+        [&](long i, long *) {
+            const double *at = element(time, i);
+            if (KL_Time_check_processing_inputs(KL_PROC, *time_ref, at, nullptr) != 0)
+                return long{KL_ERR};
+            return orbit_sun(model_id, time_id, *cs, *time_ref, *at, element(pos, i), element(vel, i), element(out, i));
+        },
+        fail);
 }
