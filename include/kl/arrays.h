@@ -9,9 +9,11 @@
 #include "kl/array_rules.h"
 #include "kl/bodies.h"
 #include "kl/clocks.h"
+#include "kl/coordinates.h"
 #include "kl/formats.h"
 #include "kl/frames.h"
 #include "kl/geometry.h"
+#include "kl/orientation.h"
 #include "kl/rotations.h"
 #include "kl/stars.h"
 #include "kl/time.h"
@@ -60,6 +62,91 @@ KL_API long kl_time_cuc_to_processing_n(kl_time_id *time_id, const long *n, cons
 KL_API long kl_time_processing_to_cuc_n(kl_time_id *time_id, const long *n, const kl_cuc_config *config,
                                         const long *time_ref, const double *time, const long *width, unsigned char *cuc,
                                         long *status, long *ierr);
+/** kl_geod_to_cart for n elements. */
+KL_API long kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *in,
+                              double pos[][3], double vel[][3], long *status, long *ierr);
+/** kl_geod_to_cart_n with the model id of a run. */
+KL_API long kl_geod_to_cart_run_n(const long *run_id, const long *n, const long *calc_mode, const kl_geodetic *in,
+                                  double pos[][3], double vel[][3], long *status, long *ierr);
+/** kl_cart_to_geod for n elements. */
+KL_API long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mode, const double pos[][3],
+                              const double vel[][3], kl_geodetic *out, long *status, long *ierr);
+/** kl_cart_to_geod_n with the model id of a run. */
+KL_API long kl_cart_to_geod_run_n(const long *run_id, const long *n, const long *calc_mode, const double pos[][3],
+                                  const double vel[][3], kl_geodetic *out, long *status, long *ierr);
+/** kl_kepl_to_cart for n elements. */
+KL_API long kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, const kl_kepler *in,
+                              double pos[][3], double vel[][3], long *status, long *ierr);
+/** kl_kepl_to_cart_n with the model id of a run. */
+KL_API long kl_kepl_to_cart_run_n(const long *run_id, const long *n, const long *kind, const kl_kepler *in,
+                                  double pos[][3], double vel[][3], long *status, long *ierr);
+/** kl_cart_to_kepl for n elements. */
+KL_API long kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, const double pos[][3],
+                              const double vel[][3], kl_kepler *out, long *status, long *ierr);
+/** kl_cart_to_kepl_n with the model id of a run. */
+KL_API long kl_cart_to_kepl_run_n(const long *run_id, const long *n, const long *kind, const double pos[][3],
+                                  const double vel[][3], kl_kepler *out, long *status, long *ierr);
+/** kl_geod_distance for n elements. */
+KL_API long kl_geod_distance_n(kl_model_id *model_id, const long *n, const double *lat1, const double *lon1,
+                               const double *lat2, const double *lon2, double *distance, double *azimuth1,
+                               double *azimuth2, long *status, long *ierr);
+/** kl_geod_distance_n with the model id of a run. */
+KL_API long kl_geod_distance_run_n(const long *run_id, const long *n, const double *lat1, const double *lon1,
+                                   const double *lat2, const double *lon2, double *distance, double *azimuth1,
+                                   double *azimuth2, long *status, long *ierr);
+/** kl_geod_point for n elements. */
+KL_API long kl_geod_point_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon,
+                            const double *azimuth, const double *distance, double *lat2, double *lon2, double *azimuth2,
+                            long *status, long *ierr);
+/** kl_position_on_orbit for n elements. */
+KL_API long kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *calc_mode,
+                                   const long *cs, const long *time_ref, const double *time, const double pos[][3],
+                                   const double vel[][3], const double acc[][3], kl_orbit_angle *out, long *status,
+                                   long *ierr);
+/** kl_position_on_orbit_n with the model and time ids of a run. */
+KL_API long kl_position_on_orbit_run_n(const long *run_id, const long *n, const long *calc_mode, const long *cs,
+                                       const long *time_ref, const double *time, const double pos[][3],
+                                       const double vel[][3], const double acc[][3], kl_orbit_angle *out, long *status,
+                                       long *ierr);
+/** kl_orbit_sun for n elements. */
+KL_API long kl_orbit_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *cs,
+                           const long *time_ref, const double *time, const double pos[][3], const double vel[][3],
+                           kl_orbit_sun_angles *out, long *status, long *ierr);
+/** kl_cart_to_radec for n elements. */
+KL_API long kl_cart_to_radec_n(kl_model_id *model_id, const long *n, const long *calc_mode, const double pos[][3],
+                               const double vel[][3], kl_radec *out, long *status, long *ierr);
+/** kl_cart_to_radec_n with the model id of a run. */
+KL_API long kl_cart_to_radec_run_n(const long *run_id, const long *n, const long *calc_mode, const double pos[][3],
+                                   const double vel[][3], kl_radec *out, long *status, long *ierr);
+/** kl_radec_to_cart for n elements. */
+KL_API long kl_radec_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_radec *in,
+                               double pos[][3], double vel[][3], long *status, long *ierr);
+/** kl_radec_to_cart_n with the model id of a run. */
+KL_API long kl_radec_to_cart_run_n(const long *run_id, const long *n, const long *calc_mode, const kl_radec *in,
+                                   double pos[][3], double vel[][3], long *status, long *ierr);
+/** kl_ef_to_topocentric for n elements. */
+KL_API long kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *calc_mode,
+                                   const kl_geodetic *origin, const double pos[][3], const double vel[][3],
+                                   kl_topocentric *out, long *status, long *ierr);
+/** kl_ef_to_topocentric_n with the model id of a run. */
+KL_API long kl_ef_to_topocentric_run_n(const long *run_id, const long *n, const long *calc_mode,
+                                       const kl_geodetic *origin, const double pos[][3], const double vel[][3],
+                                       kl_topocentric *out, long *status, long *ierr);
+/** kl_topocentric_to_ef for n elements. */
+KL_API long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *calc_mode,
+                                   const kl_geodetic *origin, const kl_topocentric *in, double pos[][3],
+                                   double vel[][3], long *status, long *ierr);
+/** kl_topocentric_to_ef_n with the model id of a run. */
+KL_API long kl_topocentric_to_ef_run_n(const long *run_id, const long *n, const long *calc_mode,
+                                       const kl_geodetic *origin, const kl_topocentric *in, double pos[][3],
+                                       double vel[][3], long *status, long *ierr);
+/** kl_utm_to_geod for n elements. */
+KL_API long kl_utm_to_geod_n(kl_model_id *model_id, const long *n, const long *zone, const long *north,
+                             const double *easting, const double *northing, double *lat, double *lon, long *status,
+                             long *ierr);
+/** kl_local_orbital_frame for n elements. */
+KL_API long kl_local_orbital_frame_n(const long *n, const long *kind, const double pos[][3], const double vel[][3],
+                                     const double acc[][3], double r[][9], double dr[][9], long *status, long *ierr);
 /** kl_time_processing_to_processing for n elements. */
 KL_API long kl_time_processing_to_processing_n(kl_time_id *time_id, const long *n, const long *proc_id_in,
                                                const long *time_ref_in, const double *time_in, const long *proc_id_out,
@@ -191,6 +278,33 @@ KL_API long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long 
 KL_API long kl_eclipse_run_n(const long *run_id, const long *n, const long *light_time, const long *cs,
                              const long *time_ref, const double *time, const double pos[][3], const double *margin,
                              long *state, double *fraction, double *depth, long *status, long *ierr);
+/** kl_earth_orientation_get for n elements. */
+KL_API long kl_earth_orientation_get_n(kl_time_id *time_id, const long *n, const long *corrections,
+                                       const long *time_ref, const double *time, kl_earth_orientation *out,
+                                       long *status, long *ierr);
+/** kl_earth_orientation_get_n with the time id of a run. */
+KL_API long kl_earth_orientation_get_run_n(const long *run_id, const long *n, const long *corrections,
+                                           const long *time_ref, const double *time, kl_earth_orientation *out,
+                                           long *status, long *ierr);
+/** kl_iers_matrix for n elements. */
+KL_API long kl_iers_matrix_n(kl_time_id *time_id, const long *n, const long *corrections, const long *cs_in,
+                             const long *cs_out, const long *time_ref, const double *time, const long *calc_mode,
+                             double r[][9], double dr[][9], double ddr[][9], long *status, long *ierr);
+/** kl_iers_matrix_n with the time id of a run. */
+KL_API long kl_iers_matrix_run_n(const long *run_id, const long *n, const long *corrections, const long *cs_in,
+                                 const long *cs_out, const long *time_ref, const double *time, const long *calc_mode,
+                                 double r[][9], double dr[][9], double ddr[][9], long *status, long *ierr);
+/** kl_iers_change for n elements. */
+KL_API long kl_iers_change_n(kl_time_id *time_id, const long *n, const long *corrections, const long *calc_mode,
+                             const long *cs_in, const long *cs_out, const long *time_ref, const double *time,
+                             const double pos[][3], const double vel[][3], const double acc[][3], double pos_out[][3],
+                             double vel_out[][3], double acc_out[][3], long *status, long *ierr);
+/** kl_iers_change_n with the time id of a run. */
+KL_API long kl_iers_change_run_n(const long *run_id, const long *n, const long *corrections, const long *calc_mode,
+                                 const long *cs_in, const long *cs_out, const long *time_ref, const double *time,
+                                 const double pos[][3], const double vel[][3], const double acc[][3],
+                                 double pos_out[][3], double vel_out[][3], double acc_out[][3], long *status,
+                                 long *ierr);
 /** kl_quaternions_to_vectors for n elements. */
 KL_API long kl_quaternions_to_vectors_n(const long *n, const double q[][4], double x[][3], double y[][3], double z[][3],
                                         long *status, long *ierr);

@@ -231,7 +231,7 @@ def time_processing_to_cuc(t, /, *, config, ref=Time.UTC, time=None, errors="rai
     return _time_processing_to_cuc((t,), (config, ref,), (time,), errors, return_status)
 
 
-_geod_to_cart = _Function("kl_geod_to_cart", "kitlib_kl_geod_to_cart_n", 18, 1, BodyStateResult, True, (
+_geod_to_cart = _Function("kl_geod_to_cart", "kl_geod_to_cart_n", 18, 1, BodyStateResult, True, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode),
@@ -259,12 +259,11 @@ def geod_to_cart(latitude, longitude, height, latitude_rate=None, longitude_rate
         LONGITUDE_ERR: outside -360 to 360, or NaN
         HEIGHT_ERR: below the centre or above 1e12 m, or NaN
         RATES_ERR: mode 2: not finite, or of a velocity that is not
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _geod_to_cart((latitude, longitude, height, latitude_rate, longitude_rate, height_rate,), (_mode(mode, latitude_rate, None),), (model,), errors, return_status)
 
 
-_cart_to_geod = _Function("kl_cart_to_geod", "kitlib_kl_cart_to_geod_n", 19, 1, GeodeticResult, False, (
+_cart_to_geod = _Function("kl_cart_to_geod", "kl_cart_to_geod_n", 19, 1, GeodeticResult, False, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode),
@@ -293,12 +292,11 @@ def cart_to_geod(pos, vel=None, /, *, mode=None, model=None, errors="raise", ret
         TWO_FEET_WARN (W): in the plane of the equator, within 42697.67 m of the centre; or the latitude has no
             rate
         POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rate is 0
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _cart_to_geod((pos, vel,), (_mode(mode, vel, None),), (model,), errors, return_status)
 
 
-_kepl_to_cart = _Function("kl_kepl_to_cart", "kitlib_kl_kepl_to_cart_n", 20, 1, BodyStateResult, True, (
+_kepl_to_cart = _Function("kl_kepl_to_cart", "kl_kepl_to_cart_n", 20, 1, BodyStateResult, True, (
     ("model",),
     ("n",),
     ("select", _table.Elements),
@@ -326,12 +324,11 @@ def kepl_to_cart(semi_major_axis, eccentricity, inclination, raan, arg_perigee, 
         INCLINATION_ERR: outside 0 to 180, or NaN
         ANGLES_ERR: not finite, or beyond 1e8 deg
         MEAN_ERR: e from 0.99 on, a (1 - e^2) below half the gravity radius, or no ellipse belongs to them
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _kepl_to_cart((semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly,), (kind,), (model,), errors, return_status)
 
 
-_cart_to_kepl = _Function("kl_cart_to_kepl", "kitlib_kl_cart_to_kepl_n", 21, 1, KeplerResult, False, (
+_cart_to_kepl = _Function("kl_cart_to_kepl", "kl_cart_to_kepl_n", 21, 1, KeplerResult, False, (
     ("model",),
     ("n",),
     ("select", _table.Elements),
@@ -359,12 +356,11 @@ def cart_to_kepl(pos, vel, /, *, kind=Elements.OSCULATING, model=None, errors="r
         CONIC_ERR: no angular momentum, or |2 - r v^2/gm| below 1e-9
         MEAN_ERR: hyperbola, e from 0.99 on, or a (1 - e^2) below half the gravity radius
         CONVERGENCE_ERR: no closure below 1e-13
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _cart_to_kepl((pos, vel,), (kind,), (model,), errors, return_status)
 
 
-_geod_distance = _Function("kl_geod_distance", "kitlib_kl_geod_distance_n", 26, 1, GeodesicResult, False, (
+_geod_distance = _Function("kl_geod_distance", "kl_geod_distance_n", 26, 1, GeodesicResult, False, (
     ("model",),
     ("n",),
     ("each", "lat1", 'f8', 0, False, False),
@@ -396,12 +392,11 @@ def geod_distance(lat1, lon1, lat2, lon2, /, *, model=None, errors="raise", retu
         LATITUDE2_ERR: outside -90 to 90, NaN, or NULL
         LONGITUDE2_ERR: outside -360 to 360, NaN, or NULL
         CONVERGENCE_ERR: not seen: a bracket is halved where steps leave it
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _geod_distance((lat1, lon1, lat2, lon2,), (), (model,), errors, return_status)
 
 
-_geod_point = _Function("kl_geod_point", "kitlib_kl_geod_point_n", None, 1, GeodesicEndResult, False, (
+_geod_point = _Function("kl_geod_point", "kl_geod_point_n", None, 1, GeodesicEndResult, False, (
     ("model",),
     ("n",),
     ("each", "lat", 'f8', 0, False, False),
@@ -427,12 +422,11 @@ def geod_point(lat, lon, azimuth, distance, /, *, model=None, errors="raise", re
         latitude: deg
         longitude: deg
         azimuth: deg, direction of travel there; NULL: not asked for
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _geod_point((lat, lon, azimuth, distance,), (), (model,), errors, return_status)
 
 
-_position_on_orbit = _Function("kl_position_on_orbit", "kitlib_kl_position_on_orbit_n", 32, 1, OrbitAngleResult, False, (
+_position_on_orbit = _Function("kl_position_on_orbit", "kl_position_on_orbit_n", 32, 1, OrbitAngleResult, False, (
     ("model",),
     ("time",),
     ("n",),
@@ -477,12 +471,11 @@ def position_on_orbit(t, pos, vel=None, acc=None, /, *, mode=None, cs=Frame.EF, 
         FORMULA_WARN (W): once, when a call leaves the table for the UT1-UTC formula
         GAP_WARN (W): once, when a call enters the gap between two bulletins
         VALIDITY_WARN (W): once, when a call leaves the validity of the table
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _position_on_orbit((t, pos, vel, acc,), (_mode(mode, True, acc), cs, ref,), (model, time,), errors, return_status)
 
 
-_orbit_sun = _Function("kl_orbit_sun", "kitlib_kl_orbit_sun_n", None, 1, OrbitSunAnglesResult, False, (
+_orbit_sun = _Function("kl_orbit_sun", "kl_orbit_sun_n", None, 1, OrbitSunAnglesResult, False, (
     ("model",),
     ("time",),
     ("n",),
@@ -509,12 +502,11 @@ def orbit_sun(t, pos, vel, /, *, cs=Frame.EF, ref=Time.UTC, model=None, time=Non
         time: TimeId, None: the correlation of the package
     Returns OrbitSunAngles:
         beta, node_true_solar_time, node_mean_solar_time, sun_to_satellite
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _orbit_sun((t, pos, vel,), (cs, ref,), (model, time,), errors, return_status)
 
 
-_cart_to_radec = _Function("kl_cart_to_radec", "kitlib_kl_cart_to_radec_n", 36, 1, RadecResult, False, (
+_cart_to_radec = _Function("kl_cart_to_radec", "kl_cart_to_radec_n", 36, 1, RadecResult, False, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode),
@@ -541,12 +533,11 @@ def cart_to_radec(pos, vel=None, /, *, mode=None, model=None, errors="raise", re
         POSITION_ERR: not finite, zero, or NULL
         VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s, or NULL
         POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rates are 0
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _cart_to_radec((pos, vel,), (_mode(mode, vel, None),), (model,), errors, return_status)
 
 
-_radec_to_cart = _Function("kl_radec_to_cart", "kitlib_kl_radec_to_cart_n", 37, 1, BodyStateResult, True, (
+_radec_to_cart = _Function("kl_radec_to_cart", "kl_radec_to_cart_n", 37, 1, BodyStateResult, True, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode),
@@ -574,12 +565,11 @@ def radec_to_cart(ra, dec, distance, ra_rate=None, dec_rate=None, distance_rate=
         DEC_ERR: outside -90 to 90, or NaN
         DISTANCE_ERR: negative, or not finite
         RATES_ERR: mode 2: not finite, or of a velocity that is not
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _radec_to_cart((ra, dec, distance, ra_rate, dec_rate, distance_rate,), (_mode(mode, ra_rate, None),), (model,), errors, return_status)
 
 
-_ef_to_topocentric = _Function("kl_ef_to_topocentric", "kitlib_kl_ef_to_topocentric_n", None, 1, TopocentricResult, False, (
+_ef_to_topocentric = _Function("kl_ef_to_topocentric", "kl_ef_to_topocentric_n", None, 1, TopocentricResult, False, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode),
@@ -603,12 +593,11 @@ def ef_to_topocentric(pos, vel=None, /, *, mode=None, origin, model=None, errors
     Returns Topocentric:
         azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate: azimuth, elevation, range; rates in
             mode 2
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _ef_to_topocentric((pos, vel,), (_mode(mode, vel, None), origin,), (model,), errors, return_status)
 
 
-_topocentric_to_ef = _Function("kl_topocentric_to_ef", "kitlib_kl_topocentric_to_ef_n", None, 1, BodyStateResult, True, (
+_topocentric_to_ef = _Function("kl_topocentric_to_ef", "kl_topocentric_to_ef_n", None, 1, BodyStateResult, True, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode),
@@ -632,7 +621,6 @@ def topocentric_to_ef(azimuth, elevation, range, azimuth_rate=None, elevation_ra
     Returns BodyState:
         pos: [..., 3], m, KL_EF
         vel: [..., 3], m/s, relative to the rotating axes; 0 in mode 1
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _topocentric_to_ef((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (_mode(mode, azimuth_rate, None), origin,), (model,), errors, return_status)
 
@@ -668,7 +656,7 @@ def Coticchia_Surace(lat, lon, zone, /, *, model=None, errors="raise", return_st
     return _Coticchia_Surace((lat, lon, zone,), (), (model,), errors, return_status)
 
 
-_utm_to_geod = _Function("kl_utm_to_geod", "kitlib_kl_utm_to_geod_n", None, 1, GridPlaceResult, False, (
+_utm_to_geod = _Function("kl_utm_to_geod", "kl_utm_to_geod_n", None, 1, GridPlaceResult, False, (
     ("model",),
     ("n",),
     ("each", "zone", 'i8', 0, False, False),
@@ -692,12 +680,11 @@ def utm_to_geod(zone, north, easting, northing, /, *, model=None, errors="raise"
     Returns GridPlace:
         latitude: deg
         longitude: deg
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _utm_to_geod((zone, north, easting, northing,), (), (model,), errors, return_status)
 
 
-_local_orbital_frame = _Function("kl_local_orbital_frame", "kitlib_kl_local_orbital_frame_n", None, 1, LocalFrameResult, False, (
+_local_orbital_frame = _Function("kl_local_orbital_frame", "kl_local_orbital_frame_n", None, 1, LocalFrameResult, False, (
     ("n",),
     ("select", _table.LocalFrame),
     ("each", "pos", 'f8', 3, False, False),
@@ -720,7 +707,6 @@ def local_orbital_frame(pos, vel, acc=None, /, *, kind=LocalFrame.QSW, errors="r
     Returns LocalFrame:
         r: [..., 9], rows: the axes in the frame of the state
         dr: [..., 9], 1/s, its derivative in time
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _local_orbital_frame((pos, vel, acc,), (kind,), (), errors, return_status)
 
@@ -1371,7 +1357,7 @@ def eclipse(t, pos, margin=None, /, *, light_time=1, cs=Frame.EF, ref=Time.UTC, 
     return _eclipse((t, pos, margin,), (light_time, cs, ref,), (model, time,), errors, return_status)
 
 
-_earth_orientation_get = _Function("kl_earth_orientation_get", "kitlib_kl_earth_orientation_get_n", None, 1, EarthOrientationResult, False, (
+_earth_orientation_get = _Function("kl_earth_orientation_get", "kl_earth_orientation_get_n", None, 1, EarthOrientationResult, False, (
     ("time",),
     ("n",),
     ("select", None),
@@ -1392,12 +1378,11 @@ def earth_orientation_get(t, /, *, corrections=0, ref=Time.UTC, time=None, error
         time: TimeId, None: the correlation of the package
     Returns EarthOrientation:
         x_pole, y_pole, ut1_utc, ut1_tai, dx, dy, cip_x, cip_y, s, s_prime, era, notes: the values
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _earth_orientation_get((t,), (corrections, ref,), (time,), errors, return_status)
 
 
-_iers_matrix = _Function("kl_iers_matrix", "kitlib_kl_iers_matrix_n", None, 1, MatrixStateResult, False, (
+_iers_matrix = _Function("kl_iers_matrix", "kl_iers_matrix_n", None, 1, MatrixStateResult, False, (
     ("time",),
     ("n",),
     ("select", None),
@@ -1428,12 +1413,11 @@ def iers_matrix(t, /, *, corrections=0, cs_in, cs_out, ref=Time.UTC, mode=None, 
         matrix: [..., 9], rows of the matrix
         rate: [..., 9], 1/s, its derivative; zero in mode 1
         acceleration: [..., 9], 1/s2, its second derivative; zero in modes 1 and 2
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _iers_matrix((t,), (corrections, cs_in, cs_out, ref, _mode(mode, None, None),), (time,), errors, return_status)
 
 
-_iers_change = _Function("kl_iers_change", "kitlib_kl_iers_change_n", None, 1, StateResult, False, (
+_iers_change = _Function("kl_iers_change", "kl_iers_change_n", None, 1, StateResult, False, (
     ("time",),
     ("n",),
     ("select", None),
@@ -1471,7 +1455,6 @@ def iers_change(t, pos, vel=None, acc=None, /, *, corrections=0, mode=None, cs_i
         pos: [..., 3], m, may be pos
         vel: [..., 3], m/s, the derivative in the output frame; may be vel
         acc: [..., 3], m/s2, may be acc
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _iers_change((t, pos, vel, acc,), (corrections, _mode(mode, vel, acc), cs_in, cs_out, ref,), (time,), errors, return_status)
 

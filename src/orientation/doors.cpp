@@ -1,58 +1,10 @@
 // The Earth's orientation for callers. No function here has a public id: a vector is cleared and stays so.
-#include "kl/orientation.h"
-#include "orientation/frames_of_date.h"
-#include "orientation/orientation.h"
-#include "time/scales.h"
-#include "time/time_record.h"
+#include "orientation/requests.h"
 
 #include <cmath>
 #include <cstring>
 
 namespace {
-
-constexpr int kRankOf[] = {-1, kRankGcrs, kRankCirs, kRankTirs, kRankItrs, kRankEme2000}; // by KL_GCRS to KL_EME2000
-
-// What all three calls ask of their arguments; correlation null: refused.
-struct Request {
-    const Correlation *correlation;
-    long corrections, scale;
-};
-
-Request request_of(const kl_time_id *time_id, const long *corrections, const long *time_ref)
-{
-    const bool good = corrections != nullptr && *corrections >= 0 && *corrections <= KL_EOP_ALL && time_ref != nullptr
-                      && is_time_ref(*time_ref);
-    if (!good)
-        return {nullptr, 0, 0};
-    return {correlation_of(time_id), *corrections, *time_ref};
-}
-
-bool prepared(const Request &request, const double *time, OrientationInstant *instant)
-{
-    return time != nullptr && inside_processing_range(*time)
-           && orientation_instant(*request.correlation, request.scale, *time, instant);
-}
-
-bool is_frame(const long *cs)
-{
-    return cs != nullptr && *cs >= KL_GCRS && *cs <= KL_EME2000;
-}
-
-bool is_mode(const long *mode)
-{
-    return mode != nullptr && *mode >= KL_CALC_POS && *mode <= KL_CALC_POS_VEL_ACC;
-}
-
-// Does the path ask the id for something that it does not hold there?
-long status_of(const OrientationPath &path, long notes)
-{
-    const int low = path.from < path.to ? path.from : path.to;
-    const int high = path.from < path.to ? path.to : path.from;
-    const bool rotates = low != high && high >= kRankTirs;      // UT1, pole
-    const bool offsets = low <= kRankGcrs && high >= kRankCirs; // dX, dY
-    const long asked = (rotates ? kEopOutsideTable | kEopNoPole : 0) | (offsets ? kEopOutsideTable : 0);
-    return (notes & asked) != 0 ? long{KL_WARN} : long{KL_OK};
-}
 
 void clear(long *ierr)
 {
@@ -72,7 +24,7 @@ long kl_earth_orientation_get(kl_time_id *time_id, const long *corrections, cons
                               kl_earth_orientation *out, long *ierr)
 {
     clear(ierr);
-    const Request request = request_of(time_id, corrections, time_ref);
+    const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
     if (request.correlation == nullptr || out == nullptr || !prepared(request, time, &instant))
         return KL_ERR;
@@ -100,12 +52,12 @@ long kl_iers_matrix(kl_time_id *time_id, const long *corrections, const long *cs
                     double ddr[9], long *ierr)
 {
     clear(ierr);
-    const Request request = request_of(time_id, corrections, time_ref);
+    const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
     if (request.correlation == nullptr || !is_frame(cs_in) || !is_frame(cs_out) || !is_mode(calc_mode) || r == nullptr
         || dr == nullptr || ddr == nullptr || !prepared(request, time, &instant))
         return KL_ERR;
-    const OrientationPath path = {kRankOf[*cs_in], kRankOf[*cs_out], request.corrections};
+    const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
     double m[1][9];
     double rate[1][9];
     double acceleration[1][9];
@@ -122,14 +74,14 @@ long kl_iers_change(kl_time_id *time_id, const long *corrections, const long *ca
                     long *ierr)
 {
     clear(ierr);
-    const Request request = request_of(time_id, corrections, time_ref);
+    const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
     if (request.correlation == nullptr || !is_mode(calc_mode) || !is_frame(cs_in) || !is_frame(cs_out)
         || !prepared(request, time, &instant) || pos == nullptr || (*calc_mode >= KL_CALC_POS_VEL && vel == nullptr)
         || (*calc_mode == KL_CALC_POS_VEL_ACC && acc == nullptr) || pos_out == nullptr || vel_out == nullptr
         || acc_out == nullptr)
         return KL_ERR;
-    const OrientationPath path = {kRankOf[*cs_in], kRankOf[*cs_out], request.corrections};
+    const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
     const int order = static_cast<int>(*calc_mode - KL_CALC_POS);
     double m[1][9];
     double rate[1][9];

@@ -88,11 +88,27 @@ long kl_geod_to_cart_run(const long *run_id, const long *calc_mode, const kl_geo
     });
 }
 
+long kl_geod_to_cart_run_n(const long *run_id, const long *n, const long *calc_mode, const kl_geodetic *in,
+                           double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_geod_to_cart_n(model_id, n, calc_mode, in, pos, vel, status, ierr);
+    });
+}
+
 long kl_cart_to_geod_run(const long *run_id, const long *calc_mode, const double pos[3], const double vel[3],
                          kl_geodetic *out, long *ierr)
 {
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_cart_to_geod(model_id, calc_mode, pos, vel, out, ierr);
+    });
+}
+
+long kl_cart_to_geod_run_n(const long *run_id, const long *n, const long *calc_mode, const double pos[][3],
+                           const double vel[][3], kl_geodetic *out, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_cart_to_geod_n(model_id, n, calc_mode, pos, vel, out, status, ierr);
     });
 }
 
@@ -104,6 +120,14 @@ long kl_kepl_to_cart_run(const long *run_id, const long *kind, const kl_kepler *
     });
 }
 
+long kl_kepl_to_cart_run_n(const long *run_id, const long *n, const long *kind, const kl_kepler *in, double pos[][3],
+                           double vel[][3], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_kepl_to_cart_n(model_id, n, kind, in, pos, vel, status, ierr);
+    });
+}
+
 long kl_cart_to_kepl_run(const long *run_id, const long *kind, const double pos[3], const double vel[3], kl_kepler *out,
                          long *ierr)
 {
@@ -112,11 +136,28 @@ long kl_cart_to_kepl_run(const long *run_id, const long *kind, const double pos[
     });
 }
 
+long kl_cart_to_kepl_run_n(const long *run_id, const long *n, const long *kind, const double pos[][3],
+                           const double vel[][3], kl_kepler *out, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_cart_to_kepl_n(model_id, n, kind, pos, vel, out, status, ierr);
+    });
+}
+
 long kl_geod_distance_run(const long *run_id, const double *lat1, const double *lon1, const double *lat2,
                           const double *lon2, double *distance, double *azimuth1, double *azimuth2, long *ierr)
 {
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_geod_distance(model_id, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2, ierr);
+    });
+}
+
+long kl_geod_distance_run_n(const long *run_id, const long *n, const double *lat1, const double *lon1,
+                            const double *lat2, const double *lon2, double *distance, double *azimuth1,
+                            double *azimuth2, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_geod_distance_n(model_id, n, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2, status, ierr);
     });
 }
 
@@ -129,11 +170,29 @@ long kl_position_on_orbit_run(const long *run_id, const long *calc_mode, const l
     });
 }
 
+long kl_position_on_orbit_run_n(const long *run_id, const long *n, const long *calc_mode, const long *cs,
+                                const long *time_ref, const double *time, const double pos[][3], const double vel[][3],
+                                const double acc[][3], kl_orbit_angle *out, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+        return kl_position_on_orbit_n(model_id, time_id, n, calc_mode, cs, time_ref, time, pos, vel, acc, out, status,
+                                      ierr);
+    });
+}
+
 long kl_cart_to_radec_run(const long *run_id, const long *calc_mode, const double pos[3], const double vel[3],
                           kl_radec *out, long *ierr)
 {
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_cart_to_radec(model_id, calc_mode, pos, vel, out, ierr);
+    });
+}
+
+long kl_cart_to_radec_run_n(const long *run_id, const long *n, const long *calc_mode, const double pos[][3],
+                            const double vel[][3], kl_radec *out, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_cart_to_radec_n(model_id, n, calc_mode, pos, vel, out, status, ierr);
     });
 }
 
@@ -145,6 +204,14 @@ long kl_radec_to_cart_run(const long *run_id, const long *calc_mode, const kl_ra
     });
 }
 
+long kl_radec_to_cart_run_n(const long *run_id, const long *n, const long *calc_mode, const kl_radec *in,
+                            double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_radec_to_cart_n(model_id, n, calc_mode, in, pos, vel, status, ierr);
+    });
+}
+
 long kl_ef_to_topocentric_run(const long *run_id, const long *calc_mode, const kl_geodetic *origin, const double pos[3],
                               const double vel[3], kl_topocentric *out, long *ierr)
 {
@@ -153,11 +220,28 @@ long kl_ef_to_topocentric_run(const long *run_id, const long *calc_mode, const k
     });
 }
 
+long kl_ef_to_topocentric_run_n(const long *run_id, const long *n, const long *calc_mode, const kl_geodetic *origin,
+                                const double pos[][3], const double vel[][3], kl_topocentric *out, long *status,
+                                long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_ef_to_topocentric_n(model_id, n, calc_mode, origin, pos, vel, out, status, ierr);
+    });
+}
+
 long kl_topocentric_to_ef_run(const long *run_id, const long *calc_mode, const kl_geodetic *origin,
                               const kl_topocentric *in, double pos[3], double vel[3], long *ierr)
 {
     return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_topocentric_to_ef(model_id, calc_mode, origin, in, pos, vel, ierr);
+    });
+}
+
+long kl_topocentric_to_ef_run_n(const long *run_id, const long *n, const long *calc_mode, const kl_geodetic *origin,
+                                const kl_topocentric *in, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_topocentric_to_ef_n(model_id, n, calc_mode, origin, in, pos, vel, status, ierr);
     });
 }
 
@@ -444,12 +528,30 @@ long kl_earth_orientation_get_run(const long *run_id, const long *corrections, c
     });
 }
 
+long kl_earth_orientation_get_run_n(const long *run_id, const long *n, const long *corrections, const long *time_ref,
+                                    const double *time, kl_earth_orientation *out, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_earth_orientation_get_n(time_id, n, corrections, time_ref, time, out, status, ierr);
+    });
+}
+
 long kl_iers_matrix_run(const long *run_id, const long *corrections, const long *cs_in, const long *cs_out,
                         const long *time_ref, const double *time, const long *calc_mode, double r[9], double dr[9],
                         double ddr[9], long *ierr)
 {
     return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_iers_matrix(time_id, corrections, cs_in, cs_out, time_ref, time, calc_mode, r, dr, ddr, ierr);
+    });
+}
+
+long kl_iers_matrix_run_n(const long *run_id, const long *n, const long *corrections, const long *cs_in,
+                          const long *cs_out, const long *time_ref, const double *time, const long *calc_mode,
+                          double r[][9], double dr[][9], double ddr[][9], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_iers_matrix_n(time_id, n, corrections, cs_in, cs_out, time_ref, time, calc_mode, r, dr, ddr, status,
+                                ierr);
     });
 }
 
@@ -461,6 +563,17 @@ long kl_iers_change_run(const long *run_id, const long *corrections, const long 
     return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_iers_change(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc, pos_out,
                               vel_out, acc_out, ierr);
+    });
+}
+
+long kl_iers_change_run_n(const long *run_id, const long *n, const long *corrections, const long *calc_mode,
+                          const long *cs_in, const long *cs_out, const long *time_ref, const double *time,
+                          const double pos[][3], const double vel[][3], const double acc[][3], double pos_out[][3],
+                          double vel_out[][3], double acc_out[][3], long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_iers_change_n(time_id, n, corrections, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc,
+                                pos_out, vel_out, acc_out, status, ierr);
     });
 }
 

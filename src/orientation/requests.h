@@ -1,0 +1,61 @@
+// What the calls of Earth orientation ask of their arguments, for one instant and for many.
+#ifndef KL_SRC_ORIENTATION_REQUESTS_H
+#define KL_SRC_ORIENTATION_REQUESTS_H
+
+#include "kl/orientation.h"
+#include "orientation/frames_of_date.h"
+#include "orientation/orientation.h"
+#include "time/scales.h"
+#include "time/time_record.h"
+
+constexpr int kRankOfFrame[] = {-1,        kRankGcrs, kRankCirs,
+                                kRankTirs, kRankItrs, kRankEme2000}; // by KL_GCRS to KL_EME2000
+
+// What all three calls ask of their arguments; correlation null: refused.
+struct OrientationRequest {
+    const Correlation *correlation;
+    long corrections, scale;
+};
+
+inline OrientationRequest request_of(const kl_time_id *time_id, const long *corrections, const long *time_ref)
+{
+    const bool good = corrections != nullptr && *corrections >= 0 && *corrections <= KL_EOP_ALL && time_ref != nullptr
+                      && is_time_ref(*time_ref);
+    if (!good)
+        return {nullptr, 0, 0};
+    return {correlation_of(time_id), *corrections, *time_ref};
+}
+
+inline bool prepared(const OrientationRequest &request, const double *time, OrientationInstant *instant)
+{
+    return time != nullptr && inside_processing_range(*time)
+           && orientation_instant(*request.correlation, request.scale, *time, instant);
+}
+
+inline bool is_frame(const long *cs)
+{
+    return cs != nullptr && *cs >= KL_GCRS && *cs <= KL_EME2000;
+}
+
+inline bool is_mode(const long *mode)
+{
+    return mode != nullptr && *mode >= KL_CALC_POS && *mode <= KL_CALC_POS_VEL_ACC;
+}
+
+// Does the path ask the id for something that it does not hold there?
+inline long status_of(const OrientationPath &path, long notes)
+{
+    const int low = path.from < path.to ? path.from : path.to;
+    const int high = path.from < path.to ? path.to : path.from;
+    const bool rotates = low != high && high >= kRankTirs;      // UT1, pole
+    const bool offsets = low <= kRankGcrs && high >= kRankCirs; // dX, dY
+    const long asked = (rotates ? kEopOutsideTable | kEopNoPole : 0) | (offsets ? kEopOutsideTable : 0);
+    return (notes & asked) != 0 ? long{KL_WARN} : long{KL_OK};
+}
+
+inline OrientationPath path_of(long cs_in, long cs_out, long corrections)
+{
+    return {kRankOfFrame[cs_in], kRankOfFrame[cs_out], corrections};
+}
+
+#endif
