@@ -26,8 +26,10 @@ def _load():
             for path in (os.path.join(folder, "libkitlib_loops.so"), os.path.join(folder, "python", "libkitlib_loops.so")):
                 if os.path.exists(path):
                     return ctypes.CDLL(os.path.join(folder, "libKitLib.so"), mode=ctypes.RTLD_GLOBAL), ctypes.CDLL(path)
+    beside = os.path.join(HERE, "lib", "libkitlib_loops.so") # of a package of the system, whose libraries are elsewhere
     try:
-        return ctypes.CDLL("libKitLib.so.4", mode=ctypes.RTLD_GLOBAL), ctypes.CDLL("libkitlib_loops.so")
+        return (ctypes.CDLL("libKitLib.so.4", mode=ctypes.RTLD_GLOBAL),
+                ctypes.CDLL(beside if os.path.exists(beside) else "libkitlib_loops.so"))
     except OSError as error:
         raise ImportError(f"kitlib: no libKitLib.so and libkitlib_loops.so in {list(_candidates())} nor in the system: {error}") from None
 

@@ -36,6 +36,8 @@ inside sh -euc '
     g++ -std=c++17 same_task.cpp -static-libstdc++ $(pkg-config --cflags KitLib) \
         -l:libKitLib.a -L"$(pkg-config --variable=libdir KitLib)/kitlib" -l:libKitCommon.a -l:libKitDataHandling.a \
         -l:libKitFileHandling.a -o task && ./task | diff same_task.txt -
+    apt-get install -y -qq --no-install-recommends ./python3-kitlib*.deb >/dev/null
+    test "$(python3 -c "import kitlib; print(kitlib.__version__)")" = "$(kitlib --version | cut -d" " -f2)"
     test "$(kitlib time 2016-12-31T23:59:60 --to GPS)" = 2017-01-01T00:00:17.000000
     apt-get purge -y -qq libkitlib4 >/dev/null
     test -z "$(find / -xdev -iname "libkit*.so*" -not -path "/proc/*")"
