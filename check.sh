@@ -9,7 +9,7 @@ tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev binutils
 
 # What was compiled before, in whatever checkout, is not compiled again.
 export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
-export CCACHE_BASEDIR="${CCACHE_BASEDIR:-$PWD}" CCACHE_NOHASHDIR=1
+export CCACHE_BASEDIR="${CCACHE_BASEDIR:-$PWD}" CCACHE_NOHASHDIR=1 gfortran
 
 run_preset() {
     echo "== $1"

@@ -6,7 +6,7 @@ install(TARGETS KitLib EXPORT KitLibTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 file(GLOB api_tables CONFIGURE_DEPENDS api/*.json)
-install(FILES data/time_correlation.csv ${api_tables} DESTINATION ${CMAKE_INSTALL_DATADIR}/kitlib COMPONENT development)
+install(FILES data/time_correlation.csv ${api_tables} fortran/kitlib.f90 DESTINATION ${CMAKE_INSTALL_DATADIR}/kitlib COMPONENT development)
 
 if(NOT KITLIB_SIBLINGS_DIR) # find_package(KitLib) and pkg-config; the real siblings bring their own
     set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KitLib)

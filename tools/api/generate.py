@@ -17,6 +17,7 @@ try:
 except ModuleNotFoundError:  # Python before 3.11: Debian's python3-tomli
     import tomli as tomllib
 
+import fortran
 import python_package
 
 BY = "Written by tools/api/generate.py from the table in api/."
@@ -650,6 +651,8 @@ def outputs(table):
     package = "debian/libkitlib4.symbols"
     yield package, debian_symbols(table, old(package) if os.path.exists(package) else "", version)
     yield "apps/kitlib/table.inc", command_table(table)
+    headers = [old(f"include/kl/{name}") for name in sorted(os.listdir("include/kl"))]
+    yield "fortran/kitlib.f90", fortran.module(json.loads(api_json(table)), headers, BY)
     yield "tests/support/every_function.inc", every_function(table, samples)
     yield "tests/data/conditions.csv", condition_rows(table)
     yield "api/api.json", api_json(table)
