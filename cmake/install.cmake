@@ -8,6 +8,14 @@ install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev
 file(GLOB api_tables CONFIGURE_DEPENDS api/*.json)
 install(FILES data/time_correlation.csv ${api_tables} fortran/kitlib.f90 DESTINATION ${CMAKE_INSTALL_DATADIR}/kitlib COMPONENT development)
 
+# man 3 kl_sun: from the table of functions and the comments of the headers.
+find_package(Python3 COMPONENTS Interpreter QUIET)
+if(Python3_FOUND)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS api/api.json api/conditions.json)
+    execute_process(COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/api/man_pages.py ${PROJECT_BINARY_DIR}/man3)
+    install(DIRECTORY ${PROJECT_BINARY_DIR}/man3 DESTINATION ${CMAKE_INSTALL_MANDIR} COMPONENT development)
+endif()
+
 if(NOT KITLIB_SIBLINGS_DIR) # find_package(KitLib) and pkg-config; the real siblings bring their own
     set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KitLib)
     # A shared and a static build can be installed over each other: each brings its own targets.
