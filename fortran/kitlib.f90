@@ -71,6 +71,80 @@ module kitlib
   integer(c_long), parameter :: KL_TIME_PROCESSING_TO_CUC_TIME_ERR = 2_c_long
   integer(c_long), parameter :: KL_TIME_PROCESSING_TO_CUC_P_FIELD_ERR = 3_c_long
   integer(c_long), parameter :: KL_TIME_PROCESSING_TO_CUC_N_CODES = 4_c_long
+  integer(c_long), parameter :: KL_KEPLER_OSCULATING = 0_c_long
+  integer(c_long), parameter :: KL_KEPLER_MEAN = 1_c_long
+  integer(c_long), parameter :: KL_ORBITAL_QSW = 0_c_long
+  integer(c_long), parameter :: KL_ORBITAL_LVLH = 1_c_long
+  integer(c_long), parameter :: KL_ORBITAL_TNW = 2_c_long
+  integer(c_long), parameter :: KL_ORBITAL_NTW = 3_c_long
+  integer(c_long), parameter :: KL_ORBITAL_VNC = 4_c_long
+  integer(c_long), parameter :: KL_GEOD_TO_CART_CALC_MODE_ERR = 0_c_long
+  integer(c_long), parameter :: KL_GEOD_TO_CART_LATITUDE_ERR = 1_c_long
+  integer(c_long), parameter :: KL_GEOD_TO_CART_LONGITUDE_ERR = 2_c_long
+  integer(c_long), parameter :: KL_GEOD_TO_CART_HEIGHT_ERR = 3_c_long
+  integer(c_long), parameter :: KL_GEOD_TO_CART_RATES_ERR = 4_c_long
+  integer(c_long), parameter :: KL_GEOD_TO_CART_N_CODES = 5_c_long
+  integer(c_long), parameter :: KL_CART_TO_GEOD_CALC_MODE_ERR = 0_c_long
+  integer(c_long), parameter :: KL_CART_TO_GEOD_POSITION_ERR = 1_c_long
+  integer(c_long), parameter :: KL_CART_TO_GEOD_VELOCITY_ERR = 2_c_long
+  integer(c_long), parameter :: KL_CART_TO_GEOD_TWO_FEET_WARN = 3_c_long
+  integer(c_long), parameter :: KL_CART_TO_GEOD_POLAR_AXIS_WARN = 4_c_long
+  integer(c_long), parameter :: KL_CART_TO_GEOD_N_CODES = 5_c_long
+  integer(c_long), parameter :: KL_KEPL_TO_CART_KIND_ERR = 0_c_long
+  integer(c_long), parameter :: KL_KEPL_TO_CART_ELEMENTS_ERR = 1_c_long
+  integer(c_long), parameter :: KL_KEPL_TO_CART_KEPLER_ERR = -1_c_long
+  integer(c_long), parameter :: KL_KEPL_TO_CART_INCLINATION_ERR = 3_c_long
+  integer(c_long), parameter :: KL_KEPL_TO_CART_ANGLES_ERR = 4_c_long
+  integer(c_long), parameter :: KL_KEPL_TO_CART_MEAN_ERR = 5_c_long
+  integer(c_long), parameter :: KL_KEPL_TO_CART_N_CODES = 6_c_long
+  integer(c_long), parameter :: KL_CART_TO_KEPL_KIND_ERR = 0_c_long
+  integer(c_long), parameter :: KL_CART_TO_KEPL_STATE_ERR = 1_c_long
+  integer(c_long), parameter :: KL_CART_TO_KEPL_CONIC_ERR = 2_c_long
+  integer(c_long), parameter :: KL_CART_TO_KEPL_MEAN_ERR = 3_c_long
+  integer(c_long), parameter :: KL_CART_TO_KEPL_CONVERGENCE_ERR = 4_c_long
+  integer(c_long), parameter :: KL_CART_TO_KEPL_N_CODES = 5_c_long
+  integer(c_long), parameter :: KL_CART_TO_RADEC_CALC_MODE_ERR = 0_c_long
+  integer(c_long), parameter :: KL_CART_TO_RADEC_POSITION_ERR = 1_c_long
+  integer(c_long), parameter :: KL_CART_TO_RADEC_VELOCITY_ERR = 2_c_long
+  integer(c_long), parameter :: KL_CART_TO_RADEC_POLAR_AXIS_WARN = 3_c_long
+  integer(c_long), parameter :: KL_CART_TO_RADEC_N_CODES = 4_c_long
+  integer(c_long), parameter :: KL_RADEC_TO_CART_CALC_MODE_ERR = 0_c_long
+  integer(c_long), parameter :: KL_RADEC_TO_CART_RA_ERR = 1_c_long
+  integer(c_long), parameter :: KL_RADEC_TO_CART_DEC_ERR = 2_c_long
+  integer(c_long), parameter :: KL_RADEC_TO_CART_DISTANCE_ERR = 3_c_long
+  integer(c_long), parameter :: KL_RADEC_TO_CART_RATES_ERR = 4_c_long
+  integer(c_long), parameter :: KL_RADEC_TO_CART_N_CODES = 5_c_long
+  integer(c_long), parameter :: KL_EF_TO_TOPOCENTRIC_CALC_MODE_ERR = 0_c_long
+  integer(c_long), parameter :: KL_EF_TO_TOPOCENTRIC_ORIGIN_ERR = 1_c_long
+  integer(c_long), parameter :: KL_EF_TO_TOPOCENTRIC_STATE_ERR = 2_c_long
+  integer(c_long), parameter :: KL_EF_TO_TOPOCENTRIC_ZENITH_WARN = 3_c_long
+  integer(c_long), parameter :: KL_EF_TO_TOPOCENTRIC_N_CODES = 4_c_long
+  integer(c_long), parameter :: KL_TOPOCENTRIC_TO_EF_CALC_MODE_ERR = 0_c_long
+  integer(c_long), parameter :: KL_TOPOCENTRIC_TO_EF_ORIGIN_ERR = 1_c_long
+  integer(c_long), parameter :: KL_TOPOCENTRIC_TO_EF_COORDINATES_ERR = 2_c_long
+  integer(c_long), parameter :: KL_TOPOCENTRIC_TO_EF_ZENITH_WARN = 3_c_long
+  integer(c_long), parameter :: KL_TOPOCENTRIC_TO_EF_N_CODES = 4_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_TIME_REF_ERR = 0_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_DATE_ERR = 1_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_CALC_MODE_ERR = 2_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_CS_ERR = 3_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_STATE_ERR = 4_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_TIME_ID_ERR = 5_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_TRANSFORMATION_ERR = 6_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_PLANE_ERR = 7_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_EQUATOR_WARN = 8_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_FORMULA_WARN = 9_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_GAP_WARN = 10_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_VALIDITY_WARN = 11_c_long
+  integer(c_long), parameter :: KL_POSITION_ON_ORBIT_N_CODES = 12_c_long
+  integer(c_long), parameter :: KL_GEOD_DISTANCE_LATITUDE1_ERR = 0_c_long
+  integer(c_long), parameter :: KL_GEOD_DISTANCE_LONGITUDE1_ERR = 1_c_long
+  integer(c_long), parameter :: KL_GEOD_DISTANCE_LATITUDE2_ERR = 2_c_long
+  integer(c_long), parameter :: KL_GEOD_DISTANCE_LONGITUDE2_ERR = 3_c_long
+  integer(c_long), parameter :: KL_GEOD_DISTANCE_CONVERGENCE_ERR = 4_c_long
+  integer(c_long), parameter :: KL_GEOD_DISTANCE_N_CODES = 5_c_long
+  integer(c_long), parameter :: KL_COTICCHIA_SURACE_COMPUTATION_ERR = 0_c_long
+  integer(c_long), parameter :: KL_COTICCHIA_SURACE_N_CODES = 1_c_long
   integer(c_long), parameter :: KL_TRANS_0 = 0_c_long
   integer(c_long), parameter :: KL_TRANS_11 = 11_c_long
   integer(c_long), parameter :: KL_TRANS_21 = 21_c_long
@@ -321,6 +395,18 @@ module kitlib
   integer(c_long), parameter :: KL_PENUMBRA = 1_c_long
   integer(c_long), parameter :: KL_UMBRA = 2_c_long
   integer(c_long), parameter :: KL_ANNULAR = 3_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_POSITION_ERR = 0_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_SUN_ERR = 1_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_MARGIN_ERR = 2_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_TIME_REF_ERR = 3_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_DATE_ERR = 4_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_CS_ERR = 5_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_TIME_ID_ERR = 6_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_TRANSFORMATION_ERR = 7_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_FORMULA_WARN = 8_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_GAP_WARN = 9_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_VALIDITY_WARN = 10_c_long
+  integer(c_long), parameter :: KL_ECLIPSE_N_CODES = 11_c_long
   integer(c_long), parameter :: KL_MODEL_DEFAULT = 0_c_long
   integer(c_long), parameter :: KL_MODEL_USER = 1_c_long
   integer(c_long), parameter :: KL_MODEL_EARTH = 0_c_long
@@ -384,6 +470,33 @@ module kitlib
   integer(c_long), parameter :: KL_STAR_PARALLAX = 1_c_long
   integer(c_long), parameter :: KL_STAR_ABERRATION = 2_c_long
   integer(c_long), parameter :: KL_STAR_DEFLECTION = 4_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_TIME_REF_ERR = 0_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_DATE_ERR = 1_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_CORRECTIONS_ERR = 2_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_CS_OUT_ERR = 3_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_STAR_ERR = 4_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_OBSERVER_ERR = 5_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_TIME_ID_ERR = 6_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_TRANSFORMATION_ERR = 7_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_FORMULA_WARN = 8_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_GAP_WARN = 9_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_VALIDITY_WARN = 10_c_long
+  integer(c_long), parameter :: KL_STAR_RADEC_N_CODES = 11_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_TIME_REF_ERR = 0_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_DATE_ERR = 1_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_CORRECTIONS_ERR = 2_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_CS_OUT_ERR = 3_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_FILE_ERR = 4_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_RECORD_ERR = 5_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_TIME_ID_ERR = 6_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_TRANSFORMATION_ERR = 7_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_FORMULA_WARN = 8_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_GAP_WARN = 9_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_VALIDITY_WARN = 10_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_FORMAT_ERR = 11_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_WINDOW_ERR = 12_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_MEMORY_ERR = 13_c_long
+  integer(c_long), parameter :: KL_STAR_CATALOG_N_CODES = 14_c_long
   integer(c_long), parameter :: KL_TIME_UNDEF = -1_c_long
   integer(c_long), parameter :: KL_TIME_TAI = 0_c_long
   integer(c_long), parameter :: KL_TIME_UTC = 1_c_long
@@ -600,6 +713,18 @@ module kitlib
     real(c_double) :: node_rate = 0
     real(c_double) :: inclination = 0
   end type kl_orbit_angle
+  type, bind(c) :: kl_orbit_sun_angles
+    real(c_double) :: beta = 0
+    real(c_double) :: node_true_solar_time = 0
+    real(c_double) :: node_mean_solar_time = 0
+    real(c_double) :: sun_to_satellite = 0
+  end type kl_orbit_sun_angles
+  type, bind(c) :: kl_crossing
+    real(c_double) :: time = 0
+    real(c_double) :: value = 0
+    integer(c_long) :: direction = 0
+    integer(c_long) :: cut = 0
+  end type kl_crossing
   type, bind(c) :: kl_geoid_input
     type(c_ptr) :: model_id = c_null_ptr
     real(c_double) :: latitude = 0
@@ -751,6 +876,31 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_sun_run
     end function kl_sun_run
+    function kl_sun_n(model_id, time_id, n, time_ref, time, sun_pos, sun_vel, status, ierr) bind(c, name="kl_sun_n")
+      import :: c_double, c_long, kl_model_id, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(inout), optional :: sun_pos(3,*)
+      real(c_double), intent(inout), optional :: sun_vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_sun_n
+    end function kl_sun_n
+    function kl_sun_run_n(run_id, n, time_ref, time, sun_pos, sun_vel, status, ierr) bind(c, name="kl_sun_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(inout), optional :: sun_pos(3,*)
+      real(c_double), intent(inout), optional :: sun_vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_sun_run_n
+    end function kl_sun_run_n
     function kl_moon(model_id, time_id, time_ref, time, moon_pos, moon_vel, ierr) bind(c, name="kl_moon")
       import :: c_double, c_long, kl_model_id, kl_time_id
       type(kl_model_id), intent(inout), optional :: model_id
@@ -772,6 +922,32 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_moon_run
     end function kl_moon_run
+    function kl_moon_n(model_id, time_id, n, time_ref, time, moon_pos, moon_vel, status, ierr &
+            ) bind(c, name="kl_moon_n")
+      import :: c_double, c_long, kl_model_id, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(inout), optional :: moon_pos(3,*)
+      real(c_double), intent(inout), optional :: moon_vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_moon_n
+    end function kl_moon_n
+    function kl_moon_run_n(run_id, n, time_ref, time, moon_pos, moon_vel, status, ierr) bind(c, name="kl_moon_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(inout), optional :: moon_pos(3,*)
+      real(c_double), intent(inout), optional :: moon_vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_moon_run_n
+    end function kl_moon_run_n
     function kl_planet(model_id, time_id, planet_id, time_ref, time, planet_pos, planet_vel, ierr &
             ) bind(c, name="kl_planet")
       import :: c_double, c_long, kl_model_id, kl_time_id
@@ -797,6 +973,35 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_planet_run
     end function kl_planet_run
+    function kl_planet_n(model_id, time_id, n, planet_id, time_ref, time, planet_pos, planet_vel,  &
+            status, ierr) bind(c, name="kl_planet_n")
+      import :: c_double, c_long, kl_model_id, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: planet_id
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(inout), optional :: planet_pos(3,*)
+      real(c_double), intent(inout), optional :: planet_vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_planet_n
+    end function kl_planet_n
+    function kl_planet_run_n(run_id, n, planet_id, time_ref, time, planet_pos, planet_vel, status,  &
+            ierr) bind(c, name="kl_planet_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: planet_id
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(inout), optional :: planet_pos(3,*)
+      real(c_double), intent(inout), optional :: planet_vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_planet_run_n
+    end function kl_planet_run_n
     function kl_time_obt_to_time(sat_id, time_ref, parameters, obt, time, ierr) bind(c, name="kl_time_obt_to_time")
       import :: c_double, c_long, c_ptr
       integer(c_long), intent(in), optional :: sat_id
@@ -818,6 +1023,32 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_obt_to_time_run
     end function kl_time_obt_to_time_run
+    function kl_time_obt_to_time_n(sat_id, n, time_ref, parameters, obt, time, status, ierr &
+            ) bind(c, name="kl_time_obt_to_time_n")
+      import :: c_double, c_long, c_ptr
+      integer(c_long), intent(in), optional :: sat_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: time_ref
+      type(c_ptr), value :: parameters
+      type(c_ptr), value :: obt
+      real(c_double), intent(inout), optional :: time(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_obt_to_time_n
+    end function kl_time_obt_to_time_n
+    function kl_time_obt_to_time_run_n(run_id, n, time_ref, parameters, obt, time, status, ierr &
+            ) bind(c, name="kl_time_obt_to_time_run_n")
+      import :: c_double, c_long, c_ptr
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: time_ref
+      type(c_ptr), value :: parameters
+      type(c_ptr), value :: obt
+      real(c_double), intent(inout), optional :: time(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_obt_to_time_run_n
+    end function kl_time_obt_to_time_run_n
     function kl_time_time_to_obt(sat_id, time_ref, parameters, time, obt, ierr) bind(c, name="kl_time_time_to_obt")
       import :: c_double, c_long, c_ptr
       integer(c_long), intent(in), optional :: sat_id
@@ -839,6 +1070,32 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_time_to_obt_run
     end function kl_time_time_to_obt_run
+    function kl_time_time_to_obt_n(sat_id, n, time_ref, parameters, time, obt, status, ierr &
+            ) bind(c, name="kl_time_time_to_obt_n")
+      import :: c_double, c_long, c_ptr
+      integer(c_long), intent(in), optional :: sat_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: time_ref
+      type(c_ptr), value :: parameters
+      real(c_double), intent(in), optional :: time(*)
+      type(c_ptr), value :: obt
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_time_to_obt_n
+    end function kl_time_time_to_obt_n
+    function kl_time_time_to_obt_run_n(run_id, n, time_ref, parameters, time, obt, status, ierr &
+            ) bind(c, name="kl_time_time_to_obt_run_n")
+      import :: c_double, c_long, c_ptr
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: time_ref
+      type(c_ptr), value :: parameters
+      real(c_double), intent(in), optional :: time(*)
+      type(c_ptr), value :: obt
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_time_to_obt_run_n
+    end function kl_time_time_to_obt_run_n
     function kl_time_cuc_to_processing(time_id, config, time_ref, cuc, time, ierr &
             ) bind(c, name="kl_time_cuc_to_processing")
       import :: c_double, c_long, c_signed_char, kl_cuc_config, kl_time_id
@@ -850,6 +1107,20 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_cuc_to_processing
     end function kl_time_cuc_to_processing
+    function kl_time_cuc_to_processing_n(time_id, n, config, time_ref, width, cuc, time, status,  &
+            ierr) bind(c, name="kl_time_cuc_to_processing_n")
+      import :: c_double, c_long, c_signed_char, kl_cuc_config, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      type(kl_cuc_config), intent(in), optional :: config
+      integer(c_long), intent(in), optional :: time_ref
+      integer(c_long), intent(in), optional :: width
+      integer(c_signed_char), intent(in), optional :: cuc(*)
+      real(c_double), intent(inout), optional :: time(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_cuc_to_processing_n
+    end function kl_time_cuc_to_processing_n
     function kl_time_processing_to_cuc(time_id, config, time_ref, time, cuc, ierr &
             ) bind(c, name="kl_time_processing_to_cuc")
       import :: c_double, c_long, c_signed_char, kl_cuc_config, kl_time_id
@@ -861,6 +1132,324 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_processing_to_cuc
     end function kl_time_processing_to_cuc
+    function kl_time_processing_to_cuc_n(time_id, n, config, time_ref, time, width, cuc, status,  &
+            ierr) bind(c, name="kl_time_processing_to_cuc_n")
+      import :: c_double, c_long, c_signed_char, kl_cuc_config, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      type(kl_cuc_config), intent(in), optional :: config
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      integer(c_long), intent(in), optional :: width
+      integer(c_signed_char), intent(inout), optional :: cuc(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_processing_to_cuc_n
+    end function kl_time_processing_to_cuc_n
+    function kl_geod_to_cart(model_id, calc_mode, in, pos, vel, ierr) bind(c, name="kl_geod_to_cart")
+      import :: c_double, c_long, kl_geodetic, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: in
+      real(c_double), intent(inout), optional :: pos(3)
+      real(c_double), intent(inout), optional :: vel(3)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_to_cart
+    end function kl_geod_to_cart
+    function kl_geod_to_cart_run(run_id, calc_mode, in, pos, vel, ierr) bind(c, name="kl_geod_to_cart_run")
+      import :: c_double, c_long, kl_geodetic
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: in
+      real(c_double), intent(inout), optional :: pos(3)
+      real(c_double), intent(inout), optional :: vel(3)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_to_cart_run
+    end function kl_geod_to_cart_run
+    function kl_cart_to_geod(model_id, calc_mode, pos, vel, out, ierr) bind(c, name="kl_cart_to_geod")
+      import :: c_double, c_long, kl_geodetic, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      type(kl_geodetic), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_geod
+    end function kl_cart_to_geod
+    function kl_cart_to_geod_run(run_id, calc_mode, pos, vel, out, ierr) bind(c, name="kl_cart_to_geod_run")
+      import :: c_double, c_long, kl_geodetic
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      type(kl_geodetic), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_geod_run
+    end function kl_cart_to_geod_run
+    function kl_kepl_to_cart(model_id, kind, in, pos, vel, ierr) bind(c, name="kl_kepl_to_cart")
+      import :: c_double, c_long, kl_kepler, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: kind
+      type(kl_kepler), intent(in), optional :: in
+      real(c_double), intent(inout), optional :: pos(3)
+      real(c_double), intent(inout), optional :: vel(3)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_kepl_to_cart
+    end function kl_kepl_to_cart
+    function kl_kepl_to_cart_run(run_id, kind, in, pos, vel, ierr) bind(c, name="kl_kepl_to_cart_run")
+      import :: c_double, c_long, kl_kepler
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: kind
+      type(kl_kepler), intent(in), optional :: in
+      real(c_double), intent(inout), optional :: pos(3)
+      real(c_double), intent(inout), optional :: vel(3)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_kepl_to_cart_run
+    end function kl_kepl_to_cart_run
+    function kl_cart_to_kepl(model_id, kind, pos, vel, out, ierr) bind(c, name="kl_cart_to_kepl")
+      import :: c_double, c_long, kl_kepler, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: kind
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      type(kl_kepler), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_kepl
+    end function kl_cart_to_kepl
+    function kl_cart_to_kepl_run(run_id, kind, pos, vel, out, ierr) bind(c, name="kl_cart_to_kepl_run")
+      import :: c_double, c_long, kl_kepler
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: kind
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      type(kl_kepler), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_kepl_run
+    end function kl_cart_to_kepl_run
+    function kl_geod_distance(model_id, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2, ierr &
+            ) bind(c, name="kl_geod_distance")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      real(c_double), intent(in), optional :: lat1
+      real(c_double), intent(in), optional :: lon1
+      real(c_double), intent(in), optional :: lat2
+      real(c_double), intent(in), optional :: lon2
+      real(c_double), intent(inout), optional :: distance
+      real(c_double), intent(inout), optional :: azimuth1
+      real(c_double), intent(inout), optional :: azimuth2
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_distance
+    end function kl_geod_distance
+    function kl_geod_distance_run(run_id, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2, ierr &
+            ) bind(c, name="kl_geod_distance_run")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      real(c_double), intent(in), optional :: lat1
+      real(c_double), intent(in), optional :: lon1
+      real(c_double), intent(in), optional :: lat2
+      real(c_double), intent(in), optional :: lon2
+      real(c_double), intent(inout), optional :: distance
+      real(c_double), intent(inout), optional :: azimuth1
+      real(c_double), intent(inout), optional :: azimuth2
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_distance_run
+    end function kl_geod_distance_run
+    function kl_geod_point(model_id, lat, lon, azimuth, distance, lat2, lon2, azimuth2, ierr &
+            ) bind(c, name="kl_geod_point")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      real(c_double), intent(in), optional :: lat
+      real(c_double), intent(in), optional :: lon
+      real(c_double), intent(in), optional :: azimuth
+      real(c_double), intent(in), optional :: distance
+      real(c_double), intent(inout), optional :: lat2
+      real(c_double), intent(inout), optional :: lon2
+      real(c_double), intent(inout), optional :: azimuth2
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_point
+    end function kl_geod_point
+    function kl_position_on_orbit(model_id, time_id, calc_mode, cs, time_ref, time, pos, vel, acc,  &
+            out, ierr) bind(c, name="kl_position_on_orbit")
+      import :: c_double, c_long, kl_model_id, kl_orbit_angle, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: calc_mode
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      real(c_double), intent(in), optional :: acc(3)
+      type(kl_orbit_angle), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_position_on_orbit
+    end function kl_position_on_orbit
+    function kl_position_on_orbit_run(run_id, calc_mode, cs, time_ref, time, pos, vel, acc, out,  &
+            ierr) bind(c, name="kl_position_on_orbit_run")
+      import :: c_double, c_long, kl_orbit_angle
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: calc_mode
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      real(c_double), intent(in), optional :: acc(3)
+      type(kl_orbit_angle), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_position_on_orbit_run
+    end function kl_position_on_orbit_run
+    function kl_orbit_sun(model_id, time_id, cs, time_ref, time, pos, vel, out, ierr) bind(c, name="kl_orbit_sun")
+      import :: c_double, c_long, kl_model_id, kl_orbit_sun_angles, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      type(kl_orbit_sun_angles), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_orbit_sun
+    end function kl_orbit_sun
+    function kl_cart_to_radec(model_id, calc_mode, pos, vel, out, ierr) bind(c, name="kl_cart_to_radec")
+      import :: c_double, c_long, kl_model_id, kl_radec
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      type(kl_radec), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_radec
+    end function kl_cart_to_radec
+    function kl_cart_to_radec_run(run_id, calc_mode, pos, vel, out, ierr) bind(c, name="kl_cart_to_radec_run")
+      import :: c_double, c_long, kl_radec
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      type(kl_radec), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_radec_run
+    end function kl_cart_to_radec_run
+    function kl_radec_to_cart(model_id, calc_mode, in, pos, vel, ierr) bind(c, name="kl_radec_to_cart")
+      import :: c_double, c_long, kl_model_id, kl_radec
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_radec), intent(in), optional :: in
+      real(c_double), intent(inout), optional :: pos(3)
+      real(c_double), intent(inout), optional :: vel(3)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_radec_to_cart
+    end function kl_radec_to_cart
+    function kl_radec_to_cart_run(run_id, calc_mode, in, pos, vel, ierr) bind(c, name="kl_radec_to_cart_run")
+      import :: c_double, c_long, kl_radec
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_radec), intent(in), optional :: in
+      real(c_double), intent(inout), optional :: pos(3)
+      real(c_double), intent(inout), optional :: vel(3)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_radec_to_cart_run
+    end function kl_radec_to_cart_run
+    function kl_ef_to_topocentric(model_id, calc_mode, origin, pos, vel, out, ierr &
+            ) bind(c, name="kl_ef_to_topocentric")
+      import :: c_double, c_long, kl_geodetic, kl_model_id, kl_topocentric
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: origin
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      type(kl_topocentric), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ef_to_topocentric
+    end function kl_ef_to_topocentric
+    function kl_ef_to_topocentric_run(run_id, calc_mode, origin, pos, vel, out, ierr &
+            ) bind(c, name="kl_ef_to_topocentric_run")
+      import :: c_double, c_long, kl_geodetic, kl_topocentric
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: origin
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      type(kl_topocentric), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ef_to_topocentric_run
+    end function kl_ef_to_topocentric_run
+    function kl_topocentric_to_ef(model_id, calc_mode, origin, in, pos, vel, ierr) bind(c, name="kl_topocentric_to_ef")
+      import :: c_double, c_long, kl_geodetic, kl_model_id, kl_topocentric
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: origin
+      type(kl_topocentric), intent(in), optional :: in
+      real(c_double), intent(inout), optional :: pos(3)
+      real(c_double), intent(inout), optional :: vel(3)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_topocentric_to_ef
+    end function kl_topocentric_to_ef
+    function kl_topocentric_to_ef_run(run_id, calc_mode, origin, in, pos, vel, ierr &
+            ) bind(c, name="kl_topocentric_to_ef_run")
+      import :: c_double, c_long, kl_geodetic, kl_topocentric
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: origin
+      type(kl_topocentric), intent(in), optional :: in
+      real(c_double), intent(inout), optional :: pos(3)
+      real(c_double), intent(inout), optional :: vel(3)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_topocentric_to_ef_run
+    end function kl_topocentric_to_ef_run
+    function KL_Coticchia_Surace(model_id, lat, lon, zone, north, easting, northing, ierr &
+            ) bind(c, name="KL_Coticchia_Surace")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      real(c_double), intent(in), optional :: lat
+      real(c_double), intent(in), optional :: lon
+      integer(c_long), intent(inout), optional :: zone
+      integer(c_long), intent(inout), optional :: north
+      real(c_double), intent(inout), optional :: easting
+      real(c_double), intent(inout), optional :: northing
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: KL_Coticchia_Surace
+    end function KL_Coticchia_Surace
+    function kl_utm_to_geod(model_id, zone, north, easting, northing, lat, lon, ierr) bind(c, name="kl_utm_to_geod")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: zone
+      integer(c_long), intent(in), optional :: north
+      real(c_double), intent(in), optional :: easting
+      real(c_double), intent(in), optional :: northing
+      real(c_double), intent(inout), optional :: lat
+      real(c_double), intent(inout), optional :: lon
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_utm_to_geod
+    end function kl_utm_to_geod
+    function kl_local_orbital_frame(kind, pos, vel, acc, r, dr, ierr) bind(c, name="kl_local_orbital_frame")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: kind
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: vel(3)
+      real(c_double), intent(in), optional :: acc(3)
+      real(c_double), intent(inout), optional :: r(9)
+      real(c_double), intent(inout), optional :: dr(9)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_local_orbital_frame
+    end function kl_local_orbital_frame
+    function kl_find_crossings(f, context, start, stop, step, tolerance, max, n, found, ierr &
+            ) bind(c, name="kl_find_crossings")
+      import :: c_double, c_funptr, c_long, c_ptr, kl_crossing
+      type(c_funptr), value :: f
+      type(c_ptr), value :: context
+      real(c_double), intent(in), optional :: start
+      real(c_double), intent(in), optional :: stop
+      real(c_double), intent(in), optional :: step
+      real(c_double), intent(in), optional :: tolerance
+      integer(c_long), intent(in), optional :: max
+      integer(c_long), intent(inout), optional :: n
+      type(kl_crossing), intent(inout), optional :: found(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_find_crossings
+    end function kl_find_crossings
     function kl_silent() bind(c, name="kl_silent")
       import :: c_long
       integer(c_long) :: kl_silent
@@ -935,6 +1524,36 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_processing_to_processing_run
     end function kl_time_processing_to_processing_run
+    function kl_time_processing_to_processing_n(time_id, n, proc_id_in, time_ref_in, time_in,  &
+            proc_id_out, time_ref_out, time_out, status, ierr) bind(c, name="kl_time_processing_to_processing_n")
+      import :: c_double, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: proc_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      real(c_double), intent(in), optional :: time_in(*)
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_processing_to_processing_n
+    end function kl_time_processing_to_processing_n
+    function kl_time_processing_to_processing_run_n(run_id, n, proc_id_in, time_ref_in, time_in,  &
+            proc_id_out, time_ref_out, time_out, status, ierr) bind(c, name="kl_time_processing_to_processing_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: proc_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      real(c_double), intent(in), optional :: time_in(*)
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_processing_to_processing_run_n
+    end function kl_time_processing_to_processing_run_n
     function kl_time_ascii_to_ascii(time_id, ascii_id_in, time_ref_in, ascii_in, ascii_id_out,  &
             time_ref_out, ascii_out, ierr) bind(c, name="kl_time_ascii_to_ascii")
       import :: c_char, c_long, kl_time_id
@@ -961,6 +1580,42 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(2)
       integer(c_long) :: kl_time_ascii_to_ascii_run
     end function kl_time_ascii_to_ascii_run
+    function kl_time_ascii_to_ascii_n(time_id, n, ascii_id_in, time_ref_in, ascii_in_width,  &
+            ascii_in, ascii_id_out, time_ref_out, ascii_out_width, ascii_out, status, ierr &
+            ) bind(c, name="kl_time_ascii_to_ascii_n")
+      import :: c_char, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: ascii_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: ascii_in_width
+      character(kind=c_char), intent(in), optional :: ascii_in(*)
+      integer(c_long), intent(in), optional :: ascii_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(in), optional :: ascii_out_width
+      character(kind=c_char), intent(inout), optional :: ascii_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(2)
+      integer(c_long) :: kl_time_ascii_to_ascii_n
+    end function kl_time_ascii_to_ascii_n
+    function kl_time_ascii_to_ascii_run_n(run_id, n, ascii_id_in, time_ref_in, ascii_in_width,  &
+            ascii_in, ascii_id_out, time_ref_out, ascii_out_width, ascii_out, status, ierr &
+            ) bind(c, name="kl_time_ascii_to_ascii_run_n")
+      import :: c_char, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: ascii_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: ascii_in_width
+      character(kind=c_char), intent(in), optional :: ascii_in(*)
+      integer(c_long), intent(in), optional :: ascii_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(in), optional :: ascii_out_width
+      character(kind=c_char), intent(inout), optional :: ascii_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(2)
+      integer(c_long) :: kl_time_ascii_to_ascii_run_n
+    end function kl_time_ascii_to_ascii_run_n
     function kl_time_ascii_to_processing(time_id, ascii_id_in, time_ref_in, ascii_in, proc_id_out,  &
             time_ref_out, time_out, ierr) bind(c, name="kl_time_ascii_to_processing")
       import :: c_char, c_double, c_long, kl_time_id
@@ -987,6 +1642,38 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_ascii_to_processing_run
     end function kl_time_ascii_to_processing_run
+    function kl_time_ascii_to_processing_n(time_id, n, ascii_id_in, time_ref_in, width, ascii_in,  &
+            proc_id_out, time_ref_out, time_out, status, ierr) bind(c, name="kl_time_ascii_to_processing_n")
+      import :: c_char, c_double, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: ascii_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(in), optional :: ascii_in(*)
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_ascii_to_processing_n
+    end function kl_time_ascii_to_processing_n
+    function kl_time_ascii_to_processing_run_n(run_id, n, ascii_id_in, time_ref_in, width, ascii_in,  &
+            proc_id_out, time_ref_out, time_out, status, ierr) bind(c, name="kl_time_ascii_to_processing_run_n")
+      import :: c_char, c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: ascii_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(in), optional :: ascii_in(*)
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_ascii_to_processing_run_n
+    end function kl_time_ascii_to_processing_run_n
     function kl_time_ascii_to_transport(time_id, ascii_id_in, time_ref_in, ascii_in, trans_id_out,  &
             time_ref_out, transport_out, ierr) bind(c, name="kl_time_ascii_to_transport")
       import :: c_char, c_long, kl_time_id
@@ -1013,6 +1700,38 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_ascii_to_transport_run
     end function kl_time_ascii_to_transport_run
+    function kl_time_ascii_to_transport_n(time_id, n, ascii_id_in, time_ref_in, width, ascii_in,  &
+            trans_id_out, time_ref_out, transport_out, status, ierr) bind(c, name="kl_time_ascii_to_transport_n")
+      import :: c_char, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: ascii_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(in), optional :: ascii_in(*)
+      integer(c_long), intent(in), optional :: trans_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(inout), optional :: transport_out(4,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_ascii_to_transport_n
+    end function kl_time_ascii_to_transport_n
+    function kl_time_ascii_to_transport_run_n(run_id, n, ascii_id_in, time_ref_in, width, ascii_in,  &
+            trans_id_out, time_ref_out, transport_out, status, ierr) bind(c, name="kl_time_ascii_to_transport_run_n")
+      import :: c_char, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: ascii_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(in), optional :: ascii_in(*)
+      integer(c_long), intent(in), optional :: trans_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(inout), optional :: transport_out(4,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_ascii_to_transport_run_n
+    end function kl_time_ascii_to_transport_run_n
     function kl_time_processing_to_ascii(time_id, proc_id_in, time_ref_in, time_in, ascii_id_out,  &
             time_ref_out, ascii_out, ierr) bind(c, name="kl_time_processing_to_ascii")
       import :: c_char, c_double, c_long, kl_time_id
@@ -1039,6 +1758,39 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_processing_to_ascii_run
     end function kl_time_processing_to_ascii_run
+    function kl_time_processing_to_ascii_n(time_id, n, proc_id_in, time_ref_in, time_in,  &
+            ascii_id_out, time_ref_out, width, ascii_out, status, ierr) bind(c, name="kl_time_processing_to_ascii_n")
+      import :: c_char, c_double, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: proc_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      real(c_double), intent(in), optional :: time_in(*)
+      integer(c_long), intent(in), optional :: ascii_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(inout), optional :: ascii_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_processing_to_ascii_n
+    end function kl_time_processing_to_ascii_n
+    function kl_time_processing_to_ascii_run_n(run_id, n, proc_id_in, time_ref_in, time_in,  &
+            ascii_id_out, time_ref_out, width, ascii_out, status, ierr &
+            ) bind(c, name="kl_time_processing_to_ascii_run_n")
+      import :: c_char, c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: proc_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      real(c_double), intent(in), optional :: time_in(*)
+      integer(c_long), intent(in), optional :: ascii_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(inout), optional :: ascii_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_processing_to_ascii_run_n
+    end function kl_time_processing_to_ascii_run_n
     function kl_time_processing_to_transport(time_id, proc_id_in, time_ref_in, time_in,  &
             trans_id_out, time_ref_out, transport_out, ierr) bind(c, name="kl_time_processing_to_transport")
       import :: c_double, c_long, kl_time_id
@@ -1065,6 +1817,37 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_processing_to_transport_run
     end function kl_time_processing_to_transport_run
+    function kl_time_processing_to_transport_n(time_id, n, proc_id_in, time_ref_in, time_in,  &
+            trans_id_out, time_ref_out, transport_out, status, ierr) bind(c, name="kl_time_processing_to_transport_n")
+      import :: c_double, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: proc_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      real(c_double), intent(in), optional :: time_in(*)
+      integer(c_long), intent(in), optional :: trans_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(inout), optional :: transport_out(4,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_processing_to_transport_n
+    end function kl_time_processing_to_transport_n
+    function kl_time_processing_to_transport_run_n(run_id, n, proc_id_in, time_ref_in, time_in,  &
+            trans_id_out, time_ref_out, transport_out, status, ierr &
+            ) bind(c, name="kl_time_processing_to_transport_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: proc_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      real(c_double), intent(in), optional :: time_in(*)
+      integer(c_long), intent(in), optional :: trans_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(inout), optional :: transport_out(4,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_processing_to_transport_run_n
+    end function kl_time_processing_to_transport_run_n
     function kl_time_transport_to_ascii(time_id, trans_id_in, time_ref_in, transport_in,  &
             ascii_id_out, time_ref_out, ascii_out, ierr) bind(c, name="kl_time_transport_to_ascii")
       import :: c_char, c_long, kl_time_id
@@ -1091,6 +1874,39 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_transport_to_ascii_run
     end function kl_time_transport_to_ascii_run
+    function kl_time_transport_to_ascii_n(time_id, n, trans_id_in, time_ref_in, transport_in,  &
+            ascii_id_out, time_ref_out, width, ascii_out, status, ierr) bind(c, name="kl_time_transport_to_ascii_n")
+      import :: c_char, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: trans_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: transport_in(4,*)
+      integer(c_long), intent(in), optional :: ascii_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(inout), optional :: ascii_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_transport_to_ascii_n
+    end function kl_time_transport_to_ascii_n
+    function kl_time_transport_to_ascii_run_n(run_id, n, trans_id_in, time_ref_in, transport_in,  &
+            ascii_id_out, time_ref_out, width, ascii_out, status, ierr &
+            ) bind(c, name="kl_time_transport_to_ascii_run_n")
+      import :: c_char, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: trans_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: transport_in(4,*)
+      integer(c_long), intent(in), optional :: ascii_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(inout), optional :: ascii_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_transport_to_ascii_run_n
+    end function kl_time_transport_to_ascii_run_n
     function kl_time_transport_to_processing(time_id, trans_id_in, time_ref_in, transport_in,  &
             proc_id_out, time_ref_out, time_out, ierr) bind(c, name="kl_time_transport_to_processing")
       import :: c_double, c_long, kl_time_id
@@ -1117,6 +1933,37 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_transport_to_processing_run
     end function kl_time_transport_to_processing_run
+    function kl_time_transport_to_processing_n(time_id, n, trans_id_in, time_ref_in, transport_in,  &
+            proc_id_out, time_ref_out, time_out, status, ierr) bind(c, name="kl_time_transport_to_processing_n")
+      import :: c_double, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: trans_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: transport_in(4,*)
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_transport_to_processing_n
+    end function kl_time_transport_to_processing_n
+    function kl_time_transport_to_processing_run_n(run_id, n, trans_id_in, time_ref_in,  &
+            transport_in, proc_id_out, time_ref_out, time_out, status, ierr &
+            ) bind(c, name="kl_time_transport_to_processing_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: trans_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: transport_in(4,*)
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_transport_to_processing_run_n
+    end function kl_time_transport_to_processing_run_n
     function kl_time_transport_to_transport(time_id, trans_id_in, time_ref_in, transport_in,  &
             trans_id_out, time_ref_out, transport_out, ierr) bind(c, name="kl_time_transport_to_transport")
       import :: c_long, kl_time_id
@@ -1143,6 +1990,37 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_transport_to_transport_run
     end function kl_time_transport_to_transport_run
+    function kl_time_transport_to_transport_n(time_id, n, trans_id_in, time_ref_in, transport_in,  &
+            trans_id_out, time_ref_out, transport_out, status, ierr) bind(c, name="kl_time_transport_to_transport_n")
+      import :: c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: trans_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: transport_in(4,*)
+      integer(c_long), intent(in), optional :: trans_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(inout), optional :: transport_out(4,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_transport_to_transport_n
+    end function kl_time_transport_to_transport_n
+    function kl_time_transport_to_transport_run_n(run_id, n, trans_id_in, time_ref_in, transport_in,  &
+            trans_id_out, time_ref_out, transport_out, status, ierr &
+            ) bind(c, name="kl_time_transport_to_transport_run_n")
+      import :: c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: trans_id_in
+      integer(c_long), intent(in), optional :: time_ref_in
+      integer(c_long), intent(in), optional :: transport_in(4,*)
+      integer(c_long), intent(in), optional :: trans_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      integer(c_long), intent(inout), optional :: transport_out(4,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_transport_to_transport_run_n
+    end function kl_time_transport_to_transport_run_n
     function kl_change_cart_cs(model_id, time_id, calc_mode, cs_in, cs_out, time_ref, time, pos,  &
             vel, acc, pos_out, vel_out, acc_out, ierr) bind(c, name="kl_change_cart_cs")
       import :: c_double, c_long, kl_model_id, kl_time_id
@@ -1180,6 +2058,47 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_change_cart_cs_run
     end function kl_change_cart_cs_run
+    function kl_change_cart_cs_n(model_id, time_id, n, calc_mode, cs_in, cs_out, time_ref, time,  &
+            pos, vel, acc, pos_out, vel_out, acc_out, status, ierr) bind(c, name="kl_change_cart_cs_n")
+      import :: c_double, c_long, kl_model_id, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      integer(c_long), intent(in), optional :: cs_in
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      real(c_double), intent(in), optional :: acc(3,*)
+      real(c_double), intent(inout), optional :: pos_out(3,*)
+      real(c_double), intent(inout), optional :: vel_out(3,*)
+      real(c_double), intent(inout), optional :: acc_out(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_change_cart_cs_n
+    end function kl_change_cart_cs_n
+    function kl_change_cart_cs_run_n(run_id, n, calc_mode, cs_in, cs_out, time_ref, time, pos, vel,  &
+            acc, pos_out, vel_out, acc_out, status, ierr) bind(c, name="kl_change_cart_cs_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      integer(c_long), intent(in), optional :: cs_in
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      real(c_double), intent(in), optional :: acc(3,*)
+      real(c_double), intent(inout), optional :: pos_out(3,*)
+      real(c_double), intent(inout), optional :: vel_out(3,*)
+      real(c_double), intent(inout), optional :: acc_out(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_change_cart_cs_run_n
+    end function kl_change_cart_cs_run_n
     function kl_geoid_calc(inputs, undulation, ierr) bind(c, name="kl_geoid_calc")
       import :: c_double, c_long, kl_geoid_input
       type(kl_geoid_input), intent(in), optional :: inputs
@@ -1187,6 +2106,19 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_geoid_calc
     end function kl_geoid_calc
+    function kl_geoid_calc_n(model_id, n, latitude, longitude, max_degree, undulation, status, ierr &
+            ) bind(c, name="kl_geoid_calc_n")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: latitude(*)
+      real(c_double), intent(in), optional :: longitude(*)
+      integer(c_long), intent(in), optional :: max_degree
+      real(c_double), intent(inout), optional :: undulation(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geoid_calc_n
+    end function kl_geoid_calc_n
     function kl_geoid_grid(model_id, max_degree, lat, n_lat, lon, n_lon, undulation, ierr &
             ) bind(c, name="kl_geoid_grid")
       import :: c_double, c_long, kl_model_id
@@ -1200,6 +2132,117 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_geoid_grid
     end function kl_geoid_grid
+    function kl_poly_real_roots(order, c, roots, n_roots, ierr) bind(c, name="kl_poly_real_roots")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: order
+      real(c_double), intent(in), optional :: c(*)
+      real(c_double), intent(inout), optional :: roots(4)
+      integer(c_long), intent(inout), optional :: n_roots
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_poly_real_roots
+    end function kl_poly_real_roots
+    function kl_ray_ellipsoid(model_id, pos, dir, margin, t, n_points, ierr) bind(c, name="kl_ray_ellipsoid")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: dir(3)
+      real(c_double), intent(in), optional :: margin
+      real(c_double), intent(inout), optional :: t(2)
+      integer(c_long), intent(inout), optional :: n_points
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_ellipsoid
+    end function kl_ray_ellipsoid
+    function kl_ray_ellipsoid_run(run_id, pos, dir, margin, t, n_points, ierr) bind(c, name="kl_ray_ellipsoid_run")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: dir(3)
+      real(c_double), intent(in), optional :: margin
+      real(c_double), intent(inout), optional :: t(2)
+      integer(c_long), intent(inout), optional :: n_points
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_ellipsoid_run
+    end function kl_ray_ellipsoid_run
+    function kl_ray_height(model_id, pos, dir, height, t, n_points, ierr) bind(c, name="kl_ray_height")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: dir(3)
+      real(c_double), intent(in), optional :: height
+      real(c_double), intent(inout), optional :: t(2)
+      integer(c_long), intent(inout), optional :: n_points
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_height
+    end function kl_ray_height
+    function kl_ray_height_run(run_id, pos, dir, height, t, n_points, ierr) bind(c, name="kl_ray_height_run")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: dir(3)
+      real(c_double), intent(in), optional :: height
+      real(c_double), intent(inout), optional :: t(2)
+      integer(c_long), intent(inout), optional :: n_points
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_height_run
+    end function kl_ray_height_run
+    function kl_ray_tangent(model_id, pos, dir, t, point, geodetic, meets_earth, ierr) bind(c, name="kl_ray_tangent")
+      import :: c_double, c_long, kl_geodetic, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: dir(3)
+      real(c_double), intent(inout), optional :: t
+      real(c_double), intent(inout), optional :: point(3)
+      type(kl_geodetic), intent(inout), optional :: geodetic
+      integer(c_long), intent(inout), optional :: meets_earth
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_tangent
+    end function kl_ray_tangent
+    function kl_ray_tangent_run(run_id, pos, dir, t, point, geodetic, meets_earth, ierr &
+            ) bind(c, name="kl_ray_tangent_run")
+      import :: c_double, c_long, kl_geodetic
+      integer(c_long), intent(in), optional :: run_id
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: dir(3)
+      real(c_double), intent(inout), optional :: t
+      real(c_double), intent(inout), optional :: point(3)
+      type(kl_geodetic), intent(inout), optional :: geodetic
+      integer(c_long), intent(inout), optional :: meets_earth
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_tangent_run
+    end function kl_ray_tangent_run
+    function kl_eclipse(model_id, time_id, light_time, cs, time_ref, time, pos, margin, state,  &
+            fraction, depth, ierr) bind(c, name="kl_eclipse")
+      import :: c_double, c_long, kl_model_id, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: light_time
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: margin
+      integer(c_long), intent(inout), optional :: state
+      real(c_double), intent(inout), optional :: fraction
+      real(c_double), intent(inout), optional :: depth
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_eclipse
+    end function kl_eclipse
+    function kl_eclipse_run(run_id, light_time, cs, time_ref, time, pos, margin, state, fraction,  &
+            depth, ierr) bind(c, name="kl_eclipse_run")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: light_time
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time
+      real(c_double), intent(in), optional :: pos(3)
+      real(c_double), intent(in), optional :: margin
+      integer(c_long), intent(inout), optional :: state
+      real(c_double), intent(inout), optional :: fraction
+      real(c_double), intent(inout), optional :: depth
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_eclipse_run
+    end function kl_eclipse_run
     function kl_model_init(mode, models, model_id, ierr) bind(c, name="kl_model_init")
       import :: c_long, kl_model_id
       integer(c_long), intent(in), optional :: mode
@@ -1326,6 +2369,17 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_quaternions_to_vectors
     end function kl_quaternions_to_vectors
+    function kl_quaternions_to_vectors_n(n, q, x, y, z, status, ierr) bind(c, name="kl_quaternions_to_vectors_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: q(4,*)
+      real(c_double), intent(inout), optional :: x(3,*)
+      real(c_double), intent(inout), optional :: y(3,*)
+      real(c_double), intent(inout), optional :: z(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_quaternions_to_vectors_n
+    end function kl_quaternions_to_vectors_n
     function kl_vectors_to_quaternions(x, y, z, q, ierr) bind(c, name="kl_vectors_to_quaternions")
       import :: c_double, c_long
       real(c_double), intent(in), optional :: x(3)
@@ -1335,6 +2389,17 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_vectors_to_quaternions
     end function kl_vectors_to_quaternions
+    function kl_vectors_to_quaternions_n(n, x, y, z, q, status, ierr) bind(c, name="kl_vectors_to_quaternions_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: x(3,*)
+      real(c_double), intent(in), optional :: y(3,*)
+      real(c_double), intent(in), optional :: z(3,*)
+      real(c_double), intent(inout), optional :: q(4,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_vectors_to_quaternions_n
+    end function kl_vectors_to_quaternions_n
     function kl_quaternions_interpol(mode, t1, q1, t2, q2, t, q, ierr) bind(c, name="kl_quaternions_interpol")
       import :: c_double, c_long
       integer(c_long), intent(in), optional :: mode
@@ -1347,6 +2412,21 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_quaternions_interpol
     end function kl_quaternions_interpol
+    function kl_quaternions_interpol_n(n, mode, t1, q1, t2, q2, t, q, status, ierr &
+            ) bind(c, name="kl_quaternions_interpol_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: mode
+      real(c_double), intent(in), optional :: t1(*)
+      real(c_double), intent(in), optional :: q1(4,*)
+      real(c_double), intent(in), optional :: t2(*)
+      real(c_double), intent(inout), optional :: q2(4,*)
+      real(c_double), intent(in), optional :: t(*)
+      real(c_double), intent(inout), optional :: q(4,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_quaternions_interpol_n
+    end function kl_quaternions_interpol_n
     function kl_euler_to_matrix(angles, matrix, ierr) bind(c, name="kl_euler_to_matrix")
       import :: c_double, c_long
       real(c_double), intent(in), optional :: angles(3)
@@ -1354,6 +2434,15 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_euler_to_matrix
     end function kl_euler_to_matrix
+    function kl_euler_to_matrix_n(n, angles, matrix, status, ierr) bind(c, name="kl_euler_to_matrix_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: angles(3,*)
+      real(c_double), intent(inout), optional :: matrix(9,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_euler_to_matrix_n
+    end function kl_euler_to_matrix_n
     function kl_matrix_to_euler(matrix, angles, ierr) bind(c, name="kl_matrix_to_euler")
       import :: c_double, c_long
       real(c_double), intent(in), optional :: matrix(9)
@@ -1361,6 +2450,15 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_matrix_to_euler
     end function kl_matrix_to_euler
+    function kl_matrix_to_euler_n(n, matrix, angles, status, ierr) bind(c, name="kl_matrix_to_euler_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: matrix(9,*)
+      real(c_double), intent(inout), optional :: angles(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_matrix_to_euler_n
+    end function kl_matrix_to_euler_n
     function kl_get_rotation_angles(x1, y1, z1, x2, y2, z2, angles, ierr) bind(c, name="kl_get_rotation_angles")
       import :: c_double, c_long
       real(c_double), intent(in), optional :: x1(3)
@@ -1373,6 +2471,21 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_get_rotation_angles
     end function kl_get_rotation_angles
+    function kl_get_rotation_angles_n(n, x1, y1, z1, x2, y2, z2, angles, status, ierr &
+            ) bind(c, name="kl_get_rotation_angles_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: x1(3,*)
+      real(c_double), intent(in), optional :: y1(3,*)
+      real(c_double), intent(in), optional :: z1(3,*)
+      real(c_double), intent(in), optional :: x2(3,*)
+      real(c_double), intent(in), optional :: y2(3,*)
+      real(c_double), intent(in), optional :: z2(3,*)
+      real(c_double), intent(inout), optional :: angles(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_get_rotation_angles_n
+    end function kl_get_rotation_angles_n
     function kl_get_rotated_vectors(x1, y1, z1, angles, x2, y2, z2, ierr) bind(c, name="kl_get_rotated_vectors")
       import :: c_double, c_long
       real(c_double), intent(in), optional :: x1(3)
@@ -1385,6 +2498,21 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_get_rotated_vectors
     end function kl_get_rotated_vectors
+    function kl_get_rotated_vectors_n(n, x1, y1, z1, angles, x2, y2, z2, status, ierr &
+            ) bind(c, name="kl_get_rotated_vectors_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: x1(3,*)
+      real(c_double), intent(in), optional :: y1(3,*)
+      real(c_double), intent(in), optional :: z1(3,*)
+      real(c_double), intent(in), optional :: angles(3,*)
+      real(c_double), intent(inout), optional :: x2(3,*)
+      real(c_double), intent(inout), optional :: y2(3,*)
+      real(c_double), intent(inout), optional :: z2(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_get_rotated_vectors_n
+    end function kl_get_rotated_vectors_n
     function kl_run_init(sat_id, time_id, model_id, run_id, ierr) bind(c, name="kl_run_init")
       import :: c_long, kl_model_id, kl_time_id
       integer(c_long), intent(in), optional :: sat_id
@@ -1443,6 +2571,70 @@ module kitlib
       character(kind=c_char), intent(in), optional :: identifier(*)
       integer(c_long) :: kl_set_sp3_sat_data
     end function kl_set_sp3_sat_data
+    function kl_star_radec(model_id, time_id, corrections, cs_out, time_ref, time, star,  &
+            observer_pos, observer_vel, place, ierr) bind(c, name="kl_star_radec")
+      import :: c_double, c_long, kl_model_id, kl_radec, kl_star, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time
+      type(kl_star), intent(in), optional :: star
+      real(c_double), intent(in), optional :: observer_pos(3)
+      real(c_double), intent(in), optional :: observer_vel(3)
+      type(kl_radec), intent(inout), optional :: place
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_star_radec
+    end function kl_star_radec
+    function kl_star_radec_run(run_id, corrections, cs_out, time_ref, time, star, observer_pos,  &
+            observer_vel, place, ierr) bind(c, name="kl_star_radec_run")
+      import :: c_double, c_long, kl_radec, kl_star
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time
+      type(kl_star), intent(in), optional :: star
+      real(c_double), intent(in), optional :: observer_pos(3)
+      real(c_double), intent(in), optional :: observer_vel(3)
+      type(kl_radec), intent(inout), optional :: place
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_star_radec_run
+    end function kl_star_radec_run
+    function kl_star_catalog(model_id, time_id, file, window, corrections, cs_out, time_ref, time,  &
+            n_stars, stars, places, ierr) bind(c, name="kl_star_catalog")
+      import :: c_char, c_double, c_long, c_ptr, kl_model_id, kl_star_window, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      character(kind=c_char), intent(in), optional :: file(*)
+      type(kl_star_window), intent(in), optional :: window
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time
+      integer(c_long), intent(inout), optional :: n_stars
+      type(c_ptr), intent(inout), optional :: stars
+      type(c_ptr), intent(inout), optional :: places
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_star_catalog
+    end function kl_star_catalog
+    function kl_star_catalog_run(run_id, file, window, corrections, cs_out, time_ref, time, n_stars,  &
+            stars, places, ierr) bind(c, name="kl_star_catalog_run")
+      import :: c_char, c_double, c_long, c_ptr, kl_star_window
+      integer(c_long), intent(in), optional :: run_id
+      character(kind=c_char), intent(in), optional :: file(*)
+      type(kl_star_window), intent(in), optional :: window
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time
+      integer(c_long), intent(inout), optional :: n_stars
+      type(c_ptr), intent(inout), optional :: stars
+      type(c_ptr), intent(inout), optional :: places
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_star_catalog_run
+    end function kl_star_catalog_run
     function kl_time_ref_init(tri_time, orbit, anx_time, orbit_duration, time_id, ierr &
             ) bind(c, name="kl_time_ref_init")
       import :: c_double, c_long, kl_time_id
@@ -1555,6 +2747,18 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_add
     end function kl_time_add
+    function kl_time_add_n(n, proc_id, time_ref, time, duration, time_out, status, ierr) bind(c, name="kl_time_add_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: proc_id
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: duration(*)
+      real(c_double), intent(inout), optional :: time_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_add_n
+    end function kl_time_add_n
     function kl_time_diff(proc_id, time_ref, time1, time2, duration, ierr) bind(c, name="kl_time_diff")
       import :: c_double, c_long
       integer(c_long), intent(in), optional :: proc_id
@@ -1565,6 +2769,18 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_diff
     end function kl_time_diff
+    function kl_time_diff_n(n, proc_id, time_ref, time1, time2, duration, status, ierr) bind(c, name="kl_time_diff_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: proc_id
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time1(*)
+      real(c_double), intent(in), optional :: time2(*)
+      real(c_double), intent(inout), optional :: duration(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_diff_n
+    end function kl_time_diff_n
     function kl_time_get_leap_second_info(time_id, ascii_id_out, leap_sign, utc_time_before,  &
             utc_time_after, ierr) bind(c, name="kl_time_get_leap_second_info")
       import :: c_char, c_long, kl_time_id

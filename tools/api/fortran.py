@@ -46,7 +46,7 @@ def record(name, body):
     return "\n".join(lines + [f"  end type {name}"])
 
 
-def dummy(declared, arrays):
+def dummy(declared, arrays, callbacks):
     """One argument: its name and its declaration."""
     const = declared.startswith("const ")
     text = declared.removeprefix("const ")
@@ -55,6 +55,8 @@ def dummy(declared, arrays):
     name = re.search(r"(\w+)\s*\)?(?:\[\w*\])*$", rest).group(1)
     stars, sizes = rest.count("*"), re.findall(r"\[(\w*)\]", rest)
     intent = ("intent(in)" if const else "intent(inout)") + ", optional"  # left out: NULL
+    if kind in callbacks:
+        return name, f"type(c_funptr), value :: {name}"
     if kind == "void" and stars == 1:
         return name, f"type(c_ptr), value :: {name}"
     if stars > 1 or (stars == 1 and sizes == [""]):
@@ -67,14 +69,14 @@ def dummy(declared, arrays):
     return name, f"{NUMBERS.get(kind, f'type({kind})')}, {intent} :: {name}" + (f"({','.join(shape)})" if shape else "")
 
 
-def interface(function, form):
+def interface(function, form, callbacks):
     declared = form["declaration"]
     returns, name, inside = re.match(r"(.*?)\b(\w+)\((.*)\)$", declared).groups()
     many = {"each", "gives", "both"}
     arrays = {a["name"] for a in function["arguments"] if a["length"]}
     if re.search(r"_n$", name):
         arrays |= {"status"} | {a["name"] for a in function["arguments"] if a["role"] in many}
-    dummies = [] if inside == "void" else [dummy(p.strip(), arrays) for p in inside.split(",")]
+    dummies = [] if inside == "void" else [dummy(p.strip(), arrays, callbacks) for p in inside.split(",")]
     records = {m for _, d in dummies for m in re.findall(r"type\((kl_\w+)\)", d)}
     kinds = {k for _, d in dummies for k in re.findall(r"\bc_\w+", d)}
     returns = returns.strip()
@@ -95,7 +97,9 @@ def module(api, headers, comment):
     """The text of the module from the rows of api.json and the texts of the headers."""
     text = "\n".join(headers)
     records = dict(re.findall(r"typedef struct (\w+) \{(.*?)\} \1;", bare(text), re.S))
-    calls = [interface(f, form) for f in api["functions"] if f["place"] == "public" for form in f["forms"]]
+    callbacks = set(re.findall(r"typedef [^;()]*\(\*(\w+)\)\(|typedef [\w ]*?(\w+)\([^;]*\);", bare(text)))
+    callbacks = {name for pair in callbacks for name in pair if name}
+    calls = [interface(f, form, callbacks) for f in api["functions"] if f["place"] == "public" for form in f["forms"]]
     return "\n".join([
         "! The library for Fortran 2018: the C functions, by their names. An argument that is left out is NULL to the library;",
         "! matrices come with the second index first; a text ends with c_null_char.",
