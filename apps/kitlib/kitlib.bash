@@ -4,7 +4,7 @@ _kitlib()
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} verb=${COMP_WORDS[1]}
     COMPREPLY=()
     if [ "$COMP_CWORD" -eq 1 ]; then
-        COMPREPLY=($(compgen -W "time sky sun moon planet frame geoid timeid explain functions --help --version" -- "$word"))
+        COMPREPLY=($(compgen -W "time sky sun moon planet frame geoid geodetic kepler topocentric distance timeid explain functions --help --version" -- "$word"))
         return
     fi
     case "$verb $before" in

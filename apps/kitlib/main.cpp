@@ -18,6 +18,7 @@ struct Options {
     RowOptions rows;
     long from_scale = KL_TIME_UTC, to_scale = KL_TIME_UTC, format = KL_ASCII_43;
     long from_frame = KL_EF, to_frame = KL_EF, planet = 0, degree = 360;
+    bool back = false, mean = false;
     std::string function, vector, wanted;
 };
 
@@ -42,7 +43,7 @@ int answer(const Question &question, const Options &options)
 
 int refused(const Refusal &why)
 {
-    const Condition *condition = why.cell < 0 ? first_error(why.function_id, why.ierr) : nullptr;
+    const Condition *condition = why.cell < 0 ? first_error(why.function_id, why.function, why.ierr) : nullptr;
     std::fprintf(stderr, "kitlib: %s\n", condition != nullptr ? condition->text : "the time cannot be read");
     return kRefused;
 }
@@ -293,6 +294,23 @@ int main(int argc, char **argv)
                            "LATITUDE LONGITUDE");
     geoid->add_option("--degree", options.degree, "of the expansion, 360 where none is named");
 
+    CLI::App *geodetic = rows(verb("geodetic", "Earth-fixed position to latitude, longitude and height, or back",
+                                   "kitlib geodetic 4078e3 931e3 4801e3\n  kitlib geodetic --back 47.5 19.05 150"),
+                              "X Y Z");
+    geodetic->add_flag("--back", options.back, "LATITUDE LONGITUDE HEIGHT to X Y Z");
+    CLI::App *kepler = rows(verb("kepler", "Keplerian elements to position and velocity, or back",
+                                 "kitlib kepler 7159e3 0.001 98.5 10 90 30 --mean"),
+                            "A E INCLINATION RAAN PERIGEE ANOMALY");
+    kepler->add_flag("--back", options.back, "X Y Z VX VY VZ to elements");
+    kepler->add_flag("--mean", options.mean, "mean elements (less the short-period terms of J2); else osculating ones");
+    CLI::App *topocentric =
+        rows(verb("topocentric", "Azimuth, elevation and range of an Earth-fixed position from a place",
+                  "kitlib topocentric 47.5 19.05 150 4500e3 1000e3 5500e3"),
+             "LATITUDE LONGITUDE HEIGHT X Y Z");
+    CLI::App *distance = rows(
+        verb("distance", "Shortest way between two places on the ellipsoid", "kitlib distance 47.5 19.05 -22.9 -43.2"),
+        "LATITUDE1 LONGITUDE1 LATITUDE2 LONGITUDE2");
+
     CLI::App *timeid = verb("timeid", "What files of Earth orientation hold, to which date, leap seconds",
                             "kitlib timeid finals2000A.all leap-seconds.list");
     timeid->add_option("files", options.files, "FILE...; none: the correlation compiled in");
@@ -337,8 +355,13 @@ int main(int argc, char **argv)
                   body_question(context, Body::kPlanet, options.planet, options.from_scale, options.to_frame), options)
             : *frame ? answer(
                   frame_question(context, options.from_scale, options.from_frame, options.to_frame, velocity), options)
-            : *geoid ? answer(geoid_question(context, options.degree), options)
-                     : show_time_files(context, options);
+            : *geoid    ? answer(geoid_question(context, options.degree), options)
+            : *geodetic ? answer(geodetic_question(context, options.back), options)
+            : *kepler   ? answer(
+                    kepler_question(context, options.mean ? KL_KEPLER_MEAN : KL_KEPLER_OSCULATING, options.back), options)
+            : *topocentric ? answer(topocentric_question(context), options)
+            : *distance    ? answer(distance_question(context), options)
+                           : show_time_files(context, options);
     }
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         std::fputs("kitlib: the output cannot be written\n", stderr);

@@ -224,6 +224,108 @@ Question frame_question(const Context &context, long scale, long from, long to, 
     return question;
 }
 
+Question geodetic_question(const Context &context, bool to_cartesian)
+{
+    const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,
+                                   Refusal &why) {
+        const long mode = KL_CALC_POS;
+        const double still[3] = {0.0, 0.0, 0.0};
+        double in[3], out[3], vel[3];
+        kl_geodetic place = {};
+        if (!numbers(cells, 0, in, why))
+            return false;
+        if (to_cartesian) {
+            place.latitude = in[0], place.longitude = in[1], place.height = in[2];
+            if (refused(kl_geod_to_cart(&context.models, &mode, &place, out, vel, why.ierr), KL_ID_FUNC_GEOD_TO_CART,
+                        why))
+                return false;
+        } else {
+            if (refused(kl_cart_to_geod(&context.models, &mode, in, still, &place, why.ierr), KL_ID_FUNC_CART_TO_GEOD,
+                        why))
+                return false;
+            out[0] = place.latitude, out[1] = place.longitude, out[2] = place.height;
+        }
+        put(answer, 0, out);
+        return true;
+    };
+    const std::vector<Quantity> places = {{"latitude", "deg"}, {"longitude", "deg"}, {"height", "m"}};
+    const std::vector<Quantity> positions(kState.begin(), kState.begin() + 3);
+    return {to_cartesian ? places : positions, 0, to_cartesian ? positions : places, ask};
+}
+
+Question kepler_question(const Context &context, long kind, bool to_elements)
+{
+    const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,
+                                   Refusal &why) {
+        double in[6], out[6];
+        if (!numbers(cells, 0, in, why))
+            return false;
+        if (to_elements) {
+            kl_kepler orbit = {};
+            if (refused(kl_cart_to_kepl(&context.models, &kind, in, in + 3, &orbit, why.ierr), KL_ID_FUNC_CART_TO_KEPL,
+                        why))
+                return false;
+            const double elements[6] = {orbit.semi_major_axis, orbit.eccentricity, orbit.inclination, orbit.raan,
+                                        orbit.arg_perigee,     orbit.mean_anomaly};
+            std::memcpy(out, elements, sizeof out);
+        } else {
+            const kl_kepler orbit = {in[0], in[1], in[2], in[3], in[4], in[5]};
+            if (refused(kl_kepl_to_cart(&context.models, &kind, &orbit, out, out + 3, why.ierr),
+                        KL_ID_FUNC_KEPL_TO_CART, why))
+                return false;
+        }
+        put(answer, 0, out);
+        put(answer, 3, out + 3);
+        return true;
+    };
+    const std::vector<Quantity> elements = {{"a", "m"},      {"e", ""},          {"inclination", "deg"},
+                                            {"raan", "deg"}, {"perigee", "deg"}, {"anomaly", "deg"}};
+    return {to_elements ? kState : elements, 0, to_elements ? elements : kState, ask};
+}
+
+Question topocentric_question(const Context &context)
+{
+    const auto ask = [&context](const std::vector<std::string_view> &cells, std::vector<Value> &answer, Refusal &why) {
+        const long mode = KL_CALC_POS;
+        const double still[3] = {0.0, 0.0, 0.0};
+        double in[6];
+        if (!numbers(cells, 0, in, why))
+            return false;
+        const kl_geodetic origin = {in[0], in[1], in[2], 0.0, 0.0, 0.0};
+        kl_topocentric seen = {};
+        const long status = kl_ef_to_topocentric(&context.models, &mode, &origin, in + 3, still, &seen, why.ierr);
+        if (status == KL_ERR) {
+            why.function = "kl_ef_to_topocentric";
+            return false;
+        }
+        const double out[3] = {seen.azimuth, seen.elevation, seen.range};
+        put(answer, 0, out);
+        return true;
+    };
+    return {{{"latitude", "deg"}, {"longitude", "deg"}, {"height", "m"}, {"x", "m"}, {"y", "m"}, {"z", "m"}},
+            0,
+            {{"azimuth", "deg"}, {"elevation", "deg"}, {"range", "m"}},
+            ask};
+}
+
+Question distance_question(const Context &context)
+{
+    const auto ask = [&context](const std::vector<std::string_view> &cells, std::vector<Value> &answer, Refusal &why) {
+        double in[4], out[3];
+        if (!numbers(cells, 0, in, why)
+            || refused(
+                kl_geod_distance(&context.models, &in[0], &in[1], &in[2], &in[3], &out[0], &out[1], &out[2], why.ierr),
+                KL_ID_FUNC_GEOD_DISTANCE, why))
+            return false;
+        put(answer, 0, out);
+        return true;
+    };
+    return {{{"latitude1", "deg"}, {"longitude1", "deg"}, {"latitude2", "deg"}, {"longitude2", "deg"}},
+            0,
+            {{"distance", "m"}, {"azimuth1", "deg"}, {"azimuth2", "deg"}},
+            ask};
+}
+
 Question geoid_question(const Context &context, long degree)
 {
     const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,

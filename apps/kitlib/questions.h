@@ -32,6 +32,10 @@ Question time_question(const Context &context, long from, long to, long format);
 enum class Body { kSun, kMoon, kPlanet };
 Question body_question(const Context &context, Body body, long planet, long scale, long frame);
 Question frame_question(const Context &context, long scale, long from, long to, bool with_velocity);
+Question geodetic_question(const Context &context, bool to_cartesian);
+Question kepler_question(const Context &context, long kind, bool to_elements);
+Question topocentric_question(const Context &context);
+Question distance_question(const Context &context);
 Question geoid_question(const Context &context, long degree);
 
 // TAI of a text or of days, which may be a leap second.

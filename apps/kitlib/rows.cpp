@@ -73,7 +73,7 @@ std::string code_of(const Question &question, const Refusal &why)
 {
     if (why.cell >= 0)
         return "input:" + question.inputs[static_cast<std::size_t>(why.cell)].name;
-    const Condition *condition = first_error(why.function_id, why.ierr);
+    const Condition *condition = first_error(why.function_id, why.function, why.ierr);
     return condition != nullptr ? std::string(condition->function) + ":" + std::to_string(condition->code) : "refused";
 }
 
@@ -81,7 +81,7 @@ std::string words_of(const Question &question, const Refusal &why)
 {
     if (why.cell >= 0)
         return question.inputs[static_cast<std::size_t>(why.cell)].name + " cannot be read";
-    const Condition *condition = first_error(why.function_id, why.ierr);
+    const Condition *condition = first_error(why.function_id, why.function, why.ierr);
     return condition != nullptr ? std::string(condition->constant) + ": " + condition->text : "refused";
 }
 

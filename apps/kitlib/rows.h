@@ -23,6 +23,7 @@ struct Value {
 struct Refusal {
     int cell = -1; // index of the input
     long function_id = -1;
+    const char *function = nullptr; // where it has no id
     long ierr[2] = {0, 0};
 };
 

@@ -1,5 +1,7 @@
 #include "table.h"
 
+#include <cstring>
+
 namespace kitlib {
 
 #define FUNCTION(name, subject, summary, declaration) {name, subject, summary, declaration},
@@ -27,10 +29,11 @@ bool is_set(const Condition &condition, const long ierr[2])
     return condition.bit >= 0 && (ierr[condition.bit / kBitsOfAWord] >> condition.bit % kBitsOfAWord & 1) != 0;
 }
 
-const Condition *first_error(long public_id, const long ierr[2])
+const Condition *first_error(long public_id, const char *function, const long ierr[2])
 {
     for (const Condition &condition : kConditions)
-        if (condition.public_id == public_id && condition.severity < 0 && is_set(condition, ierr))
+        if ((function != nullptr ? std::strcmp(function, condition.function) == 0 : condition.public_id == public_id)
+            && condition.severity < 0 && is_set(condition, ierr))
             return &condition;
     return nullptr;
 }

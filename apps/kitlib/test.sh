@@ -29,6 +29,15 @@ says 2 "" time 2016-13-01
 says 2 "" time 2016-06-30T23:59:60
 says 2 "" time yesterday
 says 2 "" geoid 91 0
+says 2 "" topocentric 91 0 0 7e6 0 0
+# WGS 84 (NIMA TR8350.2, table 3.1 and 3.3): the semi-axes; a quarter of a meridian is 10001965.729 m.
+says 0 '{"latitude": 0, "longitude": 0, "height": 0}' geodetic 6378137 0 0 --json
+says 0 - geodetic --back 90 0 0 --json
+grep -q '"z": 6356752\.314' out || { cat out >&2; bad=1; }
+says 0 - distance 0 0 90 0 --json
+grep -q '"distance": 10001965\.7[23]' out || { cat out >&2; bad=1; }
+says 0 - topocentric 0 0 0 7378137 0 0
+grep -q '^elevation *90 deg' out && grep -q '^range *1e+06 m' out || { cat out >&2; bad=1; }
 says 1 "" time 2017-01-01 2017-01-02
 says 1 "" frame 2017-01-01 1 2
 says 1 "" time 2017-01-01 --to TDB

@@ -610,8 +610,8 @@ def command_table(table):
             rows.append(f"FUNCTION({', '.join(map(quoted, (name, f.subject, f.summary, declared)))})")
     for f in table.public:
         for c in f.conditions:
-            if not c.never and f.public is not None:
-                rows.append(f"CONDITION({quoted(f.reported)}, {f.public}, {c.code}, {c.bit}, {c.severity}, "
+            if not c.never:
+                rows.append(f"CONDITION({quoted(f.reported)}, {-1 if f.public is None else f.public}, {c.code}, {c.bit}, {c.severity}, "
                             f"{quoted(c.constant)}, {quoted(c.text)}, {quoted(c.when)})")
     return generated(("//", ""), "Functions and conditions, for the command.") + "\n".join(rows) + "\n"
 
