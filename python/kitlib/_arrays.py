@@ -108,6 +108,8 @@ def octets(value, name):
 
 def contiguous(array, shape, item, dtype):
     """The array with its leading axes broadcast to shape: itself when it is that already."""
+    if array.dtype == dtype and array.shape == shape + item and array.flags.c_contiguous and array.flags.aligned:
+        return array
     if array.shape != shape + item:
         array = np.broadcast_to(array, shape + item)
     out = np.ascontiguousarray(array, dtype).reshape(shape + item)
@@ -115,6 +117,8 @@ def contiguous(array, shape, item, dtype):
 
 
 def broadcast(shapes, names):
+    if shapes.count(shapes[0]) == len(shapes):
+        return shapes[0]
     try:
         return np.broadcast_shapes(*shapes)
     except ValueError:
@@ -161,8 +165,8 @@ class Function:
         self.has_vector = words > 0
         self.symbol = array_symbol
         self.parameters = parameters
-        self.each = [p for p in parameters if p[0] in ("each", "both")]
-        self.gives = [p for p in parameters if p[0] == "gives"]
+        self.each = [p for p in parameters if p[0] in ("each", "both", "inout")]
+        self.gives = [p for p in parameters if p[0] in ("gives", "inout")]
         self.array = None  # looked up at the first call, so that an older library fails in its own functions only
         self.one = _one_element(self)
 
@@ -210,7 +214,7 @@ class Function:
             else:
                 given = arrays[i]
                 arrays[i] = contiguous(given, shape, item, dtype)
-                if role == "both" and np.shares_memory(arrays[i], given):
+                if role != "each" and np.shares_memory(arrays[i], given):
                     arrays[i] = arrays[i].copy()
         return arrays, shape
 
@@ -238,9 +242,9 @@ class Function:
         each, selects, ids = iter(arrays), iter(selects), iter(ids)
         for p in self.parameters:
             role = p[0]
-            if role in ("each", "both"):
+            if role in ("each", "both", "inout"):
                 array = next(each)
-                keep.append(array)
+                (outputs if role == "inout" else keep).append(array)
                 arguments.append(_NO if array is None else pointer(array))
             elif role == "gives":
                 _, _, kind, length, _, _ = p
@@ -328,7 +332,7 @@ def _one_element(f):
 
     It takes Python floats for numbers and float64 arrays of just the length for vectors, and gives None for anything else.
     """
-    if f.flat or any(not isinstance(p[2], str) or p[2] != "f8" or p[0] == "both" for p in f.each) or not f.each \
+    if f.flat or any(not isinstance(p[2], str) or p[2] != "f8" or p[0] != "each" for p in f.each) or not f.each \
             or any(not isinstance(p[2], str) or p[2] not in ("f8", "i8") for p in f.gives) or any(p[0] == "record" for p in f.parameters):
         return None
     scope = {"c": ctypes, "np": np, "long_pointer": long_pointer, "selected": selected, "ids": _ids, "f": f, "result": f.result,

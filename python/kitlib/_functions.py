@@ -6,7 +6,7 @@ Written by tools/api/generate.py from the table in api/ and the headers in inclu
 from . import _table
 from ._arrays import Function as _Function, mode_of as _mode
 from ._table import *  # noqa: F403
-from ._table import AxesResult, BodyStateResult, CoticchiaSuraceResult, EarthOrientationResult, EclipseStateResult, GeodesicEndResult, GeodesicResult, GeodeticResult, GridPlaceResult, KeplerResult, LeapSecondInfoResult, LocalFrameResult, MatrixStateResult, OrbitAngleResult, OrbitSunAnglesResult, RadecResult, RayPointsResult, StateResult, TangentPointResult, TopocentricResult
+from ._table import AxesResult, BodyStateResult, EarthOrientationResult, EclipseStateResult, GeodToUtmResult, GeodesicEndResult, GeodesicResult, GeodeticResult, GridPlaceResult, KeplerResult, LeapSecondInfoResult, LocalFrameResult, MatrixStateResult, OrbitAngleResult, OrbitSunAnglesResult, RadecResult, RayPointsResult, StateResult, TangentPointResult, TopocentricResult
 
 __all__ = [
     "sun",
@@ -26,7 +26,7 @@ __all__ = [
     "radec_to_cart",
     "ef_to_topocentric",
     "topocentric_to_ef",
-    "Coticchia_Surace",
+    "geod_to_utm",
     "utm_to_geod",
     "local_orbital_frame",
     "time_processing_to_processing",
@@ -435,13 +435,13 @@ _position_on_orbit = _Function("kl_position_on_orbit", "kl_position_on_orbit_n",
     ("select", _table.Time),
     ("each", "t", 'f8', 0, False, False),
     ("each", "pos", 'f8', 3, False, False),
-    ("each", "vel", 'f8', 3, True, False),
+    ("each", "vel", 'f8', 3, False, False),
     ("each", "acc", 'f8', 3, True, False),
     ("gives", "out", _table.OrbitAngle, 0, False, False),
 ))
 
 
-def position_on_orbit(t, pos, vel=None, acc=None, /, *, mode=None, cs=Frame.EF, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+def position_on_orbit(t, pos, vel, acc=None, /, *, mode=None, cs, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
     """Angle of a satellite on its orbit, from the ascending node in the direction of motion.
 
     Arguments, arrays that broadcast against each other:
@@ -488,7 +488,7 @@ _orbit_sun = _Function("kl_orbit_sun", "kl_orbit_sun_n", None, 1, OrbitSunAngles
 ))
 
 
-def orbit_sun(t, pos, vel, /, *, cs=Frame.EF, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
+def orbit_sun(t, pos, vel, /, *, cs, ref=Time.UTC, model=None, time=None, errors="raise", return_status=False):
     """Beta angle, local solar times of the ascending node, angle from the Sun to the satellite.
 
     Arguments, arrays that broadcast against each other:
@@ -625,27 +625,28 @@ def topocentric_to_ef(azimuth, elevation, range, azimuth_rate=None, elevation_ra
     return _topocentric_to_ef((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (_mode(mode, azimuth_rate, None), origin,), (model,), errors, return_status)
 
 
-_Coticchia_Surace = _Function("KL_Coticchia_Surace", "kitlib_KL_Coticchia_Surace_n", 39, 1, CoticchiaSuraceResult, False, (
+_geod_to_utm = _Function("KL_Coticchia_Surace", "kitlib_KL_Coticchia_Surace_n", 39, 1, GeodToUtmResult, False, (
     ("model",),
     ("n",),
     ("each", "lat", 'f8', 0, False, False),
     ("each", "lon", 'f8', 0, False, False),
-    ("both", "zone", 'i8', 0, False, False),
+    ("inout", "zone", 'i8', 0, False, False),
     ("gives", "north", 'i8', 0, False, False),
     ("gives", "easting", 'f8', 0, False, False),
     ("gives", "northing", 'f8', 0, False, False),
 ))
 
 
-def Coticchia_Surace(lat, lon, zone, /, *, model=None, errors="raise", return_status=False):
+def geod_to_utm(lat, lon, zone=0, /, *, model=None, errors="raise", return_status=False):
     """Universal transverse Mercator coordinates of a geodetic point.
 
     Arguments, arrays that broadcast against each other:
         lat: deg, -84 to 84
         lon: deg, -360 to 360, within 6 deg of the zone's central meridian
-        zone: 1 to 60, or 0: the zone of the longitude is taken and given back; a copy is changed
+        zone: 1 to 60, or 0: the zone of the longitude is taken and given back
         model: ModelId, None: the default models
-    Returns CoticchiaSurace:
+    Returns GeodToUtm:
+        zone: 1 to 60, or 0: the zone of the longitude is taken and given back
         north: 1 from the equator northwards, else 0
         easting: m, 500000 on the central meridian
         northing: m, 1e7 more in the south
@@ -653,7 +654,7 @@ def Coticchia_Surace(lat, lon, zone, /, *, model=None, errors="raise", return_st
         COMPUTATION_ERR: whatever is refused
     C has no array form of it: the package's own loop in C calls it once an element.
     """
-    return _Coticchia_Surace((lat, lon, zone,), (), (model,), errors, return_status)
+    return _geod_to_utm((lat, lon, zone,), (), (model,), errors, return_status)
 
 
 _utm_to_geod = _Function("kl_utm_to_geod", "kl_utm_to_geod_n", None, 1, GridPlaceResult, False, (

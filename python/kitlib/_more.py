@@ -1,5 +1,6 @@
 """Functions whose arguments are not one an element: the geoid and the clocks on board."""
 import ctypes
+import os
 
 import numpy as np
 
@@ -124,6 +125,28 @@ def _clock_call(name, public_id, sat, ref, parameters, given, out, status, error
         _errors.warn(name, public_id, vector, 4)
 
 
-def lib_version():
-    """0 when the libraries of the family fit together, else -1."""
-    return symbol("kl_check_library_version")()
+def star_catalog(t, /, *, file=None, magnitudes=(-30.0, 30.0), box=None, cone=None, corrections=7, cs_out="TOD", ref="UTC", model=None, time=None):
+    """Stars whose place at an instant lies in a window: (stars, places), structured arrays of kl.Star and kl.Radec.
+
+    t: MJD2000 days, one instant. file: a catalogue; None: the built-in one, 8404 stars to magnitude 6.5. magnitudes: least
+    and largest. box: least and largest right ascension, least and largest declination, deg; cone: right ascension,
+    declination, radius, deg. corrections: sum of kl.StarCorrection; cs_out: axes of the places.
+    """
+    window = _table.StarWindow(*magnitudes, *(box or (0.0, 360.0, -90.0, 90.0)), *(cone or (0.0, 0.0, 0.0)))
+    n, stars, places, vector = ctypes.c_long(0), ctypes.c_void_p(), ctypes.c_void_p(), (ctypes.c_long * 1)()
+    models, correlation = _ids.pointer_of("model", model), _ids.pointer_of("time", time)
+    status = symbol("kl_star_catalog")(models.pointer, correlation.pointer, None if file is None else os.fsencode(file), ctypes.byref(window),
+                                       _arrays.long_pointer(_arrays.selected(corrections, None)), _arrays.long_pointer(_arrays.selected(cs_out, _table.Frame)),
+                                       _arrays.long_pointer(_arrays.selected(ref, _table.Time)), ctypes.byref(ctypes.c_double(t)), ctypes.byref(n),
+                                       ctypes.byref(stars), ctypes.byref(places), vector)
+    if status == -1:
+        raise _errors.error("kl_star_catalog", 35, vector)
+    found = []
+    for pointer, record in ((stars, _table.Star), (places, _table.Radec)):
+        dtype = np.dtype(record)
+        octets = ctypes.string_at(pointer.value, n.value * dtype.itemsize) if n.value else b""
+        found.append(np.frombuffer(octets, dtype).copy())
+        KITLIB.kl_free_array(ctypes.byref(pointer))
+    if status == 1:
+        _errors.warn("kl_star_catalog", 35, vector, 3)
+    return tuple(found)

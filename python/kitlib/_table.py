@@ -553,9 +553,9 @@ class Topocentric(_c.Structure):
 # Results.
 AxesResult = _namedtuple("AxesResult", "x y z")
 BodyStateResult = _namedtuple("BodyStateResult", "pos vel")
-CoticchiaSuraceResult = _namedtuple("CoticchiaSuraceResult", "north easting northing")
 EarthOrientationResult = _namedtuple("EarthOrientationResult", "x_pole y_pole ut1_utc ut1_tai dx dy cip_x cip_y s s_prime era notes")
 EclipseStateResult = _namedtuple("EclipseStateResult", "state fraction depth")
+GeodToUtmResult = _namedtuple("GeodToUtmResult", "zone north easting northing")
 GeodesicResult = _namedtuple("GeodesicResult", "distance azimuth1 azimuth2")
 GeodesicEndResult = _namedtuple("GeodesicEndResult", "latitude longitude azimuth")
 GeodeticResult = _namedtuple("GeodeticResult", "latitude longitude height latitude_rate longitude_rate height_rate")

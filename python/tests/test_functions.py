@@ -6,6 +6,7 @@ import numpy as np
 import pytest
 
 import kitlib as kl
+from needs import has
 
 T = 9668.35 + np.arange(40) / 100
 R = np.array([7068500.0, 1142000.0, 0.0]) + 1e3 * np.arange(120).reshape(40, 3)
@@ -194,3 +195,31 @@ def test_threads_share_ids():
         thread.join()
     for one in found:
         assert np.array_equal(one[5:], expected) and np.array_equal(one[:5], expected[:5])
+
+
+@pytest.mark.skipif(not has("star_radec"), reason="the library has no stars")
+def test_star_catalogue():
+    stars, places = kl.star_catalog(9668.0, cone=(88.8, 7.4, 1.0), magnitudes=(-2.0, 2.0))
+    assert stars["number"].tolist() == [2061] and stars["magnitude"][0] == 0.5  # Betelgeuse
+    assert kl.star_radec(9668.0, stars[0])[:2] == (places["ra"][0], places["dec"][0])
+    assert [len(x) for x in kl.star_catalog(9668.0, cone=(88.8, 7.4, 1.0), magnitudes=(-9.0, -8.0))] == [0, 0]
+    for wrong in ({"box": (0.0, 1.0, 5.0, 4.0)}, {"file": "/no such file"}, {"corrections": 9}):
+        with pytest.raises(kl.KitError):
+            kl.star_catalog(9668.0, **wrong)
+
+
+@pytest.mark.skipif(not has("cart_to_geod"), reason="the library has no coordinates")
+def test_coordinates_take_what_they_give():
+    """Records by their fields, rates when they are given; numbers of WGS84 from outside."""
+    place = kl.geod_to_cart(48.0, 11.0, [600.0, 700.0])
+    assert np.abs(place.pos[0] - [4197554.92703465, 815922.02433955, 4717322.21701069]).max() < 1e-8 and not place.vel.any()
+    back = kl.cart_to_geod(place.pos)
+    assert np.abs(back.height - [600.0, 700.0]).max() < 1e-8 and np.abs(back.latitude - 48.0).max() < 1e-13
+    moving = kl.geod_to_cart(*kl.cart_to_geod(place.pos, np.array([10.0, 20.0, 30.0])))
+    assert np.abs(moving.vel - [10.0, 20.0, 30.0]).max() < 1e-9
+    seen = kl.ef_to_topocentric(np.array([5.2e6, 1.5e6, 4.9e6]), np.array([-4000.0, 3000.0, 3200.0]), origin=(48.0, 11.0, 600.0))
+    assert np.abs(np.array(seen) - [145.77729631874467, 45.91296339272434, 1227285.612029283, -0.3806041201677284, 0.06289273856673849, -1118.7106292593724]).max() < 1e-7
+    utm = kl.geod_to_utm([33.3, -33.3], 44.4)
+    assert utm.zone.tolist() == [38, 38] and utm.north.tolist() == [1, 0] and abs(utm.easting[0] - 444140.5449) < 1e-3
+    line = kl.geod_distance(40.6, -73.8, 51.6, -0.5)
+    assert abs(line.distance - 5551759.400318678) < 2e-8 and isinstance(line.distance, float)

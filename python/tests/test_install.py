@@ -3,9 +3,12 @@ import os
 import re
 import subprocess
 
+import pytest
+
 TOP = os.path.abspath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))
 
 
+@pytest.mark.skipif("KITLIB_LONG_TESTS" not in os.environ, reason="check.sh asks for it: KITLIB_LONG_TESTS")
 def test_readme(tmp_path):
     with open(os.path.join(TOP, "README.md"), encoding="utf-8") as file:
         section = file.read().split("## In Python")[1].split("\n## ")[0]

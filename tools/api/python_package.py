@@ -47,11 +47,13 @@ SPECIAL = {
     ("kl_cart_to_kepl", "kind"): ("kind", "Elements", "Elements.OSCULATING"),
     ("kl_local_orbital_frame", "kind"): ("kind", "LocalFrame", "LocalFrame.QSW"),
     ("kl_star_radec", "corrections"): ("corrections", "", "7"), ("kl_star_radec", "cs_out"): ("cs_out", "Frame", "Frame.TOD"),
-    ("kl_time_processing_to_processing", "time_in"): "t",
+    ("kl_position_on_orbit", "cs"): ("cs", "Frame", ""), ("kl_orbit_sun", "cs"): ("cs", "Frame", ""),
 }
 RENAMED = {"time": "t", "time_in": "t", "ascii_in": "text", "transport_in": "transport"}
 NUMPY = {"double": "f8", "long": "i8"}
 HANDLES = {"kl_model_id": "model", "kl_time_id": "time"}
+# Functions with another name here; an argument that C reads and writes is then among the results.
+NAMES = {"KL_Coticchia_Surace": "geod_to_utm"}
 BY_HAND = {"kl_time_obt_to_time", "kl_time_time_to_obt"}  # records that depend on the satellite
 
 
@@ -140,17 +142,15 @@ class Parameter:
 
 class PythonFunction:
     def __init__(self, f, known):
-        self.f, self.name = f, f.name[3:]
+        self.f, self.name = f, NAMES.get(f.name, f.name[3:])
         self.parameters = [Parameter(f, a, known) for a in f.arguments]
         self.each = [p for p in self.parameters if p.role in ("each", "both")]
         self.select = [p for p in self.parameters if p.role == "select"]
-        self.gives = [p for p in self.parameters if p.role == "gives"]
+        self.gives = [p for p in self.parameters if p.role == "gives" or (p.role == "both" and f.name in NAMES)]
         self.mode = any(p.a.name == "calc_mode" for p in self.select)
         # A record that is the only argument is given by its fields.
         self.flat = len(self.each) == 1 and self.each[0].record is not None
-        if not any(p.a.name == "vel" for p in self.each) or (self.mode and self.flat):
-            pass
-        if "vel" in (p.a.name for p in self.each) and not self.mode:
+        if not self.mode or f.name == "kl_position_on_orbit":
             for p in self.each:
                 if p.a.name == "vel":
                     p.optional = False
@@ -164,7 +164,7 @@ class PythonFunction:
     def results(self):
         """Name of the result's class and its fields; no class for a single array."""
         names = {}
-        kind = camel(self.f.name)
+        kind = camel("kl_" + self.name)
         if self.f.member and "returns" in self.f.member:
             kind, *pairs = self.f.member["returns"].split()
             names = {argument: field for field, argument in (pair.split("=") for pair in pairs)}
@@ -191,7 +191,8 @@ class PythonFunction:
             for p in self.each:
                 optional = optional or p.optional
                 type_ = {"text": "Texts", "octets": "Octets", "record": "Record"}.get(p.kind, "Numbers")
-                parts.append(typed(p.name, type_ + (" | None" if optional else ""), "None" if optional else ""))
+                default = "0" if p.a.name == "zone" and p.role == "both" else "None" if optional else ""
+                parts.append(typed(p.name, type_ + (" | None" if optional else ""), default))
         if parts:
             parts.append("/")
         parts.append("*")
@@ -218,7 +219,7 @@ class PythonFunction:
             if self.flat:
                 item(", ".join(n for n, _, _ in self.fields[p.record]), "", p.unit, p.meaning)
             else:
-                item(p.name, shape(p), p.unit, p.meaning + ("; a copy is changed" if p.role == "both" else ""))
+                item(p.name, shape(p), p.unit, p.meaning + ("; a copy is changed" if p.role == "both" and p not in self.gives else ""))
         if self.select:
             lines.append("Keywords:")
         for p in self.select:
@@ -262,7 +263,8 @@ class PythonFunction:
                 if p.kind in ("text", "octets"):
                     rows.append('("width", %d)' % (32 if p.kind == "text" else 19))
                 item = f"_table.{camel(p.record)}" if p.record else repr(p.kind)
-                rows.append(f'("{p.role}", "{p.name}", {item}, {p.length}, {p.optional}, {p.zeros})')
+                role = "inout" if p.role == "both" and p in self.gives else p.role
+                rows.append(f'("{role}", "{p.name}", {item}, {p.length}, {p.optional}, {p.zeros})')
         if at == len(self.parameters):
             rows.append('("n",)')
         return rows
