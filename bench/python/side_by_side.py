@@ -15,7 +15,7 @@ import kitlib as kl
 warnings.simplefilter("ignore")
 MOST = int(float(sys.argv[1])) if len(sys.argv) > 1 else 1_000_000
 SIZES = [n for n in (1, 1000, 1_000_000) if n <= MOST]
-MUST_END = 60.0  # seconds: a rival whose smaller size foretells more is not asked
+MUST_END = 10.0  # seconds: a rival whose smaller size foretells more is not asked
 
 
 def has(name):
