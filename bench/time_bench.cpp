@@ -112,6 +112,30 @@ void rival_utc_to_ut1(benchmark::State &state)
 }
 BENCHMARK(rival_utc_to_ut1)->Name("kl_time_processing_to_processing UTC to UT1/rows:1/rival eraUtctai, eraTaiut1");
 
+// All instants in one call; the time shown is that of an element.
+void array_utc_to_ut1(benchmark::State &state)
+{
+    TimeId time(20000);
+    std::vector<double> days = instants();
+    if (state.range(0) != 0)
+        std::sort(days.begin(), days.end());
+    std::vector<double> out(days.size());
+    const long n = static_cast<long>(days.size());
+    const long from = KL_TIME_UTC;
+    const long to = KL_TIME_UT1;
+    long ierr[1];
+    for (auto _ : state)
+        benchmark::DoNotOptimize(kl_time_processing_to_processing_n(&time.id, &n, &kProcessing, &from, days.data(),
+                                                                    &kProcessing, &to, out.data(), nullptr, ierr));
+    state.counters["element"] = benchmark::Counter(static_cast<double>(n), benchmark::Counter::kIsIterationInvariantRate
+                                                                               | benchmark::Counter::kInvert);
+}
+BENCHMARK(array_utc_to_ut1)
+    ->Name("kl_time_processing_to_processing_n UTC to UT1")
+    ->ArgName("ascending")
+    ->Arg(0)
+    ->Arg(1);
+
 // ---- formats ----
 
 struct Texts {
