@@ -1166,6 +1166,31 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_geod_to_cart_run
     end function kl_geod_to_cart_run
+    function kl_geod_to_cart_n(model_id, n, calc_mode, in, pos, vel, status, ierr) bind(c, name="kl_geod_to_cart_n")
+      import :: c_double, c_long, kl_geodetic, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: in(*)
+      real(c_double), intent(inout), optional :: pos(3,*)
+      real(c_double), intent(inout), optional :: vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_to_cart_n
+    end function kl_geod_to_cart_n
+    function kl_geod_to_cart_run_n(run_id, n, calc_mode, in, pos, vel, status, ierr &
+            ) bind(c, name="kl_geod_to_cart_run_n")
+      import :: c_double, c_long, kl_geodetic
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: in(*)
+      real(c_double), intent(inout), optional :: pos(3,*)
+      real(c_double), intent(inout), optional :: vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_to_cart_run_n
+    end function kl_geod_to_cart_run_n
     function kl_cart_to_geod(model_id, calc_mode, pos, vel, out, ierr) bind(c, name="kl_cart_to_geod")
       import :: c_double, c_long, kl_geodetic, kl_model_id
       type(kl_model_id), intent(inout), optional :: model_id
@@ -1186,6 +1211,31 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_cart_to_geod_run
     end function kl_cart_to_geod_run
+    function kl_cart_to_geod_n(model_id, n, calc_mode, pos, vel, out, status, ierr) bind(c, name="kl_cart_to_geod_n")
+      import :: c_double, c_long, kl_geodetic, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      type(kl_geodetic), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_geod_n
+    end function kl_cart_to_geod_n
+    function kl_cart_to_geod_run_n(run_id, n, calc_mode, pos, vel, out, status, ierr &
+            ) bind(c, name="kl_cart_to_geod_run_n")
+      import :: c_double, c_long, kl_geodetic
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      type(kl_geodetic), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_geod_run_n
+    end function kl_cart_to_geod_run_n
     function kl_kepl_to_cart(model_id, kind, in, pos, vel, ierr) bind(c, name="kl_kepl_to_cart")
       import :: c_double, c_long, kl_kepler, kl_model_id
       type(kl_model_id), intent(inout), optional :: model_id
@@ -1206,6 +1256,30 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_kepl_to_cart_run
     end function kl_kepl_to_cart_run
+    function kl_kepl_to_cart_n(model_id, n, kind, in, pos, vel, status, ierr) bind(c, name="kl_kepl_to_cart_n")
+      import :: c_double, c_long, kl_kepler, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: kind
+      type(kl_kepler), intent(in), optional :: in(*)
+      real(c_double), intent(inout), optional :: pos(3,*)
+      real(c_double), intent(inout), optional :: vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_kepl_to_cart_n
+    end function kl_kepl_to_cart_n
+    function kl_kepl_to_cart_run_n(run_id, n, kind, in, pos, vel, status, ierr) bind(c, name="kl_kepl_to_cart_run_n")
+      import :: c_double, c_long, kl_kepler
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: kind
+      type(kl_kepler), intent(in), optional :: in(*)
+      real(c_double), intent(inout), optional :: pos(3,*)
+      real(c_double), intent(inout), optional :: vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_kepl_to_cart_run_n
+    end function kl_kepl_to_cart_run_n
     function kl_cart_to_kepl(model_id, kind, pos, vel, out, ierr) bind(c, name="kl_cart_to_kepl")
       import :: c_double, c_long, kl_kepler, kl_model_id
       type(kl_model_id), intent(inout), optional :: model_id
@@ -1226,6 +1300,30 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_cart_to_kepl_run
     end function kl_cart_to_kepl_run
+    function kl_cart_to_kepl_n(model_id, n, kind, pos, vel, out, status, ierr) bind(c, name="kl_cart_to_kepl_n")
+      import :: c_double, c_long, kl_kepler, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: kind
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      type(kl_kepler), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_kepl_n
+    end function kl_cart_to_kepl_n
+    function kl_cart_to_kepl_run_n(run_id, n, kind, pos, vel, out, status, ierr) bind(c, name="kl_cart_to_kepl_run_n")
+      import :: c_double, c_long, kl_kepler
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: kind
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      type(kl_kepler), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_kepl_run_n
+    end function kl_cart_to_kepl_run_n
     function kl_geod_distance(model_id, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2, ierr &
             ) bind(c, name="kl_geod_distance")
       import :: c_double, c_long, kl_model_id
@@ -1254,6 +1352,38 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_geod_distance_run
     end function kl_geod_distance_run
+    function kl_geod_distance_n(model_id, n, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2,  &
+            status, ierr) bind(c, name="kl_geod_distance_n")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: lat1(*)
+      real(c_double), intent(in), optional :: lon1(*)
+      real(c_double), intent(in), optional :: lat2(*)
+      real(c_double), intent(in), optional :: lon2(*)
+      real(c_double), intent(inout), optional :: distance(*)
+      real(c_double), intent(inout), optional :: azimuth1(*)
+      real(c_double), intent(inout), optional :: azimuth2(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_distance_n
+    end function kl_geod_distance_n
+    function kl_geod_distance_run_n(run_id, n, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2,  &
+            status, ierr) bind(c, name="kl_geod_distance_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: lat1(*)
+      real(c_double), intent(in), optional :: lon1(*)
+      real(c_double), intent(in), optional :: lat2(*)
+      real(c_double), intent(in), optional :: lon2(*)
+      real(c_double), intent(inout), optional :: distance(*)
+      real(c_double), intent(inout), optional :: azimuth1(*)
+      real(c_double), intent(inout), optional :: azimuth2(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_distance_run_n
+    end function kl_geod_distance_run_n
     function kl_geod_point(model_id, lat, lon, azimuth, distance, lat2, lon2, azimuth2, ierr &
             ) bind(c, name="kl_geod_point")
       import :: c_double, c_long, kl_model_id
@@ -1268,6 +1398,22 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_geod_point
     end function kl_geod_point
+    function kl_geod_point_n(model_id, n, lat, lon, azimuth, distance, lat2, lon2, azimuth2, status,  &
+            ierr) bind(c, name="kl_geod_point_n")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: lat(*)
+      real(c_double), intent(in), optional :: lon(*)
+      real(c_double), intent(in), optional :: azimuth(*)
+      real(c_double), intent(in), optional :: distance(*)
+      real(c_double), intent(inout), optional :: lat2(*)
+      real(c_double), intent(inout), optional :: lon2(*)
+      real(c_double), intent(inout), optional :: azimuth2(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_geod_point_n
+    end function kl_geod_point_n
     function kl_position_on_orbit(model_id, time_id, calc_mode, cs, time_ref, time, pos, vel, acc,  &
             out, ierr) bind(c, name="kl_position_on_orbit")
       import :: c_double, c_long, kl_model_id, kl_orbit_angle, kl_time_id
@@ -1299,6 +1445,41 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_position_on_orbit_run
     end function kl_position_on_orbit_run
+    function kl_position_on_orbit_n(model_id, time_id, n, calc_mode, cs, time_ref, time, pos, vel,  &
+            acc, out, status, ierr) bind(c, name="kl_position_on_orbit_n")
+      import :: c_double, c_long, kl_model_id, kl_orbit_angle, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      real(c_double), intent(in), optional :: acc(3,*)
+      type(kl_orbit_angle), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_position_on_orbit_n
+    end function kl_position_on_orbit_n
+    function kl_position_on_orbit_run_n(run_id, n, calc_mode, cs, time_ref, time, pos, vel, acc,  &
+            out, status, ierr) bind(c, name="kl_position_on_orbit_run_n")
+      import :: c_double, c_long, kl_orbit_angle
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      real(c_double), intent(in), optional :: acc(3,*)
+      type(kl_orbit_angle), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_position_on_orbit_run_n
+    end function kl_position_on_orbit_run_n
     function kl_orbit_sun(model_id, time_id, cs, time_ref, time, pos, vel, out, ierr) bind(c, name="kl_orbit_sun")
       import :: c_double, c_long, kl_model_id, kl_orbit_sun_angles, kl_time_id
       type(kl_model_id), intent(inout), optional :: model_id
@@ -1312,6 +1493,22 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_orbit_sun
     end function kl_orbit_sun
+    function kl_orbit_sun_n(model_id, time_id, n, cs, time_ref, time, pos, vel, out, status, ierr &
+            ) bind(c, name="kl_orbit_sun_n")
+      import :: c_double, c_long, kl_model_id, kl_orbit_sun_angles, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      type(kl_orbit_sun_angles), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_orbit_sun_n
+    end function kl_orbit_sun_n
     function kl_cart_to_radec(model_id, calc_mode, pos, vel, out, ierr) bind(c, name="kl_cart_to_radec")
       import :: c_double, c_long, kl_model_id, kl_radec
       type(kl_model_id), intent(inout), optional :: model_id
@@ -1332,6 +1529,31 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_cart_to_radec_run
     end function kl_cart_to_radec_run
+    function kl_cart_to_radec_n(model_id, n, calc_mode, pos, vel, out, status, ierr) bind(c, name="kl_cart_to_radec_n")
+      import :: c_double, c_long, kl_model_id, kl_radec
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      type(kl_radec), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_radec_n
+    end function kl_cart_to_radec_n
+    function kl_cart_to_radec_run_n(run_id, n, calc_mode, pos, vel, out, status, ierr &
+            ) bind(c, name="kl_cart_to_radec_run_n")
+      import :: c_double, c_long, kl_radec
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      type(kl_radec), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_cart_to_radec_run_n
+    end function kl_cart_to_radec_run_n
     function kl_radec_to_cart(model_id, calc_mode, in, pos, vel, ierr) bind(c, name="kl_radec_to_cart")
       import :: c_double, c_long, kl_model_id, kl_radec
       type(kl_model_id), intent(inout), optional :: model_id
@@ -1352,6 +1574,31 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_radec_to_cart_run
     end function kl_radec_to_cart_run
+    function kl_radec_to_cart_n(model_id, n, calc_mode, in, pos, vel, status, ierr) bind(c, name="kl_radec_to_cart_n")
+      import :: c_double, c_long, kl_model_id, kl_radec
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_radec), intent(in), optional :: in(*)
+      real(c_double), intent(inout), optional :: pos(3,*)
+      real(c_double), intent(inout), optional :: vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_radec_to_cart_n
+    end function kl_radec_to_cart_n
+    function kl_radec_to_cart_run_n(run_id, n, calc_mode, in, pos, vel, status, ierr &
+            ) bind(c, name="kl_radec_to_cart_run_n")
+      import :: c_double, c_long, kl_radec
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_radec), intent(in), optional :: in(*)
+      real(c_double), intent(inout), optional :: pos(3,*)
+      real(c_double), intent(inout), optional :: vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_radec_to_cart_run_n
+    end function kl_radec_to_cart_run_n
     function kl_ef_to_topocentric(model_id, calc_mode, origin, pos, vel, out, ierr &
             ) bind(c, name="kl_ef_to_topocentric")
       import :: c_double, c_long, kl_geodetic, kl_model_id, kl_topocentric
@@ -1376,6 +1623,34 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_ef_to_topocentric_run
     end function kl_ef_to_topocentric_run
+    function kl_ef_to_topocentric_n(model_id, n, calc_mode, origin, pos, vel, out, status, ierr &
+            ) bind(c, name="kl_ef_to_topocentric_n")
+      import :: c_double, c_long, kl_geodetic, kl_model_id, kl_topocentric
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: origin
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      type(kl_topocentric), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ef_to_topocentric_n
+    end function kl_ef_to_topocentric_n
+    function kl_ef_to_topocentric_run_n(run_id, n, calc_mode, origin, pos, vel, out, status, ierr &
+            ) bind(c, name="kl_ef_to_topocentric_run_n")
+      import :: c_double, c_long, kl_geodetic, kl_topocentric
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: origin
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      type(kl_topocentric), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ef_to_topocentric_run_n
+    end function kl_ef_to_topocentric_run_n
     function kl_topocentric_to_ef(model_id, calc_mode, origin, in, pos, vel, ierr) bind(c, name="kl_topocentric_to_ef")
       import :: c_double, c_long, kl_geodetic, kl_model_id, kl_topocentric
       type(kl_model_id), intent(inout), optional :: model_id
@@ -1399,6 +1674,34 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_topocentric_to_ef_run
     end function kl_topocentric_to_ef_run
+    function kl_topocentric_to_ef_n(model_id, n, calc_mode, origin, in, pos, vel, status, ierr &
+            ) bind(c, name="kl_topocentric_to_ef_n")
+      import :: c_double, c_long, kl_geodetic, kl_model_id, kl_topocentric
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: origin
+      type(kl_topocentric), intent(in), optional :: in(*)
+      real(c_double), intent(inout), optional :: pos(3,*)
+      real(c_double), intent(inout), optional :: vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_topocentric_to_ef_n
+    end function kl_topocentric_to_ef_n
+    function kl_topocentric_to_ef_run_n(run_id, n, calc_mode, origin, in, pos, vel, status, ierr &
+            ) bind(c, name="kl_topocentric_to_ef_run_n")
+      import :: c_double, c_long, kl_geodetic, kl_topocentric
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: calc_mode
+      type(kl_geodetic), intent(in), optional :: origin
+      type(kl_topocentric), intent(in), optional :: in(*)
+      real(c_double), intent(inout), optional :: pos(3,*)
+      real(c_double), intent(inout), optional :: vel(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_topocentric_to_ef_run_n
+    end function kl_topocentric_to_ef_run_n
     function KL_Coticchia_Surace(model_id, lat, lon, zone, north, easting, northing, ierr &
             ) bind(c, name="KL_Coticchia_Surace")
       import :: c_double, c_long, kl_model_id
@@ -1424,6 +1727,21 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_utm_to_geod
     end function kl_utm_to_geod
+    function kl_utm_to_geod_n(model_id, n, zone, north, easting, northing, lat, lon, status, ierr &
+            ) bind(c, name="kl_utm_to_geod_n")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: zone(*)
+      integer(c_long), intent(in), optional :: north(*)
+      real(c_double), intent(in), optional :: easting(*)
+      real(c_double), intent(in), optional :: northing(*)
+      real(c_double), intent(inout), optional :: lat(*)
+      real(c_double), intent(inout), optional :: lon(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_utm_to_geod_n
+    end function kl_utm_to_geod_n
     function kl_local_orbital_frame(kind, pos, vel, acc, r, dr, ierr) bind(c, name="kl_local_orbital_frame")
       import :: c_double, c_long
       integer(c_long), intent(in), optional :: kind
@@ -1435,6 +1753,20 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_local_orbital_frame
     end function kl_local_orbital_frame
+    function kl_local_orbital_frame_n(n, kind, pos, vel, acc, r, dr, status, ierr &
+            ) bind(c, name="kl_local_orbital_frame_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: kind
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      real(c_double), intent(in), optional :: acc(3,*)
+      real(c_double), intent(inout), optional :: r(9,*)
+      real(c_double), intent(inout), optional :: dr(9,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_local_orbital_frame_n
+    end function kl_local_orbital_frame_n
     function kl_find_crossings(f, context, start, stop, step, tolerance, max, n, found, ierr &
             ) bind(c, name="kl_find_crossings")
       import :: c_double, c_funptr, c_long, c_ptr, kl_crossing
@@ -2141,6 +2473,17 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_poly_real_roots
     end function kl_poly_real_roots
+    function kl_poly_real_roots_n(n, order, c, roots, n_roots, status, ierr) bind(c, name="kl_poly_real_roots_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: order
+      real(c_double), intent(in), optional :: c(*)
+      real(c_double), intent(inout), optional :: roots(4,*)
+      integer(c_long), intent(inout), optional :: n_roots(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_poly_real_roots_n
+    end function kl_poly_real_roots_n
     function kl_ray_ellipsoid(model_id, pos, dir, margin, t, n_points, ierr) bind(c, name="kl_ray_ellipsoid")
       import :: c_double, c_long, kl_model_id
       type(kl_model_id), intent(inout), optional :: model_id
@@ -2163,6 +2506,34 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_ray_ellipsoid_run
     end function kl_ray_ellipsoid_run
+    function kl_ray_ellipsoid_n(model_id, n, pos, dir, margin, t, n_points, status, ierr &
+            ) bind(c, name="kl_ray_ellipsoid_n")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: dir(3,*)
+      real(c_double), intent(in), optional :: margin(*)
+      real(c_double), intent(inout), optional :: t(2,*)
+      integer(c_long), intent(inout), optional :: n_points(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_ellipsoid_n
+    end function kl_ray_ellipsoid_n
+    function kl_ray_ellipsoid_run_n(run_id, n, pos, dir, margin, t, n_points, status, ierr &
+            ) bind(c, name="kl_ray_ellipsoid_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: dir(3,*)
+      real(c_double), intent(in), optional :: margin(*)
+      real(c_double), intent(inout), optional :: t(2,*)
+      integer(c_long), intent(inout), optional :: n_points(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_ellipsoid_run_n
+    end function kl_ray_ellipsoid_run_n
     function kl_ray_height(model_id, pos, dir, height, t, n_points, ierr) bind(c, name="kl_ray_height")
       import :: c_double, c_long, kl_model_id
       type(kl_model_id), intent(inout), optional :: model_id
@@ -2185,6 +2556,33 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_ray_height_run
     end function kl_ray_height_run
+    function kl_ray_height_n(model_id, n, pos, dir, height, t, n_points, status, ierr) bind(c, name="kl_ray_height_n")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: dir(3,*)
+      real(c_double), intent(in), optional :: height(*)
+      real(c_double), intent(inout), optional :: t(2,*)
+      integer(c_long), intent(inout), optional :: n_points(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_height_n
+    end function kl_ray_height_n
+    function kl_ray_height_run_n(run_id, n, pos, dir, height, t, n_points, status, ierr &
+            ) bind(c, name="kl_ray_height_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: dir(3,*)
+      real(c_double), intent(in), optional :: height(*)
+      real(c_double), intent(inout), optional :: t(2,*)
+      integer(c_long), intent(inout), optional :: n_points(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_height_run_n
+    end function kl_ray_height_run_n
     function kl_ray_tangent(model_id, pos, dir, t, point, geodetic, meets_earth, ierr) bind(c, name="kl_ray_tangent")
       import :: c_double, c_long, kl_geodetic, kl_model_id
       type(kl_model_id), intent(inout), optional :: model_id
@@ -2210,6 +2608,36 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_ray_tangent_run
     end function kl_ray_tangent_run
+    function kl_ray_tangent_n(model_id, n, pos, dir, t, point, geodetic, meets_earth, status, ierr &
+            ) bind(c, name="kl_ray_tangent_n")
+      import :: c_double, c_long, kl_geodetic, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: dir(3,*)
+      real(c_double), intent(inout), optional :: t(*)
+      real(c_double), intent(inout), optional :: point(3,*)
+      type(kl_geodetic), intent(inout), optional :: geodetic(*)
+      integer(c_long), intent(inout), optional :: meets_earth(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_tangent_n
+    end function kl_ray_tangent_n
+    function kl_ray_tangent_run_n(run_id, n, pos, dir, t, point, geodetic, meets_earth, status, ierr &
+            ) bind(c, name="kl_ray_tangent_run_n")
+      import :: c_double, c_long, kl_geodetic
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: dir(3,*)
+      real(c_double), intent(inout), optional :: t(*)
+      real(c_double), intent(inout), optional :: point(3,*)
+      type(kl_geodetic), intent(inout), optional :: geodetic(*)
+      integer(c_long), intent(inout), optional :: meets_earth(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_ray_tangent_run_n
+    end function kl_ray_tangent_run_n
     function kl_eclipse(model_id, time_id, light_time, cs, time_ref, time, pos, margin, state,  &
             fraction, depth, ierr) bind(c, name="kl_eclipse")
       import :: c_double, c_long, kl_model_id, kl_time_id
@@ -2243,6 +2671,43 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_eclipse_run
     end function kl_eclipse_run
+    function kl_eclipse_n(model_id, time_id, n, light_time, cs, time_ref, time, pos, margin, state,  &
+            fraction, depth, status, ierr) bind(c, name="kl_eclipse_n")
+      import :: c_double, c_long, kl_model_id, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: light_time
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: margin(*)
+      integer(c_long), intent(inout), optional :: state(*)
+      real(c_double), intent(inout), optional :: fraction(*)
+      real(c_double), intent(inout), optional :: depth(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_eclipse_n
+    end function kl_eclipse_n
+    function kl_eclipse_run_n(run_id, n, light_time, cs, time_ref, time, pos, margin, state,  &
+            fraction, depth, status, ierr) bind(c, name="kl_eclipse_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: light_time
+      integer(c_long), intent(in), optional :: cs
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: margin(*)
+      integer(c_long), intent(inout), optional :: state(*)
+      real(c_double), intent(inout), optional :: fraction(*)
+      real(c_double), intent(inout), optional :: depth(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_eclipse_run_n
+    end function kl_eclipse_run_n
     function kl_model_init(mode, models, model_id, ierr) bind(c, name="kl_model_init")
       import :: c_long, kl_model_id
       integer(c_long), intent(in), optional :: mode
@@ -2290,6 +2755,32 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_earth_orientation_get_run
     end function kl_earth_orientation_get_run
+    function kl_earth_orientation_get_n(time_id, n, corrections, time_ref, time, out, status, ierr &
+            ) bind(c, name="kl_earth_orientation_get_n")
+      import :: c_double, c_long, kl_earth_orientation, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      type(kl_earth_orientation), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_earth_orientation_get_n
+    end function kl_earth_orientation_get_n
+    function kl_earth_orientation_get_run_n(run_id, n, corrections, time_ref, time, out, status,  &
+            ierr) bind(c, name="kl_earth_orientation_get_run_n")
+      import :: c_double, c_long, kl_earth_orientation
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      type(kl_earth_orientation), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_earth_orientation_get_run_n
+    end function kl_earth_orientation_get_run_n
     function kl_iers_matrix(time_id, corrections, cs_in, cs_out, time_ref, time, calc_mode, r, dr,  &
             ddr, ierr) bind(c, name="kl_iers_matrix")
       import :: c_double, c_long, kl_time_id
@@ -2322,6 +2813,42 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_iers_matrix_run
     end function kl_iers_matrix_run
+    function kl_iers_matrix_n(time_id, n, corrections, cs_in, cs_out, time_ref, time, calc_mode, r,  &
+            dr, ddr, status, ierr) bind(c, name="kl_iers_matrix_n")
+      import :: c_double, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: cs_in
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(inout), optional :: r(9,*)
+      real(c_double), intent(inout), optional :: dr(9,*)
+      real(c_double), intent(inout), optional :: ddr(9,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_iers_matrix_n
+    end function kl_iers_matrix_n
+    function kl_iers_matrix_run_n(run_id, n, corrections, cs_in, cs_out, time_ref, time, calc_mode,  &
+            r, dr, ddr, status, ierr) bind(c, name="kl_iers_matrix_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: cs_in
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      integer(c_long), intent(in), optional :: calc_mode
+      real(c_double), intent(inout), optional :: r(9,*)
+      real(c_double), intent(inout), optional :: dr(9,*)
+      real(c_double), intent(inout), optional :: ddr(9,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_iers_matrix_run_n
+    end function kl_iers_matrix_run_n
     function kl_iers_change(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, time, pos,  &
             vel, acc, pos_out, vel_out, acc_out, ierr) bind(c, name="kl_iers_change")
       import :: c_double, c_long, kl_time_id
@@ -2360,6 +2887,48 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_iers_change_run
     end function kl_iers_change_run
+    function kl_iers_change_n(time_id, n, corrections, calc_mode, cs_in, cs_out, time_ref, time,  &
+            pos, vel, acc, pos_out, vel_out, acc_out, status, ierr) bind(c, name="kl_iers_change_n")
+      import :: c_double, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: calc_mode
+      integer(c_long), intent(in), optional :: cs_in
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      real(c_double), intent(in), optional :: acc(3,*)
+      real(c_double), intent(inout), optional :: pos_out(3,*)
+      real(c_double), intent(inout), optional :: vel_out(3,*)
+      real(c_double), intent(inout), optional :: acc_out(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_iers_change_n
+    end function kl_iers_change_n
+    function kl_iers_change_run_n(run_id, n, corrections, calc_mode, cs_in, cs_out, time_ref, time,  &
+            pos, vel, acc, pos_out, vel_out, acc_out, status, ierr) bind(c, name="kl_iers_change_run_n")
+      import :: c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: calc_mode
+      integer(c_long), intent(in), optional :: cs_in
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      real(c_double), intent(in), optional :: pos(3,*)
+      real(c_double), intent(in), optional :: vel(3,*)
+      real(c_double), intent(in), optional :: acc(3,*)
+      real(c_double), intent(inout), optional :: pos_out(3,*)
+      real(c_double), intent(inout), optional :: vel_out(3,*)
+      real(c_double), intent(inout), optional :: acc_out(3,*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_iers_change_run_n
+    end function kl_iers_change_run_n
     function kl_quaternions_to_vectors(q, x, y, z, ierr) bind(c, name="kl_quaternions_to_vectors")
       import :: c_double, c_long
       real(c_double), intent(in), optional :: q(4)
@@ -2602,6 +3171,41 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_star_radec_run
     end function kl_star_radec_run
+    function kl_star_radec_n(model_id, time_id, n, corrections, cs_out, time_ref, time, star,  &
+            observer_pos, observer_vel, place, status, ierr) bind(c, name="kl_star_radec_n")
+      import :: c_double, c_long, kl_model_id, kl_radec, kl_star, kl_time_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      type(kl_star), intent(in), optional :: star(*)
+      real(c_double), intent(in), optional :: observer_pos(3,*)
+      real(c_double), intent(in), optional :: observer_vel(3,*)
+      type(kl_radec), intent(inout), optional :: place(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_star_radec_n
+    end function kl_star_radec_n
+    function kl_star_radec_run_n(run_id, n, corrections, cs_out, time_ref, time, star, observer_pos,  &
+            observer_vel, place, status, ierr) bind(c, name="kl_star_radec_run_n")
+      import :: c_double, c_long, kl_radec, kl_star
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: corrections
+      integer(c_long), intent(in), optional :: cs_out
+      integer(c_long), intent(in), optional :: time_ref
+      real(c_double), intent(in), optional :: time(*)
+      type(kl_star), intent(in), optional :: star(*)
+      real(c_double), intent(in), optional :: observer_pos(3,*)
+      real(c_double), intent(in), optional :: observer_vel(3,*)
+      type(kl_radec), intent(inout), optional :: place(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_star_radec_run_n
+    end function kl_star_radec_run_n
     function kl_star_catalog(model_id, time_id, file, window, corrections, cs_out, time_ref, time,  &
             n_stars, stars, places, ierr) bind(c, name="kl_star_catalog")
       import :: c_char, c_double, c_long, c_ptr, kl_model_id, kl_star_window, kl_time_id
