@@ -11,7 +11,6 @@ tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev binutils
 export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
 export CCACHE_BASEDIR="${CCACHE_BASEDIR:-$PWD}" CCACHE_NOHASHDIR=1
 
-export KITLIB_LONG_TESTS=1 # the Python package also on clusters of processes, installed, and its types
 
 run_preset() {
     echo "== $1"
