@@ -39,8 +39,7 @@ enum {
 };
 
 /**
- * Public function ids, for kl_get_code and kl_get_msg. The numbers are those of the family: functions that this header
- * does not declare are not in this library.
+ * Public function ids, for kl_get_code and kl_get_msg. The numbers are those of the family.
  */
 /* >>> public function ids: Written by tools/api/generate.py from the table in api/. */
 enum {
