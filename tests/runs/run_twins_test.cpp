@@ -89,7 +89,7 @@ TEST_F(RunTwins, TouchNothingWithoutTheirRunButOnPurposeThoseOfTheClocksPassOnTh
             World &world = worlds[0];
             static_cast<Outputs &>(world) = pattern;
             world.run = none;
-            const std::string said = verbose_text([&] { world.status = twin->call(world); });
+            const std::string said = verbose_text([&, call = twin->call] { world.status = call(world); });
             world.run = run;
             EXPECT_EQ(world.status, KL_ERR) << twin->name;
             EXPECT_EQ(said.empty(), !of_clocks(f)) << twin->name;

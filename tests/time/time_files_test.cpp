@@ -23,7 +23,6 @@ namespace {
 
 constexpr double kMjd2000 = 51544.0;
 constexpr double kRounding = 2e-14; // s and arcsec: a few units of the last place of 40 s
-constexpr double kUt1Rounding = 2e-14;
 
 std::string data_file(const std::string &name)
 {
