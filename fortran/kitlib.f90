@@ -2006,6 +2006,60 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_time_ascii_to_processing_run_n
     end function kl_time_ascii_to_processing_run_n
+    function kl_time_text_to_processing(time_id, text, time_ref_default, proc_id_out, time_ref_out,  &
+            time_out, ierr) bind(c, name="kl_time_text_to_processing")
+      import :: c_char, c_double, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      character(kind=c_char), intent(in), optional :: text(*)
+      integer(c_long), intent(in), optional :: time_ref_default
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_text_to_processing
+    end function kl_time_text_to_processing
+    function kl_time_text_to_processing_run(run_id, text, time_ref_default, proc_id_out,  &
+            time_ref_out, time_out, ierr) bind(c, name="kl_time_text_to_processing_run")
+      import :: c_char, c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      character(kind=c_char), intent(in), optional :: text(*)
+      integer(c_long), intent(in), optional :: time_ref_default
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_text_to_processing_run
+    end function kl_time_text_to_processing_run
+    function kl_time_text_to_processing_n(time_id, n, width, text, time_ref_default, proc_id_out,  &
+            time_ref_out, time_out, status, ierr) bind(c, name="kl_time_text_to_processing_n")
+      import :: c_char, c_double, c_long, kl_time_id
+      type(kl_time_id), intent(inout), optional :: time_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(in), optional :: text(*)
+      integer(c_long), intent(in), optional :: time_ref_default
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_text_to_processing_n
+    end function kl_time_text_to_processing_n
+    function kl_time_text_to_processing_run_n(run_id, n, width, text, time_ref_default, proc_id_out,  &
+            time_ref_out, time_out, status, ierr) bind(c, name="kl_time_text_to_processing_run_n")
+      import :: c_char, c_double, c_long
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      integer(c_long), intent(in), optional :: width
+      character(kind=c_char), intent(in), optional :: text(*)
+      integer(c_long), intent(in), optional :: time_ref_default
+      integer(c_long), intent(in), optional :: proc_id_out
+      integer(c_long), intent(in), optional :: time_ref_out
+      real(c_double), intent(inout), optional :: time_out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_time_text_to_processing_run_n
+    end function kl_time_text_to_processing_run_n
     function kl_time_ascii_to_transport(time_id, ascii_id_in, time_ref_in, ascii_in, trans_id_out,  &
             time_ref_out, transport_out, ierr) bind(c, name="kl_time_ascii_to_transport")
       import :: c_char, c_long, kl_time_id

@@ -13,15 +13,19 @@ cmake --build --preset fuzz
 mkdir -p build/fuzz/corpus
 cd build/fuzz/corpus
 : >figures
-for target in time time_files clocks sky rotations registry; do
+# A format's target starts from a published file, not from a corpus.
+formats='finals c04 old_c04 bulletin_a bulletin_b old_bulletin_b leap_seconds leap_second_dat own_table sp3 oem oem_xml'
+for target in time time_files texts clocks sky rotations registry $formats; do
     mkdir -p "$target"
     status=0
     length=512
+    kept=
+    [ ! -d "../../../fuzz/corpus/$target" ] || kept="../../../fuzz/corpus/$target"
     [ "$target" != time_files ] || length=4096 # a file
     (
         failed=0
         UBSAN_OPTIONS=print_stacktrace=1 ../fuzz/${target}_fuzz -max_total_time="$seconds" -seed="$seed" -max_len=$length -timeout=10 \
-            -print_final_stats=1 -close_fd_mask=3 -artifact_prefix="$target-" "$target" "../../../fuzz/corpus/$target" \
+            -print_final_stats=1 -close_fd_mask=3 -artifact_prefix="$target-" "$target" $kept \
             >"$target.log" 2>&1 || failed=1
         times >"$target.times"
         exit "$failed"

@@ -1,8 +1,11 @@
 // Time ids from files: recognition and every reader, with whole and damaged contents. The first two bytes choose the
-// call, the rest is the file; a second file stands behind a form feed.
+// call. In time_files_fuzz the rest is the file, and a second file stands behind a form feed; the targets of one format
+// (KL_FUZZ_SAMPLE) take the rest as changes of a published file, so that they start behind its recognition.
 #include "fuzz_input.h"
 
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -23,6 +26,27 @@ private:
     int file_;
     std::string name_;
 };
+
+#ifdef KL_FUZZ_SAMPLE
+// A few characters after each other taken out and others put in, anywhere in the sample.
+std::string changed_sample(FuzzInput in)
+{
+    static const std::string sample = [] {
+        std::ostringstream bytes;
+        bytes << std::ifstream(KL_FUZZ_SAMPLE).rdbuf();
+        if (bytes.str().empty())
+            std::abort();
+        return bytes.str();
+    }();
+    std::string file = sample;
+    while (!in.empty() && !file.empty()) {
+        const std::size_t at = in.bits<std::uint16_t>() % file.size();
+        const std::uint8_t n = in.byte();
+        file.replace(at, n == 255 ? file.npos : n % 16, in.text(16));
+    }
+    return file;
+}
+#endif
 
 void require(bool holds)
 {
@@ -71,8 +95,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const long no_extrapolation = choice >> 1 & 1;
     const double start = static_cast<double>(choice >> 2) * 200.0 - 6000.0;
     const double stop = start + 300.0;
+#ifdef KL_FUZZ_SAMPLE
+    const std::string file = changed_sample(in);
+    const char *text = file.data();
+    const std::size_t length = file.size();
+#else
     const char *text = size > 2 ? reinterpret_cast<const char *>(data) + 2 : "";
     const std::size_t length = size > 2 ? size - 2 : 0;
+#endif
     const void *feed = std::memchr(text, '\f', length);
     const std::size_t first =
         feed != nullptr ? static_cast<std::size_t>(static_cast<const char *>(feed) - text) : length;

@@ -29,20 +29,11 @@ bool refused(long status, long function_id, Refusal &why)
     return status == KL_ERR;
 }
 
-// yyyy-mm-ddThh:nn:ss with microseconds, from a text with fewer decimals or none, a blank for the T, a Z, or a day
-// alone.
-bool iso(std::string_view cell, char text[KL_TIME_ASCII_LENGTH])
+// A date alone is its first instant here, which the library does not guess.
+std::string with_clock(std::string_view cell)
 {
-    constexpr std::size_t kDay = 10, kSecond = 19, kWhole = 26;
-    if (!cell.empty() && cell.back() == 'Z')
-        cell.remove_suffix(1);
-    if (cell.size() > kWhole || (cell.size() != kDay && cell.size() < kSecond) || cell.size() == kSecond + 1)
-        return false;
-    std::memcpy(text, "0000-00-00T00:00:00.000000", kWhole + 1);
-    std::memcpy(text, cell.data(), cell.size());
-    if (text[kDay] == ' ')
-        text[kDay] = 'T';
-    return true;
+    const bool date_alone = cell.size() == std::strlen("yyyy-mm-dd");
+    return std::string(cell) + (date_alone ? "T00:00:00" : "");
 }
 
 bool numbers(const std::vector<std::string_view> &cells, std::size_t first, double *to, Refusal &why)
@@ -107,20 +98,14 @@ bool Context::open(const std::vector<std::string> &files)
 
 bool tai_of(const Context &context, long scale, std::string_view cell, double &tai, Refusal &why)
 {
-    char text[KL_TIME_ASCII_LENGTH];
     double days;
     if (read_number(cell, days))
         return !refused(kl_time_processing_to_processing(&context.time, &kProcessing, &scale, &days, &kProcessing,
                                                          &kTai, &tai, why.ierr),
                         KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING, why);
-    if (!iso(cell, text)) {
-        why.cell = 0;
-        return false;
-    }
-    const long format = KL_ASCII_43;
-    return !refused(
-        kl_time_ascii_to_processing(&context.time, &format, &scale, text, &kProcessing, &kTai, &tai, why.ierr),
-        KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, why);
+    return !refused(kl_time_text_to_processing(&context.time, with_clock(cell).c_str(), &scale, &kProcessing, &kTai,
+                                               &tai, why.ierr),
+                    KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, why);
 }
 
 bool text_of(const Context &context, double tai, long scale, std::string &text, Refusal &why)
@@ -133,38 +118,23 @@ bool text_of(const Context &context, double tai, long scale, std::string &text, 
     return !refused(status, KL_ID_FUNC_TIME_PROCESSING_TO_ASCII, why);
 }
 
-// Text to text goes through no days, which have no room for a leap second.
+// By way of TAI, which has room for a leap second.
 Question time_question(const Context &context, long from, long to, long format)
 {
     const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,
                                    Refusal &why) {
-        const long iso_text = KL_ASCII_43;
-        char in[KL_TIME_ASCII_LENGTH], out[KL_TIME_ASCII_LENGTH] = "";
-        double days;
-        const bool number = read_number(cells[0], days);
-        if (!number && !iso(cells[0], in)) {
-            why.cell = 0;
+        char out[KL_TIME_ASCII_LENGTH] = "";
+        double tai;
+        if (!tai_of(context, from, cells[0], tai, why))
             return false;
-        }
-        long status = KL_OK, function = -1;
-        if (number && format == kDays) {
-            function = KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING;
-            status = kl_time_processing_to_processing(&context.time, &kProcessing, &from, &days, &kProcessing, &to,
-                                                      &answer[0].number, why.ierr);
-        } else if (number) {
-            function = KL_ID_FUNC_TIME_PROCESSING_TO_ASCII;
-            status =
-                kl_time_processing_to_ascii(&context.time, &kProcessing, &from, &days, &format, &to, out, why.ierr);
-        } else if (format == kDays) {
-            function = KL_ID_FUNC_TIME_ASCII_TO_PROCESSING;
-            status = kl_time_ascii_to_processing(&context.time, &iso_text, &from, in, &kProcessing, &to,
-                                                 &answer[0].number, why.ierr);
-        } else {
-            function = KL_ID_FUNC_TIME_ASCII_TO_ASCII;
-            status = kl_time_ascii_to_ascii(&context.time, &iso_text, &from, in, &format, &to, out, why.ierr);
-        }
+        if (format == kDays)
+            return !refused(kl_time_processing_to_processing(&context.time, &kProcessing, &kTai, &tai, &kProcessing,
+                                                             &to, &answer[0].number, why.ierr),
+                            KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING, why);
+        const long status =
+            kl_time_processing_to_ascii(&context.time, &kProcessing, &kTai, &tai, &format, &to, out, why.ierr);
         answer[0].text = out;
-        return !refused(status, function, why);
+        return !refused(status, KL_ID_FUNC_TIME_PROCESSING_TO_ASCII, why);
     };
     std::string name = "time";
     for (const auto &[scale, id] : kScales)

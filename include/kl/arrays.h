@@ -176,6 +176,14 @@ KL_API long kl_time_ascii_to_processing_run_n(const long *run_id, const long *n,
                                               const long *time_ref_in, const long *width, const char *ascii_in,
                                               const long *proc_id_out, const long *time_ref_out, double *time_out,
                                               long *status, long *ierr);
+/** kl_time_text_to_processing for n elements. */
+KL_API long kl_time_text_to_processing_n(kl_time_id *time_id, const long *n, const long *width, const char *text,
+                                         const long *time_ref_default, const long *proc_id_out,
+                                         const long *time_ref_out, double *time_out, long *status, long *ierr);
+/** kl_time_text_to_processing_n with the time id of a run. */
+KL_API long kl_time_text_to_processing_run_n(const long *run_id, const long *n, const long *width, const char *text,
+                                             const long *time_ref_default, const long *proc_id_out,
+                                             const long *time_ref_out, double *time_out, long *status, long *ierr);
 /** kl_time_ascii_to_transport for n elements. */
 KL_API long kl_time_ascii_to_transport_n(kl_time_id *time_id, const long *n, const long *ascii_id_in,
                                          const long *time_ref_in, const long *width, const char *ascii_in,

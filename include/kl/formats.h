@@ -223,6 +223,49 @@ KL_API long kl_time_ascii_to_processing(kl_time_id *time_id, const long *ascii_i
                                         const char *ascii_in, const long *proc_id_out, const long *time_ref_out,
                                         double *time_out, long *ierr);
 
+/**
+ * Reads a text as people write it: its layout, and if it says so its scale, are seen from the text itself.
+ *
+ * @param[in]  time_id           time correlation; needed when the scales differ, and for a 61st second
+ * @param[in]  text              text of any layout below, then a NUL
+ * @param[in]  time_ref_default  scale of a text that does not say its own, KL_TIME_*; KL_TIME_UNDEF: such a text is
+ *                               refused
+ * @param[in]  proc_id_out       KL_PROC
+ * @param[in]  time_ref_out      scale of the output, 0 to 3
+ * @param[out] time_out          MJD2000, days; may lie outside the processing range by the difference of the scales
+ * @param[out] ierr              [1] error vector, to be decoded with KL_ID_FUNC_TIME_ASCII_TO_PROCESSING
+ * @return KL_OK, KL_WARN, or KL_ERR with the output untouched
+ * Conditions: KL_TIME_ASCII_TO_PROCESSING_*, all but the first.
+ *
+ *     text   = blanks [ scale "=" ] date gap clock [ "Z" ] blanks
+ *     scale  = "TAI" | "UTC" | "UT1" | "GPS"
+ *     gap    = "T" | "_" | one blank
+ *     date   = yyyy-mm-dd | yyyy-ddd | dd-MMM-yyyy        ddd: day of the year, 001 to 366
+ *     clock  = hh:nn:ss [ "." one to nine digits ]        MMM: JAN to DEC, capital or small letters
+ *     or, without signs between the fields:
+ *     date   = yyyymmdd
+ *     clock  = hhnnss [ six digits ]
+ *     blanks = any number of blanks, tabs, carriage returns and line feeds
+ *
+ * These are all layouts of KL_ASCII_*, with the beginning- and end-of-mission texts, and the CCSDS codes A and B. Fields
+ * have all their digits; nothing else is guessed: a date alone, a clock without seconds, 1/2/2020, 01-02-2020, a comma,
+ * +01:00 and two-digit years are refused, and month and day are never exchanged. Z is UTC. A scale or a Z wins over
+ * time_ref_default; both together must agree (PREFIX_REF_ERR). Decimals are rounded to the microsecond, halves up, and
+ * carried: UTC 23:59:59.9999995 is the next midnight, or 23:59:60 where the day ends with a leap second. What follows
+ * the clock is TOO_LONG_ERR, a dot without digits MICROSECOND_ERR, a wrong day of the year DAY_ERR; 2100, which a
+ * rounding may reach, is YEAR_ERR.
+ *
+ * @code{.c}
+ * const long scale = KL_TIME_UTC, processing = KL_PROC;
+ * double days;
+ * long ierr[1];
+ * kl_time_text_to_processing(NULL, "2026-172T08:24:00Z", &scale, &processing, &scale, &days, ierr);   // 9668.35
+ * kl_time_text_to_processing(NULL, " 21-jun-2026 20:24:00.0\n", &scale, &processing, &scale, &days, ierr); // 9668.85
+ * @endcode
+ */
+KL_API long kl_time_text_to_processing(kl_time_id *time_id, const char *text, const long *time_ref_default,
+                                       const long *proc_id_out, const long *time_ref_out, double *time_out, long *ierr);
+
 /** Conditions of kl_time_ascii_to_transport, from api/formats.toml. */
 enum {
     KL_TIME_ASCII_TO_TRANSPORT_ASCII_ID_IN_ERR = 0,    /**< input format is none of KL_ASCII_* */

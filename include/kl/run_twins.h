@@ -85,6 +85,10 @@ KL_API long kl_time_ascii_to_ascii_run(const long *run_id, const long *ascii_id_
 KL_API long kl_time_ascii_to_processing_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
                                             const char *ascii_in, const long *proc_id_out, const long *time_ref_out,
                                             double *time_out, long *ierr);
+/** kl_time_text_to_processing with the time id of a run. */
+KL_API long kl_time_text_to_processing_run(const long *run_id, const char *text, const long *time_ref_default,
+                                           const long *proc_id_out, const long *time_ref_out, double *time_out,
+                                           long *ierr);
 /** kl_time_ascii_to_transport with the time id of a run. */
 KL_API long kl_time_ascii_to_transport_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
                                            const char *ascii_in, const long *trans_id_out, const long *time_ref_out,

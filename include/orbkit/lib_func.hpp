@@ -126,6 +126,10 @@ public:
                                         TextArgument ascii_in, long time_ref_out);
     static double timeAsciiToProcessing(const RunId &run, long ascii_id_in, long time_ref_in, TextArgument ascii_in,
                                         long time_ref_out);
+    /** Reads a text as people write it. */
+    static double timeTextToProcessing(const TimeId &time_id, TextArgument text, long time_ref_default,
+                                       long time_ref_out);
+    static double timeTextToProcessing(const RunId &run, TextArgument text, long time_ref_default, long time_ref_out);
     /** Reads a text into a transport time. */
     static TransportTime timeAsciiToTransport(const TimeId &time_id, long ascii_id_in, long time_ref_in,
                                               TextArgument ascii_in, long trans_id_out, long time_ref_out);

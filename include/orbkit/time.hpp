@@ -68,9 +68,10 @@ public:
     Time() = default;
 
     /**
-     * From a text of any layout, with a prefix of its scale or without.
+     * From a text as people write it: 2026-06-21T08:24:00Z, 2026-172 08:24:00.5, "GPS=21-Jun-2026 08:24:18"; the
+     * grammar stands at kl_time_text_to_processing.
      *
-     * @param text         yyyy-mm-ddThh:nn:ss[.uuuuuu] or any other of the library's layouts
+     * @param text         of any of the library's layouts; a date alone is none
      * @param scale        where the text does not say it itself
      * @param correlation  borrowed
      * @throws KitError when it is no such text
@@ -79,16 +80,15 @@ public:
                   const TimeCorrelation &correlation = built_in_correlation())
         : correlation_(&correlation)
     {
-        const long format = format_of(text);
-        const long ref = prefixed(text) ? long{KL_TIME_UNDEF} : number(scale);
-        const long transport = KL_TRANS_0;
+        const long ref = number(scale);
+        const long processing = KL_PROC;
         const long tai = KL_TIME_TAI;
-        long fields[4] = {};
+        double days = 0.0;
         long ierr[1] = {0};
-        throw_unless_ok("Time",
-                        kl_time_ascii_to_transport(id(), &format, &ref, text.c_str(), &transport, &tai, fields, ierr),
-                        KL_ID_FUNC_TIME_ASCII_TO_TRANSPORT, ierr);
-        take(fields);
+        throw_unless_ok("Time", kl_time_text_to_processing(id(), text.c_str(), &ref, &processing, &tai, &days, ierr),
+                        KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, ierr);
+        const double day = std::floor(days);
+        tai_ = static_cast<std::int64_t>(day) * kDay + std::llround((days - day) * 8.64e10);
     }
 
     /**
@@ -252,26 +252,6 @@ private:
     static constexpr std::int64_t kUnixEpoch = 10957 * kDay; // days from 1970-01-01 to 2000-01-01
 
     explicit Time(const TimeCorrelation &correlation) : correlation_(&correlation) {}
-
-    static bool prefixed(const std::string &text) { return text.size() > 4 && text[3] == '='; }
-
-    // The layout tells itself: a prefix, the place of the first separator, a fraction.
-    static long format_of(const std::string &text)
-    {
-        const bool prefix = prefixed(text);
-        const std::string bare = prefix ? text.substr(4) : text;
-        long layout = 10;
-        bool fraction = bare.find('.') != std::string::npos;
-        if (bare.size() > 10 && bare[4] == '-')
-            layout = bare[10] == 'T' ? 40 : 10;
-        else if (bare.size() > 2 && bare[2] == '-')
-            layout = 30;
-        else if (bare.size() > 8) {
-            layout = bare[8] == 'T' ? 50 : 20;
-            fraction = bare.size() > 15;
-        }
-        return layout + (prefix ? 2 : 1) + (fraction ? 2 : 0);
-    }
 
     double tai_days() const
     {

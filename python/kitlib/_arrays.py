@@ -10,7 +10,7 @@ from ._library import symbol
 _BYTES = ctypes.c_char * 0
 _NO = ctypes.c_void_p(None)
 _DTYPES = {"f8": np.dtype("f8"), "i8": np.dtype("i8")}
-_TEXT_WIDTH, _OCTETS = 32, 19
+_TEXT_WIDTH, _READ_WIDTH, _OCTETS = 32, 40, 19
 _FIXED = ctypes.byref(ctypes.c_long(0))
 _PYTHON_NUMBERS = (float, int)
 _longs = {}
@@ -71,20 +71,20 @@ def numbers(value, dtype, length, name):
 
 
 def texts(value, name):
-    """value as an array of texts of 32 octets, padded with zeros."""
+    """value as an array of texts of 40 octets, padded with zeros."""
     array = np.asarray(value)
     if array.dtype.kind not in "SU" and not (array.dtype.kind == "O" and all(isinstance(x, str) for x in array.flat)):
         raise TypeError(f"{name}: texts are wanted, not {array.dtype}")
     if array.dtype.kind == "O":
         array = array.astype("U")
     try:
-        wide = array.astype(f"S{max(_TEXT_WIDTH, array.dtype.itemsize)}") if array.dtype.kind == "S" else np.char.encode(array, "ascii")
+        wide = array.astype(f"S{max(_READ_WIDTH, array.dtype.itemsize)}") if array.dtype.kind == "S" else np.char.encode(array, "ascii")
     except UnicodeEncodeError:
         raise ValueError(f"{name}: texts of times are ASCII") from None
-    if wide.dtype.itemsize >= _TEXT_WIDTH and np.char.str_len(wide).max(initial=0) >= _TEXT_WIDTH:
+    if wide.dtype.itemsize >= _READ_WIDTH and np.char.str_len(wide).max(initial=0) >= _READ_WIDTH:
         # No layout is so long: its first characters are, with one more, as wrong as the whole.
-        wide = np.char.add(wide.astype(f"S{_TEXT_WIDTH - 2}"), b"?")
-    return wide.astype(f"S{_TEXT_WIDTH}")
+        wide = np.char.add(wide.astype(f"S{_READ_WIDTH - 2}"), b"?")
+    return wide.astype(f"S{_READ_WIDTH}")
 
 
 def octets(value, name):

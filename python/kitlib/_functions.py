@@ -32,6 +32,7 @@ __all__ = [
     "time_processing_to_processing",
     "time_ascii_to_ascii",
     "time_ascii_to_processing",
+    "time_text_to_processing",
     "time_ascii_to_transport",
     "time_processing_to_ascii",
     "time_processing_to_transport",
@@ -761,7 +762,7 @@ _time_ascii_to_ascii = _Function("kl_time_ascii_to_ascii", "kl_time_ascii_to_asc
     ("n",),
     ("select", _table.Ascii),
     ("select", _table.Time),
-    ("width", 32),
+    ("width", 40),
     ("each", "text", 'text', 0, False, False),
     ("select", _table.Ascii),
     ("select", _table.Time),
@@ -826,7 +827,7 @@ _time_ascii_to_processing = _Function("kl_time_ascii_to_processing", "kl_time_as
     ("n",),
     ("select", _table.Ascii),
     ("select", _table.Time),
-    ("width", 32),
+    ("width", 40),
     ("each", "text", 'text', 0, False, False),
     ("fixed",),
     ("select", _table.Time),
@@ -878,12 +879,68 @@ def time_ascii_to_processing(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC,
     return _time_ascii_to_processing((text,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
 
 
+_time_text_to_processing = _Function("kl_time_text_to_processing", "kl_time_text_to_processing_n", 8, 1, None, False, (
+    ("time",),
+    ("n",),
+    ("width", 40),
+    ("each", "text", 'text', 0, False, False),
+    ("select", _table.Time),
+    ("fixed",),
+    ("select", _table.Time),
+    ("gives", "time_out", 'f8', 0, False, False),
+))
+
+
+def time_text_to_processing(text, /, *, ref=Time.UTC, ref_out=Time.UTC, time=None, errors="raise", return_status=False):
+    """Reads a text as people write it.
+
+    Arguments, arrays that broadcast against each other:
+        text: texts, text of any layout below, then a NUL
+    Keywords:
+        ref: kl.Time, scale of a text that does not say its own, KL_TIME_*; KL_TIME_UNDEF: such a text is
+            refused
+        ref_out: kl.Time, scale of the output, 0 to 3
+        time: TimeId, None: the correlation of the package
+    Returns an array, or a number for numbers:
+        time: days, MJD2000, may lie outside the processing range by the difference of the scales
+    Raises KitError, or warns KitWarning (W):
+        ASCII_ID_IN_ERR: input format is none of KL_ASCII_*
+        TIME_REF_IN_ERR: input scale outside -1 to 3
+        PROC_ID_OUT_ERR: output format is not KL_PROC
+        TIME_REF_OUT_ERR: output scale outside 0 to 3
+        YEAR_ERR: year is not 1950 to 2099
+        TIME_ID_ERR: scales differ, no initialised time id
+        OUT_OF_RANGE_WARN (W): instant outside the table
+        BULLETIN_A_WARN (W): left the table: by formula from here on
+        BULLETIN_B_A_WARN (W): now in the gap between two bulletins
+        VALIDITY_WARN (W): left the validity of the time id
+        LAYOUT_ERR: separators of the format missing
+        TOO_SHORT_ERR: shorter than its format, or NULL
+        TOO_LONG_ERR: longer than its format
+        PREFIX_ERR: prefix is no "TAI=" "UTC=" "UT1=" "GPS="
+        PREFIX_REF_ERR: prefix contradicts the input scale
+        NO_REF_ERR: KL_TIME_UNDEF and no prefix
+        MISSION_LIMIT_ERR: year 0000 or 9999, but no limit
+        MONTH_ERR: month is not 01 to 12, JAN to DEC
+        DAY_ERR: day is not 01 to 31
+        HOUR_ERR: hour is not 00 to 23
+        MINUTE_ERR: minute is not 00 to 59
+        SECOND_ERR: second is not 00 to 60
+        MICROSECOND_ERR: microsecond is not a number
+        DAY_OF_30_ERR: day 31 of a month of 30
+        DAY_OF_29_ERR: day 30 or 31 of a leap February
+        DAY_OF_28_ERR: day 29 to 31 of another February
+        LEAP_SECOND_ERR: second 60 without a leap second
+    """
+    return _time_text_to_processing((text,), (ref, ref_out,), (time,), errors, return_status)
+
+
 _time_ascii_to_transport = _Function("kl_time_ascii_to_transport", "kl_time_ascii_to_transport_n", 7, 1, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Ascii),
     ("select", _table.Time),
-    ("width", 32),
+    ("width", 40),
     ("each", "text", 'text', 0, False, False),
     ("select", _table.Transport),
     ("select", _table.Time),

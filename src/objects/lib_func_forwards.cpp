@@ -315,6 +315,23 @@ double LibFunc::timeAsciiToProcessing(const RunId &run, long ascii_id_in, long t
     });
 }
 
+double LibFunc::timeTextToProcessing(const TimeId &time_id, TextArgument text, long time_ref_default, long time_ref_out)
+{
+    return result_of<double>("LibFunc::timeTextToProcessing", KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, [&](double &out, long *ierr) {
+        return kl_time_text_to_processing(time_id.getId(), text.c_str(), &time_ref_default, &kProcessing, &time_ref_out,
+                                          &out, ierr);
+    });
+}
+
+double LibFunc::timeTextToProcessing(const RunId &run, TextArgument text, long time_ref_default, long time_ref_out)
+{
+    const long run_id = run.getRunId();
+    return result_of<double>("LibFunc::timeTextToProcessing", KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, [&](double &out, long *ierr) {
+        return kl_time_text_to_processing_run(&run_id, text.c_str(), &time_ref_default, &kProcessing, &time_ref_out,
+                                              &out, ierr);
+    });
+}
+
 TransportTime LibFunc::timeAsciiToTransport(const TimeId &time_id, long ascii_id_in, long time_ref_in,
                                             TextArgument ascii_in, long trans_id_out, long time_ref_out)
 {

@@ -307,6 +307,24 @@ long kl_time_ascii_to_processing_run_n(const long *run_id, const long *n, const 
     });
 }
 
+long kl_time_text_to_processing_run(const long *run_id, const char *text, const long *time_ref_default,
+                                    const long *proc_id_out, const long *time_ref_out, double *time_out, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_text_to_processing(time_id, text, time_ref_default, proc_id_out, time_ref_out, time_out, ierr);
+    });
+}
+
+long kl_time_text_to_processing_run_n(const long *run_id, const long *n, const long *width, const char *text,
+                                      const long *time_ref_default, const long *proc_id_out, const long *time_ref_out,
+                                      double *time_out, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+        return kl_time_text_to_processing_n(time_id, n, width, text, time_ref_default, proc_id_out, time_ref_out,
+                                            time_out, status, ierr);
+    });
+}
+
 long kl_time_ascii_to_transport_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
                                     const char *ascii_in, const long *trans_id_out, const long *time_ref_out,
                                     long transport_out[4], long *ierr)

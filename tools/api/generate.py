@@ -156,6 +156,9 @@ class Table:
         self.public = [f for f in self.functions if f.place == "public"]
         self.by_internal = one_each((f.internal, f) for f in self.functions if f.internal is not None)
         self.by_public = one_each((f.public, f) for f in self.functions if f.public is not None)
+        for f in self.functions:  # without ids of its own, under another function's name: with that one's public id
+            if f.public is None and f.internal is None and f.reported != f.name:
+                f.public = next((other.public for other in self.functions if other.name == f.reported), None)
 
     def placed(self, place):
         return [f for f in self.functions if f.place == place]
@@ -609,6 +612,8 @@ def command_table(table):
             declared = f"{f.opening}{name}({', '.join(parameters) or 'void'})"
             rows.append(f"FUNCTION({', '.join(map(quoted, (name, f.subject, f.summary, declared)))})")
     for f in table.public:
+        if f.public is not None and table.by_public[f.public] is not f:
+            continue
         for c in f.conditions:
             if not c.never:
                 rows.append(f"CONDITION({quoted(f.reported)}, {-1 if f.public is None else f.public}, {c.code}, {c.bit}, {c.severity}, "

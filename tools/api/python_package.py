@@ -261,7 +261,7 @@ class PythonFunction:
                 rows.append(f'("record", _table.{camel(p.record)})' if p.record else f'("select", {"_table." + p.enum if p.enum else None})')
             else:
                 if p.kind in ("text", "octets"):
-                    rows.append('("width", %d)' % (32 if p.kind == "text" else 19))
+                    rows.append('("width", %d)' % (19 if p.kind == "octets" else 40 if p.role == "each" else 32))
                 item = f"_table.{camel(p.record)}" if p.record else repr(p.kind)
                 role = "inout" if p.role == "both" and p in self.gives else p.role
                 rows.append(f'("{role}", "{p.name}", {item}, {p.length}, {p.optional}, {p.zeros})')
@@ -349,7 +349,7 @@ def table_module(table, text, functions):
         out += f'{name}Result = _namedtuple("{name}Result", "{" ".join(fields)}")\n'
     out += "\n# Conditions of each function, by its public id: constant, value in an error vector's code, is it a warning?\nCONDITIONS = {\n"
     for f in table.public:
-        if f.public is not None:
+        if table.by_public.get(f.public) is f:
             rows = [f'("{condition_name(f, c)}", {c.code})' for c in f.conditions]
             out += f'    {f.public}: ("{f.name}", ({"".join(r + ", " for r in rows).rstrip()})),\n'
     return out + "}\n"

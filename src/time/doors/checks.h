@@ -7,6 +7,7 @@
 #include "time/formats/processing_times.h"
 #include "time/formats/texts.h"
 #include "time/formats/transport_times.h"
+#include "time/formats/typed_texts.h"
 #include "time/staircase.h"
 
 // Where nobody takes the conditions of an activation but the printer.

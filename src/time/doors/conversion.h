@@ -5,6 +5,8 @@
 
 #include "time/doors/conversion_sides.h"
 
+#include <cstdint>
+
 // The range of a written text stands at the end of each list of conditions: its first one there. Codes 27 and 28 of
 // text to text are bits 32 and 33.
 constexpr int kSecondWord = 32 - 27;
@@ -16,7 +18,9 @@ static_assert(KL_ASCII_WRITE_BEFORE_1950 == 0 && KL_ASCII_WRITE_AFTER_2099 == 1)
 
 // ---- the one conversion ----
 
-constexpr long kNoId = -99; // stands for an id or a reference that is not given: no check accepts it
+constexpr long kNoId = -99;                 // stands for an id or a reference that is not given: no check accepts it
+constexpr const long *kOwnLayout = nullptr; // format of a text that says it itself
+constexpr std::size_t kWholeText = PTRDIFF_MAX;
 
 inline long value_of(const long *id)
 {

@@ -3,6 +3,7 @@
 #include "time/staircase_kernels.h"
 
 #include <algorithm>
+#include <type_traits>
 
 namespace {
 
@@ -224,7 +225,9 @@ long convert_all(ArrayCall &array, int function_id, kl_time_id *time_id, const E
     }
     if (written.is_missing(to.format))
         return array.refuse(fail);
-    if (is_time_ref(from.ref) && from.ref != to.ref && is_empty(columns.correlation())) {
+    constexpr bool kOwnScales = std::is_same_v<In, TypedTextSide>; // whatever the caller gives
+    const bool no_way = is_time_ref(from.ref) && from.ref != to.ref && is_empty(columns.correlation());
+    if (no_way && !kOwnScales) {
         take(array.call(), change_scale(nullptr, nullptr, from.ref, to.ref, 0.0, none.moment).findings);
         return array.refuse(fail);
     }
@@ -234,7 +237,7 @@ long convert_all(ArrayCall &array, int function_id, kl_time_id *time_id, const E
         return convert<In, Out>(call, time_id, from, given.at(i), to, written.at(i), text_range);
     };
     // A prefix may bring its scale when the caller gives none: then the elements are taken one by one.
-    if (!is_time_ref(from.ref))
+    if (!is_time_ref(from.ref) || no_way)
         return array.each(one, fail);
     RowCarrier carrier(columns.correlation(), from.ref);
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
@@ -282,6 +285,16 @@ long kl_time_ascii_to_processing_n(kl_time_id *time_id, const long *n, const lon
     return convert_all<TextSide, ProcessingSide>(array, KL_FN_TIME_ASCII_TO_PROCESSING, time_id,
                                                  {ascii_id_in, time_ref_in}, {ascii_in, value_or(width, 0)},
                                                  {proc_id_out, time_ref_out}, {time_out});
+}
+
+long kl_time_text_to_processing_n(kl_time_id *time_id, const long *n, const long *width, const char *text,
+                                  const long *time_ref_default, const long *proc_id_out, const long *time_ref_out,
+                                  double *time_out, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_TIME_ASCII_TO_PROCESSING, n, status, ierr);
+    return convert_all<TypedTextSide, ProcessingSide>(array, KL_FN_TIME_ASCII_TO_PROCESSING, time_id,
+                                                      {kOwnLayout, time_ref_default}, {text, value_or(width, 0)},
+                                                      {proc_id_out, time_ref_out}, {time_out});
 }
 
 long kl_time_ascii_to_ascii_n(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in,

@@ -140,6 +140,15 @@ struct TextSide {
     }
 };
 
+// Texts of any layout: the text says its own, and may say its scale.
+struct TypedTextSide : TextSide {
+    static Fault check_in(long, long ref) { return check_text_input(KL_ASCII_11, ref); }
+    static Fault read(const Correlation *correlation, long, long ref, const Given &given, Reading *out)
+    {
+        return read_typed_text(correlation, ref, given.text, given.room, out);
+    }
+};
+
 struct TransportSide {
     static constexpr int kCheckIn = KL_FN_TIME_CHECK_TRANSPORT_INPUTS;
     static constexpr int kCheckOut = KL_FN_TIME_CHECK_TRANSPORT_OUTPUTS;

@@ -37,6 +37,14 @@ long kl_time_ascii_to_processing(kl_time_id *time_id, const long *ascii_id_in, c
                                              {ascii_in, KL_TIME_ASCII_LENGTH}, {proc_id_out, time_ref_out}, time_out);
 }
 
+long kl_time_text_to_processing(kl_time_id *time_id, const char *text, const long *time_ref_default,
+                                const long *proc_id_out, const long *time_ref_out, double *time_out, long *ierr)
+{
+    Activation call(KL_FN_TIME_ASCII_TO_PROCESSING, ierr);
+    return convert<TypedTextSide, ProcessingSide>(call, time_id, {kOwnLayout, time_ref_default}, {text, kWholeText},
+                                                  {proc_id_out, time_ref_out}, time_out);
+}
+
 long kl_time_ascii_to_ascii(kl_time_id *time_id, const long *ascii_id_in, const long *time_ref_in, const char *ascii_in,
                             const long *ascii_id_out, const long *time_ref_out, char *ascii_out, long ierr[2])
 {
