@@ -130,6 +130,8 @@ long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, con
     EclipseSky sky;
     return array.each(
         [&](long i, long *word) {
+            if (is_verbose())
+                sky = EclipseSky(); // every element prints its lines
             return eclipse_of_one(model_id, time_id, light_time, cs, time_ref, time + i, pos[i], at(margin, i),
                                   state + i, fraction + i, depth + i, &sky, word);
         },

@@ -558,6 +558,54 @@ def every_function(table, samples):
     return out
 
 
+def every_array(table):
+    """Every array form with its columns, a call for one element and one for all: for the law of array forms."""
+    out = f"// Every array form: role, name, type and words of its columns, the call for one element, that for all. {WHOLE}\n"
+    letters = {"double": "d", "long": "l", "char": "t", "unsigned char": "o"}
+    known = python_package.records(python_package.headers())
+
+    def words(a):
+        if a.type == "void":
+            return "kll"  # an on-board time of the Vardo format, which keeps its satellite
+        if a.base in known:
+            return "".join(letters[type_] * int(length or 1) for _, type_, length in known[a.base])
+        if a.base in ("char", "unsigned char"):
+            return letters[a.base]
+        if a.role == "both":
+            return "k" * int(a.length or 1)  # read first of all: what a call writes there is left alone when it fails
+        return letters[a.base] * int(a.length or 1) if (a.length or "1").isdigit() else "*"  # as many as the order says
+
+    for f in table.public:
+        columns = [a for a in f.arguments if a.role in ("each", "gives", "both")]
+        for run in [False, True] if f.run else [False]:
+            one, many = [], []
+            for a in f.arguments:
+                if a.role == "context":
+                    given = [] if run else ["&w." + {"model_id": "model", "time_id": "time", "sat_id": "satellite"}[a.name]]
+                    one, many = one + given, many + given
+                elif a not in columns:
+                    given = f'w.selected("{a.name}")' if a.base == "long" else f"w.record<{a.base}>()"
+                    one, many = one + [given], many + [given]
+                else:
+                    k = columns.index(a)
+                    one.append(f"w.element<{a.base}>({k}, i)")
+                    if a.base in ("char", "unsigned char"):
+                        many.append(f"&w.width[{k}]")
+                    many.append(f"w.column<{a.type if (a.length or 'x').isdigit() else a.base}>({k})")
+            if not f.array:
+                continue
+            n_context = 0 if run else len(f.context)
+            start = ["&w.run"] if run else []
+            vector = ["ierr"] if f.vector else []
+            name = f.name + ("_run" if run else "")
+            rows = ", ".join(f"{{'{a.role[0]}', \"{a.name}\", \"{a.type}\", \"{words(a)}\"}}" for a in columns)
+            out += f'{{"{name}_n", {f.vector}, {{{rows}}},\n'
+            out += f" [](ArrayWorld &w, long i, long *ierr) {{ return {name}({', '.join(start + one + vector)}); }},\n"
+            all_of = start + many[:n_context] + ["n"] + many[n_context:] + ["status"] + vector
+            out += f" [](ArrayWorld &w, const long *n, long *status, long *ierr) {{ return {name}_n({', '.join(all_of)}); }}}},\n"
+    return out
+
+
 def condition_rows(table):
     """Every condition as a caller meets it: for the test of all conditions."""
     kinds = {"none": "", "long": "0", "double": "0.000000", "text": ""}
@@ -659,6 +707,7 @@ def outputs(table):
     headers = [old(f"include/kl/{name}") for name in sorted(os.listdir("include/kl"))]
     yield "fortran/kitlib.f90", fortran.module(json.loads(api_json(table)), headers, BY)
     yield "tests/support/every_function.inc", every_function(table, samples)
+    yield "tests/support/every_array.inc", every_array(table)
     yield "tests/data/conditions.csv", condition_rows(table)
     yield "api/api.json", api_json(table)
     yield "api/conditions.json", conditions_json(table)

@@ -1,0 +1,78 @@
+// What the calls of every array form take: ids, one value of each selector, and columns behind which nobody may write.
+#ifndef KL_TESTS_ARRAYS_ARRAY_WORLD_H
+#define KL_TESTS_ARRAYS_ARRAY_WORLD_H
+
+#include "kl_lib.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+// One column: role e(ach), g(ives) or b(oth); an element's words are d(oubles), l(ongs), k(ept whatever happens), or
+// one t(ext) or o(ctets).
+struct Column {
+    char role;
+    const char *name;
+    const char *type;
+    const char *words;
+};
+
+struct ArrayWorld {
+    static constexpr int kColumns = 10;
+
+    kl_time_id time = {nullptr};
+    kl_model_id model = {nullptr};
+    long run = -1;
+    long satellite = 51; // its clock is the one below
+    std::map<std::string, long> selectors;
+    kl_geodetic origin = {48.0, 11.0, 600.0, 0.0, 0.0, 0.0};
+    kl_cuc_config config = {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1958, KL_TIME_TAI, 0.0, 4, 2};
+    kl_obt_param_vardo clock = {51, 0};
+    unsigned char *at[kColumns] = {}; // null: an array that is missing
+    long width[kColumns] = {};        // octets of an element
+
+    const long *selected(const char *name) const { return &selectors.at(name); }
+
+    template <typename Record>
+    const Record *record() const;
+
+    template <typename T>
+    T *element(int k, long i) const
+    {
+        return at[k] != nullptr ? static_cast<T *>(static_cast<void *>(at[k] + i * width[k])) : nullptr;
+    }
+    template <typename T>
+    T *column(int k) const
+    {
+        return static_cast<T *>(static_cast<void *>(at[k]));
+    }
+};
+
+template <>
+inline const kl_geodetic *ArrayWorld::record() const
+{
+    return &origin;
+}
+template <>
+inline const kl_cuc_config *ArrayWorld::record() const
+{
+    return &config;
+}
+template <>
+inline const void *ArrayWorld::record() const
+{
+    return &clock;
+}
+
+struct ArrayForm {
+    const char *name;
+    int n_vector;
+    std::vector<Column> columns;
+    long (*one)(ArrayWorld &w, long i, long *ierr);
+    long (*all)(ArrayWorld &w, const long *n, long *status, long *ierr);
+};
+
+// Of the table of functions, and the one whose scalar form takes a record apart.
+const std::vector<ArrayForm> &every_array_form();
+
+#endif
