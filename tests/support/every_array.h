@@ -1,10 +1,11 @@
-// What the calls of every array form take: ids, one value of each selector, and columns behind which nobody may write.
-#ifndef KL_TESTS_ARRAYS_ARRAY_WORLD_H
-#define KL_TESTS_ARRAYS_ARRAY_WORLD_H
+// Every array form with what its calls take: ids, one value of each selector, columns. Values come by name and type.
+#ifndef KL_TESTS_SUPPORT_EVERY_ARRAY_H
+#define KL_TESTS_SUPPORT_EVERY_ARRAY_H
 
 #include "kl_lib.h"
 
 #include <map>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,8 @@ struct Column {
     const char *type;
     const char *words;
 };
+
+enum class Correlation { explicit_values, rows, built_in };
 
 struct ArrayWorld {
     static constexpr int kColumns = 10;
@@ -30,6 +33,9 @@ struct ArrayWorld {
     kl_obt_param_vardo clock = {51, 0};
     unsigned char *at[kColumns] = {}; // null: an array that is missing
     long width[kColumns] = {};        // octets of an element
+
+    bool open(Correlation kind);
+    void close();
 
     const long *selected(const char *name) const { return &selectors.at(name); }
 
@@ -74,5 +80,26 @@ struct ArrayForm {
 
 // Of the table of functions, and the one whose scalar form takes a record apart.
 const std::vector<ArrayForm> &every_array_form();
+
+// ---- values ----
+
+using Random = std::mt19937_64;
+using Bytes = std::vector<unsigned char>;
+
+// The selectors, each in its range: not all of them together make a valid call.
+void choose(Random &random, ArrayWorld *w);
+
+// Octets of an element, with the selectors as they are.
+long width_of(const ArrayWorld &w, const Column &c);
+
+// How the instants of a column go on.
+enum class Instants { each_its_own, in_runs, one };
+
+// The inputs of n elements that every function likes, by column (of results: as much room); spoilt: some words not.
+std::vector<Bytes> make_inputs(const ArrayForm &f, const ArrayWorld &w, long n, bool spoilt, Instants instants,
+                               Random &random);
+
+// Chooses until an element without fault is accepted; false if none was.
+bool choose_valid(const ArrayForm &f, Random &random, ArrayWorld *w);
 
 #endif
