@@ -4,6 +4,7 @@
 #include "earth/geodesic.h"
 #include "earth/geodetic.h"
 #include "earth/polar.h"
+#include "earth/polar_kernels.h"
 #include "earth/transverse_mercator.h"
 #include "models/model_record.h"
 #include "numbers/bounds.h"
@@ -476,6 +477,33 @@ T *element(T (*array)[3], long i)
     return array != nullptr ? array[i] : nullptr;
 }
 
+// A record of six as the kernels have it.
+template <class Record>
+const double (*six(const Record *records, long i))[6]
+{
+    static_assert(sizeof(Record) == 6 * sizeof(double));
+    return reinterpret_cast<const double(*)[6]>(records + i);
+}
+template <class Record>
+double (*six(Record *records, long i))[6]
+{
+    static_assert(sizeof(Record) == 6 * sizeof(double));
+    return reinterpret_cast<double(*)[6]>(records + i);
+}
+
+// Element i of velocities that may be missing.
+template <class T>
+T (*from(T (*velocities)[3], long i))
+[3]
+{
+    return velocities != nullptr ? velocities + i : nullptr;
+}
+
+StationConstants constants_of(const Station &x)
+{
+    return {x.axes.s, x.axes.c, x.axes.sl, x.axes.cl, {x.pos[0], x.pos[1], x.pos[2]}};
+}
+
 } // namespace
 
 long kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *in,
@@ -501,7 +529,17 @@ long kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mo
             Activation call(KL_FN_GEOD_TO_CART, word);
             return geod_to_cart(call, e, rates, element(in, i), element(pos, i), element(vel, i));
         },
-        fail);
+        fail,
+        [&](long first, long count, LeftOver &left) {
+            if (in == nullptr || pos == nullptr || (rates && vel == nullptr))
+                return false;
+            std::uint64_t places = 0;
+            const EllipsoidConstants ellipsoid = {e.a, e.f};
+            states_of_geodetic_kernel()(&ellipsoid, rates, six(in, first), pos + first, from(vel, first), count,
+                                        &places);
+            left.add_all(places);
+            return true;
+        });
 }
 
 long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mode, const double pos[][3],
@@ -569,7 +607,15 @@ long kl_cart_to_radec_n(kl_model_id *, const long *n, const long *calc_mode, con
             Activation call(KL_FN_CART_TO_RADEC, word);
             return cart_to_radec(call, rates, element(pos, i), element(vel, i), element(out, i));
         },
-        fail);
+        fail,
+        [&](long first, long count, LeftOver &left) {
+            if (pos == nullptr || out == nullptr || (rates && vel == nullptr))
+                return false;
+            std::uint64_t places = 0;
+            radec_of_states_kernel()(rates, pos + first, from(vel, first), six(out, first), count, &places);
+            left.add_all(places);
+            return true;
+        });
 }
 
 long kl_radec_to_cart_n(kl_model_id *, const long *n, const long *calc_mode, const kl_radec *in, double pos[][3],
@@ -592,7 +638,15 @@ long kl_radec_to_cart_n(kl_model_id *, const long *n, const long *calc_mode, con
             Activation call(KL_FN_RADEC_TO_CART, word);
             return radec_to_cart(call, rates, element(in, i), element(pos, i), element(vel, i));
         },
-        fail);
+        fail,
+        [&](long first, long count, LeftOver &left) {
+            if (in == nullptr || pos == nullptr || (rates && vel == nullptr))
+                return false;
+            std::uint64_t places = 0;
+            states_of_radec_kernel()(rates, six(in, first), pos + first, from(vel, first), count, &places);
+            left.add_all(places);
+            return true;
+        });
 }
 
 long kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin,
@@ -620,7 +674,17 @@ long kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *ca
             Activation call(KL_FN_EF_TO_TOPOCENTRIC, word);
             return ef_to_topocentric(call, station, rates, element(pos, i), element(vel, i), element(out, i));
         },
-        fail);
+        fail,
+        [&](long first, long count, LeftOver &left) {
+            if (pos == nullptr || out == nullptr || (rates && vel == nullptr))
+                return false;
+            std::uint64_t places = 0;
+            const StationConstants there = constants_of(station);
+            topocentric_of_states_kernel()(&there, rates, pos + first, from(vel, first), six(out, first), count,
+                                           &places);
+            left.add_all(places);
+            return true;
+        });
 }
 
 long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin,
@@ -651,7 +715,17 @@ long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *ca
             Activation call(KL_FN_TOPOCENTRIC_TO_EF, word);
             return topocentric_to_ef(call, station, rates, element(in, i), element(pos, i), element(vel, i));
         },
-        fail);
+        fail,
+        [&](long first, long count, LeftOver &left) {
+            if (in == nullptr || pos == nullptr || (rates && vel == nullptr))
+                return false;
+            std::uint64_t places = 0;
+            const StationConstants there = constants_of(station);
+            states_of_topocentric_kernel()(&there, rates, six(in, first), pos + first, from(vel, first), count,
+                                           &places);
+            left.add_all(places);
+            return true;
+        });
 }
 
 long kl_geod_distance_n(kl_model_id *model_id, const long *n, const double *lat1, const double *lon1,

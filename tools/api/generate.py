@@ -571,8 +571,8 @@ def every_array(table):
             return "".join(letters[type_] * int(length or 1) for _, type_, length in known[a.base])
         if a.base in ("char", "unsigned char"):
             return letters[a.base]
-        if a.role == "both":
-            return "k" * int(a.length or 1)  # read first of all: what a call writes there is left alone when it fails
+        if a.role == "both" and a.base == "double":
+            return "k" * int(a.length or 1)  # an input first of all: left as it is when the call fails
         return letters[a.base] * int(a.length or 1) if (a.length or "1").isdigit() else "*"  # as many as the order says
 
     for f in table.public:
