@@ -8,6 +8,7 @@
 #include "orbits/local_frames.h"
 #include "orbits/mean_elements.h"
 #include "orbits/orbit_angle.h"
+#include "orbits/orbit_kernels.h"
 #include "time/scales.h"
 
 #include <cmath>
@@ -486,7 +487,16 @@ long kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, c
             Activation call(KL_FN_KEPL_TO_CART, word);
             return kepl_to_cart(call, field, mean, element(in, i), element(pos, i), element(vel, i));
         },
-        fail);
+        fail,
+        [&](long first, long count, LeftOver &left) {
+            if (mean || in == nullptr || pos == nullptr || vel == nullptr)
+                return false;
+            std::uint64_t places = 0;
+            states_of_ellipses_kernel()(field.gm, reinterpret_cast<const double(*)[6]>(in + first), pos + first,
+                                        vel + first, count, &places);
+            left.add_all(places);
+            return true;
+        });
 }
 
 long kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, const double pos[][3],
@@ -509,7 +519,16 @@ long kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, c
             Activation call(KL_FN_CART_TO_KEPL, word);
             return cart_to_kepl(call, field, mean, element(pos, i), element(vel, i), element(out, i));
         },
-        fail);
+        fail,
+        [&](long first, long count, LeftOver &left) {
+            if (mean || pos == nullptr || vel == nullptr || out == nullptr)
+                return false;
+            std::uint64_t places = 0;
+            ellipses_of_states_kernel()(field.gm, pos + first, vel + first, reinterpret_cast<double(*)[6]>(out + first),
+                                        count, &places);
+            left.add_all(places);
+            return true;
+        });
 }
 
 long kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *calc_mode,
@@ -565,7 +584,17 @@ long kl_local_orbital_frame_n(const long *n, const long *kind, const double pos[
             return KL_Local_orbital_frame(*kind, element(pos, i), element(vel, i), element(acc, i), element(r, i),
                                           element(dr, i));
         },
-        fail);
+        fail,
+        [&](long first, long count, LeftOver &left) {
+            if (*kind < KL_ORBITAL_QSW || *kind > KL_ORBITAL_VNC || pos == nullptr || vel == nullptr || r == nullptr
+                || dr == nullptr)
+                return false;
+            std::uint64_t places = 0;
+            local_frames_kernel()(*kind, model_blocks(nullptr).earth.gm, pos + first, vel + first,
+                                  acc != nullptr ? acc + first : nullptr, r + first, dr + first, count, &places);
+            left.add_all(places);
+            return true;
+        });
 }
 
 long kl_orbit_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *cs, const long *time_ref,
