@@ -1715,6 +1715,21 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: KL_Coticchia_Surace
     end function KL_Coticchia_Surace
+    function KL_Coticchia_Surace_n(model_id, n, lat, lon, zone, north, easting, northing, status,  &
+            ierr) bind(c, name="KL_Coticchia_Surace_n")
+      import :: c_double, c_long, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      real(c_double), intent(in), optional :: lat(*)
+      real(c_double), intent(in), optional :: lon(*)
+      integer(c_long), intent(inout), optional :: zone(*)
+      integer(c_long), intent(inout), optional :: north(*)
+      real(c_double), intent(inout), optional :: easting(*)
+      real(c_double), intent(inout), optional :: northing(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: KL_Coticchia_Surace_n
+    end function KL_Coticchia_Surace_n
     function kl_utm_to_geod(model_id, zone, north, easting, northing, lat, lon, ierr) bind(c, name="kl_utm_to_geod")
       import :: c_double, c_long, kl_model_id
       type(kl_model_id), intent(inout), optional :: model_id

@@ -140,6 +140,9 @@ KL_API long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const l
 KL_API long kl_topocentric_to_ef_run_n(const long *run_id, const long *n, const long *calc_mode,
                                        const kl_geodetic *origin, const kl_topocentric *in, double pos[][3],
                                        double vel[][3], long *status, long *ierr);
+/** KL_Coticchia_Surace for n elements. */
+KL_API long KL_Coticchia_Surace_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon,
+                                  long *zone, long *north, double *easting, double *northing, long *status, long *ierr);
 /** kl_utm_to_geod for n elements. */
 KL_API long kl_utm_to_geod_n(kl_model_id *model_id, const long *n, const long *zone, const long *north,
                              const double *easting, const double *northing, double *lat, double *lon, long *status,

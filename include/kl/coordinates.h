@@ -197,7 +197,7 @@ enum {
     KL_CART_TO_KEPL_KIND_ERR = 0,
     /** not finite, position zero or beyond 1e13 m, velocity beyond 1e9 m/s, or NULL */
     KL_CART_TO_KEPL_STATE_ERR = 1,
-    /** no angular momentum, or |2 - r v^2/gm| below 1e-9 */
+    /** position and velocity along one line to rounding, or |2 - r v^2/gm| below 1e-9 */
     KL_CART_TO_KEPL_CONIC_ERR = 2,
     /** hyperbola, e from 0.99 on, or a (1 - e^2) below half the gravity radius */
     KL_CART_TO_KEPL_MEAN_ERR = 3,
@@ -225,7 +225,7 @@ KL_API long kl_cart_to_kepl(kl_model_id *model_id, const long *kind, const doubl
 /** Conditions of kl_cart_to_radec, from api/coordinates.toml. */
 enum {
     KL_CART_TO_RADEC_CALC_MODE_ERR = 0,   /**< mode not 1 or 2, or NULL */
-    KL_CART_TO_RADEC_POSITION_ERR = 1,    /**< not finite, zero, or NULL */
+    KL_CART_TO_RADEC_POSITION_ERR = 1,    /**< not finite, zero, longer than the largest number, or NULL */
     KL_CART_TO_RADEC_VELOCITY_ERR = 2,    /**< mode 2: not finite, beyond 1e9 m/s, or NULL */
     KL_CART_TO_RADEC_POLAR_AXIS_WARN = 3, /**< mode 2, with a velocity off the axis; the rates are 0 */
     KL_CART_TO_RADEC_N_CODES = 4
@@ -336,7 +336,7 @@ enum {
     KL_POSITION_ON_ORBIT_TIME_ID_ERR = 5,
     /** KL_LIF, a model id without the routine, or no way to TDB */
     KL_POSITION_ON_ORBIT_TRANSFORMATION_ERR = 6,
-    /** no angular momentum */
+    /** position and velocity along one line, to rounding */
     KL_POSITION_ON_ORBIT_PLANE_ERR = 7,
     /** node 0 */
     KL_POSITION_ON_ORBIT_EQUATOR_WARN = 8,
@@ -458,7 +458,8 @@ enum {
  * @param[out]    easting   m, 500000 on the central meridian
  * @param[out]    northing  m; 1e7 more in the south
  * @param[out]    ierr      [1] error vector
- * @return KL_OK, or KL_ERR for whatever is refused, NULL too
+ * @return KL_OK, or KL_ERR for whatever is refused, NULL too: always bit 0. Bits 1 to 3 are kept for latitude, longitude
+ * and zone and are never set
  * Source: L. Krueger's series to order 6, C. F. F. Karney, J. Geodesy 85, 475-485 (2011): 5 nm.
  */
 KL_API long KL_Coticchia_Surace(kl_model_id *model_id, const double *lat, const double *lon, long *zone, long *north,

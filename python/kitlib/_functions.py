@@ -354,7 +354,7 @@ def cart_to_kepl(pos, vel, /, *, kind=Elements.OSCULATING, model=None, errors="r
     Raises KitError, or warns KitWarning (W):
         KIND_ERR: kind not 0 or 1, or NULL
         STATE_ERR: not finite, position zero or beyond 1e13 m, velocity beyond 1e9 m/s, or NULL
-        CONIC_ERR: no angular momentum, or |2 - r v^2/gm| below 1e-9
+        CONIC_ERR: position and velocity along one line to rounding, or |2 - r v^2/gm| below 1e-9
         MEAN_ERR: hyperbola, e from 0.99 on, or a (1 - e^2) below half the gravity radius
         CONVERGENCE_ERR: no closure below 1e-13
     """
@@ -467,7 +467,7 @@ def position_on_orbit(t, pos, vel, acc=None, /, *, mode=None, cs, ref=Time.UTC, 
         STATE_ERR: not finite, beyond 1e13 m, 1e9 m/s or 1e9 m/s2, or NULL
         TIME_ID_ERR: the time cannot be brought to UT1
         TRANSFORMATION_ERR: KL_LIF, a model id without the routine, or no way to TDB
-        PLANE_ERR: no angular momentum
+        PLANE_ERR: position and velocity along one line, to rounding
         EQUATOR_WARN (W): node 0
         FORMULA_WARN (W): once, when a call leaves the table for the UT1-UTC formula
         GAP_WARN (W): once, when a call enters the gap between two bulletins
@@ -531,7 +531,7 @@ def cart_to_radec(pos, vel=None, /, *, mode=None, model=None, errors="raise", re
             mode 2
     Raises KitError, or warns KitWarning (W):
         CALC_MODE_ERR: mode not 1 or 2, or NULL
-        POSITION_ERR: not finite, zero, or NULL
+        POSITION_ERR: not finite, zero, longer than the largest number, or NULL
         VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s, or NULL
         POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rates are 0
     """
@@ -626,7 +626,7 @@ def topocentric_to_ef(azimuth, elevation, range, azimuth_rate=None, elevation_ra
     return _topocentric_to_ef((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (_mode(mode, azimuth_rate, None), origin,), (model,), errors, return_status)
 
 
-_geod_to_utm = _Function("KL_Coticchia_Surace", "kitlib_KL_Coticchia_Surace_n", 39, 1, GeodToUtmResult, False, (
+_geod_to_utm = _Function("KL_Coticchia_Surace", "KL_Coticchia_Surace_n", 39, 1, GeodToUtmResult, False, (
     ("model",),
     ("n",),
     ("each", "lat", 'f8', 0, False, False),
@@ -653,7 +653,6 @@ def geod_to_utm(lat, lon, zone=0, /, *, model=None, errors="raise", return_statu
         northing: m, 1e7 more in the south
     Raises KitError, or warns KitWarning (W):
         COMPUTATION_ERR: whatever is refused
-    C has no array form of it: the package's own loop in C calls it once an element.
     """
     return _geod_to_utm((lat, lon, zone,), (), (model,), errors, return_status)
 

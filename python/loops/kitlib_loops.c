@@ -47,27 +47,6 @@ static int begun(const long *n, long *ierr, int words, long *result)
     return n != NULL && *n > 0;
 }
 
-KL_API long kitlib_KL_Coticchia_Surace_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon, long *zone, long *north, double *easting, double *northing, long *status, long *ierr);
-long kitlib_KL_Coticchia_Surace_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon, long *zone, long *north, double *easting, double *northing, long *status, long *ierr)
-{
-    long i, result;
-    if (!begun(n, ierr, 1, &result))
-        return result;
-    for (i = 0; i < *n; ++i) {
-        long word[1] = {0};
-        long one;
-        one = KL_Coticchia_Surace(model_id, AT(lat), AT(lon), AT(zone), AT(north), AT(easting), AT(northing), word);
-        result = noted(result, one, i, status, ierr, word, 1);
-        if (one == KL_ERR) {
-            zone[i] = 0;
-            north[i] = 0;
-            fill(AT(easting), 1);
-            fill(AT(northing), 1);
-        }
-    }
-    return result;
-}
-
 KL_API long kitlib_kl_time_get_pole_n(kl_time_id *time_id, const long *n, const long *time_ref, const double *time, double pole[][4], long *status);
 long kitlib_kl_time_get_pole_n(kl_time_id *time_id, const long *n, const long *time_ref, const double *time, double pole[][4], long *status)
 {

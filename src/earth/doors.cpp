@@ -113,6 +113,8 @@ long cart_to_radec(Activation &call, bool rates, const double *pos, const double
     const double r[3] = {pos[0] * scale, pos[1] * scale, pos[2] * scale};
     const PolarLengths<double> lengths = polar_lengths(r);
     const Polar<double> x = to_polar(r, lengths);
+    if (!std::isfinite(x.distance / scale)) // the largest numbers of all
+        return call.fails(KL_CART_TO_RADEC_POSITION_ERR);
     kl_radec found = {positive_degrees(x.lon), x.lat * KL_DEG_PER_RAD + 0.0, x.distance / scale, 0.0, 0.0, 0.0};
     bool undefined = false;
     if (rates) {
@@ -285,6 +287,25 @@ long geod_point(const GeodesicSeries &g, const double *lat, const double *lon, c
     return KL_OK;
 }
 
+long geod_to_utm(Activation &call, const GridSeries &g, const double *lat, const double *lon, long *zone, long *north,
+                 double *easting, double *northing)
+{
+    if (!holds(lat, -kGridLatitude, kGridLatitude) || !holds(lon, -360.0, 360.0) || zone == nullptr || *zone < 0
+        || *zone > 60 || north == nullptr || easting == nullptr || northing == nullptr)
+        return call.fails(KL_COTICCHIA_SURACE_COMPUTATION_ERR);
+    const long chosen = *zone != 0 ? *zone : zone_of(*lon);
+    const double across = from_meridian(*lon, chosen);
+    if (!within(across, -kGridWidth, kGridWidth))
+        return call.fails(KL_COTICCHIA_SURACE_COMPUTATION_ERR);
+    const bool northern = *lat >= 0.0;
+    const GridPoint point = geodetic_to_grid(g, *lat, across, northern);
+    *zone = chosen;
+    *north = northern ? 1 : 0;
+    *easting = point.easting;
+    *northing = point.northing;
+    return call.status();
+}
+
 long utm_to_geod(const GridSeries &g, const long *zone, const long *north, const double *easting,
                  const double *northing, double *lat, double *lon)
 {
@@ -418,20 +439,9 @@ long KL_Coticchia_Surace(kl_model_id *model_id, const double *lat, const double 
 {
     Activation call(KL_FN_COTICCHIA_SURACE, ierr);
     Ellipsoid e;
-    if (!ellipsoid_of_model(model_id, &e) || !holds(lat, -kGridLatitude, kGridLatitude) || !holds(lon, -360.0, 360.0)
-        || zone == nullptr || *zone < 0 || *zone > 60 || north == nullptr || easting == nullptr || northing == nullptr)
+    if (!ellipsoid_of_model(model_id, &e))
         return call.fails(KL_COTICCHIA_SURACE_COMPUTATION_ERR);
-    const long chosen = *zone != 0 ? *zone : zone_of(*lon);
-    const double across = from_meridian(*lon, chosen);
-    if (!within(across, -kGridWidth, kGridWidth))
-        return call.fails(KL_COTICCHIA_SURACE_COMPUTATION_ERR);
-    const bool northern = *lat >= 0.0;
-    const GridPoint point = geodetic_to_grid(grid_series(e), *lat, across, northern);
-    *zone = chosen;
-    *north = northern ? 1 : 0;
-    *easting = point.easting;
-    *northing = point.northing;
-    return call.status();
+    return geod_to_utm(call, grid_series(e), lat, lon, zone, north, easting, northing);
 }
 
 long kl_utm_to_geod(kl_model_id *model_id, const long *zone, const long *north, const double *easting,
@@ -463,6 +473,12 @@ void fill_nan(kl_topocentric *out, long i)
 {
     if (out != nullptr)
         out[i] = {kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber};
+}
+
+void fill_zero(long *out, long i)
+{
+    if (out != nullptr)
+        out[i] = 0;
 }
 
 // Element i of an array that may be missing.
@@ -575,8 +591,9 @@ long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mo
                     block.in[3 + j][k] = rates ? vel[first + k][j] : 0.0;
                 }
                 // What is refused, and what warnings are due for, goes by the scalar call.
+                // Around the centre lie the centres of curvature, where the latitude has no rate.
                 if (!holds_vector(x, kFarthest) || x[2] == 0.0 || x[0] * x[0] + x[1] * x[1] < 1.0
-                    || (rates && !holds_vector(vel[first + k], KL_LARGEST_VELOCITY)))
+                    || holds_vector(x, 1e5) || (rates && !holds_vector(vel[first + k], KL_LARGEST_VELOCITY)))
                     left.add(k);
             }
             for (auto &column : block.in)
@@ -772,6 +789,33 @@ long kl_geod_point_n(kl_model_id *model_id, const long *n, const double *lat, co
         [&](long i, long *) {
             return geod_point(g, element(lat, i), element(lon, i), element(azimuth, i), element(distance, i),
                               element(lat2, i), element(lon2, i), element(azimuth2, i));
+        },
+        fail);
+}
+
+long KL_Coticchia_Surace_n(kl_model_id *model_id, const long *n, const double *lat, const double *lon, long *zone,
+                           long *north, double *easting, double *northing, long *status, long *ierr)
+{
+    ArrayCall array(KL_FN_COTICCHIA_SURACE, n, status, ierr);
+    if (array.nothing())
+        return array.result();
+    const auto fail = [&](long i) {
+        fill_zero(zone, i);
+        fill_zero(north, i);
+        fill_nan(easting, i);
+        fill_nan(northing, i);
+    };
+    Ellipsoid e;
+    if (!ellipsoid_of_model(model_id, &e)) {
+        array.call().fails(KL_COTICCHIA_SURACE_COMPUTATION_ERR);
+        return array.refuse(fail);
+    }
+    const GridSeries g = grid_series(e);
+    return array.each(
+        [&](long i, long *word) {
+            Activation call(KL_FN_COTICCHIA_SURACE, word);
+            return geod_to_utm(call, g, element(lat, i), element(lon, i), element(zone, i), element(north, i),
+                               element(easting, i), element(northing, i));
         },
         fail);
 }

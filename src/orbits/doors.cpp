@@ -137,7 +137,7 @@ long cart_to_kepl(Activation &call, const Field &field, bool mean, const double 
             x.i * KL_DEG_PER_RAD,
             degrees_0_to_360(x.node),
             degrees_0_to_360(x.perigee),
-            conic == Conic::ellipse ? degrees_0_to_360(x.mean_anomaly) : x.mean_anomaly * KL_DEG_PER_RAD};
+            conic == Conic::ellipse ? degrees_0_to_360(x.mean_anomaly) : x.mean_anomaly * KL_DEG_PER_RAD + 0.0};
     return call.status();
 }
 

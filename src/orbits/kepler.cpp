@@ -1,5 +1,7 @@
 #include "orbits/kepler.h"
 
+#include "orbits/plane.h"
+
 #include <cmath>
 #include <initializer_list>
 
@@ -85,9 +87,10 @@ Conic state_to_elements(double mu, const double pos[3], const double vel[3], Ele
     const double across = std::sqrt(node_square);
     const double w = std::sqrt(node_square + h[2] * h[2]);
     const double r = std::sqrt(dot3(pos, pos));
-    const double energy = r * dot3(vel, vel) / mu;
+    const double speed2 = dot3(vel, vel);
+    const double energy = r * speed2 / mu;
     const double to_parabola = 2.0 - energy; // r/a
-    if (!(w > 0.0) || !(std::fabs(to_parabola) >= 1e-9))
+    if (!spans_plane(r, std::sqrt(speed2), w) || !(std::fabs(to_parabola) >= 1e-9))
         return Conic::neither;
     const double a = r / to_parabola;
     const bool closed = a > 0.0;
@@ -106,6 +109,8 @@ Conic state_to_elements(double mu, const double pos[3], const double vel[3], Ele
     const double C = energy - 1.0;          // e cos E, e cosh H
     const double D = dot3(pos, vel) / size; // e sin E, e sinh H
     const double flat = w / size;           // b/|a|
+    if (!(flat * flat > 0x1p-53))           // e cannot be told from 1
+        return Conic::neither;
     double e = 0.0;
     double M = u;
     double nu = u;

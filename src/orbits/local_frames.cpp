@@ -2,6 +2,7 @@
 
 #include "kl_lib.h"
 #include "numbers/numbers.h"
+#include "orbits/plane.h"
 
 #include <cmath>
 
@@ -57,6 +58,8 @@ bool local_orbital_frame(long kind, const double pos[3], const double vel[3], co
     cross(pos, vel, h);
     cross(pos, acc, dh);
     Turning q, w, t;
+    if (!spans_plane(std::sqrt(dot3(pos, pos)), std::sqrt(dot3(vel, vel)), std::sqrt(dot3(h, h))))
+        return false;
     if (!direction(h, dh, &w) || !direction(pos, vel, &q) || !direction(vel, acc, &t))
         return false;
     const Turning s = cross_of(w, q);

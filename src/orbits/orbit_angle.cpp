@@ -2,6 +2,7 @@
 
 #include "numbers/elementary.h"
 #include "numbers/numbers.h"
+#include "orbits/plane.h"
 
 #include <cmath>
 
@@ -23,7 +24,7 @@ bool orbit_plane(const double pos[3], const double vel[3], OrbitPlane *plane)
     cross(pos, vel, h);
     const double across = std::sqrt(h[0] * h[0] + h[1] * h[1]);
     const double w = std::sqrt(dot3(h, h));
-    if (!(w > 0.0))
+    if (!spans_plane(std::sqrt(dot3(pos, pos)), std::sqrt(dot3(vel, vel)), w))
         return false;
     plane->w = w;
     for (int i = 0; i < 3; ++i)

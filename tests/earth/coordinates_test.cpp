@@ -249,22 +249,21 @@ TEST(Polar, TrueValues)
 
 TEST(Polar, SizesAxesAndConditions)
 {
-    for (const double size : {5e-324, 1e-310, 1e-200, 1e200, 1.7e308}) {
+    kl_radec out;
+    for (const double size : {5e-324, 1e-310, 1e-200, 1e200, 1.2e308}) {
         const double pos[3] = {size, size, 0.0};
-        kl_radec out;
         ASSERT_EQ(kl_cart_to_radec(nullptr, &kPos, pos, nullptr, &out, nullptr), KL_OK) << size;
         EXPECT_NEAR(out.ra, 45.0, 1e-14) << size;
         EXPECT_EQ(out.dec, 0.0) << size;
-        if (size < 1e308) {
-            EXPECT_NEAR(out.distance / size, size < 1e-300 ? out.distance / size : std::sqrt(2.0), 4e-16) << size;
-        }
+        EXPECT_NEAR(out.distance, std::sqrt(2.0) * size, 5e-16 * size + 5e-324) << size;
     }
+    const double longer[3] = {1.7e308, 1.7e308, 0.0}; // than any number
+    LEAVES(error_bits(KL_CART_TO_RADEC_POSITION_ERR), kl_cart_to_radec(nullptr, &kPos, longer, nullptr, &out, e))
     const double up[3] = {0.0, 0.0, 5.0};
     const double down[3] = {-0.0, 0.0, -5.0};
     const double aside[3] = {1.0, 0.0, 2.0};
     const double nowhere[3] = {0.0, 0.0, 0.0};
     const double none[3] = {1.0, kNaN, 0.0};
-    kl_radec out;
     double p[3], v[3];
     LEAVES(warning_bits(KL_CART_TO_RADEC_POLAR_AXIS_WARN), kl_cart_to_radec(nullptr, &kPosVel, up, aside, &out, e))
     EXPECT_EQ(out.ra, 0.0);
@@ -564,6 +563,26 @@ TEST(Grid, ZonesAndRefusals)
         ASSERT_EQ(kl_utm_to_geod(nullptr, &zone, &north, &easting, &northing, &lat, &lon, &ierr), KL_OK) << c.lon;
         EXPECT_NEAR(lat, c.lat, 1e-13);
         EXPECT_LE(apart(lon, c.lon), 1e-12);
+    }
+    // All of them in one call.
+    constexpr long n = std::size(kCases);
+    double lats[n], lons[n], eastings[n], northings[n];
+    long zones[n], norths[n], statuses[n], word = 0;
+    for (long i = 0; i < n; ++i)
+        lats[i] = kCases[i].lat, lons[i] = kCases[i].lon, zones[i] = kCases[i].zone_in;
+    EXPECT_EQ(KL_Coticchia_Surace_n(nullptr, &n, lats, lons, zones, norths, eastings, northings, statuses, &word),
+              KL_ERR);
+    EXPECT_EQ(word, error_bits(KL_COTICCHIA_SURACE_COMPUTATION_ERR));
+    for (long i = 0; i < n; ++i) {
+        const Case &c = kCases[i];
+        EXPECT_EQ(statuses[i], c.zone == 0 ? KL_ERR : KL_OK) << i;
+        EXPECT_EQ(zones[i], c.zone) << i;
+        long zone = c.zone_in, north = 0;
+        double easting = kNaN, northing = kNaN;
+        KL_Coticchia_Surace(nullptr, &c.lat, &c.lon, &zone, &north, &easting, &northing, nullptr);
+        EXPECT_EQ(norths[i], north) << i;
+        EXPECT_EQ(std::memcmp(&eastings[i], &easting, sizeof easting), 0) << i;
+        EXPECT_EQ(std::memcmp(&northings[i], &northing, sizeof northing), 0) << i;
     }
     const double lat = 33.3, lon = 44.4;
     long zone = 0, north = 0;

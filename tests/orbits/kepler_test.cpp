@@ -227,6 +227,28 @@ TEST(Elements, Conditions)
     LEAVES(kRefused, kl_cart_to_kepl(nullptr, &kOsculating, pos, beyond, nullptr, e))
 }
 
+// Along one line position and velocity span no plane, whatever rounding leaves of it: every function says so.
+TEST(Elements, StraightLines)
+{
+    std::mt19937 random(3);
+    const auto uniform = [&](double a, double b) { return std::uniform_real_distribution<double>(a, b)(random); };
+    const long qsw = KL_ORBITAL_QSW, tod = KL_TOD, tai = KL_TIME_TAI, mode = KL_CALC_POS;
+    const double at = 6000.0;
+    for (int k = 0; k < 2000; ++k) {
+        const double size = std::pow(10.0, uniform(3.0, 12.0)), speed = std::pow(10.0, uniform(-3.0, 6.0)) / size;
+        const double pos[3] = {uniform(-size, size), uniform(-size, size), uniform(-size, size)};
+        const double vel[3] = {pos[0] * speed, pos[1] * speed, pos[2] * speed};
+        kl_kepler out;
+        LEAVES(error_bits(KL_CART_TO_KEPL_CONIC_ERR), kl_cart_to_kepl(nullptr, &kOsculating, pos, vel, &out, e))
+        double r[18];
+        LEAVES(kRefused, kl_local_orbital_frame(&qsw, pos, vel, nullptr, r, r + 9, e))
+        kl_time_id none = {nullptr};
+        kl_orbit_angle angle;
+        LEAVES(error_bits(KL_POSITION_ON_ORBIT_PLANE_ERR),
+               kl_position_on_orbit(nullptr, &none, &mode, &tod, &tai, &at, pos, vel, nullptr, &angle, e))
+    }
+}
+
 // Numbers of every size: a refusal or finite numbers, and never a crash.
 TEST(Elements, WildNumbers)
 {
