@@ -14,6 +14,7 @@ SUBJECTS = {
     "frames": "Frames",
     "bodies": "Sun, Moon and planets",
     "geoid": "Geoid",
+    "coordinates": "Coordinates, elements, geodesics and grids",
     "rotations": "Rotations",
     "objects": "Classes beside the functions they wrap",
     "runs": "Runs beside the functions with ids",

@@ -3,14 +3,14 @@
 # and writes docs/performance.md. Some minutes; the figures mean something on a quiet machine of two cores.
 set -eu
 cd "$(dirname "$0")/.."
-tools/install_missing.sh g++ cmake ninja-build python3 valgrind libbenchmark-dev liberfa-dev libgeographiclib-dev \
+tools/install_missing.sh g++ cmake ninja-build python3 valgrind libbenchmark-dev liberfa-dev libgeographiclib-dev libproj-dev \
     libeigen3-dev python3-astropy python3-skyfield
 results=build/bench/results
 mkdir -p "$results"
 cat /proc/loadavg >"$results/load.txt"
 cmake --preset bench >/dev/null
 cmake --build --preset bench
-for subject in time clock frames bodies geoid rotations objects runs; do
+for subject in time clock frames bodies geoid coordinates rotations objects runs; do
     echo "$subject"
     build/bench/bench/${subject}_bench --benchmark_repetitions=7 --benchmark_min_time=0.1 \
         --benchmark_enable_random_interleaving=true --benchmark_report_aggregates_only=true \

@@ -147,17 +147,19 @@ struct Ends {
 struct Trial {
     Heading alpha1, alpha2;
     Arc arc;
-    double k2, eps;
+    double s0, k2, eps;
     double beyond; // rad: its longitude less that of point 2
 };
 
-Trial trial(const GeodesicSeries &g, const Ends &p, const Heading &alpha1)
+// Its azimuth at point 2, equation 5, with cos alpha2 cos beta2 beside it.
+struct Arrival {
+    Heading alpha2;
+    double along2;
+};
+
+Arrival arrival(const Ends &p, const Heading &alpha1)
 {
     const Heading &b1 = p.beta1, &b2 = p.beta2;
-    Trial t;
-    t.alpha1 = alpha1;
-    const double s0 = alpha1.s * b1.c; // equation 5
-    const double c0 = std::sqrt(alpha1.c * alpha1.c + (alpha1.s * b1.s) * (alpha1.s * b1.s));
     const double along1 = alpha1.c * b1.c;
     // cos^2 beta2 - cos^2 beta1, by the smaller of sine and cosine
     const double more = std::fabs(b1.s) == std::fabs(b2.s) ? 0.0
@@ -165,20 +167,30 @@ Trial trial(const GeodesicSeries &g, const Ends &p, const Heading &alpha1)
                                                            : (b1.s - b2.s) * (b1.s + b2.s);
     const double along2 = std::sqrt(along1 * along1 + more);
     const bool same = b1.c == b2.c;
-    t.alpha2 = {same ? alpha1.s : s0 / b2.c, same && more == 0.0 ? std::fabs(alpha1.c) : along2 / b2.c};
-    t.arc.sigma1 = normal(b1.s, along1); // equations 11, 12
-    t.arc.sigma2 = normal(b2.s, along2);
-    t.arc.length = angle_between(t.arc.sigma1, t.arc.sigma2);
-    // omega = ph(cos sigma + i sin alpha0 sin sigma), without normalising
-    const Heading w1 = normal(s0 * b1.s, along1);
-    const Heading w2 = normal(s0 * b2.s, along2);
-    const double sin_w = std::max(0.0, w1.c * w2.s - w1.s * w2.c);
-    const double cos_w = w1.c * w2.c + w1.s * w2.s;
+    return {{same ? alpha1.s : alpha1.s * b1.c / b2.c, same && more == 0.0 ? std::fabs(alpha1.c) : along2 / b2.c},
+            along2};
+}
+
+Trial trial(const GeodesicSeries &g, const Ends &p, const Heading &alpha1)
+{
+    const Heading &b1 = p.beta1, &b2 = p.beta2;
+    const Arrival end = arrival(p, alpha1);
+    Trial t;
+    t.alpha1 = alpha1;
+    t.alpha2 = end.alpha2;
+    t.s0 = alpha1.s * b1.c;
+    const double c0 = std::sqrt(alpha1.c * alpha1.c + (alpha1.s * b1.s) * (alpha1.s * b1.s));
+    const double per_c0 = 1.0 / c0; // c0 e^(i sigma) = cos alpha cos beta + i sin beta: equations 11, 12
+    const Heading &s1 = t.arc.sigma1 = {b1.s * per_c0, alpha1.c * b1.c * per_c0};
+    const Heading &s2 = t.arc.sigma2 = {b2.s * per_c0, end.along2 * per_c0};
+    t.arc.length = angle_between(s1, s2);
+    // cos beta e^(i omega) = cos sigma + i sin alpha0 sin sigma; only the ratio of sine and cosine of omega12 counts
+    const double sin_w = std::max(0.0, t.s0 * (s1.c * s2.s - s1.s * s2.c));
+    const double cos_w = s1.c * s2.c + (t.s0 * s1.s) * (t.s0 * s2.s);
     t.k2 = g.ep2 * c0 * c0;
     t.eps = eps_of(t.k2);
     const LongitudeSeries I3 = third_series(g, t.eps);
-    const double less =
-        g.e.f * s0 * I3.A3 * (t.arc.length + (sine_series(I3.C3, t.arc.sigma2) - sine_series(I3.C3, t.arc.sigma1)));
+    const double less = g.e.f * t.s0 * I3.A3 * (t.arc.length + (sine_series(I3.C3, s2) - sine_series(I3.C3, s1)));
     t.beyond = arc_tangent(sin_w * p.lambda.c - cos_w * p.lambda.s, cos_w * p.lambda.c + sin_w * p.lambda.s) - less;
     return t;
 }
@@ -188,7 +200,7 @@ double longitude_slope(const GeodesicSeries &g, const Ends &p, const Trial &t)
 {
     if (t.alpha2.c == 0.0)
         return -2.0 * std::sqrt(1.0 - g.e.e2 * p.beta1.c * p.beta1.c) / p.beta1.s;
-    return reduced_length_in_b(t.arc, t.k2, t.eps) / (t.alpha2.c * p.beta2.c);
+    return g.e.k * reduced_length_in_b(t.arc, t.k2, t.eps) / (t.alpha2.c * p.beta2.c);
 }
 
 // The mu > 0 with (x/(1 + mu))^2 + (y/mu)^2 = 1: from below Newton's steps rise to it. Equation 55 is the same quartic.
@@ -241,15 +253,46 @@ Heading antipodal_start(const GeodesicSeries &g, const Ends &p)
     return normal(c.s_alpha1, c.c_alpha1);
 }
 
+// Elsewhere: the great circle to where point 2 is on the auxiliary sphere, omega12 = lambda12 + f sin alpha0 I3, with
+// alpha0 and I3 of the great circle to lambda12. Off by the flattening squared.
+Heading sphere_start(const GeodesicSeries &g, const Ends &p, const GreatCircle &c)
+{
+    const double s0 = c.s_alpha1 / c.sin_sigma * p.beta1.c;
+    const double eps = 0.25 * g.ep2 * (1.0 - s0 * s0);
+    const double d = g.e.f * s0 * arc_tangent(c.sin_sigma, c.cos_sigma) * (1.0 - 0.5 * eps); // below 0.011
+    const double sin_d = d * (1.0 - d * d / 6.0);
+    const double cos_d = 1.0 - 0.5 * d * d;
+    const Heading &w = p.lambda;
+    const GreatCircle better = great_circle(p, {w.s * cos_d + w.c * sin_d, w.c * cos_d - w.s * sin_d});
+    return normal(better.s_alpha1, better.c_alpha1);
+}
+
 GeodesicLine line_of(const GeodesicSeries &g, const Trial &t)
 {
     return {g.e.b * length_in_b(t.arc, t.eps), t.alpha1, t.alpha2, true};
 }
 
-// Newton's steps within a bracket of alpha1, in which the longitude grows.
-GeodesicLine solve(const GeodesicSeries &g, const Ends &p, Heading alpha1)
+Heading turned(const Heading &x, double angle)
+{
+    const SineCosine<double> d = sine_cosine(angle);
+    return normal(x.s * d.c + x.c * d.s, x.c * d.c - x.s * d.s);
+}
+
+// The line that a last small turn of its start leads to point 2. A path that ends dlambda further along the parallel is
+// longer by a sin alpha0 dlambda, with the alpha0 halfway.
+GeodesicLine line_after_turn(const GeodesicSeries &g, const Ends &p, const Trial &t, double turn)
+{
+    const double s0 = t.s0 + 0.5 * turn * t.alpha1.c * p.beta1.c;
+    const Heading alpha1 = turned(t.alpha1, turn);
+    return {g.e.b * length_in_b(t.arc, t.eps) - g.e.a * s0 * t.beyond, alpha1, arrival(p, alpha1).alpha2, true};
+}
+
+// Newton's steps within a bracket of alpha1, in which the longitude grows. Near the antipode slopes change too fast for
+// a last step that is not tried.
+GeodesicLine solve(const GeodesicSeries &g, const Ends &p, Heading alpha1, bool antipodal)
 {
     constexpr int kMostSteps = 100;
+    constexpr double kLastTurn2 = 1e-17; // of which the error is 2 turn^2/cos alpha2
     Heading low = {kLeastCosine, 1.0};
     Heading high = {kLeastCosine, -1.0};
     const auto behind = [](const Heading &a, const Heading &b) { return a.s * b.c - a.c * b.s < 0.0; };
@@ -261,10 +304,11 @@ GeodesicLine solve(const GeodesicSeries &g, const Ends &p, Heading alpha1)
         (t.beyond > 0.0 ? high : low) = alpha1;
         const double slope = longitude_slope(g, p, t);
         const double turn = -t.beyond / slope;
+        if (!antipodal && slope > 0.0 && turn * turn <= kLastTurn2 * t.alpha2.c)
+            return line_after_turn(g, p, t, turn);
         last = std::fabs(t.beyond) <= 16.0 * kUlp;
         if (slope > 0.0 && std::fabs(turn) < KL_PI) {
-            const SineCosine<double> d = sine_cosine(turn);
-            const Heading next = normal(alpha1.s * d.c + alpha1.c * d.s, alpha1.c * d.c - alpha1.s * d.s);
+            const Heading next = turned(alpha1, turn);
             if (next.s > 0.0 && behind(low, next) && behind(next, high)) {
                 alpha1 = next;
                 continue;
@@ -300,27 +344,25 @@ GeodesicLine canonical(const GeodesicSeries &g, const Ends &p)
 
     const Heading &b1 = p.beta1, &b2 = p.beta2;
     const double lambda = p.lambda_deg * KL_RAD_PER_DEG;
-    const bool near =
-        p.lambda.c > 0.0 && b1.c * b2.c + b1.s * b2.s > 0.0 && b2.s * b1.c - b2.c * b1.s < 0.5 && b2.c * lambda < 0.5;
-    Heading w = p.lambda;
-    double d = 1.0;
-    if (near) { // the sphere that fits best between the two latitudes
+    const double short_sigma = 0.1 * 0x1p-26 * 1.4142135623730951 / std::sqrt(g.e.f / 2.0);
+    if (p.lambda.c > 0.0 && b1.c * b2.c + b1.s * b2.s > 0.0 && b2.s * b1.c - b2.c * b1.s < 2.0 * short_sigma
+        && b2.c * lambda < 2.0 * short_sigma) { // the sphere that fits best between the two latitudes
         const double sum_s = (b1.s + b2.s) * (b1.s + b2.s);
         const double sum_c = (b1.c + b2.c) * (b1.c + b2.c);
-        d = std::sqrt(1.0 + g.ep2 * (sum_s / (sum_s + sum_c)));
-        const SineCosine<double> x = sine_cosine(lambda / (g.e.k * d));
-        w = {x.s, x.c};
+        const double d = std::sqrt(1.0 + g.ep2 * (sum_s / (sum_s + sum_c)));
+        const SineCosine<double> w = sine_cosine(lambda / (g.e.k * d));
+        const GreatCircle c = great_circle(p, {w.s, w.c});
+        if (c.sin_sigma < short_sigma) {
+            // alpha2 on the same sphere: ph(sin(b2 - b1) - cos b1 sin b2 (1 - cos w) + i cos b1 sin w)
+            const double c2 = (b2.s * b1.c - b2.c * b1.s) - b1.c * b2.s * (w.s * w.s / (1.0 + w.c));
+            return {g.e.b * d * arc_tangent(c.sin_sigma, c.cos_sigma), normal(c.s_alpha1, c.c_alpha1),
+                    normal(b1.c * w.s, c2), true};
+        }
     }
-    const GreatCircle c = great_circle(p, w);
-    const double short_sigma = 0.1 * 0x1p-26 * 1.4142135623730951 / std::sqrt(g.e.f / 2.0);
-    if (near && c.sin_sigma < short_sigma) {
-        // alpha2 on the same sphere: ph(sin(b2 - b1) - cos b1 sin b2 (1 - cos w) + i cos b1 sin w)
-        const double c2 = (b2.s * b1.c - b2.c * b1.s) - b1.c * b2.s * (w.s * w.s / (1.0 + w.c));
-        return {g.e.b * d * arc_tangent(c.sin_sigma, c.cos_sigma), normal(c.s_alpha1, c.c_alpha1),
-                normal(b1.c * w.s, c2), true};
-    }
-    const bool antipodal = c.cos_sigma < 0.0 && c.sin_sigma < 6.0 * std::fabs(g.n) * KL_PI * b1.c * b1.c;
-    return solve(g, p, antipodal ? antipodal_start(g, p) : normal(c.s_alpha1, c.c_alpha1));
+    const GreatCircle c = great_circle(p, p.lambda);
+    if (c.cos_sigma < 0.0 && c.sin_sigma < 6.0 * std::fabs(g.n) * KL_PI * b1.c * b1.c)
+        return solve(g, p, antipodal_start(g, p), true);
+    return solve(g, p, sphere_start(g, p, c), false);
 }
 
 // Reduced latitude, its cosine never 0.
