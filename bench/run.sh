@@ -10,7 +10,7 @@ mkdir -p "$results"
 cat /proc/loadavg >"$results/load.txt"
 cmake --preset bench >/dev/null
 cmake --build --preset bench
-for subject in time clock frames bodies geoid coordinates rotations objects runs; do
+for subject in time clock frames orientation bodies stars geometry geoid coordinates rotations objects runs; do
     echo "$subject"
     build/bench/bench/${subject}_bench --benchmark_repetitions=7 --benchmark_min_time=0.1 \
         --benchmark_enable_random_interleaving=true --benchmark_report_aggregates_only=true \
