@@ -13,9 +13,10 @@
 //     }
 //
 // The last argument computes a block by kernels. It reads all inputs of the block before it writes, since outputs may
-// lie on inputs, and writes elements that come out well and without a warning; the others it leaves to the scalar call,
-// by left.add(i - first) or, all of them, by returning false: that is for blocks in which a once-only warning may be
-// due, which the elements have to take in order. Verbose calls go through the scalar call element by element.
+// lie on inputs, and writes elements that come out well; those with a warning that has no bit and no line it reports by
+// left.warns(i - first). The others it leaves to the scalar call, by left.add(i - first) or, all of them, by returning
+// false: that is for blocks in which a once-only warning may be due, which the elements have to take in order. Verbose
+// calls go through the scalar call element by element.
 #ifndef KL_SRC_ARRAYS_ARRAY_CALL_H
 #define KL_SRC_ARRAYS_ARRAY_CALL_H
 
@@ -35,9 +36,15 @@ public:
     bool has(long place) const { return (bits_ >> place & 1) != 0; }
     bool any() const { return bits_ != 0; }
 
+    // An element that the kernels computed, with a warning.
+    void warns(long place) { warned_ |= std::uint64_t{1} << place; }
+    bool warned(long place) const { return (warned_ >> place & 1) != 0; }
+    bool any_warned() const { return warned_ != 0; }
+
 private:
     static_assert(kBlock <= 64);
     std::uint64_t bits_ = 0;
+    std::uint64_t warned_ = 0;
 };
 
 constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
@@ -103,7 +110,8 @@ public:
             const bool by_kernels = !is_verbose() && block(first, count, left);
             if (by_kernels && status_ != nullptr)
                 for (long k = 0; k < count; ++k)
-                    status_[first + k] = KL_OK;
+                    status_[first + k] = left.warned(k) ? KL_WARN : KL_OK;
+            warned_ |= by_kernels && left.any_warned();
             if (!by_kernels || left.any())
                 for (long k = 0; k < count; ++k)
                     if (!by_kernels || left.has(k))

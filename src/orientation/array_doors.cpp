@@ -14,19 +14,29 @@ struct Block {
     long n = 0; // different instants
     OrientationInstant instants[kBlock];
     double m[kBlock][9], rate[kBlock][9], acceleration[kBlock][9];
+    long place[kBlock]; // of the instant of each element among them; -1 leaves it to the scalar call, which refuses it
 };
 
-// The place of the instant of an element among those of the block; -1 leaves the element to the scalar call, which
-// refuses it or warns.
-long place_of(const OrientationRequest &request, const OrientationPath &path, const double *time, long k, long before,
-              Block *block)
+// Prepares the instants of a block, equal neighbours once.
+void prepare(const OrientationRequest &request, const OrientationPath &path, const double *time, long count, int order,
+             Block *block, LeftOver *left)
 {
-    if (k > 0 && std::memcmp(time + k, time + k - 1, sizeof *time) == 0)
-        return before;
-    OrientationInstant *instant = &block->instants[block->n];
-    if (!prepared(request, time + k, instant) || status_of(path, instant->eop.notes) != KL_OK)
-        return -1;
-    return block->n++;
+    block->n = 0;
+    bool warned = false;
+    for (long k = 0; k < count; ++k) {
+        if (k > 0 && std::memcmp(time + k, time + k - 1, sizeof *time) == 0) {
+            block->place[k] = block->place[k - 1];
+        } else {
+            OrientationInstant *instant = &block->instants[block->n];
+            const bool good = prepared(request, time + k, order, instant);
+            block->place[k] = good ? block->n++ : -1;
+            warned = good && status_of(path, instant->eop.notes) != KL_OK;
+        }
+        if (block->place[k] < 0)
+            left->add(k);
+        else if (warned)
+            left->warns(k);
+    }
 }
 
 } // namespace
@@ -69,31 +79,26 @@ long kl_iers_matrix_n(kl_time_id *time_id, const long *n, const long *correction
         || time == nullptr || r == nullptr || dr == nullptr || ddr == nullptr)
         return array.refuse(fail);
     const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
-    const int order = static_cast<int>(*calc_mode - KL_CALC_POS);
+    const int order = order_of(*calc_mode);
     const auto one = [&](long i, long *word) {
         return kl_iers_matrix(time_id, corrections, cs_in, cs_out, time_ref, time + i, calc_mode, r[i], dr[i], ddr[i],
                               word);
     };
     Block block;
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
-        long place[kBlock];
-        block.n = 0;
-        for (long k = 0; k < count; ++k) {
-            place[k] = place_of(request, path, time + first, k, k > 0 ? place[k - 1] : -1, &block);
-            if (place[k] < 0)
-                left.add(k);
-        }
+        prepare(request, path, time + first, count, order, &block, &left);
         orientation_matrices_kernel()(block.instants, block.n, path, order, block.m, block.rate, block.acceleration);
         for (long k = 0; k < count; ++k) {
-            if (place[k] < 0)
+            const long p = block.place[k];
+            if (p < 0)
                 continue;
             const auto copy = [&](const double(&from)[9], bool wanted, double *to) {
                 for (int i = 0; i < 9; ++i)
                     to[i] = wanted ? from[i] : 0.0;
             };
-            copy(block.m[place[k]], true, r[first + k]);
-            copy(block.rate[place[k]], order >= 1, dr[first + k]);
-            copy(block.acceleration[place[k]], order >= 2, ddr[first + k]);
+            copy(block.m[p], true, r[first + k]);
+            copy(block.rate[p], order >= 1, dr[first + k]);
+            copy(block.acceleration[p], order >= 2, ddr[first + k]);
         }
         return true;
     });
@@ -119,7 +124,8 @@ long kl_iers_change_n(kl_time_id *time_id, const long *n, const long *correction
         || acc_out == nullptr)
         return array.refuse(fail);
     const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
-    const int order = static_cast<int>(*calc_mode - KL_CALC_POS);
+    const int order = order_of(*calc_mode);
+    const auto at_or_null = [](const double(*states)[3], long i) { return states != nullptr ? states + i : nullptr; };
     const auto at = [](const double(*states)[3], long i) { return states != nullptr ? states[i] : nullptr; };
     const auto one = [&](long i, long *word) {
         return kl_iers_change(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, time + i, pos[i], at(vel, i),
@@ -127,30 +133,23 @@ long kl_iers_change_n(kl_time_id *time_id, const long *n, const long *correction
     };
     Block block;
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
-        long place[kBlock];
-        block.n = 0;
-        for (long k = 0; k < count; ++k) {
-            place[k] = place_of(request, path, time + first, k, k > 0 ? place[k - 1] : -1, &block);
-            if (place[k] < 0)
-                left.add(k);
+        prepare(request, path, time + first, count, order, &block, &left);
+        if (block.n == count) { // every element has its own
+            orientation_states_kernel()(block.instants, count, path, order, pos + first, at_or_null(vel, first),
+                                        at_or_null(acc, first), pos_out + first, vel_out + first, acc_out + first);
+            return true;
         }
         orientation_matrices_kernel()(block.instants, block.n, path, order, block.m, block.rate, block.acceleration);
-        for (long k = 0; k < count; ++k) {
-            if (place[k] < 0)
-                continue;
+        for (long k = 0; k < count;) {
+            const long p = block.place[k];
+            long end = k + 1;
+            while (end < count && block.place[end] == p)
+                ++end;
             const long i = first + k;
-            const long p = place[k];
-            double state[3][1][3] = {};
-            std::memcpy(state[0], pos[i], sizeof state[0]);
-            if (order >= 1)
-                std::memcpy(state[1], vel[i], sizeof state[1]);
-            if (order >= 2)
-                std::memcpy(state[2], acc[i], sizeof state[2]);
-            turn_states_kernel()(block.m + p, block.rate + p, block.acceleration + p, 0, 1, order, state[0], state[1],
-                                 state[2], state[0], state[1], state[2]);
-            std::memcpy(pos_out[i], state[0], sizeof state[0]);
-            std::memcpy(vel_out[i], state[1], sizeof state[1]);
-            std::memcpy(acc_out[i], state[2], sizeof state[2]);
+            if (p >= 0)
+                turn_states_kernel()(block.m + p, block.rate + p, block.acceleration + p, end - k, order, pos + i,
+                                     at_or_null(vel, i), at_or_null(acc, i), pos_out + i, vel_out + i, acc_out + i);
+            k = end;
         }
         return true;
     });

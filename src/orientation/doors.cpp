@@ -1,15 +1,22 @@
 // The Earth's orientation for callers. No function here has a public id: a vector is cleared and stays so.
 #include "orientation/requests.h"
 
-#include <cmath>
-#include <cstring>
-
 namespace {
 
 void clear(long *ierr)
 {
     if (ierr != nullptr)
         *ierr = 0;
+}
+
+// A vector as the first of an array of them.
+const double (*one(const double *v))[3]
+{
+    return reinterpret_cast<const double(*)[3]>(v);
+}
+double (*one(double *v))[3]
+{
+    return reinterpret_cast<double(*)[3]>(v);
 }
 
 void copy_nine(const double (&from)[1][9], bool wanted, double *to)
@@ -26,7 +33,7 @@ long kl_earth_orientation_get(kl_time_id *time_id, const long *corrections, cons
     clear(ierr);
     const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
-    if (request.correlation == nullptr || out == nullptr || !prepared(request, time, &instant))
+    if (request.correlation == nullptr || out == nullptr || !prepared(request, time, 0, &instant))
         return KL_ERR;
     Orientation v;
     orientation_values_kernel()(&instant, 1, request.corrections, &v);
@@ -55,13 +62,13 @@ long kl_iers_matrix(kl_time_id *time_id, const long *corrections, const long *cs
     const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
     if (request.correlation == nullptr || !is_frame(cs_in) || !is_frame(cs_out) || !is_mode(calc_mode) || r == nullptr
-        || dr == nullptr || ddr == nullptr || !prepared(request, time, &instant))
+        || dr == nullptr || ddr == nullptr || !prepared(request, time, order_of(*calc_mode), &instant))
         return KL_ERR;
     const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
     double m[1][9];
     double rate[1][9];
     double acceleration[1][9];
-    orientation_matrices_kernel()(&instant, 1, path, static_cast<int>(*calc_mode - KL_CALC_POS), m, rate, acceleration);
+    orientation_matrices_kernel()(&instant, 1, path, order_of(*calc_mode), m, rate, acceleration);
     copy_nine(m, true, r);
     copy_nine(rate, *calc_mode >= KL_CALC_POS_VEL, dr);
     copy_nine(acceleration, *calc_mode == KL_CALC_POS_VEL_ACC, ddr);
@@ -77,27 +84,13 @@ long kl_iers_change(kl_time_id *time_id, const long *corrections, const long *ca
     const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
     if (request.correlation == nullptr || !is_mode(calc_mode) || !is_frame(cs_in) || !is_frame(cs_out)
-        || !prepared(request, time, &instant) || pos == nullptr || (*calc_mode >= KL_CALC_POS_VEL && vel == nullptr)
-        || (*calc_mode == KL_CALC_POS_VEL_ACC && acc == nullptr) || pos_out == nullptr || vel_out == nullptr
-        || acc_out == nullptr)
+        || !prepared(request, time, order_of(*calc_mode), &instant) || pos == nullptr
+        || (*calc_mode >= KL_CALC_POS_VEL && vel == nullptr) || (*calc_mode == KL_CALC_POS_VEL_ACC && acc == nullptr)
+        || pos_out == nullptr || vel_out == nullptr || acc_out == nullptr)
         return KL_ERR;
     const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
-    const int order = static_cast<int>(*calc_mode - KL_CALC_POS);
-    double m[1][9];
-    double rate[1][9];
-    double acceleration[1][9];
-    orientation_matrices_kernel()(&instant, 1, path, order, m, rate, acceleration);
-    // The outputs may be the inputs: the state is read into a place of its own.
-    double state[3][1][3] = {};
-    std::memcpy(state[0], pos, sizeof state[0]);
-    if (order >= 1)
-        std::memcpy(state[1], vel, sizeof state[1]);
-    if (order >= 2)
-        std::memcpy(state[2], acc, sizeof state[2]);
-    turn_states_kernel()(m, rate, acceleration, 0, 1, order, state[0], state[1], state[2], state[0], state[1],
-                         state[2]);
-    std::memcpy(pos_out, state[0], sizeof state[0]);
-    std::memcpy(vel_out, state[1], sizeof state[1]);
-    std::memcpy(acc_out, state[2], sizeof state[2]);
+    const int order = order_of(*calc_mode);
+    orientation_states_kernel()(&instant, 1, path, order, one(pos), one(vel), one(acc), one(pos_out), one(vel_out),
+                                one(acc_out));
     return status_of(path, instant.eop.notes);
 }

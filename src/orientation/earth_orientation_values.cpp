@@ -1,6 +1,7 @@
 #include "orientation/earth_orientation_values.h"
 #include "kl_family.h"
 #include "numbers/elementary.h"
+#include "numbers/pack.h"
 #include "orientation/units.h"
 #include "time/time_record.h"
 
@@ -24,12 +25,10 @@ double days_to(const kl_time_row &row, const SplitDay &tai)
     return (row.tai - static_cast<double>(tai.day)) - tai.fraction;
 }
 
-// The last row at or before an instant of TAI, -1 when there is none. Starts where an evenly spaced table has it.
-long row_before(const Correlation &c, const SplitDay &tai)
+// The last row at or before an instant of TAI, -1 when there is none; the search starts at row `low`.
+long row_near(const Correlation &c, double t, long low)
 {
-    const double t = static_cast<double>(tai.day) + tai.fraction;
-    const double guess = (t - c.rows[0].tai) * c.rows_per_day;
-    long low = guess > 0.0 ? std::min(static_cast<long>(guess), c.n_rows - 1) : 0;
+    low = std::max(low, 0L);
     long high = low;
     for (long step = 1; low >= 0 && c.rows[low].tai > t; step *= 2) {
         high = low;
@@ -46,6 +45,19 @@ long row_before(const Correlation &c, const SplitDay &tai)
     return low;
 }
 
+double days_of(const SplitDay &day)
+{
+    return static_cast<double>(day.day) + day.fraction;
+}
+
+// Starts where an evenly spaced table has it.
+long row_before(const Correlation &c, const SplitDay &tai)
+{
+    const double t = days_of(tai);
+    const double guess = (t - c.rows[0].tai) * c.rows_per_day;
+    return row_near(c, t, guess > 0.0 ? std::min(static_cast<long>(guess), c.n_rows - 1) : 0);
+}
+
 Span span_about(const Correlation &c, long row)
 {
     const auto gap = [&](long i) { return c.rows[i + 1].tai - c.rows[i].tai; };
@@ -58,50 +70,101 @@ Span span_about(const Correlation &c, long row)
     return {std::min(row, c.n_rows - 2), 2};
 }
 
+using Pair = Pack<2>; // two rows, or two columns, side by side
+
+Pair pair(double first, double second)
+{
+    const double both[2] = {first, second};
+    return load<Pair>(both);
+}
+
 // Weights of the rows of a span and their first and second derivatives by days.
 struct Weights {
     double value[4], rate[4], acceleration[4];
 };
 
-Weights weights_of(const Correlation &c, const Span &span, const SplitDay &tai)
+Weights line_weights(const Correlation &c, const Span &span, const SplitDay &tai)
 {
     Weights w{};
-    double ahead[4]; // days from the instant to each row
-    for (long i = 0; i < span.n; ++i)
-        ahead[i] = days_to(c.rows[span.first + i], tai);
-    if (span.n == 2) {
-        const double width = ahead[1] - ahead[0];
-        w.value[0] = ahead[1] / width;
-        w.value[1] = -ahead[0] / width;
-        w.rate[0] = -1.0 / width;
-        w.rate[1] = 1.0 / width;
-        return w;
-    }
-    for (int i = 0; i < 4; ++i) {
-        const double a = ahead[(i + 1) % 4];
-        const double b = ahead[(i + 2) % 4];
-        const double d = ahead[(i + 3) % 4];
-        const double scale = 1.0 / ((ahead[i] - a) * (ahead[i] - b) * (ahead[i] - d));
-        w.value[i] = -scale * (a * b * d);
-        w.rate[i] = scale * (a * b + a * d + b * d);
-        w.acceleration[i] = -2.0 * scale * (a + b + d);
-    }
+    const double before = days_to(c.rows[span.first], tai);
+    const double after = days_to(c.rows[span.first + 1], tai);
+    const double width = after - before;
+    w.value[0] = after / width;
+    w.value[1] = -before / width;
+    w.rate[0] = -1.0 / width;
+    w.rate[1] = 1.0 / width;
     return w;
 }
 
-template <class Column>
-Motion interpolated(const Span &span, const Weights &w, Column column)
+// Two rows of a cubic: days to themselves and to the three others.
+template <int order>
+void cubic_weights(Pair own, Pair a, Pair b, Pair d, int first, Weights *w)
 {
-    Motion out{0.0, 0.0, 0.0};
-    for (long i = 0; i < span.n; ++i) {
-        const double y = column(span.first + i);
-        out.value += w.value[i] * y;
-        out.rate += w.rate[i] * y;
-        out.acceleration += w.acceleration[i] * y;
+    const Pair scale = 1.0 / ((own - a) * (own - b) * (own - d));
+    store(-scale * (a * b * d), w->value + first);
+    if (order >= 1)
+        store(scale * (a * b + a * d + b * d), w->rate + first);
+    if (order >= 2)
+        store(-2.0 * scale * (a + b + d), w->acceleration + first);
+}
+
+template <int order>
+Weights cubic_weights(const Correlation &c, const Span &span, const SplitDay &tai)
+{
+    double ahead[4]; // days from the instant to each row
+    for (int i = 0; i < 4; ++i)
+        ahead[i] = days_to(c.rows[span.first + i], tai);
+    const Pair first = pair(ahead[0], ahead[1]);
+    const Pair second = pair(ahead[1], ahead[2]);
+    const Pair third = pair(ahead[2], ahead[3]);
+    const Pair last = pair(ahead[3], ahead[0]);
+    Weights w;
+    cubic_weights<order>(first, second, third, last, 0, &w);
+    cubic_weights<order>(third, last, first, second, 2, &w);
+    return w;
+}
+
+template <class T>
+struct Sums {
+    T value, rate, acceleration;
+};
+
+// The weighted sum of a column, or of two, and its derivatives by seconds.
+template <class T, int n, int order, class Column>
+Sums<T> interpolated(long first, const Weights &w, Column column)
+{
+    Sums<T> out{0.0, 0.0, 0.0};
+    for (int i = 0; i < n; ++i) {
+        const T y = column(first + i);
+        out.value = out.value + w.value[i] * y;
+        if (order >= 1)
+            out.rate = out.rate + w.rate[i] * y;
+        if (order >= 2)
+            out.acceleration = out.acceleration + w.acceleration[i] * y;
     }
-    out.rate /= kSecondsPerDay;
-    out.acceleration /= kSecondsPerDay * kSecondsPerDay;
+    if (order >= 1)
+        out.rate = out.rate / kSecondsPerDay;
+    if (order >= 2)
+        out.acceleration = out.acceleration / (kSecondsPerDay * kSecondsPerDay);
     return out;
+}
+
+void part(const Sums<Pair> &sums, Motion *first, Motion *second)
+{
+    *first = {sums.value[0], sums.rate[0], sums.acceleration[0]};
+    *second = {sums.value[1], sums.rate[1], sums.acceleration[1]};
+}
+
+template <int n, int order>
+void interpolate(const Correlation &c, const Span &span, const Weights &w, EopValues *out)
+{
+    const Sums<double> ut1 = interpolated<double, n, order>(span.first, w, [&](long i) { return c.rows[i].tai_ut1; });
+    out->tai_ut1 = {ut1.value, ut1.rate, ut1.acceleration};
+    if (c.row_pole == nullptr)
+        return;
+    const auto columns = [&](long i, int first) { return load<Pair>(c.row_pole[i] + first) * kRadPerArcsecond; };
+    part(interpolated<Pair, n, order>(span.first, w, [&](long i) { return columns(i, 0); }), &out->x, &out->y);
+    part(interpolated<Pair, n, order>(span.first, w, [&](long i) { return columns(i, 2); }), &out->dx, &out->dy);
 }
 
 Motion constant(double value)
@@ -165,72 +228,77 @@ double tai_utc_at(const Correlation &c, long row, const SplitDay &tai)
 
 } // namespace
 
-EopValues eop_values(const Correlation &c, const SplitDay &tai)
+void eop_values(const Correlation &c, const SplitDay &tai, long near, int order, EopValues *out)
 {
-    EopValues out{};
-    const long row = c.n_rows == 1 && c.model == KL_TIME_MODEL_EXPLICIT ? 0 : row_before(c, tai);
-    out.tai_utc = tai_utc_at(c, row, tai);
     const bool explicit_values = c.model == KL_TIME_MODEL_EXPLICIT;
+    const long row = c.n_rows == 1 && explicit_values ? 0 : row_near(c, days_of(tai), near);
     const kl_time_row &last = c.rows[c.n_rows - 1];
     const bool at_last = row == c.n_rows - 1 && days_to(last, tai) == 0.0;
     const bool inside = explicit_values || at_last || (row >= 0 && row < c.n_rows - 1);
-    if (!inside)
-        out.notes |= kEopOutsideTable;
+    const bool interpolates = inside && c.n_rows > 1;
     // The bulletin's formula of the pole serves after the rows, and everywhere when they have none.
     const bool after = !inside && row >= 0;
-    if (has_pole_formula(c.pole) && (after || c.row_pole == nullptr)) {
-        out.x = pole_by_formula(c.pole, c.pole.x, tai);
-        out.y = pole_by_formula(c.pole, c.pole.y, tai);
-        out.notes |= kEopByFormula;
-    } else if (c.row_pole == nullptr) {
-        out.notes |= kEopNoPole;
-    } else if (!inside || c.n_rows == 1) { // the edge row; the offsets dX, dY belong to the table alone
+    out->tai_utc = tai_utc_at(c, row, tai);
+    out->notes = inside ? 0 : kEopOutsideTable;
+
+    if (c.row_pole == nullptr || !interpolates)
+        out->x = out->y = out->dx = out->dy = constant(0.0);
+    if (c.row_pole != nullptr && !interpolates) { // the edge row; the offsets dX, dY belong to the table alone
         const double(&pole)[4] = c.row_pole[std::max(row, 0L)];
-        out.x = constant(pole[0] * kRadPerArcsecond);
-        out.y = constant(pole[1] * kRadPerArcsecond);
-        out.dx = constant(inside ? pole[2] * kRadPerArcsecond : 0.0);
-        out.dy = constant(inside ? pole[3] * kRadPerArcsecond : 0.0);
+        out->x = constant(pole[0] * kRadPerArcsecond);
+        out->y = constant(pole[1] * kRadPerArcsecond);
+        out->dx = constant(inside ? pole[2] * kRadPerArcsecond : 0.0);
+        out->dy = constant(inside ? pole[3] * kRadPerArcsecond : 0.0);
+    }
+    if (interpolates) {
+        const Span span = span_about(c, row);
+        if (span.n == 2)
+            interpolate<2, 1>(c, span, line_weights(c, span, tai), out);
+        else if (order == 0)
+            interpolate<4, 0>(c, span, cubic_weights<0>(c, span, tai), out);
+        else if (order == 1)
+            interpolate<4, 1>(c, span, cubic_weights<1>(c, span, tai), out);
+        else
+            interpolate<4, 2>(c, span, cubic_weights<2>(c, span, tai), out);
+    } else {
+        out->tai_ut1 = constant(c.rows[std::max(row, 0L)].tai_ut1);
     }
 
-    if (inside && c.n_rows > 1) {
-        const Span span = span_about(c, row);
-        const Weights w = weights_of(c, span, tai);
-        out.tai_ut1 = interpolated(span, w, [&](long i) { return c.rows[i].tai_ut1; });
-        if (c.row_pole != nullptr) {
-            out.x = interpolated(span, w, [&](long i) { return c.row_pole[i][0] * kRadPerArcsecond; });
-            out.y = interpolated(span, w, [&](long i) { return c.row_pole[i][1] * kRadPerArcsecond; });
-            out.dx = interpolated(span, w, [&](long i) { return c.row_pole[i][2] * kRadPerArcsecond; });
-            out.dy = interpolated(span, w, [&](long i) { return c.row_pole[i][3] * kRadPerArcsecond; });
+    if (after || c.row_pole == nullptr) {
+        if (has_pole_formula(c.pole)) {
+            out->x = pole_by_formula(c.pole, c.pole.x, tai);
+            out->y = pole_by_formula(c.pole, c.pole.y, tai);
+            out->dx = out->dy = constant(0.0);
+            out->notes |= kEopByFormula;
+        } else if (c.row_pole == nullptr) {
+            out->notes |= kEopNoPole;
         }
-        return out;
     }
-    out.tai_ut1 = constant(c.rows[std::max(row, 0L)].tai_ut1);
     if (after && c.no_extrapolation == 0) {
-        out.tai_ut1 = ut1_by_formula(c, tai);
-        out.notes |= kEopByFormula;
+        out->tai_ut1 = ut1_by_formula(c, tai);
+        out->notes |= kEopByFormula;
     }
-    return out;
 }
 
-SplitDay tai_of(const Correlation &c, long scale, double time_days)
+TaiInstant tai_of(const Correlation &c, long scale, double time_days)
 {
-    const double floor_days = std::floor(time_days);
-    SplitDay given = {static_cast<long>(floor_days), time_days - floor_days};
+    const long floor_days = whole_days(time_days);
+    const SplitDay given = {floor_days, time_days - static_cast<double>(floor_days)};
     const auto shifted = [&](double seconds) { return SplitDay{given.day, given.fraction + seconds / kSecondsPerDay}; };
     switch (scale) {
     case KL_TIME_TAI:
-        return given;
+        return {given, row_before(c, given)};
     case KL_TIME_GPS: {
         const SplitDay near = shifted(kGpsAfterFormula);
         const long row = row_before(c, near);
         const bool formula = row == c.n_rows - 1 && c.no_extrapolation == 0 && days_to(c.rows[row], near) < 0.0
                              && c.model != KL_TIME_MODEL_EXPLICIT;
-        return shifted(formula ? kGpsAfterFormula : c.rows[std::max(row, 0L)].tai_gps);
+        return {shifted(formula ? kGpsAfterFormula : c.rows[std::max(row, 0L)].tai_gps), row};
     }
     case KL_TIME_UTC: {
         // The value of the row before, in UTC; at the leap second of the id that of the row after, from its instant on.
-        SplitDay guess = shifted(c.rows[std::max(row_before(c, given), 0L)].tai_utc);
-        long row = row_before(c, guess);
+        const long about = std::max(row_before(c, given), 0L);
+        long row = row_near(c, days_of(shifted(c.rows[about].tai_utc)), about);
         double seconds = c.rows[std::max(row, 0L)].tai_utc;
         for (long next = row + 1; next < c.n_rows && c.rows[next].utc <= time_days; ++next)
             seconds = c.rows[next].tai_utc;
@@ -240,13 +308,17 @@ SplitDay tai_of(const Correlation &c, long scale, double time_days)
         if (c.leap.sign != 0 && row + 1 < c.n_rows && c.rows[row].utc < c.leap.utc && c.leap.utc <= c.rows[row + 1].utc
             && time_days >= c.leap.utc)
             seconds = c.rows[row + 1].tai_utc;
-        return shifted(seconds);
+        return {shifted(seconds), row};
     }
     default: { // UT1: its distance from TAI moves by microseconds in a minute
         SplitDay tai = given;
-        for (int i = 0; i < 3; ++i)
-            tai = shifted(eop_values(c, tai).tai_ut1.value);
-        return tai;
+        const long row = row_before(c, given);
+        EopValues values;
+        for (int i = 0; i < 3; ++i) {
+            eop_values(c, tai, row, 0, &values);
+            tai = shifted(values.tai_ut1.value);
+        }
+        return {tai, row};
     }
     }
 }

@@ -24,10 +24,23 @@ struct EopValues {
     long notes;          // sum of EopNotes
 };
 
-// At an instant of TAI.
-EopValues eop_values(const Correlation &correlation, const SplitDay &tai);
+// An instant of TAI and a row of the correlation nearby.
+struct TaiInstant {
+    SplitDay tai;
+    long near;
+};
+
+// At an instant of TAI with `order` derivatives; the search of the row starts at `near`.
+void eop_values(const Correlation &correlation, const SplitDay &tai, long near, int order, EopValues *out);
 
 // The same instant in TAI; `scale` one of KL_TIME_TAI to KL_TIME_GPS. UT1 is that of the rows, without corrections.
-SplitDay tai_of(const Correlation &correlation, long scale, double time_days);
+TaiInstant tai_of(const Correlation &correlation, long scale, double time_days);
+
+// The floor of a number of days, which a long holds.
+inline long whole_days(double days)
+{
+    const long toward_zero = static_cast<long>(days);
+    return toward_zero - (days < static_cast<double>(toward_zero) ? 1 : 0);
+}
 
 #endif

@@ -25,8 +25,9 @@ struct OrientationPath {
     long corrections;
 };
 
-// False where TT leaves the table of the pole.
-bool orientation_instant(const Correlation &correlation, long scale, double time_days, OrientationInstant *out);
+// With `order` derivatives of what the correlation says. False where TT leaves the table of the pole.
+bool orientation_instant(const Correlation &correlation, long scale, double time_days, int order,
+                         OrientationInstant *out);
 
 // Matrices with `order` derivatives: m[i], rate[i], acceleration[i] of instant i, rows of three; unused ones may be
 // null.
@@ -35,10 +36,15 @@ KL_KERNEL(orientation_matrices, (const OrientationInstant *instants, long n, con
 
 KL_KERNEL(orientation_values, (const OrientationInstant *instants, long n, long corrections, Orientation *values));
 
-// State i through the matrices of instant i: r' = M r, v' = M v + M' r, a' = M a + 2 M' v + M'' r.
-// `stride` 0: one instant for all.
-KL_KERNEL(turn_states, (const double (*m)[9], const double (*rate)[9], const double (*acceleration)[9], long stride,
-                        long n, int order, const double (*pos)[3], const double (*vel)[3], const double (*acc)[3],
+// States through the matrices of one instant: r' = M r, v' = M v + M' r, a' = M a + 2 M' v + M'' r. What `order` does
+// not reach is not read and comes out as zero. Outputs may be the inputs.
+KL_KERNEL(turn_states, (const double (*m)[9], const double (*rate)[9], const double (*acceleration)[9], long n,
+                        int order, const double (*pos)[3], const double (*vel)[3], const double (*acc)[3],
                         double (*pos_out)[3], double (*vel_out)[3], double (*acc_out)[3]));
+
+// The same for state i at instant i.
+KL_KERNEL(orientation_states, (const OrientationInstant *instants, long n, const OrientationPath &path, int order,
+                               const double (*pos)[3], const double (*vel)[3], const double (*acc)[3],
+                               double (*pos_out)[3], double (*vel_out)[3], double (*acc_out)[3]));
 
 #endif

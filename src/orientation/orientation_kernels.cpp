@@ -141,13 +141,18 @@ void scatter(const T (&m)[3][3], double (*out)[9])
 }
 
 template <int order, class T>
-void matrices(const OrientationInstant *in, const OrientationPath &path, double (*m)[9], double (*rate)[9],
-              double (*acceleration)[9])
+JetMatrix<T> matrix_of(const OrientationInstant *in, const OrientationPath &path)
 {
     const int low = path.from < path.to ? path.from : path.to;
     const int high = path.from < path.to ? path.to : path.from;
-    const JetMatrix<T> a =
-        frame_matrix<order>(path.from, path.to, angles_of<order, T>(in, low, high, path.corrections).turned);
+    return frame_matrix<order>(path.from, path.to, angles_of<order, T>(in, low, high, path.corrections).turned);
+}
+
+template <int order, class T>
+void matrices(const OrientationInstant *in, const OrientationPath &path, double (*m)[9], double (*rate)[9],
+              double (*acceleration)[9])
+{
+    const JetMatrix<T> a = matrix_of<order, T>(in, path);
     scatter(a.m, m);
     if (order >= 1)
         scatter(a.rate, rate);
@@ -168,10 +173,130 @@ void all_matrices(const OrientationInstant *in, long n, const OrientationPath &p
                                 order >= 2 ? acceleration + i : nullptr);
 }
 
-inline void through(const double (&m)[9], const double (&v)[3], double (&out)[3])
+// ---- states ----
+
+template <class T>
+struct State {
+    T pos[3], vel[3], acc[3];
+};
+
+// The states of as many neighbours as T has lanes.
+template <class T>
+void gather(const double (*from)[3], T (&to)[3])
+{
+    for (int k = 0; k < 3; ++k) {
+        double lanes[lanes_of<T>];
+        for (int i = 0; i < lanes_of<T>; ++i)
+            lanes[i] = from[i][k];
+        to[k] = load<T>(lanes);
+    }
+}
+
+template <class T>
+void scatter(const T (&from)[3], double (*to)[3])
+{
+    for (int k = 0; k < 3; ++k) {
+        double lanes[lanes_of<T>];
+        store(from[k], lanes);
+        for (int i = 0; i < lanes_of<T>; ++i)
+            to[i][k] = lanes[i];
+    }
+}
+
+template <class T>
+void through(const T (&m)[3][3], const T (&v)[3], T (&out)[3])
 {
     for (int i = 0; i < 3; ++i)
-        out[i] = m[3 * i] * v[0] + m[3 * i + 1] * v[1] + m[3 * i + 2] * v[2];
+        out[i] = m[i][0] * v[0] + m[i][1] * v[1] + m[i][2] * v[2];
+}
+
+template <int order, class T>
+State<T> turned(const JetMatrix<T> &a, const State<T> &in)
+{
+    State<T> out{};
+    through(a.m, in.pos, out.pos);
+    if (order >= 1) {
+        T moved[3];
+        through(a.m, in.vel, out.vel);
+        through(a.rate, in.pos, moved);
+        for (int j = 0; j < 3; ++j)
+            out.vel[j] = out.vel[j] + moved[j];
+    }
+    if (order >= 2) {
+        T twisted[3];
+        T pulled[3];
+        through(a.m, in.acc, out.acc);
+        through(a.rate, in.vel, twisted);
+        through(a.acceleration, in.pos, pulled);
+        for (int j = 0; j < 3; ++j)
+            out.acc[j] = out.acc[j] + 2.0 * twisted[j] + pulled[j];
+    }
+    return out;
+}
+
+// Where states come from and go to.
+struct States {
+    const double (*pos)[3];
+    const double (*vel)[3];
+    const double (*acc)[3];
+    double (*pos_out)[3];
+    double (*vel_out)[3];
+    double (*acc_out)[3];
+};
+
+template <int order, class T>
+void turn_at(const JetMatrix<T> &a, const States &s, long i)
+{
+    State<T> in{};
+    gather(s.pos + i, in.pos);
+    if (order >= 1)
+        gather(s.vel + i, in.vel);
+    if (order >= 2)
+        gather(s.acc + i, in.acc);
+    const State<T> out = turned<order>(a, in);
+    scatter(out.pos, s.pos_out + i);
+    scatter(out.vel, s.vel_out + i);
+    scatter(out.acc, s.acc_out + i);
+}
+
+template <int order>
+void all_states(const OrientationInstant *in, long n, const OrientationPath &path, const States &states)
+{
+    long i = 0;
+    for (; i + kLanes <= n; i += kLanes)
+        turn_at<order>(matrix_of<order, Lanes>(in + i, path), states, i);
+    for (; i < n; ++i)
+        turn_at<order>(matrix_of<order, double>(in + i, path), states, i);
+}
+
+template <int order, class T>
+JetMatrix<T> the_same(const double (&m)[9], const double *rate, const double *acceleration)
+{
+    JetMatrix<T> out{};
+    for (int k = 0; k < 9; ++k) {
+        out.m[k / 3][k % 3] = m[k];
+        if (order >= 1)
+            out.rate[k / 3][k % 3] = rate[k];
+        if (order >= 2)
+            out.acceleration[k / 3][k % 3] = acceleration[k];
+    }
+    return out;
+}
+
+template <int order>
+void through_one(const double (&m)[9], const double *rate, const double *acceleration, long n, const States &states)
+{
+    long i = 0;
+    if (n >= kLanes) {
+        const JetMatrix<Lanes> a = the_same<order, Lanes>(m, rate, acceleration);
+        for (; i + kLanes <= n; i += kLanes)
+            turn_at<order>(a, states, i);
+    }
+    if (i < n) {
+        const JetMatrix<double> a = the_same<order, double>(m, rate, acceleration);
+        for (; i < n; ++i)
+            turn_at<order>(a, states, i);
+    }
 }
 
 } // namespace
@@ -199,38 +324,30 @@ void orientation_values(const OrientationInstant *instants, long n, long correct
     }
 }
 
-void turn_states(const double (*m)[9], const double (*rate)[9], const double (*acceleration)[9], long stride, long n,
-                 int order, const double (*pos)[3], const double (*vel)[3], const double (*acc)[3],
-                 double (*pos_out)[3], double (*vel_out)[3], double (*acc_out)[3])
+void orientation_states(const OrientationInstant *instants, long n, const OrientationPath &path, int order,
+                        const double (*pos)[3], const double (*vel)[3], const double (*acc)[3], double (*pos_out)[3],
+                        double (*vel_out)[3], double (*acc_out)[3])
 {
-    for (long i = 0; i < n; ++i) {
-        const long k = i * stride;
-        double r[3];
-        double v[3] = {};
-        double a[3] = {};
-        through(m[k], pos[i], r);
-        if (order >= 1) {
-            double moved[3];
-            through(m[k], vel[i], v);
-            through(rate[k], pos[i], moved);
-            for (int j = 0; j < 3; ++j)
-                v[j] += moved[j];
-        }
-        if (order >= 2) {
-            double turned[3];
-            double pulled[3];
-            through(m[k], acc[i], a);
-            through(rate[k], vel[i], turned);
-            through(acceleration[k], pos[i], pulled);
-            for (int j = 0; j < 3; ++j)
-                a[j] = a[j] + 2.0 * turned[j] + pulled[j];
-        }
-        for (int j = 0; j < 3; ++j) {
-            pos_out[i][j] = r[j];
-            vel_out[i][j] = v[j];
-            acc_out[i][j] = a[j];
-        }
-    }
+    const States states = {pos, vel, acc, pos_out, vel_out, acc_out};
+    if (order == 0)
+        all_states<0>(instants, n, path, states);
+    else if (order == 1)
+        all_states<1>(instants, n, path, states);
+    else
+        all_states<2>(instants, n, path, states);
+}
+
+void turn_states(const double (*m)[9], const double (*rate)[9], const double (*acceleration)[9], long n, int order,
+                 const double (*pos)[3], const double (*vel)[3], const double (*acc)[3], double (*pos_out)[3],
+                 double (*vel_out)[3], double (*acc_out)[3])
+{
+    const States states = {pos, vel, acc, pos_out, vel_out, acc_out};
+    if (order == 0)
+        through_one<0>(*m, nullptr, nullptr, n, states);
+    else if (order == 1)
+        through_one<1>(*m, *rate, nullptr, n, states);
+    else
+        through_one<2>(*m, *rate, *acceleration, n, states);
 }
 
 } // namespace KL_KERNELS

@@ -26,10 +26,10 @@ inline OrientationRequest request_of(const kl_time_id *time_id, const long *corr
     return {correlation_of(time_id), *corrections, *time_ref};
 }
 
-inline bool prepared(const OrientationRequest &request, const double *time, OrientationInstant *instant)
+inline bool prepared(const OrientationRequest &request, const double *time, int order, OrientationInstant *instant)
 {
     return time != nullptr && inside_processing_range(*time)
-           && orientation_instant(*request.correlation, request.scale, *time, instant);
+           && orientation_instant(*request.correlation, request.scale, *time, order, instant);
 }
 
 inline bool is_frame(const long *cs)
@@ -40,6 +40,12 @@ inline bool is_frame(const long *cs)
 inline bool is_mode(const long *mode)
 {
     return mode != nullptr && *mode >= KL_CALC_POS && *mode <= KL_CALC_POS_VEL_ACC;
+}
+
+// Derivatives that a mode has.
+inline int order_of(long mode)
+{
+    return static_cast<int>(mode - KL_CALC_POS);
 }
 
 // Does the path ask the id for something that it does not hold there?
