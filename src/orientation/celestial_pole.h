@@ -84,10 +84,10 @@ inline Jet<T> through_pairs(const T (&sums)[n], const T (&differences)[n], const
 constexpr int kPolePairs = 5;   // ten nodes: 1.1 microarcseconds; eight leave 4.8, six 29
 constexpr int kOriginPairs = 3; // s is smooth
 
-// What the table holds about an instant: sums and differences of pairs of nodes, in counts.
+// What the table holds about an instant: sums and differences of pairs of nodes, in counts. X and Y stand side by side.
 template <class T>
 struct PoleNodes {
-    T x_sum[kPolePairs], x_difference[kPolePairs], y_sum[kPolePairs], y_difference[kPolePairs];
+    T xy_sum[kPolePairs][2], xy_difference[kPolePairs][2];
     T s_sum[kOriginPairs], s_difference[kOriginPairs];
 };
 
@@ -107,10 +107,10 @@ inline PoleNodes<double> pole_nodes(long day)
         const double xb = kl_pole_x[first - j];
         const double ya = kl_pole_y[first + 1 + j];
         const double yb = kl_pole_y[first - j];
-        out.x_sum[j] = xa + xb;
-        out.x_difference[j] = xa - xb;
-        out.y_sum[j] = ya + yb;
-        out.y_difference[j] = ya - yb;
+        out.xy_sum[j][0] = xa + xb;
+        out.xy_sum[j][1] = ya + yb;
+        out.xy_difference[j][0] = xa - xb;
+        out.xy_difference[j][1] = ya - yb;
     }
     for (int j = 0; j < kOriginPairs; ++j) {
         const double a = kl_pole_s[first + 1 + j];
@@ -127,9 +127,9 @@ struct CelestialPole {
     Jet<T> s; // s + XY/2 until the pole's offsets are in
 };
 
-// Counts of the table with the polynomial in t, in radians and seconds.
-template <int order, class T>
-inline Jet<T> with_polynomial(const Jet<T> &counts, const double (&polynomial)[6], const T &t)
+// Counts of the table with the polynomial in t, in radians and seconds. A coefficient is a number or a pair of them.
+template <int order, class T, class Coefficient>
+inline Jet<T> with_polynomial(const Jet<T> &counts, const Coefficient (&polynomial)[6], const T &t)
 {
     Jet<T> p{t * 0.0 + polynomial[5], t * 0.0, t * 0.0};
     for (int k = 4; k >= 0; --k) {
@@ -157,9 +157,36 @@ template <int order, class T>
 inline CelestialPole<T> celestial_pole(const PoleNodes<T> &nodes, const T &fraction, const T &t)
 {
     const T x = fraction - 0.5;
-    return {with_polynomial<order>(through_pairs<order>(nodes.x_sum, nodes.x_difference, x), kPoleXPolynomial, t),
-            with_polynomial<order>(through_pairs<order>(nodes.y_sum, nodes.y_difference, x), kPoleYPolynomial, t),
-            with_polynomial<order>(through_pairs<order>(nodes.s_sum, nodes.s_difference, x), kPoleSPolynomial, t)};
+    const Jet<T> s =
+        with_polynomial<order>(through_pairs<order>(nodes.s_sum, nodes.s_difference, x), kPoleSPolynomial, t);
+    if constexpr (lanes_of<T> == 1) { // X and Y in one pack
+        using Pair = Pack<2>;
+        Pair sum[kPolePairs];
+        Pair difference[kPolePairs];
+        Pair polynomial[6];
+        for (int j = 0; j < kPolePairs; ++j) {
+            sum[j] = load<Pair>(nodes.xy_sum[j]);
+            difference[j] = load<Pair>(nodes.xy_difference[j]);
+        }
+        for (int k = 0; k < 6; ++k) {
+            const double both[2] = {kPoleXPolynomial[k], kPoleYPolynomial[k]};
+            polynomial[k] = load<Pair>(both);
+        }
+        const Jet<Pair> xy =
+            with_polynomial<order>(through_pairs<order>(sum, difference, Pair(x)), polynomial, Pair(t));
+        return {{xy.value[0], xy.rate[0], xy.acceleration[0]}, {xy.value[1], xy.rate[1], xy.acceleration[1]}, s};
+    } else {
+        const auto one = [&](int i, const double(&polynomial)[6]) {
+            T sum[kPolePairs];
+            T difference[kPolePairs];
+            for (int j = 0; j < kPolePairs; ++j) {
+                sum[j] = nodes.xy_sum[j][i];
+                difference[j] = nodes.xy_difference[j][i];
+            }
+            return with_polynomial<order>(through_pairs<order>(sum, difference, x), polynomial, t);
+        };
+        return {one(0, kPoleXPolynomial), one(1, kPoleYPolynomial), s};
+    }
 }
 
 // s + XY/2 -> s.

@@ -48,12 +48,11 @@ PoleNodes<T> gathered_nodes(const OrientationInstant *in)
                 lanes[i] = number(each[i]);
             to = load<T>(lanes);
         };
-        for (int j = 0; j < kPolePairs; ++j) {
-            join(out.x_sum[j], [j](const auto &e) { return e.x_sum[j]; });
-            join(out.x_difference[j], [j](const auto &e) { return e.x_difference[j]; });
-            join(out.y_sum[j], [j](const auto &e) { return e.y_sum[j]; });
-            join(out.y_difference[j], [j](const auto &e) { return e.y_difference[j]; });
-        }
+        for (int j = 0; j < kPolePairs; ++j)
+            for (int k = 0; k < 2; ++k) {
+                join(out.xy_sum[j][k], [=](const auto &e) { return e.xy_sum[j][k]; });
+                join(out.xy_difference[j][k], [=](const auto &e) { return e.xy_difference[j][k]; });
+            }
         for (int j = 0; j < kOriginPairs; ++j) {
             join(out.s_sum[j], [j](const auto &e) { return e.s_sum[j]; });
             join(out.s_difference[j], [j](const auto &e) { return e.s_difference[j]; });
