@@ -84,11 +84,9 @@ inline Jet<T> through_pairs(const T (&sums)[n], const T (&differences)[n], const
 constexpr int kPolePairs = 5;   // ten nodes: 1.1 microarcseconds; eight leave 4.8, six 29
 constexpr int kOriginPairs = 3; // s is smooth
 
-// What the table holds about an instant: sums and differences of pairs of nodes, in counts. X and Y stand side by side.
-template <class T>
-struct PoleNodes {
-    T xy_sum[kPolePairs][2], xy_difference[kPolePairs][2];
-    T s_sum[kOriginPairs], s_difference[kOriginPairs];
+// What the table holds about an instant: the nodes about its day in the order of time, in counts.
+struct PoleRows {
+    double x[2 * kPolePairs], y[2 * kPolePairs], s[2 * kOriginPairs];
 };
 
 // Days of TT between which the nodes suffice.
@@ -98,23 +96,52 @@ inline bool inside_pole_table(long day)
 }
 
 // Nodes about the day that begins at 0h TT of `day`.
-inline PoleNodes<double> pole_nodes(long day)
+inline PoleRows pole_rows(long day)
 {
-    PoleNodes<double> out;
+    PoleRows out;
     const long first = day - kPoleFirstDay;
+    for (int j = 0; j < 2 * kPolePairs; ++j)
+        out.x[j] = kl_pole_x[first + 1 - kPolePairs + j];
+    for (int j = 0; j < 2 * kPolePairs; ++j)
+        out.y[j] = kl_pole_y[first + 1 - kPolePairs + j];
+    for (int j = 0; j < 2 * kOriginPairs; ++j)
+        out.s[j] = kl_pole_s[first + 1 - kOriginPairs + j];
+    return out;
+}
+
+// Sums and differences of pairs of nodes. X and Y stand side by side.
+template <class T>
+struct PoleNodes {
+    T xy_sum[kPolePairs][2], xy_difference[kPolePairs][2];
+    T s_sum[kOriginPairs], s_difference[kOriginPairs];
+};
+
+// rows[i]: those of the instant of lane i.
+template <class T>
+inline PoleNodes<T> pole_nodes(const PoleRows (&rows)[lanes_of<T>])
+{
+    const auto all = [&](const auto &number) {
+        double lanes[lanes_of<T>];
+        for (int i = 0; i < lanes_of<T>; ++i)
+            lanes[i] = number(rows[i]);
+        return load<T>(lanes);
+    };
+    PoleNodes<T> out;
     for (int j = 0; j < kPolePairs; ++j) {
-        const double xa = kl_pole_x[first + 1 + j];
-        const double xb = kl_pole_x[first - j];
-        const double ya = kl_pole_y[first + 1 + j];
-        const double yb = kl_pole_y[first - j];
+        const int up = kPolePairs + j;
+        const int down = kPolePairs - 1 - j;
+        const T xa = all([=](const PoleRows &r) { return r.x[up]; });
+        const T xb = all([=](const PoleRows &r) { return r.x[down]; });
+        const T ya = all([=](const PoleRows &r) { return r.y[up]; });
+        const T yb = all([=](const PoleRows &r) { return r.y[down]; });
         out.xy_sum[j][0] = xa + xb;
         out.xy_sum[j][1] = ya + yb;
         out.xy_difference[j][0] = xa - xb;
         out.xy_difference[j][1] = ya - yb;
     }
     for (int j = 0; j < kOriginPairs; ++j) {
-        const double a = kl_pole_s[first + 1 + j];
-        const double b = kl_pole_s[first - j];
+        const T a = all([=](const PoleRows &r) { return r.s[kOriginPairs + j]; });
+        const T b = all([=](const PoleRows &r) { return r.s[kOriginPairs - 1 - j]; });
         out.s_sum[j] = a + b;
         out.s_difference[j] = a - b;
     }

@@ -35,30 +35,10 @@ Jet<T> gathered_jet(const OrientationInstant *in, Motion EopValues::*motion)
 template <class T>
 PoleNodes<T> gathered_nodes(const OrientationInstant *in)
 {
-    PoleNodes<double> each[lanes_of<T>];
+    PoleRows rows[lanes_of<T>];
     for (int i = 0; i < lanes_of<T>; ++i)
-        each[i] = pole_nodes(in[i].tt_day);
-    if constexpr (lanes_of<T> == 1) {
-        return each[0];
-    } else {
-        PoleNodes<T> out;
-        const auto join = [&](T &to, const auto &number) {
-            double lanes[lanes_of<T>];
-            for (int i = 0; i < lanes_of<T>; ++i)
-                lanes[i] = number(each[i]);
-            to = load<T>(lanes);
-        };
-        for (int j = 0; j < kPolePairs; ++j)
-            for (int k = 0; k < 2; ++k) {
-                join(out.xy_sum[j][k], [=](const auto &e) { return e.xy_sum[j][k]; });
-                join(out.xy_difference[j][k], [=](const auto &e) { return e.xy_difference[j][k]; });
-            }
-        for (int j = 0; j < kOriginPairs; ++j) {
-            join(out.s_sum[j], [j](const auto &e) { return e.s_sum[j]; });
-            join(out.s_difference[j], [j](const auto &e) { return e.s_difference[j]; });
-        }
-        return out;
-    }
+        rows[i] = pole_rows(in[i].tt_day);
+    return pole_nodes<T>(rows);
 }
 
 // GMST + pi, the argument of the tides. Source: IERS Conventions (2010), chapters 5 and 8.
