@@ -719,6 +719,11 @@ module kitlib
     real(c_double) :: node_mean_solar_time = 0
     real(c_double) :: sun_to_satellite = 0
   end type kl_orbit_sun_angles
+  type, bind(c) :: kl_state_at
+    real(c_double) :: time = 0
+    real(c_double) :: pos(3) = 0
+    real(c_double) :: vel(3) = 0
+  end type kl_state_at
   type, bind(c) :: kl_crossing
     real(c_double) :: time = 0
     real(c_double) :: value = 0
@@ -1782,6 +1787,57 @@ module kitlib
       integer(c_long), intent(inout), optional :: ierr(*)
       integer(c_long) :: kl_local_orbital_frame_n
     end function kl_local_orbital_frame_n
+    function kl_mean_motion(model_id, mean, duration, out, ierr) bind(c, name="kl_mean_motion")
+      import :: c_double, c_long, kl_kepler, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      type(kl_kepler), intent(in), optional :: mean
+      real(c_double), intent(in), optional :: duration
+      type(kl_kepler), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_mean_motion
+    end function kl_mean_motion
+    function kl_mean_motion_run(run_id, mean, duration, out, ierr) bind(c, name="kl_mean_motion_run")
+      import :: c_double, c_long, kl_kepler
+      integer(c_long), intent(in), optional :: run_id
+      type(kl_kepler), intent(in), optional :: mean
+      real(c_double), intent(in), optional :: duration
+      type(kl_kepler), intent(inout), optional :: out
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_mean_motion_run
+    end function kl_mean_motion_run
+    function kl_mean_motion_n(model_id, n, mean, duration, out, status, ierr) bind(c, name="kl_mean_motion_n")
+      import :: c_double, c_long, kl_kepler, kl_model_id
+      type(kl_model_id), intent(inout), optional :: model_id
+      integer(c_long), intent(in), optional :: n
+      type(kl_kepler), intent(in), optional :: mean(*)
+      real(c_double), intent(in), optional :: duration(*)
+      type(kl_kepler), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_mean_motion_n
+    end function kl_mean_motion_n
+    function kl_mean_motion_run_n(run_id, n, mean, duration, out, status, ierr) bind(c, name="kl_mean_motion_run_n")
+      import :: c_double, c_long, kl_kepler
+      integer(c_long), intent(in), optional :: run_id
+      integer(c_long), intent(in), optional :: n
+      type(kl_kepler), intent(in), optional :: mean(*)
+      real(c_double), intent(in), optional :: duration(*)
+      type(kl_kepler), intent(inout), optional :: out(*)
+      integer(c_long), intent(inout), optional :: status(*)
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_mean_motion_run_n
+    end function kl_mean_motion_run_n
+    function kl_interpolate_states(n_states, states, time, pos, vel, error, ierr) bind(c, name="kl_interpolate_states")
+      import :: c_double, c_long, kl_state_at
+      integer(c_long), intent(in), optional :: n_states
+      type(kl_state_at), intent(in), optional :: states(*)
+      real(c_double), intent(in), optional :: time
+      real(c_double), intent(inout), optional :: pos(3)
+      real(c_double), intent(inout), optional :: vel(3)
+      real(c_double), intent(inout), optional :: error
+      integer(c_long), intent(inout), optional :: ierr(*)
+      integer(c_long) :: kl_interpolate_states
+    end function kl_interpolate_states
     function kl_find_crossings(f, context, start, stop, step, tolerance, max, n, found, ierr &
             ) bind(c, name="kl_find_crossings")
       import :: c_double, c_funptr, c_long, c_ptr, kl_crossing

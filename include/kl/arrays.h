@@ -150,6 +150,12 @@ KL_API long kl_utm_to_geod_n(kl_model_id *model_id, const long *n, const long *z
 /** kl_local_orbital_frame for n elements. */
 KL_API long kl_local_orbital_frame_n(const long *n, const long *kind, const double pos[][3], const double vel[][3],
                                      const double acc[][3], double r[][9], double dr[][9], long *status, long *ierr);
+/** kl_mean_motion for n elements. */
+KL_API long kl_mean_motion_n(kl_model_id *model_id, const long *n, const kl_kepler *mean, const double *duration,
+                             kl_kepler *out, long *status, long *ierr);
+/** kl_mean_motion_n with the model id of a run. */
+KL_API long kl_mean_motion_run_n(const long *run_id, const long *n, const kl_kepler *mean, const double *duration,
+                                 kl_kepler *out, long *status, long *ierr);
 /** kl_time_processing_to_processing for n elements. */
 KL_API long kl_time_processing_to_processing_n(kl_time_id *time_id, const long *n, const long *proc_id_in,
                                                const long *time_ref_in, const double *time_in, const long *proc_id_out,

@@ -73,6 +73,9 @@ KL_API long kl_ef_to_topocentric_run(const long *run_id, const long *calc_mode, 
 /** kl_topocentric_to_ef with the model id of a run. */
 KL_API long kl_topocentric_to_ef_run(const long *run_id, const long *calc_mode, const kl_geodetic *origin,
                                      const kl_topocentric *in, double pos[3], double vel[3], long *ierr);
+/** kl_mean_motion with the model id of a run. */
+KL_API long kl_mean_motion_run(const long *run_id, const kl_kepler *mean, const double *duration, kl_kepler *out,
+                               long *ierr);
 /** kl_time_processing_to_processing with the time id of a run. */
 KL_API long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
                                                  const double *time_in, const long *proc_id_out,

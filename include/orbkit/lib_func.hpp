@@ -112,6 +112,9 @@ public:
     static GridPlace utmToGeod(const ModelId &model_id, long zone, long north, double easting, double northing);
     /** Axes of a frame that goes along with a satellite. */
     static LocalFrame localOrbitalFrame(long kind, const State &in);
+    /** Mean Keplerian elements after a time, by the secular rates of J2. */
+    static kl_kepler meanMotion(const ModelId &model_id, const kl_kepler &mean, double duration);
+    static kl_kepler meanMotion(const RunId &run, const kl_kepler &mean, double duration);
     /** Carries a processing time to another scale. */
     static double timeProcessingToProcessing(const TimeId &time_id, long time_ref_in, double time_in,
                                              long time_ref_out);

@@ -29,6 +29,7 @@ __all__ = [
     "geod_to_utm",
     "utm_to_geod",
     "local_orbital_frame",
+    "mean_motion",
     "time_processing_to_processing",
     "time_ascii_to_ascii",
     "time_ascii_to_processing",
@@ -710,6 +711,29 @@ def local_orbital_frame(pos, vel, acc=None, /, *, kind=LocalFrame.QSW, errors="r
         dr: [..., 9], 1/s, its derivative in time
     """
     return _local_orbital_frame((pos, vel, acc,), (kind,), (), errors, return_status)
+
+
+_mean_motion = _Function("kl_mean_motion", "kl_mean_motion_n", None, 1, KeplerResult, False, (
+    ("model",),
+    ("n",),
+    ("each", "mean", _table.Kepler, 0, False, False),
+    ("each", "duration", 'f8', 0, False, False),
+    ("gives", "out", _table.Kepler, 0, False, False),
+))
+
+
+def mean_motion(mean, duration, /, *, model=None, errors="raise", return_status=False):
+    """Mean Keplerian elements after a time, by the secular rates of J2.
+
+    Arguments, arrays that broadcast against each other:
+        mean: record Kepler, mean elements of an ellipse, angles up to 1e8 deg
+        duration: s, -1e10 to 1e10
+        model: ModelId, None: the default models
+    Returns Kepler:
+        semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly: elements then, angles in
+            [0, 360)
+    """
+    return _mean_motion((mean, duration,), (), (model,), errors, return_status)
 
 
 _time_processing_to_processing = _Function("kl_time_processing_to_processing", "kl_time_processing_to_processing_n", 5, 1, None, False, (

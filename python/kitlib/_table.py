@@ -465,6 +465,16 @@ class StarWindow(_c.Structure):
     ]
 
 
+class StateAt(_c.Structure):
+    """The record kl_state_at of C."""
+
+    _fields_ = [
+        ("time", _c.c_double),
+        ("pos", _c.c_double * 3),
+        ("vel", _c.c_double * 3),
+    ]
+
+
 class TimeFileReport(_c.Structure):
     """The record kl_time_file_report of C."""
 

@@ -260,6 +260,21 @@ LocalFrame LibFunc::localOrbitalFrame(long kind, const State &in)
     });
 }
 
+kl_kepler LibFunc::meanMotion(const ModelId &model_id, const kl_kepler &mean, double duration)
+{
+    return result_of<kl_kepler>("LibFunc::meanMotion", kUnassigned, [&](kl_kepler &out, long *ierr) {
+        return kl_mean_motion(model_id.getId(), &mean, &duration, &out, ierr);
+    });
+}
+
+kl_kepler LibFunc::meanMotion(const RunId &run, const kl_kepler &mean, double duration)
+{
+    const long run_id = run.getRunId();
+    return result_of<kl_kepler>("LibFunc::meanMotion", kUnassigned, [&](kl_kepler &out, long *ierr) {
+        return kl_mean_motion_run(&run_id, &mean, &duration, &out, ierr);
+    });
+}
+
 double LibFunc::timeProcessingToProcessing(const TimeId &time_id, long time_ref_in, double time_in, long time_ref_out)
 {
     return result_of<double>("LibFunc::timeProcessingToProcessing", KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING, [&](double &out, long *ierr) {

@@ -245,6 +245,21 @@ long kl_topocentric_to_ef_run_n(const long *run_id, const long *n, const long *c
     });
 }
 
+long kl_mean_motion_run(const long *run_id, const kl_kepler *mean, const double *duration, kl_kepler *out, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_mean_motion(model_id, mean, duration, out, ierr);
+    });
+}
+
+long kl_mean_motion_run_n(const long *run_id, const long *n, const kl_kepler *mean, const double *duration,
+                          kl_kepler *out, long *status, long *ierr)
+{
+    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+        return kl_mean_motion_n(model_id, n, mean, duration, out, status, ierr);
+    });
+}
+
 long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
                                           const double *time_in, const long *proc_id_out, const long *time_ref_out,
                                           double *time_out, long *ierr)

@@ -16,8 +16,8 @@ namespace {
 bool of_models(const PublicCall *f)
 {
     static const std::set<std::string> names = {
-        "kl_geod_to_cart",  "kl_cart_to_geod",      "kl_kepl_to_cart",      "kl_cart_to_kepl", "kl_cart_to_radec",
-        "kl_radec_to_cart", "kl_ef_to_topocentric", "kl_topocentric_to_ef", "kl_geod_distance"};
+        "kl_geod_to_cart",  "kl_cart_to_geod",      "kl_kepl_to_cart",      "kl_cart_to_kepl",  "kl_cart_to_radec",
+        "kl_radec_to_cart", "kl_ef_to_topocentric", "kl_topocentric_to_ef", "kl_geod_distance", "kl_mean_motion"};
     return names.count(f->name) != 0;
 }
 
