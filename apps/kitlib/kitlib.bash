@@ -4,7 +4,7 @@ _kitlib()
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} verb=${COMP_WORDS[1]}
     COMPREPLY=()
     if [ "$COMP_CWORD" -eq 1 ]; then
-        COMPREPLY=($(compgen -W "time sky sun moon planet frame geoid geodetic kepler topocentric distance timeid explain functions --help --version" -- "$word"))
+        COMPREPLY=($(compgen -W "time sky sun moon planet frame geoid geodetic kepler topocentric pass distance eclipse star timeid explain functions --help --version" -- "$word"))
         return
     fi
     case "$verb $before" in
@@ -18,7 +18,7 @@ _kitlib()
         COMPREPLY=($(compgen -W "$("${COMP_WORDS[0]}" functions 2>/dev/null | cut -d' ' -f1)" -- "$word")); return ;;
     esac
     case "$word" in
-    -*) COMPREPLY=($(compgen -W "$("${COMP_WORDS[0]}" "$verb" --help 2>/dev/null | grep -o -- '--[a-z]*' | sort -u)" -- "$word")) ;;
+    -*) COMPREPLY=($(compgen -W "$("${COMP_WORDS[0]}" "$verb" --help 2>/dev/null | grep -o -- '--[a-z][a-z-]*' | sort -u)" -- "$word")) ;;
     *) COMPREPLY=($(compgen -f -- "$word")) ;;
     esac
 }

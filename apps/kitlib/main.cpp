@@ -1,5 +1,5 @@
 // kitlib: questions to the library from the shell, for single values or the rows of a table.
-#include "questions.h"
+#include "passes.h"
 #include "table.h"
 
 #include <CLI/CLI.hpp>
@@ -18,7 +18,10 @@ struct Options {
     RowOptions rows;
     long from_scale = KL_TIME_UTC, to_scale = KL_TIME_UTC, format = KL_ASCII_43;
     long from_frame = KL_EF, to_frame = KL_EF, planet = 0, degree = 360;
+    long star_frame = KL_TOD;
+    double margin = 0.0, star_epoch = 0.5; // m; days, J2000.0
     bool back = false, mean = false;
+    PassRequest pass;
     std::string function, vector, wanted;
 };
 
@@ -26,7 +29,7 @@ int answer(const Question &question, const Options &options)
 {
     if (!options.values.empty()) {
         const std::size_t n = options.values.size();
-        if (n == question.inputs.size())
+        if (n == question.inputs.size() || n == question.inputs.size() - question.optional)
             return ask_once(question, options.values, options.rows.json);
         std::fprintf(stderr, "kitlib: %zu values, expected %zu:", n, question.inputs.size());
         for (const Quantity &input : question.inputs)
@@ -223,7 +226,8 @@ CLI::Option *choice(CLI::App *verb, const char *name, long &to, const Map &names
 int main(int argc, char **argv)
 {
     CLI::App app(
-        "Time scales, frames, Sun, Moon and planets, and the geoid: questions to libKitLib.\n"
+        "Time scales, frames, Sun, Moon, planets and stars, coordinates, orbits and the geoid: questions to "
+        "libKitLib.\n"
         "Values as arguments, or a CSV table with a header on standard input. Metres, seconds, degrees; a time is\n"
         "yyyy-mm-ddThh:nn:ss with up to six decimals, or days of MJD2000.");
     app.name("kitlib");
@@ -307,6 +311,35 @@ int main(int argc, char **argv)
         rows(verb("topocentric", "Azimuth, elevation and range of an Earth-fixed position from a place",
                   "kitlib topocentric 47.5 19.05 150 4500e3 1000e3 5500e3"),
              "LATITUDE LONGITUDE HEIGHT X Y Z");
+    CLI::App *pass = timed(verb("pass", "Passes of a satellite on mean Keplerian elements over a station",
+                                "kitlib pass 67.86 20.96 390 7178137 0.001 98.6 250 90 0 --epoch 2026-06-21T00:00:00"));
+    pass->add_option("values", options.values,
+                     "LATITUDE LONGITUDE HEIGHT A E INCLINATION RAAN PERIGEE ANOMALY: the station, and elements of the "
+                     "true equator of date, which J2 turns. Two-line elements belong to the orbit library")
+        ->option_text("VALUES")
+        ->required()
+        ->expected(9);
+    pass->add_option("--epoch", options.pass.epoch, "time of the elements")->required()->type_name("TIME");
+    pass->add_option("--start", options.pass.start, "of the search, the epoch where none is named")->type_name("TIME");
+    pass->add_option("--hours", options.pass.hours, "of the search, 24 where none are named");
+    pass->add_option("--elevation", options.pass.elevation_deg, "deg, that a pass rises above, 0 where none is named");
+    choice(pass, "--scale", options.pass.scale, kScales, "scale of the times", "UTC");
+    CLI::App *eclipse = timed(rows(verb("eclipse", "How much of the Sun the Earth hides from a place in space",
+                                        "kitlib eclipse 2026-06-21T08:24:00 -4078e3 -5700e3 -2800e3 --frame EF\n"
+                                        "  kitlib eclipse --columns utc,x,y,z --frame GM2000 <states.csv"),
+                                   "TIME X Y Z"));
+    choice(eclipse, "--frame", options.from_frame, kFrames, "frame of the position, as kitlib frame names it", "EF");
+    eclipse->add_option("--margin", options.margin, "m, raises the Earth for its atmosphere, 0 where none is named");
+    CLI::App *star =
+        timed(rows(verb("star", "Apparent place of a star from the centre of the Earth",
+                        "kitlib star 2026-06-21T08:24:00 101.28715533 -16.71611586 -546.01 -1223.07 379.21 -5.5"),
+                   "TIME RA DEC [PM_RA PM_DEC PARALLAX RADIAL_VELOCITY]: J2000; mas/yr (in right ascension times "
+                   "cos DEC), mas, km/s"));
+    choice(star, "--frame", options.star_frame, kFrames, "frame of the place, as kitlib frame names it", "TOD");
+    star->add_option("--star-epoch", options.star_epoch,
+                     "of place and motion, days of MJD2000: 0.5, J2000.0, where none is named; J1991.25 is -3195.4375");
+    for (CLI::App *made : {eclipse, star})
+        choice(made, "--scale", options.from_scale, kScales, "scale of the time", "UTC");
     CLI::App *distance = rows(
         verb("distance", "Shortest way between two places on the ellipsoid", "kitlib distance 47.5 19.05 -22.9 -43.2"),
         "LATITUDE1 LONGITUDE1 LATITUDE2 LONGITUDE2");
@@ -360,8 +393,13 @@ int main(int argc, char **argv)
             : *kepler   ? answer(
                     kepler_question(context, options.mean ? KL_KEPLER_MEAN : KL_KEPLER_OSCULATING, options.back), options)
             : *topocentric ? answer(topocentric_question(context), options)
-            : *distance    ? answer(distance_question(context), options)
-                           : show_time_files(context, options);
+            : *pass        ? show_passes(context, options.values, options.pass, options.rows.json)
+            : *eclipse
+                ? answer(eclipse_question(context, options.from_scale, options.from_frame, options.margin), options)
+            : *star
+                ? answer(star_question(context, options.from_scale, options.star_frame, options.star_epoch), options)
+            : *distance ? answer(distance_question(context), options)
+                        : show_time_files(context, options);
     }
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         std::fputs("kitlib: the output cannot be written\n", stderr);

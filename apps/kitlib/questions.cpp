@@ -296,6 +296,56 @@ Question distance_question(const Context &context)
             ask};
 }
 
+Question eclipse_question(const Context &context, long scale, long frame, double margin_m)
+{
+    const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,
+                                   Refusal &why) {
+        static const char *const kStates[] = {"sunlight", "penumbra", "umbra", "annular"};
+        const long light_time = 1;
+        double tai, pos[3];
+        long state;
+        if (!tai_of(context, scale, cells[0], tai, why) || !numbers(cells, 1, pos, why)
+            || refused(kl_eclipse(&context.models, &context.time, &light_time, &frame, &kTai, &tai, pos, &margin_m,
+                                  &state, &answer[1].number, &answer[2].number, why.ierr),
+                       KL_ID_FUNC_ECLIPSE, why))
+            return false;
+        answer[0].text = kStates[state];
+        return true;
+    };
+    return {
+        {{"time", ""}, {"x", "m"}, {"y", "m"}, {"z", "m"}}, 0, {{"state", ""}, {"fraction", ""}, {"depth", ""}}, ask};
+}
+
+Question star_question(const Context &context, long scale, long frame, double epoch_tdb_days)
+{
+    const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,
+                                   Refusal &why) {
+        const long corrections = KL_STAR_PARALLAX | KL_STAR_ABERRATION | KL_STAR_DEFLECTION;
+        double tai, in[6] = {};
+        kl_radec place;
+        if (!tai_of(context, scale, cells[0], tai, why) || !numbers(cells, 1, in, why))
+            return false;
+        const kl_star star = {in[0], in[1], in[2], in[3], in[4], in[5], epoch_tdb_days, 0.0, 0};
+        if (refused(kl_star_radec(&context.models, &context.time, &corrections, &frame, &kTai, &tai, &star, nullptr,
+                                  nullptr, &place, why.ierr),
+                    KL_ID_FUNC_STAR_RADEC, why))
+            return false;
+        answer[0].number = place.ra;
+        answer[1].number = place.dec;
+        return true;
+    };
+    return {{{"time", ""},
+             {"ra", "deg"},
+             {"dec", "deg"},
+             {"pm_ra", "mas/yr"},
+             {"pm_dec", "mas/yr"},
+             {"parallax", "mas"},
+             {"radial_velocity", "km/s"}},
+            4,
+            named_in({{"ra", "deg"}, {"dec", "deg"}}, frame, 2),
+            ask};
+}
+
 Question geoid_question(const Context &context, long degree)
 {
     const auto ask = [=, &context](const std::vector<std::string_view> &cells, std::vector<Value> &answer,

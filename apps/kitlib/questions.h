@@ -36,6 +36,11 @@ Question geodetic_question(const Context &context, bool to_cartesian);
 Question kepler_question(const Context &context, long kind, bool to_elements);
 Question topocentric_question(const Context &context);
 Question distance_question(const Context &context);
+// A position's share of sunlight; the Sun as its light shows it. State, visible part of the disc, depth as kl_eclipse
+// has it.
+Question eclipse_question(const Context &context, long scale, long frame, double margin_m);
+// Apparent place from the centre of the Earth; motions in mas/yr, parallax in mas, radial velocity in km/s.
+Question star_question(const Context &context, long scale, long frame, double epoch_tdb_days);
 Question geoid_question(const Context &context, long degree);
 
 // TAI of a text or of days, which may be a leap second.

@@ -38,6 +38,43 @@ says 0 - distance 0 0 90 0 --json
 grep -q '"distance": 10001965\.7[23]' out || { cat out >&2; bad=1; }
 says 0 - topocentric 0 0 0 7378137 0 0
 grep -q '^elevation *90 deg' out && grep -q '^range *1e+06 m' out || { cat out >&2; bad=1; }
+says 2 "" pass 91 0 0 7178137 0 0 0 0 0 --epoch 2026-06-21
+says 2 "" pass 0 0 0 7178137 1 0 0 0 0 --epoch 2026-06-21
+says 2 "" pass 0 0 0 7178137 0 0 0 0 0 --epoch yesterday
+says 2 "" pass 0 0 0 7178137 0 0 0 0 0 --epoch 2026-06-21 --hours 0
+says 1 "" pass 0 0 0 7178137 0 0 0 0 0
+says 2 "" eclipse 2026-06-21 1 2 3
+says 2 "" star 2026-06-21 0 91
+says 1 "" star 2026-06-21 0 1 2
+# A circular orbit over the equator: tops follow each other by the turn of 360 deg at n (1 + 3 J2 (R/a)^2), which is the
+# sum of the secular rates of node, perigee and anomaly (D. Brouwer, 1959) at no inclination, less the Earth's turn.
+says 0 - pass 0 30 0 7178137 0 0 0 0 0 --epoch 2026-06-21 --hours 12 --json
+awk -F'"' '{ split($12, at, /[T:]/); t = at[2] * 3600 + at[3] * 60 + at[4]
+             if (NR > 2) { gap = t - last; n++ ; if (gap < expected - 0.02 || gap > expected + 0.02) wrong++ } last = t }
+           BEGIN { pi = atan2(0, -1); a = 7178137
+                   mean = sqrt(3.9860044e14 / a) / a * (1 + 3 * 0.001082626 * (6378136 / a) ^ 2)
+                   expected = 2 * pi / (mean - 7.2921159e-5) }
+           END { if (n < 4 || wrong) { print "tops are not " expected " s apart" > "/dev/stderr"; exit 1 } }' out || { cat out >&2; bad=1; }
+awk -F'[ ,]' '{ if ($NF != "false}") exit 1 }' out || bad=1
+says 0 - pass 0 30 0 7178137 0 0 0 0 0 --epoch 2026-06-21 --hours 4 --elevation 30
+grep -q '^  *rise  *azimuth  *top  *azimuth  *height  *set  *azimuth$' out && [ "$(wc -l <out)" -ge 2 ] || { cat out >&2; bad=1; }
+says 0 "no pass above 0 deg in 24 hours" pass 89 0 0 7178137 0 0 0 0 0 --epoch 2026-06-21
+says 0 - pass 0 30 0 42164e3 0 0 0 0 120 --epoch 2026-06-21T00:00:00 --hours 2 --elevation -90
+grep -q '^<2026-06-21T00:00:00.000.*>$' out || { cat out >&2; bad=1; } # up all the time
+# With the Sun behind, and in full light with it ahead: kitlib sun gives the way to it.
+"$kitlib" sun 2026-06-21T08:24:00 | awk '/^[xyz]/ { printf " %.0f", $2 / 1.52e11 * 7178137 }' >toward
+sed 's/ -/ +/g; s/ \([0-9]\)/ -\1/g; s/ +/ /g' toward >away
+# shellcheck disable=SC2046
+says 0 - eclipse 2026-06-21T08:24:00 $(cat toward) --json
+grep -q '"state": "sunlight", "fraction": 1,' out || { cat out >&2; bad=1; }
+# shellcheck disable=SC2046
+says 0 - eclipse 2026-06-21T08:24:00 $(cat away)
+grep -q '^state *umbra$' out && grep -q '^fraction *0$' out || { cat out >&2; bad=1; }
+# Ten years of 1000 mas/yr are 10 arcsec, less what is of third order; the same by a table, its optional columns found.
+says 0 - star 2010-01-01T12:00:00 100 0 0 1000 0 0 --frame BM2000 --json
+awk -F'[:,}]' '{ d = $4 * 3600; if (d < 10.001 || d > 10.003) exit 1 }' out || { cat out >&2; bad=1; }
+printf 'time,ra,dec,pm_ra,pm_dec,parallax,radial_velocity\n2010-01-01T12:00:00,100,0,0,1000,0,0\n' |
+    "$kitlib" star --frame BM2000 --json | diff - out || bad=1
 says 1 "" time 2017-01-01 2017-01-02
 says 1 "" frame 2017-01-01 1 2
 says 1 "" time 2017-01-01 --to TDB

@@ -1,0 +1,196 @@
+#include "passes.h"
+
+#include "table.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace kitlib {
+
+namespace {
+
+constexpr double kDay = 86400.0; // s
+constexpr double kDegree = 0.017453292519943295;
+constexpr double kLongestSearch = 366.0 * 24.0; // h
+const long kTai = KL_TIME_TAI;
+
+const std::vector<Quantity> kPassInputs = {
+    {"latitude", "deg"},    {"longitude", "deg"}, {"height", "m"},    {"a", "m"},        {"e", ""},
+    {"inclination", "deg"}, {"raan", "deg"},      {"perigee", "deg"}, {"anomaly", "deg"}};
+
+// A satellite on mean elements whose node, perigee and anomaly turn by the secular rates of J2, seen from a station.
+struct Sight {
+    const Context &context;
+    kl_geodetic station;
+    kl_kepler mean; // at the epoch
+    double epoch;   // TAI, days, as all times here
+    double elevation_deg;
+    double node_rate, perigee_rate, anomaly_rate; // deg/s
+    bool of_rate = false;                         // searched: the elevation's rate, not the elevation
+    Refusal why = {};
+
+    Sight(const Context &c, const double in[9], double epoch_tai, double elevation)
+        : context(c), station{in[0], in[1], in[2], 0.0, 0.0, 0.0}, mean{in[3], in[4], in[5], in[6], in[7], in[8]},
+          epoch(epoch_tai), elevation_deg(elevation)
+    {
+        kl_model_data earth;
+        kl_model_get_data(&context.models, &earth);
+        const double a = mean.semi_major_axis, e2 = 1.0 - mean.eccentricity * mean.eccentricity;
+        const double n = std::sqrt(earth.gm / a) / a;
+        const double ratio = earth.gravity_radius / (a * e2);
+        const double cosine = std::cos(mean.inclination * kDegree);
+        // Source: D. Brouwer, Astron. J. 64, 378 (1959), secular terms of first order.
+        const double factor = 0.75 * n * earth.j2 * ratio * ratio;
+        node_rate = -2.0 * factor * cosine / kDegree;
+        perigee_rate = factor * (5.0 * cosine * cosine - 1.0) / kDegree;
+        anomaly_rate = (n + factor * std::sqrt(e2) * (3.0 * cosine * cosine - 1.0)) / kDegree;
+    }
+
+    bool look(double tai, kl_topocentric &seen)
+    {
+        const long elements = KL_KEPLER_MEAN, mode = KL_CALC_POS_VEL, tod = KL_TOD, fixed = KL_EF;
+        const double seconds = (tai - epoch) * kDay;
+        double pos[3], vel[3], acc[3] = {0.0, 0.0, 0.0};
+        kl_kepler now = mean;
+        now.raan = std::fmod(mean.raan + node_rate * seconds, 360.0);
+        now.arg_perigee = std::fmod(mean.arg_perigee + perigee_rate * seconds, 360.0);
+        now.mean_anomaly = std::fmod(mean.mean_anomaly + anomaly_rate * seconds, 360.0);
+        why = {-1, KL_ID_FUNC_KEPL_TO_CART, nullptr, {0, 0}};
+        if (kl_kepl_to_cart(&context.models, &elements, &now, pos, vel, why.ierr) == KL_ERR)
+            return false;
+        why = {-1, KL_ID_FUNC_CHANGE_CART_CS, nullptr, {0, 0}};
+        if (kl_change_cart_cs(&context.models, &context.time, &mode, &tod, &fixed, &kTai, &tai, pos, vel, acc, pos, vel,
+                              acc, why.ierr)
+            == KL_ERR)
+            return false;
+        why = {-1, -1, "kl_ef_to_topocentric", {0, 0}};
+        return kl_ef_to_topocentric(&context.models, &mode, &station, pos, vel, &seen, why.ierr) != KL_ERR;
+    }
+
+    static long values(void *self, const long *n, const double *times, double *out)
+    {
+        Sight &sight = *static_cast<Sight *>(self);
+        for (long i = 0; i < *n; ++i) {
+            kl_topocentric seen;
+            if (!sight.look(times[i], seen))
+                return KL_ERR;
+            out[i] = sight.of_rate ? seen.elevation_rate : seen.elevation - sight.elevation_deg;
+        }
+        return KL_OK;
+    }
+
+    // Up to `found.size()` crossings.
+    bool search(double start, double stop, std::vector<kl_crossing> &found)
+    {
+        const double step = 60.0 / kDay, tolerance = 1e-4 / kDay;
+        const long room = static_cast<long>(found.size());
+        long n = 0, ierr[1];
+        if (kl_find_crossings(values, this, &start, &stop, &step, &tolerance, &room, &n, found.data(), ierr) == KL_ERR)
+            return false;
+        found.resize(static_cast<std::size_t>(n));
+        return true;
+    }
+
+    // The highest instant between a rise and its set: where the rate falls through zero, or an end of the span.
+    bool culmination(double rise, double set, double &top)
+    {
+        std::vector<kl_crossing> falls(8);
+        of_rate = true;
+        const bool good = search(rise, set, falls);
+        of_rate = false;
+        double highest = -90.0;
+        std::vector<double> candidates = {rise, set};
+        for (const kl_crossing &c : falls)
+            candidates.push_back(c.time);
+        for (const double candidate : candidates) {
+            kl_topocentric seen;
+            if (!good || !look(candidate, seen))
+                return false;
+            if (seen.elevation > highest) {
+                highest = seen.elevation;
+                top = candidate;
+            }
+        }
+        return true;
+    }
+};
+
+int refuse(const Refusal &why, const char *otherwise)
+{
+    const Condition *condition = why.cell < 0 ? first_error(why.function_id, why.function, why.ierr) : nullptr;
+    if (condition != nullptr)
+        std::fprintf(stderr, "kitlib: %s: %s (%s:%ld)\n", condition->constant, condition->text, condition->function,
+                     condition->code);
+    else
+        std::fprintf(stderr, "kitlib: %s\n", otherwise);
+    return kRefused;
+}
+
+// A pass; "<" and ">" mark one that had begun at the start of the search, or goes on at its end.
+bool print_pass(Sight &sight, const kl_crossing ends[2], long scale, bool json)
+{
+    double times[3] = {ends[0].time, 0.0, ends[1].time};
+    kl_topocentric seen[3];
+    std::string texts[3];
+    if (!sight.culmination(times[0], times[2], times[1]))
+        return false;
+    for (int i = 0; i < 3; ++i) {
+        if (!sight.look(times[i], seen[i]) || !text_of(sight.context, times[i], scale, texts[i], sight.why))
+            return false;
+        texts[i].resize(texts[i].size() - 3); // milliseconds
+    }
+    if (json)
+        std::printf("{\"rise\": \"%s\", \"rise_azimuth\": %s, \"rise_cut\": %s, \"top\": \"%s\", \"top_azimuth\": %s, "
+                    "\"top_elevation\": %s, \"set\": \"%s\", \"set_azimuth\": %s, \"set_cut\": %s}\n",
+                    texts[0].c_str(), shortest(seen[0].azimuth).c_str(), ends[0].cut != 0 ? "true" : "false",
+                    texts[1].c_str(), shortest(seen[1].azimuth).c_str(), shortest(seen[1].elevation).c_str(),
+                    texts[2].c_str(), shortest(seen[2].azimuth).c_str(), ends[1].cut != 0 ? "true" : "false");
+    else
+        std::printf("%s%s %7.2f  %s %7.2f %6.2f  %s %7.2f%s\n", ends[0].cut != 0 ? "<" : " ", texts[0].c_str(),
+                    seen[0].azimuth, texts[1].c_str(), seen[1].azimuth, seen[1].elevation, texts[2].c_str(),
+                    seen[2].azimuth, ends[1].cut != 0 ? ">" : "");
+    return true;
+}
+
+} // namespace
+
+int show_passes(const Context &context, const std::vector<std::string> &values, const PassRequest &request, bool json)
+{
+    Refusal why;
+    double in[9], epoch, start;
+    for (std::size_t i = 0; i < kPassInputs.size(); ++i) {
+        if (!read_number(values[i], in[i])) {
+            std::fprintf(stderr, "kitlib: %s cannot be read\n", kPassInputs[i].name.c_str());
+            return kRefused;
+        }
+    }
+    if (!tai_of(context, request.scale, request.epoch, epoch, why)
+        || !tai_of(context, request.scale, request.start.empty() ? request.epoch : request.start, start, why))
+        return refuse(why, "the time cannot be read");
+    if (!(in[3] > 0.0) || !(in[4] >= 0.0 && in[4] < 1.0)) {
+        std::fputs("kitlib: an ellipse has a > 0 and e from 0 to less than 1\n", stderr);
+        return kRefused;
+    }
+    if (!(request.hours > 0.0 && request.hours <= kLongestSearch)
+        || !(request.elevation_deg >= -90.0 && request.elevation_deg < 90.0)) {
+        std::fputs("kitlib: --hours goes to 8784, --elevation from -90 to less than 90\n", stderr);
+        return kRefused;
+    }
+
+    Sight sight(context, in, epoch, request.elevation_deg);
+    std::vector<kl_crossing> ends(static_cast<std::size_t>(request.hours * 60.0) + 2); // steps of a minute
+    if (!sight.search(start, start + request.hours / 24.0, ends))
+        return refuse(sight.why, "the passes cannot be found");
+    if (!json && !ends.empty())
+        std::printf(" %-23s %7s  %-23s %7s %6s  %-23s %7s\n", "rise", "azimuth", "top", "azimuth", "height", "set",
+                    "azimuth");
+    for (std::size_t i = 0; i + 1 < ends.size(); i += 2)
+        if (!print_pass(sight, &ends[i], request.scale, json))
+            return refuse(sight.why, "the passes cannot be found");
+    if (ends.empty() && !json)
+        std::printf("no pass above %s deg in %s hours\n", shortest(request.elevation_deg).c_str(),
+                    shortest(request.hours).c_str());
+    return kDone;
+}
+
+} // namespace kitlib
