@@ -1,5 +1,6 @@
 #!/bin/sh
-# Builds the library and shows the sky above the Earth, for now or for a UTC instant: ./demo.sh 2026-03-20T14:46:00
+# Builds the library and shows the sky above the Earth, for now or for a UTC instant: ./demo.sh 2026-03-20T14:46:00. The
+# picture is build/demo.svg.
 set -eu
 cd "$(dirname "$0")"
 tools/install_missing.sh g++ cmake ninja-build
@@ -8,4 +9,4 @@ tools/install_missing.sh g++ cmake ninja-build
     cmake --build --preset release --target kl_demo
 } >build-demo.log 2>&1 || { cat build-demo.log; exit 1; }
 rm -f build-demo.log
-exec build/release/apps/kl_demo "$@"
+exec build/release/apps/kl_demo "${1:-now}" build/demo.svg
