@@ -161,7 +161,7 @@ TEST(EveryFunction, OfTheFamilyThatChecksItsArgumentsBearsNone)
 #define BEARS_NOTHING(function)                                                                                        \
     SCOPED_TRACE(#function);                                                                                           \
     call_without_arguments(function);
-#include "family_without_arguments.inc"
+#include "support/family_without_arguments.inc"
 #undef BEARS_NOTHING
     EXPECT_EQ(clean_outputs(*every_call()).status, 0); // and the next call is as ever
 }

@@ -606,6 +606,16 @@ def every_array(table):
     return out
 
 
+def family_without_arguments(table, samples):
+    """The functions of the family that look at what they are given."""
+    names = {f.name for f in table.placed("family")} | set(table.family)
+    trusting = samples["family"]["not_without_arguments"]
+    if not names.issuperset(trusting):
+        raise SystemExit("tests/support/samples.toml: no function of the family: " + " ".join(set(trusting) - names))
+    rows = [f"BEARS_NOTHING({name})\n" for name in sorted(names.difference(trusting))]
+    return f"// Functions of the family that check their arguments. {WHOLE}\n" + "".join(rows)
+
+
 def condition_rows(table):
     """Every condition as a caller meets it: for the test of all conditions."""
     kinds = {"none": "", "long": "0", "double": "0.000000", "text": ""}
@@ -708,6 +718,9 @@ def outputs(table):
     yield "fortran/kitlib.f90", fortran.module(json.loads(api_json(table)), headers, BY)
     yield "tests/support/every_function.inc", every_function(table, samples)
     yield "tests/support/every_array.inc", every_array(table)
+
+
+    yield "tests/support/family_without_arguments.inc", family_without_arguments(table, samples)
     yield "tests/data/conditions.csv", condition_rows(table)
     yield "api/api.json", api_json(table)
     yield "api/conditions.json", conditions_json(table)

@@ -1,6 +1,6 @@
 """Do the tests notice a change of the code? One mutant at a time, drawn from the operators and numbers of src/.
 
-Usage: mutate.py [--count 200] [--seed 1] [--only GLOB] [--jobs N] [--fresh] [--sanitize] [--list]
+Usage: mutate.py [--count 200] [--seed 1] [--only GLOB] [--folders A,B] [--jobs N] [--fresh] [--sanitize] [--list]
 
 A mutant swaps + and -, * and /, < and <=, > and >=, == and !=, && and ||, changes a number by one or in its last digit,
 or drops a sign. Three in ten change numbers, one in ten a table of numbers. A private copy of the newest commit is built
@@ -32,7 +32,7 @@ TREE = WORK / "tree"
 BUILD = TREE / "build/release"
 SANITIZED = TREE / "build/asan"
 STATE = WORK / "state.jsonl"
-FOLDERS = ["error", "math", "rotations", "sat", "time", "coord", "celestial", "models", "objects", "faults"]
+FOLDERS = re.search(r"foreach\(folder (.*?)\)", (ROOT / "tests/CMakeLists.txt").read_text(), re.S)[1].split()
 
 TABLE_NUMBERS = 16  # braces with as many numbers and no statement are a table
 
@@ -310,11 +310,14 @@ def main() -> None:
     options.add_argument("--count", type=int, default=200)
     options.add_argument("--seed", type=int, default=1)
     options.add_argument("--only", default="*", help="files, such as 'src/time/*'")
+    options.add_argument("--folders", help="ask only the tests of these, such as numbers,time")
     options.add_argument("--jobs", type=int, default=os.cpu_count())
     options.add_argument("--sanitize", action="store_true", help="what survives meets the sanitizers (slow)")
     options.add_argument("--fresh", action="store_true", help="forget what was found, take the newest commit")
     options.add_argument("--list", action="store_true", help="print the mutants that would be tried, no more")
     given = options.parse_args()
+    if given.folders:
+        FOLDERS[:] = given.folders.split(",")
 
     head = {"commit": must(["git", "-C", str(ROOT), "rev-parse", "HEAD"], "git"), "seed": given.seed, "only": given.only}
     records = [json.loads(line) for line in STATE.read_text().splitlines()] if STATE.exists() else []
