@@ -718,8 +718,6 @@ def outputs(table):
     yield "fortran/kitlib.f90", fortran.module(json.loads(api_json(table)), headers, BY)
     yield "tests/support/every_function.inc", every_function(table, samples)
     yield "tests/support/every_array.inc", every_array(table)
-
-
     yield "tests/support/family_without_arguments.inc", family_without_arguments(table, samples)
     yield "tests/data/conditions.csv", condition_rows(table)
     yield "api/api.json", api_json(table)
