@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr long kProc = KL_PROC;
+constexpr long kTai = KL_TIME_TAI;
 constexpr long kTextWidth = 34; // wider than any text
 constexpr long kOctetWidth = 21;
 
@@ -218,6 +219,12 @@ void fill_element(const ArrayWorld &w, const Column &c, long width, double days,
     const std::string name = c.name;
     if (is_time(c)) {
         put(to, days);
+    } else if (name == "text") { // as people write it: any layout, its scale said or not
+        constexpr long kLayouts[] = {KL_ASCII_13, KL_ASCII_24, KL_ASCII_33, KL_ASCII_52};
+        const long *format = &kLayouts[random() % std::size(kLayouts)];
+        char text[KL_TIME_ASCII_LENGTH] = "?";
+        kl_time_processing_to_ascii(nullptr, &kProc, &kTai, &days, format, &kTai, text, nullptr);
+        std::memcpy(to, text, sizeof text);
     } else if (name == "ascii_in" || name == "transport_in") {
         const bool text = name == "ascii_in";
         const long *format = w.selected(text ? "ascii_id_in" : "trans_id_in"), *ref = w.selected("time_ref_in");
@@ -272,6 +279,7 @@ struct Choice {
 };
 const Choice kChoices[] = {
     {"time_ref", {KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1, KL_TIME_GPS}},
+    {"time_ref_default", {KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1, KL_TIME_GPS}},
     {"time_ref_in", {KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1, KL_TIME_GPS}},
     {"time_ref_out", {KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1, KL_TIME_GPS}},
     {"proc_id", {KL_PROC}},

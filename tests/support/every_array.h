@@ -4,9 +4,11 @@
 
 #include "kl_lib.h"
 
+#include <functional>
 #include <map>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // One column: role e(ach), g(ives) or b(oth); an element's words are d(oubles), l(ongs), k(ept whatever happens), or
@@ -26,8 +28,8 @@ struct ArrayWorld {
     kl_time_id time = {nullptr};
     kl_model_id model = {nullptr};
     long run = -1;
-    long satellite = 51; // its clock is the one below
-    std::map<std::string, long> selectors;
+    long satellite = 51;                                // its clock is the one below
+    std::map<std::string, long, std::less<>> selectors; // a look-up makes no string
     kl_geodetic origin = {48.0, 11.0, 600.0, 0.0, 0.0, 0.0};
     kl_cuc_config config = {KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1958, KL_TIME_TAI, 0.0, 4, 2};
     kl_obt_param_vardo clock = {51, 0};
@@ -37,7 +39,7 @@ struct ArrayWorld {
     bool open(Correlation kind);
     void close();
 
-    const long *selected(const char *name) const { return &selectors.at(name); }
+    const long *selected(const char *name) const { return &selectors.find(std::string_view(name))->second; }
 
     template <typename Record>
     const Record *record() const;
