@@ -1,6 +1,6 @@
 // Geoid undulation: single points by every way, grids, and GeographicLib with the same coefficients. GEOID_LISTINGS is
 // a directory with the listings potential.txt and correction.txt.
-#include "kl_family.h"
+#include "earth/geoid.h"
 
 #include <GeographicLib/GravityModel.hpp>
 #include <benchmark/benchmark.h>
@@ -105,7 +105,7 @@ void by_way(benchmark::State &state)
     Walk walk;
     double value;
     for (auto _ : state) {
-        if (KL_Geoid_undu_by(state.range(0), &walk.next(), nullptr, &value) != 0) {
+        if (geoid_undulation_by(state.range(0), &walk.next(), nullptr, &value) != 0) {
             state.SkipWithError("not on this machine");
             break;
         }

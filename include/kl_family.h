@@ -48,7 +48,15 @@ typedef struct kl_id_record {
     long mode;
 } kl_id_record;
 
-/** An instant inside: reference 1 TDB, 2 free, 3 TAI, 4 UT1, 5 UTC, 6 GPS; format 3 MJD2000, the only one produced. */
+/** References of a kl_time_record; its formats, of which KL_FORMAT_MJD2000 alone is produced. */
+enum { KL_REF_TDB = 1, KL_REF_2 = 2 /**< free */, KL_REF_TAI = 3, KL_REF_UT1 = 4, KL_REF_UTC = 5, KL_REF_GPS = 6 };
+enum {
+    KL_FORMAT_JULIAN = 1, /**< Julian days */
+    KL_FORMAT_1950 = 2,   /**< days since 1950-01-01 00:00 */
+    KL_FORMAT_MJD2000 = 3 /**< days since 2000-01-01 00:00 */
+};
+
+/** An instant inside: KL_REF_*, KL_FORMAT_*. */
 typedef struct kl_time_record {
     int32_t reference, format;
     double value;
@@ -412,11 +420,13 @@ extern KL_TABLE kl_tle_sat_data TLE_SAT_DATA[KL_N_CATALOGUE_ROWS]; /**< row 64 a
 extern KL_TABLE char kl_default_sat_names[10][30];                 /**< names of the default satellites */
 extern KL_TABLE long kl_default_sat_array[10];                     /**< 1: the slot is in use */
 
-/** 0 when the satellite id is valid, which a default satellite is while its slot is in use; else -1 with code 0. */
+/** 0 when the satellite id is valid, which a default satellite is while its slot is in use; else -1 with
+ * KL_CHECK_SAT_ID. */
 KL_API long KL_Check_sat_id(const long *sat_id, kl_error_record *error);
 /** 0 for the geostationary ids 300 and 301, else -1; records nothing. */
 KL_API long KL_Check_Geo_sat_id(const long *sat_id, kl_error_record *error);
-/** Row of a satellite: 0, or -1 with code 0 (invalid id) or 1 (default satellite that is not initialised). */
+/** Row of a satellite: 0, or -1 with KL_SAT_TO_ARRAY_ID (invalid id) or _FREE_SLOT (default satellite that is not
+ * initialised). */
 KL_API long KL_Sat_id_to_array(const long *sat_id, long *index, kl_error_record *error);
 /** The id itself for a default satellite (0 to 9), else -1; whether its slot is in use is not looked at. */
 KL_API long KL_Default_to_array(const long *sat_id);
@@ -428,8 +438,8 @@ KL_API long KL_Is_MEO_sat(const long *sat_id);
  */
 KL_API long KL_Get_mission_name(const long *sat_id, char *text);
 /**
- * Orbital period of the smallest semi-major axis of a satellite, s. 0; 1 with code 1 when the axis is below the Earth's
- * radius, which is taken instead; -1 with code 0 for an invalid id.
+ * Orbital period of the smallest semi-major axis of a satellite, s. 0; 1 with KL_PERIOD_BELOW_EARTH_RADIUS when the
+ * axis is below the Earth's radius, which is taken instead; -1 with KL_PERIOD_SAT_ID for an invalid id.
  */
 KL_API long KL_Get_min_period(const long *sat_id, double *period, kl_error_record *error);
 /** The same of the largest axis, where the largest of all satellites is taken instead. */
@@ -460,12 +470,12 @@ KL_API long KL_Run_Generic_close(const long *run_id, long kind);
 extern KL_TABLE const char kl_months[13][4];
 
 /** Calendar date of an instant from 1950 to 2099, nearest microsecond; rounding up to midnight gives 86400 seconds of
- * the same day. Code 0 outside. */
+ * the same day. KL_MJD_CALENDAR_OUT_OF_LIMITS outside. */
 KL_API long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error_record *error);
-/** valid = 1 for a good date, else 0 and -1 with the first condition: codes 0 year, 1 month, 2 day, 3 seconds,
- * 4 microseconds, 5 to 7 a month of 30, 29 or 28 days. The reference is not looked at. */
+/** valid = 1 for a good date, else 0 and -1 with the first condition, KL_CALENDAR_*: the three last are those of a
+ * month of 30, 29 or 28 days. The reference is not looked at. */
 KL_API long KL_Calendar(const kl_calendar_record *in, int *valid, kl_error_record *error);
-/** The instant of a good date, in MJD2000. Code 0 not a date. */
+/** The instant of a good date, in MJD2000, or KL_CALENDAR_MJD_NOT_A_DATE. */
 KL_API long KL_Calendar_MJD(const kl_calendar_record *in, kl_time_record *out, kl_error_record *error);
 /** MJD2000 + 2451545.0: counted from midnight, half a day more than the astronomical Julian date. */
 KL_API double KL_MJD_to_Julian(double mjd2000);
@@ -475,16 +485,16 @@ KL_API double KL_round(double x);
 KL_API long KL_Time_ref_enum_to_Time_enum(long ref);
 /** From the numbering of kl_time_record to KL_TIME_*; -1 for TDB and anything else. */
 KL_API long KL_Time_enum_to_Time_ref_enum(int ref);
-/** 0 for -1 to 3, else -1 with code 0. */
+/** 0 for KL_TIME_UNDEF to KL_TIME_GPS, else -1 with KL_CHECK_TIME_REF_NOT_CORRECT. */
 KL_API long KL_Check_time_ref(const long *ref, kl_error_record *error);
-/** 1 for 0 to 3, else 0; records nothing. */
+/** 1 for KL_TIME_TAI to KL_TIME_GPS, else 0; records nothing. */
 KL_API long KL_Check_time_ref_2(long ref);
-/** Format, reference and range of a processing time: codes 0 to 2; the first that is wrong ends the check. */
+/** Format, reference and range of a processing time, KL_CHECK_IN_*; the first that is wrong ends the check. */
 KL_API long KL_Time_check_processing_inputs(long format, long ref, const double *time, kl_error_record *error);
-/** Format and reference of a processing output: codes 0 and 1. */
+/** Format and reference of a processing output, KL_CHECK_OUT_*. */
 KL_API long KL_Time_check_processing_outputs(long format, long ref, kl_error_record *error);
 /** Day, second and microsecond of a processing time, nearest microsecond; 86400 seconds in UTC at the end of a day with
- * the leap second of the id. Code 0 when such a day is outside the processing range. */
+ * the leap second of the id. KL_P2T_LEAP_SECOND when such a day is outside the processing range. */
 KL_API long KL_Time_p2t_format_to_std(kl_time_id *time_id, long ref, const double *time, kl_std_record *out,
                                       kl_error_record *error);
 /** The processing time of a standard record; always 0. */
@@ -494,19 +504,21 @@ KL_API long KL_Time_current_time(const long *ascii_format, char *out, kl_error_r
 
 /* ---- time: correlation, leap seconds ------------------------------------------------------------------- */
 
-/** A processing time (MJD2000, days) from one KL_TIME_* reference to another; equal ones copy. Code 0 on failure. */
+/** A processing time (MJD2000, days) from one KL_TIME_* reference to another; equal ones copy. -1 with
+ * KL_GET_TIME_IN_REF_FAILED. */
 KL_API long KL_Get_time_in_ref(kl_time_id *time_id, long ref_in, long ref_out, double *time_out, kl_error_record *error,
                                double time_in);
-/** A standard record of a reference to TAI. Codes 0 not initialised, 1 outside the table (warning), 2 leap second. */
+/** A standard record of a reference to TAI. KL_TO_TAI_NOT_INITIALISED, KL_TO_TAI_OUT_OF_RANGE (of the table; a
+ * warning), KL_TO_TAI_LEAP_SECOND. */
 KL_API long KL_Time_t2t_ref_to_tai(kl_time_id *time_id, long ref, const kl_std_record *in, kl_std_record *out,
                                    kl_error_record *error);
 /** A TAI record to a reference; UTC inside a positive leap second has 86400 seconds, and the second that a negative one
- * takes away comes out as the next. Codes 0 and 1 as above. */
+ * takes away comes out as the next. The first two conditions as above. */
 KL_API long KL_Time_t2t_ref_from_tai(kl_time_id *time_id, long ref, const kl_std_record *in, kl_std_record *out,
                                      kl_error_record *error);
 /**
  * TAI-UTC, TAI-UT1 and TAI-GPS (s) at an instant (MJD2000 days of a KL_TIME_* reference), and whether it lies in or
- * after the leap second of the id. Codes 0 reference, 1 not initialised; warnings 2 outside the table, 3 UT1 in the
+ * after the leap second of the id. Conditions KL_DELTAS_*; the last two are warnings: outside the table, UT1 in the
  * formula.
  */
 KL_API long KL_Time_ref_init_file_deltas(kl_time_id *time_id, const double *time, const long *ref, double *tai_utc,
@@ -515,7 +527,9 @@ KL_API long KL_Time_ref_init_file_deltas(kl_time_id *time_id, const double *time
 /** Row of `first` to `last` with column(row) <= time < column(row + 1), within 1e-11 day; column 0 TAI, 1 UTC, 2 UT1,
  * 3 GPS. The table has a row after `last`; 0 when no row is found or last < 1. */
 KL_API long KL_binary_search(const kl_time_row *table, long first, long last, long column, const double *time);
-/** Once-only warning (1 formula, 2 gap, 3 outside; 0 none) of a computation at a TAI record; selector 0 or 1: set of
+/** The two sets of once-only flags: what the conversions met before does not spend the warning of a frame change. */
+enum { KL_FLAGS_CONVERSION = 0, KL_FLAGS_FRAME_CHANGE = 1 };
+/** Once-only warning (1 formula, 2 gap, 3 outside; 0 none) of a computation at a TAI record; selector: the set of
  * flags. Always 0, or -1 for NULL or another selector; an id of explicit values, or none, never warns. */
 KL_API long KL_Check_Time_warn_flags(kl_time_id *time_id, const kl_std_record *tai, const long *selector,
                                      long *warning);
@@ -523,31 +537,33 @@ KL_API long KL_Check_Time_warn_flags(kl_time_id *time_id, const kl_std_record *t
  * or -1 for NULL. */
 KL_API long KL_Time_p2p_ref_tai_to_tdb(const double *tai, double *tdb);
 KL_API long KL_Time_p2p_ref_tdb_to_tai(const double *tdb, double *tai);
-/** First instant of the calendar quarter of a time (MJD2000, days). Codes 0 reference, 1 and 3 internal. */
+/** First instant of the calendar quarter of a time (MJD2000, days). Conditions KL_QUARTER_*. */
 KL_API long KL_Leap_second_utc_time(const long *ref, const double *time, double *quarter_start, kl_error_record *error);
-/** leap_flag: sign of the leap second that ends the record's day, or 0. Codes 0 reference, 1 date. */
+/** leap_flag: sign of the leap second that ends the record's day, or 0. KL_LEAP_CHECK_REF, KL_LEAP_CHECK_DATE. */
 KL_API long KL_Time_check_leap_second(kl_time_id *time_id, long ref, const kl_std_record *rec, long *leap_flag,
                                       kl_error_record *error);
 /** Whether a time of row `row` (column values first, last) lies in or after the leap second of the id. 0, or -1 for an
  * uninitialised id or a row that it has not. */
 KL_API long KL_Check_if_time_is_post_leap_second(kl_time_id *time_id, long ref, long row, long *in_leap_second,
                                                  long *after_leap_second, double first, double last, double time);
-/** Readings in TAI, UTC, UT1 and GPS (MJD2000, days) inside the processing range: codes 0 to 3. */
+/** Readings in TAI, UTC, UT1 and GPS (MJD2000, days) inside the processing range: the first four of
+ * KL_TIME_REF_INIT_CHECK_*. */
 KL_API long KL_Time_ref_init_check_inputs(const double tri_time[4], kl_error_record *error);
 
 /* ---- time: on-board clocks ----------------------------------------------------------------------------- */
 
 /** Takes the octet counts and the epoch type from a P-field of one octet, or of two where the first one's bit 7 is set;
- * the other fields of data stay as they are. Code 0: an identification other than 001 and 010, a third octet announced.
- */
+ * the other fields of data stay as they are. KL_CUC_P_FIELD_EPOCH: an identification other than 001 and 010, a third
+ * octet announced. */
 KL_API long KL_Cuc_get_data_from_P_field(const unsigned char *octets, kl_cuc_config *data, kl_error_record *error);
-/** Writes the P-field of one or two octets. Code 0: an epoch type that no identification stands for. */
+/** Writes the P-field of one or two octets. KL_CUC_P_FIELD_NO_EPOCH: an epoch type that no identification stands for.
+ */
 KL_API long KL_Cuc_compute_P_field(const kl_cuc_config *data, unsigned char *octets, long *n_octets,
                                    kl_error_record *error);
-/** Codes 0 to 4: time id, CUC type, octet counts (not looked at when they come from a P-field), epoch type, scale. */
+/** Time id, CUC type, octet counts (not looked at when they come from a P-field), epoch type, scale: KL_CUC_CHECK_*. */
 KL_API long KL_Cuc_check_inputs(kl_time_id *time_id, const kl_cuc_config *config, long time_ref,
                                 long octets_from_p_field, kl_error_record *error);
-/** The epoch of a CUC in a scale, MJD2000. Code 0: it is not finite, or cannot be converted. */
+/** The epoch of a CUC in a scale, MJD2000. KL_CUC_EPOCH_NOT_CONVERTED: it is not finite, or cannot be converted. */
 KL_API long KL_Get_CUC_processing_epoch(kl_time_id *time_id, const kl_cuc_config *config, long time_ref, double *epoch,
                                         kl_error_record *error);
 
@@ -565,14 +581,6 @@ KL_API void *KL_Model_get_data(kl_model_id *model_id, long kind);
  */
 KL_API long KL_Geoid_undu(const kl_geoid_input *inputs, double *height_anomaly_correction, double *undulation,
                           kl_error_record *error);
-
-/**
- * The same computed in a chosen way: -1 by the published routines below, step by step; 0 by the baseline kernel, 1 and
- * 2 by those for AVX2 and AVX-512. KL_Geoid_undu takes the widest; all kernels give the same bits. -1 also when the
- * machine or the build does not have the kernel.
- */
-KL_API long KL_Geoid_undu_by(long way, const kl_geoid_input *inputs, double *height_anomaly_correction,
-                             double *undulation);
 
 /** Geocentric latitude (rad), normal gravity on the ellipsoid (m/s2) and geocentric radius (m) of a geodetic point. */
 KL_API void KL_Radgra(double *geocentric_latitude_rad, double *normal_gravity, double *radius, double lat_deg,
@@ -660,17 +668,17 @@ KL_API void KL_rva(const Cord *in, const kl_rotation_record *rotation, Cord *out
  * @param[out] out       state there; untouched on failure
  * @return 0, 1 when something was warned of, or -1
  *
- * Errors: 0 reference or format of the date, 1 initial frame, 2 final frame, 3 no state of the Earth, 4 date more than
- * a day outside the processing range, 5 time id not initialised, 10 KL_LIF on the way (no time id of this library holds
- * its reference), 11 date not converted, or no routine in the model id. Warnings: 6 and 7 between KL_TOD and KL_PTOD,
- * KL_MOD and KL_QMOD, whose state is copied; 8 with every KL_MOD to KL_TOD; 9 order 2 and KL_BM2000 or KL_HM2000 at
- * an end.
+ * Conditions KL_CHAIN_*. Errors: _DATE_RECORD its reference or format, _INITIAL, _FINAL, _EARTH no state of the Earth,
+ * _DATE_RANGE more than a day outside the processing range, _TIME_ID not initialised, _LIF on the way (no time id of
+ * this library holds its reference), _UT1 date not converted, or no routine in the model id. Warnings: _PTOD and _QMOD
+ * between KL_TOD and KL_PTOD, KL_MOD and KL_QMOD, whose state is copied; _PTOD_SKIPPED with every KL_MOD to KL_TOD;
+ * _ACCELERATION order 2 and KL_BM2000 or KL_HM2000 at an end.
  */
 KL_API long KL_Change_CoordinateSystem(kl_model_id *model_id, kl_time_id *time_id, long order,
                                        const kl_time_record *date, const Cord *in, long final_cs, Cord *out,
                                        kl_error_record *error);
-/** The same among frames 3 to 7, 11, 12 and 13, without nutation and with the linear sidereal angle. Code 11 also when
- * the id has no Earth model and the way needs that angle. */
+/** The same among KL_GM2000 to KL_EF, KL_TEME, KL_QMOD and KL_PTOD, without nutation and with the linear sidereal
+ * angle. KL_CHAIN_UT1 also when the id has no Earth model and the way needs that angle. */
 KL_API long KL_Change_CoordinateSystem_Sim(kl_model_id *model_id, kl_time_id *time_id, long order,
                                            const kl_time_record *date, const Cord *in, long final_cs, Cord *out,
                                            kl_error_record *error);
@@ -743,35 +751,37 @@ KL_API long KL_LIF_to_EF(kl_model_id *model_id, kl_time_id *time_id, const kl_ti
 
 /*
  * States are written into the vectors that the caller's Cord points to (elements 1 to 3); frame and order (1) are set,
- * the acceleration is never touched. Date records are TDB (reference 1) in MJD2000 (format 3).
+ * the acceleration is never touched. Date records are KL_REF_TDB in KL_FORMAT_MJD2000.
  */
 
-/** Barycentric (KL_BM2000) and heliocentric (KL_HM2000) state of the Earth: m, m/s. P. Stumpff (1980). Codes 0 the
- * record is not TDB, 1 not MJD2000. */
+/** Barycentric (KL_BM2000) and heliocentric (KL_HM2000) state of the Earth: m, m/s. P. Stumpff (1980).
+ * KL_EARTH_REFERENCE and KL_EARTH_FORMAT for other records. */
 KL_API long KL_Earth(const kl_time_record *tdb, Cord *barycentric, Cord *heliocentric, kl_error_record *error);
 /** Geocentric Sun, mean of date (KL_MOD): m, m/s; the Earth turned round, without light time. The acceleration is
- * not touched and may be NULL. Codes 2 no state of the Earth, 3 no change of frame. */
+ * not touched and may be NULL. KL_SUN_POSVEL_EARTH, KL_SUN_POSVEL_FRAME: no state of the Earth, no
+ * change of frame. */
 KL_API long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb, Cord *sun,
                           kl_error_record *error);
-/** Geocentric Moon, mean of date (KL_MOD): m, m/s. J. Meeus (1984). Codes 0 the record is not TDB, 1 not MJD2000. */
+/** Geocentric Moon, mean of date (KL_MOD): m, m/s. J. Meeus (1984). KL_MOON_POSVEL_REFERENCE and
+ * KL_MOON_POSVEL_FORMAT for other records. */
 KL_API long KL_Moon_PosVel(const kl_time_record *tdb, Cord *moon, kl_error_record *error);
 /**
  * Heliocentric planet (KL_HM2000): m, m/s. J. L. Simon et al. (1994). The record's codes are not checked.
- * Returns 1 with a complete state when it warns: code 3 date beyond 1000 Julian years from J2000.0, 4 no convergence.
- * Errors: 2 planet not 1 to 8.
+ * Returns 1 with a complete state when it warns: KL_PLANETS_DEGRADED date beyond 1000 Julian years from J2000.0,
+ * KL_PLANETS_CONVERGENCE. Error: KL_PLANETS_CODE planet not 1 to 8.
  */
 KL_API long KL_Planets(long planet, const kl_time_record *tdb, Cord *state, kl_error_record *error);
 /**
  * Sun as seen from a satellite (any frame), with the light time taken off in one refinement: state in KL_MOD and the
- * TAI instant (MJD2000) at which the light left. The satellite's three vectors must exist. Codes 0 the satellite's
- * state, 1 the record is not TDB, 2 the Sun.
+ * TAI instant (MJD2000) at which the light left. The satellite's three vectors must exist. KL_LIGHT_SUN_SATELLITE
+ * its state, KL_LIGHT_SUN_REFERENCE the record is not TDB, KL_LIGHT_SUN_SUN.
  */
 KL_API long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb,
                                           const Cord *satellite, Cord *sun, kl_time_record *emission,
                                           kl_error_record *error);
 /**
  * The same for a time of any scale (KL_TIME_TAI to KL_TIME_GPS, MJD2000), in KL_EF: m, m/s. The axes are those of the
- * instant at which the light left; with KL_TIME_UT1 those of the given time. Codes as the bits of kl_sun.
+ * instant at which the light left; with KL_TIME_UT1 those of the given time. KL_TRAVEL_TIME_*: the bits of kl_sun.
  */
 KL_API long KL_Sun_travel_time(kl_model_id *model_id, kl_time_id *time_id, long time_ref, double time,
                                const Cord *satellite, double sun_pos[3], double sun_vel[3], kl_error_record *error);
@@ -889,10 +899,7 @@ KL_API long KL_dsolve(double *const *a, long n, const double *b, double *x);    
 KL_API long KL_dminv(double *const *a, long n, double **out);                     /**< on a copy; -1 without memory */
 KL_API double KL_detm(double *const *a, long n);                                  /**< on a copy; 0 without memory */
 
-KL_API void KL_dm_to_flat(double *const *a, double out[9]); /**< one-based 3x3 to flat */
-KL_API void KL_flat_to_dm(const double a[9], double **out); /**< flat 3x3 to one-based */
 KL_API void KL_Cord_Set(long cs, long order, const double pos[3], const double vel[3], const double acc[3], Cord *cord);
-KL_API void KL_Cord_to_flat(const Cord *cord, double pos[3], double vel[3], double acc[3]);
 KL_API void KL_Cord_Reset(Cord *cord); /**< zeroes frame, order and the three vectors */
 KL_API void KL_Copy_Cord(const Cord *from, Cord *to);
 KL_API void KL_Mult_Cord(const Cord *from, Cord *to, double s);
@@ -1008,8 +1015,8 @@ KL_API long KL_Ellipse_nearest(double a, double b, double x, double y, double fo
 KL_API double KL_Ellipse_arc(double a, double b, double beta1, double beta2);
 
 /**
- * What kl_eclipse does, for a satellite and a Sun that are known: from the centre of the Earth, m, in axes whose z is the
- * Earth's (kl_sun gives KL_EF). margin: as there, NULL is 0. Reports as kl_eclipse, bits KL_ECLIPSE_POSITION_ERR,
+ * What kl_eclipse does, for a satellite and a Sun that are known: from the centre of the Earth, m, in axes whose z is
+ * the Earth's (kl_sun gives KL_EF). margin: as there, NULL is 0. Reports as kl_eclipse, bits KL_ECLIPSE_POSITION_ERR,
  * KL_ECLIPSE_SUN_ERR and KL_ECLIPSE_MARGIN_ERR alone. KL_OK, or KL_ERR with the outputs untouched.
  */
 KL_API long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3], const double *margin,
@@ -1029,9 +1036,9 @@ KL_API long KL_Star_place(const kl_star *star, const double observer_barycentric
 /* ---- coordinates and orbits ------------------------------------------------------------------------------ */
 
 /**
- * Kernel of kl_cart_to_geod: geodetic latitude and longitude (-pi to pi) in radians, height in metres, of an Earth-fixed
- * position in metres. Warns, with the distance from the centre in metres, where two points of the ellipsoid are equally
- * near (the northern one is taken); -1 for a position that kl_cart_to_geod refuses.
+ * Kernel of kl_cart_to_geod: geodetic latitude and longitude (-pi to pi) in radians, height in metres, of an
+ * Earth-fixed position in metres. Warns, with the distance from the centre in metres, where two points of the ellipsoid
+ * are equally near (the northern one is taken); -1 for a position that kl_cart_to_geod refuses.
  */
 KL_API long KL_Car_Geo(const kl_model_id *model_id, const double pos[3], double *lat, double *lon, double *h,
                        kl_error_record *record);

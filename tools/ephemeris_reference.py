@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Independent values for the ephemerides: the published formulas once more, term by term, in 40-digit arithmetic.
 
-Reads the coefficients from src/bodies/*_tables.h and writes the values of the tests:
-    python3 tools/ephemeris_reference.py src/bodies > tests/bodies/reference_values.inc
+Reads the coefficients from src/ephemerides/*_tables.h and writes the values of the tests:
+    python3 tools/ephemeris_reference.py src/ephemerides > tests/bodies/reference_values.inc
 Every sine is taken of its own argument; angles are reduced by the true 2 pi. Needs python3-mpmath.
 """
 import re

@@ -1,7 +1,7 @@
 // Kernels of Sun, Moon and planets in the Earth-fixed frame.
 #include "bodies/body_kernels.h"
-#include "bodies/moon.h"
-#include "bodies/planets.h"
+#include "ephemerides/moon.h"
+#include "ephemerides/planets.h"
 #include "frames/chain.h"
 #include "numbers/transposed.h"
 

@@ -1,10 +1,9 @@
 // The Sun seen from the Earth, and from a satellite with the light time taken off.
 #include "bodies/bodies.h"
 #include "errors/activation.h"
+#include "frames/doors.h"
 #include "models/model_record.h"
 #include "time/scales.h"
-
-#include <iterator>
 
 namespace {
 
@@ -39,7 +38,7 @@ long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_rec
         geocentric.vel[i] = -heliocentric.vel[i];
     }
     OwnedState of_date;
-    if (KL_Change_CoordinateSystem(model_id, time_id, 1, tdb, &geocentric, KL_MOD, &of_date, nullptr) == KL_ERR)
+    if (!change_record(model_id, time_id, 1, tdb, &geocentric, KL_MOD, &of_date))
         return call.fails(KL_SUN_POSVEL_FRAME);
     sun->cs = of_date.cs;
     sun->order = of_date.order;
@@ -48,12 +47,13 @@ long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_rec
     return call.status();
 }
 
-long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb,
-                                   const Cord *satellite, Cord *sun, kl_time_record *emission, kl_error_record *error)
+namespace {
+
+long seen_sun(Activation &call, kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb,
+              const Cord *satellite, Cord *sun, kl_time_record *emission)
 {
-    Activation call(KL_FN_SUN_POSVEL_SUN_TRAVEL_TIME, error);
     OwnedState observer;
-    if (KL_Change_CoordinateSystem(model_id, time_id, 2, tdb, satellite, KL_MOD, &observer, nullptr) == KL_ERR)
+    if (!change_record(model_id, time_id, 2, tdb, satellite, KL_MOD, &observer))
         return call.fails(KL_LIGHT_SUN_SATELLITE);
     if (tdb->reference != KL_REF_TDB)
         return call.fails(KL_LIGHT_SUN_REFERENCE);
@@ -70,8 +70,22 @@ long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *time_id, c
     if (!sun_leaves(tdb->value - light_days))
         return call.fails(KL_LIGHT_SUN_SUN);
 
-    emission->reference = KL_REF_TAI;
-    emission->format = KL_FORMAT_MJD2000;
-    KL_Time_p2p_ref_tdb_to_tai(&departure.value, &emission->value);
+    *emission = {KL_REF_TAI, KL_FORMAT_MJD2000, tai_of_tdb(departure.value)};
     return call.status();
+}
+
+} // namespace
+
+bool sun_from_satellite(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record &tdb, const Cord *satellite,
+                        Cord *sun, kl_time_record *emission)
+{
+    Activation call(KL_FN_SUN_POSVEL_SUN_TRAVEL_TIME, KL_NO_RECORD);
+    return seen_sun(call, model_id, time_id, &tdb, satellite, sun, emission) != KL_ERR;
+}
+
+long KL_Sun_PosVel_Sun_Travel_Time(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb,
+                                   const Cord *satellite, Cord *sun, kl_time_record *emission, kl_error_record *error)
+{
+    Activation call(KL_FN_SUN_POSVEL_SUN_TRAVEL_TIME, error);
+    return seen_sun(call, model_id, time_id, tdb, satellite, sun, emission);
 }

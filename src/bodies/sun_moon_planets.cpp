@@ -3,44 +3,44 @@
 #include "bodies/bodies.h"
 #include "bodies/body_kernels.h"
 #include "errors/activation.h"
+#include "frames/chain_instants.h"
+#include "frames/change.h"
 #include "frames/doors.h"
-#include "frames/instants.h"
 #include "models/model_record.h"
-#include "time/scales.h"
+#include "time/doors/call_instant.h"
 
-#include <iterator>
 #include <limits>
 
 namespace {
 
 // The conditions by which the four functions name the steps of the same walk.
 struct StepCodes {
-    CodeMap input[2]; // the input check's
+    InstantConditions input;
     int time_id;
     int ut1;
     int frame;
 };
 // On purpose: with the Sun a failed conversion to UT1 is reported as the conversion to TDB.
 constexpr StepCodes kSunSteps = {
-    {{KL_CHECK_IN_REF, KL_SUN_TIME_REF_ERR}, {KL_CHECK_IN_DAYS, KL_SUN_DATE_ERR}},
+    {KL_SUN_TIME_REF_ERR, KL_SUN_DATE_ERR},
     KL_SUN_TIME_ID_ERR,
     KL_SUN_TDB_ERR,
     KL_SUN_FRAME_ERR,
 };
 constexpr StepCodes kMoonSteps = {
-    {{KL_CHECK_IN_REF, KL_MOON_TIME_REF_ERR}, {KL_CHECK_IN_DAYS, KL_MOON_DATE_ERR}},
+    {KL_MOON_TIME_REF_ERR, KL_MOON_DATE_ERR},
     KL_MOON_TIME_ID_ERR,
     KL_MOON_PROC_TO_PROC_ERR,
     KL_MOON_FRAME_ERR,
 };
 constexpr StepCodes kPlanetSteps = {
-    {{KL_CHECK_IN_REF, KL_PLANET_TIME_REF_ERR}, {KL_CHECK_IN_DAYS, KL_PLANET_DATE_ERR}},
+    {KL_PLANET_TIME_REF_ERR, KL_PLANET_DATE_ERR},
     KL_PLANET_TIME_ID_ERR,
     KL_PLANET_PROC_TO_PROC_ERR,
     KL_PLANET_FRAME_ERR,
 };
 constexpr StepCodes kTravelTimeSteps = {
-    {{KL_CHECK_IN_REF, KL_TRAVEL_TIME_REF}, {KL_CHECK_IN_DAYS, KL_TRAVEL_TIME_DATE}},
+    {KL_TRAVEL_TIME_REF, KL_TRAVEL_TIME_DATE},
     KL_TRAVEL_TIME_ID,
     KL_TRAVEL_TIME_TDB,
     KL_TRAVEL_TIME_FRAME,
@@ -79,9 +79,7 @@ long walk_to_ef(Activation &call, const StepCodes &codes, kl_model_id *model_id,
 {
     if (pos_out == nullptr || vel_out == nullptr)
         return KL_ERR;
-    ErrorRecord check;
-    if (KL_Time_check_processing_inputs(KL_PROC, time.ref, &time.days, &check) != KL_OK
-        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, codes.input))
+    if (refuses_instant(call, codes.input, time.ref, &time.days))
         return KL_ERR;
 
     double tai = time.days;
@@ -91,8 +89,7 @@ long walk_to_ef(Activation &call, const StepCodes &codes, kl_model_id *model_id,
             call.fails(codes.time_id);
         return KL_ERR;
     }
-    kl_time_record tdb = {KL_REF_TDB, KL_FORMAT_MJD2000, 0.0};
-    KL_Time_p2p_ref_tai_to_tdb(&tai, &tdb.value);
+    const kl_time_record tdb = {KL_REF_TDB, KL_FORMAT_MJD2000, tdb_of_tai(tai)};
 
     OwnedState state;
     Instant axes = time;
@@ -103,7 +100,7 @@ long walk_to_ef(Activation &call, const StepCodes &codes, kl_model_id *model_id,
     if (time.ref != KL_TIME_UT1 && !convert(time_id, axes, KL_TIME_UT1, &ut1.value))
         return call.fails(codes.ut1);
     OwnedState fixed;
-    if (KL_Change_CoordinateSystem(model_id, time_id, 1, &ut1, &state, KL_EF, &fixed, nullptr) == KL_ERR)
+    if (!change_record(model_id, time_id, 1, &ut1, &state, KL_EF, &fixed))
         return call.fails(codes.frame);
     for (int i = 0; i < 3; ++i) {
         pos_out[i] = fixed.pos[i + 1];
@@ -248,7 +245,7 @@ bool fill_instants(const BodyArray &bodies, TimeIdRecord *id, long first, long c
 void complete(const Correlation &correlation, BodyBlock *block)
 {
     for (long k = 0; block->has_pole && k < block->count; ++k) {
-        const PoleOf<double> pole = pole_of(correlation, block->ut1[k]);
+        const PoleOf<double> pole = pole_of(&correlation, block->ut1[k]);
         block->pole[0][k] = pole.x;
         block->pole[1][k] = pole.y;
         block->pole[2][k] = pole.x_rate;
@@ -364,7 +361,7 @@ long KL_Sun_travel_time(kl_model_id *model_id, kl_time_id *time_id, long time_re
     Activation call(KL_FN_SUN_TRAVEL_TIME, error);
     const auto body = [&](const kl_time_record &tdb, Cord *sun, Instant *axes) {
         kl_time_record emission;
-        if (KL_Sun_PosVel_Sun_Travel_Time(model_id, time_id, &tdb, satellite, sun, &emission, nullptr) == KL_ERR) {
+        if (!sun_from_satellite(model_id, time_id, tdb, satellite, sun, &emission)) {
             call.fails(KL_TRAVEL_TIME_SUN);
             return false;
         }

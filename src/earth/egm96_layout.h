@@ -1,7 +1,7 @@
 // Layout of the EGM96 tables in memory and in the file that tools/egm96_tables.cpp writes: four triangular tables,
 // a gap up to a cache line, then the packed copy. Shared with that tool.
-#ifndef KL_SRC_MODELS_EGM96_LAYOUT_H
-#define KL_SRC_MODELS_EGM96_LAYOUT_H
+#ifndef KL_SRC_EARTH_EGM96_LAYOUT_H
+#define KL_SRC_EARTH_EGM96_LAYOUT_H
 
 #include <cstddef>
 

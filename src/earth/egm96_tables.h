@@ -4,8 +4,8 @@
 // et al., NASA/TP-1998-206861) less the even zonal terms of the WGS84 normal field, CC, CS the correction from height
 // anomaly to geoid undulation (cm; Rapp, J. Geodesy 71, 282-289, 1997). egm96_packed holds the same numbers, scaled and
 // ordered for the kernels of geoid_kernel.h.
-#ifndef KL_SRC_MODELS_EGM96_TABLES_H
-#define KL_SRC_MODELS_EGM96_TABLES_H
+#ifndef KL_SRC_EARTH_EGM96_TABLES_H
+#define KL_SRC_EARTH_EGM96_TABLES_H
 
 #include "earth/egm96_layout.h"
 

@@ -1,7 +1,10 @@
 // Geoid undulation: the published routines of the EGM96 program, and the calls that use them or the kernels.
+#include "earth/geoid.h"
+
 #include "arrays/array_call.h"
 #include "earth/egm96_tables.h"
 #include "earth/geoid_kernel.h"
+#include "earth/legendre.h"
 #include "errors/activation.h"
 #include "models/model_record.h"
 #include "numbers/elementary.h"
@@ -23,10 +26,6 @@ constexpr double kSomigliana = 0.001931852639275089;
 constexpr double kGm = 3.9860044e14;   // m3/s2
 constexpr double kZeroDegree = -0.53;  // m, added to every undulation
 constexpr double kCentimetres = 100.0; // in a metre: CC and CS are in centimetres
-
-constexpr CodeMap kLegfdnToUndu[] = {
-    {KL_LEGFDN_POLE_ERR, KL_GEOID_UNDU_POLE_ERR},
-};
 
 // On purpose: this latitude (deg) is no place but a marker; the Legendre step is skipped and all functions stay zero.
 constexpr double kNoLegendreLatitude = 91.0;
@@ -130,21 +129,19 @@ public:
 
     bool has_memory() const { return scratch_ != nullptr; }
 
-    long go_to(double lat_deg, kl_error_record *legfdn)
+    void go_to(double lat_deg)
     {
         double psi;
         KL_Radgra(&psi, &gravity_, &radius_, lat_deg, 0.0, 0.0);
         if (lat_deg == kNoLegendreLatitude)
-            return KL_OK;
-        const double theta = KL_PI / 2.0 - psi;
+            return;
+        const SineCosine<double> theta = sine_cosine(KL_PI / 2.0 - psi);
         const long degree = legendre_degree(max_degree_);
         for (long m = 0; m <= degree; ++m) {
-            if (KL_Legfdn(m, theta, column_, degree, 0, nullptr, legfdn) != KL_OK)
-                return KL_ERR;
+            legendre_functions(m, theta, column_, degree);
             for (long n = m; n <= degree; ++n)
                 p_[egm96_index(n, m)] = column_[n];
         }
-        return KL_OK;
     }
 
     void at(double lambda, double *correction, double *undulation)
@@ -187,11 +184,7 @@ long undulation_at(const kl_geoid_input &point, GeoidKernel kernel, double *corr
     PlainParallel parallel(earth, point.max_degree);
     if (!parallel.has_memory())
         return KL_ERR;
-    ErrorRecord legfdn;
-    if (parallel.go_to(point.latitude, &legfdn) != KL_OK) {
-        (void)call.stops(KL_FN_LEGFDN, legfdn, kLegfdnToUndu);
-        return KL_ERR;
-    }
+    parallel.go_to(point.latitude);
     double own_correction, own_undulation;
     parallel.at(lambda, correction != nullptr ? correction : &own_correction,
                 undulation != nullptr ? undulation : &own_undulation);
@@ -242,8 +235,7 @@ long plain_grid(const EarthModel &earth, long max_degree, const double *lat, lon
     if (!parallel.has_memory())
         return KL_ERR;
     for (long row = 0; row < n_lat; ++row) {
-        if (parallel.go_to(lat[row], nullptr) != KL_OK)
-            return KL_ERR;
+        parallel.go_to(lat[row]);
         double correction;
         for (long column = 0; column < n_lon; ++column)
             parallel.at(longitude_radians(lon[column]), &correction, undulation++);
@@ -304,7 +296,7 @@ long KL_Geoid_undu(const kl_geoid_input *inputs, double *height_anomaly_correcti
     return undulation_at(*inputs, widest_geoid_kernel(), height_anomaly_correction, undulation, record);
 }
 
-long KL_Geoid_undu_by(long way, const kl_geoid_input *inputs, double *height_anomaly_correction, double *undulation)
+long geoid_undulation_by(long way, const kl_geoid_input *inputs, double *height_anomaly_correction, double *undulation)
 {
     const GeoidKernel kernel = geoid_kernel(way);
     if (inputs == nullptr || (way >= 0 && kernel == nullptr))

@@ -9,8 +9,8 @@
 // the factors are in the packed coefficients.
 //
 // Every order is a lane of its own and nothing is contracted: all kernels give the same bits.
-#ifndef KL_SRC_MODELS_GEOID_KERNEL_H
-#define KL_SRC_MODELS_GEOID_KERNEL_H
+#ifndef KL_SRC_EARTH_GEOID_KERNEL_H
+#define KL_SRC_EARTH_GEOID_KERNEL_H
 
 #include "earth/egm96_layout.h"
 

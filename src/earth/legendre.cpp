@@ -1,11 +1,11 @@
 // Fully normalised Legendre functions of one order, and sines and cosines of the multiples of a longitude.
+#include "earth/legendre.h"
+
 #include "errors/activation.h"
 #include "kl_family.h"
-#include "numbers/elementary.h"
 
 #include <cfloat>
 #include <cmath>
-#include <iterator>
 
 namespace {
 
@@ -26,34 +26,40 @@ double sectoral(long m, double sin_theta)
 } // namespace
 
 // Forward in degree from the sectoral value: Holmes and Featherstone, J. Geodesy 76, 279-299 (2002), section 2.
+void legendre_functions(long m, const SineCosine<double> &theta, double *p, long nmax)
+{
+    const double dm = static_cast<double>(m);
+    for (long n = m; n <= nmax; ++n) {
+        if (n == m) {
+            p[n] = sectoral(m, theta.s);
+            continue;
+        }
+        const double dn = static_cast<double>(n);
+        const double apart = (dn - dm) * (dn + dm);
+        const double a = std::sqrt((2.0 * dn - 1.0) * (2.0 * dn + 1.0) / apart);
+        p[n] = a * theta.c * p[n - 1];
+        if (n > m + 1)
+            p[n] -=
+                std::sqrt((2.0 * dn + 1.0) * (dn + dm - 1.0) * (dn - dm - 1.0) / (apart * (2.0 * dn - 3.0))) * p[n - 2];
+    }
+}
+
 long KL_Legfdn(long m, double theta, double *p, long nmax, long derivatives, double *dp, kl_error_record *record)
 {
     Activation call(KL_FN_LEGFDN, record);
     if (m < 0 || p == nullptr || (derivatives != 0 && dp == nullptr))
         return KL_ERR;
-    const auto [sin_theta, cos_theta] = sine_cosine(theta);
+    const SineCosine<double> of = sine_cosine(theta);
     // Half a turn is not a double: its sine is 1.2e-16.
-    if (derivatives != 0 && std::fabs(sin_theta) < DBL_EPSILON)
+    if (derivatives != 0 && std::fabs(of.s) < DBL_EPSILON)
         return call.fails(KL_LEGFDN_POLE_ERR);
-
+    legendre_functions(m, of, p, nmax);
     const double dm = static_cast<double>(m);
-    for (long n = m; n <= nmax; ++n) {
+    for (long n = m; derivatives != 0 && n <= nmax; ++n) {
         const double dn = static_cast<double>(n);
-        if (n == m) {
-            p[n] = sectoral(m, sin_theta);
-        } else {
-            const double apart = (dn - dm) * (dn + dm);
-            const double a = std::sqrt((2.0 * dn - 1.0) * (2.0 * dn + 1.0) / apart);
-            p[n] = a * cos_theta * p[n - 1];
-            if (n > m + 1)
-                p[n] -= std::sqrt((2.0 * dn + 1.0) * (dn + dm - 1.0) * (dn - dm - 1.0) / (apart * (2.0 * dn - 3.0)))
-                        * p[n - 2];
-        }
-        if (derivatives != 0) {
-            const double previous =
-                n == m ? 0.0 : std::sqrt((2.0 * dn + 1.0) * (dn * dn - dm * dm) / (2.0 * dn - 1.0)) * p[n - 1];
-            dp[n] = (dn * cos_theta * p[n] - previous) / sin_theta;
-        }
+        const double previous =
+            n == m ? 0.0 : std::sqrt((2.0 * dn + 1.0) * (dn * dn - dm * dm) / (2.0 * dn - 1.0)) * p[n - 1];
+        dp[n] = (dn * of.c * p[n] - previous) / of.s;
     }
     return KL_OK;
 }

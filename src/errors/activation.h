@@ -37,6 +37,10 @@ inline long severity_of(int function_id, int code)
     return function_messages(function_id).messages->rows[code].severity;
 }
 
+// Where nobody takes the conditions of an activation but the printer and the last call.
+constexpr kl_error_record *KL_NO_RECORD = nullptr;
+constexpr long *KL_NO_VECTOR = nullptr;
+
 class Activation {
 public:
     // Public function: clears the vector.

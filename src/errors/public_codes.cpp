@@ -141,7 +141,9 @@ long KL_Vector_Err(long public_id, const long *ierr, kl_error_record *record)
     return complete ? 0 : -1;
 }
 
-long kl_get_code(const long *func_id, const long *ierr, long *n_codes, long *codes)
+namespace {
+
+long codes_of_vector(const long *func_id, const long *ierr, long *n_codes, long *codes)
 {
     const PublicFunction row = public_by_id(func_id != nullptr ? *func_id : -1);
     if (row.function_id < 0) {
@@ -163,6 +165,13 @@ long kl_get_code(const long *func_id, const long *ierr, long *n_codes, long *cod
     }
     *n_codes = n;
     return 0;
+}
+
+} // namespace
+
+long kl_get_code(const long *func_id, const long *ierr, long *n_codes, long *codes)
+{
+    return codes_of_vector(func_id, ierr, n_codes, codes);
 }
 
 bool record_of_messages(long public_id, const long *ierr, kl_error_record *record)
@@ -211,7 +220,7 @@ long KL_Check_Error_Code(long public_id, long public_code, const long *ierr, lon
     *found = 0;
     long n = 0;
     long codes[KL_MAX_CODES];
-    kl_get_code(&public_id, ierr, &n, codes);
+    codes_of_vector(&public_id, ierr, &n, codes);
     for (long i = 0; i < n; ++i)
         if (codes[i] == public_code)
             *found = 1;

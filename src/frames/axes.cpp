@@ -1,25 +1,14 @@
 #include "frames/axes.h"
 
-namespace {
-
-// A position with room for the rest.
-struct Position {
-    double vectors[3][4] = {}; // one-based
-    Cord cord = {0, 0, vectors[0], vectors[1], vectors[2]};
-};
-
-} // namespace
+#include "frames/change.h"
 
 bool change_position(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record &date, long from,
                      const double pos[3], long to, double out[3])
 {
-    Position in;
-    Position changed;
-    in.cord.cs = static_cast<std::int32_t>(from);
-    copy_three(pos, in.cord.pos + 1);
-    if (KL_Change_CoordinateSystem(model_id, time_id, 0, &date, &in.cord, to, &changed.cord, nullptr) == KL_ERR)
+    State state = {0, {pos[0], pos[1], pos[2]}, {}, {}};
+    if (!carried(chain_sources(model_id, time_id), date, from, to, &state))
         return false;
-    copy_three(changed.cord.pos + 1, out);
+    copy_three(state.pos, out);
     return true;
 }
 

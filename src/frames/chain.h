@@ -5,7 +5,7 @@
 #ifndef KL_SRC_FRAMES_CHAIN_H
 #define KL_SRC_FRAMES_CHAIN_H
 
-#include "bodies/earth.h"
+#include "ephemerides/earth.h"
 #include "frames/earth_rotation.h"
 #include "frames/precession.h"
 #include "frames/star_frames.h"
@@ -90,6 +90,14 @@ constexpr StepsByCode steps_by_code()
 }
 constexpr StepsByCode kStepsByCode = steps_by_code();
 constexpr const ChainStep *kStep = kStepsByCode.step;
+
+constexpr int step_between(long from, long to)
+{
+    int code = 0;
+    while (kStep[code].from != from || kStep[code].to != to)
+        ++code;
+    return code;
+}
 
 using StepSet = std::uint32_t;
 constexpr StepSet set_of(EdgeKind kind)

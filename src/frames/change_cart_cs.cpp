@@ -1,28 +1,18 @@
 // The public frame change.
 #include "arrays/array_call.h"
-#include "errors/activation.h"
-#include "frames/doors.h"
+#include "frames/chain_instants.h"
+#include "frames/change.h"
 #include "frames/frame_kernels.h"
-#include "frames/instants.h"
-#include "time/scales.h"
-
-#include <iterator>
+#include "time/doors/call_instant.h"
 
 namespace {
 
-constexpr CodeMap kInput[] = {
-    {KL_CHECK_IN_REF, KL_CHANGE_CART_CS_TIME_REF_ERR},
-    {KL_CHECK_IN_DAYS, KL_CHANGE_CART_CS_DATE_ERR},
-};
+constexpr InstantConditions kInstant = {KL_CHANGE_CART_CS_TIME_REF_ERR, KL_CHANGE_CART_CS_DATE_ERR};
 
 bool inside(const long *value, long first, long last)
 {
     return value != nullptr && first <= *value && *value <= last;
 }
-
-} // namespace
-
-namespace {
 
 // ---- the call for one element ----
 
@@ -32,10 +22,8 @@ long change_one(kl_model_id *model_id, kl_time_id *time_id, const long *calc_mod
 {
     Activation call(KL_FN_CHANGE_CART_CS, ierr);
 
-    ErrorRecord check;
-    const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
-    if (KL_Time_check_processing_inputs(KL_PROC, ref, time, &check) != 0
-        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
+    if (refuses_instant(call, kInstant, ref, time))
         return KL_ERR;
     if (!inside(calc_mode, KL_CALC_POS, KL_CALC_POS_VEL_ACC))
         return call.fails(KL_CHANGE_CART_CS_CALC_MODE_ERR);
@@ -49,31 +37,26 @@ long change_one(kl_model_id *model_id, kl_time_id *time_id, const long *calc_mod
         return KL_ERR;
 
     kl_time_record ut1 = {KL_REF_UT1, KL_FORMAT_MJD2000, 0.0};
-    if (KL_Get_time_in_ref(time_id, ref, KL_TIME_UT1, &ut1.value, nullptr, *time) == KL_ERR)
+    if (!on_scale(time_id, ref, KL_TIME_UT1, *time, &ut1.value))
         return call.fails(KL_CHANGE_CART_CS_TIME_ID_ERR);
 
     // On purpose: the whole state is carried, whatever the mode.
-    double vectors[3][4];
-    Cord state = {0, 0, vectors[0], vectors[1], vectors[2]};
-    KL_Cord_Set(*cs_in, 2, pos, vel, acc, &state);
-    ErrorRecord chain;
-    if (KL_Change_CoordinateSystem(model_id, time_id, 2, &ut1, &state, *cs_out, &state, &chain) == KL_ERR) {
-        const bool launch = recorded(KL_FN_CHANGE_COORDINATE_SYSTEM, KL_CHAIN_LIF, chain);
-        return call.fails(launch ? KL_CHANGE_CART_CS_LIF_ERR : KL_CHANGE_CART_CS_TRANSFORMATION_ERR);
-    }
+    State state = {2, {}, {}, {}};
+    copy_three(pos, state.pos);
+    copy_three(vel, state.vel);
+    copy_three(acc, state.acc);
+    if (!carried(chain_sources(model_id, time_id), ut1, *cs_in, *cs_out, &state))
+        return call.fails(*cs_in == KL_LIF || *cs_out == KL_LIF ? KL_CHANGE_CART_CS_LIF_ERR
+                                                                : KL_CHANGE_CART_CS_TRANSFORMATION_ERR);
     constexpr double kZero[3] = {0.0, 0.0, 0.0};
-    copy_three(state.pos + 1, pos_out);
-    copy_three(*calc_mode >= KL_CALC_POS_VEL ? state.vel + 1 : kZero, vel_out);
-    copy_three(*calc_mode == KL_CALC_POS_VEL_ACC ? state.acc + 1 : kZero, acc_out);
+    copy_three(state.pos, pos_out);
+    copy_three(*calc_mode >= KL_CALC_POS_VEL ? state.vel : kZero, vel_out);
+    copy_three(*calc_mode == KL_CALC_POS_VEL_ACC ? state.acc : kZero, acc_out);
 
     double tai = 0.0;
-    if (KL_Get_time_in_ref(time_id, ref, KL_TIME_TAI, &tai, nullptr, *time) == KL_ERR)
+    if (!on_scale(time_id, ref, KL_TIME_TAI, *time, &tai))
         return call.fails(KL_CHANGE_CART_CS_TAI_ERR);
-    kl_std_record instant;
-    KL_Time_p2t_format_to_std(time_id, KL_TIME_TAI, &tai, &instant, nullptr);
-    const long flags = KL_FLAGS_FRAME_CHANGE;
-    long warned = 0;
-    KL_Check_Time_warn_flags(time_id, &instant, &flags, &warned);
+    const long warned = frame_change_warning(time_id, tai);
     if (warned != 0)
         call.warns(static_cast<int>(KL_CHANGE_CART_CS_FORMULA_WARN + warned - 1));
     return call.status();
@@ -109,7 +92,7 @@ Sky<double> sky_at(const Way &way, const ChainInstant &instant)
     sky.simplified = false;
     sky.days = instant.ut1;
     if (way.path.any(set_of(kPoleEdge)))
-        sky.pole = pole_of(way.id->correlation, instant.ut1);
+        sky.pole = pole_of(&way.id->correlation, instant.ut1);
     if (way.with_tdb)
         sky.earth = earth_states(instant.tdb_of_ut1);
     sky.complete(way.path);
@@ -149,7 +132,7 @@ bool fill_instants(const Way &way, long ref, const double *time, long first, lon
 void fill_poles(const Correlation &correlation, long n, FrameInstants *out)
 {
     for (long k = 0; k < n; ++k) {
-        const PoleOf<double> pole = pole_of(correlation, out->days[k]);
+        const PoleOf<double> pole = pole_of(&correlation, out->days[k]);
         out->pole[0][k] = pole.x;
         out->pole[1][k] = pole.y;
         out->pole[2][k] = pole.x_rate;

@@ -1,11 +1,11 @@
 // Sidereal angle and polar motion.
 #include "frames/earth_rotation.h"
+#include "frames/change.h"
 #include "frames/doors.h"
 #include "frames/precession.h"
 #include "models/model_record.h"
 #include "numbers/elementary.h"
-#include "time/pole.h"
-#include "time/scales.h"
+#include "time/time_record.h"
 
 namespace {
 
@@ -19,19 +19,26 @@ AngleOf<double> angle_of(const kl_angle &record)
     return {record.value, record.rate, record.rate_of_rate};
 }
 
+// False where the models have no such angle.
+bool apparent_angle(const kl_model_id *model_id, double ut1_days, kl_angle *angle)
+{
+    const ModelBlocks &models = model_blocks(model_id);
+    if (models.nutation.nutation == nullptr || angle == nullptr)
+        return false;
+    *angle = record_of(sidereal_angle(models.earth, ut1_days, nutation_at(ut1_days)));
+    return true;
+}
+
+bool linear_angle(const kl_model_id *model_id, double ut1_days, kl_angle *angle)
+{
+    const EarthModel &earth = model_blocks(model_id).earth;
+    if (angle == nullptr || !has_linear_angle(earth))
+        return false;
+    *angle = record_of(linear_sidereal_angle(earth, ut1_days));
+    return true;
+}
+
 } // namespace
-
-PoleOf<double> pole_of(const Correlation &correlation, double ut1_days)
-{
-    const Pole pole = pole_at(correlation, ut1_days);
-    return {pole.x, pole.y, pole.x_rate, pole.y_rate};
-}
-
-PoleOf<double> pole_of(const kl_time_id *time_id, double ut1_days)
-{
-    const Correlation *correlation = correlation_of(time_id);
-    return correlation != nullptr ? pole_of(*correlation, ut1_days) : PoleOf<double>{0.0, 0.0, 0.0, 0.0};
-}
 
 void KL_Precession(double days, kl_precession *angles)
 {
@@ -51,25 +58,18 @@ void KL_Sim_Nut_Term(double days, kl_nutation *nutation)
 
 long KL_H_Angle(kl_model_id *model_id, double ut1_days, kl_angle *angle)
 {
-    const ModelBlocks &models = model_blocks(model_id);
-    if (models.nutation.nutation == nullptr || angle == nullptr)
-        return KL_ERR;
-    *angle = record_of(sidereal_angle(models.earth, ut1_days, nutation_at(ut1_days)));
-    return 0;
+    return apparent_angle(model_id, ut1_days, angle) ? 0 : long{KL_ERR};
 }
 
 long KL_H_Angle_Sim(kl_model_id *model_id, double ut1_days, kl_angle *angle)
 {
-    if (angle == nullptr || !has_linear_angle(model_blocks(model_id).earth))
-        return KL_ERR;
-    *angle = record_of(linear_sidereal_angle(model_blocks(model_id).earth, ut1_days));
-    return 0;
+    return linear_angle(model_id, ut1_days, angle) ? 0 : long{KL_ERR};
 }
 
 long KL_Earth_Rotation(kl_model_id *model_id, double ut1_days, kl_rotation_record *rotation)
 {
     kl_angle angle;
-    if (KL_H_Angle(model_id, ut1_days, &angle) != 0)
+    if (!apparent_angle(model_id, ut1_days, &angle))
         return KL_ERR;
     fill_record(z_turn(angle_of(angle)), rotation);
     return 0;
@@ -78,7 +78,7 @@ long KL_Earth_Rotation(kl_model_id *model_id, double ut1_days, kl_rotation_recor
 long KL_Earth_Rotation_Sim(kl_model_id *model_id, double ut1_days, kl_rotation_record *rotation)
 {
     kl_angle angle;
-    if (KL_H_Angle_Sim(model_id, ut1_days, &angle) != 0)
+    if (!linear_angle(model_id, ut1_days, &angle))
         return KL_ERR;
     fill_record(z_turn(angle_of(angle)), rotation);
     return 0;
@@ -89,7 +89,7 @@ long KL_Earth_Rotation_Delta(kl_model_id *model_id, double ut1_days, double refe
 {
     kl_angle now;
     kl_angle then;
-    if (KL_H_Angle(model_id, ut1_days, &now) != 0 || KL_H_Angle(model_id, reference_days, &then) != 0)
+    if (!apparent_angle(model_id, ut1_days, &now) || !apparent_angle(model_id, reference_days, &then))
         return KL_ERR;
     now.value -= reduced_to_360(then.value + reference_angle);
     fill_record(z_turn(angle_of(now)), rotation);
@@ -98,6 +98,6 @@ long KL_Earth_Rotation_Delta(kl_model_id *model_id, double ut1_days, double refe
 
 long KL_Polar_Motion_Rotation(kl_time_id *time_id, double ut1_days, kl_rotation_record *rotation)
 {
-    fill_record(polar_motion_turns(pole_of(time_id, ut1_days)), rotation);
+    fill_record(polar_motion_turns(pole_of(correlation_of(time_id), ut1_days)), rotation);
     return 0;
 }

@@ -90,8 +90,11 @@ struct ModelIdRecord {
     ModelBlocks blocks;
 };
 
+// The blocks of a default model: every routine by its name. Wired above all floors that it knows (src/wiring).
+extern const ModelBlocks KL_DEFAULT_BLOCKS;
+
 // The blocks of an initialised id; of an uninitialised one (or NULL) the default blocks, which are constant: a default
-// model for one call costs nothing. Defined where the record is wired (src/models/model_id.cpp).
+// model for one call costs nothing.
 const ModelBlocks &model_blocks(const kl_model_id *model_id);
 
 #endif

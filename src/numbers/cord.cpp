@@ -23,13 +23,6 @@ void KL_Cord_Set(long cs, long order, const double pos[3], const double vel[3], 
     copy_three(acc, cord->acc + 1);
 }
 
-void KL_Cord_to_flat(const Cord *cord, double pos[3], double vel[3], double acc[3])
-{
-    KL_copy_v(cord->pos + 1, 3, pos);
-    KL_copy_v(cord->vel + 1, 3, vel);
-    KL_copy_v(cord->acc + 1, 3, acc);
-}
-
 void KL_Cord_Reset(Cord *cord)
 {
     constexpr double kZero[3] = {0.0, 0.0, 0.0};

@@ -206,22 +206,6 @@ double KL_dm_det(double *const *a)
     return determinant3(view(a));
 }
 
-// ---- between flat and one-based ----
-
-void KL_dm_to_flat(double *const *a, double out[9])
-{
-    for (int i = 0; i < 3; ++i)
-        for (int j = 0; j < 3; ++j)
-            out[3 * i + j] = a[i + 1][j + 1];
-}
-
-void KL_flat_to_dm(const double a[9], double **out)
-{
-    for (int i = 0; i < 3; ++i)
-        for (int j = 0; j < 3; ++j)
-            out[i + 1][j + 1] = a[3 * i + j];
-}
-
 // ---- a vector with its derivatives ----
 
 long KL_Alloc_vec_der(kl_vec_der *block)

@@ -81,6 +81,21 @@ void sin_cos(const T (&angle)[N], T (&sine)[N], T (&cosine)[N])
     for (std::size_t i = 0; i < N; ++i)
         sin_cos(angle[i], sine[i], cosine[i]);
 }
+// Of doubles two at a time.
+template <std::size_t N>
+void sin_cos(const double (&angle)[N], double (&sine)[N], double (&cosine)[N])
+{
+    std::size_t i = 0;
+    for (; i + 1 < N; i += 2) {
+        Pack<2> a, s, c;
+        std::memcpy(&a, angle + i, sizeof a);
+        sin_cos(a, s, c);
+        std::memcpy(sine + i, &s, sizeof s);
+        std::memcpy(cosine + i, &c, sizeof c);
+    }
+    if (i < N)
+        sin_cos(angle[i], sine[i], cosine[i]);
+}
 
 // Of degrees: whole quarters of a turn are exact. For angles below 2^53.
 template <class T, std::size_t N>

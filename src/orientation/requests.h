@@ -59,6 +59,17 @@ inline long status_of(const OrientationPath &path, long notes)
     return (notes & asked) != 0 ? long{KL_WARN} : long{KL_OK};
 }
 
+// The calls for one instant.
+long earth_orientation_of_one(kl_time_id *time_id, const long *corrections, const long *time_ref, const double *time,
+                              kl_earth_orientation *out);
+long iers_matrix_of_one(kl_time_id *time_id, const long *corrections, const long *cs_in, const long *cs_out,
+                        const long *time_ref, const double *time, const long *calc_mode, double r[9], double dr[9],
+                        double ddr[9]);
+long iers_change_of_one(kl_time_id *time_id, const long *corrections, const long *calc_mode, const long *cs_in,
+                        const long *cs_out, const long *time_ref, const double *time, const double pos[3],
+                        const double vel[3], const double acc[3], double pos_out[3], double vel_out[3],
+                        double acc_out[3]);
+
 inline OrientationPath path_of(long cs_in, long cs_out, long corrections)
 {
     return {kRankOfFrame[cs_in], kRankOfFrame[cs_out], corrections};

@@ -2,6 +2,7 @@
 #include "runs/runs.h"
 #include "errors/activation.h"
 #include "ids/id_record.h"
+#include "satellites/satellites.h"
 
 #include <cstdlib>
 #include <iterator>
@@ -96,8 +97,7 @@ int reserve(long *slot, RunRecord **run)
 // Checks the ids and fills the record of a reserved slot: kReserved, or the condition that prevents it.
 int fill(RunRecord *run, long slot, const long *sat_id, kl_time_id *time_id, kl_model_id *model_id)
 {
-    ErrorRecord check;
-    if (KL_Check_sat_id(sat_id, &check) != 0)
+    if (!checked_satellite(sat_id))
         return KL_RUN_INIT_SAT_ID_ERR;
     if (KL_Id_init_status(time_id) == 0)
         return KL_RUN_INIT_TIME_ID_ERR;
@@ -161,17 +161,24 @@ long kl_run_init_status(const long *run_id)
     return initialised_run(run_id) != nullptr ? 1 : 0;
 }
 
+namespace {
+
+long status_of_kind(RunRecord *run, long kind)
+{
+    if (kind == KL_ID_RUN)
+        return 1;
+    // On purpose: of the kinds that the higher libraries attach only the first is known here.
+    if (kind < KL_ID_RUN || kind > KL_RUN_SIBLING_KINDS[0])
+        return 0;
+    return KL_Id_init_status(slot_of_kind(run, kind));
+}
+
+} // namespace
+
 long kl_run_id_status(const long *run_id, const long *kind)
 {
     RunRecord *run = initialised_run(run_id);
-    if (run == nullptr || kind == nullptr)
-        return 0;
-    if (*kind == KL_ID_RUN)
-        return 1;
-    // On purpose: of the kinds that the higher libraries attach only the first is known here.
-    if (*kind < KL_ID_RUN || *kind > KL_RUN_SIBLING_KINDS[0])
-        return 0;
-    return KL_Id_init_status(slot_of_kind(run, *kind));
+    return run != nullptr && kind != nullptr ? status_of_kind(run, *kind) : 0;
 }
 
 long kl_run_get_ids(const long *run_id, long *sat_id, kl_time_id *time_id, kl_model_id *model_id)
@@ -214,7 +221,7 @@ long KL_Run_Generic_close(const long *run_id, long kind)
 {
     RunRecord *run = initialised_run(run_id);
     // On purpose: the status knows the kinds 1 to 4, so the slots of the kinds from 7 on are never cleared.
-    if (run == nullptr || kl_run_id_status(run_id, &kind) == 0)
+    if (run == nullptr || status_of_kind(run, kind) == 0)
         return 0;
     if (kl_id_record **slot = slot_of_kind(run, kind))
         *slot = nullptr;

@@ -49,7 +49,7 @@ void fill_row(long slot, const kd_sat_init &data)
 {
     std::memcpy(kl_default_sat_names[slot], data.name, sizeof data.name);
     std::memcpy(slot_sp3[slot], data.sp3_id, sizeof data.sp3_id);
-    kl_set_sp3_sat_data(slot, slot_sp3[slot]);
+    put_text(KL_SP3_PARAMS[slot], slot_sp3[slot]);
     kl_tle_sat_data &catalogue = TLE_SAT_DATA[slot];
     catalogue.catalogue_number = data.catalogue_number;
     std::memcpy(catalogue.name, data.catalogue_name, sizeof catalogue.name);

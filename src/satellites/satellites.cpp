@@ -34,6 +34,24 @@ long usable_row_of(const long *sat_id)
     return is_default_satellite(row) && !slot_in_use(row) ? -1 : row;
 }
 
+long check_satellite(const long *sat_id, kl_error_record *error)
+{
+    Activation call(KL_FN_CHECK_SAT_ID, error);
+    return usable_row_of(sat_id) < 0 ? call.fails(KL_CHECK_SAT_ID) : call.status();
+}
+
+// The row of a usable id, or -1 with the condition of KL_Sat_id_to_array.
+long checked_row(const long *sat_id, kl_error_record *error)
+{
+    Activation call(KL_FN_SAT_ID_TO_ARRAY, error);
+    const long row = row_of(sat_id);
+    if (row < 0)
+        return call.fails(KL_SAT_TO_ARRAY_ID);
+    if (is_default_satellite(row) && !slot_in_use(row))
+        return call.fails(KL_SAT_TO_ARRAY_FREE_SLOT);
+    return row;
+}
+
 double period_of(double semi_major_axis)
 {
     return KL_TWO_PI / std::sqrt(kGm / (semi_major_axis * semi_major_axis * semi_major_axis));
@@ -57,9 +75,8 @@ long get_period(int function_id, const long *sat_id, const double (&axes)[KL_N_S
                 double *period, kl_error_record *error)
 {
     Activation call(function_id, error);
-    ErrorRecord mapping;
-    long row = 0;
-    if (KL_Sat_id_to_array(sat_id, &row, &mapping) != 0)
+    const long row = checked_row(sat_id, KL_NO_RECORD);
+    if (row < 0)
         return call.fails(KL_PERIOD_SAT_ID);
     double axis = read_cell(axes[row]);
     if (axis < kEarthRadius) {
@@ -72,10 +89,14 @@ long get_period(int function_id, const long *sat_id, const double (&axes)[KL_N_S
 
 } // namespace
 
+bool checked_satellite(const long *sat_id)
+{
+    return check_satellite(sat_id, KL_NO_RECORD) == 0;
+}
+
 long KL_Check_sat_id(const long *sat_id, kl_error_record *error)
 {
-    Activation call(KL_FN_CHECK_SAT_ID, error);
-    return usable_row_of(sat_id) < 0 ? call.fails(KL_CHECK_SAT_ID) : 0;
+    return check_satellite(sat_id, error);
 }
 
 long KL_Check_Geo_sat_id(const long *sat_id, kl_error_record *error)
@@ -86,12 +107,9 @@ long KL_Check_Geo_sat_id(const long *sat_id, kl_error_record *error)
 
 long KL_Sat_id_to_array(const long *sat_id, long *index, kl_error_record *error)
 {
-    Activation call(KL_FN_SAT_ID_TO_ARRAY, error);
-    const long row = row_of(sat_id);
+    const long row = checked_row(sat_id, error);
     if (row < 0)
-        return call.fails(KL_SAT_TO_ARRAY_ID);
-    if (is_default_satellite(row) && !slot_in_use(row))
-        return call.fails(KL_SAT_TO_ARRAY_FREE_SLOT);
+        return KL_ERR;
     *index = row;
     return 0;
 }
@@ -132,10 +150,10 @@ long KL_Get_max_period(const long *sat_id, double *period, kl_error_record *erro
 
 long kl_set_tle_sat_data(const long *sat_id, const long *catalogue_number, const char *name, const char *designator)
 {
-    ErrorRecord mapping;
-    long row = 0;
-    if (catalogue_number == nullptr || name == nullptr || designator == nullptr
-        || KL_Sat_id_to_array(sat_id, &row, &mapping) != 0 || is_default_satellite(row))
+    if (catalogue_number == nullptr || name == nullptr || designator == nullptr)
+        return -1;
+    const long row = checked_row(sat_id, KL_NO_RECORD);
+    if (row < 0 || is_default_satellite(row))
         return -1;
     kl_tle_sat_data &data = TLE_SAT_DATA[row];
     data.catalogue_number = *catalogue_number;
@@ -156,9 +174,10 @@ long KL_Get_tle_sat_data(const long *sat_id, long *catalogue_number, char *name,
 
 long kl_set_sp3_sat_data(long sat_id, const char *identifier)
 {
-    ErrorRecord mapping;
-    long row = 0;
-    if (identifier == nullptr || KL_Sat_id_to_array(&sat_id, &row, &mapping) != 0)
+    if (identifier == nullptr)
+        return -1;
+    const long row = checked_row(&sat_id, KL_NO_RECORD);
+    if (row < 0)
         return -1;
     put_text(KL_SP3_PARAMS[row], identifier);
     return 0;

@@ -33,6 +33,8 @@ struct RowOfId {
 };
 extern const RowOfId kRowOfId;
 
+// For doors: KL_Check_sat_id of a caller's id, with its line. False for an id that is none.
+bool checked_satellite(const long *sat_id);
 
 inline bool is_default_satellite(long sat_id)
 {

@@ -14,10 +14,6 @@ constexpr double KL_PROCESSING_LAST = 36524.0;   // 2099-12-31 00:00:00
 constexpr double KL_CALENDAR_END = 36525.0;      // 2100-01-01 00:00:00, excluded
 constexpr long KL_GPS_EPOCH_DAY = -7300;         // 1980-01-06
 
-// References and formats of a kl_time_record.
-enum { KL_REF_TDB = 1, KL_REF_2 = 2, KL_REF_TAI = 3, KL_REF_UT1 = 4, KL_REF_UTC = 5, KL_REF_GPS = 6 };
-enum { KL_FORMAT_JULIAN = 1, KL_FORMAT_1950 = 2, KL_FORMAT_MJD2000 = 3 };
-
 // Is it one of the four public references?
 inline bool is_time_ref(long ref)
 {

@@ -8,10 +8,6 @@
 #include <atomic>
 #include <cstdint>
 
-// The once-only warnings keep two sets of "previous computation" flags: the conversions use one, frame changes the
-// other, so that a conversion inside a frame change does not spend the warning that the frame change has to give.
-enum { KL_FLAGS_CONVERSION = 0, KL_FLAGS_FRAME_CHANGE = 1 };
-
 // Was the previous computation in the good region of each once-only warning? F1, F2, F3; relaxed.
 struct OnceOnlyFlags {
     std::atomic<std::int32_t> was_inside[3];
@@ -19,8 +15,8 @@ struct OnceOnlyFlags {
 
 struct TimeIdRecord {
     kl_id_record head;
-    OnceOnlyFlags once_only[2];
-    Correlation correlation; // its arrays are the record's, made by calloc or malloc
+    OnceOnlyFlags once_only[2]; // by KL_FLAGS_*
+    Correlation correlation;    // its arrays are the record's, made by calloc or malloc
 };
 
 // The record of an initialised id, else null.

@@ -1,4 +1,5 @@
 // Geoid undulation: truth, agreement of the ways to compute it, conditions.
+#include "earth/geoid.h"
 #include "earth/geoid_truth.inc"
 #include "models/model_record.h"
 #include "support/captured_stream.h"
@@ -76,7 +77,7 @@ TEST(Geoid, ExtendedPrecisionValuesByEveryWay)
             SCOPED_TRACE(testing::Message() << "way " << way << ": " << row.lat << ' ' << row.lon << ' ' << row.degree);
             const kl_geoid_input at = point(row.lat, row.lon, row.degree);
             double correction = kUntouched, value = kUntouched;
-            if (KL_Geoid_undu_by(way, &at, &correction, &value) != 0 && way > 0)
+            if (geoid_undulation_by(way, &at, &correction, &value) != 0 && way > 0)
                 continue; // not on this machine
             EXPECT_NEAR(value, row.undulation, kGeoidRounding);
             EXPECT_NEAR(correction, row.correction, kGeoidRounding);
@@ -92,10 +93,10 @@ TEST(Geoid, EveryKernelGivesTheSameBitsAndForeignTablesTheSameNumbersByThePublis
         kl_geoid_input at = place_of(degree);
         SCOPED_TRACE(testing::Message() << at.latitude << ' ' << at.longitude << " degree " << at.max_degree);
         double expected, correction, value, its_correction;
-        ASSERT_EQ(KL_Geoid_undu_by(0, &at, &correction, &expected), 0);
+        ASSERT_EQ(geoid_undulation_by(0, &at, &correction, &expected), 0);
         EXPECT_EQ(undulation(at), expected) << "the one chosen at load";
         for (long way : {1L, 2L})
-            if (KL_Geoid_undu_by(way, &at, &its_correction, &value) == 0) {
+            if (geoid_undulation_by(way, &at, &its_correction, &value) == 0) {
                 EXPECT_TRUE(value == expected && its_correction == correction) << "way " << way;
             }
         at.model_id = &foreign.id;
@@ -147,7 +148,7 @@ TEST(Geoid, ThreadsWithSmallStacksDoNotMeet)
     const auto work = [](void *found) -> void * {
         for (long n = 0; n < 2 * 361; ++n) {
             const kl_geoid_input at = place_of(n / 2);
-            KL_Geoid_undu_by(n % 2 - 1, &at, nullptr, static_cast<double *>(found) + n);
+            geoid_undulation_by(n % 2 - 1, &at, nullptr, static_cast<double *>(found) + n);
         }
         return nullptr;
     };

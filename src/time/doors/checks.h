@@ -10,10 +10,6 @@
 #include "time/formats/typed_texts.h"
 #include "time/staircase.h"
 
-// Where nobody takes the conditions of an activation but the printer.
-constexpr kl_error_record *KL_NO_RECORD = nullptr;
-constexpr long *KL_NO_VECTOR = nullptr;
-
 // In verbose mode the line of a check that met a fault.
 inline void print_fault(int check, const Fault &fault)
 {

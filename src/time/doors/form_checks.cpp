@@ -39,9 +39,10 @@ long KL_Time_p2t_format_to_std(kl_time_id *time_id, long ref, const double *time
     }
     const Moment<double> moment = moment_of(*time);
     *out = record_of(moment);
-    if (out->seconds == 86400 && ref == KL_TIME_UTC
-        && KL_Time_check_leap_second(time_id, ref, out, nullptr, nullptr) != 0)
+    if (out->seconds == 86400 && ref == KL_TIME_UTC && !inside_processing_range(moment.days)) {
+        Activation(KL_FN_TIME_CHECK_LEAP_SECOND, KL_NO_RECORD).fails(KL_LEAP_CHECK_DATE);
         return call.fails(KL_P2T_LEAP_SECOND);
+    }
     *out = record_of(midnight_carried(correlation_of(time_id), ref, moment));
     return call.status();
 }

@@ -1,5 +1,6 @@
 // On-board clocks: the four mission formats, to processing time and back.
 #include "arrays/array_call.h"
+#include "satellites/satellites.h"
 #include "time/clocks/mission_clocks.h"
 #include "time/doors/checks.h"
 
@@ -32,7 +33,7 @@ Fault checked(long ref, const double *time)
 // recorded.
 long check_to_time(Activation &call, long satellite, long ref, const void *parameters, bool obt_is_tagged)
 {
-    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK)
+    if (!checked_satellite(&satellite))
         return call.fails(KL_TIME_OBT_TO_TIME_SAT_ID_ERR);
     if (!is_tagged(parameters, satellite) || !obt_is_tagged)
         return call.fails(KL_TIME_OBT_TO_TIME_TAG_ERR);
@@ -60,7 +61,7 @@ long to_time(Activation &call, long satellite, const void *parameters, const voi
 long check_to_obt(Activation &call, long satellite, long ref, const void *parameters, const double *time,
                   bool obt_is_tagged)
 {
-    if (KL_Check_sat_id(&satellite, nullptr) != KL_OK)
+    if (!checked_satellite(&satellite))
         return call.fails(KL_TIME_TIME_TO_OBT_SAT_ID_ERR);
     if (!is_tagged(parameters, satellite) || !obt_is_tagged)
         return call.fails(KL_TIME_TIME_TO_OBT_TAG_ERR);

@@ -240,7 +240,7 @@ long kl_time_ref_init_file(const long *model, const long *n_files, const char *c
     Request request;
     if (time_id == nullptr)
         return KL_ERR;
-    if (kl_time_init_status(time_id) != 0)
+    if (time_record_of(time_id) != nullptr)
         return call.fails(KL_TIME_REF_INIT_FILE_ID_ERR);
     if (model == nullptr || !is_file_model(*model))
         return call.fails(KL_TIME_REF_INIT_FILE_MODEL_ERR);
@@ -261,7 +261,7 @@ long kl_time_id_init(const long *n_files, const char *const files[], const long 
     Request request;
     if (time_id == nullptr)
         return KL_ERR;
-    if (kl_time_init_status(time_id) != 0)
+    if (time_record_of(time_id) != nullptr)
         return call.fails(KL_TIME_REF_INIT_FILE_ID_ERR);
     if (n_files == nullptr || *n_files < 0 || *n_files > kMostFiles)
         return call.fails(KL_TIME_REF_INIT_FILE_COUNT_ERR);

@@ -71,7 +71,7 @@ long kl_time_ref_init(const double tri_time[4], const long * /*orbit*/, const do
     Activation call(KL_FN_TIME_REF_INIT, ierr);
     if (time_id == nullptr)
         return KL_ERR;
-    if (kl_time_init_status(time_id) != 0)
+    if (time_record_of(time_id) != nullptr)
         return call.fails(KL_TIME_REF_INIT_ID_ERR);
     ErrorRecord check;
     if (KL_Time_ref_init_check_inputs(tri_time, &check) == KL_ERR

@@ -1,6 +1,6 @@
 // CCSDS OEM as "KEY = value" lines, and the time that both writings of an OEM hold.
-#include "time/files/instants.h"
 #include "time/files/oem.h"
+#include "time/files/written_instants.h"
 #include "time/scales.h"
 
 namespace time_files {

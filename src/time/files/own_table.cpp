@@ -1,7 +1,7 @@
 // The library's own table: "KL_TIME_CORRELATION 1", then rows "yyyy-mm-ddThh:mm:ss[.ffffff] TAI-UTC UT1-UTC [x y]"
 // (UTC; s, s, arcsec), increasing; # begins a comment; optional "FORMULA a b c" (s, s a day, MJD2000).
-#include "time/files/instants.h"
 #include "time/files/lines.h"
+#include "time/files/written_instants.h"
 
 #include <cmath>
 

@@ -1,46 +1,15 @@
-// Model ids, and the wiring of the model record: the one place that knows every routine behind it.
-#include "earth/egm96_tables.h"
+// Model ids and their records.
 #include "errors/activation.h"
 #include "models/model_record.h"
 
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
-#include <iterator>
 
 namespace {
 
 constexpr long kNoSatellite = -1;
 constexpr int kKinds = 9;
-
-const ModelBlocks kDefaultBlocks = {
-    {0,            // Earth
-     6378136.0,    // gravity reference radius, m
-     3.9860044e14, // GM, m3/s2
-     0.001082626,
-     -2.536e-06,
-     -1.623e-06, // J2, J3, J4
-     6378137.0,
-     6356752.3142, // axes of the ellipsoid, m (WGS84)
-     0.0818191908426,
-     0.0033528106647474805,                       // first eccentricity, flattening
-     {99.96779469, 360.985647366286, 2.9079e-13}, // deg, deg/day, deg/day2 (GMST 1982 from 2000-01-01 00:00)
-     {99.96779469, 360.9856473, 2.9079e-13},      // the same with a rounded rate
-     0,
-     kEgm96Count,
-     HC_EGM96,
-     HS_EGM96,
-     CC_EGM96,
-     CS_EGM96},
-    {0, KL_Sun_PosVel, KL_Earth},
-    {0, KL_Moon_PosVel},
-    {0, KL_Planets},
-    {0, KL_Star_place},
-    {0, KL_Sim_Nut_Term},
-    {0, KL_Precession},
-    {0, 149597870.0}, // km
-    {0},
-};
 
 // Where the block of each kind lies, and the largest selection that it takes. Each block begins with its value.
 struct Kind {
@@ -71,7 +40,7 @@ char *block_at(ModelBlocks *blocks, int kind)
 void fill_block(ModelBlocks *blocks, int kind, long value)
 {
     char *block = block_at(blocks, kind);
-    std::memcpy(block, reinterpret_cast<const char *>(&kDefaultBlocks) + kKind[kind].offset, kKind[kind].size);
+    std::memcpy(block, reinterpret_cast<const char *>(&KL_DEFAULT_BLOCKS) + kKind[kind].offset, kKind[kind].size);
     std::memcpy(block, &value, sizeof value);
 }
 
@@ -80,17 +49,8 @@ ModelIdRecord *initialised_record(const kl_model_id *model_id)
     return KL_Id_init_status(model_id) == 1 ? static_cast<ModelIdRecord *>(model_id->record) : nullptr;
 }
 
-} // namespace
-
-const ModelBlocks &model_blocks(const kl_model_id *model_id)
+long init(Activation &call, const long *mode, const long models[9], kl_model_id *model_id)
 {
-    const ModelIdRecord *record = initialised_record(model_id);
-    return record != nullptr ? record->blocks : kDefaultBlocks;
-}
-
-long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id, long *ierr)
-{
-    Activation call(KL_FN_MODEL_INIT, ierr);
     if (mode == nullptr || model_id == nullptr)
         return KL_ERR;
     if (initialised_record(model_id) != nullptr)
@@ -115,6 +75,20 @@ long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id
         fill_block(&record->blocks, kind, value);
     }
     return call.status();
+}
+
+} // namespace
+
+const ModelBlocks &model_blocks(const kl_model_id *model_id)
+{
+    const ModelIdRecord *record = initialised_record(model_id);
+    return record != nullptr ? record->blocks : KL_DEFAULT_BLOCKS;
+}
+
+long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id, long *ierr)
+{
+    Activation call(KL_FN_MODEL_INIT, ierr);
+    return init(call, mode, models, model_id);
 }
 
 long kl_model_init_status(kl_model_id *model_id)
@@ -160,9 +134,12 @@ void *KL_Model_get_data(kl_model_id *model_id, long kind)
 {
     if (model_id == nullptr)
         return nullptr;
-    const long mode = KL_MODEL_DEFAULT;
-    if (initialised_record(model_id) == nullptr && kl_model_init(&mode, nullptr, model_id, nullptr) != KL_OK)
-        return nullptr;
+    if (initialised_record(model_id) == nullptr) {
+        const long mode = KL_MODEL_DEFAULT;
+        Activation call(KL_FN_MODEL_INIT, KL_NO_VECTOR);
+        if (init(call, &mode, nullptr, model_id) != KL_OK)
+            return nullptr;
+    }
     if (kind == -1)
         kind = KL_MODEL_EARTH;
     return kind >= 0 && kind < kKinds ? block_at(&initialised_record(model_id)->blocks, static_cast<int>(kind))

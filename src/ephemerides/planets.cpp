@@ -1,5 +1,5 @@
 // The planets for the family.
-#include "bodies/planets.h"
+#include "ephemerides/planets.h"
 #include "errors/activation.h"
 #include "time/scales.h"
 
@@ -8,20 +8,25 @@ namespace {
 // Status of KL_SlaPlanet.
 enum { kNoSuchPlanet = -1, kGood = 0, kBeyondMillennium = 1, kNotConverged = 2 };
 
+// AU, AU/s.
+long planet_at(long planet, double pv[6], double mjd_tdb)
+{
+    if (planet < KL_MERCURY || planet > KL_NEPTUNE) {
+        for (int i = 0; i < 6; ++i)
+            pv[i] = 0.0;
+        return kNoSuchPlanet;
+    }
+    const double t = planet_millennia(mjd_tdb);
+    bool converged = false;
+    planet_vectors(kPlanets[planet - 1], t, pv, &converged);
+    return !converged ? kNotConverged : std::fabs(t) <= 1.0 ? kGood : kBeyondMillennium;
+}
+
 } // namespace
 
 void KL_SlaPlanet(long np, double pv[6], long *jstat, double date)
 {
-    if (np < KL_MERCURY || np > KL_NEPTUNE) {
-        *jstat = kNoSuchPlanet;
-        for (int i = 0; i < 6; ++i)
-            pv[i] = 0.0;
-        return;
-    }
-    const double t = planet_millennia(date);
-    bool converged = false;
-    planet_vectors(kPlanets[np - 1], t, pv, &converged);
-    *jstat = !converged ? kNotConverged : std::fabs(t) <= 1.0 ? kGood : kBeyondMillennium;
+    *jstat = planet_at(np, pv, date);
 }
 
 // On purpose: reference and format of the record are not checked here, unlike Earth and Moon; the value alone counts.
@@ -31,8 +36,7 @@ long KL_Planets(long planet, const kl_time_record *tdb, Cord *state, kl_error_re
     if (planet < KL_MERCURY || planet > KL_NEPTUNE)
         return call.fails(KL_PLANETS_CODE);
     double pv[6];
-    long status;
-    KL_SlaPlanet(planet, pv, &status, mjd_of(*tdb));
+    const long status = planet_at(planet, pv, mjd_of(*tdb));
     if (status < 0)
         return call.fails(KL_PLANETS_INTERNAL);
     if (status == kBeyondMillennium)

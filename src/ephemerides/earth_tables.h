@@ -1,7 +1,7 @@
 // Coefficients of the low-precision ephemeris of the Earth, P. Stumpff, Astron. Astrophys. Suppl. Ser. 41, 1-8 (1980).
 // T: Julian centuries from 1900 January 0.5 (MJD 15019.5).
-#ifndef KL_SRC_BODIES_EARTH_TABLES_H
-#define KL_SRC_BODIES_EARTH_TABLES_H
+#ifndef KL_SRC_EPHEMERIDES_EARTH_TABLES_H
+#define KL_SRC_EPHEMERIDES_EARTH_TABLES_H
 
 #include <iterator>
 

@@ -1,9 +1,9 @@
 // The Earth: barycentric and heliocentric state, P. Stumpff, Astron. Astrophys. Suppl. Ser. 41, 1-8 (1980).
-#ifndef KL_SRC_BODIES_EARTH_H
-#define KL_SRC_BODIES_EARTH_H
+#ifndef KL_SRC_EPHEMERIDES_EARTH_H
+#define KL_SRC_EPHEMERIDES_EARTH_H
 
-#include "bodies/earth_tables.h"
-#include "bodies/equinox.h"
+#include "ephemerides/earth_tables.h"
+#include "ephemerides/equinox.h"
 
 #include <cstddef>
 

@@ -1,8 +1,8 @@
 // Mean elements and trigonometric terms of the planets, J. L. Simon, P. Bretagnon, J. Chapront, M. Chapront-Touze,
 // G. Francou, J. Laskar, Astron. Astrophys. 282, 663 (1994).
 // T: Julian millennia of 365250 days from J2000.0.
-#ifndef KL_SRC_BODIES_PLANET_TABLES_H
-#define KL_SRC_BODIES_PLANET_TABLES_H
+#ifndef KL_SRC_EPHEMERIDES_PLANET_TABLES_H
+#define KL_SRC_EPHEMERIDES_PLANET_TABLES_H
 
 #include <iterator>
 

@@ -1,5 +1,5 @@
 // Precession and rotations for the family.
-#include "bodies/equinox.h"
+#include "ephemerides/equinox.h"
 
 void KL_SlaDeuler(const char *order, double phi, double theta, double psi, double rmat[3][3])
 {

@@ -27,10 +27,9 @@ void copy_nine(const double (&from)[1][9], bool wanted, double *to)
 
 } // namespace
 
-long kl_earth_orientation_get(kl_time_id *time_id, const long *corrections, const long *time_ref, const double *time,
-                              kl_earth_orientation *out, long *ierr)
+long earth_orientation_of_one(kl_time_id *time_id, const long *corrections, const long *time_ref, const double *time,
+                              kl_earth_orientation *out)
 {
-    clear(ierr);
     const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
     if (request.correlation == nullptr || out == nullptr || !prepared(request, time, 0, &instant))
@@ -54,11 +53,10 @@ long kl_earth_orientation_get(kl_time_id *time_id, const long *corrections, cons
     return instant.eop.notes != 0 ? long{KL_WARN} : long{KL_OK};
 }
 
-long kl_iers_matrix(kl_time_id *time_id, const long *corrections, const long *cs_in, const long *cs_out,
-                    const long *time_ref, const double *time, const long *calc_mode, double r[9], double dr[9],
-                    double ddr[9], long *ierr)
+long iers_matrix_of_one(kl_time_id *time_id, const long *corrections, const long *cs_in, const long *cs_out,
+                        const long *time_ref, const double *time, const long *calc_mode, double r[9], double dr[9],
+                        double ddr[9])
 {
-    clear(ierr);
     const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
     if (request.correlation == nullptr || !is_frame(cs_in) || !is_frame(cs_out) || !is_mode(calc_mode) || r == nullptr
@@ -75,12 +73,11 @@ long kl_iers_matrix(kl_time_id *time_id, const long *corrections, const long *cs
     return status_of(path, instant.eop.notes);
 }
 
-long kl_iers_change(kl_time_id *time_id, const long *corrections, const long *calc_mode, const long *cs_in,
-                    const long *cs_out, const long *time_ref, const double *time, const double pos[3],
-                    const double vel[3], const double acc[3], double pos_out[3], double vel_out[3], double acc_out[3],
-                    long *ierr)
+long iers_change_of_one(kl_time_id *time_id, const long *corrections, const long *calc_mode, const long *cs_in,
+                        const long *cs_out, const long *time_ref, const double *time, const double pos[3],
+                        const double vel[3], const double acc[3], double pos_out[3], double vel_out[3],
+                        double acc_out[3])
 {
-    clear(ierr);
     const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
     if (request.correlation == nullptr || !is_mode(calc_mode) || !is_frame(cs_in) || !is_frame(cs_out)
@@ -93,4 +90,29 @@ long kl_iers_change(kl_time_id *time_id, const long *corrections, const long *ca
     orientation_states_kernel()(&instant, 1, path, order, one(pos), one(vel), one(acc), one(pos_out), one(vel_out),
                                 one(acc_out));
     return status_of(path, instant.eop.notes);
+}
+
+long kl_earth_orientation_get(kl_time_id *time_id, const long *corrections, const long *time_ref, const double *time,
+                              kl_earth_orientation *out, long *ierr)
+{
+    clear(ierr);
+    return earth_orientation_of_one(time_id, corrections, time_ref, time, out);
+}
+
+long kl_iers_matrix(kl_time_id *time_id, const long *corrections, const long *cs_in, const long *cs_out,
+                    const long *time_ref, const double *time, const long *calc_mode, double r[9], double dr[9],
+                    double ddr[9], long *ierr)
+{
+    clear(ierr);
+    return iers_matrix_of_one(time_id, corrections, cs_in, cs_out, time_ref, time, calc_mode, r, dr, ddr);
+}
+
+long kl_iers_change(kl_time_id *time_id, const long *corrections, const long *calc_mode, const long *cs_in,
+                    const long *cs_out, const long *time_ref, const double *time, const double pos[3],
+                    const double vel[3], const double acc[3], double pos_out[3], double vel_out[3], double acc_out[3],
+                    long *ierr)
+{
+    clear(ierr);
+    return iers_change_of_one(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc, pos_out,
+                              vel_out, acc_out);
 }

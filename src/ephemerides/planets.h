@@ -1,9 +1,9 @@
 // The planets: heliocentric state, J. L. Simon et al., Astron. Astrophys. 282, 663 (1994).
-#ifndef KL_SRC_BODIES_PLANETS_H
-#define KL_SRC_BODIES_PLANETS_H
+#ifndef KL_SRC_EPHEMERIDES_PLANETS_H
+#define KL_SRC_EPHEMERIDES_PLANETS_H
 
-#include "bodies/bodies.h"
-#include "bodies/planet_tables.h"
+#include "ephemerides/ephemerides.h"
+#include "ephemerides/planet_tables.h"
 #include "numbers/elementary.h"
 
 inline namespace KL_SET {

@@ -1,7 +1,7 @@
 // Places of stars and searches of catalogues for callers.
 #include "stars/star_doors.h"
 
-#include "bodies/bodies.h"
+#include "ephemerides/ephemerides.h"
 #include "errors/activation.h"
 #include "models/model_record.h"
 #include "stars/bright_stars.h"
@@ -96,13 +96,10 @@ long star_radec_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *c
                        const double observer_vel[3], kl_radec *place, StarSky *sky, long *ierr)
 {
     Activation call(KL_FN_STAR_RADEC, ierr);
-    constexpr CodeMap kInput[] = {{KL_CHECK_IN_REF, KL_STAR_RADEC_TIME_REF_ERR},
-                                  {KL_CHECK_IN_DAYS, KL_STAR_RADEC_DATE_ERR}};
-    ErrorRecord check;
+    constexpr InstantConditions kInstant = {KL_STAR_RADEC_TIME_REF_ERR, KL_STAR_RADEC_DATE_ERR};
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     const double days = time != nullptr ? *time : kNan;
-    if (KL_Time_check_processing_inputs(KL_PROC, ref, &days, &check) != KL_OK
-        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+    if (refuses_instant(call, kInstant, ref, &days))
         return KL_ERR;
     if (!are_corrections(corrections))
         return call.fails(KL_STAR_RADEC_CORRECTIONS_ERR);
@@ -138,13 +135,10 @@ long star_radec_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *c
 bool star_radec_refuses_all(Activation &call, const kl_time_id *time_id, const long *corrections, const long *cs_out,
                             const long *time_ref, const double *time, const kl_star *star, const kl_radec *place)
 {
-    constexpr CodeMap kInput[] = {{KL_CHECK_IN_REF, KL_STAR_RADEC_TIME_REF_ERR},
-                                  {KL_CHECK_IN_DAYS, KL_STAR_RADEC_DATE_ERR}};
+    constexpr InstantConditions kInstant = {KL_STAR_RADEC_TIME_REF_ERR, KL_STAR_RADEC_DATE_ERR};
     constexpr double kAnyDate = 0.0;
-    ErrorRecord check;
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
-    if (KL_Time_check_processing_inputs(KL_PROC, ref, time != nullptr ? &kAnyDate : &kNan, &check) != KL_OK
-        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+    if (refuses_instant(call, kInstant, ref, time != nullptr ? &kAnyDate : &kNan))
         return true;
     if (!are_corrections(corrections))
         call.fails(KL_STAR_RADEC_CORRECTIONS_ERR);
@@ -153,7 +147,7 @@ bool star_radec_refuses_all(Activation &call, const kl_time_id *time_id, const l
     else if (star == nullptr)
         call.fails(KL_STAR_RADEC_STAR_ERR);
     else if (place != nullptr) {
-        if (KL_Id_init_status(time_id) != 0 || (ref == KL_TIME_TAI && is_free_of_ut1(*cs_out)))
+        if (time_record_of(time_id) != nullptr || (ref == KL_TIME_TAI && is_free_of_ut1(*cs_out)))
             return false;
         call.fails(KL_STAR_RADEC_TIME_ID_ERR);
     }
@@ -207,13 +201,10 @@ long kl_star_catalog(kl_model_id *model_id, kl_time_id *time_id, const char *fil
                      long *n_stars, kl_star **stars, kl_radec **places, long *ierr)
 {
     Activation call(KL_FN_STAR_CATALOG, ierr);
-    constexpr CodeMap kInput[] = {{KL_CHECK_IN_REF, KL_STAR_CATALOG_TIME_REF_ERR},
-                                  {KL_CHECK_IN_DAYS, KL_STAR_CATALOG_DATE_ERR}};
-    ErrorRecord check;
+    constexpr InstantConditions kInstant = {KL_STAR_CATALOG_TIME_REF_ERR, KL_STAR_CATALOG_DATE_ERR};
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     const double days = time != nullptr ? *time : kNan;
-    if (KL_Time_check_processing_inputs(KL_PROC, ref, &days, &check) != KL_OK
-        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+    if (refuses_instant(call, kInstant, ref, &days))
         return KL_ERR;
     if (!are_corrections(corrections))
         return call.fails(KL_STAR_CATALOG_CORRECTIONS_ERR);

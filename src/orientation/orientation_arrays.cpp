@@ -56,9 +56,7 @@ long kl_earth_orientation_get_n(kl_time_id *time_id, const long *n, const long *
     if (request_of(time_id, corrections, time_ref).correlation == nullptr || time == nullptr || out == nullptr)
         return array.refuse(fail);
     return array.each(
-        [&](long i, long *word) {
-            return kl_earth_orientation_get(time_id, corrections, time_ref, time + i, out + i, word);
-        },
+        [&](long i, long *) { return earth_orientation_of_one(time_id, corrections, time_ref, time + i, out + i); },
         fail);
 }
 
@@ -80,9 +78,9 @@ long kl_iers_matrix_n(kl_time_id *time_id, const long *n, const long *correction
         return array.refuse(fail);
     const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
     const int order = order_of(*calc_mode);
-    const auto one = [&](long i, long *word) {
-        return kl_iers_matrix(time_id, corrections, cs_in, cs_out, time_ref, time + i, calc_mode, r[i], dr[i], ddr[i],
-                              word);
+    const auto one = [&](long i, long *) {
+        return iers_matrix_of_one(time_id, corrections, cs_in, cs_out, time_ref, time + i, calc_mode, r[i], dr[i],
+                                  ddr[i]);
     };
     Block block;
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
@@ -127,9 +125,9 @@ long kl_iers_change_n(kl_time_id *time_id, const long *n, const long *correction
     const int order = order_of(*calc_mode);
     const auto at_or_null = [](const double(*states)[3], long i) { return states != nullptr ? states + i : nullptr; };
     const auto at = [](const double(*states)[3], long i) { return states != nullptr ? states[i] : nullptr; };
-    const auto one = [&](long i, long *word) {
-        return kl_iers_change(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, time + i, pos[i], at(vel, i),
-                              at(acc, i), pos_out[i], vel_out[i], acc_out[i], word);
+    const auto one = [&](long i, long *) {
+        return iers_change_of_one(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, time + i, pos[i],
+                                  at(vel, i), at(acc, i), pos_out[i], vel_out[i], acc_out[i]);
     };
     Block block;
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {

@@ -1,9 +1,9 @@
 // The Moon: geocentric state, J. Meeus, l'Astronomie, June 1984, p. 348.
-#ifndef KL_SRC_BODIES_MOON_H
-#define KL_SRC_BODIES_MOON_H
+#ifndef KL_SRC_EPHEMERIDES_MOON_H
+#define KL_SRC_EPHEMERIDES_MOON_H
 
-#include "bodies/bodies.h"
-#include "bodies/moon_tables.h"
+#include "ephemerides/ephemerides.h"
+#include "ephemerides/moon_tables.h"
 #include "numbers/sin_cos.h"
 
 #include <cstddef>

@@ -1,8 +1,8 @@
 // Precession between two epochs, rotations from Euler angles.
-#ifndef KL_SRC_BODIES_EQUINOX_H
-#define KL_SRC_BODIES_EQUINOX_H
+#ifndef KL_SRC_EPHEMERIDES_EQUINOX_H
+#define KL_SRC_EPHEMERIDES_EQUINOX_H
 
-#include "bodies/bodies.h"
+#include "ephemerides/ephemerides.h"
 #include "numbers/sin_cos.h"
 
 inline namespace KL_SET {

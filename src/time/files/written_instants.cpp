@@ -1,5 +1,5 @@
 // Calendar and ordinal instants.
-#include "time/files/instants.h"
+#include "time/files/written_instants.h"
 
 #include "time/files/lines.h"
 #include "time/scales.h"

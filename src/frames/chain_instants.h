@@ -1,6 +1,6 @@
 // The instants of a block of an array call, on the scales that the chain and the bodies take.
-#ifndef KL_SRC_FRAMES_INSTANTS_H
-#define KL_SRC_FRAMES_INSTANTS_H
+#ifndef KL_SRC_FRAMES_CHAIN_INSTANTS_H
+#define KL_SRC_FRAMES_CHAIN_INSTANTS_H
 
 #include "frames/earth_rotation.h"
 #include "time/steady.h"

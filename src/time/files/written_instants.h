@@ -1,6 +1,6 @@
 // Instants as the standards of orbit files write them.
-#ifndef KL_SRC_TIME_FILES_INSTANTS_H
-#define KL_SRC_TIME_FILES_INSTANTS_H
+#ifndef KL_SRC_TIME_FILES_WRITTEN_INSTANTS_H
+#define KL_SRC_TIME_FILES_WRITTEN_INSTANTS_H
 
 #include <string_view>
 

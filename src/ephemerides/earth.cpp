@@ -1,5 +1,5 @@
 // The Earth for the family.
-#include "bodies/earth.h"
+#include "ephemerides/earth.h"
 #include "errors/activation.h"
 #include "time/scales.h"
 

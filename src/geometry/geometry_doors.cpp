@@ -4,6 +4,7 @@
 #include "frames/axes.h"
 #include "geometry/eclipse.h"
 #include "geometry/eclipse_doors.h"
+#include "geometry/ray_doors.h"
 #include "kl_family.h"
 #include "models/model_record.h"
 #include "time/doors/call_instant.h"
@@ -14,6 +15,7 @@
 namespace {
 
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr InstantConditions kInstant = {KL_ECLIPSE_TIME_REF_ERR, KL_ECLIPSE_DATE_ERR};
 
 bool is_finite3(const double *v)
 {
@@ -36,15 +38,6 @@ void clear(long *ierr)
         *ierr = 0;
 }
 
-// A number of roots or points, or -1.
-long store(long found, long *n)
-{
-    if (found < 0)
-        return KL_ERR;
-    *n = found;
-    return KL_OK;
-}
-
 bool is_eclipse_frame(long cs)
 {
     return (cs >= KL_BM2000 && cs <= KL_EF) || cs == KL_BM1950 || cs == KL_TEME;
@@ -61,30 +54,28 @@ bool is_centred_elsewhere(long cs)
 long kl_poly_real_roots(const long *order, const double *c, double *roots, long *n, long *ierr)
 {
     clear(ierr);
-    return order != nullptr && n != nullptr ? store(KL_Poly_real_roots(*order, c, roots), n) : long{KL_ERR};
+    return roots_of_one(order, c, roots, n);
 }
 
 long kl_ray_ellipsoid(kl_model_id *model_id, const double pos[3], const double dir[3], const double *margin,
                       double t[2], long *n, long *ierr)
 {
     clear(ierr);
-    return n != nullptr && margin != nullptr ? store(KL_Ray_ellipsoid(model_id, pos, dir, *margin, t), n)
-                                             : long{KL_ERR};
+    return ray_ellipsoid_of_one(model_id, pos, dir, margin, t, n);
 }
 
 long kl_ray_height(kl_model_id *model_id, const double pos[3], const double dir[3], const double *height, double t[2],
                    long *n, long *ierr)
 {
     clear(ierr);
-    return n != nullptr && height != nullptr ? store(KL_Ray_height(model_id, pos, dir, *height, t), n) : long{KL_ERR};
+    return ray_height_of_one(model_id, pos, dir, height, t, n);
 }
 
 long kl_ray_tangent(kl_model_id *model_id, const double pos[3], const double dir[3], double *t, double point[3],
                     kl_geodetic *geodetic, long *meets_earth, long *ierr)
 {
     clear(ierr);
-    return meets_earth != nullptr ? store(KL_Ray_tangent(model_id, pos, dir, t, point, geodetic), meets_earth)
-                                  : long{KL_ERR};
+    return ray_tangent_of_one(model_id, pos, dir, t, point, geodetic, meets_earth);
 }
 
 long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3], const double *margin, long *state,
@@ -145,7 +136,7 @@ bool sun_with_light_time(kl_model_id *model_id, kl_time_id *time_id, const Eclip
     satellite.order = 0;
     copy_three(pos, satellite.pos + 1);
     return model_blocks(model_id).sun.sun != nullptr
-           && KL_Sun_PosVel_Sun_Travel_Time(model_id, time_id, &tdb, &satellite, &mean, &emission, nullptr) != KL_ERR
+           && sun_from_satellite(model_id, time_id, tdb, &satellite, &mean, &emission)
            && change_position(model_id, time_id, sky.instant.date, KL_MOD, mean.pos + 1, KL_TOD, sun);
 }
 
@@ -158,12 +149,9 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     Activation call(KL_FN_ECLIPSE, ierr);
     if (cs == nullptr || !is_eclipse_frame(*cs))
         return call.fails(KL_ECLIPSE_CS_ERR);
-    constexpr CodeMap kInput[] = {{KL_CHECK_IN_REF, KL_ECLIPSE_TIME_REF_ERR}, {KL_CHECK_IN_DAYS, KL_ECLIPSE_DATE_ERR}};
-    ErrorRecord check;
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     const double days = time != nullptr ? *time : kNan;
-    if (KL_Time_check_processing_inputs(KL_PROC, ref, &days, &check) != KL_OK
-        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+    if (refuses_instant(call, kInstant, ref, &days))
         return KL_ERR;
     if (!is_finite3(pos))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
@@ -211,20 +199,15 @@ bool eclipse_refuses_all(Activation &call, const kl_time_id *time_id, const long
                          const long *time_ref, const double *time, const double *pos, const long *state,
                          const double *fraction, const double *depth)
 {
-    constexpr CodeMap kInput[] = {{KL_CHECK_IN_REF, KL_ECLIPSE_TIME_REF_ERR}, {KL_CHECK_IN_DAYS, KL_ECLIPSE_DATE_ERR}};
     constexpr double kAnyDate = 0.0;
-    ErrorRecord check;
     if (cs == nullptr || !is_eclipse_frame(*cs))
         call.fails(KL_ECLIPSE_CS_ERR);
-    else if (KL_Time_check_processing_inputs(KL_PROC, value_or(time_ref, KL_TIME_UNDEF),
-                                             time != nullptr ? &kAnyDate : &kNan, &check)
-                 != KL_OK
-             && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+    else if (refuses_instant(call, kInstant, value_or(time_ref, KL_TIME_UNDEF), time != nullptr ? &kAnyDate : &kNan))
         return true;
     else if (pos == nullptr)
         call.fails(KL_ECLIPSE_POSITION_ERR);
     else if (light_time != nullptr && state != nullptr && fraction != nullptr && depth != nullptr) {
-        if (KL_Id_init_status(time_id) != 0)
+        if (time_record_of(time_id) != nullptr)
             return false;
         call.fails(KL_ECLIPSE_TIME_ID_ERR);
     }

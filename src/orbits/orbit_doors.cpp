@@ -1,6 +1,8 @@
 // Elements, angles on the orbit, local frames and crossings: the public functions.
 #include "arrays/array_call.h"
-#include "bodies/bodies.h"
+#include "ephemerides/ephemerides.h"
+#include "frames/change.h"
+#include "frames/doors.h"
 #include "models/model_record.h"
 #include "numbers/bounds.h"
 #include "orbits/crossings.h"
@@ -9,7 +11,7 @@
 #include "orbits/mean_elements.h"
 #include "orbits/orbit_angle.h"
 #include "orbits/orbit_kernels.h"
-#include "time/scales.h"
+#include "time/doors/call_instant.h"
 
 #include <cmath>
 #include <cstring>
@@ -143,10 +145,7 @@ long cart_to_kepl(Activation &call, const Field &field, bool mean, const double 
 
 // ---- the true equator of date ----
 
-constexpr CodeMap kInput[] = {
-    {KL_CHECK_IN_REF, KL_POSITION_ON_ORBIT_TIME_REF_ERR},
-    {KL_CHECK_IN_DAYS, KL_POSITION_ON_ORBIT_DATE_ERR},
-};
+constexpr InstantConditions kInstant = {KL_POSITION_ON_ORBIT_TIME_REF_ERR, KL_POSITION_ON_ORBIT_DATE_ERR};
 
 bool is_mode(const long *calc_mode)
 {
@@ -171,19 +170,18 @@ TodStatus to_true_of_date(kl_model_id *model_id, kl_time_id *time_id, long cs, l
                           double *ut1_days)
 {
     constexpr double kZero[3] = {0.0, 0.0, 0.0};
-    if (KL_Get_time_in_ref(time_id, time_ref, KL_TIME_UT1, ut1_days, nullptr, time) == KL_ERR)
+    if (!on_scale(time_id, time_ref, KL_TIME_UT1, time, ut1_days))
         return TodStatus::no_time;
-    double vectors[3][4];
-    Cord state = {0, 0, vectors[0], vectors[1], vectors[2]};
-    KL_Cord_Set(cs, 2, pos, vel, acc != nullptr ? acc : kZero, &state);
-    if (cs != KL_TOD) {
-        const kl_time_record ut1 = {KL_REF_UT1, KL_FORMAT_MJD2000, *ut1_days};
-        if (KL_Change_CoordinateSystem(model_id, time_id, 2, &ut1, &state, KL_TOD, &state, nullptr) == KL_ERR)
-            return TodStatus::no_transformation;
-    }
-    copy_three(state.pos + 1, out->pos);
-    copy_three(state.vel + 1, out->vel);
-    copy_three(state.acc + 1, out->acc);
+    State state = {2, {}, {}, {}};
+    copy_three(pos, state.pos);
+    copy_three(vel, state.vel);
+    copy_three(acc != nullptr ? acc : kZero, state.acc);
+    const kl_time_record ut1 = {KL_REF_UT1, KL_FORMAT_MJD2000, *ut1_days};
+    if (cs != KL_TOD && !carried(chain_sources(model_id, time_id), ut1, cs, KL_TOD, &state))
+        return TodStatus::no_transformation;
+    copy_three(state.pos, out->pos);
+    copy_three(state.vel, out->vel);
+    copy_three(state.acc, out->acc);
     return TodStatus::done;
 }
 
@@ -191,14 +189,7 @@ TodStatus to_true_of_date(kl_model_id *model_id, kl_time_id *time_id, long cs, l
 long time_warning(kl_time_id *time_id, long time_ref, double time)
 {
     double tai = 0.0;
-    if (KL_Get_time_in_ref(time_id, time_ref, KL_TIME_TAI, &tai, nullptr, time) == KL_ERR)
-        return 0;
-    kl_std_record instant;
-    KL_Time_p2t_format_to_std(time_id, KL_TIME_TAI, &tai, &instant, nullptr);
-    const long flags = KL_FLAGS_FRAME_CHANGE;
-    long warned = 0;
-    KL_Check_Time_warn_flags(time_id, &instant, &flags, &warned);
-    return warned;
+    return on_scale(time_id, time_ref, KL_TIME_TAI, time, &tai) ? frame_change_warning(time_id, tai) : 0;
 }
 
 bool is_null(const double v[3])
@@ -261,14 +252,13 @@ bool sun_true_of_date(kl_model_id *model_id, kl_time_id *time_id, long time_ref,
 {
     const SunRoutine routine = model_blocks(model_id).sun.sun;
     double tai = 0.0;
-    if (routine == nullptr || KL_Get_time_in_ref(time_id, time_ref, KL_TIME_TAI, &tai, nullptr, time) == KL_ERR)
+    if (routine == nullptr || !on_scale(time_id, time_ref, KL_TIME_TAI, time, &tai))
         return false;
-    kl_time_record tdb = {KL_REF_TDB, KL_FORMAT_MJD2000, 0.0};
-    KL_Time_p2p_ref_tai_to_tdb(&tai, &tdb.value);
+    const kl_time_record tdb = {KL_REF_TDB, KL_FORMAT_MJD2000, tdb_of_tai(tai)};
     OwnedState state;
     const kl_time_record ut1 = {KL_REF_UT1, KL_FORMAT_MJD2000, ut1_days};
     if (routine(model_id, time_id, &tdb, &state, nullptr) == KL_ERR
-        || KL_Change_CoordinateSystem(model_id, time_id, 1, &ut1, &state, KL_TOD, &state, nullptr) == KL_ERR)
+        || !change_record(model_id, time_id, 1, &ut1, &state, KL_TOD, &state))
         return false;
     copy_three(state.pos + 1, sun);
     return true;
@@ -294,14 +284,13 @@ long orbit_sun(kl_model_id *model_id, kl_time_id *time_id, long cs, long time_re
         || out == nullptr)
         return KL_ERR;
     // The node turns with the Earth once a sidereal day, its mean solar time is UT1 plus its longitude.
-    OwnedState node;
+    State node = {1, {}, {}, {}};
+    copy_three(plane.node, node.pos);
     const kl_time_record ut1 = {KL_REF_UT1, KL_FORMAT_MJD2000, ut1_days};
-    constexpr double kAtRest[3] = {0.0, 0.0, 0.0};
-    KL_Cord_Set(KL_TOD, 1, plane.node, kAtRest, kAtRest, &node);
-    if (KL_Change_CoordinateSystem(model_id, time_id, 1, &ut1, &node, KL_PEF, &node, nullptr) == KL_ERR)
+    if (!carried(chain_sources(model_id, time_id), ut1, KL_TOD, KL_PEF, &node))
         return KL_ERR;
     constexpr double kHoursPerDegree = 1.0 / 15.0;
-    const double longitude = arc_tangent(node.pos[2], node.pos[1]) * KL_DEG_PER_RAD;
+    const double longitude = arc_tangent(node.pos[1], node.pos[0]) * KL_DEG_PER_RAD;
     const double sun_ra = arc_tangent(sun[1], sun[0]);
     const SunFromOrbit x = sun_from_orbit(plane, tod.pos, sun);
     *out = {x.beta * KL_DEG_PER_RAD,
@@ -342,10 +331,8 @@ long kl_position_on_orbit(kl_model_id *model_id, kl_time_id *time_id, const long
                           const double acc[3], kl_orbit_angle *out, long *ierr)
 {
     Activation call(KL_FN_POSITION_ON_ORBIT, ierr);
-    ErrorRecord check;
-    const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
-    if (KL_Time_check_processing_inputs(KL_PROC, ref, time, &check) != 0
-        && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
+    if (refuses_instant(call, kInstant, ref, time))
         return KL_ERR;
     if (!is_mode(calc_mode))
         return call.fails(KL_POSITION_ON_ORBIT_CALC_MODE_ERR);
@@ -360,7 +347,7 @@ long kl_orbit_sun(kl_model_id *model_id, kl_time_id *time_id, const long *cs, co
     if (ierr != nullptr)
         ierr[0] = 0;
     const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
-    if (KL_Time_check_processing_inputs(KL_PROC, ref, time, nullptr) != 0 || !is_frame_of_states(cs))
+    if (checked_instant(ref, time) || !is_frame_of_states(cs))
         return KL_ERR;
     return orbit_sun(model_id, time_id, *cs, ref, *time, pos, vel, out);
 }
@@ -541,9 +528,7 @@ long kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const lo
     const auto fail = [&](long i) { fill_record(out, i); };
     constexpr double kInRange = 0.0;
     const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
-    ErrorRecord check;
-    if (KL_Time_check_processing_inputs(KL_PROC, ref, &kInRange, &check) != 0
-        && array.call().stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, check, kInput))
+    if (refuses_instant(array.call(), kInstant, ref, &kInRange))
         return array.refuse(fail);
     if (!is_mode(calc_mode)) {
         array.call().fails(KL_POSITION_ON_ORBIT_CALC_MODE_ERR);
@@ -556,10 +541,8 @@ long kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const lo
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_POSITION_ON_ORBIT, word);
-            ErrorRecord date;
             const double *at = element(time, i);
-            if (KL_Time_check_processing_inputs(KL_PROC, ref, at, &date) != 0
-                && call.stops(KL_FN_TIME_CHECK_PROCESSING_INPUTS, date, kInput))
+            if (refuses_instant(call, kInstant, ref, at))
                 return long{KL_ERR};
             return position_on_orbit(call, model_id, time_id, *calc_mode, *cs, ref, *at, element(pos, i),
                                      element(vel, i), element(acc, i), element(out, i));
@@ -610,7 +593,7 @@ long kl_orbit_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, c
     return array.each(
         [&](long i, long *) {
             const double *at = element(time, i);
-            if (KL_Time_check_processing_inputs(KL_PROC, *time_ref, at, nullptr) != 0)
+            if (checked_instant(*time_ref, at))
                 return long{KL_ERR};
             return orbit_sun(model_id, time_id, *cs, *time_ref, *at, element(pos, i), element(vel, i), element(out, i));
         },

@@ -1,7 +1,7 @@
 // Coefficients of the truncated lunar theory of J. Meeus, l'Astronomie, June 1984, p. 348. Angles in degrees.
 // T: Julian centuries from 1900 January 0.5 (MJD 15019.5).
-#ifndef KL_SRC_BODIES_MOON_TABLES_H
-#define KL_SRC_BODIES_MOON_TABLES_H
+#ifndef KL_SRC_EPHEMERIDES_MOON_TABLES_H
+#define KL_SRC_EPHEMERIDES_MOON_TABLES_H
 
 #include <cstdint>
 #include <iterator>

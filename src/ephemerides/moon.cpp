@@ -1,5 +1,5 @@
 // The Moon for the family.
-#include "bodies/moon.h"
+#include "ephemerides/moon.h"
 #include "errors/activation.h"
 #include "time/scales.h"
 

@@ -1,7 +1,7 @@
 // Array forms of roots, lines of sight and eclipses.
 #include "arrays/array_call.h"
 #include "geometry/eclipse_doors.h"
-#include "kl_family.h"
+#include "geometry/ray_doors.h"
 
 namespace {
 
@@ -55,8 +55,7 @@ long kl_poly_real_roots_n(const long *n, const long *order, const double *c, dou
     return each_alone(
         n, status, ierr,
         [&](long i) {
-            return known ? kl_poly_real_roots(order, at(c, i * stride), at(roots, i), at(n_roots, i), nullptr)
-                         : long{KL_ERR};
+            return known ? roots_of_one(order, at(c, i * stride), at(roots, i), at(n_roots, i)) : long{KL_ERR};
         },
         [&](long i) {
             fill_nan(roots, i);
@@ -70,8 +69,7 @@ long kl_ray_ellipsoid_n(kl_model_id *model_id, const long *n, const double pos[]
     return each_alone(
         n, status, ierr,
         [&](long i) {
-            return kl_ray_ellipsoid(model_id, at(pos, i), at(dir, i), at(margin, i), at(t, i), at(n_points, i),
-                                    nullptr);
+            return ray_ellipsoid_of_one(model_id, at(pos, i), at(dir, i), at(margin, i), at(t, i), at(n_points, i));
         },
         [&](long i) {
             fill_nan(t, i);
@@ -85,7 +83,7 @@ long kl_ray_height_n(kl_model_id *model_id, const long *n, const double pos[][3]
     return each_alone(
         n, status, ierr,
         [&](long i) {
-            return kl_ray_height(model_id, at(pos, i), at(dir, i), at(height, i), at(t, i), at(n_points, i), nullptr);
+            return ray_height_of_one(model_id, at(pos, i), at(dir, i), at(height, i), at(t, i), at(n_points, i));
         },
         [&](long i) {
             fill_nan(t, i);
@@ -99,8 +97,8 @@ long kl_ray_tangent_n(kl_model_id *model_id, const long *n, const double pos[][3
     return each_alone(
         n, status, ierr,
         [&](long i) {
-            return kl_ray_tangent(model_id, at(pos, i), at(dir, i), at(t, i), at(point, i), at(geodetic, i),
-                                  at(meets_earth, i), nullptr);
+            return ray_tangent_of_one(model_id, at(pos, i), at(dir, i), at(t, i), at(point, i), at(geodetic, i),
+                                      at(meets_earth, i));
         },
         [&](long i) {
             constexpr double kNan = kNotANumber;
