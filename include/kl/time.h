@@ -184,25 +184,49 @@ enum {
 /**
  * Time id from files as their services publish them: UT1, leap seconds and the pole of the Earth.
  *
- * @param[in]  model    what is wanted, KL_TIME_MODEL_*: 1 to 8, 10 or 11. It says which files are taken:
- *                        1, 2  IERS Bulletin B of one or several months, of either form (old up to No. 263)
- *                        3, 4  finals.all, .data, .daily or finals2000A.* of the IERS rapid service
- *                        5     IERS EOP C04 (05, 08, 14, 20), one or several years
- *                        6     the own format below
- *                        7     SP3 (a to d) or CCSDS OEM (text or XML): leap seconds in the span of the files; with
- * files of 1 to 6, 10 beside them real UT1 8     leap-seconds.list or Leap_Second.dat 10    IERS Bulletin A, alone or
- * after Bulletin B; after the table by the bulletin's formula 11    the same, after the table by its last row A list of
- * leap seconds may stand beside the files of every model: it replaces the one compiled in
+ * @param[in]  model    what is wanted of which files, KL_TIME_MODEL_*: 1 to 8, 10 or 11, see below
  * @param[in]  n_files  1 to 10000
  * @param[in]  files    their names. Formats are recognised by content
  * @param[in]  window   KL_TIME_WINDOW_FILE: all rows; KL_TIME_WINDOW_TIME: from the last row at or before start to the
  *                      first at or after stop, so that the window can be interpolated
- * @param[in]  start    UTC, MJD2000, days, -18262.0 to 36524.0; read with KL_TIME_WINDOW_TIME only
+ * @param[in]  start    UTC, MJD2000, days, -18262.0 to 36524.0; NULL or not read with KL_TIME_WINDOW_FILE
  * @param[in]  stop     the same, not before start
  * @param[out] report   what was found, or where it was refused; may be NULL
- * @param[out] time_id  zero-initialised handle; initialised on success, left as it is otherwise
+ * @param[out] time_id  zero-initialised handle; initialised on success (KL_OK and KL_WARN), left as it is otherwise
  * @param[out] ierr     [1] KL_TIME_REF_INIT_FILE_*
  * @return KL_OK, KL_WARN or KL_ERR; KL_ERR with a clear vector when time_id is NULL
+ *
+ * Models and their files:
+ * - 1 KL_TIME_MODEL_BULLETIN_B: IERS Bulletin B, one or several months, of either form (old up to No. 263); its final
+ *   rows
+ * - 2 KL_TIME_MODEL_BULLETIN_B_EXTENDED: the same with the preliminary extension
+ * - 3 KL_TIME_MODEL_FINALS_OBSERVED: finals.all, .data, .daily or finals2000A.* of the IERS rapid service, the
+ *   observed rows
+ * - 4 KL_TIME_MODEL_FINALS: the same with the predictions
+ * - 5 KL_TIME_MODEL_C04: IERS EOP C04 (05, 08, 14, 20), one or several years
+ * - 6 KL_TIME_MODEL_TABLE: the own format below
+ * - 7 KL_TIME_MODEL_ORBIT_FILE: SP3 (a to d) or CCSDS OEM (text or XML), leap seconds in the span of the files and
+ *   UT1 = UTC (KL_TIME_REF_INIT_FILE_NO_UT1_WARN); files of the other models beside them bring UT1
+ * - 8 KL_TIME_MODEL_LEAP_SECONDS: leap-seconds.list or Leap_Second.dat alone, UT1 = UTC (the same warning)
+ * - 10 KL_TIME_MODEL_BULLETIN_A: IERS Bulletin A, alone or after Bulletin B; after the table its formula
+ * - 11 KL_TIME_MODEL_BULLETIN_A_TABLE: the same; after the table its last row
+ *
+ * A list of leap seconds may stand beside the files of every model and replaces the one compiled in. Who has several
+ * kinds, or does not want to say which, calls kl_time_id_init.
+ *
+ * @code{.c}
+ * kl_time_id time_id = {NULL};
+ * kl_time_file_report report;
+ * const char *const files[] = {"finals2000A.all"};
+ * const long model = KL_TIME_MODEL_FINALS, n_files = 1, window = KL_TIME_WINDOW_FILE;
+ * long ierr[1], n_msg;
+ * static char msg[KL_MAX_MSG][KL_MSG_LENGTH];
+ * if (kl_time_ref_init_file(&model, &n_files, files, &window, NULL, NULL, &report, &time_id, ierr) == KL_ERR) {
+ *     kl_get_last_msg(&n_msg, msg); // why; the report: where, line 0 for an argument or a file as a whole
+ *     printf("%s\n%s, line %ld: '%s'\n", msg[0], files[report.file], report.line, report.field);
+ * }
+ * // ... kl_time_close(&time_id, ierr) when it is no longer needed
+ * @endcode
  *
  * The arguments are checked first, then the files in their order, each to its end, then the table; one error ends the
  * call. Messages of a decoded vector have no name and line; they are in the report, and on standard error in verbose
@@ -218,15 +242,17 @@ enum {
  * Between rows UT1 and pole are interpolated linearly: with daily values UT1 is good to 0.06 ms (3 cm at the equator),
  * the pole to 0.2 mas. After the last row that row holds, with a warning of the conversion that leaves it; model 8 does
  * not warn. The formula of model 10 does not meet the end of its table, as the bulletin says: off by 0.015 to 0.06 s
- * there (up to 26 m at the equator), 0.1 s after three years; with model 11 there is no step. The pole enters the
- * frames: KL_PEF to KL_EF.
+ * there (up to 26 m at the equator), 0.02 s after 400 days and 0.12 s after 1000 in one compared with the truth; with
+ * model 11 there is no step. The pole enters the frames: KL_PEF to KL_EF.
  *
  * The own format is a text for any other source:
+ *
  *     KL_TIME_CORRELATION 1
  *     # UTC               TAI-UTC  UT1-UTC   [x y of the pole]
  *     2026-01-01T00:00:00 37 0.0712345 0.1023 0.3511
+ *
  * s and arcsec, increasing, seconds with or without decimals; optionally one line "FORMULA a b c" (s, s/day, MJD2000)
- * for kl_time_id_init. The last line must end.
+ * for kl_time_id_init. A last line without its end must be as long as the one before it.
  */
 KL_API long kl_time_ref_init_file(const long *model, const long *n_files, const char *const files[], const long *window,
                                   const double *start, const double *stop, kl_time_file_report *report,
@@ -236,15 +262,16 @@ KL_API long kl_time_ref_init_file(const long *model, const long *n_files, const 
  * Time id from files of any kind together, or without a file from the correlation compiled into the library.
  *
  * @param[in]  n_files           0 to 10000; 0: the correlation compiled in, daily from 1972 to the end of the
- * predictions that the library was made with
+ *                               predictions that the library was made with
  * @param[in]  files             their names, of any format of kl_time_ref_init_file; not read with n_files 0
- * @param[in]  no_extrapolation  not 0, or NULL: after the last row that row holds; 0: the formula of a Bulletin A among
- * the files (the correlation compiled in has none: KL_TIME_REF_INIT_FILE_FORMULA_ERR)
+ * @param[in]  no_extrapolation  not 0, or NULL: after the last row that row holds; 0: the formula of a Bulletin A or of
+ *                               an own table among the files (KL_TIME_REF_INIT_FILE_FORMULA_ERR where there is none,
+ *                               as in the correlation compiled in)
  * @param[in]  window            as kl_time_ref_init_file
  * @param[in]  start             as kl_time_ref_init_file
  * @param[in]  stop              as kl_time_ref_init_file
  * @param[out] report            as kl_time_ref_init_file; of the correlation compiled in last_final, last and
- * leap_expiry say how far it holds
+ *                               leap_expiry say how far it holds
  * @param[out] time_id           as kl_time_ref_init_file
  * @param[out] ierr              [1] KL_TIME_REF_INIT_FILE_*, decoded with KL_ID_FUNC_TIME_ID_INIT
  * @return as kl_time_ref_init_file

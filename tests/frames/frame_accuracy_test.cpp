@@ -151,6 +151,54 @@ TEST(FrameAccuracy, PolarMotionHasTheSignsOfErfaAndMovesEvenThroughZero)
 }
 
 // The Earth's centre seen from the Sun and the barycentre; the bounds are those of the Earth's theory.
+// The published pole and UT1 of the correlation compiled in, against ERFA's chains with the same: positions at 7000 km,
+// and how far they are off when the rows have no pole.
+TEST(FrameAccuracy, ATableOfPolesTakesThePositionsToThoseOfErfaWithTheSamePole)
+{
+    constexpr double kJulianOf2000 = 2400000.5 + 51544.0;
+    const long no_files = 0, all = KL_TIME_WINDOW_FILE, utc = KL_TIME_UTC, mode = KL_CALC_POS, to = KL_EF;
+    OwnedTimeId with, without;
+    ASSERT_EQ(kl_time_id_init(&no_files, nullptr, nullptr, &all, nullptr, nullptr, nullptr, with, nullptr), KL_OK);
+    TimeData data(with);
+    kl_time_id_data bare = data;
+    bare.pole = nullptr;
+    ASSERT_EQ(kl_time_set_id_data(without, &bare), KL_OK);
+    double worst[2][2] = {}; // m: from TEME, GM2000; with a pole, without
+    for (double days = -9860.0; days < 10090.0; days += 97.37) {
+        kl_time_row_info row;
+        ASSERT_EQ(kl_time_get_row(with, &utc, &days, &row), KL_OK);
+        const double tt = days + (row.tai_utc + 32.184) / 86400.0;
+        const double ut1 = days + (row.tai_utc - row.tai_ut1) / 86400.0;
+        double pole[3][3], bpn[3][3], turn[3][3];
+        eraPom00(row.pole[0] * kArcsecond, row.pole[1] * kArcsecond, 0.0, pole);
+        eraPnm80(kJulianOf2000, tt, bpn);
+        for (const long from : {KL_TEME, KL_GM2000}) {
+            eraIr(turn);
+            eraRz(from == KL_TEME ? eraGmst82(kJulianOf2000, ut1) : eraGst94(kJulianOf2000, ut1), turn);
+            if (from == KL_GM2000)
+                eraRxr(turn, bpn, turn);
+            eraRxr(pole, turn, turn);
+            for (const auto &axis : kAxes) {
+                const double position[3] = {kRadius * axis[0], kRadius * axis[1], kRadius * axis[2]}, none[3] = {};
+                double rival[3];
+                eraRxp(turn, const_cast<double *>(position), rival);
+                for (int i = 0; i < 2; ++i) {
+                    double pos[3], vel[3], acc[3];
+                    ASSERT_EQ(kl_change_cart_cs(nullptr, i == 0 ? with : without, &mode, &from, &to, &utc, &days,
+                                                position, none, none, pos, vel, acc, nullptr),
+                              KL_OK);
+                    double &far = worst[from == KL_TEME ? 0 : 1][i];
+                    far = std::max(far, distance(pos, rival));
+                }
+            }
+        }
+    }
+    EXPECT_LT(worst[0][0], 1e-3) << "UT1 goes in whole microseconds";
+    EXPECT_GT(worst[0][1], 10.0);
+    EXPECT_LT(worst[1][0], 2.0) << "nine terms of nutation";
+    EXPECT_GT(worst[1][1], 10.0);
+}
+
 TEST(FrameAccuracy, TheOriginsLieWhereTheFullTheoryOfTheEarthHasThem)
 {
     ChainTimeId time_id;

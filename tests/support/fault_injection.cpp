@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 #include <pthread.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
@@ -29,6 +30,8 @@ thread_local long blocks = 0;
 } // namespace
 
 namespace faults {
+
+thread_local void (*before_read)() = nullptr;
 
 bool available()
 {
@@ -116,6 +119,14 @@ void free(void *block) noexcept
     if (block != nullptr)
         --blocks;
     __libc_free(block);
+}
+
+ssize_t pread(int file, void *into, std::size_t room, off_t from)
+{
+    static const auto real = next<ssize_t (*)(int, void *, std::size_t, off_t)>("pread");
+    if (faults::before_read != nullptr)
+        faults::before_read();
+    return real(file, into, room, from);
 }
 
 int pthread_mutex_init(pthread_mutex_t *mutex, const pthread_mutexattr_t *attributes) noexcept

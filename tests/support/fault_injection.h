@@ -25,6 +25,9 @@ public:
     bool disarm();
 };
 
+// Called on this thread before each reading of a file, while it is not null.
+extern thread_local void (*before_read)();
+
 // Blocks that this thread has allocated and not freed.
 long live_blocks();
 

@@ -1,6 +1,7 @@
 // Time ids from files: what each format holds, what is refused and where, and what awkward files may do.
 #include "support/captured_stream.h"
 #include "support/conditions.h"
+#include "support/fault_injection.h"
 #include "time/format_cases.h"
 
 #include <algorithm>
@@ -480,6 +481,33 @@ TEST(AwkwardFiles, ThatAreNoFilesAreNotWaitedFor)
     EXPECT_EQ(FileId(KL_TIME_MODEL_MERGED, {large}).ierr, error_bits(9)) << "no rows, zero bytes at the end";
     scratch.grow_to((64L << 20) + 1);
     EXPECT_EQ(FileId(KL_TIME_MODEL_MERGED, {large}).ierr, error_bits(4)) << "too large";
+}
+
+// Between its opening and its reading another process may write it again.
+TEST(AwkwardFiles, ThatShrinkOrGrowWhileTheyAreReadAreRefused)
+{
+    SKIP_WITHOUT_FAULTS();
+    static const Scratch scratch;
+    static long new_size;
+    for (const std::string sample : {"finals2000A_2017.excerpt", "example-c-1.sp3"}) {
+        for (const long copies : {1L, 100L}) { // whole, and by its ends
+            std::string text;
+            for (long i = 0; i < copies; ++i)
+                text += bytes_of(data_file(sample));
+            for (const long change : {1L, static_cast<long>(text.size()) - 200, -1L}) {
+                const std::string &name = scratch.holding(text);
+                new_size = static_cast<long>(text.size()) - change;
+                faults::before_read = [] { scratch.grow_to(new_size); };
+                FileId id(KL_TIME_MODEL_MERGED, {name});
+                faults::before_read = nullptr;
+                const bool only_ends = copies > 1 && sample[0] == 'e';
+                if (!only_ends || change > 0) {
+                    EXPECT_EQ(std::tuple(id.ierr, id.id.record), std::tuple(error_bits(4), nullptr))
+                        << sample << change;
+                }
+            }
+        }
+    }
 }
 
 // Of a long SP3 only the ends are read.
