@@ -213,7 +213,7 @@ struct BodyArray {
 bool fill_instants(const BodyArray &bodies, TimeIdRecord *id, long first, long count, LeftOver *left, long *which,
                    BodyBlock *block)
 {
-    const SteadyInstants conversions(*id, KL_FLAGS_CONVERSION);
+    const QuietSpan conversions = steady_span(*id, KL_FLAGS_CONVERSION);
     const bool with_tdb = bodies.frame == KL_HM2000;
     double latest = 0.0;
     block->count = 0;
@@ -228,7 +228,7 @@ bool fill_instants(const BodyArray &bodies, TimeIdRecord *id, long first, long c
             const long n = block->count;
             double tai = 0.0;
             ChainInstant instant = {};
-            if (!conversions.covers(t) || !steadily_in_scale(id, *bodies.time_ref, KL_TIME_TAI, t, &tai)
+            if (!is_quiet(conversions, t) || !steadily_in_scale(id, *bodies.time_ref, KL_TIME_TAI, t, &tai)
                 || !chain_instant(id, *bodies.time_ref, t, with_tdb, &instant))
                 return false;
             latest = t;

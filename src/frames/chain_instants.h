@@ -3,7 +3,7 @@
 #define KL_SRC_FRAMES_CHAIN_INSTANTS_H
 
 #include "frames/earth_rotation.h"
-#include "time/steady.h"
+#include "time/staircase.h"
 
 // Past the processing range by more than a day: UT1 of its first instants lies a little outside.
 inline bool inside_chain_range(double days)

@@ -104,8 +104,8 @@ Sky<double> sky_at(const Way &way, const ChainInstant &instant)
 bool fill_instants(const Way &way, long ref, const double *time, long first, long count, LeftOver *left, long *place,
                    long *n_places, FrameInstants *out, bool *one_instant)
 {
-    const SteadyInstants conversions(*way.id, KL_FLAGS_CONVERSION);
-    const SteadyInstants changes(*way.id, KL_FLAGS_FRAME_CHANGE);
+    const QuietSpan conversions = steady_span(*way.id, KL_FLAGS_CONVERSION);
+    const QuietSpan changes = steady_span(*way.id, KL_FLAGS_FRAME_CHANGE);
     long n = 0;
     ChainInstant instant = {};
     *one_instant = true;
@@ -116,7 +116,7 @@ bool fill_instants(const Way &way, long ref, const double *time, long first, lon
             continue;
         }
         if (n == 0 || !same_number(t, time[place[n - 1]])) {
-            if (!conversions.covers(t) || !changes.covers(t) || !chain_instant(way.id, ref, t, way.with_tdb, &instant))
+            if (!is_quiet(conversions, t) || !is_quiet(changes, t) || !chain_instant(way.id, ref, t, way.with_tdb, &instant))
                 return false;
             *one_instant &= n == 0;
         }

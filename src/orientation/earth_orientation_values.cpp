@@ -3,6 +3,7 @@
 #include "numbers/elementary.h"
 #include "numbers/pack.h"
 #include "orientation/units.h"
+#include "time/deltas.h"
 #include "time/time_record.h"
 
 #include <algorithm>
@@ -25,7 +26,18 @@ double days_to(const kl_time_row &row, const SplitDay &tai)
     return (row.tai - static_cast<double>(tai.day)) - tai.fraction;
 }
 
-// The last row at or before an instant of TAI, -1 when there is none; the search starts at row `low`.
+double days_of(const SplitDay &day)
+{
+    return static_cast<double>(day.day) + day.fraction;
+}
+
+// The last row at or before an instant of TAI, -1 when there is none.
+long row_before(const Correlation &c, const SplitDay &tai)
+{
+    return row_of(c, KL_TIME_TAI, days_of(tai));
+}
+
+// The same from a row nearby.
 long row_near(const Correlation &c, double t, long low)
 {
     low = std::max(low, 0L);
@@ -43,19 +55,6 @@ long row_near(const Correlation &c, double t, long low)
         (c.rows[middle].tai <= t ? low : high) = middle;
     }
     return low;
-}
-
-double days_of(const SplitDay &day)
-{
-    return static_cast<double>(day.day) + day.fraction;
-}
-
-// Starts where an evenly spaced table has it.
-long row_before(const Correlation &c, const SplitDay &tai)
-{
-    const double t = days_of(tai);
-    const double guess = (t - c.rows[0].tai) * c.rows_per_day;
-    return row_near(c, t, guess > 0.0 ? std::min(static_cast<long>(guess), c.n_rows - 1) : 0);
 }
 
 Span span_about(const Correlation &c, long row)
@@ -296,15 +295,9 @@ TaiInstant tai_of(const Correlation &c, long scale, double time_days)
         return {shifted(formula ? kGpsAfterFormula : c.rows[std::max(row, 0L)].tai_gps), row};
     }
     case KL_TIME_UTC: {
-        // The value of the row before, in UTC; at the leap second of the id that of the row after, from its instant on.
-        const long about = std::max(row_before(c, given), 0L);
-        long row = row_near(c, days_of(shifted(c.rows[about].tai_utc)), about);
-        double seconds = c.rows[std::max(row, 0L)].tai_utc;
-        for (long next = row + 1; next < c.n_rows && c.rows[next].utc <= time_days; ++next)
-            seconds = c.rows[next].tai_utc;
-        for (; row > 0 && c.rows[row].utc > time_days; --row)
-            seconds = c.rows[row - 1].tai_utc;
-        row = std::max(row, 0L);
+        // The value of the row before; at the leap second of the id that of the row after, from its instant on.
+        const long row = std::max(row_of(c, KL_TIME_UTC, time_days), 0L);
+        double seconds = c.rows[row].tai_utc;
         if (c.leap.sign != 0 && row + 1 < c.n_rows && c.rows[row].utc < c.leap.utc && c.leap.utc <= c.rows[row + 1].utc
             && time_days >= c.leap.utc)
             seconds = c.rows[row + 1].tai_utc;

@@ -104,3 +104,18 @@ long once_only_warning(const Correlation &correlation, OnceOnlyFlags *flags, dou
         correlation.model == KL_TIME_MODEL_LEAP_SECONDS || correlation.model == KL_TIME_MODEL_BULLETIN_A;
     return leaves(2, (first <= t && t <= last) || (t > last && open_end)) ? 3 : 0;
 }
+
+bool steadily_in_scale(TimeIdRecord *id, long from, long to, double days, double *out)
+{
+    if (from == to) {
+        *out = days;
+        return true;
+    }
+    const Correlation *correlation = &id->correlation;
+    const Moment<double> moment = midnight_carried(correlation, from, moment_of(days));
+    const Change change = change_scale(correlation, &id->once_only[KL_FLAGS_CONVERSION], from, to, days, moment);
+    if (!change.findings.none())
+        return false;
+    *out = days_of(settled(correlation, to, false, false, change.moment));
+    return true;
+}

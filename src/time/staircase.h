@@ -65,6 +65,16 @@ inline bool is_quiet(const QuietSpan &span, double days)
     return days > span.first && days < span.last && !(days > span.gap_first && days < span.gap_last);
 }
 
+// The days in which no once-only warning can be due, or noted, as the flags stand now: outside of them the calls have to
+// be taken in order. Explicit values never warn.
+inline QuietSpan steady_span(const TimeIdRecord &id, int set)
+{
+    constexpr double kFarDays = 1e9;
+    if (id.correlation.model == KL_TIME_MODEL_EXPLICIT)
+        return {-kFarDays, kFarDays, 0.0, 0.0};
+    return all_inside(id.once_only[set]) ? id.correlation.quiet : QuietSpan{0.0, 0.0, 0.0, 0.0};
+}
+
 // ---- the whole way ----
 
 struct Change {
@@ -129,5 +139,8 @@ inline Moment<double> settled(const Correlation *correlation, long ref, bool rou
         return moment;
     return {moment.days + (rounded_up ? 1.0 : 0.0), rounded_up ? 0.0 : 86399.0, moment.microseconds};
 }
+
+// kl_time_processing_to_processing of an instant in a steady span; false where it has something to say.
+bool steadily_in_scale(TimeIdRecord *id, long from, long to, double days, double *out);
 
 #endif
