@@ -75,8 +75,9 @@ template <class T>
 GeodeticPoint<T> cartesian_to_geodetic(const Ellipsoid &e, const T pos[3])
 {
     const T x = pos[0], y = pos[1], q = fabs(pos[2]);
-    T p = sqrt(x * x + y * y);
-    const T r = sqrt(p * p + q * q);
+    const T p2 = x * x + y * y;
+    T p = sqrt(p2);
+    const T r = sqrt(p2 + q * q);
     Foot<T> f = foot_from_afar(e, p, q, r);
     const auto rare = !((r >= kFarFromCentre) & (p > 1e-20 * (q + e.E)));
     if (any(rare))
@@ -87,8 +88,10 @@ GeodeticPoint<T> cartesian_to_geodetic(const Ellipsoid &e, const T pos[3])
                 set_lane(f.sine, i, one.sine);
                 set_lane(f.cosine, i, one.cosine);
                 set_lane(f.height, i, one.height);
+                set_lane(f.rise, i, one.rise);
+                set_lane(f.run, i, one.run);
             }
-    const T lat = arc_tangent(f.sine, f.cosine);
+    const T lat = arc_tangent(f.rise, f.run);
     const auto south = pos[2] < 0.0;
     const auto off_axis = p > 0.0;
     const T divisor = select(off_axis, p, T(1.0));
