@@ -5,13 +5,14 @@
 
 namespace {
 
-// Elements without a singularity at e = 0 and at inclinations of 0 or 180 degrees. With sigma = 1 up to 90 degrees and
-// -1 above, i* is i or its supplement.
+// Elements without a singularity at e = 0 and at inclinations of 0 or 180 degrees, as they lie relative to other
+// elements, so that no angle is ever the sum of large ones. With sigma = 1 up to 90 degrees and -1 above, i* is i or
+// its supplement and varpi = g + sigma node.
 struct Regular {
     double a;
-    double k, h;   // e cos, e sin of g + sigma node
-    double p, q;   // sin(i*/2) cos, sin of the node
-    double lambda; // l + g + sigma node
+    double k, h;   // e cos, e sin of the difference of varpi
+    double p, q;   // sin(i*/2) cos, sin of the difference of the nodes
+    double lambda; // difference of l + g + sigma node
 };
 
 double within_half_turn(double angle)
@@ -19,38 +20,39 @@ double within_half_turn(double angle)
     return reduced(angle);
 }
 
-// sin(i*/2), cos(i*/2) of an inclination.
-struct HalfInclination {
-    double s, c;
-};
-
-Elements elements_of(const Regular &y, double sigma)
+double half_star(double i, double sigma)
 {
-    Elements out;
-    out.a = y.a;
-    out.e = std::sqrt(y.k * y.k + y.h * y.h);
-    const double pericentre = arc_tangent(y.h, y.k);
-    const double s2 = y.p * y.p + y.q * y.q;
-    const double half = arc_tangent(std::sqrt(s2), std::sqrt(std::max(0.0, 1.0 - s2)));
-    out.i = sigma > 0.0 ? 2.0 * half : KL_PI - 2.0 * half;
-    out.node = arc_tangent(y.q, y.p);
-    out.perigee = pericentre - sigma * out.node;
-    out.mean_anomaly = within_half_turn(y.lambda - pericentre);
-    return out;
+    return sigma > 0.0 ? 0.5 * i : 0.5 * (KL_PI - i);
 }
 
-Regular regular_of(const Elements &x, double sigma)
+struct Turned {
+    double x, y;
+};
+
+Turned turned(double x, double y, const SineCosine<double> &by)
 {
-    const double i = sigma > 0.0 ? x.i : KL_PI - x.i;
-    const SineCosine<double> half = sine_cosine(0.5 * i);
-    const SineCosine<double> node = sine_cosine(x.node);
-    const SineCosine<double> pericentre = sine_cosine(x.perigee + sigma * x.node);
-    return {x.a,
-            x.e * pericentre.c,
-            x.e * pericentre.s,
-            half.s * node.c,
-            half.s * node.s,
-            x.mean_anomaly + x.perigee + sigma * x.node};
+    return {x * by.c - y * by.s, x * by.s + y * by.c};
+}
+
+SineCosine<double> unit_of(double x, double y)
+{
+    const double r = std::sqrt(x * x + y * y);
+    return r > 0.0 ? SineCosine<double>{y / r, x / r} : SineCosine<double>{0.0, 1.0};
+}
+
+// The elements that lie so relative to others.
+Elements elements_beside(const Elements &from, const Regular &y, double sigma)
+{
+    const double varpi = arc_tangent(y.h, y.k);
+    const double node = arc_tangent(y.q, y.p);
+    const double s2 = y.p * y.p + y.q * y.q;
+    const double half = arc_tangent(std::sqrt(s2), std::sqrt(std::max(0.0, 1.0 - s2)));
+    return {y.a,
+            std::sqrt(y.k * y.k + y.h * y.h),
+            sigma > 0.0 ? 2.0 * half : KL_PI - 2.0 * half,
+            within_half_turn(from.node + node),
+            within_half_turn(from.perigee + (varpi - sigma * node)),
+            within_half_turn(from.mean_anomaly + (y.lambda - varpi))};
 }
 
 // The terms at mean elements, in Brouwer's letters: e_dl is e times the one of l, d_lg that of l + g.
@@ -111,33 +113,22 @@ ShortPeriodTerms short_period_terms(const Oblateness &field, const Elements &x, 
     return d;
 }
 
-// Osculating elements of mean ones.
+// Osculating elements relative to the mean ones.
 Regular osculating_of(const Oblateness &field, const Elements &x, double sigma)
 {
-    const SineCosine<double> i = sine_cosine(x.i);
-    const ShortPeriodTerms d = short_period_terms(field, x, i);
-    const SineCosine<double> half = sine_cosine(sigma > 0.0 ? 0.5 * x.i : 0.5 * (KL_PI - x.i));
-    const SineCosine<double> node = sine_cosine(x.node);
-    const SineCosine<double> pericentre = sine_cosine(x.perigee + sigma * x.node);
-    // e cos l, e sin l with their terms turn into e cos, e sin of g + sigma h by the mean angles: the osculating
-    // pericentre is lambda - l.
+    const ShortPeriodTerms d = short_period_terms(field, x, sine_cosine(x.i));
+    const SineCosine<double> half = sine_cosine(half_star(x.i, sigma));
+    // e cos l, e sin l with their terms; what l grows by beyond lambda, varpi loses.
     const SineCosine<double> l = sine_cosine(x.mean_anomaly);
     const double e_cos = (x.e + d.de) * l.c - d.e_dl * l.s;
     const double e_sin = (x.e + d.de) * l.s + d.e_dl * l.c;
-    const double dlambda = d.d_lg + sigma * d.dh;
-    const double lambda = x.mean_anomaly + x.perigee + sigma * x.node + dlambda;
-    // cos, sin of lambda, as l + pericentre + dlambda
-    const SineCosine<double> small = sine_cosine(dlambda);
-    const double c0 = l.c * pericentre.c - l.s * pericentre.s;
-    const double s0 = l.s * pericentre.c + l.c * pericentre.s;
-    const double cl = c0 * small.c - s0 * small.s;
-    const double sl = s0 * small.c + c0 * small.s;
-    const double tilt = half.s + 0.5 * sigma * d.di * half.c;
+    const double lambda = d.d_lg + sigma * d.dh;
+    const Turned ahead = turned(l.c, l.s, sine_cosine(lambda));
     return {x.a + d.da,
-            cl * e_cos + sl * e_sin,
-            sl * e_cos - cl * e_sin,
-            tilt * node.c - half.s * d.dh * node.s,
-            tilt * node.s + half.s * d.dh * node.c,
+            ahead.x * e_cos + ahead.y * e_sin,
+            ahead.y * e_cos - ahead.x * e_sin,
+            half.s + 0.5 * sigma * d.di * half.c,
+            half.s * d.dh,
             lambda};
 }
 
@@ -166,7 +157,7 @@ MeanStatus mean_to_osculating(const Oblateness &field, const Elements &mean, Ele
     const Regular y = osculating_of(field, mean, sigma);
     if (!elliptic(y))
         return MeanStatus::not_elliptic;
-    *osculating = elements_of(y, sigma);
+    *osculating = elements_beside(mean, y, sigma);
     return MeanStatus::found;
 }
 
@@ -178,18 +169,21 @@ MeanStatus osculating_to_mean(const Oblateness &field, const Elements &osculatin
     constexpr double kClosed = 4e-16;
     constexpr double kClosing = 1e-13;
     const double sigma = sign_of_inclination(osculating.i);
-    const Regular wanted = regular_of(osculating, sigma);
-    // A contraction: each step gains two to three digits.
-    Regular y = wanted;
+    const double tilt = sine_cosine(half_star(osculating.i, sigma)).s;
+    // All relative to the osculating elements. A contraction: each step gains two to three digits.
+    Regular y = {osculating.a, osculating.e, 0.0, tilt, 0.0, 0.0};
     double last = HUGE_VAL;
     for (int n = 0; n < kMostSteps; ++n) {
-        const Elements x = elements_of(y, sigma);
+        const Elements x = elements_beside(osculating, y, sigma);
         if (!(elliptic(y) && mean_elements_allowed(field, x.a, x.e)))
             return MeanStatus::not_elliptic;
         const Regular got = osculating_of(field, x, sigma);
-        const Regular d = {wanted.a - got.a, wanted.k - got.k, wanted.h - got.h,
-                           wanted.p - got.p, wanted.q - got.q, within_half_turn(wanted.lambda - got.lambda)};
-        double change = std::fabs(d.a) / wanted.a;
+        const Turned eccentricity = turned(got.k, got.h, unit_of(y.k, y.h));
+        const Turned node = turned(got.p, got.q, unit_of(y.p, y.q));
+        const Regular d = {
+            osculating.a - got.a,    osculating.e - eccentricity.x, -eccentricity.y, tilt - node.x, -node.y,
+            -(y.lambda + got.lambda)};
+        double change = std::fabs(d.a) / osculating.a;
         for (const double part : {d.k, d.h, d.p, d.q, d.lambda})
             change = std::max(change, std::fabs(part));
         if (!(change <= kClosing) && n == kMostSteps - 1)
@@ -201,7 +195,7 @@ MeanStatus osculating_to_mean(const Oblateness &field, const Elements &osculatin
         y = {y.a + d.a, y.k + d.k, y.h + d.h, y.p + d.p, y.q + d.q, y.lambda + d.lambda};
         last = change;
         if (change <= kClosed || (change <= kClosing && n == kMostSteps - 1)) {
-            *mean = elements_of(y, sigma);
+            *mean = elements_beside(osculating, y, sigma);
             return elliptic(y) ? MeanStatus::found : MeanStatus::not_converged;
         }
     }
