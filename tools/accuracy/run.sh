@@ -10,12 +10,14 @@ cmake --build "$build" --target accuracy >/dev/null
 out=$build/tools/accuracy
 python3 tools/accuracy/fidelity.py "$build/libKitLib.so" >"$out/fidelity.md" &
 jobs=$!
-for section in bodies frames rest; do
+python3 tools/accuracy/coordinates.py "$build/libKitLib.so" >"$out/judge.md" &
+jobs="$jobs $!"
+for section in bodies frames coordinates rest; do
     "$out/accuracy" "$out/listings" "$section" >"$out/$section.md" &
     jobs="$jobs $!"
 done
 for job in $jobs; do
     wait "$job"
 done
-cat "$out/bodies.md" "$out/frames.md" "$out/rest.md" "$out/fidelity.md" >docs/accuracy.md
+cat "$out/bodies.md" "$out/frames.md" "$out/coordinates.md" "$out/judge.md" "$out/rest.md" "$out/fidelity.md" >docs/accuracy.md
 cat docs/accuracy.md

@@ -79,6 +79,8 @@ inline std::vector<Place> random_places(std::size_t count, unsigned long seed)
     return places;
 }
 
+// Coordinates against other libraries.
+void compare_coordinates(long count);
 // Geoid against other libraries; against its own formula, one row of the last table. `listings` holds the coefficients
 // as text and takes the files made of them.
 void compare_geoid(const std::string &listings);
