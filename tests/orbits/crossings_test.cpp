@@ -1,10 +1,14 @@
 // Zeros of functions of time.
 #include "kl_lib.h"
 #include "support/conditions.h"
+#include "support/rows.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <fstream>
 #include <limits>
+#include <string>
 #include <vector>
 
 namespace {
@@ -165,4 +169,27 @@ TEST(Crossings, EndsRoomAndFailures)
     LEAVES(kRefused, kl_find_crossings(failing, nullptr, &zero, &ten, &half, &half, &max, &n, out, e))
     function.f = [](double t) { return t < 5.0 ? -1.0 : std::nan(""); };
     LEAVES(kRefused, kl_find_crossings(values_of, &function, &zero, &ten, &half, &half, &max, &n, out, e))
+}
+
+// What the example prints against a computation of its own (tools/passes_truth.py): to the millisecond that it prints.
+TEST(Passes, OfTheExample)
+{
+    const std::vector<Row> events = rows_of("passes");
+    std::ifstream file("examples/passes.txt");
+    std::size_t i = 0;
+    for (std::string line; std::getline(file, line); i += 3) {
+        ASSERT_LE(i + 3, events.size());
+        int h[3], m[3];
+        double s[3], azimuth[3], high;
+        ASSERT_EQ(std::sscanf(line.c_str(),
+                              "rise %d:%d:%lf %lf deg top %d:%d:%lf %lf deg %lf high set %d:%d:%lf %lf deg", h, m, s,
+                              azimuth, h + 1, m + 1, s + 1, azimuth + 1, &high, h + 2, m + 2, s + 2, azimuth + 2),
+                  13);
+        for (std::size_t k = 0; k < 3; ++k) {
+            EXPECT_NEAR(3600.0 * h[k] + 60.0 * m[k] + s[k], events[i + k][1], 1e-3) << line;
+            EXPECT_NEAR(azimuth[k], events[i + k][2], 0.051) << line;
+        }
+        EXPECT_NEAR(high, events[i + 1][3], 0.051) << line;
+    }
+    EXPECT_EQ(i, events.size());
 }
