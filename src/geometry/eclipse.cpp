@@ -40,14 +40,19 @@ double visible_part(double over, double psi, double sun)
 
 } // namespace
 
-bool find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double sun[3], double margin, Shadow *shadow)
+bool is_inside(const Ellipsoid &ellipsoid, const double pos[3], double margin)
+{
+    const double radius = ellipsoid.a + margin;
+    const double p[3] = {pos[0], pos[1], pos[2] / ellipsoid.k};
+    return !(dot3(p, p) - radius * radius >= 0.0);
+}
+
+Shadow find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double sun[3], double margin)
 {
     const double radius = ellipsoid.a + margin;
     const double p[3] = {pos[0], pos[1], pos[2] / ellipsoid.k};
     const double pp = dot3(p, p);
     const double above = pp - radius * radius;
-    if (!(above >= 0.0) || !(pp > 0.0))
-        return false;
 
     // From the satellite: e1 to the centre of the Earth, s to the Sun, e2 across in their plane.
     const double r = std::sqrt(dot3(pos, pos));
@@ -76,19 +81,12 @@ bool find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double s
 
     const double sun_radius = arc_sine(kSunRadius / distance);
     const double over = theta - psi;
-    shadow->depth = over / sun_radius;
-    if (shadow->depth >= 1.0) {
-        shadow->state = KL_SUNLIGHT;
-        shadow->fraction = 1.0;
-    } else if (shadow->depth <= -1.0 && psi >= sun_radius) {
-        shadow->state = KL_UMBRA;
-        shadow->fraction = 0.0;
-    } else if (psi < sun_radius && theta <= sun_radius - psi) {
-        shadow->state = KL_ANNULAR;
-        shadow->fraction = 1.0 - (psi / sun_radius) * (psi / sun_radius);
-    } else {
-        shadow->state = KL_PENUMBRA;
-        shadow->fraction = visible_part(over, psi, sun_radius);
-    }
-    return true;
+    const double depth = over / sun_radius;
+    if (depth >= 1.0)
+        return {KL_SUNLIGHT, 1.0, depth};
+    if (depth <= -1.0 && psi >= sun_radius)
+        return {KL_UMBRA, 0.0, depth};
+    if (psi < sun_radius && theta <= sun_radius - psi)
+        return {KL_ANNULAR, 1.0 - (psi / sun_radius) * (psi / sun_radius), depth};
+    return {KL_PENUMBRA, visible_part(over, psi, sun_radius), depth};
 }

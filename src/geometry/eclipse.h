@@ -15,8 +15,9 @@ struct Shadow {
     double depth;    // from the Sun's centre to the limb of the Earth, in radii of the Sun; negative behind the limb
 };
 
-// Positions from the centre of the Earth, m, in axes whose z is the Earth's. False inside the ellipsoid, which `margin`
-// raises; the other bounds above are the caller's to check.
-bool find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double sun[3], double margin, Shadow *shadow);
+// Positions from the centre of the Earth, m, in axes whose z is the Earth's; `margin` raises the ellipsoid. The bounds
+// above are the caller's to check, and that the position is not inside.
+bool is_inside(const Ellipsoid &ellipsoid, const double pos[3], double margin);
+Shadow find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double sun[3], double margin);
 
 #endif

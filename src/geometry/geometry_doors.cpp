@@ -83,7 +83,10 @@ long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3],
 {
     Activation call(KL_FN_ECLIPSE, ierr);
     const double raised = margin != nullptr ? *margin : 0.0;
-    if (!is_finite3(pos) || !(length(pos) <= kFarthestSatellite))
+    const EarthModel &earth = model_blocks(model_id).earth;
+    const Ellipsoid ellipsoid = ellipsoid_of(earth);
+    if (!is_finite3(pos) || !(length(pos) <= kFarthestSatellite)
+        || (is_margin(raised) && is_inside(ellipsoid, pos, raised)))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
     if (!is_finite3(sun) || !(length(sun) >= kNearestSun))
         return call.fails(KL_ECLIPSE_SUN_ERR);
@@ -91,12 +94,9 @@ long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3],
         return call.fails(KL_ECLIPSE_MARGIN_ERR);
     if (state == nullptr || fraction == nullptr || depth == nullptr)
         return KL_ERR;
-    const EarthModel &earth = model_blocks(model_id).earth;
     if (!(earth.semi_major_axis > 0.0))
         return KL_ERR; // its selection was refused
-    Shadow shadow;
-    if (!find_shadow(ellipsoid_of(earth), pos, sun, raised, &shadow))
-        return call.fails(KL_ECLIPSE_POSITION_ERR);
+    const Shadow shadow = find_shadow(ellipsoid, pos, sun, raised);
     *state = shadow.state;
     *fraction = shadow.fraction;
     *depth = shadow.depth;
@@ -183,9 +183,10 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     const EarthModel &earth = model_blocks(model_id).earth;
     if (!(earth.semi_major_axis > 0.0) || (lights && !sun_with_light_time(model_id, time_id, *sky, satellite, sun)))
         return call.fails(KL_ECLIPSE_TRANSFORMATION_ERR);
-    Shadow shadow;
-    if (!find_shadow(ellipsoid_of(earth), satellite, sun, raised, &shadow))
+    const Ellipsoid ellipsoid = ellipsoid_of(earth);
+    if (is_inside(ellipsoid, satellite, raised))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
+    const Shadow shadow = find_shadow(ellipsoid, satellite, sun, raised);
     *state = shadow.state;
     *fraction = shadow.fraction;
     *depth = shadow.depth;

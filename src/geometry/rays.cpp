@@ -139,9 +139,9 @@ long ray_meets_height(const Ellipsoid &ellipsoid, const Ray &ray, double height,
 
 bool lowest_point(const Ellipsoid &ellipsoid, const Ray &ray, double *t, Place *place)
 {
-    constexpr double kCore = 1e5;    // m: closer to the centre the height has no single lowest point
-    constexpr double kEnough = 1e-3; // m along the ray: the next step is below 1e-9 m
-    constexpr int kLimit = 20;       // four are the most seen
+    constexpr double kCore = 1e5;   // m: closer to the centre the height has no single lowest point
+    constexpr double kEnough = 0.5; // m along the ray: the next step would be of 1e-9 m
+    constexpr int kLimit = 20;      // four are the most seen
     *t = chord_of(ellipsoid.a, ellipsoid.k, ray.pos, ray.dir).middle;
     for (int step = 0; step < kLimit; ++step) {
         *place = place_on(ellipsoid, ray, *t);
@@ -154,5 +154,5 @@ bool lowest_point(const Ellipsoid &ellipsoid, const Ray &ray, double *t, Place *
             break;
     }
     *place = place_on(ellipsoid, ray, *t);
-    return std::isfinite(*t);
+    return dot3(place->point, place->point) >= kCore * kCore;
 }

@@ -85,45 +85,92 @@ Roots roots_of_quadratic(double c, double b, double a)
 
 // ---- a root in a piece ----
 
+// Value and derivatives at a point: p, p', p''/2.
+struct Taylor {
+    double p, d1, d2;
+};
+
+Taylor taylor_at(const Polynomial &f, double x)
+{
+    Taylor out = {f.c[f.order], 0.0, 0.0};
+    for (int i = f.order - 1; i >= 0; --i) {
+        out.d2 = out.d2 * x + out.d1;
+        out.d1 = out.d1 * x + out.p;
+        out.p = out.p * x + f.c[i];
+    }
+    return out;
+}
+
+// One more step of Newton with the value in twice the digits: S. Graillat, P. Langlois and N. Louvet, Japan J. Indust.
+// Appl. Math. 26, 191 (2009), algorithm 3.
+double corrected(const Polynomial &f, double low, double high, double x)
+{
+    double p = f.c[f.order];
+    double lost = 0.0; // by rounding, to be added to p
+    double d1 = 0.0;
+    for (int i = f.order - 1; i >= 0; --i) {
+        d1 = d1 * x + p;
+        const double product = p * x;
+        const double sum = product + f.c[i];
+        const double part = sum - product;
+        lost = lost * x + (product_error(p, x, product) + ((product - (sum - part)) + (f.c[i] - part)));
+        p = sum;
+    }
+    const double next = x - (p + lost) / d1;
+    return next > low && next < high ? next : x;
+}
+
+// A few per cent from the n-th root of a positive number: the exponent divided by n.
+double rough_root(double x, int n)
+{
+    constexpr std::int64_t kOne = std::int64_t{1023} << 52;
+    std::int64_t bits;
+    std::memcpy(&bits, &x, sizeof bits);
+    bits = kOne + (bits - kOne) / n;
+    std::memcpy(&x, &bits, sizeof x);
+    return x;
+}
+
+// How near a root of a derivative must come: the value at a turning point changes with the square of its error.
+enum class Search { turning_point, root };
+
 // The polynomial changes its sign between the ends and is monotone.
-double root_between(const Polynomial &f, double low, double p_low, double high, double p_high)
+double root_between(const Polynomial &f, double low, double high, bool rising, double start, Search search)
 {
     constexpr int kLimit = 200; // bisection alone ends sooner
-    const bool rising = p_high > p_low;
-    double x = low - p_low * ((high - low) / (p_high - p_low));
-    if (!(x > low && x < high))
-        x = 0.5 * (low + high);
+    const double enough = search == Search::root ? 4.0 * kUnit : 1e-6;
+    double x = start > low && start < high ? start : 0.5 * (low + high);
+    double moved_before = 0.0;
     for (int step = 0; step < kLimit; ++step) {
-        // Value and both derivatives in one pass; d2 is half the second one.
-        double p = f.c[f.order];
-        double d1 = 0.0;
-        double d2 = 0.0;
-        for (int i = f.order - 1; i >= 0; --i) {
-            d2 = d2 * x + d1;
-            d1 = d1 * x + p;
-            p = p * x + f.c[i];
-        }
-        if (p == 0.0)
+        const Taylor at = taylor_at(f, x);
+        if (at.p == 0.0)
             return x;
-        if ((p < 0.0) == rising)
+        if ((at.p < 0.0) == rising)
             low = x;
         else
             high = x;
-        double next = x - p * d1 / (d1 * d1 - p * d2); // Halley
+        double next = x - at.p * at.d1 / (at.d1 * at.d1 - at.p * at.d2); // Halley
         if (!(next > low && next < high)) {
             // A step onto an end is one of rounding, unless the end is still far.
-            if (std::fabs(next - x) <= 2.0 * 2.0 * kUnit * std::fabs(x))
+            if (std::fabs(next - x) <= 4.0 * kUnit * std::fabs(x))
                 return x;
             next = 0.5 * (low + high);
             if (!(next > low && next < high))
                 return x;
+            moved_before = 0.0;
         }
         const double moved = std::fabs(next - x);
         x = next;
-        if (moved <= 2.0 * 2.0 * kUnit * std::fabs(x))
+        if (moved <= enough * std::fabs(x))
             break;
+        // Where each step shortens the next as the cube, the next one is moved (moved/moved_before)^3.
+        const double square = moved * moved;
+        if (moved < 0.01 * moved_before
+            && square * square <= kUnit * std::fabs(x) * (moved_before * moved_before * moved_before))
+            break;
+        moved_before = moved;
     }
-    return x;
+    return search == Search::root ? corrected(f, low, high, x) : x;
 }
 
 // ---- order 3 and 4 ----
@@ -149,7 +196,57 @@ double bound_of_roots(const Polynomial &f)
     return 2.0 * bound;
 }
 
-Roots roots_of(const Polynomial &f)
+// The same root to rounding.
+double root_near(const Polynomial &f, double x)
+{
+    for (int step = 0; step < 4; ++step) {
+        const Taylor at = taylor_at(f, x);
+        const double by = at.p * at.d1 / (at.d1 * at.d1 - at.p * at.d2);
+        if (!(std::fabs(by) <= 1e-3 * std::fabs(x)))
+            break; // a multiple one, lost in rounding
+        x -= by;
+        if (std::fabs(by) <= 4.0 * kUnit * std::fabs(x))
+            break;
+    }
+    return x;
+}
+
+// A turning point, or an end of the line.
+struct Mark {
+    double x, p;
+    int sign;
+};
+
+// Where to start: outside the last turning point the parabola there and the leading term bound the way to the root.
+double start_beyond(const Polynomial &f, const Mark &turning, double side)
+{
+    const double curvature = taylor_at(f, turning.x).d2;
+    const double by_leading = rough_root(std::fabs(turning.p / f.c[f.order]), f.order);
+    const double square = -turning.p / curvature;
+    const double way = square > 0.0 && square < by_leading * by_leading ? std::sqrt(square) : by_leading;
+    return turning.x + side * way;
+}
+
+// Between two turning points the cubic that turns there too: s^2 (3 - 2 s) of the way.
+double start_between(const Mark &low, const Mark &high)
+{
+    const double share = low.p / (low.p - high.p);
+    const double y = std::min(share, 1.0 - share);
+    const double s = std::sqrt(y / (3.0 - 2.0 * std::sqrt(y * (1.0 / 3.0))));
+    return low.x + (high.x - low.x) * (share < 0.5 ? s : 1.0 - s);
+}
+
+// A cubic without turning points: from where it is steepest or flattest.
+double start_on_the_line(const Polynomial &f)
+{
+    const double x = -f.c[2] / (3.0 * f.c[3]);
+    const Taylor at = taylor_at(f, x);
+    const double by_leading = rough_root(std::fabs(at.p / f.c[3]), 3);
+    const double way = std::min(std::fabs(at.p / at.d1), by_leading);
+    return (at.p < 0.0) == (f.c[3] > 0.0) ? x + way : x - way;
+}
+
+Roots roots_of(const Polynomial &f, Search search)
 {
     Roots out;
     if (f.order == 1) {
@@ -162,39 +259,39 @@ Roots roots_of(const Polynomial &f)
     Polynomial derivative = {f.order - 1, {}};
     for (int i = 1; i <= f.order; ++i)
         derivative.c[i - 1] = i * f.c[i];
-    const Roots turning = roots_of(derivative);
-
-    // Ends and turning points. Neighbours at which the value is lost in rounding are one root, several times.
+    Roots turning = roots_of(derivative, Search::turning_point);
     const double bound = bound_of_roots(f);
     if (bound == 0.0) { // c x^n
         out.add(0.0);
         return out;
     }
-    double x_before = -bound;
-    Value before = value_at(f, x_before);
-    int sign_before = sign_of(before);
+
+    // Ends and turning points. Neighbours at which the value is lost in rounding are one root, several times.
+    const int sign_at_end = f.c[f.order] > 0.0 ? 1 : -1;
+    Mark before = {-bound, 0.0, f.order == 3 ? -sign_at_end : sign_at_end};
     double first_of_run = 0.0;
-    const auto end_run = [&] {
-        if (sign_before == 0)
-            out.add(0.5 * (first_of_run + x_before));
-    };
     for (int i = 0; i <= turning.n; ++i) {
-        const double x = i < turning.n ? turning.x[i] : bound;
-        const Value here = value_at(f, x);
-        const int sign = sign_of(here);
-        if (sign == 0) {
-            if (sign_before != 0)
-                first_of_run = x;
-        } else {
-            end_run();
-            if (sign_before * sign < 0)
-                out.add(root_between(f, x_before, before.p, x, here.p));
+        Mark here = {bound, 0.0, sign_at_end};
+        if (i < turning.n) {
+            const Value value = value_at(f, turning.x[i]);
+            here = {turning.x[i], value.p, sign_of(value)};
+            if (here.sign == 0 && search == Search::root && derivative.order > 2)
+                here.x = root_near(derivative, here.x);
         }
-        x_before = x;
+        if (here.sign == 0) {
+            if (before.sign != 0)
+                first_of_run = here.x;
+        } else if (before.sign == 0) {
+            out.add(0.5 * (first_of_run + before.x));
+        } else if (before.sign != here.sign) {
+            const double start = turning.n == 0   ? start_on_the_line(f)
+                                 : i == 0         ? start_beyond(f, here, -1.0)
+                                 : i == turning.n ? start_beyond(f, before, 1.0)
+                                                  : start_between(before, here);
+            out.add(root_between(f, before.x, here.x, here.sign > 0, start, search));
+        }
         before = here;
-        sign_before = sign;
     }
-    end_run();
     return out;
 }
 
@@ -207,15 +304,19 @@ int exponent_of(double x)
     return e;
 }
 
+bool is_tame(double coefficient)
+{
+    constexpr double kLarge = 0x1p80;
+    const double size = std::fabs(coefficient);
+    return size < kLarge && size > 1.0 / kLarge;
+}
+
 // Neither the bound of the roots nor the powers of it leave the range of double.
 bool is_tame(const Polynomial &f)
 {
-    constexpr double kLarge = 0x1p80;
-    bool tame = std::fabs(f.c[f.order]) > 1.0 / kLarge;
-    for (int i = 0; i <= f.order; ++i) {
-        const double size = std::fabs(f.c[i]);
-        tame &= size < kLarge && (size > 1.0 / kLarge || size == 0.0);
-    }
+    bool tame = is_tame(f.c[f.order]);
+    for (int i = 0; i < f.order; ++i)
+        tame &= f.c[i] == 0.0 || is_tame(f.c[i]);
     return tame;
 }
 
@@ -254,6 +355,12 @@ long real_roots(long order, const double *c, double roots[4])
 {
     if (order < 1 || order > kLargestOrder)
         return -1;
+    if (order == 2 && is_tame(c[0]) && is_tame(c[1]) && is_tame(c[2])) { // what most quadratics are
+        const Roots found = roots_of_quadratic(c[0], c[1], c[2]);
+        for (int i = 0; i < found.n; ++i)
+            roots[i] = found.x[i];
+        return found.n;
+    }
     Polynomial f = {0, {}};
     for (int i = 0; i <= static_cast<int>(order); ++i) {
         if (!std::isfinite(c[i]))
@@ -274,7 +381,7 @@ long real_roots(long order, const double *c, double roots[4])
         return 2;
     }
     const int exponent = tame ? 0 : scale(&f);
-    const Roots found = roots_of(f);
+    const Roots found = roots_of(f, Search::root);
     for (int i = 0; i < found.n; ++i)
         roots[i] = exponent == 0 ? found.x[i] : std::ldexp(found.x[i], exponent);
     return found.n;

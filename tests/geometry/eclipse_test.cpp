@@ -136,7 +136,7 @@ TEST(Eclipse, Conditions)
     LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), KL_Eclipse(nullptr, above, sun, &raised, &state, &f, &d, e));
     LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), KL_Eclipse(nullptr, nullptr, near_sun, &low, &state, &f, &d, e));
     LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), KL_Eclipse(nullptr, far, near_sun, &low, &state, &f, &d, e));
-    LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), KL_Eclipse(nullptr, inside, sun, nullptr, &state, &f, &d, e));
+    LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), KL_Eclipse(nullptr, inside, near_sun, nullptr, &state, &f, &d, e));
     LEAVES(error_bits(KL_ECLIPSE_SUN_ERR), KL_Eclipse(nullptr, pos, near_sun, &low, &state, &f, &d, e));
     LEAVES(error_bits(KL_ECLIPSE_SUN_ERR), KL_Eclipse(nullptr, pos, nullptr, nullptr, &state, &f, &d, e));
     LEAVES(error_bits(KL_ECLIPSE_MARGIN_ERR), KL_Eclipse(nullptr, pos, sun, &low, &state, &f, &d, e));
