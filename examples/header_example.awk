@@ -1,5 +1,5 @@
-# The example in the comment of a header, @code{.cpp} to @endcode: the program, or with -v expected=1 the lines that it
-# prints, which stand behind "// -> " in their order.
+# The examples in the comments of a header, @code{.cpp} to @endcode, each in a block of its own: the program, or with
+# -v expected=1 the lines that it prints, which stand behind "// -> " in their order.
 BEGIN {
     if (!expected) {
         print "#include \"orbkit.hpp\"\n"
@@ -7,15 +7,23 @@ BEGIN {
         print "int main()\n{"
     }
 }
-/@endcode/ { inside = 0 }
+/@endcode/ {
+    if (!expected)
+        print "    }"
+    inside = 0
+}
 inside {
     sub(/^ *\* ?/, "")
     if (!expected)
-        print "    " $0
+        print "        " $0
     else if (match($0, /\/\/ -> /))
         print substr($0, RSTART + RLENGTH)
 }
-/@code\{\.cpp\}/ { inside = 1 }
+/@code\{\.cpp\}/ {
+    if (!expected)
+        print "    {"
+    inside = 1
+}
 END {
     if (!expected)
         print "}"

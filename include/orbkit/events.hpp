@@ -1,12 +1,18 @@
 /**
  * @file events.hpp
  * Passes, eclipses, rise and set of the Sun, node crossings: instants at which a function of time crosses zero, found
- * by kl_find_crossings.
+ * by kl_find_crossings to a microsecond. Nothing is missed that lasts longer than the step; what goes on at an end of
+ * the span is cut there and says so.
+ *
+ * An orbit is any function from an instant to a StateVector: see orbits.hpp for two. What such a function throws comes
+ * out as a KitError.
  */
 #ifndef ORBKIT_EVENTS_HPP
 #define ORBKIT_EVENTS_HPP
 
-#include "sky.hpp"
+#include "eclipse.hpp"
+#include "orbits.hpp"
+#include "sun.hpp"
 
 #include <chrono>
 #include <exception>
@@ -25,53 +31,32 @@ struct Span {
 };
 
 /**
- * Motion on mean Kepler elements in Frame::TOD, whose node, perigee and anomaly turn by the secular rates of J2.
+ * What happens and when.
  *
  * @code{.cpp}
- * const ORBKIT::Time epoch("2026-06-21T00:00:00");
- * const ORBKIT::MeanMotion orbit({7178137.0, 0.001, 98.6, 250.0, 90.0, 0.0}, epoch);
- * const kl_kepler later = orbit(epoch + std::chrono::hours(24)).kepler(ORBKIT::Elements::mean);
- * std::printf("node moved %.2f deg in a day\n", later.raan - 250.0); // -> node moved 0.99 deg in a day
+ * using namespace std::chrono_literals;
+ * namespace events = ORBKIT::events;
+ * const ORBKIT::Time start("2026-06-21T00:00:00");
+ * const ORBKIT::Span day = {start, start + 24h};
+ * const ORBKIT::MeanMotion orbit({7178137.0, 0.001, 98.6, 250.0, 90.0, 0.0}, start);
+ * const ORBKIT::GroundStation kiruna(67.857, 20.964, 390.0), rome(41.9, 12.5, 50.0);
+ *
+ * const auto passes = events::passes(orbit, kiruna, day, 5.0); // above 5 deg
+ * std::printf("%zu passes, the first to %.0f deg\n", passes.size(), passes.at(0).elevation);
+ * // -> 11 passes, the first to 7 deg
+ * const auto dark = events::eclipses(orbit, day, events::Edge::umbra);
+ * std::printf("%zu eclipses\n", dark.size()); // -> 14 eclipses
+ * const auto nodes = events::node_crossings(orbit, day);
+ * std::printf("%zu nodes, the first %s\n", nodes.size(), nodes.at(0).rising ? "northward" : "southward");
+ * // -> 29 nodes, the first southward
+ * for (const events::Crossing &sun : events::sun_rise_set(rome, day))
+ *     std::printf("%s %s\n", sun.rising ? "rise" : "set", sun.time.text(ORBKIT::TextFormat::ascii_41).c_str());
+ * // -> rise 2026-06-21T03:34:53
+ * // -> set 2026-06-21T18:48:46
+ * const auto high = events::when([&](const ORBKIT::Time &t) { return orbit(t).geodetic().height - 810e3; }, day);
+ * std::printf("%zu times through 810 km\n", high.size()); // -> 58 times through 810 km
  * @endcode
  */
-class MeanMotion {
-public:
-    MeanMotion(const kl_kepler &mean_elements, const Time &epoch, const ModelId &models = default_models())
-        : elements_(mean_elements), epoch_(epoch), models_(&models)
-    {
-        constexpr double kDegree = 0.017453292519943295;
-        const kl_model_data model = models.getData();
-        const double a = elements_.semi_major_axis;
-        const double e2 = 1.0 - elements_.eccentricity * elements_.eccentricity;
-        const double n = std::sqrt(model.gm / a) / a;
-        const double ratio = model.gravity_radius / (a * e2);
-        const double cosine = std::cos(elements_.inclination * kDegree);
-        const double factor = 0.75 * n * model.j2 * ratio * ratio;
-        // Source: D. Brouwer, Astron. J. 64, 378 (1959), secular terms of first order.
-        node_rate_ = -2.0 * factor * cosine / kDegree;
-        perigee_rate_ = factor * (5.0 * cosine * cosine - 1.0) / kDegree;
-        anomaly_rate_ = (n + factor * std::sqrt(e2) * (3.0 * cosine * cosine - 1.0)) / kDegree;
-    }
-
-    StateVector operator()(const Time &time) const
-    {
-        const double seconds = static_cast<double>((time - epoch_).count()) * 1e-6;
-        kl_kepler at = elements_;
-        at.raan = reduced(at.raan + node_rate_ * seconds);
-        at.arg_perigee = reduced(at.arg_perigee + perigee_rate_ * seconds);
-        at.mean_anomaly = reduced(at.mean_anomaly + anomaly_rate_ * seconds);
-        return StateVector::fromKepler(at, Elements::mean, Frame::TOD, time, *models_);
-    }
-
-private:
-    static double reduced(double degrees) { return degrees - 360.0 * std::floor(degrees / 360.0); }
-
-    kl_kepler elements_;
-    Time epoch_;
-    const ModelId *models_;
-    double node_rate_ = 0.0, perigee_rate_ = 0.0, anomaly_rate_ = 0.0; // deg/s
-};
-
 namespace events {
 
 /** An instant at which a function crosses zero. */
@@ -85,6 +70,8 @@ struct Crossing {
 struct Interval {
     Time start, stop;
     bool cut_start = false, cut_stop = false;
+
+    Time::Duration duration() const { return stop - start; }
 };
 
 /** A pass over a station. */
@@ -94,13 +81,17 @@ struct Pass {
     double elevation = 0.0; /**< deg, at the culmination */
 };
 
+/** How deep an eclipse is, in radii of the Sun: its first touch, its centre on the limb, the last light. */
+enum class Edge : long { penumbra = 1, centre = 0, umbra = -1 };
+
 /**
- * When a smooth function crosses zero.
+ * When a smooth function crosses zero; rises and falls alternate, ends of the span that are above zero are cut.
  *
  * @param function  of the instant
  * @param span      where to look
  * @param step      nothing that lasts longer is missed
- * @throws KitError for an empty span; whatever the function throws
+ * @throws KitError for an empty span, a step of nothing, instants of different correlations; for what the function
+ *                  throws, with its words
  */
 template <class Function>
 std::vector<Crossing> when(Function function, const Span &span, Time::Duration step = std::chrono::minutes(1))
@@ -109,13 +100,16 @@ std::vector<Crossing> when(Function function, const Span &span, Time::Duration s
         Function *function;
         const Time *start;
         std::exception_ptr thrown;
+        static Time after(const Time &start, double days)
+        {
+            return start + Time::Duration(static_cast<std::int64_t>(std::llround(days * 8.64e10)));
+        }
     } context = {&function, &span.start, nullptr};
     const auto values = [](void *data, const long *n, const double *days, double *out) -> long {
         Context &c = *static_cast<Context *>(data);
         try {
             for (long i = 0; i < *n; ++i)
-                out[i] = (*c.function)(*c.start
-                                       + Time::Duration(static_cast<std::int64_t>(std::llround(days[i] * 8.64e10))));
+                out[i] = (*c.function)(Context::after(*c.start, days[i]));
             return KL_OK;
         } catch (...) { // C stands between: carried past it
             c.thrown = std::current_exception();
@@ -123,6 +117,10 @@ std::vector<Crossing> when(Function function, const Span &span, Time::Duration s
         }
     };
     constexpr double kDay = 8.64e10; // microseconds
+    if (!(span.start < span.stop))
+        throw_messages({"The span is empty: it must stop after it starts.", "events::when"});
+    if (step <= Time::Duration::zero())
+        throw_messages({"The step must be longer than nothing.", "events::when"});
     const double start = 0.0;
     const double stop = static_cast<double>((span.stop - span.start).count()) / kDay;
     const double step_days = static_cast<double>(step.count()) / kDay;
@@ -131,35 +129,41 @@ std::vector<Crossing> when(Function function, const Span &span, Time::Duration s
     long n = 0;
     for (;;) {
         const long room = static_cast<long>(found.size());
-        long ierr[1] = {0};
-        const long status =
-            kl_find_crossings(values, &context, &start, &stop, &step_days, &tolerance, &room, &n, found.data(), ierr);
+        const long status = kl_find_crossings(values, &context, &start, &stop, &step_days, &tolerance, &room, &n,
+                                              found.data(), nullptr);
         if (context.thrown != nullptr)
-            std::rethrow_exception(context.thrown);
+            try {
+                std::rethrow_exception(context.thrown);
+            } catch (const KitError &) {
+                throw;
+            } catch (const std::exception &error) {
+                throw_messages({"The function of time failed.", "events::when", error.what()});
+            } catch (...) {
+                throw_messages({"The function of time failed.", "events::when"});
+            }
         if (status == KL_ERR)
-            throw_unless_ok("events::when", KL_ERR, KL_ID_FUNC_POSITION_ON_ORBIT, ierr);
+            throw_messages({"The function of time is no number, or the span has too many steps.", "events::when"});
         if (status == KL_OK)
             break;
         found.resize(4 * found.size()); // more than there was room for
     }
     std::vector<Crossing> out;
+    out.reserve(static_cast<std::size_t>(n));
     for (long i = 0; i < n; ++i) {
         const kl_crossing &c = found[static_cast<std::size_t>(i)];
-        out.push_back({span.start + Time::Duration(static_cast<std::int64_t>(std::llround(c.time * kDay))),
-                       c.direction > 0, c.cut != 0});
+        out.push_back({Context::after(span.start, c.time), c.direction > 0, c.cut != 0});
     }
     return out;
 }
 
 /** While a function is above zero. */
 template <class Function>
-std::vector<Interval> whileAbove(Function function, const Span &span, Time::Duration step = std::chrono::minutes(1))
+std::vector<Interval> while_above(Function function, const Span &span, Time::Duration step = std::chrono::minutes(1))
 {
     std::vector<Interval> out;
     Interval open;
     for (const Crossing &c : when(std::move(function), span, step)) {
-        const bool begins = c.cut ? c.time == span.start : c.rising;
-        if (begins)
+        if (c.rising)
             open = {c.time, c.time, c.cut, false};
         else
             out.push_back({open.start, c.time, open.cut_start, c.cut});
@@ -167,18 +171,7 @@ std::vector<Interval> whileAbove(Function function, const Span &span, Time::Dura
     return out;
 }
 
-/**
- * Passes of a satellite over a station above an elevation.
- *
- * @code{.cpp}
- * const ORBKIT::Time start("2026-06-21T00:00:00");
- * const ORBKIT::MeanMotion satellite({7178137.0, 0.001, 98.6, 250.0, 90.0, 0.0}, start);
- * const auto passes = ORBKIT::events::passes(satellite, {67.857, 20.964, 390.0}, {start, start +
- * std::chrono::hours(24)}, 5.0); std::printf("%zu passes, the first to %.0f deg\n", passes.size(),
- * passes.at(0).elevation);
- * // -> 11 passes, the first to 7 deg
- * @endcode
- */
+/** Passes of a satellite over a station above an elevation, deg; no refraction. */
 template <class Motion>
 std::vector<Pass> passes(const Motion &orbit, const GroundStation &station, const Span &span, double elevation = 0.0,
                          Time::Duration step = std::chrono::minutes(1))
@@ -186,40 +179,51 @@ std::vector<Pass> passes(const Motion &orbit, const GroundStation &station, cons
     const auto seen = [&](const Time &time) { return orbit(time).seenFrom(station); };
     std::vector<Pass> out;
     for (const Interval &visible :
-         whileAbove([&](const Time &t) { return seen(t).elevation - elevation; }, span, step)) {
-        Pass pass = {visible, visible.start, 0.0};
-        for (const Crossing &c :
-             when([&](const Time &t) { return -seen(t).elevation_rate; }, {visible.start, visible.stop},
-                  std::max<Time::Duration>((visible.stop - visible.start) / 8, std::chrono::seconds(1))))
-            if (c.rising && !c.cut)
-                pass.culmination = c.time;
-        if (pass.culmination == visible.start && seen(visible.stop).elevation > seen(visible.start).elevation)
-            pass.culmination = visible.stop;
-        pass.elevation = seen(pass.culmination).elevation;
+         while_above([&](const Time &t) { return seen(t).elevation - elevation; }, span, step)) {
+        Pass pass = {visible, visible.start, seen(visible.start).elevation};
+        const auto higher = [&](const Time &time) {
+            const double here = seen(time).elevation;
+            if (here > pass.elevation) {
+                pass.culmination = time;
+                pass.elevation = here;
+            }
+        };
+        if (visible.start < visible.stop) // the elevation may have several tops
+            for (const Crossing &c : when([&](const Time &t) { return -seen(t).elevation_rate; },
+                                          {visible.start, visible.stop}, std::min(step, visible.duration())))
+                if (c.rising && !c.cut)
+                    higher(c.time);
+        higher(visible.stop);
         out.push_back(pass);
     }
     return out;
 }
 
-/** While the Sun is covered: below the depth 1 (any part), 0 (its centre) or -1 (all of it). */
+/** While the Earth covers the Sun: any part of it, its centre, or all of it. */
 template <class Motion>
-std::vector<Interval> eclipses(const Motion &orbit, const Span &span, double depth = 1.0,
+std::vector<Interval> eclipses(const Motion &orbit, const Span &span, Edge edge = Edge::penumbra,
                                Time::Duration step = std::chrono::minutes(1))
 {
-    return whileAbove([&](const Time &t) { return depth - Eclipse::at(orbit(t)).depth; }, span, step);
+    const double depth = static_cast<double>(number(edge));
+    return while_above([&](const Time &t) { return depth - Eclipse::at(orbit(t)).depth; }, span, step);
 }
 
-/** While the Sun's centre stands above -0.8333 deg at a station; no refraction. */
-inline std::vector<Interval> sunUp(const GroundStation &station, const Span &span)
+/** Rise and set of the Sun at a station: its centre at -0.8333 deg, no refraction. Ends of the span are not given. */
+inline std::vector<Crossing> sun_rise_set(const GroundStation &station, const Span &span,
+                                          Time::Duration step = std::chrono::minutes(20))
 {
-    return whileAbove([&](const Time &t) { return Sun::at(t).seenFrom(station).elevation + 0.8333; }, span,
-                      std::chrono::minutes(20));
+    std::vector<Crossing> out;
+    for (const Crossing &c :
+         when([&](const Time &t) { return Sun::at(t).seenFrom(station).elevation + 0.8333; }, span, step))
+        if (!c.cut)
+            out.push_back(c);
+    return out;
 }
 
-/** Crossings of the true equator of date; rising ones go north. */
+/** Crossings of the true equator of date, in both directions; rising ones go north. */
 template <class Motion>
-std::vector<Crossing> nodeCrossings(const Motion &orbit, const Span &span,
-                                    Time::Duration step = std::chrono::minutes(1))
+std::vector<Crossing> node_crossings(const Motion &orbit, const Span &span,
+                                     Time::Duration step = std::chrono::minutes(1))
 {
     std::vector<Crossing> out;
     for (const Crossing &c : when([&](const Time &t) { return orbit(t).in(Frame::TOD).pos()[2]; }, span, step))

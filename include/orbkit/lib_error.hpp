@@ -8,6 +8,7 @@
 
 #include <kit_common.hpp>
 
+#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
@@ -66,6 +67,19 @@ private:
     std::vector<std::pair<int, std::string>> with_values_; // code and text, of messages with an argument
     long words_[2];
 };
+
+/** Throws what a failed call of C left: a KitError from a LibError. */
+[[noreturn]] KL_API void throw_lib_error(const char *operation, long status, long public_id, const long *ierr);
+
+/** Throws words that no call of C stands behind: a KitError with these messages. */
+[[noreturn]] KL_API void throw_messages(std::initializer_list<std::string> messages);
+
+/** The rule of all classes: errors are thrown, warnings only where the family's switch says so. */
+inline void throw_unless_ok(const char *operation, long status, long public_id, const long *ierr)
+{
+    if (status == KL_ERR || (status == KL_WARN && KitClass::throwWarn))
+        throw_lib_error(operation, status, public_id, ierr);
+}
 
 } // namespace ORBKIT
 

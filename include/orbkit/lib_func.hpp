@@ -251,15 +251,15 @@ public:
 
     template <typename Satellite, typename Parameters>
     static double timeObtToTime(const Satellite &satellite, long time_ref, const Parameters &parameters,
-                                const OnBoardTime<Parameters> &obt)
+                                const OnBoardCount<Parameters> &obt)
     {
         return obtToTime(satellite, time_ref, &parameters, &obt);
     }
     template <typename Satellite, typename Parameters>
-    static OnBoardTime<Parameters> timeTimeToObt(const Satellite &satellite, long time_ref,
-                                                 const Parameters &parameters, double t)
+    static OnBoardCount<Parameters> timeTimeToObt(const Satellite &satellite, long time_ref,
+                                                  const Parameters &parameters, double t)
     {
-        OnBoardTime<Parameters> obt{};
+        OnBoardCount<Parameters> obt{};
         obt.sat_id = satellite.getSatellite();
         timeToObt(satellite, time_ref, &parameters, t, &obt);
         return obt;

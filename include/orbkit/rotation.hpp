@@ -4,7 +4,11 @@
 #ifndef ORBKIT_ROTATION_HPP
 #define ORBKIT_ROTATION_HPP
 
-#include "time.hpp"
+#include "lib_error.hpp"
+#include "types.hpp"
+
+#include <cmath>
+#include <ostream>
 
 namespace ORBKIT {
 
@@ -52,9 +56,8 @@ public:
     static Rotation fromAngles(const Vector &angles)
     {
         Rotation out;
-        long ierr[1] = {0};
-        throw_unless_ok("Rotation::fromAngles", kl_euler_to_matrix(angles.data(), out.matrix_.data(), ierr),
-                        KL_ID_FUNC_MATRIX_TO_EULER, ierr);
+        if (kl_euler_to_matrix(angles.data(), out.matrix_.data(), nullptr) == KL_ERR)
+            throw_messages({"The angles must be numbers.", "Rotation::fromAngles"});
         return out;
     }
 
@@ -126,6 +129,11 @@ public:
 
     friend bool operator==(const Rotation &a, const Rotation &b) { return a.matrix_ == b.matrix_; }
     friend bool operator!=(const Rotation &a, const Rotation &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const Rotation &r)
+    {
+        const Quaternion q = r.quaternion();
+        return out << '[' << q[0] << ' ' << q[1] << ' ' << q[2] << ' ' << q[3] << ']';
+    }
 
 private:
     Matrix matrix_ = {1.0, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, 1.0};

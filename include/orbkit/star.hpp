@@ -20,12 +20,12 @@ enum class StarCorrections : long {
 };
 
 /**
- * A star of a catalogue.
+ * A star, as catalogues have it: place, motion, parallax, brightness.
  *
  * @code{.cpp}
- * const ORBKIT::Time time("2026-06-21T00:00:00");
- * const auto bright = ORBKIT::StarCatalog().window(time, 1.0);
- * std::printf("%zu stars brighter than 1.0\n", bright.size()); // -> 15 stars brighter than 1.0
+ * kl_star sirius = {101.287155, -16.716116, -546.0, -1223.0, 379.2, -5.5, 0.5, -1.46, 2491}; // J2000.0
+ * const kl_radec seen = ORBKIT::Star(sirius).place(ORBKIT::Time("2026-06-21T00:00:00"), ORBKIT::Frame::TOD);
+ * std::printf("%.3f %.3f deg\n", seen.ra, seen.dec); // -> 101.575 -16.753 deg
  * @endcode
  */
 class Star {
@@ -41,65 +41,42 @@ public:
      * @param observer  a satellite; without one the centre of the Earth
      */
     kl_radec place(const Time &time, Frame frame = Frame::GM2000, StarCorrections corrections = StarCorrections::all,
-                   const std::optional<StateVector> &observer = std::nullopt,
-                   const ModelId &models = default_models()) const
+                   const std::optional<StateVector> &observer = std::nullopt, Borrowed<ModelId> models = {}) const
     {
+        const ModelId &model = models != nullptr ? *models : default_models();
         const long what = number(corrections);
         const long cs = number(frame);
         const long ref = KL_TIME_TAI;
-        const double days = time.processing(Scale::TAI);
+        const double days = time.taiDays();
         std::optional<StateVector> seen;
         if (observer)
-            seen = observer->in(Frame::GM2000, models);
+            seen = observer->in(Frame::GM2000);
         kl_radec out{};
         long ierr[1] = {0};
         throw_unless_ok("Star::place",
-                        kl_star_radec(models.getId(), time.id(), &what, &cs, &ref, &days, &data_,
+                        kl_star_radec(model.getId(), time.id(), &what, &cs, &ref, &days, &data_,
                                       seen ? seen->pos().data() : nullptr, seen ? seen->vel().data() : nullptr, &out,
                                       ierr),
                         KL_ID_FUNC_STAR_RADEC, ierr);
         return out;
     }
 
-private:
-    kl_star data_;
-};
-
-/** A catalogue: the Bright Star Catalogue that is built in, or a file. */
-class StarCatalog {
-public:
-    StarCatalog() = default;
-    explicit StarCatalog(std::string file) : file_(std::move(file)) {}
-
-    /** The stars up to a magnitude at an instant; within `radius` degrees of a direction when radius is above 0. */
-    std::vector<Star> window(const Time &time, double magnitude, double ra = 0.0, double dec = 0.0, double radius = 0.0,
-                             Frame frame = Frame::GM2000, const ModelId &models = default_models()) const
+    friend bool operator==(const Star &a, const Star &b)
     {
-        const kl_star_window window = {-30.0, magnitude, 0.0, 360.0, -90.0, 90.0, ra, dec, radius};
-        const long what = number(StarCorrections::all);
-        const long cs = number(frame);
-        const long ref = KL_TIME_TAI;
-        const double days = time.processing(Scale::TAI);
-        long n = 0;
-        kl_star *stars = nullptr;
-        long ierr[1] = {0};
-        throw_unless_ok("StarCatalog::window",
-                        kl_star_catalog(models.getId(), time.id(), file_.c_str(), &window, &what, &cs, &ref, &days, &n,
-                                        &stars, nullptr, ierr),
-                        KL_ID_FUNC_STAR_CATALOG, ierr);
-        struct Owner {
-            void *array;
-            ~Owner() { kl_free_array(&array); }
-        } const owner = {stars};
-        std::vector<Star> out;
-        out.reserve(static_cast<std::size_t>(n));
-        for (long i = 0; i < n; ++i)
-            out.emplace_back(stars[i]);
-        return out;
+        const kl_star &x = a.data_;
+        const kl_star &y = b.data_;
+        return x.ra == y.ra && x.dec == y.dec && x.pm_ra == y.pm_ra && x.pm_dec == y.pm_dec && x.parallax == y.parallax
+               && x.radial_velocity == y.radial_velocity && x.epoch == y.epoch && x.magnitude == y.magnitude
+               && x.number == y.number;
+    }
+    friend bool operator!=(const Star &a, const Star &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const Star &star)
+    {
+        return out << "star " << star.data_.number << " of magnitude " << star.data_.magnitude;
     }
 
 private:
-    std::string file_;
+    kl_star data_;
 };
 
 } // namespace ORBKIT

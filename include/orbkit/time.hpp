@@ -4,10 +4,8 @@
 #ifndef ORBKIT_TIME_HPP
 #define ORBKIT_TIME_HPP
 
+#include "borrowed.hpp"
 #include "enums.hpp"
-#include "lib_error.hpp"
-#include "model_id.hpp"
-#include "time_id.hpp"
 #include "types.hpp"
 
 #include <chrono>
@@ -18,46 +16,29 @@
 
 namespace ORBKIT {
 
-/** The correlation of the time scales: another name of TimeId. */
-using TimeCorrelation = TimeId;
-
-/** The correlation compiled into the library: one for the process, never closed. */
-inline const TimeCorrelation &built_in_correlation()
-{
-    static const TimeCorrelation *const correlation = new TimeCorrelation(TimeCorrelation::builtIn());
-    return *correlation;
-}
-
-/** The default models, for calls that name none. */
-inline const ModelId &default_models()
-{
-    static const ModelId models;
-    return models;
-}
-
-/** Throws what a call of C reports: the rule of all classes. */
-inline void throw_unless_ok(const char *operation, long status, long public_id, const long *ierr)
-{
-    if (status == KL_ERR || (status == KL_WARN && KitClass::throwWarn))
-        throw KitError(LibError(operation, status, public_id, ierr));
-}
-
 /**
- * An instant, to the microsecond, with the correlation that leads from one scale to another. It is a value: 16 octets,
- * no heap. The correlation is borrowed and must outlive the instant; without one the built-in is meant.
+ * An instant, to the microsecond, with the scale in which it is told and the correlation that leads from one scale to
+ * another. A value without heap. The correlation is borrowed and must outlive the instant; without one the built-in is
+ * meant.
  *
- * Instants compare and subtract across scales and leap seconds: they are kept in TAI, where seconds have no gaps.
+ * Instants compare and subtract across scales and leap seconds: they are kept in TAI, where seconds have no gaps. Two
+ * that come from different correlations do neither: that is a KitError. So is an instant outside 1950 to 2099.
  *
  * @code{.cpp}
  * using namespace std::chrono_literals;
- * using ORBKIT::Scale, ORBKIT::Time;
+ * using ORBKIT::Scale, ORBKIT::Time, ORBKIT::TextFormat;
  * const Time last("2016-12-31T23:59:59");                                     // UTC where nothing else is said
  * const Time leap = last + 1s;
  * std::printf("%s, %s\n", leap.text().c_str(), (leap + 1s).text().c_str());
  * // -> 2016-12-31T23:59:60.000000, 2017-01-01T00:00:00.000000
- * std::printf("%s\n", leap.text(ORBKIT::TextFormat::ascii_11, Scale::GPS).c_str()); // -> 2017-01-01_00:00:17
- * const Time same = Time::fromProcessing(leap.processing(Scale::TAI), Scale::TAI);
- * std::printf("%d %lld us\n", same == leap, static_cast<long long>((same - last).count())); // -> 1 1000000 us
+ * const Time gps = leap.in(Scale::GPS);
+ * std::printf("%s %d\n", gps.text(TextFormat::ascii_12).c_str(), gps == leap); // -> GPS=2017-01-01_00:00:17 1
+ * const Time same = Time::fromProcessing(leap.processing(Scale::UT1), Scale::UT1);
+ * std::printf("%d, %lld us\n", same == leap, static_cast<long long>((same - last).count())); // -> 1, 1000000 us
+ * const auto clock = Time("2026-06-21T08:24:00.25").systemClock(); // a std::chrono time_point
+ * std::printf("%.0f days\n", std::chrono::duration<double>(Time(clock) - last).count() / 86400.0); // -> 3458 days
+ * const kl_time_row_info row = last.served(); // what the correlation gives there
+ * std::printf("TAI-UTC %.0f s, pole %.3f arcsec\n", row.tai_utc, row.pole[1]); // -> TAI-UTC 36 s, pole 0.263 arcsec
  * @endcode
  */
 class Time {
@@ -76,19 +57,37 @@ public:
      * @param correlation  borrowed
      * @throws KitError when it is no such text
      */
-    explicit Time(const std::string &text, Scale scale = Scale::UTC,
-                  const TimeCorrelation &correlation = built_in_correlation())
-        : correlation_(&correlation)
+    explicit Time(const std::string &text, Scale scale = Scale::UTC, Borrowed<TimeCorrelation> correlation = {})
+        : correlation_(correlation), scale_(scale)
     {
-        const long ref = number(scale);
+        const std::size_t sign = text.find('=');
+        if (sign != std::string::npos && sign >= 3)
+            scale_ = scale_named(text.c_str() + sign - 3);
+        else if (text.find('Z') != std::string::npos)
+            scale_ = Scale::UTC;
+        const long ref = number(scale_);
         const long processing = KL_PROC;
         const long tai = KL_TIME_TAI;
         double days = 0.0;
         long ierr[1] = {0};
-        throw_unless_ok("Time", kl_time_text_to_processing(id(), text.c_str(), &ref, &processing, &tai, &days, ierr),
+        const char *const whole = text.find('\0') == std::string::npos ? text.c_str() : "?";
+        throw_unless_ok("Time", kl_time_text_to_processing(id(), whole, &ref, &processing, &tai, &days, ierr),
                         KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, ierr);
         const double day = std::floor(days);
-        tai_ = static_cast<std::int64_t>(day) * kDay + std::llround((days - day) * 8.64e10);
+        tai_ = static_cast<std::int64_t>(day) * kDay + std::llround((days - day) * static_cast<double>(kDay));
+    }
+
+    /** From the clock of the system, which counts UTC without leap seconds. */
+    explicit Time(std::chrono::system_clock::time_point clock, Borrowed<TimeCorrelation> correlation = {})
+    {
+        const std::int64_t utc = std::chrono::duration_cast<Duration>(clock.time_since_epoch()).count() - kUnixEpoch;
+        *this = fromTransport(fields_of(utc), TransportFormat::days_seconds, Scale::UTC, correlation);
+    }
+
+    /** The present. */
+    static Time now(Borrowed<TimeCorrelation> correlation = {})
+    {
+        return Time(std::chrono::system_clock::now(), correlation);
     }
 
     /**
@@ -96,9 +95,9 @@ public:
      *
      * @param days  MJD2000, -18262.0 to 36524.0
      */
-    static Time fromProcessing(double days, Scale scale, const TimeCorrelation &correlation = built_in_correlation())
+    static Time fromProcessing(double days, Scale scale, Borrowed<TimeCorrelation> correlation = {})
     {
-        Time time(correlation);
+        Time time(scale, correlation);
         const long processing = KL_PROC;
         const long ref = number(scale);
         const long transport = KL_TRANS_0;
@@ -115,9 +114,9 @@ public:
 
     /** From a transport record. */
     static Time fromTransport(const TransportTime &record, TransportFormat format, Scale scale,
-                              const TimeCorrelation &correlation = built_in_correlation())
+                              Borrowed<TimeCorrelation> correlation = {})
     {
-        Time time(correlation);
+        Time time(scale, correlation);
         const long in = number(format);
         const long ref = number(scale);
         const long transport = KL_TRANS_0;
@@ -132,46 +131,73 @@ public:
         return time;
     }
 
-    /** From the clock of the system, which counts UTC without leap seconds. */
-    static Time from(std::chrono::system_clock::time_point clock,
-                     const TimeCorrelation &correlation = built_in_correlation())
+    /** From a CCSDS unsegmented code, by way of TAI, so that leap seconds since its epoch count. */
+    static Time fromCuc(const CucTime &octets, const kl_cuc_config &config, Borrowed<TimeCorrelation> correlation = {})
     {
-        const auto since_1970 = std::chrono::duration_cast<Duration>(clock.time_since_epoch()).count();
-        const std::int64_t utc = since_1970 - kUnixEpoch;
-        const std::int64_t day = utc >= 0 ? utc / kDay : -((-utc + kDay - 1) / kDay);
-        const std::int64_t rest = utc - day * kDay;
-        return fromTransport(
-            {static_cast<long>(day), static_cast<long>(rest / 1000000), static_cast<long>(rest % 1000000), 0},
-            TransportFormat::days_seconds, Scale::UTC, correlation);
+        const Time any(Scale::TAI, correlation);
+        const long tai = KL_TIME_TAI;
+        double days = 0.0;
+        long ierr[1] = {0};
+        throw_unless_ok("Time::fromCuc", kl_time_cuc_to_processing(any.id(), &config, &tai, octets.data(), &days, ierr),
+                        KL_ID_FUNC_TIME_CUC_TO_PROCESSING, ierr);
+        return fromProcessing(days, Scale::TAI, correlation);
     }
 
-    /** The present. */
-    static Time now(const TimeCorrelation &correlation = built_in_correlation())
+    /**
+     * From the count of an on-board clock; the type of the parameters, kl_obt_param_*, chooses the format.
+     *
+     * @param scale  that of the parameters
+     */
+    template <class Parameters>
+    static Time fromOnBoard(const OnBoardCount<Parameters> &count, const Parameters &parameters, Scale scale,
+                            Borrowed<TimeCorrelation> correlation = {})
     {
-        return from(std::chrono::system_clock::now(), correlation);
+        const long ref = number(scale);
+        double days = 0.0;
+        long ierr[1] = {0};
+        throw_unless_ok("Time::fromOnBoard",
+                        kl_time_obt_to_time(&parameters.sat_id, &ref, &parameters, &count, &days, ierr),
+                        KL_ID_FUNC_TIME_OBT_TO_TIME, ierr);
+        return fromProcessing(days, scale, correlation);
     }
 
     /** From a count of microseconds of TAI since MJD2000 0.0. */
-    static Time fromTaiMicroseconds(std::int64_t count, const TimeCorrelation &correlation = built_in_correlation())
+    static Time fromTaiMicroseconds(std::int64_t count, Scale scale = Scale::TAI,
+                                    Borrowed<TimeCorrelation> correlation = {})
     {
-        Time time(correlation);
-        time.tai_ = count;
-        return time;
+        Time time(scale, correlation);
+        return time += Duration(count);
     }
 
     /** Microseconds of TAI since MJD2000 0.0. */
     std::int64_t taiMicroseconds() const { return tai_; }
+    /** Days of TAI since MJD2000 0.0. */
+    double taiDays() const
+    {
+        const std::int64_t day = day_of(tai_);
+        return static_cast<double>(day) + static_cast<double>(tai_ - day * kDay) / static_cast<double>(kDay);
+    }
+
+    /** The scale in which it is told. */
+    Scale scale() const { return scale_; }
+    /** The same instant, told in another scale. */
+    Time in(Scale scale) const
+    {
+        Time time = *this;
+        time.scale_ = scale;
+        return time;
+    }
 
     /** MJD2000, days. */
     double processing(Scale scale) const
     {
         if (scale == Scale::TAI)
-            return tai_days();
+            return taiDays();
         const long transport = KL_TRANS_0;
         const long tai = KL_TIME_TAI;
         const long processing = KL_PROC;
         const long ref = number(scale);
-        const TransportTime record = fields();
+        const TransportTime record = fields_of(tai_);
         double days = 0.0;
         long ierr[1] = {0};
         throw_unless_ok(
@@ -180,15 +206,16 @@ public:
             KL_ID_FUNC_TIME_TRANSPORT_TO_PROCESSING, ierr);
         return days;
     }
+    double processing() const { return processing(scale_); }
 
     /** A text; it lives on the stack. */
-    TimeText text(TextFormat format = TextFormat::iso, Scale scale = Scale::UTC) const
+    TimeText text(TextFormat format, Scale scale) const
     {
         const long transport = KL_TRANS_0;
         const long tai = KL_TIME_TAI;
         const long out = number(format);
         const long ref = number(scale);
-        const TransportTime record = fields();
+        const TransportTime record = fields_of(tai_);
         TimeText text{};
         long ierr[1] = {0};
         throw_unless_ok("Time::text",
@@ -196,6 +223,7 @@ public:
                         KL_ID_FUNC_TIME_TRANSPORT_TO_ASCII, ierr);
         return text;
     }
+    TimeText text(TextFormat format = TextFormat::iso) const { return text(format, scale_); }
 
     /** A transport record. */
     TransportTime transport(TransportFormat format, Scale scale) const
@@ -204,7 +232,7 @@ public:
         const long tai = KL_TIME_TAI;
         const long out = number(format);
         const long ref = number(scale);
-        const TransportTime record = fields();
+        const TransportTime record = fields_of(tai_);
         TransportTime made{};
         long ierr[1] = {0};
         throw_unless_ok(
@@ -213,65 +241,115 @@ public:
             KL_ID_FUNC_TIME_TRANSPORT_TO_TRANSPORT, ierr);
         return made;
     }
+    TransportTime transport(TransportFormat format) const { return transport(format, scale_); }
+
+    /** A CCSDS unsegmented code. */
+    CucTime cuc(const kl_cuc_config &config) const
+    {
+        const long tai = KL_TIME_TAI;
+        const double days = taiDays();
+        CucTime octets{};
+        long ierr[1] = {0};
+        throw_unless_ok("Time::cuc", kl_time_processing_to_cuc(id(), &config, &tai, &days, octets.data(), ierr),
+                        KL_ID_FUNC_TIME_PROCESSING_TO_CUC, ierr);
+        return octets;
+    }
+
+    /** The count of an on-board clock. @param scale  that of the parameters */
+    template <class Parameters>
+    OnBoardCount<Parameters> onBoard(const Parameters &parameters, Scale scale) const
+    {
+        const long ref = number(scale);
+        const double days = processing(scale);
+        OnBoardCount<Parameters> out{};
+        out.sat_id = parameters.sat_id;
+        long ierr[1] = {0};
+        throw_unless_ok("Time::onBoard", kl_time_time_to_obt(&parameters.sat_id, &ref, &parameters, &days, &out, ierr),
+                        KL_ID_FUNC_TIME_TIME_TO_OBT, ierr);
+        return out;
+    }
 
     /** As the clock of the system counts; a leap second is the second after it there. */
     std::chrono::system_clock::time_point systemClock() const
     {
         const TransportTime utc = transport(TransportFormat::days_seconds, Scale::UTC);
-        const std::int64_t count = (utc[0] * 86400 + utc[1]) * std::int64_t{1000000} + utc[2] + kUnixEpoch;
         return std::chrono::system_clock::time_point(
-            std::chrono::duration_cast<std::chrono::system_clock::duration>(Duration(count)));
+            std::chrono::duration_cast<std::chrono::system_clock::duration>(Duration(count_of(utc) + kUnixEpoch)));
     }
 
     const TimeCorrelation &correlation() const
     {
         return correlation_ != nullptr ? *correlation_ : built_in_correlation();
     }
+    /** Which row of the correlation serves it, and what that gives: differences of scales, pole, quality. */
+    kl_time_row_info served() const { return correlation().getRow(KL_TIME_TAI, taiDays()); }
+
     /** For the calls of C. */
     kl_time_id *id() const { return correlation().getId(); }
 
+    /** @throws KitError beyond 1950 to 2099 */
     Time &operator+=(Duration duration)
     {
-        tai_ += duration.count();
+        const std::int64_t count = duration.count();
+        if (count > kLast - kFirst || count < kFirst - kLast || tai_ + count > kLast || tai_ + count < kFirst)
+            throw_messages({"An instant must lie between 1950 and 2099.", "Time"});
+        tai_ += count;
         return *this;
     }
     Time &operator-=(Duration duration) { return *this += -duration; }
     friend Time operator+(Time time, Duration duration) { return time += duration; }
+    friend Time operator+(Duration duration, Time time) { return time += duration; }
     friend Time operator-(Time time, Duration duration) { return time -= duration; }
-    friend Duration operator-(const Time &a, const Time &b) { return Duration(a.tai_ - b.tai_); }
-    friend bool operator==(const Time &a, const Time &b) { return a.tai_ == b.tai_; }
-    friend bool operator!=(const Time &a, const Time &b) { return a.tai_ != b.tai_; }
-    friend bool operator<(const Time &a, const Time &b) { return a.tai_ < b.tai_; }
-    friend bool operator<=(const Time &a, const Time &b) { return a.tai_ <= b.tai_; }
-    friend bool operator>(const Time &a, const Time &b) { return a.tai_ > b.tai_; }
-    friend bool operator>=(const Time &a, const Time &b) { return a.tai_ >= b.tai_; }
-    friend std::ostream &operator<<(std::ostream &out, const Time &time) { return out << time.text().text; }
+    friend Duration operator-(const Time &a, const Time &b) { return Duration(together(a, b).tai_ - b.tai_); }
+    friend bool operator==(const Time &a, const Time &b) { return together(a, b).tai_ == b.tai_; }
+    friend bool operator!=(const Time &a, const Time &b) { return together(a, b).tai_ != b.tai_; }
+    friend bool operator<(const Time &a, const Time &b) { return together(a, b).tai_ < b.tai_; }
+    friend bool operator<=(const Time &a, const Time &b) { return together(a, b).tai_ <= b.tai_; }
+    friend bool operator>(const Time &a, const Time &b) { return together(a, b).tai_ > b.tai_; }
+    friend bool operator>=(const Time &a, const Time &b) { return together(a, b).tai_ >= b.tai_; }
+    /** With its scale, as it can be read again: UTC=2026-06-21T08:24:00.000000 */
+    friend std::ostream &operator<<(std::ostream &out, const Time &time)
+    {
+        return out << time.text(TextFormat::ascii_44).text;
+    }
+
+    /** The first of two instants. @throws KitError when they come from different correlations */
+    static const Time &together(const Time &a, const Time &b)
+    {
+        if (a.correlation_ != b.correlation_ && a.id()->record != b.id()->record)
+            throw_messages({"Instants of different time correlations cannot be mixed.", "Time"});
+        return a;
+    }
 
 private:
     static constexpr std::int64_t kDay = 86400 * std::int64_t{1000000};
     static constexpr std::int64_t kUnixEpoch = 10957 * kDay; // days from 1970-01-01 to 2000-01-01
+    static constexpr std::int64_t kFirst = -18263 * kDay, kLast = 36526 * kDay;
 
-    explicit Time(const TimeCorrelation &correlation) : correlation_(&correlation) {}
+    Time(Scale scale, Borrowed<TimeCorrelation> correlation) : correlation_(correlation), scale_(scale) {}
 
-    double tai_days() const
+    static Scale scale_named(const char *name) // where it is none of the four the text is refused
     {
-        const TransportTime record = fields();
-        return static_cast<double>(record[0])
-               + (static_cast<double>(record[1]) / 86400.0 + static_cast<double>(record[2]) / 8.64e10);
+        return name[0] == 'T' ? Scale::TAI : name[0] == 'G' ? Scale::GPS : name[2] == 'C' ? Scale::UTC : Scale::UT1;
     }
 
-    TransportTime fields() const
+    static std::int64_t day_of(std::int64_t count) { return count / kDay - (count % kDay < 0 ? 1 : 0); }
+    static TransportTime fields_of(std::int64_t count)
     {
-        std::int64_t day = tai_ / kDay;
-        if (tai_ % kDay < 0)
-            --day;
-        const std::int64_t rest = tai_ - day * kDay;
+        const std::int64_t day = day_of(count);
+        const std::int64_t rest = count - day * kDay;
         return {static_cast<long>(day), static_cast<long>(rest / 1000000), static_cast<long>(rest % 1000000), 0};
     }
-    void take(const long (&record)[4]) { tai_ = (record[0] * 86400 + record[1]) * std::int64_t{1000000} + record[2]; }
+    template <class Fields>
+    static std::int64_t count_of(const Fields &record)
+    {
+        return (record[0] * 86400 + record[1]) * std::int64_t{1000000} + record[2];
+    }
+    void take(const long (&record)[4]) { tai_ = count_of(record); }
 
     std::int64_t tai_ = 0; // microseconds since MJD2000 0.0
     const TimeCorrelation *correlation_ = nullptr;
+    Scale scale_ = Scale::TAI;
 };
 
 } // namespace ORBKIT

@@ -117,25 +117,25 @@ struct LeapSecondInfo {
 
 /** The record that goes with the parameters of an on-board clock. */
 template <typename Parameters>
-struct OnBoardTimeOf;
+struct OnBoardCountOf;
 template <>
-struct OnBoardTimeOf<kl_obt_param_tarvos> {
+struct OnBoardCountOf<kl_obt_param_tarvos> {
     using Type = kl_obt_tarvos;
 };
 template <>
-struct OnBoardTimeOf<kl_obt_param_kelda> {
+struct OnBoardCountOf<kl_obt_param_kelda> {
     using Type = kl_obt_kelda;
 };
 template <>
-struct OnBoardTimeOf<kl_obt_param_brisa> {
+struct OnBoardCountOf<kl_obt_param_brisa> {
     using Type = kl_obt_brisa;
 };
 template <>
-struct OnBoardTimeOf<kl_obt_param_vardo> {
+struct OnBoardCountOf<kl_obt_param_vardo> {
     using Type = kl_obt_vardo;
 };
 template <typename Parameters>
-using OnBoardTime = typename OnBoardTimeOf<Parameters>::Type;
+using OnBoardCount = typename OnBoardCountOf<Parameters>::Type;
 
 } // namespace ORBKIT
 

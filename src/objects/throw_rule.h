@@ -4,26 +4,18 @@
 
 #include "orbkit/lib_error.hpp"
 
-#include <initializer_list>
 #include <mutex>
-#include <string>
 
 namespace ORBKIT {
 
 // The constant that the common library gets for this one, in two places.
 constexpr long kLibraryNumber = 2;
 
-[[noreturn]] void throw_lib_error(const char *operation, long status, long public_id, const long *ierr);
-
 // Every wrapper asks this after its call: errors are thrown, warnings only when the family's switch says so.
 inline void check(const char *operation, long status, long public_id, const long *ierr)
 {
-    if (status == KL_ERR || (status == KL_WARN && KitClass::throwWarn))
-        throw_lib_error(operation, status, public_id, ierr);
+    throw_unless_ok(operation, status, public_id, ierr);
 }
-
-// Throws messages that no call of the library stands behind.
-[[noreturn]] void throw_messages(std::initializer_list<std::string> messages);
 
 // Is the id initialised, and neither counted by an object nor used by another id? Then it is to be closed.
 bool is_free(const void *handle);

@@ -29,7 +29,7 @@ template <>
 struct Expected<TimeId> {
     static constexpr auto close = kl_time_close;
     static constexpr long close_id = KL_ID_FUNC_TIME_REF_CLOSE;
-    static constexpr const char *close_failure = "TimeId::eraseObject";
+    static constexpr const char *close_failure = "TimeCorrelation::eraseObject";
     static TimeId make() { return TimeId({0.0, 0.0, 0.0, 0.0}); }
 };
 

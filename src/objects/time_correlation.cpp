@@ -1,4 +1,4 @@
-#include "orbkit/time_id.hpp"
+#include "orbkit/time_correlation.hpp"
 
 #include "kl_family.h"
 #include "objects/throw_rule.h"
@@ -72,23 +72,23 @@ TimeIdData::TimeIdData(const kl_time_id_data &data)
     std::copy(data.pole_period, data.pole_period + 2, pole_period.begin());
 }
 
-TimeId::TimeId() = default;
+TimeCorrelation::TimeCorrelation() = default;
 
-TimeId::TimeId(const std::array<double, 4> &tri_time)
+TimeCorrelation::TimeCorrelation(const std::array<double, 4> &tri_time)
 {
     init(tri_time);
 }
 
-TimeId::TimeId(const TimeIdData &data)
+TimeCorrelation::TimeCorrelation(const TimeIdData &data)
 {
     init(data);
 }
 
-TimeId::TimeId(const TimeId &other) = default;
+TimeCorrelation::TimeCorrelation(const TimeCorrelation &other) = default;
 
-TimeId::TimeId(TimeId &&other) noexcept = default;
+TimeCorrelation::TimeCorrelation(TimeCorrelation &&other) noexcept = default;
 
-TimeId &TimeId::operator=(const TimeId &other)
+TimeCorrelation &TimeCorrelation::operator=(const TimeCorrelation &other)
 {
     if (this != &other) {
         eraseObject();
@@ -97,14 +97,14 @@ TimeId &TimeId::operator=(const TimeId &other)
     return *this;
 }
 
-TimeId &TimeId::operator=(TimeId &&other) noexcept
+TimeCorrelation &TimeCorrelation::operator=(TimeCorrelation &&other) noexcept
 {
-    TimeId taken(std::move(other));
+    TimeCorrelation taken(std::move(other));
     std::swap(handle_, taken.handle_); // what was held goes with `taken`
     return *this;
 }
 
-TimeId::~TimeId()
+TimeCorrelation::~TimeCorrelation()
 {
     try {
         eraseObject();
@@ -113,18 +113,18 @@ TimeId::~TimeId()
     }
 }
 
-void TimeId::init(const std::array<double, 4> &tri_time)
+void TimeCorrelation::init(const std::array<double, 4> &tri_time)
 {
-    TimeId fresh;
+    TimeCorrelation fresh;
     long ierr[1] = {0};
     const long status =
         kl_time_ref_init(tri_time.data(), nullptr, nullptr, nullptr, fresh.getId(), ierr); // no orbit: not read
     fresh.addInstance();
-    check("TimeId::init", status, KL_ID_FUNC_TIME_REF_INIT, ierr);
+    check("TimeCorrelation::init", status, KL_ID_FUNC_TIME_REF_INIT, ierr);
     *this = std::move(fresh);
 }
 
-void TimeId::init(const TimeIdData &data)
+void TimeCorrelation::init(const TimeIdData &data)
 {
     TimeIdData copy = data; // the C record does not promise that it only reads its arrays
     if ((!copy.pole.empty() && copy.pole.size() != copy.rows.size())
@@ -146,7 +146,7 @@ void TimeId::init(const TimeIdData &data)
     std::copy(copy.pole_y.begin(), copy.pole_y.end(), record.pole_y);
     std::copy(copy.pole_reference_date.begin(), copy.pole_reference_date.end(), record.pole_reference_date);
     std::copy(copy.pole_period.begin(), copy.pole_period.end(), record.pole_period);
-    TimeId fresh;
+    TimeCorrelation fresh;
     const long status = kl_time_set_id_data(fresh.getId(), &record);
     fresh.addInstance();
     if (status != KL_OK)
@@ -154,39 +154,40 @@ void TimeId::init(const TimeIdData &data)
     *this = std::move(fresh);
 }
 
-TimeId TimeId::builtIn(const std::optional<TimeWindow> &window, kl_time_file_report *report)
+TimeCorrelation TimeCorrelation::builtIn(const std::optional<TimeWindow> &window, kl_time_file_report *report)
 {
     return fromFiles(std::vector<std::string>{}, window, report);
 }
 
-TimeId TimeId::fromFiles(const std::vector<std::string> &files, const std::optional<TimeWindow> &window,
-                         kl_time_file_report *report, bool by_formula_after)
+TimeCorrelation TimeCorrelation::fromFiles(const std::vector<std::string> &files,
+                                           const std::optional<TimeWindow> &window, kl_time_file_report *report,
+                                           bool by_formula_after)
 {
     const FileArguments in(files, window);
     const long no_extrapolation = by_formula_after ? 0 : 1;
-    TimeId fresh;
+    TimeCorrelation fresh;
     long ierr[1] = {0};
     const long status = kl_time_id_init(&in.n_files, in.names.data(), &no_extrapolation, &in.mode, &in.limits.start,
                                         &in.limits.stop, report, fresh.getId(), ierr);
     fresh.addInstance();
-    check("TimeId::fromFiles", status, KL_ID_FUNC_TIME_ID_INIT, ierr);
+    check("TimeCorrelation::fromFiles", status, KL_ID_FUNC_TIME_ID_INIT, ierr);
     return fresh;
 }
 
-TimeId TimeId::fromFiles(long model, const std::vector<std::string> &files, const std::optional<TimeWindow> &window,
-                         kl_time_file_report *report)
+TimeCorrelation TimeCorrelation::fromFiles(long model, const std::vector<std::string> &files,
+                                           const std::optional<TimeWindow> &window, kl_time_file_report *report)
 {
     const FileArguments in(files, window);
-    TimeId fresh;
+    TimeCorrelation fresh;
     long ierr[1] = {0};
     const long status = kl_time_ref_init_file(&model, &in.n_files, in.names.data(), &in.mode, &in.limits.start,
                                               &in.limits.stop, report, fresh.getId(), ierr);
     fresh.addInstance();
-    check("TimeId::fromFiles", status, KL_ID_FUNC_TIME_REF_INIT_FILE, ierr);
+    check("TimeCorrelation::fromFiles", status, KL_ID_FUNC_TIME_REF_INIT_FILE, ierr);
     return fresh;
 }
 
-std::array<double, 4> TimeId::getPole(long time_ref, double time) const
+std::array<double, 4> TimeCorrelation::getPole(long time_ref, double time) const
 {
     std::array<double, 4> pole{};
     if (kl_time_get_pole(getId(), &time_ref, &time, pole.data()) != KL_OK)
@@ -194,7 +195,7 @@ std::array<double, 4> TimeId::getPole(long time_ref, double time) const
     return pole;
 }
 
-kl_time_row_info TimeId::getRow(long time_ref, double time) const
+kl_time_row_info TimeCorrelation::getRow(long time_ref, double time) const
 {
     kl_time_row_info info{};
     if (kl_time_get_row(getId(), &time_ref, &time, &info) != KL_OK)
@@ -202,7 +203,7 @@ kl_time_row_info TimeId::getRow(long time_ref, double time) const
     return info;
 }
 
-std::vector<LeapSecondStep> TimeId::getLeapSeconds(double *expiry) const
+std::vector<LeapSecondStep> TimeCorrelation::getLeapSeconds(double *expiry) const
 {
     long n = 0;
     double *utc = nullptr;
@@ -219,7 +220,7 @@ std::vector<LeapSecondStep> TimeId::getLeapSeconds(double *expiry) const
     return steps;
 }
 
-TimeIdData TimeId::getData() const
+TimeIdData TimeCorrelation::getData() const
 {
     kl_time_id_data data{};
     const std::unique_ptr<kl_time_id_data, FreeRows> rows(&data);
@@ -228,17 +229,23 @@ TimeIdData TimeId::getData() const
     return TimeIdData(data);
 }
 
-long TimeId::status() const
+TimeWindow TimeCorrelation::getValidity() const
+{
+    const TimeIdData data = getData();
+    return {data.rows.front().utc, data.rows.back().utc};
+}
+
+long TimeCorrelation::status() const
 {
     return kl_time_init_status(getId());
 }
 
-kl_time_id *TimeId::getId() const
+kl_time_id *TimeCorrelation::getId() const
 {
     return &handle_.time;
 }
 
-void TimeId::eraseObject()
+void TimeCorrelation::eraseObject()
 {
     const std::lock_guard<std::mutex> lock(release_mutex());
     subtractInstance();
@@ -252,7 +259,7 @@ void TimeId::eraseObject()
         handle_.time = id;
         addInstance();
     }
-    check("TimeId::eraseObject", status, KL_ID_FUNC_TIME_REF_CLOSE, ierr);
+    check("TimeCorrelation::eraseObject", status, KL_ID_FUNC_TIME_REF_CLOSE, ierr);
 }
 
 } // namespace ORBKIT

@@ -1,0 +1,47 @@
+/**
+ * @file on_board_time.hpp
+ */
+#ifndef ORBKIT_ON_BOARD_TIME_HPP
+#define ORBKIT_ON_BOARD_TIME_HPP
+
+#include "time.hpp"
+
+namespace ORBKIT {
+
+/**
+ * The clock of a satellite. The type of its parameters, kl_obt_param_*, chooses the format, and with it the record of a
+ * count.
+ *
+ * @code{.cpp}
+ * // Satellite 51 counts seconds since 1980-01-06, with an offset of none.
+ * const ORBKIT::OnBoardTime clock(kl_obt_param_vardo{51, 0}, ORBKIT::Scale::GPS);
+ * const ORBKIT::Time time = clock.time({51, 1400000000, 32768});
+ * std::printf("%s\n", time.text().c_str()); // -> 2024-05-17T16:53:20.500000
+ * std::printf("%lu %lu\n", clock.count(time).coarse, clock.count(time).fine); // -> 1400000000 32768
+ * @endcode
+ */
+template <class Parameters>
+class OnBoardTime {
+public:
+    using Count = OnBoardCount<Parameters>;
+
+    /** @param scale  that of the parameters */
+    OnBoardTime(const Parameters &parameters, Scale scale) : parameters_(parameters), scale_(scale) {}
+
+    const Parameters &parameters() const { return parameters_; }
+    Scale scale() const { return scale_; }
+    /** The instant of a count, told in the scale of the clock. */
+    Time time(const Count &count, Borrowed<TimeCorrelation> correlation = {}) const
+    {
+        return Time::fromOnBoard(count, parameters_, scale_, correlation);
+    }
+    Count count(const Time &time) const { return time.onBoard(parameters_, scale_); }
+
+private:
+    Parameters parameters_;
+    Scale scale_;
+};
+
+} // namespace ORBKIT
+
+#endif

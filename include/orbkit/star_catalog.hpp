@@ -1,0 +1,96 @@
+/**
+ * @file star_catalog.hpp
+ */
+#ifndef ORBKIT_STAR_CATALOG_HPP
+#define ORBKIT_STAR_CATALOG_HPP
+
+#include "star.hpp"
+
+#include <memory>
+#include <vector>
+
+namespace ORBKIT {
+
+/**
+ * A catalogue: the Bright Star Catalogue that is built in, or a file of it, of Hipparcos or of one's own.
+ *
+ * @code{.cpp}
+ * using ORBKIT::Frame, ORBKIT::StarCatalog;
+ * const ORBKIT::Time time("2026-06-21T00:00:00");
+ * const StarCatalog catalog;
+ * std::printf("%zu bright stars\n", catalog.brighterThan(1.0, time).size()); // -> 15 bright stars
+ * const kl_radec axis = {84.0, 0.0, 1.0, 0.0, 0.0, 0.0}; // where a camera looks, deg
+ * for (const StarCatalog::Place &found : catalog.around(axis, 5.0, 3.0, time))
+ *     std::printf("%ld at %.2f %.2f deg\n", found.star.data().number, found.seen.ra, found.seen.dec);
+ * // -> 1852 at 83.00 -0.30 deg
+ * // -> 1903 at 84.05 -1.20 deg
+ * // -> 1948 at 85.18 -1.94 deg
+ * @endcode
+ */
+class StarCatalog {
+public:
+    /** A star and where it is seen. */
+    struct Place {
+        Star star;
+        kl_radec seen; /**< deg */
+    };
+
+    /** The catalogue that is built in. */
+    StarCatalog() = default;
+    explicit StarCatalog(std::string file) : file_(std::move(file)) {}
+
+    /** All stars of a window of the sky and of brightness, seen from the centre of the Earth. */
+    std::vector<Place> window(const kl_star_window &window, const Time &time, Frame frame = Frame::GM2000,
+                              StarCorrections corrections = StarCorrections::all, Borrowed<ModelId> models = {}) const
+    {
+        const ModelId &model = models != nullptr ? *models : default_models();
+        const long what = number(corrections);
+        const long cs = number(frame);
+        const long ref = KL_TIME_TAI;
+        const double days = time.taiDays();
+        long n = 0;
+        kl_star *stars = nullptr;
+        kl_radec *places = nullptr;
+        long ierr[1] = {0};
+        throw_unless_ok("StarCatalog::window",
+                        kl_star_catalog(model.getId(), time.id(), file_.c_str(), &window, &what, &cs, &ref, &days, &n,
+                                        &stars, &places, ierr),
+                        KL_ID_FUNC_STAR_CATALOG, ierr);
+        const Owner<kl_star> star_owner(stars);
+        const Owner<kl_radec> place_owner(places);
+        std::vector<Place> out;
+        out.reserve(static_cast<std::size_t>(n));
+        for (long i = 0; i < n; ++i)
+            out.push_back({Star(stars[i]), places[i]});
+        return out;
+    }
+
+    /** Those up to a magnitude, everywhere. */
+    std::vector<Place> brighterThan(double magnitude, const Time &time, Frame frame = Frame::GM2000,
+                                    Borrowed<ModelId> models = {}) const
+    {
+        return window({-30.0, magnitude, 0.0, 360.0, -90.0, 90.0, 0.0, 0.0, 0.0}, time, frame, StarCorrections::all,
+                      models);
+    }
+
+    /** Those up to a magnitude within a radius, deg, of a direction in the frame. */
+    std::vector<Place> around(const kl_radec &axis, double radius, double magnitude, const Time &time,
+                              Frame frame = Frame::GM2000, Borrowed<ModelId> models = {}) const
+    {
+        return window({-30.0, magnitude, 0.0, 360.0, -90.0, 90.0, axis.ra, axis.dec, radius}, time, frame,
+                      StarCorrections::all, models);
+    }
+
+private:
+    struct Free {
+        void operator()(void *array) const { kl_free_array(&array); }
+    };
+    template <class T>
+    using Owner = std::unique_ptr<T, Free>;
+
+    std::string file_;
+};
+
+} // namespace ORBKIT
+
+#endif
