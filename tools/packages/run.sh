@@ -4,7 +4,8 @@
 # run. As root (debootstrap, chroot); some minutes.
 set -eu
 cd "$(dirname "$0")/../.."
-tools/install_missing.sh dpkg-dev debhelper lintian debootstrap fakeroot cmake ninja-build libcli11-dev
+tools/install_missing.sh dpkg-dev debhelper lintian debootstrap fakeroot cmake ninja-build libcli11-dev \
+    doxygen python3-sphinx python3-breathe furo python3-myst-parser groff-base
 version=$(dpkg-parsechangelog -S Version)
 out=$PWD/build/packages
 if [ "${1:-}" != --built ]; then
@@ -45,6 +46,8 @@ inside sh -euc '
     apt-get install -y -qq --no-install-recommends ./python3-kitlib*.deb >/dev/null
     test "$(python3 -c "import kitlib; print(kitlib.__version__)")" = "$(kitlib --version | cut -d" " -f2)"
     test "$(kitlib time 2016-12-31T23:59:60 --to GPS)" = 2017-01-01T00:00:17.000000
+    apt-get install -y -qq --no-install-recommends ./kitlib-doc*.deb >/dev/null
+    grep -q kl_sun /usr/share/doc/kitlib-doc/html/reference/bodies.html
     apt-get purge -y -qq libkitlib4 >/dev/null
     test -z "$(find / -xdev -iname "libkit*.so*" -not -path "/proc/*")"
     echo "packages: installed, used and taken away again"'
