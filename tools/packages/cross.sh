@@ -1,8 +1,9 @@
 #!/bin/sh
-# The library for 64-bit Arm, under an emulator: the digest of a fixed set of calls is that of x86-64.
+# The library for 64-bit Arm, under an emulator: the digest of a fixed set of calls is that of x86-64. And a machine whose
+# long has 32 bits is refused when configuring.
 set -eu
 cd "$(dirname "$0")/../.."
-tools/install_missing.sh g++ cmake ninja-build g++-aarch64-linux-gnu qemu-user
+tools/install_missing.sh g++ cmake ninja-build g++-aarch64-linux-gnu qemu-user libc6-dev-i386
 for machine in x86-64 aarch64; do
     toolchain=""
     [ $machine = x86-64 ] || toolchain="--toolchain cmake/aarch64-linux-gnu.cmake"
@@ -14,3 +15,13 @@ done
 build/x86-64/tools/digest/digest >build/x86-64.digest
 qemu-aarch64 -L /usr/aarch64-linux-gnu build/aarch64/tools/digest/digest >build/aarch64.digest
 diff build/x86-64.digest build/aarch64.digest && echo "aarch64 gives the bits of x86-64"
+
+narrow=$(mktemp -d)
+trap 'rm -rf "$narrow"' EXIT
+if cmake -S . -B "$narrow" -G Ninja -DCMAKE_C_FLAGS=-m32 -DCMAKE_CXX_FLAGS=-m32 -DCMAKE_TRY_COMPILE_TARGET_TYPE=STATIC_LIBRARY \
+    -DKITLIB_TESTS=OFF >"$narrow/log" 2>&1; then
+    echo "a long of 32 bits is taken" >&2
+    exit 1
+fi
+grep -q "needs a long of 8 bytes; here it has '4'" "$narrow/log"
+echo "a long of 32 bits is refused"
