@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <stdexcept>
 
 using namespace ORBKIT;
 
@@ -113,25 +114,17 @@ std::vector<kl_geodetic> horizon(const GroundStation &station, double height)
 Day::Day(const Time &start) : sun(kMinutes), moon(kMinutes)
 {
     const long n = kMinutes, tai = KL_TIME_TAI, mode = KL_CALC_POS;
-    kl_model_id *const models = default_models().getId();
     std::vector<double> times(kMinutes);
-    std::vector<long> status(kMinutes);
     std::vector<Vector> pos(kMinutes), vel(kMinutes);
-    long ierr[1] = {0};
     for (std::size_t i = 0; i < kMinutes; ++i)
         times[i] = start.processing(Scale::TAI) + static_cast<double>(i) / 1440.0;
     const auto xyz = reinterpret_cast<double(*)[3]>(pos.data());
     const auto speed = reinterpret_cast<double(*)[3]>(vel.data());
-    const auto below = [&](std::vector<kl_geodetic> &out) {
-        throw_unless_ok("Day", kl_cart_to_geod_n(models, &n, &mode, xyz, nullptr, out.data(), status.data(), ierr),
-                        KL_ID_FUNC_CART_TO_GEOD, ierr);
-    };
-    throw_unless_ok("Day", kl_sun_n(models, start.id(), &n, &tai, times.data(), xyz, speed, status.data(), ierr),
-                    KL_ID_FUNC_SUN, ierr);
-    below(sun);
-    throw_unless_ok("Day", kl_moon_n(models, start.id(), &n, &tai, times.data(), xyz, speed, status.data(), ierr),
-                    KL_ID_FUNC_MOON, ierr);
-    below(moon);
+    if (kl_sun_n(nullptr, start.id(), &n, &tai, times.data(), xyz, speed, nullptr, nullptr) == KL_ERR
+        || kl_cart_to_geod_n(nullptr, &n, &mode, xyz, nullptr, sun.data(), nullptr, nullptr) == KL_ERR
+        || kl_moon_n(nullptr, start.id(), &n, &tai, times.data(), xyz, speed, nullptr, nullptr) == KL_ERR
+        || kl_cart_to_geod_n(nullptr, &n, &mode, xyz, nullptr, moon.data(), nullptr, nullptr) == KL_ERR)
+        throw std::runtime_error("a day of the Sun and the Moon cannot be had");
 }
 
 bool draw_map(const char *file, const Time &now, const Day &day, const MeanMotion &orbit, const GroundStation &station)

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <string>
 
 namespace {
@@ -191,7 +192,7 @@ try {
         return EXIT_FAILURE;
     }
     return EXIT_SUCCESS;
-} catch (const KitError &error) {
+} catch (const std::exception &error) {
     std::fprintf(stderr, "%s\nexpected: %s [UTC as yyyy-mm-ddThh:nn:ss or with .uuuuuu, 1950 to 2099]\n", error.what(),
                  argv[0]);
     return EXIT_FAILURE;
