@@ -20,8 +20,8 @@
     X(arc_hyperbolic_tangent, arc_hyperbolic_tangent(x), std::atanh(x), -1.0, 1.0, 0.9)
 
 #define ELEMENTARY_OF_TWO(X)                                                                                           \
-    X(arc_tangent, arc_tangent(x, y), std::atan2(x, y), 2.2)                                                           \
-    X(hypotenuse, hypotenuse(x, y), std::hypot(x, y), 0.52)
+    X(arc_tangent, arc_tangent(x, y), std::atan2(x, y), -10.0, 10.0, 2.2)                                              \
+    X(hypotenuse, hypotenuse(x, y), std::hypot(x, y), -10.0, 10.0, 0.52)
 
 #define EXACT_OF_TWO(X)                                                                                                \
     X(floor, floor(x))                                                                                                 \
