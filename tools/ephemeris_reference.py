@@ -2,7 +2,7 @@
 """Independent values for the ephemerides: the published formulas once more, term by term, in 40-digit arithmetic.
 
 Reads the coefficients from src/ephemerides/*_tables.h and writes the values of the tests:
-    python3 tools/ephemeris_reference.py src/ephemerides > tests/bodies/reference_values.inc
+    python3 tools/ephemeris_reference.py src/ephemerides > tests/data/ephemeris.csv
 Every sine is taken of its own argument; angles are reduced by the true 2 pi. Needs python3-mpmath.
 """
 import re
@@ -190,25 +190,25 @@ def planet(row, text, date):
 
 
 def line(head, vectors):
-    numbers = ", ".join(mp.nstr(x, 17, min_fixed=0, max_fixed=0) for v in vectors for x in v)
-    print("{%s, {%s}}," % (head, numbers))
+    print(head, *(mp.nstr(x, 17, min_fixed=0, max_fixed=0) for v in vectors for x in v), sep=",")
 
 
 def main(folder):
     read_table = lambda name: read("%s/%s_tables.h" % (folder, name))
-    print("// Made by tools/ephemeris_reference.py: 40-digit evaluation. Body, MJD (TDB), numbers in AU and AU/s.")
-    print("// Bodies 1 to 8 the planets, 9 the Moon; 10 and 11 the Earth, barycentric and heliocentric, J2000;")
-    print("// 12 and 13 the same at the equinox of date.")
+    print("# Made by tools/ephemeris_reference.py: 40-digit evaluation.")
+    print("# Bodies 1 to 8 the planets, 9 the Moon; 10 and 11 the Earth, barycentric and heliocentric, J2000; "
+          "12 and 13 the same at the equinox of date.")
+    print("body,MJD (TDB),x (AU),y (AU),z (AU),vx (AU/s),vy (AU/s),vz (AU/s)")
     for date in DATES:
         d = mpf(date)
         for body, deqx in ((10, 2000), (12, 0)):
             vb, pb, vh, ph = earth(read_table("earth"), d, deqx)
-            line("%d, %r" % (body, date), (pb, vb))
-            line("%d, %r" % (body + 1, date), (ph, vh))
-        line("9, %r" % date, moon(read_table("moon"), d))
+            line("%d,%r" % (body, date), (pb, vb))
+            line("%d,%r" % (body + 1, date), (ph, vh))
+        line("9,%r" % date, moon(read_table("moon"), d))
         for k, row in enumerate(table(read_table("planet"), "kPlanets")):
             if date in DATES[::2]:
-                line("%d, %r" % (k + 1, date), planet(row, read_table("planet"), d))
+                line("%d,%r" % (k + 1, date), planet(row, read_table("planet"), d))
 
 
 if __name__ == "__main__":

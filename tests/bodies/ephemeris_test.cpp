@@ -1,5 +1,6 @@
 // The ephemerides in AU and AU/s: values, laws, and ERFA over 1950-2099.
 #include "support/chain_state.h"
+#include "support/csv.h"
 
 namespace {
 
@@ -7,19 +8,11 @@ constexpr double kMjdZero = 2400000.5;
 constexpr double kMjd1950 = 33282.0, kMjd2099 = 88069.0;
 constexpr double kMetres = 149597870700.0; // in an AU
 constexpr int kTheMoon = 9;
-#include "bodies/angle_letters.inc"
-#include "bodies/reference_matrices.inc"
+constexpr const char *kLetters[][2] = { // of three turns, and what they amount to
+    {"zyx", "zyx"}, {"ZXZ", "zxz"}, {"123", "xyz"}, {"XY", "xy"}, {"yXz2", "yxz"},
+    {"z?x", "z"},   {"4", ""},      {"", ""},       {nullptr, ""}};
 
-// Body 1 to 8 the planets, 9 the Moon, 10 and 11 the Earth (barycentric, heliocentric), 12 and 13 the same at the
-// equinox of date; position and velocity.
-constexpr struct {
-    int body;
-    double mjd, pv[6];
-} kStates[] = {
-#include "bodies/check_values.inc"
-#include "bodies/reference_values.inc"
-};
-
+// Bodies as in tests/data/ephemeris.csv.
 void evaluate(int body, double mjd, double pv[6])
 {
     if (body <= KL_NEPTUNE) {
@@ -40,15 +33,20 @@ void evaluate(int body, double mjd, double pv[6])
 // AU and AU/s, for the planets parts of distance and speed.
 TEST(Ephemeris, AgreesWithIndependentEvaluations)
 {
-    for (const auto &row : kStates) {
-        double pv[6];
-        evaluate(row.body, row.mjd, pv);
-        const bool planet = row.body <= KL_NEPTUNE, moon = row.body == kTheMoon;
-        const double position = planet ? 6e-13 * length(row.pv) : moon ? 1e-14 : 1.5e-13;
-        const double velocity = planet ? 6e-13 * length(row.pv + 3) : 2e-20;
-        for (int i = 0; i < 6; ++i)
-            EXPECT_NEAR(pv[i], row.pv[i], i < 3 ? position : velocity) << row.body << " MJD " << row.mjd << " " << i;
-    }
+    for (const Csv &rows : {Csv("tests/data/ephemeris.csv"), Csv("tests/data/ephemeris_check.csv")})
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            double numbers[8], pv[6];
+            for (std::size_t i = 0; i < 8; ++i)
+                numbers[i] = rows.number(row, i);
+            const auto &[number, mjd, x, y, z, vx, vy, vz] = numbers;
+            const int body = static_cast<int>(number);
+            evaluate(body, mjd, pv);
+            const bool planet = body <= KL_NEPTUNE, moon = body == kTheMoon;
+            const double position = planet ? 6e-13 * std::hypot(x, y, z) : moon ? 1e-14 : 1.5e-13;
+            const double velocity = planet ? 6e-13 * std::hypot(vx, vy, vz) : 2e-20;
+            for (int i = 0; i < 6; ++i)
+                EXPECT_NEAR(pv[i], numbers[i + 2], i < 3 ? position : velocity) << body << " MJD " << mjd << " " << i;
+        }
 }
 
 // The same theory of the planets, at every phase of their orbits.
@@ -94,14 +92,15 @@ TEST(Ephemeris, TheSunNeedsAndWritesNoAcceleration)
     EXPECT_TRUE(without.cs == KL_MOD && without.order == 1 && distance(sun[0], without[0]) == 0.0);
 }
 
-// Precession by the independent implementation of check_values.inc; any three turns by ERFA.
+// Precession by the implementation of ephemeris_check.csv; any three turns by ERFA.
 TEST(Rotation, PrecessionAndEulerAnglesHaveTheirReferenceValues)
 {
     constexpr double kAngles[3] = {0.3, -1.2, 2.1}; // rad
+    const Csv precession("tests/data/precession.csv");
     double got[3][3], want[3][3];
-    KL_SlaPrec(1975.0, 2010.0, got);
-    for (int i = 0; i < 9; ++i)
-        EXPECT_NEAR(got[i / 3][i % 3], kPrecession[i], 1e-14) << i;
+    KL_SlaPrec(precession.number(0, 0), precession.number(0, 1), got);
+    for (std::size_t i = 0; i < 9; ++i)
+        EXPECT_NEAR(got[i / 3][i % 3], precession.number(0, 2 + i), 1e-14) << i;
     for (const auto &[letters, turns] : kLetters) {
         eraIr(want);
         for (int n = 0; turns[n] != '\0'; ++n)
