@@ -106,12 +106,15 @@ def topocentric_rows():
         east = -sin(lon) * x + cos(lon) * y
         up = cos(lat) * cos(lon) * x + cos(lat) * sin(lon) * y + sin(lat) * z
         return polar([north, east, up])
+
+    def row(origin, pos, vel):
+        there = seen(origin, pos)
+        return origin + pos + vel + [turn(there[0])] + there[1:] + rate(seen(origin, moved(pos, vel, DT)), there)
     for _ in range(40):
         origin = [mpf(r.uniform(-90, 90)), mpf(r.uniform(-180, 360)), mpf(r.uniform(-400, 9000))]
         pos = [d(x) for x in forward(origin[0] + r.gauss(0, 8), origin[1] + r.gauss(0, 8), r.choice([5e5, 8e5, 2e7]))]
-        vel = [d(r.gauss(0, 4e3)) for _ in range(3)]
-        there = seen(origin, pos)
-        yield origin + pos + vel + [turn(there[0])] + there[1:] + rate(seen(origin, moved(pos, vel, DT)), there)
+        yield row(origin, pos, [d(r.gauss(0, 4e3)) for _ in range(3)])
+    yield row([mpf(48), mpf(11), mpf(600)], [mpf("5.2e6"), mpf("1.5e6"), mpf("4.9e6")], [mpf(-4000), mpf(3000), mpf(3200)])
 
 
 def eccentric(m, e):

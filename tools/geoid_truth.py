@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
-"""Makes geoid_truth.inc: geoid undulations in 60 digits, by another route than the library's.
+"""Makes tests/data/geoid.csv: geoid undulations in 60 digits, by another route than the library's.
 
 For each degree the Legendre functions go downward in order from P(n,n); the library goes upward in degree. All
 constants and coefficients are taken as their decimals. Needs mpmath and the listings of the published figures:
 
     egm96_tables list data/egm96 potential >potential.txt
     egm96_tables list data/egm96 correction >correction.txt
-    python3 geoid_truth.py potential.txt correction.txt >geoid_truth.inc
+    python3 tools/geoid_truth.py potential.txt correction.txt >tests/data/geoid.csv
 """
 import sys
 
@@ -91,11 +91,9 @@ POTENTIAL, CORRECTION = read(sys.argv[1]), read(sys.argv[2])
 for n, j in ZONALS.items():
     POTENTIAL[n, 0] = POTENTIAL[n, 0][0] + mpf(j) / sqrt(mpf(2 * n + 1)), mpf(0)
 POTENTIAL[2, 0] = mpf("1.40324752203035e-09"), mpf(0)
-print("// Made by geoid_truth.py: undulation and correction in metres, evaluated in 60 digits.")
-print("struct GeoidTruth {\n    double lat, lon;\n    long degree;\n    double undulation, correction;\n};")
-print("constexpr GeoidTruth kGeoidTruth[] = {")
+print("# Made by tools/geoid_truth.py: evaluated in 60 digits.")
+print("latitude (deg),longitude (deg),degree,undulation (m),correction (m)")
 for lat, lon in POINTS:
     values = undulations(mpf(lat), mpf(lon))
     for n in DEGREES:
-        print("    {%s, %s, %d, %s, %s}," % (lat, lon, n, *(mp.nstr(v, 17) for v in values[n])))
-print("};")
+        print(lat, lon, n, *(mp.nstr(v, 17) for v in values[n]), sep=",")

@@ -1,8 +1,8 @@
 // Geoid undulation: truth, agreement of the ways to compute it, conditions.
 #include "earth/geoid.h"
-#include "earth/geoid_truth.inc"
 #include "models/model_record.h"
 #include "support/captured_stream.h"
+#include "support/csv.h"
 #include "support/owned_model.h"
 #include "support/tolerances.h"
 #include "time/time_table.h"
@@ -16,7 +16,6 @@
 namespace {
 
 #include "earth/geoid_conditions.inc"
-#include "earth/geoid_published.inc"
 #include "earth/grid_arguments.inc"
 
 constexpr double kUntouched = -12345.0;
@@ -55,32 +54,40 @@ struct ForeignTables : OwnedModel {
     }
 };
 
+const Csv &truth()
+{
+    static const Csv rows("tests/data/geoid.csv");
+    return rows;
+}
+
 // Another place for every degree.
 kl_geoid_input place_of(long degree)
 {
-    const GeoidTruth &row = kGeoidTruth[static_cast<std::size_t>(degree) % std::size(kGeoidTruth)];
-    return point(row.lat, row.lon, degree);
+    const std::size_t row = static_cast<std::size_t>(degree) % truth().size();
+    return point(truth().number(row, 0), truth().number(row, 1), degree);
 }
 
 // ---- truth ----
 
 TEST(Geoid, PublishedPoints)
 {
-    for (const auto &[lat, lon, published, tolerance] : kPublished)
-        EXPECT_NEAR(undulation(point(lat, lon)), published, tolerance) << lat << ' ' << lon;
+    const Csv rows("tests/data/geoid_published.csv");
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        EXPECT_NEAR(undulation(point(rows.number(i, 0), rows.number(i, 1))), rows.number(i, 2), rows.number(i, 3)) << i;
 }
 
 TEST(Geoid, ExtendedPrecisionValuesByEveryWay)
 {
-    for (const GeoidTruth &row : kGeoidTruth)
+    for (std::size_t row = 0; row < truth().size(); ++row)
         for (long way = -1; way <= 2; ++way) {
-            SCOPED_TRACE(testing::Message() << "way " << way << ": " << row.lat << ' ' << row.lon << ' ' << row.degree);
-            const kl_geoid_input at = point(row.lat, row.lon, row.degree);
+            const auto cell = [&](std::size_t column) { return truth().number(row, column); };
+            const kl_geoid_input at = point(cell(0), cell(1), static_cast<long>(cell(2)));
+            SCOPED_TRACE(testing::Message() << "way " << way << ", row " << row);
             double correction = kUntouched, value = kUntouched;
             if (geoid_undulation_by(way, &at, &correction, &value) != 0 && way > 0)
                 continue; // not on this machine
-            EXPECT_NEAR(value, row.undulation, kGeoidRounding);
-            EXPECT_NEAR(correction, row.correction, kGeoidRounding);
+            EXPECT_NEAR(value, cell(3), kGeoidRounding);
+            EXPECT_NEAR(correction, cell(4), kGeoidRounding);
         }
 }
 

@@ -5,7 +5,6 @@
 constexpr double kMicrosecond = 1.0 / 8.64e10; // days
 constexpr double kSpacing2099 = 7.3e-12;       // days: doubles lie no closer near 36524
 constexpr double kRounding = 4e-16;            // relative: two roundings of a double
-constexpr double kPublished3 = 5.0e-4 + 1e-9;  // m: the reference has three decimals
 constexpr double kGeoidRounding = 1e-11;       // m: ten times the worst that doubles lose in 65341 terms
 
 #endif
