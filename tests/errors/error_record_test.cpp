@@ -22,7 +22,6 @@ namespace {
 constexpr long kCarGeo = 9;
 constexpr long kLoadSp3 = 43;
 constexpr long kAsciiToAscii = 107;
-constexpr long kModelInit = 160;
 constexpr long kProcessingInputs = 24;
 constexpr long kSun = 140;
 constexpr long kPlanet = 142;
@@ -200,38 +199,6 @@ TEST(Messages, PrintingTakesUpTo256)
     }
     for (const long n : {0L, -3L, 1L, 256L})
         SAYS(lines[std::max(n, 0L)], 0, kl_print_msg(&n, msg))
-}
-
-// "ORBKIT_LIB >>> ERROR in kl_name: text", or WARNING or KL_, with nothing left to fill in.
-bool has_form(const char *message)
-{
-    char kind[8], name[64];
-    int text = 0;
-    const int n = std::sscanf(message, "ORBKIT_LIB >>> %7[A-Z] in %63[A-Za-z0-9_]: %n", kind, name, &text);
-    return n == 2 && (kind == std::string("ERROR") || kind == std::string("WARNING"))
-           && (std::strncmp(name, "kl_", 3) == 0 || std::strncmp(name, "KL_", 3) == 0) && text > 0
-           && message[text] != '\0' && std::strchr(message, '%') == nullptr;
-}
-
-TEST(Messages, EveryRowHasItsFormAndAPlaceholderForItsArgument)
-{
-    const std::pair<long, Codes> counts[] = {
-#include "errors/code_counts.inc"
-    };
-    long n_codes[175];
-    for (long id = 0; id < 175; ++id) {
-        kl_error_record record = kEmpty;
-        captured_stderr([&] {
-            while (KL_Put_Err(id, record.count, nullptr, &record) == 0)
-                continue;
-        });
-        ASSERT_EQ(KL_Err_Msg(&record, &n_codes[id], msg), 0);
-        for (long i = 0; i < n_codes[id]; ++i) // one shows its placeholder, on purpose
-            EXPECT_EQ(has_form(msg[i]), id != kModelInit || i != 2) << msg[i];
-    }
-    for (const auto &[n, functions] : counts)
-        for (const long id : functions)
-            EXPECT_EQ(n_codes[id], n) << id;
 }
 
 TEST(Bits, AreReadAndWrittenModulo64)

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 
 namespace {
@@ -14,13 +15,20 @@ TEST(EveryCondition, HasItsTextBitAndSeverity)
 {
     const Csv rows("tests/data/conditions.csv", ';');
     static char msg[KL_MAX_MSG][512];
-    EXPECT_GE(rows.size(), 450U);
+    std::map<long, long> n_codes_of; // by internal id
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const auto number = [&](std::size_t column) { return std::stol(rows.text(i, column)); };
         const long internal = number(0), public_id = number(1), words = number(2), code = number(3), bit = number(4);
         const long severity = number(5);
-        const std::string text = std::string("ORBKIT_LIB >>> ") + (severity > 0 ? "WARNING" : "ERROR") + " in "
-                                 + rows.text(i, 6) + ": " + rows.text(i, 7);
+        const std::string name = rows.text(i, 6);
+        EXPECT_TRUE(name.rfind("kl_", 0) == 0 || name.rfind("KL_", 0) == 0) << name;
+        EXPECT_NE(rows.text(i, 7), "");
+        EXPECT_EQ(rows.text(i, 7).find('%') != std::string::npos, // one shows its placeholder, on purpose
+                  public_id == KL_ID_FUNC_MODEL_INIT && code == KL_MODEL_INIT_SELECTION_ERR)
+            << rows.text(i, 7);
+        EXPECT_EQ(code, n_codes_of[internal]++);
+        const std::string text = std::string("ORBKIT_LIB >>> ") + (severity > 0 ? "WARNING" : "ERROR") + " in " + name
+                                 + ": " + rows.text(i, 7);
         long ierr[2] = {0, 0}, n = 0, status = 7;
         kl_error_record record;
         kl_error_context context;
@@ -44,6 +52,14 @@ TEST(EveryCondition, HasItsTextBitAndSeverity)
             EXPECT_EQ(std::string(msg[0]), text);
         }
     }
+    for (long id = 0; id < 175; ++id) {
+        kl_error_record record;
+        KL_Reset_Err(&record);
+        captured_stderr([&] { EXPECT_EQ(KL_Put_Err(id, n_codes_of[id], nullptr, &record), -1) << "behind the last"; });
+    }
+    const Csv counts("tests/data/code_counts.csv");
+    for (std::size_t i = 0; i < counts.size(); ++i)
+        EXPECT_EQ(n_codes_of[std::stol(counts.text(i, 0))], std::stol(counts.text(i, 1))) << counts.text(i, 0);
 }
 
 } // namespace

@@ -1,12 +1,12 @@
 // Satellite ids, their rows and the data behind them.
 #include "satellites/satellite_tables.h"
 #include "support/conditions.h"
+#include "support/csv.h"
 #include "support/tolerances.h"
 
 #include <cmath>
 #include <cstring>
 #include <map>
-#include <tuple>
 
 namespace {
 
@@ -18,17 +18,20 @@ bool recorded_only(const kl_error_record &record, long code)
     return record.count == 1 && record.codes[0] == code;
 }
 
+long whole(const Csv &rows, std::size_t row, std::size_t column)
+{
+    return static_cast<long>(rows.number(row, column));
+}
+
 TEST(SatelliteIds, EveryIdHasItsRowOrNone)
 {
-    constexpr std::tuple<long, long, long, bool> kRanges[] = {
-#include "satellites/satellite_ids.inc"
-    };
+    const Csv ranges("tests/data/satellite_ids.csv");
     std::map<long, long> rows = {{399999, -1}, {400100, -1}, {LONG_MAX, -1}, {LONG_MIN, -1}, {LONG_MIN + 400, -1}};
     for (long id = -5; id <= 1300; ++id)
         rows[id] = -1;
-    for (const auto &[from, to, row, one_row] : kRanges)
-        for (long id = from; id <= to; ++id)
-            rows[id] = one_row ? row : row + id - from;
+    for (std::size_t i = 0; i < ranges.size(); ++i)
+        for (long from = whole(ranges, i, 0), id = from; id <= whole(ranges, i, 1); ++id)
+            rows[id] = whole(ranges, i, 2) + (whole(ranges, i, 3) == 1 ? 0 : id - from);
     for (const auto &[id, row] : rows) {
         SCOPED_TRACE(id);
         const long status = row != -1 ? 0 : -1;
@@ -52,30 +55,22 @@ TEST(SatelliteIds, EveryIdHasItsRowOrNone)
 
 TEST(SatelliteRows, StartWithTheirValuesAndNames)
 {
-    struct Rows {
-        long from, to, type;
-        double values[std::size(kColumns)];
-    };
-    constexpr Rows kRows[] = {
-#include "satellites/satellite_rows.inc"
-    };
-    for (const auto &[from, to, type, values] : kRows)
-        for (long row = from; row <= to; ++row) {
-            for (std::size_t i = 0; i < std::size(kColumns); ++i)
-                EXPECT_EQ(kColumns[i][row], values[i]) << "row " << row << ", value " << i;
-            EXPECT_EQ(KL_SAT_TYPE[row], type) << row;
+    const Csv rows("tests/data/satellite_rows.csv");
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        for (long row = whole(rows, i, 0); row <= whole(rows, i, 1); ++row) {
+            for (std::size_t column = 0; column < std::size(kColumns); ++column)
+                EXPECT_EQ(kColumns[column][row], rows.number(i, 3 + column)) << "row " << row << ", value " << column;
+            EXPECT_EQ(KL_SAT_TYPE[row], whole(rows, i, 2)) << row;
             EXPECT_EQ(std::memcmp(KL_SP3_PARAMS[row], "A00", 4), 0) << row;
             EXPECT_EQ(std::memcmp(TLE_SAT_DATA[row].designator, "00000   ", 9), 0) << row;
         }
     static_assert(sizeof TLE_SAT_DATA == 65 * 48 && sizeof A_MIN == 64 * sizeof(double));
-    constexpr std::tuple<long, const char *, const char *> kNames[] = {
-#include "satellites/satellite_names.inc"
-    };
-    for (const auto &[id, name, catalogue_name] : kNames) {
-        const Catalogue catalogue(id);
-        EXPECT_EQ(name_of(id), name);
-        EXPECT_STREQ(catalogue.name, catalogue_name) << name;
-        EXPECT_EQ(catalogue.number, 0) << name;
+    const Csv names("tests/data/satellite_names.csv");
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const long id = whole(names, i, 0);
+        EXPECT_EQ(name_of(id), names.text(i, 1));
+        EXPECT_EQ(Catalogue(id).name, names.text(i, 2));
+        EXPECT_EQ(Catalogue(id).number, 0) << id;
     }
 }
 
@@ -100,17 +95,16 @@ TEST_F(CatalogueData, OnPurposeAnInvalidIdReadsTheSp3IdentifierOfRow0)
 
 TEST_F(Periods, FollowTheAxisAndOnPurposeTheLongestFallsBackToTheLargestAxisOfAllSatellites)
 {
-    constexpr double kUntouched = -7.0;
-    constexpr std::tuple<long, double, long, double, double> kPeriods[] = {
-#include "satellites/periods.inc"
-    };
+    const Csv periods("tests/data/satellite_periods.csv");
     const long slot = 0;
     long opened = -1;
     EXPECT_EQ(kl_default_sat_init(&opened, "", nullptr), slot);
-    for (const auto &[id, axis, status, shortest, longest] : kPeriods) {
+    for (std::size_t i = 0; i < periods.size(); ++i) {
+        const long id = whole(periods, i, 0), status = whole(periods, i, 2);
+        const double shortest = periods.number(i, 3), longest = periods.number(i, 4);
         SCOPED_TRACE(id);
-        A_MIN[slot] = A_MAX[slot] = axis;
-        double min_period = kUntouched, max_period = kUntouched;
+        A_MIN[slot] = A_MAX[slot] = periods.number(i, 1);
+        double min_period = -7.0, max_period = -7.0;
         kl_error_record min_record, max_record;
         EXPECT_EQ(KL_Get_min_period(&id, &min_period, &min_record), status);
         EXPECT_EQ(KL_Get_max_period(&id, &max_period, &max_record), status);

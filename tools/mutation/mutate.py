@@ -187,7 +187,7 @@ def drawn(only: str, seed: int) -> list:
     pools = {"operator": [], "number": [], "table": []}
     for path in sorted(p for p in (TREE / "src").rglob("*") if p.suffix in (".cpp", ".h") and runs_here(p)):
         name = str(path.relative_to(TREE))
-        if fnmatch.fnmatch(name, only):
+        if any(fnmatch.fnmatch(name, glob) for glob in only.split(",")):
             for mutant in mutants_of(name, path.read_text(), rng):
                 pools[mutant.kind].append(mutant)
     for pool in pools.values():
@@ -309,7 +309,7 @@ def main() -> None:
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument("--count", type=int, default=200)
     options.add_argument("--seed", type=int, default=1)
-    options.add_argument("--only", default="*", help="files, such as 'src/time/*'")
+    options.add_argument("--only", default="*", help="files, such as 'src/time/*,src/ids/*'")
     options.add_argument("--folders", help="ask only the tests of these, such as numbers,time")
     options.add_argument("--jobs", type=int, default=os.cpu_count())
     options.add_argument("--sanitize", action="store_true", help="what survives meets the sanitizers (slow)")
