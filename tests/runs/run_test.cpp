@@ -1,21 +1,19 @@
 // Runs: their life, what they pin, what prevents them, and the links that they hold.
 #include "kit_data_handling.h"
+#include "runs/runs.h"
 #include "support/bare_id.h"
 #include "support/conditions.h"
 
+#include <cstddef>
 #include <tuple>
 
 namespace {
 
 constexpr long kSatId = 200;
 
-// The layout of a run record, as the higher libraries know it.
-struct RunLayout {
-    kl_id_record head;
-    long sat_id;
-    kl_id_record *model, *time;
-    kl_id_record *siblings[6]; // kinds 4, 7, 8, 9, 11, 12
-};
+// The higher libraries know the layout.
+static_assert(offsetof(RunRecord, model) == sizeof(kl_id_record) + sizeof(long)
+              && sizeof(RunRecord) == offsetof(RunRecord, model) + 8 * sizeof(void *));
 
 class Runs : public testing::Test {
 protected:
@@ -44,9 +42,9 @@ protected:
     }
 
     // Record of the oldest run.
-    RunLayout *layout()
+    RunRecord *oldest()
     {
-        return *static_cast<RunLayout **>(
+        return *static_cast<RunRecord **>(
             kd_list_data(kd_list_begin(static_cast<kd_list *>(time_record.record.users))));
     }
 
@@ -71,7 +69,7 @@ TEST_F(Runs, GroupThreeIdsUnderTheLowestFreeOfTwentyNumbers)
         kl_run_close(&n);
         kl_run_close(&n); // nothing happens
     }
-    const RunLayout *record = layout(); // of run 3
+    const RunRecord *record = oldest(); // of run 3
     for (const long n : {0L, 1L, 2L, 19L})
         EXPECT_EQ(open(), n);
 
@@ -79,7 +77,14 @@ TEST_F(Runs, GroupThreeIdsUnderTheLowestFreeOfTwentyNumbers)
     long sat_id = 0;
     kl_time_id time_out = {};
     kl_model_id model_out = {};
-#include "runs/run_answers.inc"
+    EXPECT_EQ(kl_run_get_ids(&third, &sat_id, &time_out, &model_out), 0);
+    EXPECT_TRUE(sat_id == kSatId && time_out.record == time.record && model_out.record == model.record);
+    EXPECT_EQ(KL_Run_get_init_type(&third), KL_ID_RUN);
+    EXPECT_TRUE(record->head.sat_id == kSatId && record->head.mode == third) << "the mode is its own number";
+    EXPECT_TRUE(record->head.mutex == nullptr && record->head.instances == 0);
+    EXPECT_EQ(KL_Get_used_id(record, KL_ID_TIME), time.record);
+    EXPECT_EQ(KL_Get_used_id(record, KL_ID_MODEL), model.record);
+    LEAVES(kRefused, kl_run_init(&kSatId, &time, &model, nullptr, e))
 }
 
 TEST_F(Runs, KnowTheKindsOfTheirIds)
@@ -95,9 +100,14 @@ TEST_F(Runs, KnowTheKindsOfTheirIds)
         long sat_id = 55;
         kl_time_id time_out = {this};
         kl_model_id model_out = {this};
-#include "runs/no_run.inc"
+        EXPECT_EQ(kl_run_get_ids(&none, &sat_id, &time_out, &model_out), -1);
+        EXPECT_TRUE(sat_id == 55 && time_out.record == this && model_out.record == this) << "untouched";
+        EXPECT_EQ(kl_run_init_status(&none) + KL_Run_get_init_type(&none) + kl_run_id_status(&none, &kind), 0);
+        EXPECT_EQ(KL_Run_Generic_close(&none, kind), 0);
         kl_run_close(&none);
     }
+    EXPECT_EQ(kl_run_id_status(&full, nullptr), 0);
+    EXPECT_EQ(kl_run_get_ids(&full, nullptr, &time, &model), -1);
 }
 
 TEST_F(Runs, AreRefusedForABadId)
@@ -119,7 +129,7 @@ TEST_F(Runs, AreConsistentWhenWhatTheirIdsUseIsInTheListTooAndOnPurposeOpenedInA
     BareId lower(5);
     ASSERT_EQ(KL_Link_ids(&lower.record, model.record), 0);
     const long first = open();
-    RunLayout *run = layout();
+    RunRecord *run = oldest();
     EXPECT_EQ(KL_Run_check_consistency(run->head.uses), 0);
     ASSERT_EQ(KL_Link_ids(&lower.record, run), 0);
     EXPECT_EQ(KL_Run_check_consistency(run->head.uses), 1);
@@ -131,8 +141,14 @@ TEST_F(Runs, AreConsistentWhenWhatTheirIdsUseIsInTheListTooAndOnPurposeOpenedInA
 TEST_F(Runs, LetGoOfAnIdWhenItsLibraryClosesIt)
 {
     const long run = open();
-    RunLayout *record = layout();
-#include "runs/generic_close.inc"
+    RunRecord *record = oldest();
+    EXPECT_EQ(KL_Run_Generic_close(&run, KL_ID_MODEL), 1);
+    EXPECT_EQ(status(run, KL_ID_MODEL) + KL_Is_used(&model), 0);
+    EXPECT_EQ(KL_Run_Generic_close(&run, KL_ID_MODEL), 0) << "twice";
+    EXPECT_EQ(KL_Run_Generic_close(&run, KL_ID_RUN), 0) << "the run itself is not in its list";
+    EXPECT_EQ(KL_Run_Generic_close(&run, KL_ID_TIME), 1);
+    EXPECT_TRUE(record->time == nullptr && KL_Get_used_id(record, KL_ID_TIME) == nullptr);
+    EXPECT_EQ(kl_run_init_status(&run), 1);
 }
 
 TEST_F(Runs, OnPurposeOnlyTheFirstKindOfTheHigherLibrariesIsDetached)
@@ -141,7 +157,7 @@ TEST_F(Runs, OnPurposeOnlyTheFirstKindOfTheHigherLibrariesIsDetached)
     for (std::size_t slot = 0; slot < std::size(kinds); ++slot) {
         BareId id(kinds[slot]);
         const long run = open(), known = kinds[slot] == 4 ? 1 : 0;
-        RunLayout *record = layout();
+        RunRecord *record = oldest();
         EXPECT_EQ(record->siblings[slot], nullptr);
         record->siblings[slot] = &id.record;
         ASSERT_EQ(KL_Link_ids(&id.record, record), 0);
