@@ -5,6 +5,7 @@
 #include "support/fault_injection.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <functional>
 #include <map>
@@ -40,16 +41,47 @@ std::string said_while(Site site, int nth, Call call)
     });
 }
 
-TEST(IdRecord, IsFilledByInitAndEmptiedByCloseAndNoneIsUninitialised)
+// Status, kind, satellite, mode; how often it is used.
+using State = std::array<long, 5>;
+
+State state_of(kl_id_record **handle)
+{
+    return {KL_Id_init_status(handle), KL_Id_get_init_type(handle), KL_Id_get_sat_id(handle), KL_Id_get_mode(handle),
+            KL_Is_used(handle)};
+}
+
+TEST(IdRecord, IsFilledByInitAndEmptiedByClose)
 {
     kl_id_record record;
     std::memset(&record, 0x5a, sizeof record);
     kl_id_record *handle = &record;
     const long sat_id = 301;
-    record.mode = 77;
+    record.mode = 77; // its kind's to set
+    EXPECT_EQ(KL_Id_init_status(&handle), 0);
+    EXPECT_EQ(KL_Id_init(&sat_id, KL_ID_MODEL, &record), 0);
+    EXPECT_EQ(state_of(&handle), (State{1, KL_ID_MODEL, 301, 77, 0}));
+    EXPECT_EQ(KL_Add_instance(&handle), 0);
+    EXPECT_EQ(state_of(&handle), (State{1, KL_ID_MODEL, 301, 77, 1}));
+    EXPECT_EQ(KL_Id_close(&handle), -1);
+    EXPECT_EQ(KL_Delete_instance(&handle), 0);
+    EXPECT_EQ(KL_Id_close(&handle), 0);
+    EXPECT_TRUE(record.kind == 0 && record.mutex == nullptr && KL_Id_init_status(&handle) == 0);
+    EXPECT_EQ(KL_Id_close(&handle), -1) << "closed twice";
+}
+
+TEST(IdRecord, IsUninitialisedWhereThereIsNone)
+{
     kl_id_record *none = nullptr;
     BareId other;
-#include "ids/record_life.inc"
+    for (const long nothing :
+         {KL_Id_init_status(&none), KL_Id_get_init_type(&none), KL_Is_used(&none), KL_Add_instance(&none),
+          KL_Delete_instance(&none), KL_Link_ids(none, &other.record), KL_Link_ids(&other.record, none),
+          KL_Unlink_ids(none, &other.record), KL_Unlink_ids(&other.record, none)})
+        EXPECT_EQ(nothing, 0);
+    EXPECT_EQ(KL_Get_used_id(none, KL_ID_TIME), nullptr);
+    for (const long refused : {KL_Id_close(&none), KL_Copy_id(&none, &other.handle), KL_Copy_id(&other.handle, &none),
+                               KL_Id_init(&kSatId, KL_ID_TIME, none)})
+        EXPECT_EQ(refused, -1);
 }
 
 // Random links, unlinks and closes over a few ids, against a plain list of pairs. An id is built on earlier ones, so
@@ -116,7 +148,17 @@ TEST(Copying, TakesHeadAndUsedIdsInOrderButNoUsersAndOnPurposeTheCountOfInstance
     ASSERT_EQ(KL_Link_ids(&source.record, &user.record) + KL_Link_ids(&before.record, &target.record), 0);
     ASSERT_EQ(KL_Copy_id(&source.handle, &target.handle), 0);
     EXPECT_NE(target.record.mutex, source.record.mutex);
-#include "ids/copied_id.inc"
+    EXPECT_EQ(state_of(&target.handle), (State{1, 7, 301, 4, 2})) << "on purpose its instances";
+    EXPECT_EQ(entries(target.record.uses), used);
+    EXPECT_EQ(entries(target.record.users), Entries{});
+    EXPECT_EQ(entries(time.record.users), (Entries{&source.record, &target.record}));
+    EXPECT_EQ(KL_Is_used(&before.handle), 0) << "what the target used before is let go";
+    EXPECT_EQ(KL_Copy_id(&source.handle, &source.handle), 0);
+    EXPECT_EQ(entries(source.record.uses), used);
+    // By kind, the first linked first.
+    EXPECT_EQ(KL_Get_used_id(&source.record, KL_ID_TIME), &time.record);
+    EXPECT_EQ(KL_Get_used_id(&source.record, KL_ID_MODEL), &model.record);
+    EXPECT_EQ(KL_Get_used_id(&source.record, KL_ID_RUN), nullptr);
 }
 
 TEST(Locks, EveryPlaceThatFailsSaysItsNumberAndTheRestHolds)
@@ -173,7 +215,9 @@ TEST(Failures, OnPurposeAnIdWithoutMutexWorksAndItsInitReturnsTheCharactersPrint
         EXPECT_EQ(result, static_cast<long>(line.size()));
         ASSERT_EQ(record.mutex, nullptr);
         BareId user;
-#include "ids/without_mutex.inc"
+        EXPECT_EQ(KL_Link_ids(&record, &user.record) + KL_Add_instance(&handle), 0);
+        EXPECT_EQ(KL_Is_used(&handle), 2);
+        EXPECT_EQ(KL_Delete_instance(&handle) + KL_Unlink_ids(&record, &user.record) + KL_Id_close(&handle), 0);
     }
 }
 
