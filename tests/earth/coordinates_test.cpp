@@ -1,41 +1,23 @@
 // Geodetic, polar and topocentric coordinates, geodesics and grids.
 #include "kl_family.h"
-#include "kl_lib.h"
 #include "support/captured_stream.h"
 #include "support/conditions.h"
 #include "support/csv.h"
 #include "support/rows.h"
+#include "support/vectors.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <random>
 
 namespace {
 
 constexpr long kPos = KL_CALC_POS;
 constexpr long kPosVel = KL_CALC_POS_VEL;
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kA = 6378137.0;
 constexpr double kE = 42697.672707180; // m: radius of the disc around the centre
 constexpr double kAngle = 6e-14;       // deg: a unit of the last place of 360
-
-double apart(double a, double b) // of two angles, deg
-{
-    return std::fabs(std::remainder(a - b, 360.0));
-}
-
-double length(const double *v)
-{
-    return std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
-}
-
-double distance(const double *a, const double *b)
-{
-    const double d[3] = {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
-    return length(d);
-}
 
 kl_geodetic to_geodetic(double x, double y, double z, long status = KL_OK)
 {
@@ -160,7 +142,7 @@ TEST(Geodetic, Conditions)
     const double pos[3] = {7e6, 1e5, 2e6};
     const double vel[3] = {1e3, 2e3, 3e3};
     const double far[3] = {1e12, 1e6, 0.0};
-    const double none[3] = {kNaN, 0.0, 7e6};
+    const double none[3] = {NAN, 0.0, 7e6};
     const double infinite[3] = {0.0, HUGE_VAL, 0.0};
     const double fast[3] = {1e160, 0.0, 0.0};
     const long three = 3;
@@ -175,7 +157,7 @@ TEST(Geodetic, Conditions)
     LEAVES(error_bits(KL_GEOD_TO_CART_CALC_MODE_ERR), kl_geod_to_cart(nullptr, nullptr, at(99, 0, 0), p, v, e))
     LEAVES(error_bits(KL_GEOD_TO_CART_LATITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, nullptr, p, v, e))
     LEAVES(error_bits(KL_GEOD_TO_CART_LATITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, at(90.1, 999, 0), p, v, e))
-    LEAVES(error_bits(KL_GEOD_TO_CART_LONGITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, at(90, kNaN, kNaN), p, v, e))
+    LEAVES(error_bits(KL_GEOD_TO_CART_LONGITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, at(90, NAN, NAN), p, v, e))
     LEAVES(error_bits(KL_GEOD_TO_CART_HEIGHT_ERR), kl_geod_to_cart(nullptr, &kPos, at(0, 360, -6356752.4), p, v, e))
     LEAVES(kNothing, kl_geod_to_cart(nullptr, &kPos, at(0, -360, -6356752.3), p, v, e))
     LEAVES(error_bits(KL_GEOD_TO_CART_RATES_ERR), kl_geod_to_cart(nullptr, &kPosVel, at(0, 0, 0, HUGE_VAL), p, v, e))
@@ -267,7 +249,7 @@ TEST(Polar, SizesAxesAndConditions)
     LEAVES(error_bits(KL_RADEC_TO_CART_DISTANCE_ERR), kl_radec_to_cart(nullptr, &kPos, at(0, 0, -1), p, v, e))
     LEAVES(error_bits(KL_RADEC_TO_CART_DISTANCE_ERR), kl_radec_to_cart(nullptr, &kPos, at(0, 0, HUGE_VAL), p, v, e))
     LEAVES(error_bits(KL_RADEC_TO_CART_RATES_ERR), kl_radec_to_cart(nullptr, &kPosVel, at(0, 0, 1e10, 1e305), p, v, e))
-    LEAVES(kNothing, kl_radec_to_cart(nullptr, &kPos, at(0, 0, 1, kNaN), p, v, e))
+    LEAVES(kNothing, kl_radec_to_cart(nullptr, &kPos, at(0, 0, 1, NAN), p, v, e))
     EXPECT_EQ(v[0], 0.0);
 }
 
@@ -344,7 +326,7 @@ TEST(Topocentric, ZenithPolesAndConditions)
     LEAVES(kRefused, kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, e))
     in = {0.0, 0.0, -1.0, 0.0, 0.0, 0.0};
     LEAVES(kRefused, kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, e))
-    in = {0.0, 0.0, 1.0, kNaN, 0.0, 0.0};
+    in = {0.0, 0.0, 1.0, NAN, 0.0, 0.0};
     LEAVES(kRefused, kl_topocentric_to_ef(nullptr, &kPosVel, &equator, &in, p, v, e))
     LEAVES(kNothing, kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, e))
 }
@@ -437,7 +419,7 @@ TEST(Geodesic, Laws)
 
 TEST(Geodesic, ConditionsAndTheDirectProblem)
 {
-    const double lat = 10.0, lon = 20.0, bad_lat = -90.0000001, bad_lon = 360.5, none = kNaN;
+    const double lat = 10.0, lon = 20.0, bad_lat = -90.0000001, bad_lon = 360.5, none = NAN;
     double s = 0.0, a = 0.0, b = 0.0;
     LEAVES(error_bits(KL_GEOD_DISTANCE_LATITUDE1_ERR),
            kl_geod_distance(nullptr, &bad_lat, &none, &lat, &lon, &s, &a, &b, e))
@@ -491,8 +473,8 @@ TEST(Grid, ZonesAndRefusals)
     constexpr Case kCases[] = {
         {33.3, 44.4, 0, 38},   {0.0, 180.0, 0, 1},    {0.0, -180.0, 0, 1},  {0.0, 179.999, 0, 60}, {-5.0, 360.0, 0, 31},
         {-5.0, -360.0, 0, 31}, {84.0, 3.0, 31, 31},   {-84.0, 9.0, 31, 31}, {0.0, -3.0, 31, 31},   {0.0, 9.0001, 31, 0},
-        {84.0001, 3.0, 31, 0}, {kNaN, 3.0, 31, 0},    {5.0, 360.1, 0, 0},   {5.0, 3.0, 61, 0},     {5.0, 3.0, -1, 0},
-        {5.0, 179.0, 1, 1},    {5.0, -357.0, 31, 31}, {5.0, kNaN, 31, 0},
+        {84.0001, 3.0, 31, 0}, {NAN, 3.0, 31, 0},     {5.0, 360.1, 0, 0},   {5.0, 3.0, 61, 0},     {5.0, 3.0, -1, 0},
+        {5.0, 179.0, 1, 1},    {5.0, -357.0, 31, 31}, {5.0, NAN, 31, 0},
     };
     for (const Case &c : kCases) {
         long zone = c.zone_in, north = 7, ierr = 0;
@@ -535,7 +517,7 @@ TEST(Grid, ZonesAndRefusals)
     EXPECT_NEAR(easting, 444140.5449, 5e-5);
     EXPECT_NEAR(northing, 3684706.3555, 5e-5);
     const long one = 1, half = 2, sixty_one = 61;
-    const double far = 1.5e6, none = kNaN;
+    const double far = 1.5e6, none = NAN;
     double x = 0.0, y = 0.0;
     LEAVES(kRefused, kl_utm_to_geod(nullptr, &sixty_one, &one, &easting, &northing, &x, &y, e))
     LEAVES(kRefused, kl_utm_to_geod(nullptr, &one, &half, &easting, &northing, &x, &y, e))

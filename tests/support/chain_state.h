@@ -3,10 +3,10 @@
 #define KL_TESTS_SUPPORT_CHAIN_STATE_H
 
 #include "kl_family.h"
+#include "support/vectors.h"
 #include "time/time_table.h"
 
 #include <algorithm>
-#include <cmath>
 #include <erfa.h>
 
 enum { kTdb = 1, kTai = 3, kUt1 = 4, kUtc = 5, kGps = 6 }; // references of a date record
@@ -20,15 +20,6 @@ constexpr double kArcsecond = 4.848136811095359935899141e-6; // rad
 constexpr double kMetresPerAu = 1.496e11;                    // the library's; the true one is 14 millionths shorter
 
 constexpr long kFrames[] = {1, 2, 3, 4, 5, 6, 7, 9, 10, 11}; // of the public ones all but KL_LIF
-
-inline double length(const double v[3])
-{
-    return std::hypot(v[0], v[1], v[2]);
-}
-inline double distance(const double a[3], const double b[3])
-{
-    return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
-}
 
 struct ChainState : Cord {
     double store[3][4] = {};
