@@ -13,8 +13,7 @@
 
 namespace {
 
-constexpr long kPos = KL_CALC_POS;
-constexpr long kPosVel = KL_CALC_POS_VEL;
+constexpr long kPos = KL_CALC_POS, kPosVel = KL_CALC_POS_VEL;
 constexpr double kA = 6378137.0;
 constexpr double kE = 42697.672707180; // m: radius of the disc around the centre
 constexpr double kAngle = 6e-14;       // deg: a unit of the last place of 360
@@ -37,13 +36,11 @@ TEST(Geodetic, TrueValues)
         double pos[3], vel[3];
         long ierr = 0;
         ASSERT_EQ(kl_geod_to_cart(nullptr, &kPosVel, &in, pos, vel, &ierr), KL_OK);
-        const double r = length(&row[6]);
-        const double speed = length(&row[9]);
+        const double r = length(&row[6]), speed = length(&row[9]);
         EXPECT_LE(distance(pos, &row[6]), 4e-9 + 5e-16 * r) << in.latitude << " " << in.height;
         EXPECT_LE(distance(vel, &row[9]), 1e-15 * (speed + 1e5)) << in.latitude << " " << in.height;
 
-        const double pos_in[3] = {row[6], row[7], row[8]};
-        const double vel_in[3] = {row[9], row[10], row[11]};
+        const double pos_in[3] = {row[6], row[7], row[8]}, vel_in[3] = {row[9], row[10], row[11]};
         kl_geodetic out;
         ASSERT_EQ(kl_cart_to_geod(nullptr, &kPosVel, pos_in, vel_in, &out, &ierr), KL_OK);
         const double p = std::hypot(row[6], row[7]);
@@ -119,10 +116,8 @@ TEST(Geodetic, AwkwardPointsComeBack)
 
 TEST(Geodetic, RatesOnTheAxis)
 {
-    const double north[3] = {0.0, 0.0, 7e6};
-    const double south[3] = {0.0, 0.0, -7e6};
-    const double aside[3] = {3.0, 4.0, 1.0};
-    const double upward[3] = {0.0, 0.0, 2.0};
+    const double north[3] = {0.0, 0.0, 7e6}, south[3] = {0.0, 0.0, -7e6}, aside[3] = {3.0, 4.0, 1.0},
+                 upward[3] = {0.0, 0.0, 2.0};
     kl_geodetic out;
     long ierr = 0;
     EXPECT_EQ(kl_cart_to_geod(nullptr, &kPosVel, north, aside, &out, &ierr), KL_WARN);
@@ -139,12 +134,8 @@ TEST(Geodetic, RatesOnTheAxis)
 
 TEST(Geodetic, Conditions)
 {
-    const double pos[3] = {7e6, 1e5, 2e6};
-    const double vel[3] = {1e3, 2e3, 3e3};
-    const double far[3] = {1e12, 1e6, 0.0};
-    const double none[3] = {NAN, 0.0, 7e6};
-    const double infinite[3] = {0.0, HUGE_VAL, 0.0};
-    const double fast[3] = {1e160, 0.0, 0.0};
+    const double pos[3] = {7e6, 1e5, 2e6}, vel[3] = {1e3, 2e3, 3e3}, far[3] = {1e12, 1e6, 0.0},
+                 none[3] = {NAN, 0.0, 7e6}, infinite[3] = {0.0, HUGE_VAL, 0.0}, fast[3] = {1e160, 0.0, 0.0};
     const long three = 3;
     double p[3], v[3];
     kl_geodetic out;
@@ -278,11 +269,8 @@ TEST(Topocentric, TrueValuesAndTheWayBack)
 TEST(Topocentric, ZenithPolesAndConditions)
 {
     const kl_geodetic equator = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
-    const double zenith[3] = {7e6, 0.0, 0.0};
-    const double nadir[3] = {1e3, 0.0, 0.0};
-    const double there[3] = {kA, 0.0, 0.0};
-    const double vel[3] = {2.0, 3.0, 4.0};
-    const double far[3] = {1e13, 1e13, 0.0};
+    const double zenith[3] = {7e6, 0.0, 0.0}, nadir[3] = {1e3, 0.0, 0.0}, there[3] = {kA, 0.0, 0.0},
+                 vel[3] = {2.0, 3.0, 4.0}, far[3] = {1e13, 1e13, 0.0};
     const long zero = 0;
     kl_topocentric out;
     double p[3], v[3];
@@ -383,8 +371,8 @@ TEST(Geodesic, Laws)
     std::mt19937 random(42);
     const auto uniform = [&](double a, double b) { return std::uniform_real_distribution<double>(a, b)(random); };
     for (int i = 0; i < 4000; ++i) {
-        double lat1 = uniform(-90.0, 90.0), lon1 = uniform(-180.0, 180.0);
-        double lat2 = uniform(-90.0, 90.0), lon2 = uniform(-180.0, 180.0);
+        double lat1 = uniform(-90.0, 90.0), lon1 = uniform(-180.0, 180.0), lat2 = uniform(-90.0, 90.0),
+               lon2 = uniform(-180.0, 180.0);
         const double near = std::pow(10.0, uniform(-9.0, 0.5));
         if (i % 4 == 1) { // near the antipode
             lat2 = -lat1 + uniform(-near, near) * 0.1;
@@ -431,8 +419,8 @@ TEST(Geodesic, ConditionsAndTheDirectProblem)
            kl_geod_distance(nullptr, &lat, &lon, &lat, &none, &s, &a, &b, e))
     LEAVES(kRefused, kl_geod_distance(nullptr, &lat, &lon, &lat, &lon, nullptr, &a, &b, e))
     LEAVES(kNothing, kl_geod_distance(nullptr, &lat, &lon, &lat, &lon, &s, nullptr, nullptr, e))
-    const double north = 0.0, quarter = 10001965.729312725, round = 4.0 * 10001965.729312725, too_far = 1.1e9;
-    const double equator = 0.0;
+    const double north = 0.0, quarter = 10001965.729312725, round = 4.0 * 10001965.729312725, too_far = 1.1e9,
+                 equator = 0.0;
     // A quarter of the meridian (published), and round the Earth over the poles.
     ASSERT_EQ(kl_geod_point(nullptr, &equator, &lon, &north, &quarter, &s, &a, &b, nullptr), KL_OK);
     EXPECT_NEAR(s, 90.0, 1e-13);
@@ -529,12 +517,10 @@ TEST(Grid, ZonesAndRefusals)
 TEST(Coordinates, RefusedEarth)
 {
     kl_model_id model = {nullptr};
-    const long user = KL_MODEL_USER;
-    const long models[9] = {99, 0, 0, 0, 0, 0, 0, 0, 0};
+    const long user = KL_MODEL_USER, models[9] = {99, 0, 0, 0, 0, 0, 0, 0, 0};
     long ierr = 0;
     ASSERT_EQ(kl_model_init(&user, models, &model, &ierr), KL_ERR);
-    const double pos[3] = {7e6, 0.0, 0.0};
-    const double vel[3] = {0.0, 7e3, 1e3};
+    const double pos[3] = {7e6, 0.0, 0.0}, vel[3] = {0.0, 7e3, 1e3};
     const long osculating = KL_KEPLER_OSCULATING;
     kl_geodetic out;
     kl_kepler elements;

@@ -19,12 +19,7 @@
 namespace {
 
 // Internal ids that these tests speak of.
-constexpr long kCarGeo = 9;
-constexpr long kLoadSp3 = 43;
-constexpr long kAsciiToAscii = 107;
-constexpr long kProcessingInputs = 24;
-constexpr long kSun = 140;
-constexpr long kPlanet = 142;
+constexpr long kCarGeo = 9, kLoadSp3 = 43, kAsciiToAscii = 107, kProcessingInputs = 24, kSun = 140, kPlanet = 142;
 
 constexpr long clear[] = {0, 0};
 constexpr kl_error_record kEmpty = {-1, 0, {}, {}, 0};
@@ -35,8 +30,7 @@ using Texts = std::vector<std::string>;
 
 Codes codes_of(long public_id, const long *ierr)
 {
-    long n = 0;
-    long codes[KL_MAX_CODES];
+    long n = 0, codes[KL_MAX_CODES];
     EXPECT_EQ(kl_get_code(&public_id, ierr, &n, codes), 0);
     return {codes, codes + n};
 }

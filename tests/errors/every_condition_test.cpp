@@ -18,8 +18,8 @@ TEST(EveryCondition, HasItsTextBitAndSeverity)
     std::map<long, long> n_codes_of; // by internal id
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const auto number = [&](std::size_t column) { return std::stol(rows.text(i, column)); };
-        const long internal = number(0), public_id = number(1), words = number(2), code = number(3), bit = number(4);
-        const long severity = number(5);
+        const long internal = number(0), public_id = number(1), words = number(2), code = number(3), bit = number(4),
+                   severity = number(5);
         const std::string name = rows.text(i, 6);
         EXPECT_TRUE(name.rfind("kl_", 0) == 0 || name.rfind("KL_", 0) == 0) << name;
         EXPECT_NE(rows.text(i, 7), "");

@@ -17,9 +17,8 @@ using Matrix = std::array<double, 9>; // row by row
 using Vector = std::array<double, 3>;
 
 constexpr double kRounding = 4e-15; // a few dozen roundings of numbers up to 1
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kPi = 3.14159265358979323846;
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN(), kInfinity = std::numeric_limits<double>::infinity(),
+                 kPi = 3.14159265358979323846;
 constexpr Quaternion kTurn = {0.6, 0.0, 0.0, 0.8};
 constexpr Matrix kIdentity = {1, 0, 0, 0, 1, 0, 0, 0, 1};
 
@@ -285,9 +284,8 @@ TEST(EulerAngles, AtTheLockTheFirstIs90Or270OnPurpose)
 TEST(AxisSets, AnglesAndTurnedVectorsAreInverse)
 {
     const double x[3] = {2.0, 0.0, 1.0}; // lengths do not matter
-    const double y[3] = {0.0, -3.0, 0.0};
-    const double z[3] = {0.5, 0.0, -1.0};
-    const double ex[3] = {1.0, 0.0, 0.0}, ey[3] = {0.0, 1.0, 0.0}, ez[3] = {0.0, 0.0, 1.0};
+    const double y[3] = {0.0, -3.0, 0.0}, z[3] = {0.5, 0.0, -1.0}, ex[3] = {1.0, 0.0, 0.0}, ey[3] = {0.0, 1.0, 0.0},
+                 ez[3] = {0.0, 0.0, 1.0};
     double out[9];
     for (const Vector &angles :
          {Vector{20.0, -35.0, 140.0}, {-70.5, 170.0, -3.25}, {0.0, 0.0, 180.0}, {1e-9, 0.0, 0.0}}) {
@@ -319,9 +317,8 @@ TEST(AxisSets, AnglesAndTurnedVectorsAreInverse)
 
 TEST(Conditions, OfEveryRotationFunction)
 {
-    const double ex[3] = {1.0, 0.0, 0.0}, ey[3] = {0.0, 1.0, 0.0}, ez[3] = {0.0, 0.0, 1.0};
-    const double left[3] = {0.0, 0.0, -1.0}, null[3] = {0.0, 0.0, 0.0};
-    const double bad[3] = {0.0, kNaN, 1.0}, leaning[3] = {0.0, 2e-6, 1.0};
+    const double ex[3] = {1.0, 0.0, 0.0}, ey[3] = {0.0, 1.0, 0.0}, ez[3] = {0.0, 0.0, 1.0}, left[3] = {0.0, 0.0, -1.0},
+                 null[3] = {0.0, 0.0, 0.0}, bad[3] = {0.0, kNaN, 1.0}, leaning[3] = {0.0, 2e-6, 1.0};
     double out[9];
     const auto to_vectors = [&](const Quaternion &q, long *e) {
         return kl_quaternions_to_vectors(q.data(), out, out + 3, out + 6, e);

@@ -89,8 +89,7 @@ TEST_F(Runs, GroupThreeIdsUnderTheLowestFreeOfTwentyNumbers)
 
 TEST_F(Runs, KnowTheKindsOfTheirIds)
 {
-    const long full = open();
-    const long plain = open(false);
+    const long full = open(), plain = open(false);
     for (long kind = -1; kind <= 13; ++kind) {
         EXPECT_EQ(status(full, kind), 1 <= kind && kind <= 3 ? 1 : 0) << kind;
         EXPECT_EQ(status(plain, kind), 1 <= kind && kind <= 2 ? 1 : 0) << kind;

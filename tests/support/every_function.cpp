@@ -9,43 +9,22 @@
 namespace {
 
 // Arguments by address.
-constexpr long kProc = KL_PROC;
-constexpr long kTai = KL_TIME_TAI;
-constexpr long kUtc = KL_TIME_UTC;
-constexpr long kAscii = KL_ASCII_11;
-constexpr long kTrans = KL_TRANS_0;
+constexpr long kProc = KL_PROC, kTai = KL_TIME_TAI, kUtc = KL_TIME_UTC, kAscii = KL_ASCII_11, kTrans = KL_TRANS_0;
 constexpr long kSat = 51; // its clock is the one below
-constexpr long kDegree = 36;
-constexpr long kAll = KL_CALC_POS_VEL_ACC;
-constexpr long kFrom = KL_GM2000;
-constexpr long kTo = KL_EF;
-constexpr long kPlanet = 4;
-constexpr long kTwo = 2;
-constexpr long kItrs = KL_ITRS;
-constexpr long kCorrections = 7;
+constexpr long kDegree = 36, kAll = KL_CALC_POS_VEL_ACC, kFrom = KL_GM2000, kTo = KL_EF, kPlanet = 4, kTwo = 2,
+               kItrs = KL_ITRS, kCorrections = 7;
 constexpr kl_star kStar = {101.287, -16.716, -546.0, -1223.1, 379.2, -5.5, 0.5, -1.46, 2491};
 constexpr kl_star_window kWindow = {-2.0, 2.0, 70.0, 130.0, -30.0, 30.0, 95.0, 0.0, 25.0};
-constexpr double kRootsOf[3] = {2.0, -3.0, 1.0};
-constexpr double kZero = 0.0;
-constexpr double kOne = 1.0;
-constexpr double kHalf = 0.5;
-constexpr double kMatrix[9] = {0.0, 1.0, 0.0, -1.0, 0.0, 0.0, 0.0, 0.0, 1.0};
-constexpr double kState[3] = {7.0e6, 1.0e3, -2.0e3};
-constexpr double kSpeed[3] = {-1.0e3, 7.0e3, 1.0e3};
-constexpr double kEasting = 5.0e5;
-constexpr long kRates = KL_CALC_POS_VEL;
-constexpr long kKind = KL_KEPLER_OSCULATING;
-constexpr long kNorth = 1;
+constexpr double kRootsOf[3] = {2.0, -3.0, 1.0}, kZero = 0.0, kOne = 1.0, kHalf = 0.5,
+                 kMatrix[9] = {0.0, 1.0, 0.0, -1.0, 0.0, 0.0, 0.0, 0.0, 1.0}, kState[3] = {7.0e6, 1.0e3, -2.0e3},
+                 kSpeed[3] = {-1.0e3, 7.0e3, 1.0e3}, kEasting = 5.0e5;
+constexpr long kRates = KL_CALC_POS_VEL, kKind = KL_KEPLER_OSCULATING, kNorth = 1;
 constexpr kl_geodetic kPlace = {48.0, 11.0, 600.0, 0.1, 0.2, 3.0};
 constexpr kl_kepler kElements = {7.2e6, 1e-3, 98.6, 30.0, 90.0, 10.0};
 constexpr kl_radec kDirection = {30.0, 40.0, 7.0e6, 0.1, 0.2, 3.0};
 constexpr kl_topocentric kSeen = {30.0, 40.0, 7.0e5, 0.1, 0.2, 3.0};
-constexpr double kX[3] = {1.0, 0.0, 0.0};
-constexpr double kY[3] = {0.0, 1.0, 0.0};
-constexpr double kZ[3] = {0.0, 0.0, 1.0};
-constexpr double kTurn[4] = {0.0, 0.0, 0.6, 0.8};
-constexpr double kNoTurn[4] = {0.0, 0.0, 0.0, 1.0};
-constexpr double kSides[2] = {10.0, 20.0};
+constexpr double kX[3] = {1.0, 0.0, 0.0}, kY[3] = {0.0, 1.0, 0.0}, kZ[3] = {0.0, 0.0, 1.0},
+                 kTurn[4] = {0.0, 0.0, 0.6, 0.8}, kNoTurn[4] = {0.0, 0.0, 0.0, 1.0}, kSides[2] = {10.0, 20.0};
 constexpr long kFields[4] = {6000, 21600, 5, 0};
 constexpr char kText[] = "2016-06-05_06:00:00";
 constexpr unsigned char kOctets[6] = {0x1f, 0x2e, 0x3d, 0x4c, 0x5b, 0x6a};
@@ -54,9 +33,7 @@ constexpr kl_obt_param_vardo kClock = {kSat, 0};
 constexpr kl_obt_vardo kCount = {kSat, 1000, 10};
 
 constexpr double kTimes[4] = {6000.0, 6000.0 - 36.0 / 86400.0, 6000.0 - 36.2 / 86400.0, 6000.0 - 19.0 / 86400.0};
-constexpr long kOrbit = 0;
-constexpr long kModels[9] = {0, 0, 0, 0, 0, 0, 0, 0, 0};
-constexpr long kModelMode = 0;
+constexpr long kOrbit = 0, kModels[9] = {0, 0, 0, 0, 0, 0, 0, 0, 0}, kModelMode = 0;
 
 // For kl_find_crossings.
 long rising(void *, const long *n, const double *times, double *values)
@@ -70,9 +47,7 @@ long open_rows(kl_time_id *id)
 {
     kl_time_row rows[4]; // from before World::at to after the leap second at the end of 2016
     for (int i = 0; i < 4; ++i) {
-        const double utc = i == 0 ? 5990.0 : 6207.0 + i;
-        const double tai_utc = i < 2 ? 36.0 : 37.0;
-        const double tai = utc + tai_utc / 86400.0;
+        const double utc = i == 0 ? 5990.0 : 6207.0 + i, tai_utc = i < 2 ? 36.0 : 37.0, tai = utc + tai_utc / 86400.0;
         rows[i] = {tai, tai - 36.4 / 86400.0, utc, tai_utc, 36.4, 19.0};
     }
     kl_time_id_data data = {};
