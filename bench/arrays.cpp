@@ -6,7 +6,6 @@
 #include "support/every_array.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -15,6 +14,7 @@
 #include <functional>
 #include <string>
 #include <thread>
+#include <time.h>
 
 namespace {
 
@@ -268,23 +268,35 @@ struct Bench {
     }
 };
 
-double seconds_of(const std::function<void()> &work)
+double now(clockid_t clock)
 {
-    const auto start = std::chrono::steady_clock::now();
+    timespec t;
+    clock_gettime(clock, &t);
+    return static_cast<double>(t.tv_sec) + 1e-9 * static_cast<double>(t.tv_nsec);
+}
+
+// One thread: the time that it has had the processor for, which others do not lengthen. Several: of the clock.
+double seconds_of(const std::function<void()> &work, bool alone)
+{
+    const clockid_t clock = alone ? CLOCK_THREAD_CPUTIME_ID : CLOCK_MONOTONIC;
+    const double start = now(clock);
     work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return now(clock) - start;
 }
 
 // The shortest of some repetitions, each over `part` calls of it.
-double shortest(const std::function<void()> &work)
+double shortest(const std::function<void()> &work, bool alone = true)
 {
-    double one = seconds_of(work);
+    double one = seconds_of(work, alone);
     const int calls = std::max(1, static_cast<int>(kShortest / std::max(one, 1e-9)));
     for (int r = 0; r < kRepetitions; ++r)
-        one = std::min(one, seconds_of([&] {
-                                for (int i = 0; i < calls; ++i)
-                                    work();
-                            }) / calls);
+        one = std::min(one, seconds_of(
+                                [&] {
+                                    for (int i = 0; i < calls; ++i)
+                                        work();
+                                },
+                                alone)
+                                / calls);
     return one;
 }
 

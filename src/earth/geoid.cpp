@@ -4,6 +4,7 @@
 #include "arrays/array_call.h"
 #include "earth/egm96_tables.h"
 #include "earth/geoid_kernel.h"
+#include "earth/geoid_points.h"
 #include "earth/legendre.h"
 #include "errors/activation.h"
 #include "models/model_record.h"
@@ -54,6 +55,45 @@ bool usable(const EarthModel &earth, long max_degree)
            && earth.n_geoid_coefficients >= (degree + 1) * (degree + 2) / 2;
 }
 
+// What the expansion needs of a parallel: weight of degree 1 and its ratio from degree to degree.
+struct Parallel {
+    SineCosine<double> theta; // colatitude
+    double weight, ratio;
+};
+
+Parallel parallel_at(double lat_deg)
+{
+    double psi, gravity, radius;
+    KL_Radgra(&psi, &gravity, &radius, lat_deg, 0.0, 0.0); // the same on all of the parallel
+    const double ratio = kSemiMajorAxis / radius;
+    return {sine_cosine(KL_PI / 2.0 - psi), kCentimetres * kGm / (gravity * radius) * ratio, ratio};
+}
+
+// Points side by side, each on its own parallel. Nothing on the heap.
+void scattered(long max_degree, const double *lat_deg, const double *lon_deg, const long *place, long count,
+               double *undulation)
+{
+    GeoidPoints points;
+    const long padded = (count + 2 * kMostLanes - 1) / (2 * kMostLanes) * (2 * kMostLanes);
+    for (long i = 0; i < padded; ++i) {
+        const long at = place[i < count ? i : count - 1];
+        const Parallel x = parallel_at(lat_deg[at]);
+        const double lambda = longitude_radians(lon_deg[at]);
+        const SineCosine<double> one = sine_cosine(lambda), eight = sine_cosine(kEgm96Lanes * lambda);
+        points.cos_theta[i] = x.theta.c;
+        points.sin_theta[i] = x.theta.s;
+        points.weight[i] = x.weight;
+        points.ratio[i] = x.ratio;
+        points.c1[i] = one.c;
+        points.s1[i] = one.s;
+        points.c8[i] = eight.c;
+        points.s8[i] = eight.s;
+    }
+    geoid_points_kernel()(egm96_packed, static_cast<int>(legendre_degree(max_degree)), &points, padded);
+    for (long i = 0; i < count; ++i)
+        undulation[place[i]] = points.sum[i] / kCentimetres + kZeroDegree;
+}
+
 // A parallel computed from the packed tables. Nothing on the heap.
 class PackedParallel {
 public:
@@ -62,17 +102,13 @@ public:
     // The correction alone leaves the potential out.
     void go_to(double lat_deg, bool correction_alone = false)
     {
-        double psi, gravity, radius;
-        KL_Radgra(&psi, &gravity, &radius, lat_deg, 0.0, 0.0); // the same on all of the parallel
-        const double theta = KL_PI / 2.0 - psi;
-        const double ratio = kSemiMajorAxis / radius;
+        const Parallel x = parallel_at(lat_deg);
         double weights[kEgm96Degree + 1] = {};
-        double weight = correction_alone ? 0.0 : kCentimetres * kGm / (gravity * radius) * ratio;
+        double weight = correction_alone ? 0.0 : x.weight;
         const long degree = legendre_degree(degree_);
         for (long n = 2; n <= degree; ++n)
-            weights[n] = weight *= ratio;
-        const SineCosine of = sine_cosine(theta);
-        kernel_(egm96_packed, static_cast<int>(degree), of.c, of.s, weights, &sums_);
+            weights[n] = weight *= x.ratio;
+        kernel_(egm96_packed, static_cast<int>(degree), x.theta.c, x.theta.s, weights, &sums_);
     }
 
     // Metres, without the term of degree zero.
@@ -400,17 +436,35 @@ long kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitud
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
         if (!built_in(earth))
             return false;
+        // Points that need a new parallel, and all that count.
+        long places[kBlock];
+        long n_places = 0, n_parallels = 0;
+        double before = on;
         for (long k = 0; k < count; ++k) {
             const double lat = latitude[first + k];
-            const double lon = longitude[first + k];
-            if (wrong_latitude(lat) || wrong_longitude(lon) || lat == kNoLegendreLatitude) {
+            if (wrong_latitude(lat) || wrong_longitude(longitude[first + k]) || lat == kNoLegendreLatitude) {
                 left.add(k);
                 continue;
             }
-            if (bits_of(lat) != bits_of(on)) // zeros of either sign too
+            places[n_places++] = first + k;
+            n_parallels += bits_of(lat) != bits_of(before) ? 1 : 0; // zeros of either sign too
+            before = lat;
+        }
+        long done = 0;
+        constexpr long kFull = 2 * kMostLanes; // points side by side; half as many would cost as much one by one
+        if (2 * n_parallels > n_places)
+            while (n_places - done > kFull / 2) {
+                const long now = n_places - done < kGeoidPoints ? n_places - done : long{kGeoidPoints};
+                scattered(*max_degree, latitude, longitude, places + done, now, undulation);
+                done += now;
+            }
+        for (; done < n_places; ++done) {
+            const double lat = latitude[places[done]];
+            const double lambda = longitude_radians(longitude[places[done]]);
+            if (bits_of(lat) != bits_of(on))
                 parallel.go_to(lat);
             on = lat;
-            undulation[first + k] = parallel.at(longitude_radians(lon)) + kZeroDegree;
+            undulation[places[done]] = parallel.at(lambda) + kZeroDegree;
         }
         return true;
     });
