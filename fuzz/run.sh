@@ -15,13 +15,13 @@ cd build/fuzz/corpus
 : >figures
 # A format's target starts from a published file, not from a corpus.
 formats='finals c04 old_c04 bulletin_a bulletin_b old_bulletin_b leap_seconds leap_second_dat own_table sp3 oem oem_xml'
-for target in time time_files texts clocks sky rotations registry $formats; do
+for target in time time_files star_files texts clocks sky geometry rotations registry $formats; do
     mkdir -p "$target"
     status=0
     length=512
     kept=
     [ ! -d "../../../fuzz/corpus/$target" ] || kept="../../../fuzz/corpus/$target"
-    [ "$target" != time_files ] || length=4096 # a file
+    case $target in *_files) length=4096 ;; esac
     (
         failed=0
         UBSAN_OPTIONS=print_stacktrace=1 ../fuzz/${target}_fuzz -max_total_time="$seconds" -seed="$seed" -max_len=$length -timeout=10 \

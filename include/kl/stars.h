@@ -85,7 +85,7 @@ enum {
  * Conditions are checked in the order of their codes. Every place has the motion in space and, but for KL_BM2000, the light
  * time across the Earth's orbit. Without a time id KL_MOD takes TAI for UT1, 2e-4 arcsec.
  * Accuracy: 1e-9 arcsec from an independent library (ERFA) with the same Earth; the Earth's velocity here adds 3e-4, the
- * frames of J2000 for ICRS 0.023, KL_TOD and what follows 0.2 arcsec.
+ * frames of J2000 for ICRS 0.023, KL_TOD and what follows 0.1 arcsec today, 0.3 by 2099.
  * Sources: S. E. Urban and P. K. Seidelmann (eds), Explanatory Supplement to the Astronomical Almanac (2013), chapter 7;
  * S. A. Klioner, Astron. J. 125, 1580 (2003).
  */
@@ -150,7 +150,7 @@ enum {
  * 1991): positions good to 1.5 arcsec. Files, told apart by their first line: that catalogue (fixed columns of its file
  * CDS V/50), the main catalogue of Hipparcos (CDS I/239, hip_main.dat), and our own: a first line "KL_STARS 1", then lines
  * of nine numbers between blanks, number, magnitude, ra, dec, pm_ra, pm_dec, parallax, radial_velocity and epoch as in
- * kl_star, with comments from # on. Entries without a position are left out, blank fields are 0.
+ * kl_star, with comments from # on (examples/stars.txt). Entries without a position are left out, blank fields are 0.
  */
 KL_API long kl_star_catalog(kl_model_id *model_id, kl_time_id *time_id, const char *file, const kl_star_window *window,
                             const long *corrections, const long *cs_out, const long *time_ref, const double *time,

@@ -57,7 +57,9 @@ Shadow find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double
     // From the satellite: e1 to the centre of the Earth, s to the Sun, e2 across in their plane.
     const double r = std::sqrt(dot3(pos, pos));
     const double e1[3] = {-pos[0] / r, -pos[1] / r, -pos[2] / r};
-    double s[3] = {sun[0] - pos[0], sun[1] - pos[1], sun[2] - pos[2]};
+    const bool far = std::fabs(sun[0]) > 1e100 || std::fabs(sun[1]) > 1e100 || std::fabs(sun[2]) > 1e100;
+    const double scale = far ? 0x1p-700 : 1.0; // of the way to a Sun whose squares would leave the range
+    double s[3] = {scale * sun[0] - scale * pos[0], scale * sun[1] - scale * pos[1], scale * sun[2] - scale * pos[2]};
     const double distance = std::sqrt(dot3(s, s));
     for (double &component : s)
         component /= distance;
@@ -79,7 +81,7 @@ Shadow find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double
     cross(p, B, normal);
     const double psi = arc_tangent(radius * pp / r, std::sqrt(above * dot3(normal, normal)) + radius * dot3(p, B));
 
-    const double sun_radius = arc_sine(kSunRadius / distance);
+    const double sun_radius = arc_sine(scale * kSunRadius / distance);
     const double over = theta - psi;
     const double depth = over / sun_radius;
     if (depth >= 1.0)

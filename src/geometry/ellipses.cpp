@@ -3,6 +3,7 @@
 #include "earth/ellipsoid.h"
 #include "numbers/elementary.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -139,19 +140,24 @@ bool nearest_on_ellipse(double a, double b, double x, double y, double foot[2], 
 {
     if (!are_axes(a, b) || !std::isfinite(x) || !std::isfinite(y))
         return false;
-    // The largest length near 1.
-    int exponent = 0;
-    std::frexp(std::fmax(a, std::fmax(std::fabs(x), std::fabs(y))), &exponent);
-    const Ellipsoid meridian = ellipsoid_of_axes(std::ldexp(a, -exponent), std::ldexp(b, -exponent));
-    const double p = std::ldexp(std::fabs(x), -exponent);
-    const double q = std::ldexp(std::fabs(y), -exponent);
+    // In units of the larger axis. The foot is the same for all points of a direction from far away, and for all
+    // ellipses that are as flat as a line.
+    constexpr int kFar = 300;
+    int size = 0;
+    int distant = 0;
+    const double unit = std::frexp(a, &size);
+    std::frexp(std::fmax(std::fabs(x), std::fabs(y)), &distant);
+    const int nearer = std::max(distant - size - kFar, 0);
+    const Ellipsoid meridian = ellipsoid_of_axes(unit, std::fmax(std::ldexp(b, -size), 0x1p-300 * unit));
+    const double p = std::ldexp(std::fabs(x), -size - nearer);
+    const double q = std::ldexp(std::fabs(y), -size - nearer);
     const Foot<double> at = foot_anywhere(meridian, p, q);
     // Geodetic to reduced latitude: tan = k tan.
     const double rise = meridian.k * at.sine;
     const double length = std::sqrt(rise * rise + at.cosine * at.cosine);
     foot[0] = std::copysign(a * (at.cosine / length), x);
     foot[1] = std::copysign(b * (rise / length), y == 0.0 ? 1.0 : y);
-    *distance = std::ldexp(at.height, exponent);
+    *distance = std::ldexp(nearer > 0 ? std::sqrt(p * p + q * q) : at.height, size + nearer);
     return true;
 }
 

@@ -143,6 +143,10 @@ TEST(Eclipse, Conditions)
     LEAVES(error_bits(KL_ECLIPSE_MARGIN_ERR), KL_Eclipse(nullptr, pos, sun, &high, &state, &f, &d, e));
     LEAVES(error_bits(KL_ECLIPSE_MARGIN_ERR), KL_Eclipse(nullptr, pos, sun, &not_one, &state, &f, &d, e));
     LEAVES(kRefused, KL_Eclipse(nullptr, pos, sun, nullptr, nullptr, &f, &d, e));
+    const double star[3] = {-1e308, 1e308, 1e300}; // a point, behind the Earth
+    LEAVES(kNothing, KL_Eclipse(nullptr, pos, star, nullptr, &state, &f, &d, e));
+    EXPECT_TRUE(state == KL_UMBRA && std::isfinite(d));
+    state = 7;
     for (int i = 0; i < 3; ++i)
         for (const double bad : {kNan, kInf, -kInf}) {
             double p[3] = {7e6, 1, 1}, s[3] = {kAu, 1, 1};

@@ -73,6 +73,10 @@ TEST(Ellipses, AnySizeOfNumberWillDo)
         EXPECT_NEAR(distance / scale, one, 1e-13);
         EXPECT_NEAR(foot[0] / scale, unit[0], 1e-13);
     }
+    double line[2], far = 0.0;
+    ASSERT_EQ(KL_Ellipse_nearest(44.0, 5e-312, -9e61, 0.0, line, &far), 0);
+    EXPECT_EQ(line[0], -44.0);
+    EXPECT_EQ(far, 9e61);
     EXPECT_NEAR(KL_Ellipse_arc(1.0, 1e-200, 0.0, 1.5707963267948966), 1.0, 1e-15);
 }
 

@@ -137,6 +137,18 @@ TEST(StarCatalogue, ReadsTheThreeFormats)
     EXPECT_EQ(pair.stars[0].parallax, 50);
     EXPECT_EQ(pair.stars[0].radial_velocity, 60);
     EXPECT_EQ(pair.stars[1].parallax, -1);
+
+    // The example holds twenty stars of the built-in catalogue.
+    const Found example = search("examples/stars.txt", kAll), built_in = search(nullptr, kAll);
+    ASSERT_EQ(example.stars.size(), 20U);
+    for (const kl_star &star : example.stars)
+        for (const kl_star &same : built_in.stars)
+            if (same.number == star.number) {
+                EXPECT_NEAR(star.ra, same.ra, 1e-7) << star.number;
+                EXPECT_NEAR(star.dec, same.dec, 1e-7) << star.number;
+                EXPECT_EQ(star.parallax, same.parallax) << star.number;
+                EXPECT_EQ(star.magnitude, same.magnitude) << star.number;
+            }
 }
 
 TEST(StarCatalogue, TellsWhatIsWrongWithAFile)

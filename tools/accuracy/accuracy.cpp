@@ -2,7 +2,7 @@
 // docs/accuracy.md to standard output, the last one with its first row only: fidelity.py adds the others.
 // tools/accuracy/run.sh builds and runs both.
 //
-//     accuracy LISTINGS bodies|frames|coordinates|rest [INSTANTS]
+//     accuracy LISTINGS bodies|frames|iers|sky|coordinates|rest [INSTANTS]
 #include "sky.h"
 
 #include <cstring>
@@ -44,7 +44,7 @@ void introduce_fidelity()
 int main(int argc, char **argv)
 {
     if (argc < 3)
-        fail("accuracy LISTINGS bodies|frames|coordinates|rest [INSTANTS]: reading this");
+        fail("accuracy LISTINGS bodies|frames|iers|sky|coordinates|rest [INSTANTS]: reading this");
     const long count = argc > 3 ? std::atol(argv[3]) : 100000; // fewer for a trial
     std::mt19937_64 random(19691231);
     std::uniform_real_distribution<double> days(-18261.0, 36523.0);
@@ -61,6 +61,11 @@ int main(int argc, char **argv)
         compare_pole(count / 10);
     } else if (std::strcmp(argv[2], "coordinates") == 0) {
         compare_coordinates(count);
+    } else if (std::strcmp(argv[2], "iers") == 0) {
+        compare_iers(library, instants, (std::string(argv[1]) + "/../chain_years.csv").c_str());
+    } else if (std::strcmp(argv[2], "sky") == 0) {
+        compare_geometry(instants);
+        compare_stars(instants);
     } else {
         compare_geoid(argv[1]);
         compare_scales(instants);

@@ -187,6 +187,9 @@ private:
 void compare_bodies(Library &library, const std::vector<double> &instants);
 void compare_frames(Library &library, const std::vector<double> &instants);
 void compare_pole(long count);
+void compare_iers(Library &library, const std::vector<double> &instants, const char *years); // a file of years
+void compare_geometry(const std::vector<double> &instants);
+void compare_stars(const std::vector<double> &instants);
 void compare_scales(const std::vector<double> &instants);
 
 #endif

@@ -42,6 +42,12 @@ public:
         return out;
     }
 
+    double median()
+    {
+        std::sort(values_.begin(), values_.end());
+        return values_[(values_.size() - 1) / 2];
+    }
+
     double largest() const { return *std::max_element(values_.begin(), values_.end()); }
 
     // How far each value is from that of the other set, at most; before the sets are printed.
