@@ -116,7 +116,8 @@ bool fill_instants(const Way &way, long ref, const double *time, long first, lon
             continue;
         }
         if (n == 0 || !same_number(t, time[place[n - 1]])) {
-            if (!is_quiet(conversions, t) || !is_quiet(changes, t) || !chain_instant(way.id, ref, t, way.with_tdb, &instant))
+            if (!is_quiet(conversions, t) || !is_quiet(changes, t)
+                || !chain_instant(way.id, ref, t, way.with_tdb, &instant))
                 return false;
             *one_instant &= n == 0;
         }

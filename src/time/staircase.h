@@ -65,8 +65,8 @@ inline bool is_quiet(const QuietSpan &span, double days)
     return days > span.first && days < span.last && !(days > span.gap_first && days < span.gap_last);
 }
 
-// The days in which no once-only warning can be due, or noted, as the flags stand now: outside of them the calls have to
-// be taken in order. Explicit values never warn.
+// The days in which no once-only warning can be due, or noted, as the flags stand now: outside of them the calls have
+// to be taken in order. Explicit values never warn.
 inline QuietSpan steady_span(const TimeIdRecord &id, int set)
 {
     constexpr double kFarDays = 1e9;

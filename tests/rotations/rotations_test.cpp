@@ -333,11 +333,9 @@ TEST(Conditions, OfEveryRotationFunction)
 #include "rotations/conditions.inc"
 }
 
-TEST(Interpolation, LooksAtTheModeOnlyInsideOnPurpose)
-{
+TEST(Interpolation, LooksAtTheModeOnlyInsideOnPurpose){
     LEAVES(error_bits(KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR), interpolate(kTurn, kTurn, 0, 1, 0.5, e, 1))
-    LEAVES(warning_bits(KL_QUATERNIONS_INTERPOL_RANGE_WARN), interpolate(kTurn, kTurn, 0, 1, 1.5, e, 1))
-}
+        LEAVES(warning_bits(KL_QUATERNIONS_INTERPOL_RANGE_WARN), interpolate(kTurn, kTurn, 0, 1, 1.5, e, 1))}
 
 // About one axis from no turn: the turn of the result is a quarter of the way by angle, or by chord when the two are
 // equal to a billionth. The two differ by 1e-15 here.
