@@ -69,10 +69,10 @@ enum {
  *
  * @param[in]  model_id      models to use; NULL or uninitialised: the default models, for this call only
  * @param[in]  time_id       initialised time correlation; not needed for a time in TAI and the frames KL_BM2000,
- * KL_GM2000 and KL_MOD
+ *                           KL_GM2000 and KL_MOD
  * @param[in]  corrections   sum of KL_STAR_PARALLAX, KL_STAR_ABERRATION and KL_STAR_DEFLECTION, 0 to 7
  * @param[in]  cs_out        axes of the place: KL_BM2000 (motion in space only, whatever the corrections), KL_GM2000,
- * KL_MOD, KL_TOD, KL_TEME, KL_PEF or KL_EF
+ *                           KL_MOD, KL_TOD, KL_TEME, KL_PEF or KL_EF
  * @param[in]  time_ref      scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
  * @param[in]  time          MJD2000, days, -18262.0 to 36524.0
  * @param[in]  star          ra -360 to 360, dec -90 to 90 deg; proper motions up to 1e6 mas/yr, parallax up to 1e4 mas,
@@ -83,10 +83,11 @@ enum {
  * @param[out] ierr          [1] error vector, bits KL_STAR_RADEC_*
  * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR the place is untouched. NULL for it is KL_ERR with no bit.
  * Conditions are checked in the order of their codes. Every place has the motion in space and, but for KL_BM2000, the
- * light time across the Earth's orbit. Without a time id KL_MOD takes TAI for UT1, 2e-4 arcsec. Accuracy: 1e-9 arcsec
- * from an independent library (ERFA) with the same Earth; the Earth's velocity here adds 3e-4, the frames of J2000 for
- * ICRS 0.023, KL_TOD and what follows 0.1 arcsec today, 0.3 by 2099. Sources: S. E. Urban and P. K. Seidelmann (eds),
- * Explanatory Supplement to the Astronomical Almanac (2013), chapter 7; S. A. Klioner, Astron. J. 125, 1580 (2003).
+ * light time across the Earth's orbit. Without a time id KL_MOD takes TAI for UT1, 2e-4 arcsec.
+ * Accuracy: 1e-9 arcsec from an independent library (ERFA) with the same Earth; the Earth's velocity here adds 3e-4,
+ * the frames of J2000 for ICRS 0.023, KL_TOD and what follows 0.1 arcsec today, 0.3 by 2099.
+ * Sources: S. E. Urban and P. K. Seidelmann (eds), Explanatory Supplement to the Astronomical Almanac (2013), chapter
+ * 7; S. A. Klioner, Astron. J. 125, 1580 (2003).
  */
 KL_API long kl_star_radec(kl_model_id *model_id, kl_time_id *time_id, const long *corrections, const long *cs_out,
                           const long *time_ref, const double *time, const kl_star *star, const double observer_pos[3],
@@ -132,8 +133,8 @@ enum {
  * @param[in]  time_id      as in kl_star_radec
  * @param[in]  file         catalogue; NULL or empty: the built-in one
  * @param[in]  window       magnitudes any finite, ra and ra_min, ra_max -360 to 360, dec -90 to 90, radius 0 to 180
- * deg; edges belong to it. ra_max - ra_min of 360 is the whole circle. A radius of 0: the box alone, and ra and dec of
- * the cone are not looked at
+ *                          deg; edges belong to it. ra_max - ra_min of 360 is the whole circle. A radius of 0: the box
+ *                          alone, and ra and dec of the cone are not looked at
  * @param[in]  corrections  as in kl_star_radec; the observer is the centre of the Earth
  * @param[in]  cs_out       as in kl_star_radec: the window is in these axes
  * @param[in]  time_ref     scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
@@ -143,13 +144,15 @@ enum {
  * @param[out] places       [1] their places, likewise; NULL: not wanted
  * @param[out] ierr         [1] error vector, bits KL_STAR_CATALOG_*
  * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR the outputs are untouched. NULL for n_stars or stars is KL_ERR with no
- * bit. Nothing found is KL_OK: 0 stars, both pointers NULL. Checked in the order time_ref, time, corrections, cs_out,
- * window, the file as a whole, ids, its lines. Built in are the 8404 stars to V 6.5 of the Bright Star Catalogue, 5th
- * revised edition (D. Hoffleit and W. H. Warren, 1991): positions good to 1.5 arcsec. Files, told apart by their first
- * line: that catalogue (fixed columns of its file CDS V/50), the main catalogue of Hipparcos (CDS I/239, hip_main.dat),
- * and our own: a first line "KL_STARS 1", then lines of nine numbers between blanks, number, magnitude, ra, dec, pm_ra,
- * pm_dec, parallax, radial_velocity and epoch as in kl_star, with comments from # on (examples/stars.txt). Entries
- * without a position are left out, blank fields are 0.
+ * bit.
+ * Nothing found is KL_OK: 0 stars, both pointers NULL. Checked in the order time_ref, time, corrections, cs_out,
+ * window, the file as a whole, ids, its lines.
+ * Built in are the 8404 stars to V 6.5 of the Bright Star Catalogue, 5th revised edition (D. Hoffleit and W. H. Warren,
+ * 1991): positions good to 1.5 arcsec. Files, told apart by their first line: that catalogue (fixed columns of its file
+ * CDS V/50), the main catalogue of Hipparcos (CDS I/239, hip_main.dat), and our own: a first line "KL_STARS 1", then
+ * lines of nine numbers between blanks, number, magnitude, ra, dec, pm_ra, pm_dec, parallax, radial_velocity and epoch
+ * as in kl_star, with comments from # on (examples/stars.txt). Entries without a position are left out, blank fields
+ * are 0.
  */
 KL_API long kl_star_catalog(kl_model_id *model_id, kl_time_id *time_id, const char *file, const kl_star_window *window,
                             const long *corrections, const long *cs_out, const long *time_ref, const double *time,

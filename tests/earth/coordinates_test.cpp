@@ -216,7 +216,7 @@ TEST(Polar, SizesAxesAndConditions)
     const double down[3] = {-0.0, 0.0, -5.0};
     const double aside[3] = {1.0, 0.0, 2.0};
     const double nowhere[3] = {0.0, 0.0, 0.0};
-    const double none[3] = {1.0, kNaN, 0.0};
+    const double none[3] = {1.0, NAN, 0.0};
     double p[3], v[3];
     LEAVES(warning_bits(KL_CART_TO_RADEC_POLAR_AXIS_WARN), kl_cart_to_radec(nullptr, &kPosVel, up, aside, &out, e))
     EXPECT_EQ(out.ra, 0.0);
@@ -492,7 +492,7 @@ TEST(Grid, ZonesAndRefusals)
         EXPECT_EQ(statuses[i], c.zone == 0 ? KL_ERR : KL_OK) << i;
         EXPECT_EQ(zones[i], c.zone) << i;
         long zone = c.zone_in, north = 0;
-        double easting = kNaN, northing = kNaN;
+        double easting = NAN, northing = NAN;
         KL_Coticchia_Surace(nullptr, &c.lat, &c.lon, &zone, &north, &easting, &northing, nullptr);
         EXPECT_EQ(norths[i], north) << i;
         EXPECT_EQ(std::memcmp(&eastings[i], &easting, sizeof easting), 0) << i;
