@@ -2,6 +2,7 @@
 #include "earth/geoid.h"
 #include "models/model_record.h"
 #include "support/captured_stream.h"
+#include "support/conditions.h"
 #include "support/csv.h"
 #include "support/owned_model.h"
 #include "support/tolerances.h"
@@ -16,7 +17,6 @@
 namespace {
 
 #include "earth/geoid_conditions.inc"
-#include "earth/grid_arguments.inc"
 
 constexpr double kUntouched = -12345.0;
 
@@ -191,14 +191,23 @@ TEST(GeoidConditions, BadPointsOneByOneAndInAGrid)
 
 TEST(GeoidConditions, MissingArguments)
 {
+    constexpr double kZero = 0.0;
+    constexpr long kDegree = 4, kOne = 1, kBelow = -1;
     const kl_geoid_input at = point(0, 0);
-    expect_missing({kNone, kNone},
-                   [&](AllBut arg, long *ierr) { return kl_geoid_calc(arg(0, &at), arg(1, &grid_node), ierr); });
-    for (const auto &[degree, lat, n_lat, lon, n_lon, out, bit] : kGridArguments) {
-        long ierr = -7;
-        EXPECT_EQ(kl_geoid_grid(nullptr, degree, lat, n_lat, lon, n_lon, out, &ierr), KL_ERR);
-        EXPECT_EQ(ierr, error_or_none(bit));
-    }
+    double node;
+    LEAVES(kRefused, kl_geoid_calc(nullptr, &node, e))
+    LEAVES(kRefused, kl_geoid_calc(&at, nullptr, e))
+    const auto grid = [](const long *degree, const double *lat, const long *n_lat, const double *lon, const long *n_lon,
+                         double *out,
+                         long *e) { return kl_geoid_grid(nullptr, degree, lat, n_lat, lon, n_lon, out, e); };
+    LEAVES(error_bits(KL_GEOID_CALC_DEGREE_ERR), grid(nullptr, &kZero, &kOne, &kZero, &kOne, &node, e))
+    LEAVES(error_bits(KL_GEOID_CALC_LATITUDE_ERR), grid(&kDegree, &kZero, nullptr, &kZero, &kOne, &node, e))
+    LEAVES(error_bits(KL_GEOID_CALC_LATITUDE_ERR), grid(&kDegree, nullptr, &kOne, &kZero, &kOne, &node, e))
+    LEAVES(error_bits(KL_GEOID_CALC_LATITUDE_ERR), grid(&kDegree, &kZero, &kBelow, &kZero, &kOne, &node, e))
+    LEAVES(error_bits(KL_GEOID_CALC_LONGITUDE_ERR), grid(&kDegree, &kZero, &kOne, &kZero, nullptr, &node, e))
+    LEAVES(error_bits(KL_GEOID_CALC_LONGITUDE_ERR), grid(&kDegree, &kZero, &kOne, nullptr, &kOne, &node, e))
+    LEAVES(error_bits(KL_GEOID_CALC_LONGITUDE_ERR), grid(&kDegree, &kZero, &kOne, &kZero, &kBelow, &node, e))
+    LEAVES(kRefused, grid(&kDegree, &kZero, &kOne, &kZero, &kOne, nullptr, e))
 }
 
 TEST(GeoidConditions, ModelWithoutGeoid)

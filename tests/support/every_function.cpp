@@ -81,28 +81,26 @@ constexpr PublicCall kCalls[] = {
 
 } // namespace
 
-const double *BadArgument::reals() const
+template <typename T>
+static const T *of_kind(int kind, const T (&values)[BadArgument::kKinds])
 {
-    static const auto table = [] {
-        constexpr double kValues[kKinds] = {0.0, NAN, HUGE_VAL, -HUGE_VAL, 1e300, -1e300, 4e-320};
-        std::array<std::array<double, 16>, kKinds> all{};
+    static const auto table = [&] {
+        std::array<std::array<T, 16>, BadArgument::kKinds> all{};
         for (std::size_t i = 0; i < all.size(); ++i)
-            all[i].fill(kValues[i]);
+            all[i].fill(values[i]);
         return all;
     }();
     return table[static_cast<std::size_t>(kind)].data();
 }
 
+const double *BadArgument::reals() const
+{
+    return of_kind<double>(kind, {0.0, NAN, HUGE_VAL, -HUGE_VAL, 1e300, -1e300, 4e-320});
+}
+
 const long *BadArgument::integers() const
 {
-    static const auto table = [] {
-        constexpr long kValues[kKinds] = {-1, 0, 7, 99, LONG_MAX, LONG_MIN, -5};
-        std::array<std::array<long, 16>, kKinds> all{};
-        for (std::size_t i = 0; i < all.size(); ++i)
-            all[i].fill(kValues[i]);
-        return all;
-    }();
-    return table[static_cast<std::size_t>(kind)].data();
+    return of_kind<long>(kind, {-1, 0, 7, 99, LONG_MAX, LONG_MIN, -5});
 }
 
 bool World::open()
