@@ -1,6 +1,5 @@
 // Geodetic, polar and topocentric coordinates, geodesics and grids: the public functions.
 #include "arrays/array_call.h"
-#include "earth/coordinate_kernels.h"
 #include "earth/geodesic.h"
 #include "earth/geodetic.h"
 #include "earth/polar.h"
@@ -573,7 +572,6 @@ long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mo
     if (!ellipsoid_of_model(model_id, &e))
         return array.refuse(fail);
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
-    const bool given = pos != nullptr && out != nullptr && (vel != nullptr || !rates);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_CART_TO_GEOD, word);
@@ -581,28 +579,13 @@ long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mo
         },
         fail,
         [&](long first, long count, LeftOver &left) {
-            if (!given)
+            if (pos == nullptr || out == nullptr || (rates && vel == nullptr))
                 return false;
-            GeodeticBlock block;
-            for (long k = 0; k < count; ++k) {
-                const double *x = pos[first + k];
-                for (int j = 0; j < 3; ++j) {
-                    block.in[j][k] = x[j];
-                    block.in[3 + j][k] = rates ? vel[first + k][j] : 0.0;
-                }
-                // What is refused, and what warnings are due for, goes by the scalar call.
-                // Around the centre lie the centres of curvature, where the latitude has no rate.
-                if (!holds_vector(x, kFarthest) || x[2] == 0.0 || x[0] * x[0] + x[1] * x[1] < 1.0
-                    || holds_vector(x, 1e5) || (rates && !holds_vector(vel[first + k], KL_LARGEST_VELOCITY)))
-                    left.add(k);
-            }
-            for (auto &column : block.in)
-                pad(column, count);
-            geodetic_block_kernel()(e.a, e.f, rates, &block, padded(count));
-            for (long k = 0; k < count; ++k)
-                if (!left.has(k))
-                    out[first + k] = {block.out[0][k], block.out[1][k], block.out[2][k],
-                                      block.out[3][k], block.out[4][k], block.out[5][k]};
+            std::uint64_t places = 0;
+            const EllipsoidConstants ellipsoid = {e.a, e.f};
+            geodetic_of_states_kernel()(&ellipsoid, rates, pos + first, from(vel, first), six(out, first), count,
+                                        &places);
+            left.add_all(places);
             return true;
         });
 }
