@@ -2,6 +2,8 @@
 #include "kl_family.h"
 #include "kl_lib.h"
 #include "support/conditions.h"
+#include "support/oblate_earth.h"
+#include "support/places.h"
 #include "support/rows.h"
 
 #include <algorithm>
@@ -20,23 +22,7 @@ constexpr double kGm = 3.9860044e14; // of the default model
 constexpr double kJ2 = 0.001082626;
 constexpr double kRadius = 6378136.0;
 
-using State6 = std::array<double, 6>;
-
-double apart(double a, double b)
-{
-    return std::fabs(std::remainder(a - b, 360.0));
-}
-
-double length(const double *v)
-{
-    return std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
-}
-
-double distance(const double *a, const double *b)
-{
-    const double d[3] = {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
-    return length(d);
-}
+using State6 = OblateEarth::State;
 
 kl_kepler elements_of(const State6 &x, long kind, long status = KL_OK)
 {
@@ -318,42 +304,6 @@ TEST(MeanElements, PublishedFigures)
     }
 }
 
-namespace {
-
-// Motion about a body with J2, by a Runge-Kutta method of order 4 with small steps.
-State6 derivative(const State6 &x)
-{
-    const double r2 = x[0] * x[0] + x[1] * x[1] + x[2] * x[2];
-    const double r = std::sqrt(r2);
-    const double pull = kGm / (r2 * r);
-    const double f = 1.5 * kJ2 * kRadius * kRadius / r2;
-    const double z2 = 5.0 * x[2] * x[2] / r2;
-    return {x[3],
-            x[4],
-            x[5],
-            -pull * x[0] * (1.0 - f * (z2 - 1.0)),
-            -pull * x[1] * (1.0 - f * (z2 - 1.0)),
-            -pull * x[2] * (1.0 - f * (z2 - 3.0))};
-}
-
-State6 stepped(const State6 &x, double h)
-{
-    const auto ahead = [&](const State6 &k, double by) {
-        State6 y;
-        for (std::size_t i = 0; i < 6; ++i)
-            y[i] = x[i] + by * k[i];
-        return y;
-    };
-    const State6 k1 = derivative(x), k2 = derivative(ahead(k1, h / 2)), k3 = derivative(ahead(k2, h / 2)),
-                 k4 = derivative(ahead(k3, h));
-    State6 y;
-    for (std::size_t i = 0; i < 6; ++i)
-        y[i] = x[i] + h / 6.0 * (k1[i] + 2.0 * k2[i] + 2.0 * k3[i] + k4[i]);
-    return y;
-}
-
-} // namespace
-
 // Along an orbit about an oblate Earth osculating elements swing, mean ones hardly: what is left is of second order.
 TEST(MeanElements, SwingOnAnOblateEarth)
 {
@@ -370,6 +320,7 @@ TEST(MeanElements, SwingOnAnOblateEarth)
         {"equatorial", {7000000.0, 0.01, 0.0, 0.0, 60.0, 10.0}, 5.0, 0.0, 1e-3, 0.0, 40.0, 2e-5, 1e-9},
         {"retrograde", {7500000.0, 0.02, 179.9, 40.0, 60.0, 10.0}, 5.0, 0.0, 1e-3, 0.0, 40.0, 2e-5, 1e-5},
     };
+    const OblateEarth earth = {kGm, kJ2, kRadius};
     for (const Case &c : kCases) {
         State6 x = state_of(c.osculating, kOsculating);
         const double period = 2.0 * 3.14159265358979 * std::sqrt(std::pow(c.osculating.semi_major_axis, 3) / kGm);
@@ -387,7 +338,7 @@ TEST(MeanElements, SwingOnAnOblateEarth)
                         high[kind][i] = std::max(high[kind][i], values[i]);
                     }
                 }
-            x = stepped(x, c.step_s);
+            x = earth.step(x, c.step_s);
         }
         const double swing[3] = {c.swing_a, c.swing_e, c.swing_i};
         const double left[3] = {c.left_a, c.left_e, c.left_i};

@@ -1,47 +1,15 @@
 // Motions: drifting mean elements against a numerical integration, interpolation against the motion itself.
 #include "kl_lib.h"
 
+#include "support/oblate_earth.h"
+
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <limits>
 #include <vector>
 
 namespace {
-
-using State = std::array<double, 6>;
-
-// Attraction of a point and of J2. Source: O. Montenbruck and E. Gill, Satellite Orbits (2000), 3.2.
-State rates(const State &x, double gm, double j2, double radius)
-{
-    const double r2 = x[0] * x[0] + x[1] * x[1] + x[2] * x[2];
-    const double r = std::sqrt(r2);
-    const double k = 1.5 * j2 * radius * radius / r2;
-    const double z2 = 5.0 * x[2] * x[2] / r2;
-    const double f = -gm / (r2 * r);
-    return {
-        x[3], x[4], x[5], f * x[0] * (1 + k * (1 - z2)), f * x[1] * (1 + k * (1 - z2)), f * x[2] * (1 + k * (3 - z2))};
-}
-
-State moved(State x, double seconds, double step, double gm, double j2, double radius)
-{
-    const auto at = [](const State &a, const State &b, double h) {
-        State c;
-        for (std::size_t i = 0; i < 6; ++i)
-            c[i] = a[i] + h * b[i];
-        return c;
-    };
-    for (double t = 0.0; t < seconds; t += step) {
-        const State k1 = rates(x, gm, j2, radius);
-        const State k2 = rates(at(x, k1, step / 2), gm, j2, radius);
-        const State k3 = rates(at(x, k2, step / 2), gm, j2, radius);
-        const State k4 = rates(at(x, k3, step), gm, j2, radius);
-        for (std::size_t i = 0; i < 6; ++i)
-            x[i] += step / 6.0 * (k1[i] + 2 * k2[i] + 2 * k3[i] + k4[i]);
-    }
-    return x;
-}
 
 double turn(double degrees)
 {
@@ -59,10 +27,12 @@ TEST(MeanMotion, DriftsAsTheIntegratedFieldDoes)
     const long mean = KL_KEPLER_MEAN;
     for (const double inclination : {28.5, 63.4, 98.6, 144.0}) {
         const kl_kepler start = {7178137.0, 0.02, inclination, 250.0, 90.0, 10.0};
-        State x;
+        OblateEarth::State x;
         ASSERT_EQ(kl_kepl_to_cart(&models, &mean, &start, x.data(), x.data() + 3, ierr), KL_OK);
         const double day = 86400.0;
-        x = moved(x, day, 10.0, model.gm, model.j2, model.gravity_radius);
+        const OblateEarth earth = {model.gm, model.j2, model.gravity_radius};
+        for (double t = 0.0; t < day; t += 10.0)
+            x = earth.step(x, 10.0);
         kl_kepler there, expected;
         ASSERT_EQ(kl_cart_to_kepl(&models, &mean, x.data(), x.data() + 3, &there, ierr), KL_OK);
         ASSERT_EQ(kl_mean_motion(&models, &start, &day, &expected, ierr), KL_OK);

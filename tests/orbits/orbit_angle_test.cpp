@@ -2,6 +2,7 @@
 #include "kl_family.h"
 #include "kl_lib.h"
 #include "support/conditions.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +18,6 @@ constexpr double kDeg = 0.017453292519943295;
 constexpr double kGm = 3.9860044e14; // of the default model
 constexpr double kDay = 86400.0;
 constexpr double kAt = 6000.25; // MJD2000
-
-double apart(double a, double b)
-{
-    return std::fabs(std::remainder(a - b, 360.0));
-}
 
 class OrbitAngle : public testing::Test {
 protected:

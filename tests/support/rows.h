@@ -25,7 +25,7 @@ inline std::vector<Row> rows_of(const std::string &name)
         while (std::getline(fields, field, ','))
             rows.back().push_back(std::stod(field));
     }
-    EXPECT_GT(rows.size(), 20u) << name;
+    EXPECT_GT(rows.size(), 10u) << name;
     return rows;
 }
 
