@@ -17,7 +17,7 @@ struct Moment {
 // 1 where a condition holds, else 0: arithmetic in place of branches that nobody could predict.
 inline double one_where(bool m)
 {
-    return static_cast<double>(static_cast<int>(m));
+    return m ? 1.0 : 0.0;
 }
 template <int N>
 Pack<N> one_where(Mask<N> m)
@@ -37,6 +37,17 @@ Pack<N> whole_below(Pack<N> x)
     return floor(x);
 }
 
+// The same of what is not negative.
+inline double whole_of(double x)
+{
+    return static_cast<double>(static_cast<std::int64_t>(x));
+}
+template <int N>
+Pack<N> whole_of(Pack<N> x)
+{
+    return floor(x);
+}
+
 // The moment of a processing value, nearest microsecond. A value that is rounded up to midnight keeps its day with
 // 86400 seconds: what these are depends on leap seconds.
 template <class T>
@@ -44,8 +55,8 @@ Moment<T> moment_of(T t)
 {
     const T days = whole_below(t);
     const T fraction = t - days;
-    const T seconds = whole_below(86400.0 * fraction);
-    const T microseconds = whole_below((fraction - seconds / 86400.0) * 8.64e10 + 0.5);
+    const T seconds = whole_of(86400.0 * fraction);
+    const T microseconds = whole_of((fraction - seconds / 86400.0) * 8.64e10 + 0.5); // rounding is far below the half
     const auto full = microseconds == T(1e6);
     return {days, select(full, seconds + 1.0, seconds), select(full, T(0.0), microseconds)};
 }
@@ -68,7 +79,7 @@ template <class T>
 Shift<T> shift_of(T seconds)
 {
     const T whole = whole_below(seconds);
-    return {whole, whole_below(1e6 * (seconds - whole) + 0.5)};
+    return {whole, whole_of(1e6 * (seconds - whole) + 0.5)};
 }
 
 // Microseconds of -1000000 to 1999999 into 0 to 999999, by one second.

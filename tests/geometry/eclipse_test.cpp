@@ -1,6 +1,6 @@
 #include "kl_family.h"
 #include "support/conditions.h"
-#include "support/table_file.h"
+#include "support/csv.h"
 
 #include <gtest/gtest.h>
 

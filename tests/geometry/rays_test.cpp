@@ -1,5 +1,5 @@
 #include "kl_family.h"
-#include "support/table_file.h"
+#include "support/csv.h"
 
 #include <gtest/gtest.h>
 

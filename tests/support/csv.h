@@ -1,5 +1,5 @@
-// Numbers from outside the code: tests/data/*.csv. Lines that begin with # say how they were made; the first other line
-// names the columns with their units.
+// Numbers from outside the code: tests/data/*.csv. Lines that begin with # say how they were made and what the columns
+// are, with their units; where cells are texts, the first other line names the columns.
 #ifndef KL_TESTS_SUPPORT_CSV_H
 #define KL_TESTS_SUPPORT_CSV_H
 
@@ -13,10 +13,9 @@
 
 class Csv {
 public:
-    explicit Csv(const std::string &path, char separator = ',')
+    explicit Csv(const std::string &path, char separator = ',', bool header = true)
     {
         std::ifstream file(path);
-        bool header = true;
         for (std::string line; std::getline(file, line);) {
             if (line.empty() || line[0] == '#')
                 continue;
@@ -34,6 +33,7 @@ public:
     }
 
     std::size_t size() const { return rows_.size(); }
+    std::size_t columns(std::size_t row) const { return rows_.at(row).size(); }
     const std::string &text(std::size_t row, std::size_t column) const { return rows_.at(row).at(column); }
     double number(std::size_t row, std::size_t column) const
     {
@@ -47,5 +47,21 @@ public:
 private:
     std::vector<std::vector<std::string>> rows_;
 };
+
+// All rows of a file of numbers alone; a row of another width than `columns` fails the test.
+inline std::vector<std::vector<double>> read_table(const std::string &name, std::size_t columns)
+{
+    const Csv file("tests/data/" + name, ',', false);
+    std::vector<std::vector<double>> rows;
+    for (std::size_t i = 0; i < file.size(); ++i) {
+        EXPECT_EQ(file.columns(i), columns) << name << ", row " << i;
+        std::vector<double> row;
+        for (std::size_t k = 0; k < columns && file.columns(i) == columns; ++k)
+            row.push_back(file.number(i, k));
+        if (!row.empty())
+            rows.push_back(row);
+    }
+    return rows;
+}
 
 #endif

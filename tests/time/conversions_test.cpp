@@ -114,9 +114,17 @@ TEST(VerboseMode, PrintsEveryConditionOnTheWayToTheCaller)
 TEST(Conversions, EveryDayBetweenAllScalesAndBackFromEveryForm)
 {
     constexpr long kBehindTai[] = {0, 37000000, 36400000, 19000000}; // us
-    constexpr Form kForms[] = {
-#include "time/round_trip_forms.inc"
-    };
+    // Every scale in days, every format in one; those of seconds alone in scales whole seconds from UTC.
+    std::vector<Form> forms;
+    for (const long ref : kScales)
+        forms.push_back({kOfProcessing, KL_PROC, ref});
+    for (const FormatCase &c : kFormats)
+        forms.push_back(
+            {kOfAscii, c.format, c.format % 10 <= 2 ? kWholeScales[forms.size() % 3] : kScales[forms.size() % 4]});
+    for (const long format : {KL_TRANS_11, KL_TRANS_21, KL_TRANS_22, KL_TRANS_23})
+        forms.push_back({kOfTransport, format, kScales[forms.size() % 4]});
+    for (const long format : {KL_TRANS_31, KL_TRANS_41, KL_TRANS_42})
+        forms.push_back({kOfTransport, format, kGps});
     NamedIds ids;
     const auto change = [&](const Form &from, const Value &given, const Form &to) {
         return convert(ids[kConstant], from, given, to).value;
@@ -134,7 +142,7 @@ TEST(Conversions, EveryDayBetweenAllScalesAndBackFromEveryForm)
 
         const Form text = plain(kOfAscii, kUtc);
         const Value value = by_hand(kUtc), second = instant(day, tai - tai % kSecond - kBehindTai[kUtc]);
-        for (const Form &form : kForms) {
+        for (const Form &form : forms) {
             const bool coarse = form.kind == kOfAscii ? form.format % 10 <= 2 : form.format == 31;
             const Value &given = coarse ? second : value;
             EXPECT_STREQ(change(form, change(text, given, form), text).text, given.text) << form.format;
@@ -143,15 +151,6 @@ TEST(Conversions, EveryDayBetweenAllScalesAndBackFromEveryForm)
 }
 
 // ---- texts ----
-
-// Format; an instant in it; beginning and end of the mission, and the last second of 9999.
-struct FormatCase {
-    long format;
-    const char *text, *beginning, *end, *end_of_9999;
-};
-constexpr FormatCase kFormats[] = {
-#include "time/format_texts.inc"
-};
 
 // In UTC without an id: as a text of the format, and a text of it in days.
 std::string written(const Form &from, const Value &value, long format)

@@ -9,20 +9,40 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <fstream>
 #include <string>
+#include <vector>
 
 constexpr long kTai = KL_TIME_TAI;
 constexpr long kUtc = KL_TIME_UTC;
 constexpr long kUt1 = KL_TIME_UT1;
 constexpr long kGps = KL_TIME_GPS;
-constexpr long kScales[] = {kTai, kUtc, kUt1, kGps};
+constexpr long kScales[] = {kTai, kUtc, kUt1, kGps}, kWholeScales[] = {kTai, kUtc, kGps};
 constexpr long kLeapDay = 6209; // 2016-12-31, MJD2000
 
 struct TaiUtcStep {
     double mjd, tai_utc;
 };
-constexpr TaiUtcStep kTaiUtcSteps[] = {
-#include "time/tai_utc.inc"
+// The first day of each value of TAI-UTC since 1972, as the IERS publishes them: MJD, day, month, year, seconds.
+inline const std::vector<TaiUtcStep> kTaiUtcSteps = [] {
+    std::vector<TaiUtcStep> steps;
+    std::ifstream file("tests/data/Leap_Second.dat");
+    for (std::string line; std::getline(file, line);) {
+        TaiUtcStep step{};
+        if (line[0] != '#' && std::sscanf(line.c_str(), "%lf %*d %*d %*d %lf", &step.mjd, &step.tai_utc) == 2)
+            steps.push_back(step);
+    }
+    EXPECT_EQ(steps.size(), 28U);
+    return steps;
+}();
+
+// Format; an instant in it; beginning and end of the mission, and the last second of 9999.
+struct FormatCase {
+    long format;
+    const char *text, *beginning, *end, *end_of_9999;
+};
+constexpr FormatCase kFormats[] = {
+#include "time/format_texts.inc"
 };
 
 enum IdName { kNoId, kEmpty, kPositiveLeap, kNegativeLeap, kEven, kTenDays, kOpenEnd, kConstant };
@@ -106,8 +126,8 @@ struct Form {
 // One form of each kind.
 inline Form plain(Kind kind, long ref)
 {
-    constexpr long kFormats[] = {KL_PROC, KL_ASCII_13, KL_TRANS_0};
-    return {kind, kFormats[kind], ref};
+    constexpr long kPlainFormats[] = {KL_PROC, KL_ASCII_13, KL_TRANS_0};
+    return {kind, kPlainFormats[kind], ref};
 }
 
 // The vector has the first word only, but from text to text.

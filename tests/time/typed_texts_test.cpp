@@ -9,14 +9,6 @@
 
 namespace {
 
-struct FormatCase {
-    long format;
-    const char *text, *beginning, *end, *end_of_9999;
-};
-constexpr FormatCase kFormats[] = {
-#include "time/format_texts.inc"
-};
-
 struct Read {
     long status = 7, ierr = 7;
     double time = 7.0;

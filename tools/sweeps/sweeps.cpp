@@ -31,7 +31,7 @@ struct LeapSecond {
 };
 
 constexpr LeapSecond kLeapSeconds[] = {
-#include "../../tests/time/tai_utc.inc"
+#include "tai_utc.inc"
     {62502.0, 36.0, -1}, // there has been none yet
 };
 constexpr std::size_t kFirst = 1; // the values of 1972 follow none

@@ -67,9 +67,11 @@ struct End {
     End(const long *format_id, const long *time_ref) : format(value_of(format_id)), ref(value_of(time_ref)) {}
 };
 
+// convert, inside its caller.
 template <typename In, typename Out>
-long convert(Activation &call, const kl_time_id *time_id, const End &from, typename In::Given given, const End &to,
-             typename Out::Written written, int text_range = kNoTextRange)
+[[gnu::always_inline]] inline long convert_here(Activation &call, const kl_time_id *time_id, const End &from,
+                                                typename In::Given given, const End &to, typename Out::Written written,
+                                                int text_range = kNoTextRange)
 {
     TimeIdRecord *id = time_record_of(time_id);
     const Correlation *correlation = id != nullptr ? &id->correlation : nullptr;
@@ -96,6 +98,13 @@ long convert(Activation &call, const kl_time_id *time_id, const End &from, typen
     if (fault)
         return refuse(call, KL_FN_TIME_T2A_FORMAT_FROM_STD, fault, text_range + fault.code);
     return call.status();
+}
+
+template <typename In, typename Out>
+long convert(Activation &call, const kl_time_id *time_id, const End &from, typename In::Given given, const End &to,
+             typename Out::Written written, int text_range = kNoTextRange)
+{
+    return convert_here<In, Out>(call, time_id, from, given, to, written, text_range);
 }
 
 #endif

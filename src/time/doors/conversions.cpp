@@ -6,8 +6,8 @@ long kl_time_processing_to_processing(kl_time_id *time_id, const long *proc_id_i
                                       double *time_out, long *ierr)
 {
     Activation call(KL_FN_TIME_PROCESSING_TO_PROCESSING, ierr);
-    return convert<ProcessingSide, ProcessingSide>(call, time_id, {proc_id_in, time_ref_in}, time_in,
-                                                   {proc_id_out, time_ref_out}, time_out);
+    return convert_here<ProcessingSide, ProcessingSide>(call, time_id, {proc_id_in, time_ref_in}, time_in,
+                                                        {proc_id_out, time_ref_out}, time_out); // the most used
 }
 
 long kl_time_processing_to_ascii(kl_time_id *time_id, const long *proc_id_in, const long *time_ref_in,
