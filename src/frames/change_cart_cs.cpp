@@ -53,10 +53,9 @@ long change_one(kl_model_id *model_id, kl_time_id *time_id, const long *calc_mod
     copy_three(*calc_mode >= KL_CALC_POS_VEL ? state.vel : kZero, vel_out);
     copy_three(*calc_mode == KL_CALC_POS_VEL_ACC ? state.acc : kZero, acc_out);
 
-    double tai = 0.0;
-    if (!on_scale(time_id, ref, KL_TIME_TAI, *time, &tai))
+    long warned = 0;
+    if (!frame_change_warning(time_id, ref, *time, &warned))
         return call.fails(KL_CHANGE_CART_CS_TAI_ERR);
-    const long warned = frame_change_warning(time_id, tai);
     if (warned != 0)
         call.warns(static_cast<int>(KL_CHANGE_CART_CS_FORMULA_WARN + warned - 1));
     return call.status();

@@ -134,18 +134,17 @@ NutationOf<T> nutation_at(T days)
 template <class T>
 Turns<T> nutation_turns(const NutationOf<T> &n)
 {
-    return turns_by<T>({{0, n.obliquity, 0.0, 0.0},
-                        {2, -n.dpsi[0], -n.dpsi[1], -n.dpsi[2]},
-                        {0, -(n.obliquity + n.deps[0]), -n.deps[1], -n.deps[2]}});
+    const Turns<T> by =
+        turns_by<T>({{2, -n.dpsi[0], -n.dpsi[1], -n.dpsi[2]}, {0, -(n.obliquity + n.deps[0]), -n.deps[1], -n.deps[2]}});
+    return {3, {{0, KL_MEAN_OBLIQUITY_COSINE, KL_MEAN_OBLIQUITY_SINE, 0.0, 0.0}, by.turns[0], by.turns[1]}};
 }
 
 // Without the complementary terms, by the cosine of the mean obliquity.
 template <class T>
 void equation_of_equinoxes(const NutationOf<T> &n, T q[3])
 {
-    const T c = sine_cosine(n.obliquity).c;
     for (int i = 0; i < 3; ++i)
-        q[i] = n.dpsi[i] * c;
+        q[i] = n.dpsi[i] * KL_MEAN_OBLIQUITY_COSINE;
 }
 
 } // namespace KL_SET

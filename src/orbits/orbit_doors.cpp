@@ -188,8 +188,8 @@ TodStatus to_true_of_date(kl_model_id *model_id, kl_time_id *time_id, long cs, l
 // 0, or 1 to 3: the once-only warnings of the time id.
 long time_warning(kl_time_id *time_id, long time_ref, double time)
 {
-    double tai = 0.0;
-    return on_scale(time_id, time_ref, KL_TIME_TAI, time, &tai) ? frame_change_warning(time_id, tai) : 0;
+    long warned = 0;
+    return frame_change_warning(time_id, time_ref, time, &warned) ? warned : 0;
 }
 
 bool is_null(const double v[3])

@@ -41,14 +41,37 @@ inline bool on_scale(const kl_time_id *time_id, long from, long to, double days,
     return false;
 }
 
-// The once-only warning of a frame change at a TAI instant, 1 to 3, or 0.
-inline long frame_change_warning(const kl_time_id *time_id, double tai_days)
+// Neither a change of scale nor a frame change has anything to say, or to note, at the instant.
+inline bool all_is_quiet(const TimeIdRecord &id, double days)
 {
-    TimeIdRecord *id = time_record_of(time_id);
+    return id.correlation.model == KL_TIME_MODEL_EXPLICIT
+           || (is_quiet(id.correlation.quiet, days) && all_inside(id.once_only[KL_FLAGS_CONVERSION])
+               && all_inside(id.once_only[KL_FLAGS_FRAME_CHANGE]));
+}
+
+inline long warning_at_tai(TimeIdRecord *id, double tai_days)
+{
     if (id == nullptr)
         return 0;
     const Moment<double> tai = midnight_carried(&id->correlation, KL_TIME_TAI, moment_of(tai_days));
     return once_only_warning(id->correlation, &id->once_only[KL_FLAGS_FRAME_CHANGE], days_of(tai));
+}
+
+// The once-only warning of a frame change at an instant that was converted before: 1 to 3, or 0. False where the time
+// id does not tell its TAI.
+inline bool frame_change_warning(const kl_time_id *time_id, long ref, double days, long *warning)
+{
+    TimeIdRecord *id = time_record_of(time_id);
+    *warning = 0;
+    if (id != nullptr && all_is_quiet(*id, days)) {
+        last_call.over |= ref != KL_TIME_TAI; // as a conversion leaves it: what is recorded next is another call's
+        return true;
+    }
+    double tai = 0.0;
+    if (!on_scale(time_id, ref, KL_TIME_TAI, days, &tai))
+        return false;
+    *warning = warning_at_tai(id, tai);
+    return true;
 }
 
 struct CallInstant {
@@ -73,7 +96,7 @@ inline bool instant_of_call(const kl_time_id *time_id, long ref, double days, bo
 // The once-only warning of a frame change at the instant, 1 to 3, or 0.
 inline long warning_of_call(const kl_time_id *time_id, const CallInstant &instant)
 {
-    return frame_change_warning(time_id, instant.tai);
+    return warning_at_tai(time_record_of(time_id), instant.tai);
 }
 
 #endif
