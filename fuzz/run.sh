@@ -15,7 +15,7 @@ cd build/fuzz/corpus
 : >figures
 # A format's target starts from a published file, not from a corpus.
 formats='finals c04 old_c04 bulletin_a bulletin_b old_bulletin_b leap_seconds leap_second_dat own_table sp3 oem oem_xml'
-for target in time time_files star_files texts clocks sky geometry rotations registry $formats; do
+for target in time time_files star_files texts clocks sky geometry rotations arrays registry $formats; do
     mkdir -p "$target"
     status=0
     length=512

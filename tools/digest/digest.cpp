@@ -1,6 +1,7 @@
 // Prints a digest of all outputs of a fixed set of calls, a line a group: statuses, vectors of errors, numbers and
 // texts. Equal lines mean equal bits, whatever the compiler, the optimiser and the width of the instructions; the
 // payload of a NaN alone is left out. tools/digest/run.sh compares the builds.
+#include "support/every_array.h"
 #include "support/every_function.h"
 
 #include <cinttypes>
@@ -33,6 +34,21 @@ public:
         add(ierr);
         (add(outputs), ...);
         ierr[0] = ierr[1] = 0;
+    }
+
+    // Elements of an array: words, or octets of texts.
+    void columns(const Column &c, const unsigned char *from, long octets)
+    {
+        if (c.words[0] == 't' || c.words[0] == 'o') {
+            for (long i = 0; i < octets; ++i)
+                add(from[i]);
+            return;
+        }
+        for (long i = 0; i < octets; i += 8) {
+            double value;
+            std::memcpy(&value, from + i, sizeof value);
+            add(value);
+        }
     }
 
     long ierr[2] = {0, 0};
@@ -308,6 +324,32 @@ void every_function()
     }
 }
 
+// Every array form, with good elements and with refused ones among them, of the sizes around those of blocks.
+void every_array()
+{
+    Digest d("every array");
+    for (const ArrayForm &f : every_array_form()) {
+        ArrayWorld w;
+        if (!w.open(Correlation::rows))
+            std::puts("no world");
+        Random random(3);
+        for (const long n : {1L, 7L, 64L, 100L, 257L})
+            for (const bool spoilt : {false, true}) {
+                choose_valid(f, random, &w);
+                std::vector<Bytes> columns = make_inputs(f, w, n, spoilt, Instants::in_runs, random);
+                for (std::size_t k = 0; k < f.columns.size(); ++k) {
+                    w.width[k] = width_of(w, f.columns[k]);
+                    w.at[k] = columns[k].data();
+                }
+                long status[257] = {};
+                d.call(f.all(w, &n, status, d.ierr), status);
+                for (std::size_t k = 0; k < f.columns.size(); ++k)
+                    d.columns(f.columns[k], w.at[k], n * w.width[k]);
+            }
+        w.close();
+    }
+}
+
 } // namespace
 
 int main()
@@ -322,5 +364,6 @@ int main()
     geoid();
     rotations();
     every_function();
+    every_array();
     return 0;
 }
