@@ -70,21 +70,23 @@ def numbers(value, dtype, length, name):
     return array
 
 
+_texts = symbol("kitlib_texts")
+_texts.argtypes = [ctypes.c_void_p, ctypes.c_long, ctypes.c_long, ctypes.c_long, ctypes.c_void_p, ctypes.c_long]
+
+
 def texts(value, name):
-    """value as an array of texts of 40 octets, padded with zeros."""
+    """value as an array of texts of 40 octets, padded with zeros; too long ones as question marks."""
     array = np.asarray(value)
     if array.dtype.kind not in "SU" and not (array.dtype.kind == "O" and all(isinstance(x, str) for x in array.flat)):
         raise TypeError(f"{name}: texts are wanted, not {array.dtype}")
-    if array.dtype.kind == "O":
+    if array.dtype.kind == "O" or not array.dtype.isnative:
         array = array.astype("U")
-    try:
-        wide = array.astype(f"S{max(_READ_WIDTH, array.dtype.itemsize)}") if array.dtype.kind == "S" else np.char.encode(array, "ascii")
-    except UnicodeEncodeError:
-        raise ValueError(f"{name}: texts of times are ASCII") from None
-    if wide.dtype.itemsize >= _READ_WIDTH and np.char.str_len(wide).max(initial=0) >= _READ_WIDTH:
-        # No layout is so long: its first characters are, with one more, as wrong as the whole.
-        wide = np.char.add(wide.astype(f"S{_READ_WIDTH - 2}"), b"?")
-    return wide.astype(f"S{_READ_WIDTH}")
+    rows = np.ascontiguousarray(array)
+    size = 4 if array.dtype.kind == "U" else 1
+    wide = np.empty(array.shape, f"S{_READ_WIDTH}")
+    if _texts(rows.ctypes.data, array.size, array.dtype.itemsize // size, size, wide.ctypes.data, _READ_WIDTH):
+        raise ValueError(f"{name}: texts of times are ASCII")
+    return wide
 
 
 def octets(value, name):

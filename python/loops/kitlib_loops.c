@@ -87,6 +87,47 @@ long kitlib_kl_time_get_leap_second_info_n(kl_time_id *time_id, const long *n, c
     return result;
 }
 
+/*
+ * Texts of numpy, `from` characters of `size` octets (1 or 4) padded with zeros, to octets of a fixed width that ends with a
+ * zero. One that is too long or has a zero inside becomes question marks, which no layout has. Returns 0, or the number of the
+ * first text, from 1, that is not ASCII.
+ */
+KL_API long kitlib_texts(const void *in, long n, long from, long size, unsigned char *out, long width);
+long kitlib_texts(const void *in, long n, long from, long size, unsigned char *out, long width)
+{
+    const long room = from < width - 1 ? from : width - 1;
+    long i, k;
+    for (i = 0; i < n; ++i) {
+        unsigned char *const text = out + i * width;
+        unsigned bits = 0, beyond = 0;
+        memset(text, 0, (size_t)width);
+        if (size == 4) {
+            const uint32_t *const row = (const uint32_t *)in + i * from;
+            for (k = 0; k < room; ++k) {
+                bits |= row[k];
+                text[k] = (unsigned char)row[k];
+            }
+            for (; k < from; ++k)
+                beyond |= row[k];
+        } else {
+            const unsigned char *const row = (const unsigned char *)in + i * from;
+            for (k = 0; k < room; ++k) {
+                bits |= row[k];
+                text[k] = row[k];
+            }
+            for (; k < from; ++k)
+                beyond |= row[k];
+        }
+        if ((bits | beyond) > 127)
+            return i + 1;
+        for (k = (long)strlen((const char *)text); k < room; ++k)
+            beyond |= text[k];
+        if (beyond != 0)
+            memset(text, '?', (size_t)width - 1);
+    }
+    return 0;
+}
+
 /* Geoid at scattered points: the record of the scalar call taken apart. */
 KL_API long kitlib_kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitude, const double *longitude,
                                    const long *max_degree, double *undulation, long *status, long *ierr);

@@ -20,6 +20,7 @@ def test_every_layout():
     assert kl.mjd2000(np.array(TEXTS, "S")).tolist() == [NOON] * len(TEXTS)
     assert kl.mjd2000([]).shape == (0,) if np.asarray([]).dtype.kind == "U" else True
     assert kl.mjd2000("GPS=2026-06-21_12:00:00", ref="GPS") == NOON
+    assert kl.mjd2000(["2026-06-21T12:00:00Z", "UTC=20260621T120000"], ref="GPS").tolist() == [NOON + 18 / 86400] * 2
 
 
 def test_every_day_of_ordinals():
@@ -30,7 +31,7 @@ def test_every_day_of_ordinals():
 
 
 REFUSED = ["2026-06-21", "2026-06-21T25:00:00", "2026-13-21T00:00:00", "2025-366T00:00:00", "2026-000T00:00:00", "2026-02-29T00:00:00",
-           "21-Jun-2026 12:00:00", "21-JUX-2026 12:00:00", "", "GPS=2026-06-21_12:00:00", "2026-06-21T12:00:60", "1949-12-31T00:00:00",
+           "21-JUX-2026 12:00:00", "", "GPS=2026-06-21_12:00:00Z", "2026-06-21T12:00:00\0Z", "2026-06-21T12:00:00" + 40 * "0", "2026-06-21T12:00:60", "1949-12-31T00:00:00",
            "2026-06-21T12:00:00+01:00", "２０２６-06-21T12:00:00"]
 
 
@@ -43,7 +44,7 @@ def test_refused_texts(text):
 
 
 def test_decimals():
-    assert abs(kl.mjd2000("2026-06-21T12:00:00.1234567890Z") - NOON - 0.123456789 / 86400) < 2e-12
+    assert abs(kl.mjd2000("2026-06-21T12:00:00.123456789Z") - NOON - 0.123457 / 86400) < 2e-12  # microseconds
     assert kl.mjd2000("2026-06-21T12:00:00.5") - NOON == pytest.approx(0.5 / 86400, abs=2e-12)
 
 
@@ -64,7 +65,7 @@ def test_datetime():
     summer = datetime.datetime(2026, 6, 21, 14, tzinfo=datetime.timezone(datetime.timedelta(hours=2)))
     assert kl.mjd2000(utc) == kl.mjd2000(summer) == kl.mjd2000(datetime.datetime(2026, 6, 21, 12)) == NOON
     assert kl.mjd2000([utc, summer]).tolist() == [NOON, NOON]
-    for wrong in (lambda: kl.mjd2000(utc, ref="GPS"), lambda: kl.mjd2000("2026-06-21T12:00:00Z", ref="TAI"), lambda: kl.mjd2000("x", ref="ET"),
+    for wrong in (lambda: kl.mjd2000(utc, ref="GPS"), lambda: kl.mjd2000("x", ref="ET"),
                   lambda: kl.mjd2000("2026-06-21T12:00:00", ref="UNDEF")):
         with pytest.raises(ValueError):
             wrong()
