@@ -238,7 +238,7 @@ const bool kPairs[] = {
     pair(
         "kl_time_time_to_obt", "OnBoardTime::count",
         [] {
-            kl_obt_vardo count;
+            kl_obt_vardo count{51, 0, 0};
             long ierr[1];
             kl_time_time_to_obt(&v().clock.parameters().sat_id, &v().tai, &v().clock.parameters(), &v().days, &count,
                                 ierr);

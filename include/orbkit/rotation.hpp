@@ -72,11 +72,10 @@ public:
 
     Quaternion quaternion() const
     {
-        const Axes a = axes();
-        Quaternion q{};
+        const double *const m = matrix_.data();
+        Quaternion q;
         long ierr[1] = {0};
-        throw_unless_ok("Rotation::quaternion",
-                        kl_vectors_to_quaternions(a.x.data(), a.y.data(), a.z.data(), q.data(), ierr),
+        throw_unless_ok("Rotation::quaternion", kl_vectors_to_quaternions(m, m + 3, m + 6, q.data(), ierr),
                         KL_ID_FUNC_VECTORS_TO_QUATERNIONS, ierr);
         return q;
     }

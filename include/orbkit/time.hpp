@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <ostream>
 #include <string>
 
@@ -60,21 +61,28 @@ public:
     explicit Time(const std::string &text, Scale scale = Scale::UTC, Borrowed<TimeCorrelation> correlation = {})
         : correlation_(correlation), scale_(scale)
     {
-        const std::size_t sign = text.find('=');
-        if (sign != std::string::npos && sign >= 3)
-            scale_ = scale_named(text.c_str() + sign - 3);
-        else if (text.find('Z') != std::string::npos)
+        const char *const typed = text.c_str();
+        const std::size_t length = std::strlen(typed);
+        std::size_t first = 0, end = length;
+        while (first < end && typed[first] <= ' ')
+            ++first;
+        while (first < end && typed[end - 1] <= ' ')
+            --end;
+        if (end > first + 3 && typed[first + 3] == '=')
+            scale_ = scale_named(typed + first);
+        else if (end > first && typed[end - 1] == 'Z')
             scale_ = Scale::UTC;
         const long ref = number(scale_);
         const long processing = KL_PROC;
         const long tai = KL_TIME_TAI;
         double days = 0.0;
         long ierr[1] = {0};
-        const char *const whole = text.find('\0') == std::string::npos ? text.c_str() : "?";
+        const char *const whole = length == text.size() ? typed : "?"; // no zeros inside
         throw_unless_ok("Time", kl_time_text_to_processing(id(), whole, &ref, &processing, &tai, &days, ierr),
                         KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, ierr);
-        const double day = std::floor(days);
-        tai_ = static_cast<std::int64_t>(day) * kDay + std::llround((days - day) * static_cast<double>(kDay));
+        const std::int64_t day = static_cast<std::int64_t>(days) - (days < 0.0 ? 1 : 0);
+        const double rest = (days - static_cast<double>(day)) * static_cast<double>(kDay);
+        tai_ = day * kDay + static_cast<std::int64_t>(rest + 0.5);
     }
 
     /** From the clock of the system, which counts UTC without leap seconds. */
