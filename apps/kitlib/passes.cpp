@@ -2,15 +2,13 @@
 
 #include "table.h"
 
-#include <cmath>
 #include <cstdio>
 
 namespace kitlib {
 
 namespace {
 
-constexpr double kDay = 86400.0; // s
-constexpr double kDegree = 0.017453292519943295;
+constexpr double kDay = 86400.0;                // s
 constexpr double kLongestSearch = 366.0 * 24.0; // h
 const long kTai = KL_TIME_TAI;
 
@@ -18,32 +16,20 @@ const std::vector<Quantity> kPassInputs = {
     {"latitude", "deg"},    {"longitude", "deg"}, {"height", "m"},    {"a", "m"},        {"e", ""},
     {"inclination", "deg"}, {"raan", "deg"},      {"perigee", "deg"}, {"anomaly", "deg"}};
 
-// A satellite on mean elements whose node, perigee and anomaly turn by the secular rates of J2, seen from a station.
+// A satellite on mean elements, by kl_mean_motion, seen from a station.
 struct Sight {
     const Context &context;
     kl_geodetic station;
     kl_kepler mean; // at the epoch
     double epoch;   // TAI, days, as all times here
     double elevation_deg;
-    double node_rate, perigee_rate, anomaly_rate; // deg/s
-    bool of_rate = false;                         // searched: the elevation's rate, not the elevation
+    bool of_rate = false; // searched: the elevation's rate, not the elevation
     Refusal why = {};
 
     Sight(const Context &c, const double in[9], double epoch_tai, double elevation)
         : context(c), station{in[0], in[1], in[2], 0.0, 0.0, 0.0}, mean{in[3], in[4], in[5], in[6], in[7], in[8]},
           epoch(epoch_tai), elevation_deg(elevation)
     {
-        kl_model_data earth;
-        kl_model_get_data(&context.models, &earth);
-        const double a = mean.semi_major_axis, e2 = 1.0 - mean.eccentricity * mean.eccentricity;
-        const double n = std::sqrt(earth.gm / a) / a;
-        const double ratio = earth.gravity_radius / (a * e2);
-        const double cosine = std::cos(mean.inclination * kDegree);
-        // Source: D. Brouwer, Astron. J. 64, 378 (1959), secular terms of first order.
-        const double factor = 0.75 * n * earth.j2 * ratio * ratio;
-        node_rate = -2.0 * factor * cosine / kDegree;
-        perigee_rate = factor * (5.0 * cosine * cosine - 1.0) / kDegree;
-        anomaly_rate = (n + factor * std::sqrt(e2) * (3.0 * cosine * cosine - 1.0)) / kDegree;
     }
 
     bool look(double tai, kl_topocentric &seen)
@@ -51,11 +37,12 @@ struct Sight {
         const long elements = KL_KEPLER_MEAN, mode = KL_CALC_POS_VEL, tod = KL_TOD, fixed = KL_EF;
         const double seconds = (tai - epoch) * kDay;
         double pos[3], vel[3], acc[3] = {0.0, 0.0, 0.0};
-        kl_kepler now = mean;
-        now.raan = std::fmod(mean.raan + node_rate * seconds, 360.0);
-        now.arg_perigee = std::fmod(mean.arg_perigee + perigee_rate * seconds, 360.0);
-        now.mean_anomaly = std::fmod(mean.mean_anomaly + anomaly_rate * seconds, 360.0);
+        kl_kepler now;
         why = {-1, KL_ID_FUNC_KEPL_TO_CART, nullptr, {0, 0}};
+        if (kl_mean_motion(&context.models, &mean, &seconds, &now, nullptr) == KL_ERR) {
+            kl_kepl_to_cart(&context.models, &elements, &mean, pos, vel, why.ierr); // for the reason
+            return false;
+        }
         if (kl_kepl_to_cart(&context.models, &elements, &now, pos, vel, why.ierr) == KL_ERR)
             return false;
         why = {-1, KL_ID_FUNC_CHANGE_CART_CS, nullptr, {0, 0}};
