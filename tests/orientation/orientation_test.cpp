@@ -317,47 +317,45 @@ TEST(EarthOrientation, SameInstantOnEveryScale)
 
 TEST(EarthOrientation, RefusesAndLeavesTheOutputs)
 {
-    SmoothId id(9000.0, 10);
-    kl_time_id none = {};
-    struct Case {
-        const char *name;
-        kl_time_id *id;
+    SmoothId good(9000.0, 10);
+    struct Arguments {
         long corrections, mode, from, to, ref;
         double time;
     };
-    const double nan = std::nan("");
-    const Case cases[] = {
-        {"no id", &none, 0, 1, 1, 5, 0, 9004.0},
-        {"NULL id", nullptr, 0, 1, 1, 5, 0, 9004.0},
-        {"corrections", &id.id, 4, 1, 1, 4, 0, 9004.0},
-        {"corrections below", &id.id, -1, 1, 1, 4, 0, 9004.0},
-        {"mode", &id.id, 0, 4, 1, 4, 0, 9004.0},
-        {"mode below", &id.id, 0, 0, 1, 4, 0, 9004.0},
-        {"frame in", &id.id, 0, 1, 0, 4, 0, 9004.0},
-        {"frame out", &id.id, 0, 1, 1, 6, 0, 9004.0},
-        {"scale", &id.id, 0, 1, 1, 4, 4, 9004.0},
-        {"undefined scale", &id.id, 0, 1, 1, 4, -1, 9004.0},
-        {"before", &id.id, 0, 1, 1, 4, 0, -18262.1},
-        {"after", &id.id, 0, 1, 1, 4, 0, 36524.1},
-        {"NaN", &id.id, 0, 1, 1, 4, 0, nan},
-    };
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.name);
-        double r[3][9];
-        for (auto &m : r)
-            for (double &x : m)
-                x = 5.0;
-        long ierr = -1;
-        EXPECT_EQ(
-            kl_iers_matrix(c.id, &c.corrections, &c.from, &c.to, &c.ref, &c.time, &c.mode, r[0], r[1], r[2], &ierr),
-            KL_ERR);
-        EXPECT_EQ(ierr, 0);
-        EXPECT_EQ(r[0][0], 5.0);
+    const auto refused = [](kl_time_id *id, const Arguments &a) {
+        double r[3][9] = {{5.0}, {5.0}, {5.0}};
         double state[3] = {1.0, 2.0, 3.0};
-        EXPECT_EQ(kl_iers_change(c.id, &c.corrections, &c.mode, &c.from, &c.to, &c.ref, &c.time, state, state, state,
+        long ierr = -1;
+        EXPECT_EQ(kl_iers_matrix(id, &a.corrections, &a.from, &a.to, &a.ref, &a.time, &a.mode, r[0], r[1], r[2], &ierr),
+                  KL_ERR);
+        EXPECT_EQ(ierr, 0);
+        EXPECT_EQ(kl_iers_change(id, &a.corrections, &a.mode, &a.from, &a.to, &a.ref, &a.time, state, state, state,
                                  state, state, state, nullptr),
                   KL_ERR);
-        EXPECT_EQ(state[0], 1.0);
+        EXPECT_TRUE(r[0][0] == 5.0 && state[0] == 1.0);
+    };
+    const Arguments usual = {0, KL_CALC_POS, KL_GCRS, KL_EME2000, KL_TIME_TAI, 9004.0};
+    kl_time_id none = {};
+    refused(&none, usual); // also where the frames need nothing of it
+    refused(nullptr, usual);
+    const struct {
+        long Arguments::*of;
+        long bad[2];
+    } numbers[] = {{&Arguments::corrections, {-1, 4}},
+                   {&Arguments::mode, {0, 4}},
+                   {&Arguments::from, {0, 6}},
+                   {&Arguments::to, {0, 6}},
+                   {&Arguments::ref, {-1, 4}}};
+    for (const auto &n : numbers)
+        for (const long bad : n.bad) {
+            Arguments a = usual;
+            a.*n.of = bad;
+            refused(&good.id, a);
+        }
+    for (const double bad : {-18262.1, 36524.1, std::nan("")}) {
+        Arguments a = usual;
+        a.time = bad;
+        refused(&good.id, a);
     }
 }
 

@@ -59,25 +59,15 @@ TEST(StarPlace, AtThePolesIsThePole)
     }
 }
 
-TEST(StarPlace, CorrectionsHaveTheirKnownSizes)
+// 4 G M/(c^2 R): the one size that the table of places, which keeps off the limb, does not show.
+TEST(StarPlace, LightIsBentByTheSunsLimb)
 {
-    const kl_star star = {90.0, 0.0, 0, 0, 0, 0, 0.5, 0, 1}; // at right angles to the Sun
-    const kl_star pole = {0.0, 90.0, 0, 0, 768.5, 0, 0.5, 0, 1};
-    double without[3], with[3];
-    Eye eye;
-    place(pole, eye, 0, without);
-    place(pole, eye, KL_STAR_PARALLAX, with);
-    EXPECT_NEAR(angle_between(without, with) / kArcsecond, 0.7685, 1e-8);
-    place(pole, eye, KL_STAR_ABERRATION, with);
-    EXPECT_NEAR(angle_between(without, with) / kArcsecond, 20.64076, 1e-5); // asin(v/c)
-    place(star, eye, 0, without);
-    place(star, eye, KL_STAR_DEFLECTION, with);
-    EXPECT_NEAR(angle_between(without, with) / kArcsecond, 0.00407, 1e-5);
     const kl_star limb = {180.0, std::atan2(695700e3, kAu) / 0.017453292519943295, 0, 0, 0, 0, 0.5, 0, 1};
-    place(limb, eye, 0, without);
-    place(limb, eye, KL_STAR_DEFLECTION, with);
-    EXPECT_NEAR(angle_between(without, with) / kArcsecond, 1.7512, 1e-4); // 4 G M / (c^2 R)
-    EXPECT_GT(with[2], without[2]);                                       // outwards
+    double without[3], with[3];
+    place(limb, Eye(), 0, without);
+    place(limb, Eye(), KL_STAR_DEFLECTION, with);
+    EXPECT_NEAR(angle_between(without, with) / kArcsecond, 1.7512, 1e-4);
+    EXPECT_GT(with[2], without[2]); // outwards
 }
 
 TEST(StarPlace, ANegativeParallaxCountsAsNone)

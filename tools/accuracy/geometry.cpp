@@ -9,7 +9,7 @@ namespace {
 using Quad = __float128;
 
 constexpr double kA = 6378137.0;
-const Quad kFlattening = 1 / 298.257223563Q;
+const Quad kFlattening = 1 / strtoflt128("298.257223563", nullptr);
 constexpr double kUnit = 0x1p-53;
 
 // ---- roots ----
