@@ -29,10 +29,10 @@ enum {
  * @param[out] ierr     [1] always 0: this function has no id
  * @return KL_OK, or KL_ERR for another order, a coefficient that is not finite, all but c[0] zero, or NULL
  * A multiple root is given once; from order 3 on roots so close that rounding the coefficients could make them one are
- * one (a double root needs a gap of some 1e-8 of itself to be two, a quadruple one 1e-4). Any size of coefficients: below
- * 1e-300 of the largest a root may come out as 0.
- * Accuracy: 4 units of what rounding the coefficients alone does to a root. No closed formulas above order 2, which lose
- * half the digits beside multiple roots: the roots of the derivative cut the line, each piece is searched.
+ * one (a double root needs a gap of some 1e-8 of itself to be two, a quadruple one 1e-4). Any size of coefficients:
+ * below 1e-300 of the largest a root may come out as 0. Accuracy: 2.4 units at most of what rounding the coefficients
+ * alone does to a root. No closed formulas above order 2, which lose half the digits beside multiple roots: the roots
+ * of the derivative cut the line, each piece is searched.
  */
 KL_API long kl_poly_real_roots(const long *order, const double *c, double roots[4], long *n_roots, long *ierr);
 
@@ -63,8 +63,8 @@ KL_API long kl_ray_ellipsoid(kl_model_id *model_id, const double pos[3], const d
  * @param[out] n_points  [1] 0 to 2
  * @param[out] ierr      [1] always 0: this function has no id
  * @return KL_OK, or KL_ERR for input that is not finite or out of range, no direction, or NULL
- * A surface of constant height is no ellipsoid: kl_ray_ellipsoid with the height as its margin is up to 500 m off at 150
- * km, an ellipsoid with both axes raised 0.21 m. Accuracy: 6e-9 m of height.
+ * A surface of constant height is no ellipsoid: kl_ray_ellipsoid with the height as its margin is up to 500 m off at
+ * 150 km, an ellipsoid with both axes raised 0.21 m. Accuracy: 7e-9 m of height.
  */
 KL_API long kl_ray_height(kl_model_id *model_id, const double pos[3], const double dir[3], const double *height,
                           double t[2], long *n_points, long *ierr);
@@ -80,9 +80,8 @@ KL_API long kl_ray_height(kl_model_id *model_id, const double pos[3], const doub
  * @param[out] geodetic     its coordinates, deg and m; longitudes from the x axis of pos; rates 0
  * @param[out] meets_earth  [1] 1 when the height is negative, so that the line meets the Earth, else 0
  * @param[out] ierr         [1] always 0: this function has no id
- * @return KL_OK, or KL_ERR for input that is not finite, no direction, NULL, and for lines that come within 1e5 m of the
- * centre of the Earth, where there is no single lowest point
- * Accuracy: height 3e-9 m, place along the line 1e-6 m.
+ * @return KL_OK, or KL_ERR for input that is not finite, no direction, NULL, and for lines that come within 1e5 m of
+ * the centre of the Earth, where there is no single lowest point Accuracy: height 5e-9 m, place along the line 2e-8 m.
  */
 KL_API long kl_ray_tangent(kl_model_id *model_id, const double pos[3], const double dir[3], double *t, double point[3],
                            kl_geodetic *geodetic, long *meets_earth, long *ierr);
@@ -129,15 +128,15 @@ enum {
  * @param[out] state       [1] KL_SUNLIGHT, KL_PENUMBRA, KL_UMBRA or KL_ANNULAR
  * @param[out] fraction    [1] visible part of the Sun's disc, 0 to 1
  * @param[out] depth       [1] angle from the Sun's centre to the limb of the Earth, in radii of the Sun, negative when
- *                         the centre is covered: smooth in time, through 1 at the edge of the sunlight, 0, and -1 at that
- *                         of the umbra, for finding entry and exit
+ *                         the centre is covered: smooth in time, through 1 at the edge of the sunlight, 0, and -1 at
+ * that of the umbra, for finding entry and exit
  * @param[out] ierr        [1] error vector, bits KL_ECLIPSE_*
- * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR the outputs are untouched. NULL for light_time or an output is KL_ERR with
- * no bit.
- * Checked in the order cs, time_ref, time, pos, margin, then what needs the ids; a position inside the ellipsoid or too
- * far shows only then. The limb is that of the flattened Earth, exactly; a spherical one is wrong by up to 0.9 of the disc.
- * Accuracy: fraction 2e-5 of the disc up to 1e8 m, 2e-4 at the distance of the Moon, 2.5e-3 beyond 1e9 m, where the
- * Earth's disc is visibly an ellipse. No refraction, no limb darkening, no Moon. Radius of the Sun 695700 km (IAU 2015 resolution B3).
+ * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR the outputs are untouched. NULL for light_time or an output is KL_ERR
+ * with no bit. Checked in the order cs, time_ref, time, pos, margin, then what needs the ids; a position inside the
+ * ellipsoid or too far shows only then. The limb is that of the flattened Earth, exactly; a spherical one is wrong by
+ * up to 0.9 of the disc. Accuracy: fraction 3e-5 of the disc up to the geostationary orbit, 2e-4 at the distance of the
+ * Moon, 3e-3 beyond 1e9 m, where the Earth's disc is visibly an ellipse. No refraction, no limb darkening, no Moon.
+ * Radius of the Sun 695700 km (IAU 2015 resolution B3).
  */
 KL_API long kl_eclipse(kl_model_id *model_id, kl_time_id *time_id, const long *light_time, const long *cs,
                        const long *time_ref, const double *time, const double pos[3], const double *margin, long *state,

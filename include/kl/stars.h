@@ -85,7 +85,7 @@ enum {
  * Conditions are checked in the order of their codes. Every place has the motion in space and, but for KL_BM2000, the
  * light time across the Earth's orbit. Without a time id KL_MOD takes TAI for UT1, 2e-4 arcsec.
  * Accuracy: 1e-9 arcsec from an independent library (ERFA) with the same Earth; the Earth's velocity here adds 3e-4,
- * the frames of J2000 for ICRS 0.023, KL_TOD and what follows 0.1 arcsec today, 0.3 by 2099.
+ * the frames of J2000 for ICRS 0.023, KL_TOD and what follows 0.1 arcsec today, 0.4 by 2099.
  * Sources: S. E. Urban and P. K. Seidelmann (eds), Explanatory Supplement to the Astronomical Almanac (2013), chapter
  * 7; S. A. Klioner, Astron. J. 125, 1580 (2003).
  */
