@@ -3,7 +3,6 @@
 #include "support/captured_stream.h"
 #include "support/conditions.h"
 #include "support/csv.h"
-#include "support/places.h"
 #include "support/rows.h"
 #include "support/vectors.h"
 

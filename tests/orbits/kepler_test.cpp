@@ -3,8 +3,8 @@
 #include "kl_lib.h"
 #include "support/conditions.h"
 #include "support/oblate_earth.h"
-#include "support/places.h"
 #include "support/rows.h"
+#include "support/vectors.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 #include "kl_family.h"
 #include "kl_lib.h"
 #include "support/conditions.h"
-#include "support/places.h"
+#include "support/vectors.h"
 
 #include <gtest/gtest.h>
 
