@@ -69,7 +69,7 @@ bool read_date(const Line &line, double *utc, Finding *finding)
 bool read_final_values(const Line &line, EarthRow *row, Finding *finding)
 {
     const std::string_view x = part(line, kFinalX), y = part(line, kFinalY), ut1 = part(line, kFinalUt1);
-    const bool blank[] = {trimmed(x).empty(), trimmed(y).empty(), trimmed(ut1).empty()};
+    const bool blank[] = {all_blank(x), all_blank(y), all_blank(ut1)};
     if (blank[0] && blank[1] && blank[2])
         return true;
     if (line.text.size() < kFinalUt1.last) {
@@ -132,7 +132,7 @@ Finding read_finals(std::string_view bytes, Contents *contents)
     Lines lines(bytes);
     bool had_offsets = false;
     for (Line line; lines.next(&line);) {
-        if (trimmed(line.text).empty())
+        if (all_blank(line.text))
             continue;
         Finding finding;
         EarthRow row{};
@@ -145,7 +145,7 @@ Finding read_finals(std::string_view bytes, Contents *contents)
             return malformed(line, columns(line, kUt1Flag, kUt1Flag));
         // A reserved day has no flag and no numbers; with a pole it has lost its UT1.
         const bool reserved = flag == ' ';
-        if (reserved && (is_flag(flag_at(line, kPoleFlag)) || !trimmed(part(line, kUt1)).empty()))
+        if (reserved && (is_flag(flag_at(line, kPoleFlag)) || !all_blank(part(line, kUt1))))
             return malformed(line, columns(line, kUt1Flag, kUt1.last));
         if (!reserved && !read_row(line, &row, &finding))
             return finding;

@@ -58,8 +58,31 @@ bool read_long_number(const char *at, const char *end, double *size)
     return any;
 }
 
-// Up to 15 digits: no count of them is needed.
-bool read_short_number(const char *at, const char *end, double *size)
+// The whole number of up to eight digits before `end`, all at once; false when one is none. Eight characters before
+// `end` can be looked at.
+bool read_digits_before(const char *end, std::ptrdiff_t n, std::int64_t *value)
+{
+    constexpr std::uint64_t kZeros = 0x3030303030303030, kHigh = 0xf0f0f0f0f0f0f0f0, kSix = 0x0606060606060606;
+    std::uint64_t octets = 0; // the first character lowest
+    std::memcpy(&octets, end - 8, 8);
+#if __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+    octets = __builtin_bswap64(octets);
+#endif
+    const std::uint64_t own = ~std::uint64_t{0} << (8 * (8 - n));
+    octets = (octets & own) | (kZeros & ~own);
+    if ((octets & kHigh) != kZeros || ((octets + kSix) & kHigh) != kZeros)
+        return false;
+    // Pairs of digits, then of these, then of those: 2561 = 10 * 2^8 + 1 and so on.
+    octets = ((octets & 0x0f0f0f0f0f0f0f0f) * 2561) >> 8;
+    octets = ((octets & 0x00ff00ff00ff00ff) * 6553601) >> 16;
+    *value = static_cast<std::int64_t>(((octets & 0x0000ffff0000ffff) * 42949672960001) >> 32);
+    return true;
+}
+
+constexpr std::int64_t kTens[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
+
+// Up to 15 digits: no count of them is needed. `text` is where the field begins.
+bool read_short_number(const char *text, const char *at, const char *end, double *size)
 {
     std::int64_t digits = 0;
     const char *start = at;
@@ -69,6 +92,11 @@ bool read_short_number(const char *at, const char *end, double *size)
     const char *decimals = at;
     if (at != end && *at == '.') {
         decimals = ++at;
+        std::int64_t parts = 0;
+        if (end - at >= 2 && end - at <= 8 && end - text >= 8 && read_digits_before(end, end - at, &parts)) {
+            digits = kTens[end - at] * digits + parts;
+            at = end;
+        }
         for (; at != end && is_digit(*at); ++at)
             digits = 10 * digits + (*at - '0');
     }
@@ -84,15 +112,15 @@ bool read_number(std::string_view text, double *value)
 {
     const char *at = text.data();
     const char *end = at + text.size();
-    while (at != end && is_blank(*at))
+    while (at != end && *at <= ' ' && is_blank(*at))
         ++at;
-    while (end != at && is_blank(end[-1]))
+    while (end != at && end[-1] <= ' ' && is_blank(end[-1]))
         --end;
     const bool negative = at != end && *at == '-';
     if (at != end && (*at == '-' || *at == '+'))
         ++at;
     double size = 0.0;
-    if (!(end - at <= kDigits ? read_short_number(at, end, &size) : read_long_number(at, end, &size)))
+    if (!(end - at <= kDigits ? read_short_number(text.data(), at, end, &size) : read_long_number(at, end, &size)))
         return false;
     *value = negative ? -size : size;
     return true;

@@ -50,6 +50,13 @@ inline bool is_digit(char c)
 }
 
 std::string_view trimmed(std::string_view text);
+inline bool all_blank(std::string_view text)
+{
+    std::size_t n = 0;
+    while (n < text.size() && is_blank(text[n]))
+        ++n;
+    return n == text.size();
+}
 
 // A number: blanks around, sign, digits with at most one point; nothing else. Its first 15 digits count, further
 // decimals are cut. The nearest double to what was read.
