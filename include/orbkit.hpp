@@ -6,7 +6,9 @@
 #ifndef ORBKIT_HPP
 #define ORBKIT_HPP
 
+#include "orbkit/arrays.hpp"
 #include "orbkit/borrowed.hpp"
+#include "orbkit/column.hpp"
 #include "orbkit/cuc.hpp"
 #include "orbkit/eclipse.hpp"
 #include "orbkit/enums.hpp"

@@ -524,6 +524,114 @@ def lib_func_source(table):
     return out + "\n} // namespace ORBKIT\n"
 
 
+def array_members(table):
+    """The array forms over columns: header only, nothing is copied."""
+    out = ""
+    for f in table.public:
+        columns = [a for a in f.arguments if a.role in ("each", "gives", "both")]
+        plain_columns = all(a.base != "void" and ((a.length or "1").isdigit() or a.base in ("char", "unsigned char")) for a in columns)
+        if not f.array or not plain_columns or any(a.base == "void" for a in f.arguments):
+            continue
+        words = f.name.split("_")[1:]
+        name = words[0].lower() + "".join(w.capitalize() for w in words[1:])
+        for run in [False, True] if f.run else [False]:
+            parameters, values, sizes, before = [], [], [], []
+            if run:
+                parameters.append("const RunId &run")
+                values.append("&run_id")
+                before.append("        const long run_id = run.getRunId();")
+            for a in f.arguments:
+                if a.role == "context":
+                    if not run:
+                        parameters.append(f"const {IDS[a.name]} &{a.name}")
+                        values.append(f"{a.name}.getId()")
+                elif a.role == "fixed":
+                    values.append("&processing")
+                    if len([v for v in before if "processing" in v]) == 0:
+                        before.append("        const long processing = KL_PROC;")
+                elif a not in columns:
+                    parameters.append(f"long {a.name}" if a.base == "long" else f"const {a.base} &{a.name}")
+                    values.append(f"&{a.name}")
+                else:
+                    kind = a.base if a.base in ("char", "unsigned char") else CPP.get(a.type, a.type)
+                    parameters.append(f"Column<{'const ' if a.role == 'each' else ''}{kind}> {a.name}")
+                    if a.base in ("char", "unsigned char"):
+                        parameters.append(f"long {a.name}_width")
+                        values.append(f"&{a.name}_width")
+                        sizes.append(f"detail::texts({a.name}.size(), {a.name}_width)")
+                    else:
+                        sizes.append(f"{a.name}.size()")
+                    values.append(f"detail::elements({a.name})")
+            n_ids = 1 if run else len(f.context)
+            values.insert(n_ids, "&n")
+            parameters.append("Column<long> status = {}")
+            operation = f'"Arrays::{name}"'
+            id_ = f"KL_ID_FUNC_{f.constant}" if f.public is not None else "detail::kNoFunction"
+            out += f"    /** {f.summary}: {f.name}{'_run' if run else ''}_n. */\n"
+            out += wrapped(f"    static long {name}(", parameters, ")") + "\n    {\n"
+            out += wrapped("        const long n = detail::count(", [operation] + sizes + ["detail::optional(status, " + sizes[0] + ")"], ");") + "\n"
+            out += "".join(line + "\n" for line in before) + "        long ierr[2] = {0, 0};\n"
+            out += wrapped(f"        const long result = {f.name}{'_run' if run else ''}_n(", values + ["detail::elements(status)", "ierr"], ");") + "\n"
+            out += f"        return detail::told({operation}, result, {id_}, ierr, status.size() != 0);\n    }}\n"
+    return out
+
+
+def arrays_hpp(table):
+    return f"""/**
+ * @file arrays.hpp
+ * Array forms over the caller's memory. {WHOLE}
+ */
+#ifndef ORBKIT_ARRAYS_HPP
+#define ORBKIT_ARRAYS_HPP
+
+#include "lib_func.hpp"
+#include "column.hpp"
+#include "time.hpp"
+
+namespace ORBKIT {{
+
+namespace detail {{
+
+constexpr long kNoFunction = 40; // its failures decode to no messages
+
+inline long told(const char *operation, long status, long public_id, const long *ierr, bool in_statuses)
+{{
+    if (!in_statuses)
+        throw_unless_ok(operation, status, public_id, ierr);
+    return status;
+}}
+
+}} // namespace detail
+
+/**
+ * The functions of kl/arrays.h over columns: vectors, arrays or pointers with a length, without a copy. They are as long
+ * as the first or empty where C takes NULL; a result may lie on an input of the same shape. With a column of statuses
+ * nothing is thrown: they tell which elements failed, and what failed is NaN, zero or empty. Without one a failed element
+ * throws a KitError, after all were computed. Texts stand a width apart.
+ */
+// clang-format off
+class Arrays {{
+public:
+    /** Geoid undulation at scattered points: kl_geoid_calc_n. */
+    static long geoidCalc(const ModelId &model_id, Column<const double> latitude, Column<const double> longitude,
+                          long max_degree, Column<double> undulation, Column<long> status = {{}})
+    {{
+        const long n = detail::count("Arrays::geoidCalc", latitude.size(), longitude.size(), undulation.size(),
+                                     detail::optional(status, latitude.size()));
+        long ierr[1] = {{0}};
+        const long result = kl_geoid_calc_n(model_id.getId(), &n, detail::elements(latitude), detail::elements(longitude),
+                                            &max_degree, detail::elements(undulation), detail::elements(status), ierr);
+        return detail::told("Arrays::geoidCalc", result, KL_ID_FUNC_GEOID_CALC, ierr, status.size() != 0);
+    }}
+{array_members(table)}}};
+// clang-format on
+
+}} // namespace ORBKIT
+
+#endif
+"""
+
+
 # ---- tests, symbols, JSON -----------------------------------------------------------------------------------------
 
 def every_function(table, samples):
@@ -709,6 +817,7 @@ def outputs(table):
     yield "src/runs/run_twins.cpp", run_twins(table)
     yield "include/orbkit/lib_func.hpp", lib_func_header(old("include/orbkit/lib_func.hpp"), table)
     yield "src/objects/lib_func_forwards.cpp", lib_func_source(table)
+    yield "include/orbkit/arrays.hpp", arrays_hpp(table)
     yield "src/exported_symbols.txt", symbols(table)
     version = ".".join(re.findall(r"^#define KL_VERSION_(?:MAJOR|MINOR|PATCH) (\d+)$", old("include/kl/version.h"), re.M))
     package = "debian/libkitlib4.symbols"
