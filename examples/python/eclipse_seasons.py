@@ -1,6 +1,7 @@
 """Eclipse seasons of a geostationary satellite over a year: the umbra around the equinoxes, up to 67 minutes a night."""
 import matplotlib
 import numpy as np
+from numpy.typing import NDArray
 
 import kitlib as kl
 from kitlib import events, plot
@@ -9,7 +10,7 @@ matplotlib.use("Agg")
 LONGITUDE, RADIUS = np.radians(10.0), 42164172.0
 
 
-def orbit(t: np.ndarray) -> np.ndarray:
+def orbit(t: NDArray[np.float64]) -> NDArray[np.float64]:
     """It stands still in the Earth-fixed frame."""
     place = RADIUS * np.array([np.cos(LONGITUDE), np.sin(LONGITUDE), 0.0])
     return np.broadcast_to(place, t.shape + (3,))

@@ -1,5 +1,6 @@
 """Passes of a satellite over a station in a day: rise, highest point and set."""
 import numpy as np
+from numpy.typing import NDArray
 from sgp4.api import Satrec
 
 import kitlib as kl
@@ -10,9 +11,9 @@ SATELLITE = Satrec.twoline2rv("1 25544U 98067A   26171.50000000  .00010000  0000
 STATION = (48.0, 11.0, 600.0)  # geodetic latitude, longitude, height
 
 
-def orbit(t: np.ndarray) -> np.ndarray:
+def orbit(t: NDArray[np.float64]) -> NDArray[np.float64]:
     """Positions, m, TEME."""
-    position: np.ndarray = SATELLITE.sgp4_array(np.full(t.shape, 2451544.5), t)[1]
+    position: NDArray[np.float64] = SATELLITE.sgp4_array(np.full(t.shape, 2451544.5), t)[1]
     return position * 1e3
 
 

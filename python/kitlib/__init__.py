@@ -13,7 +13,8 @@ from . import _functions
 from ._errors import KitError, KitWarning, codes_of as _codes_of
 from ._functions import *  # noqa: F403
 from ._ids import ModelId, RunId, SatId, TimeId
-from ._more import geoid, geoid_grid, star_catalog, time_obt_to_time, time_time_to_obt
+from ._more import (geoid, geoid_grid, poly_real_roots, star_catalog, time_get_leap_seconds, time_get_row,
+                    time_obt_to_time, time_time_to_obt)
 from ._table import *  # noqa: F403
 from ._table import CONDITIONS as _CONDITIONS
 from ._time import mjd2000, to_datetime64

@@ -1,12 +1,15 @@
-"""Functions whose arguments are not one an element: the geoid and the clocks on board."""
+"""Functions whose arguments are not one an element: the geoid, the clocks on board, catalogues, tables of a correlation."""
 import ctypes
 import os
+from collections import namedtuple
 
 import numpy as np
 
 from . import _arrays, _errors, _ids, _table
 from ._library import KITLIB, symbol
 
+RealRoots = namedtuple("RealRoots", "roots n_roots")
+LeapSeconds = namedtuple("LeapSeconds", "utc tai_utc expiry")
 _OBT = {"ObtParamTarvos": (21, "ObtTarvos"), "ObtParamVardo": (51, "ObtTarvos"), "ObtParamKelda": (61, "ObtKelda"), "ObtParamBrisa": (71, "ObtTarvos")}
 
 
@@ -150,3 +153,71 @@ def star_catalog(t, /, *, file=None, magnitudes=(-30.0, 30.0), box=None, cone=No
     if status == 1:
         _errors.warn("kl_star_catalog", 35, vector, 3)
     return tuple(found)
+
+
+def poly_real_roots(c, /, *, errors="raise", return_status=False):
+    """Distinct real roots of polynomials of order 1 to 4, ascending, [..., 4], NaN where there are no more; and their number.
+
+    c: [..., order + 1], c[0] + c[1] x + c[2] x**2 ... The rules of multiple roots are those of kl_poly_real_roots.
+
+    >>> import kitlib as kl
+    >>> roots = kl.poly_real_roots([6.0, -5.0, 1.0])
+    >>> roots.roots[:roots.n_roots]
+    array([2., 3.])
+    """
+    if errors not in ("raise", "nan"):
+        raise ValueError(f'errors is "raise" or "nan", not {errors!r}')
+    given = np.ascontiguousarray(_arrays.numbers(c, np.dtype("f8"), 0, "c"), "f8")
+    if given.ndim == 0 or not 2 <= given.shape[-1] <= 5:
+        raise ValueError(f"c: the last axis must have 2 to 5 elements, not shape {given.shape}")
+    shape = given.shape[:-1]
+    roots, n_roots, status = np.full(shape + (4,), np.nan), np.zeros(shape, "i8"), np.zeros(shape, "i8")
+    n, order = ctypes.c_long(n_roots.size), ctypes.c_long(given.shape[-1] - 1)
+    done = symbol("kl_poly_real_roots_n")(ctypes.byref(n), ctypes.byref(order), _arrays.pointer(given), _arrays.pointer(roots), _arrays.pointer(n_roots),
+                                          _arrays.pointer(status), None)
+    if done == -1 and errors == "raise":
+        raise _errors.KitError("kl_poly_real_roots", messages=("a coefficient is not finite, or none is above order 0",), status=status, outputs=roots)
+    found = RealRoots(roots, n_roots if shape else int(n_roots))
+    return (found, status if shape else int(status)) if return_status else found
+
+
+def time_get_row(t, /, *, ref="UTC", time=None):
+    """Which row of a correlation serves MJD2000 instants, and what it gives: a structured array, s and arcsec.
+
+    row is -1 before the table and the number of rows after it; quality: KL_TIME_QUALITY_*; by_formula: 1 where UT1 comes from
+    a formula after the table.
+
+    >>> import kitlib as kl
+    >>> row = kl.time_get_row(6210.0)
+    >>> float(row["tai_utc"]), round(float(row["tai_utc"] - row["tai_ut1"]), 4)
+    (37.0, 0.5913)
+    """
+    instants = np.ascontiguousarray(_arrays.numbers(t, np.dtype("f8"), 0, "t"), "f8").reshape(np.shape(t))
+    out = np.zeros(instants.shape, np.dtype(_table.TimeRowInfo))
+    get, here, which = symbol("kl_time_get_row"), _ids.pointer_of("time", time).pointer, _arrays.long_pointer(_arrays.selected(ref, _table.Time))
+    one = _table.TimeRowInfo()
+    for i, instant in enumerate(instants.flat):
+        if get(here, which, ctypes.byref(ctypes.c_double(instant)), ctypes.byref(one)) == -1:
+            raise _errors.KitError("kl_time_get_row", messages=(f"no row for the instant {instant}",))
+        out.reshape(-1)[i] = np.frombuffer(one, out.dtype)[0]
+    return out
+
+
+def time_get_leap_seconds(*, time=None):
+    """All steps of TAI-UTC of a correlation: from which instant on (UTC, MJD2000), its value (s), and until when the list that
+    was read is good (UTC, MJD2000; 0: not said).
+
+    >>> import kitlib as kl
+    >>> steps = kl.time_get_leap_seconds()
+    >>> float(steps.utc[-1]), float(steps.tai_utc[-1])
+    (6210.0, 37.0)
+    """
+    n, utc, tai_utc, expiry = ctypes.c_long(0), ctypes.c_void_p(), ctypes.c_void_p(), ctypes.c_double(0.0)
+    if symbol("kl_time_get_leap_seconds")(_ids.pointer_of("time", time).pointer, ctypes.byref(n), ctypes.byref(utc), ctypes.byref(tai_utc), ctypes.byref(expiry)) == -1:
+        raise _errors.KitError("kl_time_get_leap_seconds", messages=("the time id is not initialised",))
+    found = []
+    for pointer in (utc, tai_utc):
+        octets = ctypes.string_at(pointer.value, 8 * n.value) if n.value else b""
+        found.append(np.frombuffer(octets, "f8").copy())
+        KITLIB.kl_free_array(ctypes.byref(pointer))
+    return LeapSeconds(*found, expiry.value)

@@ -6,6 +6,8 @@
 Elements lie along the first axis; vectors have their 3 or 4 numbers along the last one, in one chunk. A time id that is
 given as a keyword is one object of the graph: each worker receives it once.
 """
+from typing import Any, Callable
+
 import numpy as np
 
 try:
@@ -42,7 +44,7 @@ def _packed(function, keywords, ids, lengths, *blocks):
     return np.concatenate(columns, axis=1)
 
 
-def apply(function, *arrays, **keywords):
+def apply(function: Callable[..., Any], *arrays: Any, **keywords: Any) -> Any:
     """The function over dask arrays of equal length along the first axis; its result has dask arrays in place of numpy's."""
     if "return_status" in keywords:
         raise TypeError('return_status has no place here: errors="nan" marks what failed')

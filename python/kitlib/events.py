@@ -9,17 +9,43 @@ grid, and all its changes of sign are then refined together: some ten calls for 
 >>> (found.time / np.pi).round(9).tolist(), found.direction.tolist()
 ([1.0, 2.0, 3.0], [-1, 1, -1])
 """
-from collections import namedtuple
+from __future__ import annotations
+
+from typing import Any, Callable, NamedTuple
 
 import numpy as np
+import numpy.typing as npt
 
 from . import _functions
 from ._arrays import selected
 from ._table import Frame
 
-Crossings = namedtuple("Crossings", "time direction")
-Intervals = namedtuple("Intervals", "start stop cut_at_start cut_at_stop")
-Passes = namedtuple("Passes", "rise set top elevation cut_at_start cut_at_stop")
+Floats = npt.NDArray[np.float64]
+Orbit = Callable[[Floats], Floats]
+Value = Callable[[Floats], Any]
+
+
+class Crossings(NamedTuple):
+    time: Floats
+    direction: npt.NDArray[np.int64]
+
+
+class Intervals(NamedTuple):
+    start: Floats
+    stop: Floats
+    cut_at_start: npt.NDArray[np.bool_]
+    cut_at_stop: npt.NDArray[np.bool_]
+
+
+class Passes(NamedTuple):
+    rise: Floats
+    set: Floats
+    top: Floats
+    elevation: Floats
+    cut_at_start: npt.NDArray[np.bool_]
+    cut_at_stop: npt.NDArray[np.bool_]
+
+
 MICROSECOND = 1e-6 / 86400
 
 
@@ -42,7 +68,7 @@ def _sampled(value, start, stop, step):
     with np.errstate(divide="ignore", invalid="ignore"):
         shift = 0.5 * (a - c) / bend
         vertex = b - 0.125 * (a - c) ** 2 / bend
-    near = (_signs(a) == _signs(b)) & (_signs(b) == _signs(c)) & (np.abs(shift) <= 1) & (vertex * b <= 0) & (bend * b > 0)
+        near = (_signs(a) == _signs(b)) & (_signs(b) == _signs(c)) & (np.abs(shift) <= 1) & (vertex * b <= 0) & (bend * b > 0)
     if near.any():
         extra = t[1:-1][near] + shift[near] * (t[1] - t[0])
         t, order = np.unique(np.concatenate([t, extra]), return_index=True)
@@ -77,7 +103,7 @@ def _refined(value, a, b, fa, fb, tolerance):
     return np.where(np.abs(fa) < np.abs(fb), a, b)
 
 
-def crossings(value, start, stop, step, tolerance=0.1 * MICROSECOND):
+def crossings(value: Value, start: float, stop: float, step: float, tolerance: float = 0.1 * MICROSECOND) -> Crossings:
     """Zeros of a smooth function of arrays of instants: their times and the direction (1 upwards, -1 downwards).
 
     step: days, of the grid; two zeros inside one step are found when the parabola through three values tells of them.
@@ -88,7 +114,7 @@ def crossings(value, start, stop, step, tolerance=0.1 * MICROSECOND):
     return Crossings(_refined(value, t[k], t[k + 1], v[k], v[k + 1], tolerance), s[k + 1])
 
 
-def intervals(value, start, stop, step, tolerance=0.1 * MICROSECOND):
+def intervals(value: Value, start: float, stop: float, step: float, tolerance: float = 0.1 * MICROSECOND) -> Intervals:
     """Spans of time in which a value is not negative; the first and the last may be cut by start and stop."""
     found = crossings(value, start, stop, step, tolerance)
     inside = _signs(np.asarray(value(np.array([start, stop])), "f8")) > 0
@@ -109,7 +135,8 @@ def _earth_fixed(orbit, cs, ref, time):
     return lambda t: _functions.change_cart_cs(t, orbit(t), cs_in=cs, cs_out=Frame.EF, ref=ref, time=time).pos
 
 
-def passes(orbit, station, start, stop, *, elevation=0.0, cs="EF", ref="UTC", step=60 / 86400, time=None):
+def passes(orbit: Orbit, station: Any, start: float, stop: float, *, elevation: float = 0.0, cs: Any = "EF", ref: Any = "UTC",
+           step: float = 60 / 86400, time: Any = None) -> Passes:
     """Passes of a satellite over a station: rise, set, time of the largest elevation and this elevation (deg).
 
     station: geodetic latitude, longitude (deg) and height (m); elevation: the least one that counts, deg. The top is good
@@ -131,22 +158,26 @@ def passes(orbit, station, start, stop, *, elevation=0.0, cs="EF", ref="UTC", st
     return Passes(seen.start, seen.stop, top, above(top) + elevation if len(top) else top, seen.cut_at_start, seen.cut_at_stop)
 
 
-def eclipses(orbit, start, stop, *, kind="umbra", cs="EF", ref="UTC", step=60 / 86400, margin=None, time=None):
-    """Spans in which a satellite is in the Earth's umbra, or (kind="penumbra") in any shadow of it."""
-    limit = {"umbra": -1.0, "penumbra": 1.0}[kind]
+def eclipses(orbit: Orbit, start: float, stop: float, *, kind: str = "umbra", cs: Any = "EF", ref: Any = "UTC",
+             step: float = 60 / 86400, margin: Any = None, time: Any = None) -> Intervals:
+    """Spans in which a satellite is in the Earth's umbra, or (kind="penumbra") in any shadow of it, or (kind="centre") the
+    centre of the Sun is covered."""
+    limit = {"umbra": -1.0, "centre": 0.0, "penumbra": 1.0}[kind]
     return intervals(lambda t: limit - _functions.eclipse(t, orbit(t), margin, cs=cs, ref=ref, time=time).depth, start, stop, step)
 
 
-def nodes(orbit, start, stop, *, cs="TOD", ref="UTC", step=300 / 86400, time=None):
+def nodes(orbit: Orbit, start: float, stop: float, *, cs: Any = "TOD", ref: Any = "UTC", step: float = 300 / 86400,
+          time: Any = None) -> Crossings:
     """Crossings of the true equator of date: direction 1 is the ascending node. cs: the frame of the orbit's positions."""
     def north(t):
         return _functions.change_cart_cs(t, orbit(t), cs_in=cs, cs_out=Frame.TOD, ref=ref, time=time).pos[:, 2]
     return crossings(north, start, stop, step)
 
 
-def sun_rise_set(station, start, stop, *, elevation=-50 / 60, ref="UTC", step=1 / 48, time=None):
-    """Rise (direction 1) and set (-1) of the Sun at a station. elevation: of its centre, deg; -50' is the upper limb at
-    the horizon with 34' of refraction."""
+def sun_rise_set(station: Any, start: float, stop: float, *, elevation: float = -0.8333, ref: Any = "UTC",
+                 step: float = 1 / 48, time: Any = None) -> Crossings:
+    """Rise (direction 1) and set (-1) of the Sun at a station. elevation: of its centre, deg; -0.8333 is the upper
+    limb at the horizon with 34' of refraction."""
     def above(t):
         return _functions.ef_to_topocentric(_functions.sun(t, ref=ref, time=time).pos, origin=station).elevation - elevation
     return crossings(above, start, stop, step)

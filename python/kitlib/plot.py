@@ -2,6 +2,10 @@
 
 Every function takes an axes of matplotlib, or makes one, and returns it.
 """
+from __future__ import annotations
+
+from typing import Any
+
 import numpy as np
 
 try:
@@ -26,7 +30,7 @@ def _map(ax):
     ax.grid(alpha=0.3)
 
 
-def ground_track(latitude, longitude, t, ax=None, *, ref="UTC", time=None):
+def ground_track(latitude: Any, longitude: Any, t: Any, ax: Any = None, *, ref: Any = "UTC", time: Any = None) -> Any:
     """Points below a satellite over the night of the last instant (Sun below the geometric horizon)."""
     ax = _axes(ax, f"Ground track to {to_datetime64(np.ravel(t)[-1], 's')}")
     sun = _functions.sun(float(np.ravel(t)[-1]), ref=ref, time=time).pos
@@ -42,7 +46,7 @@ def ground_track(latitude, longitude, t, ax=None, *, ref="UTC", time=None):
     return ax
 
 
-def geoid_map(ax=None, *, step=2.0, max_degree=180, model=None):
+def geoid_map(ax: Any = None, *, step: float = 2.0, max_degree: int = 180, model: Any = None) -> Any:
     """Height of the geoid over the ellipsoid, m."""
     ax = _axes(ax, f"Geoid to degree {max_degree}, m")
     lat, lon = np.arange(-90, 90 + step / 2, step), np.arange(0, 360, step)
@@ -53,7 +57,7 @@ def geoid_map(ax=None, *, step=2.0, max_degree=180, model=None):
     return ax
 
 
-def eclipse_seasons(start, stop, ax=None):
+def eclipse_seasons(start: Any, stop: Any, ax: Any = None) -> Any:
     """Length of each eclipse, minutes, over the time of its begin."""
     ax = _axes(ax, "Eclipse seasons")
     ax.plot(to_datetime64(start, "s"), (np.asarray(stop) - np.asarray(start)) * 1440, ".", markersize=2)
@@ -62,7 +66,7 @@ def eclipse_seasons(start, stop, ax=None):
     return ax
 
 
-def pole_path(time_id, t, ax=None):
+def pole_path(time_id: Any, t: Any, ax: Any = None) -> Any:
     """Path of the pole of a time id, arcsec; to the right the meridian of Greenwich, upwards 90 deg west."""
     ax = _axes(ax, "Path of the pole, arcsec")
     pole = time_id.pole(t)
