@@ -17,9 +17,9 @@ SIZES = (1000, 10_000, 1_000_000)
 def least(function, seconds=0.3):
     best, spent = np.inf, 0.0
     while spent < seconds or best == np.inf:
-        start = time.perf_counter()
+        start = time.process_time()
         function()
-        taken = time.perf_counter() - start
+        taken = time.process_time() - start
         best, spent = min(best, taken), spent + taken
     return best
 

@@ -1,5 +1,6 @@
 """From Python's arguments to the array calls of C and back: broadcasting, types, selectors, results."""
 import ctypes
+import functools
 from enum import IntEnum
 
 import numpy as np
@@ -46,6 +47,12 @@ def selected(value, enum):
     if not -(1 << 63) <= number < 1 << 63:
         raise ValueError(f"{number} does not fit a C long")
     return number
+
+
+@functools.lru_cache(maxsize=None)
+def dtype_of(record):
+    """The type of numpy of a record; numpy itself looks at all fields each time."""
+    return np.dtype(record)
 
 
 def mode_of(given, velocity, acceleration):
@@ -209,7 +216,7 @@ class Function:
             names.append(name)
         shape = broadcast(shapes, names) if shapes else ()
         for i, (role, name, kind, length, optional, zeros) in enumerate(self.each):
-            dtype = (_DTYPES[kind] if kind in ("f8", "i8") else arrays[i].dtype if arrays[i] is not None else None) if isinstance(kind, str) else np.dtype(kind)
+            dtype = (_DTYPES[kind] if kind in ("f8", "i8") else arrays[i].dtype if arrays[i] is not None else None) if isinstance(kind, str) else dtype_of(kind)
             item = (length,) if length else (_OCTETS,) if isinstance(kind, str) and kind == "octets" else ()
             if arrays[i] is None:
                 arrays[i] = np.zeros(shape + item, dtype or "f8") if zeros else None
@@ -225,7 +232,7 @@ class Function:
         if fields[0] is None:
             raise TypeError(f"{self.name[3:]}: {names[0]} is missing")
         shape = broadcast([f.shape for f in fields if f is not None], [n for f, n in zip(fields, names) if f is not None])
-        out = np.zeros(shape, np.dtype(record))
+        out = np.zeros(shape, dtype_of(record))
         for name, field in zip(names, fields):
             if field is not None:
                 out[name] = field
@@ -257,7 +264,7 @@ class Function:
                 elif isinstance(kind, str):
                     array = np.empty(shape + ((length,) if length else ()), _DTYPES[kind])
                 else:
-                    array = np.zeros(shape, np.dtype(kind))
+                    array = np.empty(shape, dtype_of(kind))
                 outputs.append(array)
                 arguments.append(pointer(array))
             elif role == "select":
@@ -335,11 +342,16 @@ def _one_element(f):
     It takes Python floats for numbers and float64 arrays of just the length for vectors, and gives None for anything else.
     """
     if f.flat or any(not isinstance(p[2], str) or p[2] != "f8" or p[0] != "each" for p in f.each) or not f.each \
-            or any(not isinstance(p[2], str) or p[2] not in ("f8", "i8") for p in f.gives) or any(p[0] == "record" for p in f.parameters):
+            or any(p[0] == "record" for p in f.parameters):
+        return None
+    record = f.gives[0][2] if len(f.gives) == 1 and not isinstance(f.gives[0][2], str) else None  # of plain numbers
+    if record is not None and any(not issubclass(kind, ctypes._SimpleCData) for _, kind in record._fields_):
+        return None
+    if record is None and any(p[2] not in ("f8", "i8") for p in f.gives):
         return None
     scope = {"c": ctypes, "np": np, "long_pointer": long_pointer, "selected": selected, "ids": _ids, "f": f, "result": f.result,
              "many": f.many, "FIXED": _FIXED, "symbol": symbol, "NO": _NO, "BYTES": _BYTES, "pool": [], "ndarray": np.ndarray,
-             "F8": np.dtype("f8"), "copy": np.ndarray.copy}
+             "F8": np.dtype("f8"), "copy": np.ndarray.copy, "record": record}
     names = [f"v{i}" for i in range(len(f.each))]
     selects = [p for p in f.parameters if p[0] == "select"]
     handles = [p for p in f.parameters if p[0] in ("model", "time")]
@@ -396,12 +408,12 @@ def _one_element(f):
         arguments.append("wordp")
     lines.append(f"    status = scalar({', '.join(arguments)})")
     lines.append("    if status:\n        failed(status, wordp, pool, work)")
-    found = [f"copy({o})" if p[3] else f"{o}.value" for o, p in zip(outs, f.gives)]
+    found = [f"copy({o})" if p[3] else f"{o}.value" for o, p in zip(outs, f.gives)] if record is None else [f"o0.{x}" for x, _ in record._fields_]
     lines.append(f"    out = {'result(' + ', '.join(found) + ')' if f.result else found[0]}")
     lines.append("    pool.append(work)\n    return out")
     lines.append("def new():\n    global scalar\n    if scalar is None:\n        scalar = symbol(f.name)")
     for x, p in [*zip(ins, f.each), *zip(outs, f.gives)]:
-        kind = "c.c_double" if p[2] == "f8" else "c.c_long"
+        kind = "record" if p[2] is record else "c.c_double" if p[2] == "f8" else "c.c_long"
         lines.append(f"    {x} = np.zeros({p[3]}, '{p[2]}')" if p[3] else f"    {x} = {kind}()")
         lines.append(f"    {x}p = BYTES.from_buffer({x})" if p[3] else f"    {x}p = c.byref({x})")
     lines.append(f"    word = (c.c_long * {f.words})()")
