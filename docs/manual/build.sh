@@ -15,7 +15,8 @@ export KITLIB_VERSION KITLIB_XML
 doxygen "$out/Doxyfile"
 cp -R docs/manual/first docs/manual/jobs docs/manual/notes docs/manual/index.rst docs/manual/conf.py "$out/source"
 ln -s "$PWD/examples" "$out/source/examples"
-cp docs/pictures/* docs/geoid.png examples/python/*.png "$out/source/pictures"
+cp docs/pictures/*.png docs/geoid.png "$out/source/pictures"
+for picture in examples/python/*.png; do cp "$picture" "$out/source/pictures/python_$(basename "$picture")"; done
 for page in docs/accuracy*.md docs/performance*.md; do cp "$page" "$out/source"; done
 cp docs/versions.md "$out/source/notes"
 cp CHANGELOG.md "$out/source/changes.md"

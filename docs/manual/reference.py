@@ -160,12 +160,12 @@ def main():
         for kind, name in of:
             classes += [f".. doxygen{kind}:: {name}", "   :members:", ""]
     write("reference/classes.rst", classes)
+    captions = dict(line.split(": ", 1) for line in read("docs/pictures/captions.txt").splitlines())
     gallery = title("Gallery") + ["Each is made by a program of ``examples``, by the demo, or by a script in ``tools``.", ""]
     for picture in sorted(glob.glob(os.path.join(SOURCE, "pictures", "*.png"))):
         name = os.path.basename(picture)
-        caption = os.path.splitext(picture)[0] + ".txt"
-        words_of = open(caption, encoding="utf-8").read().strip() if os.path.exists(caption) else name[:-4].replace("_", " ").capitalize()
-        gallery += [f".. figure:: /pictures/{name}", f"   :alt: {words_of}", "   :width: 100%", "", f"   {words_of}", ""]
+        caption = captions.get(name, name[:-4].replace("_", " ").capitalize())
+        gallery += [f".. figure:: /pictures/{name}", f"   :alt: {caption}", "   :width: 100%", "", f"   {caption}", ""]
     write("gallery.rst", gallery)
 
 
