@@ -365,6 +365,12 @@ GeodesicLine canonical(const GeodesicSeries &g, const Ends &p)
     return solve(g, p, sphere_start(g, p, c), false);
 }
 
+// Degrees below which squares and products of sines would vanish: none of them is a width of an atom.
+double without_dust(double degrees)
+{
+    return std::fabs(degrees) < 1e-100 ? 0.0 : degrees;
+}
+
 // Reduced latitude, its cosine never 0.
 Heading reduced_latitude(const Ellipsoid &e, double lat_deg)
 {
@@ -389,7 +395,7 @@ ExactAngle longitude_difference(double lon1, double lon2)
 {
     ExactAngle d = two_sum(lon2, -lon1);
     d.high -= 360.0 * std::round(d.high / 360.0);
-    d = two_sum(d.high, d.low);
+    d = two_sum(without_dust(d.high), without_dust(d.low));
     if ((d.high == 180.0 && d.low > 0.0) || (d.high == -180.0 && d.low < 0.0))
         d.high = -d.high;
     return d;
@@ -419,6 +425,8 @@ GeodesicSeries geodesic_series(const Ellipsoid &e)
 
 GeodesicLine geodesic_between(const GeodesicSeries &g, double lat1, double lon1, double lat2, double lon2)
 {
+    lat1 = without_dust(lat1);
+    lat2 = without_dust(lat2);
     if (lat1 == lat2 && std::fabs(lat1) == 90.0)
         return {0.0, {0.0, 1.0}, {0.0, 1.0}, true};
     const bool exchanged = std::fabs(lat1) < std::fabs(lat2);
@@ -469,8 +477,8 @@ GeodesicLine geodesic_between(const GeodesicSeries &g, double lat1, double lon1,
 
 GeodesicEnd geodesic_from(const GeodesicSeries &g, double lat1, double lon1, double azimuth_deg, double distance)
 {
-    const Heading alpha1 = of_degrees(azimuth_deg);
-    const Heading beta1 = reduced_latitude(g.e, lat1);
+    const Heading alpha1 = of_degrees(without_dust(azimuth_deg));
+    const Heading beta1 = reduced_latitude(g.e, without_dust(lat1));
     const double s0 = alpha1.s * beta1.c;
     const double c0 = std::sqrt(alpha1.c * alpha1.c + (alpha1.s * beta1.s) * (alpha1.s * beta1.s));
     const double k2 = g.ep2 * c0 * c0;

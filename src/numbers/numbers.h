@@ -67,7 +67,7 @@ template <class T>
 T reduced_to_360(T degrees)
 {
     const T rest = degrees - 360.0 * floor(degrees / 360.0);
-    return select(rest >= 360.0, 0.0, rest);
+    return select((rest < 0.0) | (rest >= 360.0), 0.0, rest); // below 0: the smallest of all numbers
 }
 
 // ---- views ----

@@ -428,9 +428,11 @@ TEST(Geodesic, ConditionsAndTheDirectProblem)
     EXPECT_NEAR(s, lat, 4e-13);
     EXPECT_NEAR(a, lon, 4e-13);
     const double east = 90.0, back = -kA * 0.017453292519943295;
-    ASSERT_EQ(kl_geod_point(nullptr, &equator, &lon, &east, &back, &s, &a, &b, nullptr), KL_OK);
-    EXPECT_NEAR(a, lon - 1.0, 1e-13);
-    EXPECT_EQ(s, 0.0);
+    for (const double dust : {0.0, 1e-300, -5e-324}) {
+        ASSERT_EQ(kl_geod_point(nullptr, &dust, &lon, &east, &back, &s, &a, &b, nullptr), KL_OK);
+        EXPECT_NEAR(a, lon - 1.0, 1e-13) << dust;
+        EXPECT_EQ(s, 0.0) << dust;
+    }
     LEAVES(kRefused, kl_geod_point(nullptr, &bad_lat, &lon, &north, &quarter, &s, &a, &b, e))
     LEAVES(kRefused, kl_geod_point(nullptr, &lat, &lon, &none, &quarter, &s, &a, &b, e))
     LEAVES(kRefused, kl_geod_point(nullptr, &lat, &lon, &north, &too_far, &s, &a, &b, e))
