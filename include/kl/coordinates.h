@@ -464,9 +464,9 @@ enum {
  * @param[out]    easting   m, 500000 on the central meridian
  * @param[out]    northing  m; 1e7 more in the south
  * @param[out]    ierr      [1] error vector
- * @return KL_OK, or KL_ERR for whatever is refused, NULL too: always bit 0. Bits 1 to 3 are kept for latitude, longitude
- * and zone and are never set
- * Source: L. Krueger's series to order 6, C. F. F. Karney, J. Geodesy 85, 475-485 (2011): 5 nm.
+ * @return KL_OK, or KL_ERR for whatever is refused, NULL too: always bit 0. Bits 1 to 3 are kept for latitude,
+ * longitude and zone and are never set Source: L. Krueger's series to order 6, C. F. F. Karney, J. Geodesy 85, 475-485
+ * (2011): 5 nm.
  */
 KL_API long KL_Coticchia_Surace(kl_model_id *model_id, const double *lat, const double *lon, long *zone, long *north,
                                 double *easting, double *northing, long *ierr);
@@ -567,7 +567,7 @@ KL_API long kl_interpolate_states(const long *n_states, const kl_state_at *state
  *                        end is given too, marked as cut
  * @param[out] ierr       [1] cleared; this function has no public id and sets no bits
  * @return KL_OK; KL_WARN when max was too small, with the first ones found; KL_ERR when f failed or gave a value that
- * is not finite, or for bad input A pair of crossings within one step is found where the parabola through three
+ * is not finite, or for bad input. A pair of crossings within one step is found where the parabola through three
  * neighbours sees it. The function is asked for up to 64 instants at once, in ascending order, on the step's grid, then
  * for single ones between them, at most 200 a crossing and 8 usually. No memory is taken. Source: T. R. Chandrupatla,
  * Adv. Eng. Softw. 28, 145 (1997).
