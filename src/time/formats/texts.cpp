@@ -103,14 +103,14 @@ struct Form {
 template <int N>
 long number(const char *p)
 {
-    long value = 0;
-    bool digits = true;
+    unsigned value = 0;
+    bool others = false;
     for (int i = 0; i < N; ++i) {
-        const int digit = p[i] - '0';
-        digits = digits && digit >= 0 && digit <= 9;
+        const unsigned digit = static_cast<unsigned char>(p[i]) - unsigned{'0'};
+        others |= digit > 9;
         value = 10 * value + digit;
     }
-    return digits ? value : -1;
+    return others ? -1 : static_cast<long>(value);
 }
 
 // A month name, or 0 and 99 as in the texts of the mission limits.
@@ -238,13 +238,28 @@ int read_characters(const Correlation *correlation, const Form &form, long ref, 
 
 // ---- writing ----
 
-// N digits of a value that fits them.
+// 00 to 99.
+struct Pairs {
+    char digits[200];
+};
+constexpr Pairs kPairs = [] {
+    Pairs pairs{};
+    for (int i = 0; i < 100; ++i) {
+        pairs.digits[2 * i] = static_cast<char>('0' + i / 10);
+        pairs.digits[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+}();
+
+// N digits, two at a time, of a value that fits them.
 template <int N>
 void put(char *p, long value)
 {
-    for (int i = N - 1; i >= 0; --i) {
-        p[i] = static_cast<char>('0' + value % 10);
-        value /= 10;
+    static_assert(N % 2 == 0 && N <= 8);
+    auto rest = static_cast<unsigned>(value);
+    for (int i = N - 2; i >= 0; i -= 2) {
+        std::memcpy(p + i, kPairs.digits + 2 * (i > 0 ? rest % 100 : rest), 2);
+        rest /= 100;
     }
 }
 
@@ -255,7 +270,7 @@ void put_month(const Layout &layout, char *p, long month)
     else if (month >= 1 && month <= 12)
         std::memcpy(p, kl_months[month], 3);
     else
-        put<3>(p, month == 0 ? 0 : 999);
+        std::memcpy(p, month == 0 ? "000" : "999", 3);
 }
 
 void write_fields(const Form &form, long ref, const long fields[kFields], char *text)
