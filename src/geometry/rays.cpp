@@ -9,35 +9,77 @@ namespace {
 
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
+template <class T>
+Foot<T> foot_of_any(const Ellipsoid &ellipsoid, const T &p, const T &q)
+{
+    const T r = sqrt(p * p + q * q);
+    Foot<T> foot = foot_from_afar(ellipsoid, p, q, r);
+    const auto rare = !(r >= kFarFromCentre);
+    for (int i = 0; any(rare) && i < lanes_of<T>; ++i)
+        if (lane(rare, i)) {
+            const Foot<double> one = foot_anywhere(ellipsoid, lane(p, i), lane(q, i));
+            set_lane(foot.sine, i, one.sine);
+            set_lane(foot.cosine, i, one.cosine);
+            set_lane(foot.height, i, one.height);
+        }
+    return foot;
+}
+
+template <class T>
+PlaceOf<T> place_at(const Ellipsoid &ellipsoid, const Ray &ray, const T &t)
+{
+    PlaceOf<T> out = {};
+    for (int i = 0; i < 3; ++i)
+        out.point[i] = ray.pos[i] + t * ray.dir[i];
+    const T x = out.point[0];
+    const T y = out.point[1];
+    const T z = out.point[2];
+    const T p = sqrt(x * x + y * y);
+    const Foot<T> foot = foot_of_any(ellipsoid, p, T(fabs(z)));
+    const auto off_axis = p > 0.0;
+    const T divisor = select(off_axis, p, T(1.0));
+    out.s = copysign(foot.sine, z);
+    out.c = foot.cosine;
+    out.sl = select(off_axis, y / divisor, T(0.0));
+    out.cl = select(off_axis, x / divisor, T(1.0));
+    out.height = foot.height;
+    const CurvatureRadii<T> radii = curvature_radii(ellipsoid, foot.sine);
+    out.N = radii.N;
+    out.M = radii.M;
+    return out;
+}
+
 // Slope of the height along the ray, and its change per metre.
+template <class T>
 struct Slope {
-    double d, dd;
+    T d, dd;
 };
 
-Slope slope_at(const Place &at, const double dir[3])
+template <class T>
+Slope<T> slope_at(const PlaceOf<T> &at, const double dir[3])
 {
-    const double outward = dir[0] * at.cl + dir[1] * at.sl;
-    const double up = outward * at.c + dir[2] * at.s;
-    const double north = dir[2] * at.c - outward * at.s;
-    const double east = dir[1] * at.cl - dir[0] * at.sl;
+    const T outward = dir[0] * at.cl + dir[1] * at.sl;
+    const T up = outward * at.c + dir[2] * at.s;
+    const T north = dir[2] * at.c - outward * at.s;
+    const T east = dir[1] * at.cl - dir[0] * at.sl;
     return {up, north * north / (at.M + at.height) + east * east / (at.N + at.height)};
 }
 
+using Pair = Pack<2>; // the way down and the way up
+
 // From t to where the parabola of the height is `height`, on its way down (side -1) or up (side 1); false where it
 // stays above, then to its lowest point.
-bool step_to_height(const Ellipsoid &ellipsoid, const Ray &ray, double height, double side, double *t)
+Mask<2> step_to_height(const Ellipsoid &ellipsoid, const Ray &ray, double height, Pair side, Pair *t)
 {
-    const Place at = place_on(ellipsoid, ray, *t);
-    const Slope slope = slope_at(at, ray.dir);
-    const double g = at.height - height;
-    const double square = slope.d * slope.d - 2.0 * g * slope.dd;
-    if (!(square >= 0.0)) {
-        *t -= slope.d / slope.dd;
-        return false;
-    }
-    const double root = std::sqrt(square);
-    *t += side * slope.d >= 0.0 ? -2.0 * g / (slope.d + side * root) : (side * root - slope.d) / slope.dd;
-    return true;
+    const PlaceOf<Pair> at = place_at(ellipsoid, ray, *t);
+    const Slope<Pair> slope = slope_at(at, ray.dir);
+    const Pair g = at.height - height;
+    const Pair square = slope.d * slope.d - 2.0 * g * slope.dd;
+    const Mask<2> reached = square >= 0.0;
+    const Pair root = side * sqrt(select(reached, square, 0.0));
+    const Pair by = select(side * slope.d >= 0.0, -2.0 * g / (slope.d + root), (root - slope.d) / slope.dd);
+    *t = *t + select(reached, by, -slope.d / slope.dd);
+    return reached;
 }
 
 } // namespace
@@ -82,23 +124,7 @@ long ray_meets_axes(double a, double k, const Ray &ray, double t[2])
 
 Place place_on(const Ellipsoid &ellipsoid, const Ray &ray, double t)
 {
-    Place out = {};
-    for (int i = 0; i < 3; ++i)
-        out.point[i] = ray.pos[i] + t * ray.dir[i];
-    const double x = out.point[0];
-    const double y = out.point[1];
-    const double z = out.point[2];
-    const double p = std::sqrt(x * x + y * y);
-    const Foot<double> foot = foot_of(ellipsoid, p, std::fabs(z));
-    out.s = std::copysign(foot.sine, z);
-    out.c = foot.cosine;
-    out.sl = p > 0.0 ? y / p : 0.0;
-    out.cl = p > 0.0 ? x / p : 1.0;
-    out.height = foot.height;
-    const CurvatureRadii<double> radii = curvature_radii(ellipsoid, foot.sine);
-    out.N = radii.N;
-    out.M = radii.M;
-    return out;
+    return place_at(ellipsoid, ray, t);
 }
 
 // A surface of constant height is no ellipsoid: the one with both axes so much longer is up to 0.21 m off at 150 km. It
@@ -119,14 +145,15 @@ long ray_meets_height(const Ellipsoid &ellipsoid, const Ray &ray, double height,
     } else if (std::isnan(start[1])) {
         start[1] = start[0];
     }
-    for (int i = 0; i < 2; ++i) {
-        bool reached = false;
-        for (int step = 0; step < kSteps; ++step)
-            reached = step_to_height(ellipsoid, ray, height, i == 0 ? -1.0 : 1.0, &start[i]);
-        if (!reached || !std::isfinite(start[i])) {
-            t[0] = t[1] = kNone;
-            return 0;
-        }
+    const double sides[2] = {-1.0, 1.0};
+    Pair at = load<Pair>(start);
+    Mask<2> reached = {};
+    for (int step = 0; step < kSteps; ++step)
+        reached = step_to_height(ellipsoid, ray, height, load<Pair>(sides), &at);
+    store(at, start);
+    if (!all(reached) || !std::isfinite(start[0]) || !std::isfinite(start[1])) {
+        t[0] = t[1] = kNone;
+        return 0;
     }
     t[0] = start[0];
     t[1] = start[1];

@@ -46,12 +46,14 @@ long ray_meets_axes(double a, double k, const Ray &ray, double t[2]);
 long ray_meets_height(const Ellipsoid &ellipsoid, const Ray &ray, double height, double t[2]);
 
 // What a point above the ellipsoid knows of its place.
-struct Place {
-    double point[3];
-    double s, c, sl, cl; // of latitude and longitude
-    double height;       // m
-    double N, M;         // radii of curvature, m
+template <class T>
+struct PlaceOf {
+    T point[3];
+    T s, c, sl, cl; // of latitude and longitude
+    T height;       // m
+    T N, M;         // radii of curvature, m
 };
+using Place = PlaceOf<double>;
 Place place_on(const Ellipsoid &ellipsoid, const Ray &ray, double t);
 
 // The lowest point. False for lines that come within 100 km of the centre of the Earth.
