@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr double kSpeedOfLight = 299792458.0; // m/s
 // On purpose: 0.499 s, a thousandth of the light time over one AU. Only a start; what it misses stays in the result,
 // since there is one refinement and no more.
 constexpr double kFirstGuess = 5.775518304412127e-6; // days
@@ -66,7 +65,7 @@ long seen_sun(Activation &call, kl_model_id *model_id, kl_time_id *time_id, cons
     };
     if (!sun_leaves(tdb->value - kFirstGuess))
         return call.fails(KL_LIGHT_SUN_SUN);
-    const double light_days = distance(*sun, observer) / kSpeedOfLight / KL_SECONDS_PER_DAY;
+    const double light_days = distance(*sun, observer) / KL_SPEED_OF_LIGHT / KL_SECONDS_PER_DAY;
     if (!sun_leaves(tdb->value - light_days))
         return call.fails(KL_LIGHT_SUN_SUN);
 

@@ -19,12 +19,10 @@
 namespace {
 
 // WGS84 (NIMA TR8350.2, 2000) as the published undulation program has it.
-constexpr double kSemiMajorAxis = 6378137.0; // m
-constexpr double kE2 = 0.0066943799901378;   // first eccentricity squared
+constexpr double kE2 = 0.0066943799901378; // first eccentricity squared
 constexpr double kOneMinusE2 = 0.9933056200098622;
 constexpr double kEquatorialGravity = 9.7803253359; // m/s2
 constexpr double kSomigliana = 0.001931852639275089;
-constexpr double kGm = 3.9860044e14;   // m3/s2
 constexpr double kZeroDegree = -0.53;  // m, added to every undulation
 constexpr double kCentimetres = 100.0; // in a metre: CC and CS are in centimetres
 
@@ -65,8 +63,8 @@ Parallel parallel_at(double lat_deg)
 {
     double psi, gravity, radius;
     KL_Radgra(&psi, &gravity, &radius, lat_deg, 0.0, 0.0); // the same on all of the parallel
-    const double ratio = kSemiMajorAxis / radius;
-    return {sine_cosine(KL_PI / 2.0 - psi), kCentimetres * kGm / (gravity * radius) * ratio, ratio};
+    const double ratio = KL_EARTH_EQUATOR / radius;
+    return {sine_cosine(KL_PI / 2.0 - psi), kCentimetres * KL_EARTH_GM / (gravity * radius) * ratio, ratio};
 }
 
 // Points side by side, each on its own parallel. Nothing on the heap.
@@ -288,7 +286,7 @@ void KL_Radgra(double *geocentric_latitude_rad, double *normal_gravity, double *
     const SineCosine latitude = sine_cosine(phi), longitude = sine_cosine(lambda);
     const double sin_phi_2 = latitude.s * latitude.s;
     const double root = std::sqrt(1.0 - kE2 * sin_phi_2);
-    const double n = kSemiMajorAxis / root; // radius of curvature in the prime vertical
+    const double n = KL_EARTH_EQUATOR / root; // radius of curvature in the prime vertical
     const double x = (n + height) * latitude.c * longitude.c;
     const double y = (n + height) * latitude.c * longitude.s;
     const double z = (n * kOneMinusE2 + height) * latitude.s;
@@ -305,7 +303,7 @@ void KL_Hundu(long nmax, const double P[], const double HC[], const double HS[],
               const double cos_ml[], const double CC[], const double CS[], double *correction, double *undulation,
               double normal_gravity, double radius)
 {
-    const double ratio = kSemiMajorAxis / radius;
+    const double ratio = KL_EARTH_EQUATOR / radius;
     double ratio_n = ratio, a = 0.0, ac = 0.0;
     for (long n = 2; n <= nmax; ++n) {
         ratio_n *= ratio;
@@ -321,7 +319,7 @@ void KL_Hundu(long nmax, const double P[], const double HC[], const double HS[],
     }
     ac += CC[0] + P[1] * CC[1] + P[2] * (CC[2] * cos_ml[1] + CS[2] * sin_ml[1]); // degrees 0 and 1
     *correction = ac / kCentimetres;
-    *undulation = a * kGm / (normal_gravity * radius) + *correction + kZeroDegree;
+    *undulation = a * KL_EARTH_GM / (normal_gravity * radius) + *correction + kZeroDegree;
 }
 
 long KL_Geoid_undu(const kl_geoid_input *inputs, double *height_anomaly_correction, double *undulation,

@@ -8,9 +8,9 @@
 #include <cmath>
 #include <cstdint>
 
-constexpr double kArcsecond = 4.848136811095359935899141e-6;    // rad
+constexpr double kArcsecond = KL_RAD_PER_ARCSEC;
 constexpr double kSecondOfTime = 7.272205216643039903848712e-5; // rad
-constexpr double kDaysPerCentury = 36525.0;
+constexpr double kDaysPerCentury = KL_DAYS_PER_CENTURY;
 constexpr double kMjd1900 = 15019.5;      // 1900 January 0.5
 constexpr double kMjd2000 = 51544.5;      // J2000.0
 constexpr double kMjdOfDayZero = 51544.0; // MJD2000 counts from here
@@ -32,7 +32,8 @@ T julian_epoch(T mjd)
     return 2000.0 + (mjd - kMjd2000) / 365.25;
 }
 
-// Correction of the equinox from FK4 to FK5, rad, at a Julian epoch (W. Fricke).
+// Correction of the equinox from FK4 to FK5, rad, at a Julian epoch: W. Fricke, Astron. Astrophys. 107, L13
+// (1982).
 template <class T>
 T equinox_correction(T epoch)
 {

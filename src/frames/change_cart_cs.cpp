@@ -148,6 +148,28 @@ void pad_instants(long n, FrameInstants *out)
         pad(values, n);
 }
 
+// The elements of a block by kernels; `shared`: the one instant of all of them, if there is one. False when they have
+// to go one by one.
+bool change_block(Way *way, const double *shared, FrameInstants *instants, const StateArrays &states)
+{
+    if (states.count == 0)
+        return true;
+    const bool by_b1950 = way->path.any(set_of(kB1950Edge));
+    if (shared != nullptr && (states.count > 1 || by_b1950)) {
+        if (!way->made || !same_number(*shared, way->time))
+            way->make(*shared, sky_at(*way, {instants->days[0], instants->tdb[0]}));
+        change_frames_at_once_kernel()(way->ready, way->path.n, &way->earth, &states);
+        return true;
+    }
+    if (by_b1950)
+        return false;
+    if (instants->has_pole)
+        fill_poles(way->id->correlation, states.count, instants);
+    pad_instants(states.count, instants);
+    change_frames_kernel()(instants, &states);
+    return true;
+}
+
 } // namespace
 
 long kl_change_cart_cs(kl_model_id *model_id, kl_time_id *time_id, const long *calc_mode, const long *cs_in,
@@ -212,23 +234,7 @@ long kl_change_cart_cs_n(kl_model_id *model_id, kl_time_id *time_id, const long 
     StateArrays states = {pos, vel, acc, pos_out, vel_out, acc_out, *calc_mode, place, 0};
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
         bool one_instant = false;
-        if (!fill_instants(way, ref, time, first, count, &left, place, &states.count, &instants, &one_instant))
-            return false;
-        if (states.count == 0)
-            return true;
-        const double shared = time[place[0]];
-        if (one_instant && (states.count > 1 || way.path.any(set_of(kB1950Edge)))) {
-            if (!way.made || !same_number(shared, way.time))
-                way.make(shared, sky_at(way, {instants.days[0], instants.tdb[0]}));
-            change_frames_at_once_kernel()(way.ready, way.path.n, &way.earth, &states);
-            return true;
-        }
-        if (way.path.any(set_of(kB1950Edge)))
-            return false;
-        if (instants.has_pole)
-            fill_poles(way.id->correlation, states.count, &instants);
-        pad_instants(states.count, &instants);
-        change_frames_kernel()(&instants, &states);
-        return true;
+        return fill_instants(way, ref, time, first, count, &left, place, &states.count, &instants, &one_instant)
+               && change_block(&way, one_instant && states.count > 0 ? time + place[0] : nullptr, &instants, states);
     });
 }

@@ -26,11 +26,12 @@ T polynomial_degrees(double c0, double c1, double c2, T d)
     return c0 + 360.0 * fraction + (c1 - 360.0) * d + c2 * d * d;
 }
 
-// Apparent sidereal angle.
+// Apparent sidereal angle: the mean one of 1982, S. Aoki et al., Astron. Astrophys. 105, 359 (1982), as the model
+// record has it, and the equation of the equinoxes.
 template <class T>
 AngleOf<T> sidereal_angle(const EarthModel &earth, T ut1_days, const NutationOf<T> &nutation)
 {
-    constexpr double kDay = 86400.0; // s
+    constexpr double kDay = KL_SECONDS_PER_DAY;
     const double c1 = earth.angle[1];
     const double c2 = earth.angle[2];
     T q[3];
@@ -44,7 +45,7 @@ template <class T>
 AngleOf<T> linear_sidereal_angle(const EarthModel &earth, T ut1_days)
 {
     const double c14 = earth.angle_sim[1];
-    return {reduced_to_360(polynomial_degrees(earth.angle_sim[0], c14, 0.0, ut1_days)), c14 / 86400.0, 0.0};
+    return {reduced_to_360(polynomial_degrees(earth.angle_sim[0], c14, 0.0, ut1_days)), c14 / KL_SECONDS_PER_DAY, 0.0};
 }
 
 // Has the model one? Refused selections leave zeros.

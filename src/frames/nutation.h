@@ -1,4 +1,5 @@
-// Nutation: the nine largest terms of the series, with their derivatives.
+// Nutation: the nine largest terms of the IAU 1980 series (P. K. Seidelmann, Celest. Mech. 27, 79 (1982)), with their
+// derivatives.
 #ifndef KL_SRC_FRAMES_NUTATION_H
 #define KL_SRC_FRAMES_NUTATION_H
 
@@ -9,8 +10,6 @@
 
 inline namespace KL_SET {
 namespace nutation_series {
-
-constexpr double kNutationSecondsPerDay = 86400.0;
 
 // Fundamental arguments, rad: c0 + c1 t + c2 t^2, t days from J2000.0.
 struct NutationArgument {
@@ -43,7 +42,7 @@ constexpr double rate_of(const NutationTerm &term)
 {
     return (term.F * kArgument[kF].c1 + term.D * kArgument[kD].c1 + term.Omega * kArgument[kOmega].c1
             + term.lp * kArgument[kLp].c1 + term.l * kArgument[kL].c1)
-           / kNutationSecondsPerDay;
+           / KL_SECONDS_PER_DAY;
 }
 
 struct NutationRates { // dpsi w, dpsi w^2, deps w, deps w^2 of each term

@@ -26,7 +26,7 @@ void precession_angle(double c1, double c2, double c3, T t, T out[3])
 template <class T>
 PrecessionOf<T> precession_at(T days)
 {
-    const T t = (days - KL_J2000_DAYS) / 36525.0;
+    const T t = (days - KL_J2000_DAYS) / KL_DAYS_PER_CENTURY;
     PrecessionOf<T> angles;
     precession_angle(0.6406161, 0.0000839, 0.0000050, t, angles.zeta);
     precession_angle(0.6406161, 0.0003041, 0.0000051, t, angles.z);

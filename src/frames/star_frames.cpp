@@ -17,11 +17,11 @@ constexpr double kSpin[9] = {
     0.237157969014,     -0.00265181082752, 0.00488930752983, //
     -0.437369076416,    -0.00115125257438, 0.00212517180083,
 };
-constexpr double kRadPerArcsec = 4.84813681109536e-6;
 
 } // namespace
 
-// Equatorial to galactic, and back with the transpose in ten decimals. On purpose: the way back is not the transpose of
+// Equatorial to galactic: pole and node of 1958, A. Blaauw et al., Mon. Not. R. Astron. Soc. 121, 123 (1960), in B1950
+// and carried to J2000.0; and back with the transpose in ten decimals. On purpose: the way back is not the transpose of
 // the way out, from which it differs by up to 5e-11. There and back is the identity to rounding; the lengths of one way
 // alone are true to 1e-10.
 const MatrixRecord kB1950ToGalactic = {0,
@@ -51,10 +51,10 @@ const MatrixRecord kGalacticToJ2000 = {0,
 
 MatrixRecord b1950_to_j2000(double days)
 {
-    const double T = (days - KL_J2000_DAYS) / 36525.0;
+    const double T = (days - KL_J2000_DAYS) / KL_DAYS_PER_CENTURY;
     MatrixRecord m = {2, {}, {}, {}};
     for (int i = 0; i < 9; ++i) {
-        const double per_century = kSpin[i] * kRadPerArcsec;
+        const double per_century = kSpin[i] * KL_RAD_PER_ARCSEC;
         m.r[i] = kOrientation[i] + T * per_century;
         m.dr[i] = per_century / KL_SECONDS_PER_CENTURY;
     }

@@ -95,6 +95,7 @@ double KL_Get_Bessel(double t)
     return (t + 51544.0 - 51544.03) / 365.2422 + 2000.0;
 }
 
+// The conventional seasonal variation of the Bureau International de l'Heure, as IERS Bulletin A gives it.
 double KL_Get_ut2_ut1(double t)
 {
     const double angle = KL_TWO_PI * KL_Get_Bessel(t);

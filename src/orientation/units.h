@@ -4,10 +4,10 @@
 
 #include "numbers/numbers.h"
 
-constexpr double kSecondsPerDay = 86400.0;
-constexpr double kDaysPerCentury = 36525.0;
-constexpr double kRadPerArcsecond = KL_RAD_PER_DEG / 3600.0;
+constexpr double kSecondsPerDay = KL_SECONDS_PER_DAY;
+constexpr double kDaysPerCentury = KL_DAYS_PER_CENTURY;
+constexpr double kRadPerArcsecond = KL_RAD_PER_ARCSEC;
 constexpr double kRadPerMicroarcsecond = kRadPerArcsecond * 1e-6;
-constexpr double kTtMinusTai = 32.184; // s
+constexpr double kTtMinusTai = KL_TT_MINUS_TAI; // s
 
 #endif

@@ -9,9 +9,6 @@
 
 namespace {
 
-constexpr double kGm = 3.9860044e14;       // m3/s2
-constexpr double kEarthRadius = 6378136.0; // m
-
 bool is_meo(long sat_id)
 {
     return sat_id >= KL_FIRST_MEO_ID && sat_id % KL_MEO_PERIOD < KL_MEO_WIDTH;
@@ -54,12 +51,12 @@ long checked_row(const long *sat_id, kl_error_record *error)
 
 double period_of(double semi_major_axis)
 {
-    return KL_TWO_PI / std::sqrt(kGm / (semi_major_axis * semi_major_axis * semi_major_axis));
+    return KL_TWO_PI / std::sqrt(KL_EARTH_GM / (semi_major_axis * semi_major_axis * semi_major_axis));
 }
 
 double earth_radius()
 {
-    return kEarthRadius;
+    return KL_EARTH_GRAVITY_RADIUS;
 }
 
 double largest_axis()
@@ -79,7 +76,7 @@ long get_period(int function_id, const long *sat_id, const double (&axes)[KL_N_S
     if (row < 0)
         return call.fails(KL_PERIOD_SAT_ID);
     double axis = read_cell(axes[row]);
-    if (axis < kEarthRadius) {
+    if (axis < KL_EARTH_GRAVITY_RADIUS) {
         call.warns(KL_PERIOD_BELOW_EARTH_RADIUS);
         axis = substitute();
     }

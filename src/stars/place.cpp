@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double kLight = 299792458.0;                  // m/s
+constexpr double kLight = KL_SPEED_OF_LIGHT;
 constexpr double kDaysPerYear = 365.25;                 // Julian
 constexpr double kSunPotential = 1.97412574336e-8;      // 2 G M / (c^2 AU)
 constexpr double kVelocityToMotion = 0.210949526569698; // km/s times rad of parallax, per Julian year
@@ -76,7 +76,7 @@ void place_of(const Sight &sight, const kl_star &star, double place[3])
     const double north[3] = {-s[1] * c[0], -s[1] * s[0], c[1]};
 
     // Motion in space. The date counts from where the light passes the barycentre.
-    constexpr double kAuInYears = KL_TRUE_AU / (kLight * 86400.0 * kDaysPerYear);
+    constexpr double kAuInYears = KL_TRUE_AU / (kLight * KL_SECONDS_PER_DAY * kDaysPerYear);
     const double parallax = std::max(star.parallax, 0.0) * kRadPerMas;
     const double roemer = sight.light_time ? dot3(p, sight.barycentric) * kAuInYears : 0.0;
     const double years = (sight.tdb - star.epoch) / kDaysPerYear + roemer;

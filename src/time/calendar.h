@@ -6,7 +6,8 @@ struct CalendarDay {
     long year, month, day;
 };
 
-// Whole-number calendar over four-year cycles of 1461 days; January and February count as months 11 and 12 of the year
+// Whole-number calendar over four-year cycles of 1461 days, after H. F. Fliegel and T. C. Van Flandern, Comm. ACM 11,
+// 657 (1968); January and February count as months 11 and 12 of the year
 // before.
 constexpr CalendarDay calendar_of_day(long mjd2000)
 {

@@ -3,11 +3,11 @@
 #define KL_SRC_TIME_INSTANTS_H
 
 #include "kl_family.h"
+#include "numbers/constants.h"
 #include "time/moments.h"
 
 #include <cstdint>
 
-constexpr double KL_SECONDS_PER_DAY = 86400.0;
 constexpr double KL_MICROSECONDS_PER_DAY = 8.64e10;
 constexpr double KL_PROCESSING_FIRST = -18262.0; // 1950-01-01 00:00:00
 constexpr double KL_PROCESSING_LAST = 36524.0;   // 2099-12-31 00:00:00

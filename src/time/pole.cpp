@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr double kRadPerArcsec = KL_RAD_PER_DEG / 3600.0;
-
 bool has_formula(const PoleFormula &formula)
 {
     const auto given = [](double k) { return k != 0.0; };
@@ -38,8 +36,8 @@ Coordinate formula_coordinate(const double k[5], const PoleFormula &formula, dou
 
 Pole in_radians(const Coordinate &x, const Coordinate &y)
 {
-    return {x.value * kRadPerArcsec, y.value * kRadPerArcsec, x.rate * kRadPerArcsec / KL_SECONDS_PER_DAY,
-            y.rate * kRadPerArcsec / KL_SECONDS_PER_DAY};
+    return {x.value * KL_RAD_PER_ARCSEC, y.value * KL_RAD_PER_ARCSEC, x.rate * KL_RAD_PER_ARCSEC / KL_SECONDS_PER_DAY,
+            y.rate * KL_RAD_PER_ARCSEC / KL_SECONDS_PER_DAY};
 }
 
 // Rows i and i + 1 around an instant, and how far it is from the first to the second.
@@ -86,7 +84,7 @@ Pole pole_at(const Correlation &correlation, double ut1_days)
         return {};
     const bool before = ut1_days < correlation.rows[0].ut1;
     const double *end = correlation.row_pole[before ? 0 : correlation.n_rows - 1];
-    return {end[0] * kRadPerArcsec, end[1] * kRadPerArcsec, 0.0, 0.0};
+    return {end[0] * KL_RAD_PER_ARCSEC, end[1] * KL_RAD_PER_ARCSEC, 0.0, 0.0};
 }
 
 void pole_in_arcsec(const Correlation &correlation, double ut1_days, double pole[4])

@@ -4,9 +4,7 @@
 
 namespace {
 
-constexpr double kTtMinusTai = 32.184; // s
-
-// TDB - TAI, days, at an MJD2000 instant of either scale.
+// TDB - TAI, days, at an MJD2000 instant of either scale. The two largest terms: The Astronomical Almanac, section B.
 double tdb_minus_tai(double days)
 {
     // On purpose: g, a mean anomaly in degrees, goes to the sines as if it were radians; the ephemerides are tuned to
@@ -15,7 +13,7 @@ double tdb_minus_tai(double days)
     double s[2];
     double c[2];
     sin_cos_any({g, 2.0 * g}, s, c);
-    return (kTtMinusTai + 0.001658 * s[0] + 0.000014 * s[1]) / KL_SECONDS_PER_DAY;
+    return (KL_TT_MINUS_TAI + 0.001658 * s[0] + 0.000014 * s[1]) / KL_SECONDS_PER_DAY;
 }
 
 } // namespace

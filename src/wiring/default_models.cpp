@@ -1,15 +1,16 @@
 // The wiring of the model record: the one place that knows every routine behind it.
 #include "earth/egm96_tables.h"
 #include "models/model_record.h"
+#include "numbers/constants.h"
 
 const ModelBlocks KL_DEFAULT_BLOCKS = {
-    {0,            // Earth
-     6378136.0,    // gravity reference radius, m
-     3.9860044e14, // GM, m3/s2
+    {0, // Earth
+     KL_EARTH_GRAVITY_RADIUS,
+     KL_EARTH_GM,
      0.001082626,
      -2.536e-06,
      -1.623e-06, // J2, J3, J4
-     6378137.0,
+     KL_EARTH_EQUATOR,
      6356752.3142, // axes of the ellipsoid, m (WGS84)
      0.0818191908426,
      0.0033528106647474805,                       // first eccentricity, flattening
@@ -27,6 +28,6 @@ const ModelBlocks KL_DEFAULT_BLOCKS = {
     {0, KL_Star_place},
     {0, KL_Sim_Nut_Term},
     {0, KL_Precession},
-    {0, 149597870.0}, // km
+    {0, 149597870.0}, // km, IAU 1976
     {0},
 };

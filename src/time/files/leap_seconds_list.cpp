@@ -1,4 +1,5 @@
 // leap-seconds.list of the IERS and of NTP: rows "NTP seconds, TAI-UTC", an expiry, and a hash over them.
+#include "numbers/constants.h"
 #include "time/files/lines.h"
 #include "time/files/sha1.h"
 
@@ -9,11 +10,10 @@ namespace time_files {
 namespace {
 
 constexpr double kNtpEpochMjd = 15020.0; // 1900-01-01
-constexpr double kSecondsPerDay = 86400.0;
 
 double day_of_ntp(double seconds)
 {
-    return kNtpEpochMjd + seconds / kSecondsPerDay - kMjd2000;
+    return kNtpEpochMjd + seconds / KL_SECONDS_PER_DAY - kMjd2000;
 }
 
 bool read_ntp(const Line &line, std::string_view field, double *utc, Finding *finding)
