@@ -2,7 +2,10 @@
 // label, octets an element, ns of the scalar call, of the array, of the array on two threads, of the rival (0: none).
 //
 //     arrays [N [NAME]]        all rows, or those whose form is named, over N elements (a million)
-//     arrays count NAME N      the array call alone, once, for counting its instructions
+//     arrays count ROW N       the array call of a row alone, once, for counting its instructions; N below 0: the
+//     inputs
+//                              of -N elements, and no call
+//     arrays copy              gigabytes a second that a copy reads and writes
 #include "support/every_array.h"
 
 #include <algorithm>
@@ -370,9 +373,15 @@ int main(int argc, char **argv)
         for (const auto &[name, value] : row.selectors)
             w.selectors[name] = value;
         const long n = std::atol(argv[3]);
-        Bench bench(*form_of(row.form), w, n, row.instants, row.instants == Instants::in_runs);
-        bench.all(0, n);
+        Bench bench(*form_of(row.form), w, std::abs(n), row.instants, row.instants == Instants::in_runs);
+        if (n > 0)
+            bench.all(0, n);
         std::puts(row.form);
+    } else if (argc == 2 && std::strcmp(argv[1], "copy") == 0) {
+        const std::size_t octets = 64 << 20;
+        Bytes from(octets, 1), to(octets, 2);
+        const double seconds = shortest([&] { std::memcpy(to.data(), from.data(), octets); });
+        std::printf("%.2f\n", 2e-9 * static_cast<double>(octets) / seconds);
     } else {
         const long n = argc > 1 ? std::atol(argv[1]) : 1000000;
         for (const Row &row : kRows)

@@ -22,3 +22,4 @@ bench/callgrind.sh >"$results/instructions.txt"
 build/bench/bench/threads >"$results/threads.txt"
 bench/report.py "$results" >docs/performance.md
 /usr/bin/python3 bench/time_files.py build/bench/libKitLib.so >>docs/performance.md # Debian's modules belong to it
+bench/arrays.py

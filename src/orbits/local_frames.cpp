@@ -1,5 +1,6 @@
 #include "orbits/local_frames.h"
 
+#include "numbers/numbers.h"
 #include "orbits/local_axes.h"
 #include "orbits/plane.h"
 
@@ -10,7 +11,6 @@ bool local_orbital_frame(long kind, const double pos[3], const double vel[3], co
 {
     double h[3];
     cross(pos, vel, h);
-    if (!spans_plane(std::sqrt(dot3(pos, pos)), std::sqrt(dot3(vel, vel)), std::sqrt(dot3(h, h))))
-        return false;
-    return local_axes(kind, pos, vel, acc, r, dr) > 0.0;
+    return spans_plane(std::sqrt(dot3(pos, pos)), std::sqrt(dot3(vel, vel)), std::sqrt(dot3(h, h)))
+           && local_axes(kind, pos, vel, acc, r, dr) > 0.0;
 }
