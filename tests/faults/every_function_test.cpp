@@ -73,7 +73,7 @@ bool says_more_than_there_is(const PublicCall &f, const BadArgument &bad)
     const std::string name = f.name;
     const bool count = (name == "kl_geoid_grid" && (bad.position == 3 || bad.position == 5))
                        || (name == "kl_time_ref_init_file" && bad.position == 1)
-                       || (name == "kl_time_id_init" && bad.position == 0);
+                       || ((name == "kl_time_id_init" || name == "kl_interpolate_states") && bad.position == 0);
     return count && bad.kind != 0 && *bad.integers() > 0;
 }
 
