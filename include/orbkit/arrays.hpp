@@ -5,9 +5,12 @@
 #ifndef ORBKIT_ARRAYS_HPP
 #define ORBKIT_ARRAYS_HPP
 
-#include "lib_func.hpp"
 #include "column.hpp"
-#include "time.hpp"
+#include "lib_error.hpp"
+#include "model_id.hpp"
+#include "run_id.hpp"
+#include "time_id.hpp"
+#include "types.hpp"
 
 namespace ORBKIT {
 
