@@ -247,13 +247,13 @@ KL_API long kl_time_ascii_to_processing(kl_time_id *time_id, const long *ascii_i
  *     clock  = hhnnss [ six digits ]
  *     blanks = any number of blanks, tabs, carriage returns and line feeds
  *
- * These are all layouts of KL_ASCII_*, with the beginning- and end-of-mission texts, and the CCSDS codes A and B. Fields
- * have all their digits; nothing else is guessed: a date alone, a clock without seconds, 1/2/2020, 01-02-2020, a comma,
- * +01:00 and two-digit years are refused, and month and day are never exchanged. Z is UTC. A scale or a Z wins over
- * time_ref_default; both together must agree (PREFIX_REF_ERR). Decimals are rounded to the microsecond, halves up, and
- * carried: UTC 23:59:59.9999995 is the next midnight, or 23:59:60 where the day ends with a leap second. What follows
- * the clock is TOO_LONG_ERR, a dot without digits MICROSECOND_ERR, a wrong day of the year DAY_ERR; 2100, which a
- * rounding may reach, is YEAR_ERR.
+ * These are all layouts of KL_ASCII_*, with the beginning- and end-of-mission texts, and the CCSDS codes A and B.
+ * Fields have all their digits; nothing else is guessed: a date alone, a clock without seconds, 1/2/2020, 01-02-2020, a
+ * comma, +01:00 and two-digit years are refused, and month and day are never exchanged. Z is UTC. A scale or a Z wins
+ * over time_ref_default; both together must agree (PREFIX_REF_ERR). Decimals are rounded to the microsecond, halves up,
+ * and carried: UTC 23:59:59.9999995 is the next midnight, or 23:59:60 where the day ends with a leap second. What
+ * follows the clock is TOO_LONG_ERR, a dot without digits MICROSECOND_ERR, a wrong day of the year DAY_ERR; 2100, which
+ * a rounding may reach, is YEAR_ERR.
  *
  * @code{.c}
  * const long scale = KL_TIME_UTC, processing = KL_PROC;

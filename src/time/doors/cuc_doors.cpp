@@ -1,6 +1,6 @@
 // The CCSDS unsegmented time code: whole seconds and a binary fraction since an epoch, with or without its P-field.
-#include "time/clocks/cuc.h"
 #include "arrays/array_call.h"
+#include "time/clocks/cuc.h"
 #include "time/doors/checks.h"
 
 #include <cmath>
