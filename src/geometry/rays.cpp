@@ -7,14 +7,18 @@
 
 namespace {
 
+constexpr double kFarthest = 1e75; // m: the fourth power of a length is a number
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 template <class T>
 Foot<T> foot_of_any(const Ellipsoid &ellipsoid, const T &p, const T &q)
 {
     const T r = sqrt(p * p + q * q);
-    Foot<T> foot = foot_from_afar(ellipsoid, p, q, r);
-    const auto rare = !(r >= kFarFromCentre);
+    const auto far = (r >= kFarFromCentre) & (r < kFarthest);
+    const auto rare = !far;
+    const T stand_in = kFarFromCentre; // no division by zero in lanes that are not used
+    Foot<T> foot =
+        foot_from_afar(ellipsoid, select(far, p, stand_in), select(far, q, T(0.0)), select(far, r, stand_in));
     for (int i = 0; any(rare) && i < lanes_of<T>; ++i)
         if (lane(rare, i)) {
             const Foot<double> one = foot_anywhere(ellipsoid, lane(p, i), lane(q, i));
@@ -175,6 +179,8 @@ bool lowest_point(const Ellipsoid &ellipsoid, const Ray &ray, double *t, Place *
         if (!(dot3(place->point, place->point) >= kCore * kCore))
             return false;
         const Slope slope = slope_at(*place, ray.dir);
+        if (slope.dd == 0.0)
+            return false; // from so far away the ray has no bend
         const double by = slope.d / slope.dd;
         *t -= by;
         if (std::fabs(by) < kEnough)
