@@ -149,7 +149,8 @@ double root_between(const Polynomial &f, double low, double high, bool rising, d
             low = x;
         else
             high = x;
-        double next = x - at.p * at.d1 / (at.d1 * at.d1 - at.p * at.d2); // Halley
+        const double slope = at.d1 * at.d1 - at.p * at.d2;
+        double next = slope != 0.0 ? x - at.p * at.d1 / slope : low; // Halley
         if (!(next > low && next < high)) {
             // A step onto an end is one of rounding, unless the end is still far.
             if (std::fabs(next - x) <= 4.0 * kUnit * std::fabs(x))
@@ -201,7 +202,10 @@ double root_near(const Polynomial &f, double x)
 {
     for (int step = 0; step < 4; ++step) {
         const Taylor at = taylor_at(f, x);
-        const double by = at.p * at.d1 / (at.d1 * at.d1 - at.p * at.d2);
+        const double slope = at.d1 * at.d1 - at.p * at.d2;
+        if (slope == 0.0)
+            break;
+        const double by = at.p * at.d1 / slope;
         if (!(std::fabs(by) <= 1e-3 * std::fabs(x)))
             break; // a multiple one, lost in rounding
         x -= by;
@@ -222,7 +226,7 @@ double start_beyond(const Polynomial &f, const Mark &turning, double side)
 {
     const double curvature = taylor_at(f, turning.x).d2;
     const double by_leading = rough_root(std::fabs(turning.p / f.c[f.order]), f.order);
-    const double square = -turning.p / curvature;
+    const double square = curvature != 0.0 ? -turning.p / curvature : 0.0;
     const double way = square > 0.0 && square < by_leading * by_leading ? std::sqrt(square) : by_leading;
     return turning.x + side * way;
 }
@@ -242,7 +246,7 @@ double start_on_the_line(const Polynomial &f)
     const double x = -f.c[2] / (3.0 * f.c[3]);
     const Taylor at = taylor_at(f, x);
     const double by_leading = rough_root(std::fabs(at.p / f.c[3]), 3);
-    const double way = std::min(std::fabs(at.p / at.d1), by_leading);
+    const double way = at.d1 != 0.0 ? std::min(std::fabs(at.p / at.d1), by_leading) : by_leading;
     return (at.p < 0.0) == (f.c[3] > 0.0) ? x + way : x - way;
 }
 
