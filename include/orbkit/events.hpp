@@ -2,7 +2,7 @@
  * @file events.hpp
  * Passes, eclipses, rise and set of the Sun, node crossings: instants at which a function of time crosses zero, found
  * by kl_find_crossings to a microsecond. Nothing is missed that lasts longer than the step; what goes on at an end of
- * the span is cut there and says so.
+ * the span is cut there and says so. Instants are told in the scale of the span's start.
  *
  * An orbit is any function from an instant to a StateVector: see orbits.hpp for two. What such a function throws comes
  * out as a KitError.
@@ -14,6 +14,7 @@
 #include "orbits.hpp"
 #include "sun.hpp"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <functional>
@@ -90,8 +91,8 @@ enum class Edge : long { penumbra = 1, centre = 0, umbra = -1 };
  * @param function  of the instant
  * @param span      where to look
  * @param step      nothing that lasts longer is missed
- * @throws KitError for an empty span, a step of nothing, instants of different correlations; for what the function
- *                  throws, with its words
+ * @throws KitError for an empty span, a step of nothing, instants of different correlations; where the function is no
+ *                  number; for what the function throws, with its words
  */
 template <class Function>
 std::vector<Crossing> when(Function function, const Span &span, Time::Duration step = std::chrono::minutes(1))

@@ -56,7 +56,7 @@ public:
     static Rotation fromAngles(const Vector &angles)
     {
         Rotation out;
-        if (kl_euler_to_matrix(angles.data(), out.matrix_.data(), nullptr) == KL_ERR)
+        if (kl_euler_to_matrix(angles.data(), out.matrix_.data(), nullptr) == KL_ERR || !std::isfinite(out.matrix_[0]))
             throw_messages({"The angles must be numbers.", "Rotation::fromAngles"});
         return out;
     }

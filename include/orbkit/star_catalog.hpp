@@ -52,12 +52,11 @@ public:
         kl_star *stars = nullptr;
         kl_radec *places = nullptr;
         long ierr[1] = {0};
-        throw_unless_ok("StarCatalog::window",
-                        kl_star_catalog(model.getId(), time.id(), file_.c_str(), &window, &what, &cs, &ref, &days, &n,
-                                        &stars, &places, ierr),
-                        KL_ID_FUNC_STAR_CATALOG, ierr);
-        const Owner<kl_star> star_owner(stars);
+        const long status = kl_star_catalog(model.getId(), time.id(), file_.c_str(), &window, &what, &cs, &ref, &days,
+                                            &n, &stars, &places, ierr);
+        const Owner<kl_star> star_owner(stars); // before a warning is thrown
         const Owner<kl_radec> place_owner(places);
+        throw_unless_ok("StarCatalog::window", status, KL_ID_FUNC_STAR_CATALOG, ierr);
         std::vector<Place> out;
         out.reserve(static_cast<std::size_t>(n));
         for (long i = 0; i < n; ++i)
@@ -73,7 +72,12 @@ public:
                       models);
     }
 
-    /** Those up to a magnitude within a radius, deg, of a direction in the frame. */
+    /**
+     * Those up to a magnitude within a radius of a direction in the frame.
+     *
+     * @param axis    ra and dec, deg; the others are not looked at
+     * @param radius  deg; 0 is no cone but the whole sky
+     */
     std::vector<Place> around(const kl_radec &axis, double radius, double magnitude, const Time &time,
                               Frame frame = Frame::GM2000, Borrowed<ModelId> models = {}) const
     {

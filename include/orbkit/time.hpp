@@ -23,7 +23,8 @@ namespace ORBKIT {
  * meant.
  *
  * Instants compare and subtract across scales and leap seconds: they are kept in TAI, where seconds have no gaps. Two
- * that come from different correlations do neither: that is a KitError. So is an instant outside 1950 to 2099.
+ * that come from different correlations do neither: that is a KitError. TimeCorrelation::builtIn() makes another one at
+ * each call: leave it out, or keep one for all instants. An instant outside 1950 to 2099 is a KitError too.
  *
  * @code{.cpp}
  * using namespace std::chrono_literals;
@@ -233,7 +234,7 @@ public:
     }
     TimeText text(TextFormat format = TextFormat::iso) const { return text(format, scale_); }
 
-    /** A transport record. */
+    /** A transport record; formats 41 and 42 take Scale::GPS only. */
     TransportTime transport(TransportFormat format, Scale scale) const
     {
         const long transport = KL_TRANS_0;
@@ -304,7 +305,10 @@ public:
         tai_ += count;
         return *this;
     }
-    Time &operator-=(Duration duration) { return *this += -duration; }
+    Time &operator-=(Duration duration)
+    {
+        return *this += duration == Duration::min() ? Duration::max() : -duration; // both are refused
+    }
     friend Time operator+(Time time, Duration duration) { return time += duration; }
     friend Time operator+(Duration duration, Time time) { return time += duration; }
     friend Time operator-(Time time, Duration duration) { return time -= duration; }

@@ -100,6 +100,7 @@ TEST(TimeValue, TakesWhatPeopleType)
     EXPECT_THROW(Time(std::string("2026-06-21T08:24:00\0.5", 22)), KitError);
     throws("between 1950 and 2099", [] { return Time() + std::chrono::hours(24 * 366 * 1000); });
     throws("between 1950 and 2099", [] { return Time() - Time::Duration::max(); });
+    throws("between 1950 and 2099", [] { return Time() - Time::Duration::min(); }); // whose negative there is not
 }
 
 TEST(Values, DoNotMixCorrelationsAndNeedAnInstantForAnotherFrame)
@@ -156,6 +157,16 @@ TEST(StateValue, ComesBackFromWhatItBecomes)
 }
 
 // One call for all has the bits of a call for each.
+// Nothing may leak (seen by the sanitizer): the stars are there when the warning is.
+TEST(StarCatalogValue, IsFreedWhenItsWarningIsThrown)
+{
+    const ORBKIT::TimeCorrelation old = ORBKIT::TimeCorrelation::builtIn(ORBKIT::TimeWindow{6000.0, 6400.0});
+    const Time time("2026-06-21T00:00:00", Scale::TAI, old);
+    KitClass::throwWarn = true;
+    throws("StarCatalog::window", [&] { ORBKIT::StarCatalog().brighterThan(3.0, time, Frame::TOD); });
+    KitClass::throwWarn = false;
+}
+
 TEST(StateVectors, AreTheirStates)
 {
     ORBKIT::StateVectors states(Frame::TOD);
@@ -300,6 +311,8 @@ TEST(RotationValue, ComposesInTheOrderOfItsNames)
         EXPECT_NEAR(back[i], v[i], 2e-15);
         EXPECT_NEAR(by_quaternion(v)[i], a_to_b(v)[i], 5e-15);
     }
+    for (const ORBKIT::Vector &angles : {ORBKIT::Vector{NAN, 0, 0}, {0, NAN, 0}, {0, 0, INFINITY}})
+        throws("must be numbers", [&] { ORBKIT::Rotation::fromAngles(angles); });
 }
 
 } // namespace
