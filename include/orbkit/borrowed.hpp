@@ -27,7 +27,8 @@ inline const ModelId &default_models()
 
 /**
  * A correlation or models that a value borrows: they must outlive it, so that a temporary does not compile. None means
- * the default.
+ * the default. What is borrowed is the object at its address, as it is when the value is used: moved from it is empty,
+ * initialised anew it is another one, and a copy of a record that holds both still borrows from the first record.
  *
  * @code{.cpp}
  * const ORBKIT::TimeCorrelation mine({37.0 / 86400.0, 0.0, 0.0, 18.0 / 86400.0});

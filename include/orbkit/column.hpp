@@ -16,7 +16,8 @@ namespace ORBKIT {
 
 /**
  * Elements one after the other that belong to somebody else: of a std::vector, a std::array, a C array, or from a
- * pointer on. Nothing is copied; the elements must stay while the call lasts. Without elements it stands for NULL.
+ * pointer on. Nothing is copied; the elements must stay while the call lasts, so it is for arguments: in a variable it
+ * outlives a temporary. Without elements it stands for NULL.
  */
 template <typename T>
 class Column {

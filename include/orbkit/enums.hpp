@@ -75,7 +75,7 @@ enum class TextFormat : long {
     iso = KL_ASCII_43 /**< yyyy-mm-ddThh:nn:ss.uuuuuu */
 };
 
-/** Transport formats, KL_TRANS_0 to KL_TRANS_42. */
+/** Transport formats, KL_TRANS_0 to KL_TRANS_42; their fields stand there. Weeks and seconds of GPS: 31, 41, 42. */
 enum class TransportFormat : long {
     days_seconds = KL_TRANS_0,
     format_11 = KL_TRANS_11,

@@ -34,7 +34,7 @@ public:
     IersFrame frame() const { return frame_; }
     const Time &time() const { return time_; }
 
-    /** The same state in another frame of the conventions. */
+    /** The same state in another frame of the conventions. NaN goes through. */
     IersState in(IersFrame frame, EopCorrections corrections = EopCorrections::all) const
     {
         IersState out = *this;

@@ -22,7 +22,9 @@ using ::KitError;
 /**
  * The failure of one call of this library, as a KitError carries it: the operation, and the error vector of the call,
  * of which it keeps a copy. A failure is thrown when the status is KL_ERR, and for KL_WARN when KitClass::throwWarn is
- * set; otherwise warnings are dropped.
+ * set; otherwise warnings are dropped. Functions without a public id have no words of their own: the classes then throw
+ * some, and the operation stands behind them instead of before. A call that is refused with a clear vector (an array
+ * that is missing, a run that is not open) leaves the operation alone.
  *
  * @code{.cpp}
  * try {

@@ -78,7 +78,7 @@ public:
     }
     const ModelId &models() const { return models_ != nullptr ? *models_ : default_models(); }
 
-    /** The same point in another frame of the chain. */
+    /** The same point in another frame of the chain. NaN goes through. */
     Position in(Frame frame) const
     {
         Position out = *this;

@@ -129,7 +129,7 @@ public:
     const ModelId &models() const { return place_.models(); }
     const Position &position() const { return place_; }
 
-    /** The same state in another frame of the chain. */
+    /** The same state in another frame of the chain. NaN goes through. */
     StateVector in(Frame frame) const
     {
         StateVector out = *this;
@@ -152,7 +152,10 @@ public:
         return out;
     }
 
-    /** Keplerian elements of the state as it stands: its frame must be inertial, Frame::TOD for mean ones. */
+    /**
+     * Keplerian elements of the state as it stands: its frame must be inertial, Frame::TOD for mean ones. Nothing
+     * checks it: in Frame::EF they are numbers without a meaning.
+     */
     kl_kepler kepler(Elements kind = Elements::osculating) const
     {
         const long of = number(kind);

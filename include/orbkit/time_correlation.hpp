@@ -90,7 +90,7 @@ public:
     /**
      * From files of any kind together; the formats are those of kl_time_ref_init_file.
      *
-     * @param files            their names
+     * @param files            their names; none: as builtIn
      * @param window           only the rows around it
      * @param report           what was found, also when it throws; or null
      * @param by_formula_after after the table by the formula of a Bulletin A instead of the last row

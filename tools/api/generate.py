@@ -610,7 +610,8 @@ inline long told(const char *operation, long status, long public_id, const long 
  * The functions of kl/arrays.h over columns: vectors, arrays or pointers with a length, without a copy. They are as long
  * as the first or empty where C takes NULL; a result may lie on an input of the same shape. With a column of statuses
  * nothing is thrown: they tell which elements failed, and what failed is NaN, zero or empty. Without one a failed element
- * throws a KitError, after all were computed. Texts stand a width apart.
+ * throws a KitError, after all were computed; columns of different lengths are a std::invalid_argument before anything
+ * is. Texts stand a width apart.
  */
 // clang-format off
 class Arrays {{
