@@ -54,8 +54,9 @@ public:
         const long mode = KL_CALC_POS_VEL;
         kl_topocentric out{};
         long ierr[1] = {0};
-        if (kl_ef_to_topocentric(models().getId(), &mode, &place_, pos.data(), vel.data(), &out, ierr) == KL_ERR)
-            throw_messages({"The station or the position is out of range.", "GroundStation::sees"});
+        throw_unless_ok("GroundStation::sees",
+                        kl_ef_to_topocentric(models().getId(), &mode, &place_, pos.data(), vel.data(), &out, ierr),
+                        "The station or the position is out of range.");
         return out;
     }
 

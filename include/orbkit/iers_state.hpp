@@ -47,10 +47,10 @@ public:
         const double days = time_.taiDays();
         Vector acc{};
         long ierr[1] = {0};
-        if (kl_iers_change(time_.id(), &what, &mode, &from, &to, &ref, &days, pos_.data(), vel_.data(), nullptr,
-                           out.pos_.data(), out.vel_.data(), acc.data(), ierr)
-            == KL_ERR)
-            throw_messages({"The state or its instant is out of range.", "IersState::in"});
+        throw_unless_ok("IersState::in",
+                        kl_iers_change(time_.id(), &what, &mode, &from, &to, &ref, &days, pos_.data(), vel_.data(),
+                                       nullptr, out.pos_.data(), out.vel_.data(), acc.data(), ierr),
+                        "The state or its instant is out of range.");
         return out;
     }
 

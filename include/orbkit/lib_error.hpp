@@ -83,6 +83,15 @@ inline void throw_unless_ok(const char *operation, long status, long public_id, 
         throw_lib_error(operation, status, public_id, ierr);
 }
 
+/** The same rule after a function without a public id, whose errors get these words. */
+inline void throw_unless_ok(const char *operation, long status, const char *words)
+{
+    constexpr long kNoFunction = 40; // decodes to no messages
+    if (status == KL_ERR)
+        throw_messages({words, operation});
+    throw_unless_ok(operation, status, kNoFunction, nullptr);
+}
+
 } // namespace ORBKIT
 
 #endif

@@ -99,10 +99,10 @@ public:
         StateVector out({}, {}, Frame::EF, time, models);
         const long mode = KL_CALC_POS_VEL;
         long ierr[1] = {0};
-        if (kl_topocentric_to_ef(station.models().getId(), &mode, &station.geodetic(), &seen, out.place_.pos_.data(),
-                                 out.vel_.data(), ierr)
-            == KL_ERR)
-            throw_messages({"The station or the direction is out of range.", "StateVector::fromStation"});
+        throw_unless_ok("StateVector::fromStation",
+                        kl_topocentric_to_ef(station.models().getId(), &mode, &station.geodetic(), &seen,
+                                             out.place_.pos_.data(), out.vel_.data(), ierr),
+                        "The station or the direction is out of range.");
         return out;
     }
 

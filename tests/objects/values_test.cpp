@@ -157,14 +157,28 @@ TEST(StateValue, ComesBackFromWhatItBecomes)
 }
 
 // One call for all has the bits of a call for each.
-// Nothing may leak (seen by the sanitizer): the stars are there when the warning is.
-TEST(StarCatalogValue, IsFreedWhenItsWarningIsThrown)
+// Outside the rows of a correlation, and straight above a station. Nothing may leak (seen by the sanitizer): the stars
+// are there when the warning is.
+TEST(Values, ThrowWarningsWhereTheSwitchSaysSo)
 {
     const ORBKIT::TimeCorrelation old = ORBKIT::TimeCorrelation::builtIn(ORBKIT::TimeWindow{6000.0, 6400.0});
     const Time time("2026-06-21T00:00:00", Scale::TAI, old);
-    KitClass::throwWarn = true;
-    throws("StarCatalog::window", [&] { ORBKIT::StarCatalog().brighterThan(3.0, time, Frame::TOD); });
-    KitClass::throwWarn = false;
+    const ORBKIT::IersState state({7e6, 0, 0}, {0, 7e3, 0}, ORBKIT::IersFrame::GCRS, time);
+    const ORBKIT::GroundStation station(0.0, 0.0, 0.0);
+    kl_topocentric zenith{};
+    zenith.elevation = 90.0;
+    zenith.range = 1e6;
+    for (const bool warn : {true, false}) { // the warning of the stars comes once
+        const auto tries = [&](const char *words, auto call) {
+            warn ? throws(words, call) : static_cast<void>(call());
+        };
+        KitClass::throwWarn = warn;
+        tries("StarCatalog::window", [&] { return ORBKIT::StarCatalog().brighterThan(3.0, time, Frame::TOD); });
+        tries("IersState::in", [&] { return state.in(ORBKIT::IersFrame::ITRS); });
+        tries("GroundStation::sees", [&] { return station.sees({8e6, 0, 0}, {0, 7e3, 0}); });
+        tries("StateVector::fromStation", [&] { return StateVector::fromStation(station, zenith); });
+        KitClass::throwWarn = false;
+    }
 }
 
 TEST(StateVectors, AreTheirStates)
