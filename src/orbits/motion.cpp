@@ -91,5 +91,9 @@ bool interpolate(const kl_state_at *states, long n, double time, Interpolated *o
         square += last * last;
     }
     out->error = std::sqrt(square);
-    return true;
+    // Instants at the ends of the range of numbers, or nearly equal, leave no polynomial.
+    double sum = out->error;
+    for (int axis = 0; axis < 3; ++axis)
+        sum += std::fabs(out->pos[axis]) + std::fabs(out->vel[axis]);
+    return std::isfinite(sum);
 }

@@ -147,6 +147,12 @@ TEST(InterpolatedStates, AreRefusedWhereNoneIs)
     std::vector<kl_state_at> spoilt = good.states;
     spoilt[3].time = spoilt[2].time;
     EXPECT_EQ(status(spoilt, 150.0), KL_ERR);
+    spoilt = {good.states[0], good.states[1]};
+    for (const double end : {5e-324, 1e-310, 1.7e308}) { // no polynomial in numbers
+        spoilt[0].time = end > 1.0 ? -end : 0.0;
+        spoilt[1].time = end;
+        EXPECT_EQ(status(spoilt, 0.0), KL_ERR) << end;
+    }
     spoilt = good.states;
     spoilt[3].vel[1] = kNan;
     EXPECT_EQ(status(spoilt, 150.0), KL_ERR);
