@@ -1,6 +1,8 @@
 // The choice of a kernel.
 #include "earth/geoid_kernel.h"
 
+#include "numbers/kernels.h"
+
 namespace {
 
 #ifdef KL_GEOID_X86_KERNELS
@@ -13,18 +15,6 @@ bool has_avx512()
     return __builtin_cpu_supports("avx512f");
 }
 #endif
-
-// Set before any constructor runs; made wider by ours.
-GeoidKernel widest = geoid_sums_baseline;
-
-__attribute__((constructor)) void choose_kernel()
-{
-    for (long number = 2; number > 0; --number)
-        if (const GeoidKernel kernel = geoid_kernel(number)) {
-            widest = kernel;
-            return;
-        }
-}
 
 } // namespace
 
@@ -44,5 +34,9 @@ GeoidKernel geoid_kernel(long number)
 
 GeoidKernel widest_geoid_kernel()
 {
-    return widest;
+    static_assert(kKernelsAvx2 == 1 && kKernelsAvx512 == 2);
+    for (long number = kernel_set; number > 0; --number)
+        if (const GeoidKernel kernel = geoid_kernel(number))
+            return kernel;
+    return geoid_sums_baseline;
 }

@@ -38,7 +38,7 @@ void geoid_sums_avx512(const double *packed, int max_degree, double cos_theta, d
 // Kernel by number: 0 the baseline of the build, 1 AVX2, 2 AVX-512; null where the machine or the build has none.
 GeoidKernel geoid_kernel(long number);
 
-// The widest one of this machine, chosen when the library is loaded.
+// That of the instruction set in use (numbers/kernels.h), or the widest one below it that the build has.
 GeoidKernel widest_geoid_kernel();
 
 #ifdef KL_GEOID_VECTOR_BYTES // the translation units of the kernels: one vector width each
