@@ -6,6 +6,7 @@
 
 #include "state_vector.hpp"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -135,10 +136,10 @@ public:
         std::vector<kl_topocentric> out(size());
         const Call call(*this);
         const long mode = KL_CALC_POS_VEL;
-        call.finish("StateVectors::seenFrom",
-                    kl_ef_to_topocentric_n(station.models().getId(), &call.n, &mode, &station.geodetic(), plain(pos_),
-                                           plain(vel_), out.data(), call.status, call.ierr),
-                    KL_ID_FUNC_CART_TO_GEOD);
+        if (kl_ef_to_topocentric_n(station.models().getId(), &call.n, &mode, &station.geodetic(), plain(pos_),
+                                   plain(vel_), out.data(), call.status, call.ierr)
+            == KL_ERR) // without a public id: no messages
+            throw_messages({"The station or a position is out of range.", "StateVectors::seenFrom", call.failed()});
         return out;
     }
 
@@ -174,17 +175,21 @@ private:
             statuses.resize(states.size());
             status = statuses.data();
         }
+        // The first state that failed, in words.
+        std::string failed() const
+        {
+            const auto first = std::find(statuses.begin(), statuses.end(), long{KL_ERR}) - statuses.begin();
+            return "State " + std::to_string(first) + " of " + std::to_string(statuses.size());
+        }
         void finish(const char *operation, long result, long public_id) const
         {
             if (result == KL_ERR)
-                for (std::size_t i = 0; i < statuses.size(); ++i)
-                    if (statuses[i] == KL_ERR)
-                        try {
-                            throw_lib_error(operation, result, public_id, ierr);
-                        } catch (KitError &error) {
-                            error.addMsg("State " + std::to_string(i) + " of " + std::to_string(statuses.size()));
-                            throw;
-                        }
+                try {
+                    throw_lib_error(operation, result, public_id, ierr);
+                } catch (KitError &error) {
+                    error.addMsg(failed());
+                    throw;
+                }
             throw_unless_ok(operation, result, public_id, ierr);
         }
         long n;

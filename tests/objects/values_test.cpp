@@ -205,6 +205,9 @@ TEST(StateVectors, AreTheirStates)
     EXPECT_TRUE(ORBKIT::StateVectors(Frame::TOD).in(Frame::EF).geodetic().empty());
     states.add({0, 0, 0}, {0, 0, 0}, kEpoch + 4h);
     throws("State 148 of 149", [&] { states.kepler(); });
+    ORBKIT::StateVectors far(Frame::EF);
+    far.add({1e300, 0, 0}, {0, 0, 0}, kEpoch);
+    throws("a position is out of range", [&] { far.seenFrom(station); });
 }
 
 TEST(Orbits, InterpolatedStatesAreTheMotionAndEndWhereTheyEnd)
