@@ -1,7 +1,7 @@
 // The frame chain: frames, the edges between them, and the walk along edges on plain values.
 //
-// A new frame is a row of kEdge, its kind and what prepare() makes of the kind; ways and sets of edges follow from the
-// table.
+// A new frame is a row of kEdge and its kind, with what turns_of() or make_ready() makes of it; ways and sets of edges
+// follow from the table.
 #ifndef KL_SRC_FRAMES_CHAIN_H
 #define KL_SRC_FRAMES_CHAIN_H
 
