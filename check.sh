@@ -5,7 +5,7 @@
 set -eu
 cd "$(dirname "$0")"
 tools/install_missing.sh g++ cmake ninja-build libgtest-dev liberfa-dev binutils python3-cffi \
-    python3-numpy python3-setuptools python3-venv python3-pytest mypy python3-sgp4 python3-matplotlib python3-distributed pkg-config libcli11-dev gfortran ccache
+    python3-numpy python3-setuptools python3-wheel python3-venv python3-pytest mypy python3-sgp4 python3-matplotlib python3-distributed pkg-config libcli11-dev gfortran ccache
 
 # What was compiled before, in whatever checkout, is not compiled again.
 export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
