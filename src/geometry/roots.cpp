@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 
 namespace {
 
@@ -150,7 +151,7 @@ double root_between(const Polynomial &f, double low, double high, bool rising, d
         else
             high = x;
         const double slope = at.d1 * at.d1 - at.p * at.d2;
-        double next = slope != 0.0 ? x - at.p * at.d1 / slope : low; // Halley
+        double next = slope != 0.0 ? x - at.p * at.d1 / slope : std::numeric_limits<double>::infinity(); // Halley
         if (!(next > low && next < high)) {
             // A step onto an end is one of rounding, unless the end is still far.
             if (std::fabs(next - x) <= 4.0 * kUnit * std::fabs(x))
