@@ -299,7 +299,8 @@ TEST(OwnTable, HoldsAnySource)
         EXPECT_EQ(FileId(6, {scratch.holding(head + two.substr(0, two.find("0.5910")) + cut)}).ierr, error_bits(6))
             << cut;
     for (const char *bad : {"2026-02-29T00:00:00 37 0.1\n", "2026-01-01T00:00:00 37.5 0.1\n", "2026-01-01 37 0.1\n",
-                            "2026-01-01T00:00:00 37 0.1 0.1\n", "2026-01-01T00:00:00 37 1e-3\n", "FORMULA 1 2\n"})
+                            "2026-01-01T00:00:00 37 0.1 0.1\n", "2026-01-01T00:00:00 37 1e-3\n", "FORMULA 1 2\n",
+                            "2026-01-01T00:00:00 37 -100\n", "2026-01-01T00:00:00 37 0.1 2 0.1\n"})
         EXPECT_EQ(FileId(6, {scratch.holding(head + bad)}).ierr, error_bits(6)) << bad;
     EXPECT_EQ(FileId(6, {scratch.holding(head)}).ierr, error_bits(9));
 }
