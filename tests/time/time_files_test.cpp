@@ -271,7 +271,7 @@ TEST(TimeFiles, TaiUtcOfATextIsOnlyChecked)
     std::string text = bytes_of(data_file("bulletina-xix-001.txt"));
     text.replace(text.find("53741) = 33.0"), 13, "53741) = 32.0");
     FileId id(KL_TIME_MODEL_BULLETIN_A_TABLE, {scratch.holding(text)});
-    EXPECT_EQ(std::tuple(id.ierr, id.report.line), std::tuple(warning_bits(13), 97));
+    EXPECT_EQ(std::tuple(id.ierr, id.report.line, id.report.column), std::tuple(warning_bits(13), 97, 1));
     EXPECT_EQ(id.at(53741.0).tai_utc, 33.0);
     // A list that lacks the last leap second loses against the rows.
     std::string list = bytes_of(data_file("Leap_Second.dat"));

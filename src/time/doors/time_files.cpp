@@ -188,6 +188,7 @@ private:
         if (table.disagreement) {
             report_->file = table.place.file;
             report_->line = table.place.line;
+            report_->column = 1;
             call_.warns(KL_TIME_REF_INIT_FILE_TAI_UTC_WARN, &table.place.line);
         }
         if (table.no_ut1)
