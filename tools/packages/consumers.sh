@@ -18,21 +18,21 @@ library() { # library SOURCE BUILD [OPTION ...]
     quietly cmake --build "$build"
 }
 # Beside the other builds: what a compiler cache has of them serves here.
-shared=build/consumers-shared
+dynamic=build/consumers-shared
 
 installed() {
-    library . $shared
+    library . $dynamic
     library . build/consumers-static -DBUILD_SHARED_LIBS=OFF
-    tests/consumers/installed.sh $shared
+    tests/consumers/installed.sh $dynamic
     tests/consumers/installed.sh build/consumers-static
 }
 
 directories() {
-    library . $shared
+    library . $dynamic
     export CCACHE_DISABLE=1 # compiled indeed
     library . "$work/elsewhere/deeper/library"
     unset CCACHE_DISABLE
-    quietly cmake --install $shared --prefix "$work/here"
+    quietly cmake --install $dynamic --prefix "$work/here"
     quietly cmake --install "$work/elsewhere/deeper/library" --prefix "$work/there"
     diff -r "$work/here" "$work/there"
     echo "the same bytes from two directories"
@@ -44,11 +44,11 @@ with_tarball() { # with_tarball PROGRAM
 }
 
 versions() {
-    library . $shared
-    rm -f $shared/kitlib-*.tar.gz
-    quietly cmake --build $shared --target package
+    library . $dynamic
+    rm -f $dynamic/kitlib-*.tar.gz
+    quietly cmake --build $dynamic --target package
     mkdir "$work/tarball"
-    tar -xzf $shared/kitlib-*.tar.gz -C "$work/tarball" --strip-components=1
+    tar -xzf $dynamic/kitlib-*.tar.gz -C "$work/tarball" --strip-components=1
     with_tarball "$work/task4"
     echo "tarball: runs"
     # A next major version, installed over this one: programs built before go on with theirs.
