@@ -62,6 +62,18 @@ void fill_nan(double (*out)[M], long i)
         out[i][k] = kNotANumber;
 }
 
+// Element i of an array that may be missing.
+template <class T>
+T *element(T *array, long i)
+{
+    return array != nullptr ? array + i : nullptr;
+}
+template <class T, std::size_t M>
+T *element(T (*array)[M], long i)
+{
+    return array != nullptr ? array[i] : nullptr;
+}
+
 // The padding of a block for kernels: from `count` up to whole packs its last element again.
 inline void pad(double *elements, long count)
 {

@@ -34,9 +34,12 @@ bool place_allowed(const Ellipsoid &e, const kl_geodetic &in)
            && within(in.height, -e.b, kFarthest);
 }
 
-bool finite(const double v[3])
+// What the elements of one call or of many need first: a mode and an ellipsoid. False: refused.
+bool is_ready(Activation &call, int mode_code, const long *calc_mode, const kl_model_id *model_id, Ellipsoid *e)
 {
-    return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]);
+    if (!is_mode(calc_mode))
+        call.fails(mode_code);
+    return is_mode(calc_mode) && ellipsoid_of_model(model_id, e);
 }
 
 // Velocities of mode 1 are zero, where there is room for them.
@@ -133,14 +136,6 @@ long cart_to_radec(Activation &call, bool rates, const double *pos, const double
     return call.status();
 }
 
-PolarAxes<double> polar_axes(double lon_deg, double lat_deg)
-{
-    const double degrees[2] = {lon_deg, lat_deg};
-    double s[2], c[2];
-    sin_cos_degrees(degrees, s, c);
-    return {s[0], c[0], s[1], c[1]};
-}
-
 long radec_to_cart(Activation &call, bool rates, const kl_radec *in, double *pos, double *vel)
 {
     if (in == nullptr || !within(in->ra, -360.0, 360.0))
@@ -180,6 +175,25 @@ bool station_at(const Ellipsoid &e, const kl_geodetic *origin, Station *out)
     out->axes = local_axes(origin->latitude, origin->longitude);
     geodetic_to_cartesian(e, out->axes, origin->height, out->pos);
     return true;
+}
+
+struct StationConditions {
+    int mode, origin;
+};
+constexpr StationConditions kToStation = {KL_EF_TO_TOPOCENTRIC_CALC_MODE_ERR, KL_EF_TO_TOPOCENTRIC_ORIGIN_ERR};
+constexpr StationConditions kFromStation = {KL_TOPOCENTRIC_TO_EF_CALC_MODE_ERR, KL_TOPOCENTRIC_TO_EF_ORIGIN_ERR};
+
+// The same with a station.
+bool is_ready(Activation &call, const StationConditions &conditions, const long *calc_mode, const kl_model_id *model_id,
+              const kl_geodetic *origin, Station *out)
+{
+    Ellipsoid e;
+    if (!is_ready(call, conditions.mode, calc_mode, model_id, &e))
+        return false;
+    const bool there = station_at(e, origin, out);
+    if (!there)
+        call.fails(conditions.origin);
+    return there;
 }
 
 long ef_to_topocentric(Activation &call, const Station &station, bool rates, const double *pos, const double *vel,
@@ -344,10 +358,8 @@ long kl_geod_to_cart(kl_model_id *model_id, const long *calc_mode, const kl_geod
                      long *ierr)
 {
     Activation call(KL_FN_GEOD_TO_CART, ierr);
-    if (!is_mode(calc_mode))
-        return call.fails(KL_GEOD_TO_CART_CALC_MODE_ERR);
     Ellipsoid e;
-    if (!ellipsoid_of_model(model_id, &e))
+    if (!is_ready(call, KL_GEOD_TO_CART_CALC_MODE_ERR, calc_mode, model_id, &e))
         return KL_ERR;
     return geod_to_cart(call, e, *calc_mode == KL_CALC_POS_VEL, in, pos, vel);
 }
@@ -356,10 +368,8 @@ long kl_cart_to_geod(kl_model_id *model_id, const long *calc_mode, const double 
                      kl_geodetic *out, long *ierr)
 {
     Activation call(KL_FN_CART_TO_GEOD, ierr);
-    if (!is_mode(calc_mode))
-        return call.fails(KL_CART_TO_GEOD_CALC_MODE_ERR);
     Ellipsoid e;
-    if (!ellipsoid_of_model(model_id, &e))
+    if (!is_ready(call, KL_CART_TO_GEOD_CALC_MODE_ERR, calc_mode, model_id, &e))
         return KL_ERR;
     return cart_to_geod(call, e, *calc_mode == KL_CALC_POS_VEL, pos, vel, out);
 }
@@ -386,14 +396,9 @@ long kl_ef_to_topocentric(kl_model_id *model_id, const long *calc_mode, const kl
                           const double vel[3], kl_topocentric *out, long *ierr)
 {
     Activation call(KL_FN_EF_TO_TOPOCENTRIC, ierr);
-    if (!is_mode(calc_mode))
-        return call.fails(KL_EF_TO_TOPOCENTRIC_CALC_MODE_ERR);
-    Ellipsoid e;
     Station station;
-    if (!ellipsoid_of_model(model_id, &e))
+    if (!is_ready(call, kToStation, calc_mode, model_id, origin, &station))
         return KL_ERR;
-    if (!station_at(e, origin, &station))
-        return call.fails(KL_EF_TO_TOPOCENTRIC_ORIGIN_ERR);
     return ef_to_topocentric(call, station, *calc_mode == KL_CALC_POS_VEL, pos, vel, out);
 }
 
@@ -401,14 +406,9 @@ long kl_topocentric_to_ef(kl_model_id *model_id, const long *calc_mode, const kl
                           const kl_topocentric *in, double pos[3], double vel[3], long *ierr)
 {
     Activation call(KL_FN_TOPOCENTRIC_TO_EF, ierr);
-    if (!is_mode(calc_mode))
-        return call.fails(KL_TOPOCENTRIC_TO_EF_CALC_MODE_ERR);
-    Ellipsoid e;
     Station station;
-    if (!ellipsoid_of_model(model_id, &e))
+    if (!is_ready(call, kFromStation, calc_mode, model_id, origin, &station))
         return KL_ERR;
-    if (!station_at(e, origin, &station))
-        return call.fails(KL_TOPOCENTRIC_TO_EF_ORIGIN_ERR);
     return topocentric_to_ef(call, station, *calc_mode == KL_CALC_POS_VEL, in, pos, vel);
 }
 
@@ -480,18 +480,6 @@ void fill_zero(long *out, long i)
         out[i] = 0;
 }
 
-// Element i of an array that may be missing.
-template <class T>
-T *element(T *array, long i)
-{
-    return array != nullptr ? array + i : nullptr;
-}
-template <class T>
-T *element(T (*array)[3], long i)
-{
-    return array != nullptr ? array[i] : nullptr;
-}
-
 // A record of six as the kernels have it.
 template <class Record>
 const double (*six(const Record *records, long i))[6]
@@ -532,11 +520,7 @@ long kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mo
         fill_nan(vel, i);
     };
     Ellipsoid e;
-    if (!is_mode(calc_mode)) {
-        array.call().fails(KL_GEOD_TO_CART_CALC_MODE_ERR);
-        return array.refuse(fail);
-    }
-    if (!ellipsoid_of_model(model_id, &e))
+    if (!is_ready(array.call(), KL_GEOD_TO_CART_CALC_MODE_ERR, calc_mode, model_id, &e))
         return array.refuse(fail);
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
     return array.each(
@@ -565,11 +549,7 @@ long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mo
         return array.result();
     const auto fail = [&](long i) { fill_nan(out, i); };
     Ellipsoid e;
-    if (!is_mode(calc_mode)) {
-        array.call().fails(KL_CART_TO_GEOD_CALC_MODE_ERR);
-        return array.refuse(fail);
-    }
-    if (!ellipsoid_of_model(model_id, &e))
+    if (!is_ready(array.call(), KL_CART_TO_GEOD_CALC_MODE_ERR, calc_mode, model_id, &e))
         return array.refuse(fail);
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
     return array.each(
@@ -656,18 +636,9 @@ long kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *ca
     if (array.nothing())
         return array.result();
     const auto fail = [&](long i) { fill_nan(out, i); };
-    Ellipsoid e;
     Station station;
-    if (!is_mode(calc_mode)) {
-        array.call().fails(KL_EF_TO_TOPOCENTRIC_CALC_MODE_ERR);
+    if (!is_ready(array.call(), kToStation, calc_mode, model_id, origin, &station))
         return array.refuse(fail);
-    }
-    if (!ellipsoid_of_model(model_id, &e))
-        return array.refuse(fail);
-    if (!station_at(e, origin, &station)) {
-        array.call().fails(KL_EF_TO_TOPOCENTRIC_ORIGIN_ERR);
-        return array.refuse(fail);
-    }
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
     return array.each(
         [&](long i, long *word) {
@@ -697,18 +668,9 @@ long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *ca
         fill_nan(pos, i);
         fill_nan(vel, i);
     };
-    Ellipsoid e;
     Station station;
-    if (!is_mode(calc_mode)) {
-        array.call().fails(KL_TOPOCENTRIC_TO_EF_CALC_MODE_ERR);
+    if (!is_ready(array.call(), kFromStation, calc_mode, model_id, origin, &station))
         return array.refuse(fail);
-    }
-    if (!ellipsoid_of_model(model_id, &e))
-        return array.refuse(fail);
-    if (!station_at(e, origin, &station)) {
-        array.call().fails(KL_TOPOCENTRIC_TO_EF_ORIGIN_ERR);
-        return array.refuse(fail);
-    }
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
     return array.each(
         [&](long i, long *word) {

@@ -59,6 +59,15 @@ struct PolarAxes {
 };
 
 template <class T>
+PolarAxes<T> polar_axes(T lon_deg, T lat_deg)
+{
+    const T degrees[2] = {lon_deg, lat_deg};
+    T s[2], c[2];
+    sin_cos_degrees(degrees, s, c);
+    return {s[0], c[0], s[1], c[1]};
+}
+
+template <class T>
 void from_polar(const PolarAxes<T> &x, T distance, T v[3])
 {
     const T q = distance * x.cb;

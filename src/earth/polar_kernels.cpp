@@ -29,14 +29,6 @@ mask_of<Lanes> are_angles(const Lanes (&x)[6], double first, double second)
     return (fabs(x[0]) <= first) & (fabs(x[1]) <= second);
 }
 
-PolarAxes<Lanes> polar_axes(Lanes lon_deg, Lanes lat_deg)
-{
-    const Lanes degrees[2] = {lon_deg, lat_deg};
-    Lanes s[2], c[2];
-    sin_cos_degrees(degrees, s, c);
-    return {s[0], c[0], s[1], c[1]};
-}
-
 void store_state(const Lanes (&p)[3], const Lanes (&v)[3], mask_of<Lanes> good, bool rates, double (*pos)[3],
                  double (*vel)[3], long first, long count, std::uint64_t *left)
 {

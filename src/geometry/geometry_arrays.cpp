@@ -26,18 +26,6 @@ long each_alone(const long *n, long *status, long *ierr, One one, Fail fail)
     return result;
 }
 
-// Element i of an array that may be missing.
-template <class T>
-T *at(T *array, long i)
-{
-    return array != nullptr ? array + i : nullptr;
-}
-template <class T, std::size_t M>
-T *at(T (*array)[M], long i)
-{
-    return array != nullptr ? array[i] : nullptr;
-}
-
 template <class T>
 void fill_zero(T *out, long i)
 {
@@ -55,7 +43,8 @@ long kl_poly_real_roots_n(const long *n, const long *order, const double *c, dou
     return each_alone(
         n, status, ierr,
         [&](long i) {
-            return known ? roots_of_one(order, at(c, i * stride), at(roots, i), at(n_roots, i)) : long{KL_ERR};
+            return known ? roots_of_one(order, element(c, i * stride), element(roots, i), element(n_roots, i))
+                         : long{KL_ERR};
         },
         [&](long i) {
             fill_nan(roots, i);
@@ -69,7 +58,8 @@ long kl_ray_ellipsoid_n(kl_model_id *model_id, const long *n, const double pos[]
     return each_alone(
         n, status, ierr,
         [&](long i) {
-            return ray_ellipsoid_of_one(model_id, at(pos, i), at(dir, i), at(margin, i), at(t, i), at(n_points, i));
+            return ray_ellipsoid_of_one(model_id, element(pos, i), element(dir, i), element(margin, i), element(t, i),
+                                        element(n_points, i));
         },
         [&](long i) {
             fill_nan(t, i);
@@ -83,7 +73,8 @@ long kl_ray_height_n(kl_model_id *model_id, const long *n, const double pos[][3]
     return each_alone(
         n, status, ierr,
         [&](long i) {
-            return ray_height_of_one(model_id, at(pos, i), at(dir, i), at(height, i), at(t, i), at(n_points, i));
+            return ray_height_of_one(model_id, element(pos, i), element(dir, i), element(height, i), element(t, i),
+                                     element(n_points, i));
         },
         [&](long i) {
             fill_nan(t, i);
@@ -97,8 +88,8 @@ long kl_ray_tangent_n(kl_model_id *model_id, const long *n, const double pos[][3
     return each_alone(
         n, status, ierr,
         [&](long i) {
-            return ray_tangent_of_one(model_id, at(pos, i), at(dir, i), at(t, i), at(point, i), at(geodetic, i),
-                                      at(meets_earth, i));
+            return ray_tangent_of_one(model_id, element(pos, i), element(dir, i), element(t, i), element(point, i),
+                                      element(geodetic, i), element(meets_earth, i));
         },
         [&](long i) {
             constexpr double kNan = kNotANumber;
@@ -130,7 +121,7 @@ long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, con
         [&](long i, long *word) {
             if (is_verbose())
                 sky = EclipseSky(); // every element prints its lines
-            return eclipse_of_one(model_id, time_id, light_time, cs, time_ref, time + i, pos[i], at(margin, i),
+            return eclipse_of_one(model_id, time_id, light_time, cs, time_ref, time + i, pos[i], element(margin, i),
                                   state + i, fraction + i, depth + i, &sky, word);
         },
         fail);

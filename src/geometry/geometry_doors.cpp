@@ -7,6 +7,7 @@
 #include "geometry/ray_doors.h"
 #include "kl_family.h"
 #include "models/model_record.h"
+#include "numbers/bounds.h"
 #include "time/doors/call_instant.h"
 
 #include <cmath>
@@ -19,7 +20,7 @@ constexpr InstantConditions kInstant = {KL_ECLIPSE_TIME_REF_ERR, KL_ECLIPSE_DATE
 
 bool is_finite3(const double *v)
 {
-    return v != nullptr && std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]);
+    return v != nullptr && finite(v);
 }
 
 double length(const double v[3])

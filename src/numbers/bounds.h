@@ -2,6 +2,8 @@
 #ifndef KL_SRC_NUMBERS_BOUNDS_H
 #define KL_SRC_NUMBERS_BOUNDS_H
 
+#include <cmath>
+
 // The largest that are taken where nothing else is said.
 constexpr double KL_LARGEST_POSITION = 1e13;    // m
 constexpr double KL_LARGEST_VELOCITY = 1e9;     // m/s
@@ -10,6 +12,12 @@ constexpr double KL_LARGEST_ACCELERATION = 1e9; // m/s2
 inline bool within(double x, double least, double most)
 {
     return least <= x && x <= most;
+}
+
+// Neither infinite nor NaN?
+inline bool finite(const double v[3])
+{
+    return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]);
 }
 
 // A pointer to a number in a range?

@@ -166,11 +166,12 @@ T dot3(const T *a, const T *b)
 }
 
 // out may be a or b.
-inline void cross(const double *a, const double *b, double *out)
+template <class T>
+void cross(const T *a, const T *b, T *out)
 {
-    const double x = a[1] * b[2] - a[2] * b[1];
-    const double y = a[2] * b[0] - a[0] * b[2];
-    const double z = a[0] * b[1] - a[1] * b[0];
+    const T x = a[1] * b[2] - a[2] * b[1];
+    const T y = a[2] * b[0] - a[0] * b[2];
+    const T z = a[0] * b[1] - a[1] * b[0];
     out[0] = x;
     out[1] = y;
     out[2] = z;

@@ -81,56 +81,22 @@ OrbitState<double> hyperbola_to_state(double mu, double a, double e, const Eleme
 
 Conic state_to_elements(double mu, const double pos[3], const double vel[3], Elements *out)
 {
-    double h[3];
-    cross(pos, vel, h);
-    const double node_square = h[0] * h[0] + h[1] * h[1];
-    const double across = std::sqrt(node_square);
-    const double w = std::sqrt(node_square + h[2] * h[2]);
-    const double r = std::sqrt(dot3(pos, pos));
-    const double speed2 = dot3(vel, vel);
-    const double energy = r * speed2 / mu;
-    const double to_parabola = 2.0 - energy; // r/a
-    if (!spans_plane(r, std::sqrt(speed2), w) || !(std::fabs(to_parabola) >= 1e-9))
+    const StateSize<double> size = size_of_state(mu, pos, vel);
+    if (!spans_plane(size.r, std::sqrt(size.speed2), size.w) || !(std::fabs(size.to_parabola) >= 1e-9))
         return Conic::neither;
-    const double a = r / to_parabola;
-    const bool closed = a > 0.0;
-
-    const double i = arc_tangent(across, h[2]);
-    const double node = across > 0.0 ? arc_tangent(h[0], -h[1]) : 0.0;
-    const double cos_node = across > 0.0 ? -h[1] / across : 1.0;
-    const double sin_node = across > 0.0 ? h[0] / across : 0.0;
-    // u from r.n and r.(h x n)/w
-    const double along = pos[0] * cos_node + pos[1] * sin_node;
-    const double beyond =
-        (h[2] * (pos[1] * cos_node - pos[0] * sin_node) + pos[2] * (h[0] * sin_node - h[1] * cos_node)) / w;
-    const double u = arc_tangent(beyond, along);
-
-    const double size = std::sqrt(mu * std::fabs(a));
-    const double C = energy - 1.0;          // e cos E, e cosh H
-    const double D = dot3(pos, vel) / size; // e sin E, e sinh H
-    const double flat = w / size;           // b/|a|
-    if (!(flat * flat > 0x1p-53))           // e cannot be told from 1
+    const PlaceInConic<double> x = place_in_conic(mu, pos, vel, size);
+    if (!(x.flat * x.flat > 0x1p-53)) // e cannot be told from 1
         return Conic::neither;
-    double e = 0.0;
-    double M = u;
-    double nu = u;
-    if (closed) {
-        const double e2 = C * C + D * D;
-        e = std::sqrt(e2);
-        if (!(e < 1.0))
-            return Conic::neither;
-        if (e > 0.0) { // On purpose: of a circle the perigee is the node
-            M = arc_tangent(D, C) - D;
-            nu = arc_tangent(flat * D, C - e2);
-        }
-    } else {
-        const double e2 = 1.0 + flat * flat;
-        e = std::sqrt(e2);
-        if (!(e > 1.0))
-            return Conic::neither;
-        M = D - arc_hyperbolic_sine(D / e);
-        nu = arc_tangent(flat * D, e2 - C);
-    }
-    *out = {a, e, i, node, u - nu, M};
+    const bool closed = x.a > 0.0;
+    const double e2 = closed ? x.C * x.C + x.D * x.D : 1.0 + x.flat * x.flat;
+    const double e = std::sqrt(e2);
+    if (!(closed ? e < 1.0 : e > 1.0))
+        return Conic::neither;
+    EllipseAnomalies<double> anomaly = {x.u, x.u}; // On purpose: of a circle the perigee is the node
+    if (!closed)
+        anomaly = {x.D - arc_hyperbolic_sine(x.D / e), arc_tangent(x.flat * x.D, e2 - x.C)};
+    else if (e > 0.0)
+        anomaly = ellipse_anomalies(x, e2);
+    *out = {x.a, e, x.i, x.node, x.u - anomaly.nu, anomaly.M};
     return closed ? Conic::ellipse : Conic::hyperbola;
 }

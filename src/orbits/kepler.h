@@ -111,6 +111,73 @@ OrbitState<T> state_in_plane(const PlaneAxes<T> &axes, T along_P, T along_Q, T s
     return out;
 }
 
+// The way back, in three steps; between them the caller looks whether there is a conic.
+template <class T>
+struct StateSize {
+    T h[3];      // r x v
+    T across, w; // of its part in the x-y plane, and its length
+    T r, speed2;
+    T energy, to_parabola; // r v^2/mu; r/a
+};
+
+template <class T>
+StateSize<T> size_of_state(double mu, const T pos[3], const T vel[3])
+{
+    StateSize<T> x;
+    cross(pos, vel, x.h);
+    const T node_square = x.h[0] * x.h[0] + x.h[1] * x.h[1];
+    x.across = sqrt(node_square);
+    x.w = sqrt(node_square + x.h[2] * x.h[2]);
+    x.r = sqrt(dot3(pos, pos));
+    x.speed2 = dot3(vel, vel);
+    x.energy = x.r * x.speed2 / mu;
+    x.to_parabola = 2.0 - x.energy;
+    return x;
+}
+
+template <class T>
+struct PlaceInConic {
+    T a, i, node, u; // rad; u from the node to the position
+    T C, D;          // e cos E, e sin E; e cosh H, e sinh H
+    T flat;          // b/|a|
+};
+
+// On purpose: of an orbit in the x-y plane the node is the x axis.
+template <class T>
+PlaceInConic<T> place_in_conic(double mu, const T pos[3], const T vel[3], const StateSize<T> &x)
+{
+    PlaceInConic<T> out;
+    out.a = x.r / x.to_parabola;
+    out.i = arc_tangent(x.across, x.h[2]);
+    const auto has_node = x.across > 0.0;
+    const T across = select(has_node, x.across, T(1.0));
+    const T cos_node = select(has_node, -x.h[1] / across, T(1.0));
+    const T sin_node = select(has_node, x.h[0] / across, T(0.0));
+    out.node = select(has_node, arc_tangent(x.h[0], -x.h[1]), T(0.0));
+    // u from r.n and r.(h x n)/w
+    const T along = pos[0] * cos_node + pos[1] * sin_node;
+    const T beyond =
+        (x.h[2] * (pos[1] * cos_node - pos[0] * sin_node) + pos[2] * (x.h[0] * sin_node - x.h[1] * cos_node)) / x.w;
+    out.u = arc_tangent(beyond, along);
+    const T size = sqrt(mu * fabs(out.a));
+    out.C = x.energy - 1.0;
+    out.D = dot3(pos, vel) / size;
+    out.flat = x.w / size;
+    return out;
+}
+
+// Anomalies of an ellipse that is no circle: mean and true.
+template <class T>
+struct EllipseAnomalies {
+    T M, nu;
+};
+
+template <class T>
+EllipseAnomalies<T> ellipse_anomalies(const PlaceInConic<T> &x, T e2)
+{
+    return {arc_tangent(x.D, x.C) - x.D, arc_tangent(x.flat * x.D, x.C - e2)};
+}
+
 // 0 <= e < 1; mean anomaly -pi to pi.
 template <class T>
 OrbitState<T> ellipse_to_state(double mu, T a, T e, const ElementAngles<T> &angles, T mean_anomaly)

@@ -8,14 +8,6 @@
 
 inline namespace KL_SET {
 
-template <class T>
-void cross_of(const T *a, const T *b, T *out)
-{
-    out[0] = a[1] * b[2] - a[2] * b[1];
-    out[1] = a[2] * b[0] - a[0] * b[2];
-    out[2] = a[0] * b[1] - a[1] * b[0];
-}
-
 // A direction with its derivative.
 template <class T>
 struct Turning {
@@ -37,13 +29,13 @@ Turning<T> turning_of(const T *a, const T *da, T *length)
 }
 
 template <class T>
-Turning<T> cross_of(const Turning<T> &a, const Turning<T> &b)
+Turning<T> cross(const Turning<T> &a, const Turning<T> &b)
 {
     Turning<T> out;
-    cross_of(a.u, b.u, out.u);
+    cross(a.u, b.u, out.u);
     T first[3], second[3];
-    cross_of(a.du, b.u, first);
-    cross_of(a.u, b.du, second);
+    cross(a.du, b.u, first);
+    cross(a.u, b.du, second);
     for (int i = 0; i < 3; ++i)
         out.du[i] = first[i] + second[i];
     return out;
@@ -66,8 +58,8 @@ template <class T>
 T local_axes(long kind, const T *pos, const T *vel, const T *acc, T *r, T *dr)
 {
     T h[3], dh[3];
-    cross_of(pos, vel, h);
-    cross_of(pos, acc, dh);
+    cross(pos, vel, h);
+    cross(pos, acc, dh);
     T lengths[3];
     const Turning<T> w = turning_of(h, dh, lengths);
     const Turning<T> q = turning_of(pos, vel, lengths + 1);
@@ -75,19 +67,19 @@ T local_axes(long kind, const T *pos, const T *vel, const T *acc, T *r, T *dr)
     Turning<T> axes[3];
     switch (kind) {
     case KL_ORBITAL_QSW:
-        axes[0] = q, axes[1] = cross_of(w, q), axes[2] = w;
+        axes[0] = q, axes[1] = cross(w, q), axes[2] = w;
         break;
     case KL_ORBITAL_LVLH:
-        axes[0] = cross_of(w, q), axes[1] = opposite(w), axes[2] = opposite(q);
+        axes[0] = cross(w, q), axes[1] = opposite(w), axes[2] = opposite(q);
         break;
     case KL_ORBITAL_TNW: // n = w x t: inward
-        axes[0] = t, axes[1] = cross_of(w, t), axes[2] = w;
+        axes[0] = t, axes[1] = cross(w, t), axes[2] = w;
         break;
     case KL_ORBITAL_NTW:
-        axes[0] = opposite(cross_of(w, t)), axes[1] = t, axes[2] = w;
+        axes[0] = opposite(cross(w, t)), axes[1] = t, axes[2] = w;
         break;
     default:
-        axes[0] = t, axes[1] = w, axes[2] = cross_of(t, w);
+        axes[0] = t, axes[1] = w, axes[2] = cross(t, w);
     }
     for (int row = 0; row < 3; ++row)
         for (int i = 0; i < 3; ++i) {

@@ -20,11 +20,6 @@ namespace {
 
 constexpr double kLargestAngle = 1e8; // deg
 
-bool finite(const double v[3])
-{
-    return std::isfinite(v[0]) && std::isfinite(v[1]) && std::isfinite(v[2]);
-}
-
 // ---- elements ----
 
 // What of the Earth the elements need. A model whose Earth was refused has none of it.
@@ -43,6 +38,14 @@ bool field_of_model(const kl_model_id *model_id, Field *out)
 bool is_kind(const long *kind)
 {
     return kind != nullptr && (*kind == KL_KEPLER_OSCULATING || *kind == KL_KEPLER_MEAN);
+}
+
+// What the elements of one call or of many need first. False: refused.
+bool is_ready(Activation &call, int kind_code, const long *kind, const kl_model_id *model_id, Field *field)
+{
+    if (!is_kind(kind))
+        call.fails(kind_code);
+    return is_kind(kind) && field_of_model(model_id, field);
 }
 
 bool is_conic(double a, double e)
@@ -306,10 +309,8 @@ long kl_kepl_to_cart(kl_model_id *model_id, const long *kind, const kl_kepler *i
                      long *ierr)
 {
     Activation call(KL_FN_KEPL_TO_CART, ierr);
-    if (!is_kind(kind))
-        return call.fails(KL_KEPL_TO_CART_KIND_ERR);
     Field field;
-    if (!field_of_model(model_id, &field))
+    if (!is_ready(call, KL_KEPL_TO_CART_KIND_ERR, kind, model_id, &field))
         return KL_ERR;
     return kepl_to_cart(call, field, *kind == KL_KEPLER_MEAN, in, pos, vel);
 }
@@ -318,10 +319,8 @@ long kl_cart_to_kepl(kl_model_id *model_id, const long *kind, const double pos[3
                      long *ierr)
 {
     Activation call(KL_FN_CART_TO_KEPL, ierr);
-    if (!is_kind(kind))
-        return call.fails(KL_CART_TO_KEPL_KIND_ERR);
     Field field;
-    if (!field_of_model(model_id, &field))
+    if (!is_ready(call, KL_CART_TO_KEPL_KIND_ERR, kind, model_id, &field))
         return KL_ERR;
     return cart_to_kepl(call, field, *kind == KL_KEPLER_MEAN, pos, vel, out);
 }
@@ -437,18 +436,6 @@ void fill_record(Record *out, long i)
         std::memcpy(out + i, fields, sizeof fields);
 }
 
-// Element i of an array that may be missing.
-template <class T>
-T *element(T *array, long i)
-{
-    return array != nullptr ? array + i : nullptr;
-}
-template <class T, std::size_t N>
-T *element(T (*array)[N], long i)
-{
-    return array != nullptr ? array[i] : nullptr;
-}
-
 } // namespace
 
 long kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, const kl_kepler *in, double pos[][3],
@@ -462,11 +449,7 @@ long kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, c
         fill_nan(vel, i);
     };
     Field field;
-    if (!is_kind(kind)) {
-        array.call().fails(KL_KEPL_TO_CART_KIND_ERR);
-        return array.refuse(fail);
-    }
-    if (!field_of_model(model_id, &field))
+    if (!is_ready(array.call(), KL_KEPL_TO_CART_KIND_ERR, kind, model_id, &field))
         return array.refuse(fail);
     const bool mean = *kind == KL_KEPLER_MEAN;
     return array.each(
@@ -494,11 +477,7 @@ long kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, c
         return array.result();
     const auto fail = [&](long i) { fill_record(out, i); };
     Field field;
-    if (!is_kind(kind)) {
-        array.call().fails(KL_CART_TO_KEPL_KIND_ERR);
-        return array.refuse(fail);
-    }
-    if (!field_of_model(model_id, &field))
+    if (!is_ready(array.call(), KL_CART_TO_KEPL_KIND_ERR, kind, model_id, &field))
         return array.refuse(fail);
     const bool mean = *kind == KL_KEPLER_MEAN;
     return array.each(

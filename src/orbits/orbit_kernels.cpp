@@ -46,46 +46,28 @@ void states_of_ellipses(double mu, const double (*in)[6], double (*pos)[3], doub
     }
 }
 
-// The steps of state_to_elements() for orbits that are closed, have a node and are no circles.
+// For orbits that are closed, have a node and are no circles.
 void ellipses_of_states(double mu, const double (*pos)[3], const double (*vel)[3], double (*out)[6], long count,
                         std::uint64_t *left)
 {
     for (long k = 0; k < count; k += kLanes) {
-        Lanes p[3], v[3], h[3];
+        Lanes p[3], v[3];
         load_elements(pos[0], k, count, p);
         load_elements(vel[0], k, count, v);
-        cross_of(p, v, h);
-        const Lanes node_square = h[0] * h[0] + h[1] * h[1];
-        const Lanes across = sqrt(node_square);
-        const Lanes w = sqrt(node_square + h[2] * h[2]);
-        const Lanes r = sqrt(dot3(p, p));
-        const Lanes speed_square = dot3(v, v);
-        const Lanes energy = r * speed_square / mu;
-        const Lanes to_parabola = 2.0 - energy;
-        const Lanes a = r / to_parabola;
-        auto good = all_below(p, kOrdinaryPosition) & all_below(v, kOrdinarySpeed) & (r > kShortest)
-                    & (to_parabola > 1e-6) & (w > kPlane * (r * sqrt(speed_square))) & (across > 1e-12 * w);
-
-        const Lanes i = arc_tangent(across, h[2]);
-        const Lanes node = arc_tangent(h[0], -h[1]);
-        const Lanes cos_node = -h[1] / across;
-        const Lanes sin_node = h[0] / across;
-        const Lanes along = p[0] * cos_node + p[1] * sin_node;
-        const Lanes beyond =
-            (h[2] * (p[1] * cos_node - p[0] * sin_node) + p[2] * (h[0] * sin_node - h[1] * cos_node)) / w;
-        const Lanes u = arc_tangent(beyond, along);
-
-        const Lanes size = sqrt(mu * fabs(a));
-        const Lanes C = energy - 1.0;
-        const Lanes D = dot3(p, v) / size;
-        const Lanes flat = w / size;
-        const Lanes e2 = C * C + D * D;
+        const StateSize<Lanes> size = size_of_state(mu, p, v);
+        const PlaceInConic<Lanes> x = place_in_conic(mu, p, v, size);
+        const Lanes e2 = x.C * x.C + x.D * x.D;
         const Lanes e = sqrt(e2);
-        good &= (e > 1e-100) & (e < 0.999999) & (flat > 1e-6);
-        const Lanes M = arc_tangent(D, C) - D;
-        const Lanes nu = arc_tangent(flat * D, C - e2);
-        const Lanes columns[6] = {
-            a, e, i * KL_DEG_PER_RAD, degrees_0_to_360(node), degrees_0_to_360(u - nu), degrees_0_to_360(M)};
+        const EllipseAnomalies<Lanes> anomaly = ellipse_anomalies(x, e2);
+        const auto good = all_below(p, kOrdinaryPosition) & all_below(v, kOrdinarySpeed) & (size.r > kShortest)
+                          & (size.to_parabola > 1e-6) & (size.w > kPlane * (size.r * sqrt(size.speed2)))
+                          & (size.across > 1e-12 * size.w) & (e > 1e-100) & (e < 0.999999) & (x.flat > 1e-6);
+        const Lanes columns[6] = {x.a,
+                                  e,
+                                  x.i * KL_DEG_PER_RAD,
+                                  degrees_0_to_360(x.node),
+                                  degrees_0_to_360(x.u - anomaly.nu),
+                                  degrees_0_to_360(anomaly.M)};
         store_accepted(columns, accepted(good, k, count, left), out[0], k);
     }
 }
@@ -106,7 +88,7 @@ void local_frames(long kind, double mu, const double (*pos)[3], const double (*v
                 f[i] = -pull * p[i];
         }
         Lanes h[3];
-        cross_of(p, v, h);
+        cross(p, v, h);
         const Lanes length = sqrt(p2);
         const Lanes speed = sqrt(dot3(v, v));
         const auto good = all_below(p, kOrdinaryPosition) & all_below(v, kOrdinarySpeed) & all_below(f, kOrdinarySpeed)

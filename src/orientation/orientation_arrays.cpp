@@ -124,10 +124,9 @@ long kl_iers_change_n(kl_time_id *time_id, const long *n, const long *correction
     const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
     const int order = order_of(*calc_mode);
     const auto at_or_null = [](const double(*states)[3], long i) { return states != nullptr ? states + i : nullptr; };
-    const auto at = [](const double(*states)[3], long i) { return states != nullptr ? states[i] : nullptr; };
     const auto one = [&](long i, long *) {
         return iers_change_of_one(time_id, corrections, calc_mode, cs_in, cs_out, time_ref, time + i, pos[i],
-                                  at(vel, i), at(acc, i), pos_out[i], vel_out[i], acc_out[i]);
+                                  element(vel, i), element(acc, i), pos_out[i], vel_out[i], acc_out[i]);
     };
     Block block;
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {

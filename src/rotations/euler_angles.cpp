@@ -1,6 +1,7 @@
 // Rotation angles and matrices, and the angles between two sets of axes.
 #include "arrays/array_call.h"
 #include "errors/activation.h"
+#include "numbers/bounds.h"
 #include "rotations/euler.h"
 #include "rotations/rotation_kernels.h"
 
@@ -193,9 +194,7 @@ long get_rotated_vectors(const double x1[3], const double y1[3], const double z1
     double axes[9];
     if (!unit_axes(x1, y1, z1, axes))
         return call.fails(KL_GET_ROTATED_VECTORS_ORTHOGONAL_ERR);
-    const bool finite =
-        angles != nullptr && std::isfinite(angles[0]) && std::isfinite(angles[1]) && std::isfinite(angles[2]);
-    if (!finite)
+    if (angles == nullptr || !finite(angles))
         return call.fails(KL_GET_ROTATED_VECTORS_ROTATION_ERR);
     if (x2 == nullptr || y2 == nullptr || z2 == nullptr)
         return KL_ERR;

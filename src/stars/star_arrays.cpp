@@ -24,8 +24,7 @@ long kl_star_radec_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, 
             if (is_verbose())
                 sky = StarSky(); // every element prints its lines
             return star_radec_of_one(model_id, time_id, corrections, cs_out, time_ref, time + i, star + i,
-                                     observer_pos != nullptr ? observer_pos[i] : nullptr,
-                                     observer_vel != nullptr ? observer_vel[i] : nullptr, place + i, &sky, word);
+                                     element(observer_pos, i), element(observer_vel, i), place + i, &sky, word);
         },
         fail);
 }
