@@ -122,15 +122,12 @@ void weights_of_chunk(int from, const GeoidPoints &points, long count, const Row
     }
 }
 
-} // namespace
-
-void geoid_points(const double *packed, int degree, GeoidPoints *points, long count)
+// The weight of the first degree of each chunk; that of the first chunk is of degree 1.
+void weights_of_chunks(const GeoidPoints &points, int degree, long count, Row *chunk_weights)
 {
-    // The weight of the first degree of each chunk; that of the first chunk is of degree 1.
-    alignas(64) Row chunk_weights[kChunks];
     for (long i = 0; i < count; i += kLanes) {
-        const Lanes ratio = load<Lanes>(points->ratio + i);
-        Lanes w = load<Lanes>(points->weight + i);
+        const Lanes ratio = load<Lanes>(points.ratio + i);
+        Lanes w = load<Lanes>(points.weight + i);
         store(w, chunk_weights[0] + i);
         for (int n = 2; n <= degree; ++n) {
             w *= ratio;
@@ -138,86 +135,131 @@ void geoid_points(const double *packed, int degree, GeoidPoints *points, long co
                 store(w, chunk_weights[n / kChunk] + i);
         }
     }
-    // Cosines and sines of the eight orders of a block.
-    alignas(64) Row c[kEgm96Lanes], s[kEgm96Lanes], total[kEgm96Lanes];
+}
+
+// What goes from block to block.
+struct Blocks {
+    alignas(64) Row c[kEgm96Lanes], s[kEgm96Lanes]; // cosines and sines of the eight orders of a block
+    alignas(64) Row total[kEgm96Lanes];
     alignas(64) Row sectoral;
+};
+
+void start_blocks(const GeoidPoints &points, long count, Blocks *blocks)
+{
     for (long i = 0; i < count; i += kLanes) {
-        const Lanes c1 = load<Lanes>(points->c1 + i), s1 = load<Lanes>(points->s1 + i);
+        const Lanes c1 = load<Lanes>(points.c1 + i), s1 = load<Lanes>(points.s1 + i);
         Lanes ci = 1.0, si = 0.0;
         for (int lane = 0; lane < kEgm96Lanes; ++lane) {
-            store(ci, c[lane] + i);
-            store(si, s[lane] + i);
-            store(Lanes(0.0), total[lane] + i);
+            store(ci, blocks->c[lane] + i);
+            store(si, blocks->s[lane] + i);
+            store(Lanes(0.0), blocks->total[lane] + i);
             const Lanes next = ci * c1 - si * s1;
             si = si * c1 + ci * s1;
             ci = next;
         }
-        store(Lanes(1.0), sectoral + i);
+        store(Lanes(1.0), blocks->sectoral + i);
     }
+}
 
-    double n1_squared[kEgm96Degree + 1], inverse[kEgm96Degree + 1]; // 4 (n-1)^2; 1 / (4 (n-1)^2 - 1)
+// The sectoral functions of a block's orders, and sums of nothing. False: they have become negligible for all points.
+bool start_orders(const GeoidPoints &points, long count, double *sectoral, Orders *orders)
+{
+    bool none = true;
+    for (long i = 0; i < count; i += kLanes) {
+        Lanes p = load<Lanes>(sectoral + i);
+        const Lanes sin_theta = load<Lanes>(points.sin_theta + i);
+        const auto small = p < kNegligibleSectoral;
+        none &= all(small);
+        p = select(small, 0.0, p);
+        for (int lane = 0; lane < kEgm96Lanes; ++lane) {
+            store(p, orders->start[lane] + i);
+            p *= sin_theta;
+            Row *const along[4] = {orders->newer, orders->older, orders->cosine, orders->sine};
+            for (Row *row : along)
+                store(Lanes(0.0), row[lane] + i);
+        }
+        store(p, sectoral + i);
+    }
+    return !none;
+}
+
+// By degree n: 4 (n-1)^2, and 1 / (4 (n-1)^2 - 1).
+struct Recursion {
+    double n1_squared[kEgm96Degree + 1], inverse[kEgm96Degree + 1];
+};
+
+void set_recursion(int degree, Recursion *out)
+{
     for (int n = 0; n <= degree; ++n) {
-        n1_squared[n] = 4.0 * (n - 1) * (n - 1);
-        inverse[n] = 1.0 / (n1_squared[n] - 1.0);
+        out->n1_squared[n] = 4.0 * (n - 1) * (n - 1);
+        out->inverse[n] = 1.0 / (out->n1_squared[n] - 1.0);
     }
+}
 
-    Orders orders;
+// The degrees from `from` up to `end` of the eight orders from `first` on. `rows` begin with degree `first`.
+void go_along_chunk(const double *rows, int first, int from, int end, const Recursion &recursion, const Row *weights,
+                    const double *cos_theta, long count, Orders *orders)
+{
+    for (int lane = 0; lane < kEgm96Lanes && first + lane < end; ++lane) {
+        const int m = first + lane;
+        const int begin = m > from ? m : from;
+        // The rows behind this chunk's come while it is worked on, an eighth with each order.
+        const double *behind = rows + (end - first) * kEgm96RowLength + lane * (kChunk / 8 * kEgm96RowLength);
+        for (int k = 0; k < kChunk / 8 * kEgm96RowLength; k += 8)
+            __builtin_prefetch(behind + k);
+        double g[kChunk];
+        for (int n = begin; n < end; ++n)
+            g[n - begin] = (recursion.n1_squared[n] - 4.0 * m * m) * recursion.inverse[n];
+        for (long i = 0; i < count; i += kGroup)
+            go_along(rows + (begin - first) * kEgm96RowLength + lane, g, weights + (begin - from), m, begin, end,
+                     cos_theta, i, lane, orders);
+    }
+}
+
+// Adds what the orders of a block come to; cosines and sines go on by eight orders.
+void finish_block(const GeoidPoints &points, long count, const Orders &orders, Blocks *blocks)
+{
+    for (long i = 0; i < count; i += kLanes) {
+        const Lanes c8 = load<Lanes>(points.c8 + i), s8 = load<Lanes>(points.s8 + i);
+        for (int lane = 0; lane < kEgm96Lanes; ++lane) {
+            const Lanes ci = load<Lanes>(blocks->c[lane] + i), si = load<Lanes>(blocks->s[lane] + i);
+            const Lanes sum = load<Lanes>(blocks->total[lane] + i);
+            store(sum + (load<Lanes>(orders.cosine[lane] + i) * ci + load<Lanes>(orders.sine[lane] + i) * si),
+                  blocks->total[lane] + i);
+            store(ci * c8 - si * s8, blocks->c[lane] + i);
+            store(si * c8 + ci * s8, blocks->s[lane] + i);
+        }
+    }
+}
+
+} // namespace
+
+void geoid_points(const double *packed, int degree, GeoidPoints *points, long count)
+{
+    alignas(64) Row chunk_weights[kChunks];
     alignas(64) Row weights[kChunk];
+    Recursion recursion;
+    Blocks blocks;
+    Orders orders;
+    weights_of_chunks(*points, degree, count, chunk_weights);
+    set_recursion(degree, &recursion);
+    start_blocks(*points, count, &blocks);
     for (int block = 0; block < kEgm96Blocks && block * kEgm96Lanes <= degree; ++block) {
-        const int first = block * kEgm96Lanes;
-        bool none = true;
-        for (long i = 0; i < count; i += kLanes) {
-            Lanes p = load<Lanes>(sectoral + i);
-            const Lanes sin_theta = load<Lanes>(points->sin_theta + i);
-            const auto small = p < kNegligibleSectoral;
-            none &= all(small);
-            p = select(small, 0.0, p);
-            for (int lane = 0; lane < kEgm96Lanes; ++lane) {
-                store(p, orders.start[lane] + i);
-                p *= sin_theta;
-                Row *const along[4] = {orders.newer, orders.older, orders.cosine, orders.sine};
-                for (Row *row : along)
-                    store(Lanes(0.0), row[lane] + i);
-            }
-            store(p, sectoral + i);
-        }
-        if (none)
+        if (!start_orders(*points, count, blocks.sectoral, &orders))
             break;
-        const double *rows = packed + egm96_block_start(block);
+        const int first = block * kEgm96Lanes;
+        const double *rows = packed + egm96_block_start(block); // of degree `first`
         for (int from = first / kChunk * kChunk; from <= degree; from += kChunk) {
-            weights_of_chunk(from, *points, count, chunk_weights[from / kChunk], weights);
             const int end = from + kChunk <= degree ? from + kChunk : degree + 1;
-            for (int lane = 0; lane < kEgm96Lanes && first + lane < end; ++lane) {
-                const int m = first + lane;
-                const int begin = m > from ? m : from;
-                // The rows behind this chunk's come while it is worked on, an eighth with each order.
-                const double *behind = rows + (end - first) * kEgm96RowLength + lane * (kChunk / 8 * kEgm96RowLength);
-                for (int k = 0; k < kChunk / 8 * kEgm96RowLength; k += 8)
-                    __builtin_prefetch(behind + k);
-                double g[kChunk];
-                for (int n = begin; n < end; ++n)
-                    g[n - begin] = (n1_squared[n] - 4.0 * m * m) * inverse[n];
-                for (long i = 0; i < count; i += kGroup)
-                    go_along(rows + (begin - first) * kEgm96RowLength + lane, g, weights + (begin - from), m, begin,
-                             end, points->cos_theta, i, lane, &orders);
-            }
+            weights_of_chunk(from, *points, count, chunk_weights[from / kChunk], weights);
+            go_along_chunk(rows, first, from, end, recursion, weights, points->cos_theta, count, &orders);
         }
-        for (long i = 0; i < count; i += kLanes) {
-            const Lanes c8 = load<Lanes>(points->c8 + i), s8 = load<Lanes>(points->s8 + i);
-            for (int lane = 0; lane < kEgm96Lanes; ++lane) {
-                const Lanes ci = load<Lanes>(c[lane] + i), si = load<Lanes>(s[lane] + i);
-                const Lanes sum = load<Lanes>(total[lane] + i);
-                store(sum + (load<Lanes>(orders.cosine[lane] + i) * ci + load<Lanes>(orders.sine[lane] + i) * si),
-                      total[lane] + i);
-                store(ci * c8 - si * s8, c[lane] + i);
-                store(si * c8 + ci * s8, s[lane] + i);
-            }
-        }
+        finish_block(*points, count, orders, &blocks);
     }
     for (long i = 0; i < count; i += kLanes) {
         Lanes t[kEgm96Lanes];
         for (int lane = 0; lane < kEgm96Lanes; ++lane)
-            t[lane] = load<Lanes>(total[lane] + i);
+            t[lane] = load<Lanes>(blocks.total[lane] + i);
         store(((t[0] + t[1]) + (t[2] + t[3])) + ((t[4] + t[5]) + (t[6] + t[7])), points->sum + i);
     }
 }
