@@ -119,7 +119,10 @@ long KL_Check_rotation_matrix(const double matrix[9], double s0, double c0, doub
     return 1;
 }
 
-long KL_CS_Rotation(const double axes1[9], const double axes2[9], double matrix[9])
+namespace {
+
+// False: sets of different hands, which are no rotation apart.
+bool rotation_between(const double axes1[9], const double axes2[9], double matrix[9])
 {
     double from[9];
     double to[9];
@@ -130,10 +133,8 @@ long KL_CS_Rotation(const double axes1[9], const double axes2[9], double matrix[
     for (int i = 0; i < 3; ++i)
         for (int j = 0; j < 3; ++j)
             matrix[3 * i + j] = dot(to + 3 * i, from + 3 * j, 3);
-    return KL_det(matrix) > 0.0 ? 0 : KL_ERR; // sets of different hands are no rotation apart
+    return KL_det(matrix) > 0.0;
 }
-
-namespace {
 
 // ---- the calls for one element ----
 
@@ -180,7 +181,7 @@ long get_rotation_angles(const double x1[3], const double y1[3], const double z1
         return KL_ERR;
     double matrix[9];
     double found[3];
-    if (KL_CS_Rotation(axes1, axes2, matrix) != 0)
+    if (!rotation_between(axes1, axes2, matrix))
         return call.fails(KL_GET_ROTATION_ANGLES_ROTATION_ERR);
     angles_of_rotation(matrix, found);
     KL_copy_v(found, 3, angles);
@@ -209,6 +210,11 @@ long get_rotated_vectors(const double x1[3], const double y1[3], const double z1
 }
 
 } // namespace
+
+long KL_CS_Rotation(const double axes1[9], const double axes2[9], double matrix[9])
+{
+    return rotation_between(axes1, axes2, matrix) ? 0 : KL_ERR;
+}
 
 long kl_euler_to_matrix(const double angles[3], double matrix[9], long *ierr)
 {

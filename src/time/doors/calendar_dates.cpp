@@ -8,8 +8,11 @@
 namespace {
 
 // The first condition that a date meets, or -1.
-int fault_of(const kl_calendar_record &date)
+int fault_of(const kl_calendar_record *given)
 {
+    if (given == nullptr)
+        return KL_CALENDAR_YEAR;
+    const kl_calendar_record &date = *given;
     if (date.year < 1950 || date.year > 2099)
         return KL_CALENDAR_YEAR;
     if (date.month < 1 || date.month > 12)
@@ -59,7 +62,7 @@ long KL_MJD_Calendar(const kl_time_record *in, kl_calendar_record *out, kl_error
 long KL_Calendar(const kl_calendar_record *in, int *valid, kl_error_record *error)
 {
     Activation call(KL_FN_CALENDAR, error);
-    const int fault = in != nullptr ? fault_of(*in) : KL_CALENDAR_YEAR;
+    const int fault = fault_of(in);
     if (valid != nullptr)
         *valid = fault < 0 ? 1 : 0;
     if (fault >= 0)
@@ -70,10 +73,11 @@ long KL_Calendar(const kl_calendar_record *in, int *valid, kl_error_record *erro
 long KL_Calendar_MJD(const kl_calendar_record *in, kl_time_record *out, kl_error_record *error)
 {
     Activation call(KL_FN_CALENDAR_MJD, error);
-    int valid = 0;
-    KL_Calendar(in, &valid, nullptr);
-    if (valid == 0)
+    const int fault = fault_of(in);
+    if (fault >= 0) {
+        Activation(KL_FN_CALENDAR, KL_NO_RECORD).fails(fault);
         return call.fails(KL_CALENDAR_MJD_NOT_A_DATE);
+    }
     if (out == nullptr)
         return KL_ERR;
     const long h = in->seconds / 3600;

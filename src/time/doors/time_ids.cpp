@@ -9,12 +9,21 @@
 
 namespace {
 
-constexpr CodeMap kInitInput[] = {
-    {KL_TIME_REF_INIT_CHECK_TAI, KL_TIME_REF_INIT_TAI_ERR},
-    {KL_TIME_REF_INIT_CHECK_UTC, KL_TIME_REF_INIT_UTC_ERR},
-    {KL_TIME_REF_INIT_CHECK_UT1, KL_TIME_REF_INIT_UT1_ERR},
-    {KL_TIME_REF_INIT_CHECK_GPS, KL_TIME_REF_INIT_GPS_ERR},
-};
+// The first of TAI, UTC, UT1 and GPS that is out of range, as the condition of the check; or -1.
+int fault_of(const double tri_time[4])
+{
+    constexpr int kFaults[] = {KL_TIME_REF_INIT_CHECK_TAI, KL_TIME_REF_INIT_CHECK_UTC, KL_TIME_REF_INIT_CHECK_UT1,
+                               KL_TIME_REF_INIT_CHECK_GPS};
+    for (int i = 0; i < 4; ++i)
+        if (tri_time == nullptr || !inside_processing_range(tri_time[i]))
+            return kFaults[i];
+    return -1;
+}
+
+// The same as conditions of kl_time_ref_init.
+constexpr int kInitInput[] = {KL_TIME_REF_INIT_TAI_ERR, KL_TIME_REF_INIT_UTC_ERR, KL_TIME_REF_INIT_UT1_ERR,
+                              KL_TIME_REF_INIT_GPS_ERR};
+static_assert(KL_TIME_REF_INIT_CHECK_TAI == 0 && KL_TIME_REF_INIT_CHECK_GPS == 3);
 
 constexpr long kNoCombination = -1;
 
@@ -59,9 +68,9 @@ long refuse(const char *function, const char *fault)
 long KL_Time_ref_init_check_inputs(const double tri_time[4], kl_error_record *error)
 {
     Activation call(KL_FN_TIME_REF_INIT_CHECK_INPUTS, error);
-    for (int i = 0; i < 4; ++i) // TAI, UTC, UT1, GPS: codes 0 to 3
-        if (tri_time == nullptr || !inside_processing_range(tri_time[i]))
-            return call.fails(i);
+    const int fault = fault_of(tri_time);
+    if (fault >= 0)
+        return call.fails(fault);
     return call.status();
 }
 
@@ -73,10 +82,11 @@ long kl_time_ref_init(const double tri_time[4], const long * /*orbit*/, const do
         return KL_ERR;
     if (time_record_of(time_id) != nullptr)
         return call.fails(KL_TIME_REF_INIT_ID_ERR);
-    ErrorRecord check;
-    if (KL_Time_ref_init_check_inputs(tri_time, &check) == KL_ERR
-        && call.stops(KL_FN_TIME_REF_INIT_CHECK_INPUTS, check, kInitInput))
-        return KL_ERR;
+    const int fault = fault_of(tri_time);
+    if (fault >= 0) {
+        Activation(KL_FN_TIME_REF_INIT_CHECK_INPUTS, KL_NO_RECORD).fails(fault);
+        return call.fails(kInitInput[fault]);
+    }
 
     const double tai = tri_time[0];
     kl_time_row row = {}; // its UTC time stays unset: nothing reads it
