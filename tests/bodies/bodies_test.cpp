@@ -116,7 +116,7 @@ TEST(Bodies, StayNearErfaInTheEarthFixedFrameOnEveryScaleAndVelocityIsTheRate)
 TEST(Bodies, OutsideTheTableSpendTheOnceOnlyWarningsOfConversions)
 {
     constexpr double kOutside = 20.0;
-    constexpr long kOutOfRange = warning_bit(KL_TIME_PROCESSING_TO_PROCESSING_OUT_OF_RANGE_WARN);
+    constexpr long kOutOfRange = warning_bits(KL_TIME_PROCESSING_TO_PROCESSING_OUT_OF_RANGE_WARN);
     constexpr long kNothingBefore = -1, kFrameChange = 3;
     for (const long before : {kNothingBefore, long{kSun}, long{kMoon}, long{kPlanet}, kFrameChange}) {
         TableId time_id(ten_days());
@@ -144,7 +144,7 @@ TEST(Bodies, PlanetTakesTheStatusOfItsRoutineEvenWithoutABitOnPurpose)
         return planet == KL_VENUS ? KL_ERR : KL_WARN;
     };
     const long rows[][3] = {
-        {KL_MARS, KL_WARN, warning_bit(KL_PLANET_CONVERGENCE_WARN)}, {KL_JUPITER, KL_WARN, 0}, {KL_VENUS, KL_ERR, 0}};
+        {KL_MARS, KL_WARN, warning_bits(KL_PLANET_CONVERGENCE_WARN)}, {KL_JUPITER, KL_WARN, 0}, {KL_VENUS, KL_ERR, 0}};
     ChainTimeId time_id;
     OwnedModel model;
     model.block<PlanetModel>(KL_MODEL_PLANET).planets = routine;

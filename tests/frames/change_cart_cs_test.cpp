@@ -107,7 +107,7 @@ TEST(ChangeCartCs, WarnsOnceOnLeavingTheTableWhateverConversionsHaveWarnedOf)
     for (const auto &[name, table_of, tai, bit] : kWarnings) {
         Call call{*ids[table_of], kFull, KL_GM2000, KL_EF, KL_TIME_TAI, tai};
         EXPECT_EQ(call(), bit == kNone ? KL_OK : KL_WARN) << name << " at " << tai;
-        EXPECT_EQ(call.ierr, bit == kNone ? 0 : warning_bit(bit)) << name << " at " << tai;
+        EXPECT_EQ(call.ierr, bit == kNone ? 0 : warning_bits(bit)) << name << " at " << tai;
         EXPECT_FALSE(call.untouched());
     }
 }

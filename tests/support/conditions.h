@@ -21,6 +21,8 @@ constexpr long warning_bits(long code)
     return kWarningBit | 1L << code;
 }
 
+constexpr long kNone = -1; // the condition of a row that has none: the vector stays clear
+
 constexpr long kNothing = 0; // the call succeeds
 constexpr long kRefused = 1; // it fails with a clear vector: something that has no condition is missing
 

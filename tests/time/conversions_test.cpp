@@ -24,30 +24,20 @@ void expect_equal(Kind kind, const Value &got, const Value &expected)
         EXPECT_EQ(fields_of(got), fields_of(expected));
 }
 
-enum Ways { kOneWay, kBothWays };
-const std::tuple<const char *, IdName, Form, Value, Form, Value, Ways> kValues[] = {
-#include "time/conversion_values.inc"
-};
-
 TEST(Conversions, KnownValues)
 {
     NamedIds ids;
-    for (const auto &[name, id, from, given, to, expected, ways] : kValues) {
-        SCOPED_TRACE(std::string(name) + ", format " + std::to_string(from.format));
+    for (const auto &[name, id, from, given_cell, to, expected_cell, ways] :
+         read_rows<std::string, IdName, Form, std::string, Form, std::string, std::string>("time_conversions.csv")) {
+        SCOPED_TRACE(name + ", format " + std::to_string(from.format));
+        const Value given = value_as(from.kind, given_cell), expected = value_as(to.kind, expected_cell);
         const Outcome there = convert(ids[id], from, given, to);
         EXPECT_EQ(std::tuple(there.status, there.ierr[0]), std::tuple(KL_OK, 0));
         expect_equal(to.kind, there.value, expected);
-        if (ways == kBothWays)
+        if (ways == "both")
             expect_equal(from.kind, convert(ids[id], to, expected, from).value, given);
     }
 }
-
-constexpr long kGood = -1000; // in place of a format or a scale: a good one
-constexpr Form kEvery = {kOfEveryKind, kGood, kGood};
-const Value kNoon = instant(0, kMicrosecondsOfDay / 2);
-const std::tuple<const char *, IdName, Form, Value, Form, long> kConditions[] = {
-#include "time/conversion_conditions.inc"
-};
 
 // The form itself, or that kind of it.
 Form of_kind(const Form &form, Kind kind)
@@ -59,12 +49,14 @@ Form of_kind(const Form &form, Kind kind)
 TEST(Conversions, TableOfConditions)
 {
     NamedIds ids;
-    for (const auto &[name, id, from, given, to, bit] : kConditions) {
+    for (const auto &[name, id, from, cell, to, bit] :
+         read_rows<std::string, IdName, Form, std::string, Form, long>("time_refusals.csv")) {
+        const Value given = value_as(from.kind, cell);
         for (int i = 0; i < 9; ++i) {
             const Form in = of_kind(from, kKinds[i / 3]), out = of_kind(to, kKinds[i % 3]);
             if (in.kind != kKinds[i / 3] || out.kind != kKinds[i % 3])
                 continue;
-            SCOPED_TRACE(std::string(name) + ", " + given.text + ", conversion " + std::to_string(i));
+            SCOPED_TRACE(name + ", " + cell + ", conversion " + std::to_string(i));
             const Outcome got = convert(ids[id], in, given, out);
             EXPECT_EQ(got.status, KL_ERR);
             EXPECT_EQ(got.ierr[0], bit < 32 ? error_bits(bit) : 0);
@@ -88,8 +80,8 @@ TEST(Conversions, WarnOnceOfALeftTableAllNineTogether)
     };
     for (int i = 0; i < 9; ++i) {
         expect_vector(i, 6208, 0);
-        expect_vector(i, 6240, warning_bit(6) | warning_bit(9));
-        expect_vector(8 - i, 6240, warning_bit(6));
+        expect_vector(i, 6240, warning_bits(6) | warning_bits(9));
+        expect_vector(8 - i, 6240, warning_bits(6));
     }
 }
 
@@ -157,7 +149,7 @@ std::string written(const Form &from, const Value &value, long format)
 {
     return convert(nullptr, from, value, {kOfAscii, format, kUtc}).value.text;
 }
-double days_of(long format, const char *text)
+double days_of(long format, const std::string &text)
 {
     return convert(nullptr, {kOfAscii, format, kUtc}, text, plain(kOfProcessing, kUtc)).value.time;
 }

@@ -10,11 +10,10 @@
 namespace {
 
 // Vectors of kl_time_processing_to_processing.
-constexpr long kOut = warning_bit(6), kFormula = warning_bit(7), kGap = warning_bit(8), kLeft = warning_bit(9);
+constexpr long kOut = warning_bits(6), kFormula = warning_bits(7), kGap = warning_bits(8), kLeft = warning_bits(9);
 
 using Rows = std::vector<kl_time_row>;
 #include "time/correlation_cases.inc"
-#include "time/leap_second_cases.inc"
 
 // Rows `step` days apart, or for step 0 from a quarter of an hour to a year. TAI-GPS is the number of the row, so that
 // the look-up says which row it took.
@@ -77,12 +76,15 @@ Table table_of(const Rows &rows, long model, long no_extrapolation, long combina
     return table;
 }
 
-template <std::size_t n>
-void expect_deltas(const DeltaCase (&cases)[n])
+void expect_deltas(const std::string &wanted)
 {
-    for (const auto &[name, rows, model, no_extrapolation, scale, time, codes, tai_utc, tai_ut1, tai_gps] : cases) {
-        SCOPED_TRACE(std::string(name) + ", model " + std::to_string(model) + ", scale " + std::to_string(scale));
-        const Deltas deltas(TableId(table_of(*rows, model, no_extrapolation)), scale, time);
+    for (const auto &[group, name, rows, model, no_extrapolation, scale, time, codes, tai_utc, tai_ut1, tai_gps] :
+         read_rows<std::string, std::string, std::string, long, long, Scale, double, long, double, double, double>(
+             "time_differences.csv")) {
+        if (group != wanted)
+            continue;
+        SCOPED_TRACE(name + ", model " + std::to_string(model) + ", scale " + std::to_string(scale));
+        const Deltas deltas(TableId(table_of(kRowsOf.at(rows), model, no_extrapolation)), scale, time);
         EXPECT_EQ(std::tuple(deltas.status, deltas.codes), std::tuple(codes != 0 ? KL_WARN : KL_OK, codes));
         EXPECT_EQ(deltas.tai_utc, tai_utc);
         EXPECT_NEAR(deltas.tai_ut1, tai_ut1, 1e-11);
@@ -93,20 +95,20 @@ void expect_deltas(const DeltaCase (&cases)[n])
 
 TEST(DeltaLookUp, ReadsUt1LinearlyAndTheStepsAsTheyStandWithASlackOfTenPicodaysAtTheEnds)
 {
-    expect_deltas(kInTable);
+    expect_deltas("in the table");
 }
 
 TEST(DeltaLookUp, ExtrapolationAddsSecondsToDaysForUt1AndGpsOnPurpose)
 {
-    expect_deltas(kByFormula);
-    TableId id(table_of(kLate, 1, 0));
+    expect_deltas("by formula");
+    TableId id(table_of(kRowsOf.at("late"), 1, 0));
     for (const auto &[from, to, seconds] : kConvertedByFormula)
         EXPECT_NEAR((convert(id, from, 6300.0, to).time - 6300.0) * kDay, seconds, 2e-6) << from << to;
 }
 
 TEST(DeltaLookUp, TaiGpsIsNineteenSecondsByFormulaWhateverTheTableHoldsOnPurpose)
 {
-    expect_deltas(kOfGps);
+    expect_deltas("GPS");
 }
 
 // ---- once-only warnings ----
@@ -139,10 +141,12 @@ TEST(OnceOnlyWarnings, ASharedIdConvertsRightInEveryThread)
 
 TEST(ToTai, AddsTheDifferenceAndCarries)
 {
-    for (const auto &[name, tai_utc, tai_ut1, tai_gps, scale, given, tai] : kInstants)
+    for (const auto &[name, tai_utc, tai_ut1, tai_gps, scale, instant, instant_of_tai] :
+         read_rows<std::string, double, double, double, Scale, std::string, std::string>("time_to_tai.csv"))
         for (const long model : {-1, 8}) { // explicit values, and a table
             TableId id(table_of({row_at(0.0, tai_utc, tai_ut1, tai_gps)}, model, 1));
             const Form in = plain(kOfTransport, scale), in_tai = plain(kOfTransport, kTai);
+            const Value given = value_as(kOfTransport, instant), tai = value_as(kOfTransport, instant_of_tai);
             EXPECT_EQ(fields_of(convert(id, in, given, in_tai).value), fields_of(tai)) << name;
             EXPECT_EQ(fields_of(convert(id, in_tai, tai, in).value), fields_of(given)) << name;
         }
@@ -152,16 +156,22 @@ TEST(ToTai, AddsTheDifferenceAndCarries)
 
 TEST(QuarterStart, IsThatOfAnyDayOfTheQuarterOnPurpose)
 {
-    for (const auto &[time, expected] : kQuarters) {
+    for (const auto &row : read_table("quarters.csv", 2)) {
         double start = kNaN;
-        EXPECT_EQ(KL_Leap_second_utc_time(&kUtc, &time, &start, nullptr), 0) << time;
-        EXPECT_EQ(start, expected) << time;
+        EXPECT_EQ(KL_Leap_second_utc_time(&kUtc, &row[0], &start, nullptr), 0) << row[0];
+        EXPECT_EQ(start, row[1]) << row[0];
     }
 }
 
 TEST(LeapSecond, IsTheLastChangeOfTaiUtcAtTheStartOfItsQuarter)
 {
-    for (const auto &[name, rows, sign, utc, tai_utc] : kTables) {
+    for (const auto &[name, cells, sign, utc, tai_utc] :
+         read_rows<std::string, std::string, long, double, double>("leap_tables.csv")) {
+        Rows rows;
+        for (const std::string &cell : parts_of(cells, ';')) {
+            const auto row = cells_as<double>(cell);
+            rows.push_back(row_at(row.at(0), row.at(1), row.at(2)));
+        }
         const TimeData data(TableId(Table{rows}));
         EXPECT_EQ(std::tuple(data.leap_sign, data.leap_utc), std::tuple(sign, utc)) << name;
         EXPECT_NEAR(data.leap_tai, utc + tai_utc / kDay, 1.9e-12) << name;
@@ -170,7 +180,8 @@ TEST(LeapSecond, IsTheLastChangeOfTaiUtcAtTheStartOfItsQuarter)
 
 TEST(LeapFlags, RunFromHalfAMicrosecondBeforeToAMicrosecondShortOfTheEnd)
 {
-    for (const auto &[name, hours, ref, ahead, microseconds, in, after] : kFlags) {
+    for (const auto &[name, hours, ref, ahead, microseconds, in, after] :
+         read_rows<std::string, double, Scale, double, double, long, long>("leap_flags.csv")) {
         TableId id(leap_table(k2017, 36.0, 1, hours / 24.0));
         const Deltas deltas(id, ref, k2017 + microseconds / 8.64e10 + ahead / kDay);
         EXPECT_EQ(std::tuple(deltas.in_leap, deltas.after_leap), std::tuple(in, after)) << name << ", scale " << ref;

@@ -2,7 +2,7 @@
 #ifndef KL_TESTS_TIME_FORMAT_CASES_H
 #define KL_TESTS_TIME_FORMAT_CASES_H
 
-#include "support/conditions.h"
+#include "support/csv.h"
 #include "time/time_table.h"
 
 #include <cstddef>
@@ -18,6 +18,22 @@ constexpr long kUtc = KL_TIME_UTC;
 constexpr long kUt1 = KL_TIME_UT1;
 constexpr long kGps = KL_TIME_GPS;
 constexpr long kScales[] = {kTai, kUtc, kUt1, kGps}, kWholeScales[] = {kTai, kUtc, kGps};
+
+// A scale by its name, or any number in its place.
+struct Scale {
+    long ref;
+    operator long() const { return ref; }
+};
+template <>
+inline Scale cell_as(const std::string &cell)
+{
+    const char *const names[] = {"TAI", "UTC", "UT1", "GPS"};
+    for (const long ref : kScales)
+        if (cell == names[ref])
+            return {ref};
+    return {cell_as<long>(cell)};
+}
+
 constexpr long kLeapDay = 6209; // 2016-12-31, MJD2000
 
 struct TaiUtcStep {
@@ -39,13 +55,23 @@ inline const std::vector<TaiUtcStep> kTaiUtcSteps = [] {
 // Format; an instant in it; beginning and end of the mission, and the last second of 9999.
 struct FormatCase {
     long format;
-    const char *text, *beginning, *end, *end_of_9999;
+    std::string text, beginning, end, end_of_9999;
 };
-constexpr FormatCase kFormats[] = {
-#include "time/format_texts.inc"
-};
+inline const std::vector<FormatCase> kFormats = [] {
+    std::vector<FormatCase> formats;
+    for (const auto &[format, text, beginning, end, last] :
+         read_rows<long, std::string, std::string, std::string, std::string>("time_formats.csv"))
+        formats.push_back({format, text, beginning, end, last});
+    return formats;
+}();
 
 enum IdName { kNoId, kEmpty, kPositiveLeap, kNegativeLeap, kEven, kTenDays, kOpenEnd, kConstant };
+template <>
+inline IdName cell_as(const std::string &cell)
+{
+    return one_of<IdName>(
+        cell, {"none", "empty", "positive leap", "negative leap", "even", "ten days", "open end", "constant"});
+}
 
 // Daily rows around 2017-01-01 with TAI-UTC 36 s before it and a second more, less or the same from then on; ten days
 // and no more, and ten days that are never left; TAI-UTC 37 s, TAI-UT1 36.4 s and TAI-GPS 19 s at every instant.
@@ -94,7 +120,8 @@ struct Value {
 
     Value() = default;
     Value(double days) : time(days) {}
-    Value(const char *written) { std::memcpy(text, written, strnlen(written, sizeof text - 1) + 1); }
+    Value(const char *written) : Value(std::string(written)) {}
+    Value(const std::string &written) { text[written.copy(text, sizeof text - 1)] = 0; }
     Value(long a, long b, long c, long d = 0) : fields{a, b, c, d} {}
     bool untouched() const { return time == 7.0 && std::strcmp(text, "untouched") == 0 && fields[3] == 7; }
 };
@@ -122,6 +149,33 @@ struct Form {
     Kind kind;
     long format, ref;
 };
+
+constexpr long kGood = -1000; // in place of a format or a scale: a good one
+
+// Kind, format, scale.
+template <>
+inline Form cell_as(const std::string &cell)
+{
+    const std::vector<std::string> words = parts_of(cell, ' ');
+    return {one_of<Kind>(words.at(0), {"days", "text", "fields", "every"}),
+            words.at(1) == "good" ? kGood : cell_as<long>(words.at(1)),
+            words.at(2) == "good" ? kGood : cell_as<Scale>(words.at(2)).ref};
+}
+
+// An instant as a form has it; noon is the same in every kind.
+inline Value value_as(Kind kind, const std::string &cell)
+{
+    if (cell == "noon")
+        return instant(0, kMicrosecondsOfDay / 2);
+    if (kind == kOfProcessing)
+        return cell_as<double>(cell);
+    if (kind == kOfAscii)
+        return cell;
+    std::vector<long> fields = cells_as<long>(cell);
+    const bool four = fields.size() == 4;
+    fields.resize(4);
+    return {fields[0], fields[1], fields[2], four ? fields[3] : 0};
+}
 
 // One form of each kind.
 inline Form plain(Kind kind, long ref)

@@ -21,8 +21,6 @@
 
 namespace {
 
-#include "time/time_files_cases.inc"
-
 constexpr double kMjd2000 = 51544.0;
 constexpr double kRounding = 2e-14; // s and arcsec: a few units of the last place of 40 s
 
@@ -96,48 +94,51 @@ FileId built_in(const Window *window = nullptr)
 
 TEST(TimeFiles, HoldTheirRows)
 {
-    for (const FileCase &c : kFiles) {
-        SCOPED_TRACE(c.name);
+    for (const auto &[name, model, files, bits, rows, predicted, skipped, first, last_final, last, combination,
+                      second] :
+         read_rows<std::string, long, std::string, Bits, long, long, long, double, double, double, long, long>(
+             "time_files.csv")) {
+        SCOPED_TRACE(name);
         std::vector<std::string> paths;
-        for (const char *file : c.files)
+        for (const std::string &file : parts_of(files, ' '))
             paths.push_back(data_file(file));
-        FileId id(c.model, paths);
-        EXPECT_EQ(std::tuple(id.ierr, id.status), std::tuple(c.bits, status_with(c.bits)));
+        FileId id(model, paths);
+        EXPECT_EQ(std::tuple(id.ierr, id.status), std::tuple(bits.value, status_with(bits)));
         const kl_time_file_report &r = id.report;
-        EXPECT_EQ(std::tuple(r.n_rows, r.n_predicted, r.n_skipped), std::tuple(c.n_rows, c.n_predicted, c.n_skipped));
+        EXPECT_EQ(std::tuple(r.n_rows, r.n_predicted, r.n_skipped), std::tuple(rows, predicted, skipped));
         const auto day = [](double mjd) { return mjd != 0.0 ? mjd - kMjd2000 : 0.0; };
-        EXPECT_EQ(std::tuple(r.first, r.last_final, r.last), std::tuple(day(c.first), day(c.last_final), day(c.last)));
+        EXPECT_EQ(std::tuple(r.first, r.last_final, r.last), std::tuple(day(first), day(last_final), day(last)));
         TimeData data(id);
         EXPECT_EQ(std::tuple(data.model, data.combination, data.second_bulletin_row, data.no_extrapolation),
-                  std::tuple(c.model, c.combination, c.second_bulletin_row, c.model == 10 ? 0 : 1));
+                  std::tuple(model, combination, second, model == 10 ? 0 : 1));
     }
 }
 
 TEST(TimeFiles, GiveWhatIsPrinted)
 {
-    for (const PrintedRow &row : kPrinted) {
-        SCOPED_TRACE(std::string(row.file) + " " + std::to_string(row.mjd));
-        FileId id(KL_TIME_MODEL_MERGED, {data_file(row.file)});
-        const kl_time_row_info info = id.at(row.mjd);
-        EXPECT_EQ(info.tai_utc, row.tai_utc);
-        EXPECT_NEAR(info.tai_utc - info.tai_ut1, row.ut1_utc, kRounding);
-        for (int i = 0; i < 4; ++i)
-            EXPECT_NEAR(info.pole[i], row.pole[i], kRounding) << i;
-        EXPECT_EQ(std::tuple(info.file, info.line, info.quality, info.by_formula),
-                  std::tuple(0, row.line, row.quality, 0));
+    for (const auto &[file, mjd, tai_utc, ut1_utc, pole, quality, line] :
+         read_rows<std::string, double, double, double, std::string, long, long>("time_files_printed.csv")) {
+        SCOPED_TRACE(file + " " + std::to_string(mjd));
+        FileId id(KL_TIME_MODEL_MERGED, {data_file(file)});
+        const kl_time_row_info info = id.at(mjd);
+        EXPECT_EQ(info.tai_utc, tai_utc);
+        EXPECT_NEAR(info.tai_utc - info.tai_ut1, ut1_utc, kRounding);
+        for (std::size_t i = 0; i < 4; ++i)
+            EXPECT_NEAR(info.pole[i], cells_as<double>(pole).at(i), kRounding) << i;
+        EXPECT_EQ(std::tuple(info.file, info.line, info.quality, info.by_formula), std::tuple(0, line, quality, 0));
     }
 }
 
 TEST(TimeFiles, OfOrbitsGiveTheirSpan)
 {
-    for (const OrbitCase &c : kOrbits) {
-        SCOPED_TRACE(c.file);
-        FileId id(KL_TIME_MODEL_ORBIT_FILE, {data_file(c.file)});
-        EXPECT_EQ(id.ierr, warning_bits(14));
-        EXPECT_NEAR(id.report.first, c.start_day - kMjd2000 + c.start_seconds / kDay, 1e-11);
-        EXPECT_NEAR(id.report.last, c.stop_day - kMjd2000 + c.stop_seconds / kDay, 1e-11);
-        const kl_time_row_info info = id.at(c.start_day + c.start_seconds / kDay + 1e-6);
-        EXPECT_EQ(std::tuple(info.tai_utc, info.tai_ut1), std::tuple(c.tai_utc, c.tai_utc)); // UT1 = UTC
+    for (const auto &[file, start, stop, tai_utc] : read_rows<std::string, double, double, double>("orbit_spans.csv")) {
+        SCOPED_TRACE(file);
+        FileId id(KL_TIME_MODEL_ORBIT_FILE, {data_file(file)});
+        EXPECT_EQ(id.ierr, warning_bits(KL_TIME_REF_INIT_FILE_NO_UT1_WARN));
+        EXPECT_NEAR(id.report.first, start, 1e-11);
+        EXPECT_NEAR(id.report.last, stop, 1e-11);
+        const kl_time_row_info info = id.at(start + kMjd2000 + 1e-6);
+        EXPECT_EQ(std::tuple(info.tai_utc, info.tai_ut1), std::tuple(tai_utc, tai_utc)); // UT1 = UTC
     }
     // Another file brings UT1 of the span.
     FileId both(KL_TIME_MODEL_ORBIT_FILE, {data_file("example-a-1.sp3"), data_file("OEMExample1.txt")});
@@ -309,15 +310,15 @@ TEST(OwnTable, HoldsAnySource)
 
 TEST(TimeFiles, ArgumentsAndFilesAreCheckedInOrder)
 {
-    for (const Refusal &c : kRefusals) {
+    for (const auto &[name, model, n_files, mode, start, stop, file, bits] :
+         read_rows<std::string, long, long, long, double, double, std::string, Bits>("time_file_refusals.csv")) {
         OwnedTimeId id;
-        const std::string path = data_file(c.file);
+        const std::string path = data_file(file);
         const char *const names[] = {path.c_str()};
         kl_time_file_report report;
-        expect_bits(c.name, error_bits(c.code), [&](long *e) {
-            return kl_time_ref_init_file(&c.model, &c.n_files, names, &c.window, &c.start, &c.stop, &report, id, e);
-        });
-        EXPECT_EQ(id.id.record, nullptr) << c.name;
+        long ierr = -7;
+        EXPECT_EQ(kl_time_ref_init_file(&model, &n_files, names, &mode, &start, &stop, &report, id, &ierr), KL_ERR);
+        EXPECT_EQ(std::tuple(ierr, id.id.record), std::tuple(bits.value, nullptr)) << name;
     }
     FileId open(KL_TIME_MODEL_MERGED, {});
     void *const record = open.id.record;
@@ -333,22 +334,18 @@ TEST(TimeFiles, ArgumentsAndFilesAreCheckedInOrder)
 TEST(TimeFiles, DamageIsFoundWhereItIs)
 {
     const Scratch scratch;
-    for (const Damage &c : kDamages) {
-        SCOPED_TRACE(c.name);
-        std::string text = bytes_of(data_file(c.file));
-        const std::size_t at = text.find(c.text);
+    for (const auto &[name, file, damaged, by, bits, line, column, field] :
+         read_rows<std::string, std::string, std::string, std::string, Bits, long, long, std::string>(
+             "time_file_damages.csv")) {
+        SCOPED_TRACE(name);
+        std::string text = bytes_of(data_file(file));
+        const std::size_t at = text.find(damaged);
         ASSERT_NE(at, text.npos);
-        text.replace(at, std::string(c.text).size(), c.by);
+        text.replace(at, damaged.size(), by);
         FileId id(KL_TIME_MODEL_MERGED, {scratch.holding(text)});
-        EXPECT_EQ(id.ierr, error_bits(c.code));
-        EXPECT_EQ(id.report.line, c.line);
-        if (c.column != 0) {
-            EXPECT_EQ(id.report.column, c.column) << id.report.field;
-        }
-        if (c.field != nullptr) {
-            EXPECT_STREQ(id.report.field, c.field);
-        }
-        EXPECT_EQ(id.id.record, nullptr);
+        EXPECT_EQ(std::tuple(id.ierr, id.report.line, id.id.record), std::tuple(bits.value, line, nullptr));
+        EXPECT_TRUE(column == 0 || id.report.column == column) << id.report.column << id.report.field;
+        EXPECT_TRUE(field.empty() || id.report.field == field) << id.report.field;
     }
 }
 

@@ -3,6 +3,7 @@
 #define KL_TESTS_TIME_TIME_TABLE_H
 
 #include "kl_family.h"
+#include "support/conditions.h"
 
 #include <gtest/gtest.h>
 
@@ -17,16 +18,9 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kDay = 86400.0; // s
 
-constexpr long warning_bit(long bit)
-{
-    return 1L << 30 | 1L << bit;
-}
-
-// The condition of a row that has none: the vector stays clear.
-constexpr long kNone = -1;
 constexpr long error_or_none(long bit)
 {
-    return bit == kNone ? 0 : LONG_MIN | 1L << bit;
+    return bit == kNone ? kNothing : error_bits(bit);
 }
 
 // A public function that fails with one condition, or succeeds without any.

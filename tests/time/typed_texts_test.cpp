@@ -20,41 +20,21 @@ struct Read {
     }
 };
 
-long scale_named(const std::string &name)
-{
-    const char *const names[] = {"TAI", "UTC", "UT1", "GPS"};
-    for (const long ref : kScales)
-        if (name == names[ref])
-            return ref;
-    return KL_TIME_UNDEF;
-}
-
-std::string unescaped(std::string text)
-{
-    const std::pair<const char *, const char *> signs[] = {{"\\t", "\t"}, {"\\r", "\r"}, {"\\n", "\n"}};
-    for (const auto &[written, meant] : signs)
-        for (std::size_t at; (at = text.find(written)) != std::string::npos;)
-            text.replace(at, 2, meant);
-    return text;
-}
-
 TEST(TypedTexts, ComeToTheMicrosecondsOfAnIndependentCalendar)
 {
     NamedIds ids;
-    const Csv rows("tests/data/typed_texts.csv", '|');
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const std::string text = unescaped(rows.text(i, 0));
-        const Read got(ids[rows.text(i, 2) == "leap" ? kPositiveLeap : kConstant], text, scale_named(rows.text(i, 1)),
-                       kTai);
+    for (const auto &[text, scale, id, day, microseconds] :
+         read_rows<std::string, Scale, std::string, double, double>("typed_texts.csv")) {
+        const Read got(ids[id == "leap" ? kPositiveLeap : kConstant], text, scale, kTai);
         EXPECT_EQ(std::tuple(got.status, got.ierr), std::tuple(KL_OK, 0)) << text;
-        EXPECT_EQ(std::round((got.time - rows.number(i, 3)) * 8.64e10), rows.number(i, 4)) << text;
+        EXPECT_EQ(std::round((got.time - day) * 8.64e10), microseconds) << text;
     }
 }
 
 TEST(TypedTexts, OfTheTwentyFormatsAreThoseOfTheFormat)
 {
     for (const FormatCase &c : kFormats) {
-        for (const char *text : {c.text, c.beginning, c.end, c.end_of_9999}) {
+        for (const std::string &text : {c.text, c.beginning, c.end, c.end_of_9999}) {
             const Read got(nullptr, text, kUtc, kUtc);
             const Outcome by_format = convert(nullptr, {kOfAscii, c.format, kUtc}, text, plain(kOfProcessing, kUtc));
             EXPECT_EQ(std::tuple(got.status, got.ierr), std::tuple(KL_OK, 0)) << text;
@@ -63,61 +43,12 @@ TEST(TypedTexts, OfTheTwentyFormatsAreThoseOfTheFormat)
     }
 }
 
-constexpr struct {
-    const char *text;
-    long code;
-} kRefused[] = {
-    {"", KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR},
-    {" \r\n", KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR},
-    {"2020-01-02", KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR},
-    {"2020-01-02T03:04", KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR},
-    {"2020-1-2T03:04:05", KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR},
-    {"20200102T030405123", KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR},
-    {"20200102T030405.123456", KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR},
-    {"20200102T0304051234567", KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR},
-    {"2020-01-02T03:04:05+01:00", KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR},
-    {"2020-01-02T03:04:05,5", KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR},
-    {"2020-01-02T03:04:05 Z", KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR},
-    {"2020-01-02T03:04:05ZZ", KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR},
-    {"2020-01-02T03:04:05.1234567890", KL_TIME_ASCII_TO_PROCESSING_TOO_LONG_ERR},
-    {"2020-01-02T03:04:05.", KL_TIME_ASCII_TO_PROCESSING_MICROSECOND_ERR},
-    {"2020-01-02T03:04:05.5x", KL_TIME_ASCII_TO_PROCESSING_MICROSECOND_ERR},
-    {"2020-01-02t03:04:05", KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR},
-    {"2020-01-02  03:04:05", KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR},
-    {"2020-01-02T03-04-05", KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR},
-    {"01-02-2020 03:04:05.0", KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR},
-    {"2020/01/02 03:04:05", KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR},
-    {"2020-JAN-02 03:04:05", KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR},
-    {"UTC= 2020-01-02 03:04:05", KL_TIME_ASCII_TO_PROCESSING_LAYOUT_ERR},
-    {"EST=2020-01-02T03:04:05", KL_TIME_ASCII_TO_PROCESSING_PREFIX_ERR},
-    {"utc=2020-01-02T03:04:05", KL_TIME_ASCII_TO_PROCESSING_PREFIX_ERR},
-    {"TAI=2020-01-02T03:04:05Z", KL_TIME_ASCII_TO_PROCESSING_PREFIX_REF_ERR},
-    {"9999-12-31T23:59:58", KL_TIME_ASCII_TO_PROCESSING_MISSION_LIMIT_ERR},
-    {"9999-99-99T99:99:99.9999999", KL_TIME_ASCII_TO_PROCESSING_MISSION_LIMIT_ERR},
-    {"9999-365T23:59:59", KL_TIME_ASCII_TO_PROCESSING_MISSION_LIMIT_ERR},
-    {"1949-365T00:00:00", KL_TIME_ASCII_TO_PROCESSING_YEAR_ERR},
-    {"2099-12-31T23:59:59.9999995", KL_TIME_ASCII_TO_PROCESSING_YEAR_ERR},
-    {"2020-13-02T03:04:05", KL_TIME_ASCII_TO_PROCESSING_MONTH_ERR},
-    {"02-JNA-2020 03:04:05", KL_TIME_ASCII_TO_PROCESSING_MONTH_ERR},
-    {"2020-000T03:04:05", KL_TIME_ASCII_TO_PROCESSING_DAY_ERR},
-    {"2021-366T03:04:05", KL_TIME_ASCII_TO_PROCESSING_DAY_ERR},
-    {"2020-02-30T03:04:05", KL_TIME_ASCII_TO_PROCESSING_DAY_OF_29_ERR},
-    {"2021-02-29T03:04:05", KL_TIME_ASCII_TO_PROCESSING_DAY_OF_28_ERR},
-    {"31-apr-2021 03:04:05", KL_TIME_ASCII_TO_PROCESSING_DAY_OF_30_ERR},
-    {"2020-01-02T24:00:00", KL_TIME_ASCII_TO_PROCESSING_HOUR_ERR},
-    {"2020-01-02T03:60:05", KL_TIME_ASCII_TO_PROCESSING_MINUTE_ERR},
-    {"2020-01-02T03:04:61", KL_TIME_ASCII_TO_PROCESSING_SECOND_ERR},
-    {"2020-06-30T23:59:60Z", KL_TIME_ASCII_TO_PROCESSING_LEAP_SECOND_ERR},
-};
-
 TEST(TypedTexts, NothingIsGuessed)
 {
     NamedIds ids;
-    for (const auto &c : kRefused) {
-        const Read got(ids[kPositiveLeap], c.text, kUtc, kTai);
-        EXPECT_EQ(got.status, KL_ERR) << c.text;
-        EXPECT_EQ(got.ierr, error_bits(c.code)) << c.text << std::hex << got.ierr;
-        EXPECT_EQ(got.time, 7.0) << c.text;
+    for (const auto &[text, bits] : read_rows<std::string, Bits>("typed_refusals.csv")) {
+        const Read got(ids[kPositiveLeap], text, kUtc, kTai);
+        EXPECT_EQ(std::tuple(got.status, got.ierr, got.time), std::tuple(KL_ERR, bits.value, 7.0)) << text;
     }
     EXPECT_EQ(Read(nullptr, kFormats[0].text, KL_TIME_UNDEF, kUtc).ierr,
               error_bits(KL_TIME_ASCII_TO_PROCESSING_NO_REF_ERR));
@@ -129,7 +60,7 @@ TEST(TypedTexts, NothingIsGuessed)
     expect_missing({KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR, KL_TIME_ASCII_TO_PROCESSING_TIME_REF_IN_ERR,
                     KL_TIME_ASCII_TO_PROCESSING_PROC_ID_OUT_ERR, KL_TIME_ASCII_TO_PROCESSING_TIME_REF_OUT_ERR, kNone},
                    [&](const AllBut &but, long *ierr) {
-                       return kl_time_text_to_processing(nullptr, but(0, kFormats[0].text), but(1, &utc),
+                       return kl_time_text_to_processing(nullptr, but(0, kFormats[0].text.c_str()), but(1, &utc),
                                                          but(2, &processing), but(3, &utc), but(4, &out), ierr);
                    });
 }
