@@ -3,6 +3,7 @@
 #include "support/captured_stream.h"
 #include "support/every_array.h"
 #include "support/fault_injection.h"
+#include "time/time_table.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +20,6 @@
 
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr long kMostElements = 129;
 
 // ---- memory ----
@@ -53,7 +53,11 @@ private:
 // ---- ids ----
 
 struct OpenWorld : ArrayWorld {
-    explicit OpenWorld(Correlation kind) { EXPECT_TRUE(open(kind)); }
+    template <typename Opening>
+    explicit OpenWorld(const Opening &opening)
+    {
+        EXPECT_TRUE(open(opening));
+    }
     ~OpenWorld() { close(); }
     OpenWorld(const OpenWorld &) = delete;
     OpenWorld &operator=(const OpenWorld &) = delete;
@@ -231,35 +235,105 @@ TEST(ArrayForm, IsInTheTableIfTheLibraryExportsIt)
     EXPECT_EQ(exported, tabled);
 }
 
+// Once-only warnings: two worlds meet the same instants in the same order. The third is for trying.
+struct Worlds {
+    OpenWorld one, all, trial;
+    template <typename Opening>
+    explicit Worlds(const Opening &opening) : one(opening), all(opening), trial(opening)
+    {
+    }
+
+    // How many of the calls that are tried are valid.
+    int expect_law_of(const ArrayForm &f, Random &random)
+    {
+        int liked = 0;
+        for (const long n : kCounts)
+            for (int again = 0; again < 4 && !testing::Test::HasFailure(); ++again) {
+                const bool valid = choose_valid(f, random, &trial);
+                one.selectors = all.selectors = trial.selectors;
+                one.config = all.config = trial.config;
+                liked += valid ? 1 : 0;
+                Case c;
+                c.n = n;
+                c.spoilt = valid && again >= 2;
+                c.in_place = again % 2 == 1;
+                c.with_status = random() % 4 != 0;
+                c.instants = static_cast<Instants>(random() % 3);
+                c.verbose = valid && n <= 20 && random() % 6 == 0;
+                expect_law(f, c, &one, &all, random);
+            }
+        return liked;
+    }
+};
+
 // Every instruction set: tests/arrays/CMakeLists.txt runs all this once a set.
 TEST(ArrayForm, GivesWhatTheScalarCallsInOrderGive)
 {
     kl_silent();
     Random random(2026);
     for (const Correlation kind : kCorrelations) {
-        // Once-only warnings: the two worlds meet the same instants in the same order. The third is for trying.
-        OpenWorld one(kind), all(kind), trial(kind);
-        for (const ArrayForm &f : every_array_form()) {
-            int liked = 0;
-            for (const long n : kCounts)
-                for (int again = 0; again < 4; ++again) {
-                    const bool valid = choose_valid(f, random, &trial);
-                    one.selectors = all.selectors = trial.selectors;
-                    one.config = all.config = trial.config;
-                    liked += valid ? 1 : 0;
-                    Case c;
-                    c.n = n;
-                    c.spoilt = valid && again >= 2;
-                    c.in_place = again % 2 == 1;
-                    c.with_status = random() % 4 != 0;
-                    c.instants = static_cast<Instants>(random() % 3);
-                    c.verbose = valid && n <= 20 && random() % 6 == 0;
-                    expect_law(f, c, &one, &all, random);
-                    if (HasFailure())
-                        return;
-                }
-            EXPECT_TRUE(liked > 0 || kind != Correlation::built_in) << f.name << ": no valid call was found";
-        }
+        Worlds worlds(kind);
+        for (const ArrayForm &f : every_array_form())
+            EXPECT_TRUE(worlds.expect_law_of(f, random) > 0 || kind != Correlation::built_in)
+                << f.name << ": no valid call was found";
+    }
+}
+
+// Daily rows about a leap second, with a gap between two bulletins.
+Table daily(long model, long no_extrapolation, long combination)
+{
+    std::vector<kl_time_row> rows;
+    for (int i = 0; i < 40; ++i)
+        if (i < 15 || i > 18)
+            rows.push_back(row_at(k2017 - 20.0 + i, i < 20 ? 36.0 : 37.0, 36.4 + 0.0013 * i));
+    Table table(rows);
+    table.data.model = model;
+    table.data.no_extrapolation = no_extrapolation;
+    table.data.combination = combination;
+    table.data.second_bulletin_row = combination == 2 ? 15 : 0;
+    table.data.a = -0.3;
+    table.data.b = -0.0011;
+    table.data.c = 6200.0;
+    return table;
+}
+
+// Correlations that end, jump or warn, and the instants where they do.
+TEST(ArrayForm, OfTimesGivesTheSameInOddCorrelationsAndAtOddInstants)
+{
+    kl_silent();
+    const std::vector<double> odd = {kNaN,
+                                     kInfinity,
+                                     -18262.0,
+                                     36524.0,
+                                     36524.5,
+                                     -20000.0,
+                                     k2017,
+                                     k2017 - 1e-12,
+                                     k2017 + 0.5 / kDay,
+                                     k2017 - 0.5 / kDay,
+                                     k2017 + 37.0 / kDay,
+                                     k2017 + 36.2 / kDay,
+                                     k2017 - 20.0,
+                                     k2017 - 20.0 - 2e-11,
+                                     k2017 + 19.0,
+                                     k2017 + 19.5,
+                                     k2017 + 400.0,
+                                     k2017 - 4.0,
+                                     k2017 - 3.5,
+                                     0.0,
+                                     -0.25,
+                                     5e-324,
+                                     k2017 - 10.0 + 1e-12,
+                                     k2017 - 10.0};
+    const Table days_apart({row_at(0.0, 200000.0, 31.0), row_at(9000.0, 200000.0, 31.5)});
+    Random random(2017);
+    for (Table table :
+         {daily(1, 1, 0), daily(1, 0, 0), daily(10, 0, 2), leap_table(k2017, 37.0, -1, 0.3), days_apart}) {
+        Worlds worlds([&](kl_time_id *id) { return table.set(id) == 0; });
+        worlds.one.odd_instants = worlds.all.odd_instants = worlds.trial.odd_instants = odd;
+        for (const ArrayForm &f : every_array_form())
+            if (std::strncmp(f.name, "kl_time", 7) == 0)
+                worlds.expect_law_of(f, random);
     }
 }
 

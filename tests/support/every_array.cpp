@@ -197,9 +197,14 @@ bool is_time(const Column &c)
 }
 
 // In the table of every world, now and then anywhere.
-double instant(Random &random)
+double instant(const ArrayWorld &w, bool odd, Random &random)
 {
-    return random() % 16 == 0 ? even(random, -18262.0, 36524.0) : even(random, 6010.0, 9300.0);
+    if (!w.odd_instants.empty())
+        return odd && random() % 4 == 0 ? w.odd_instants[random() % w.odd_instants.size()]
+                                        : even(random, 6191.0, 6228.0);
+    return !odd                 ? even(random, 6010.0, 9300.0)
+           : random() % 16 == 0 ? even(random, -18262.0, 36524.0)
+                                : even(random, 6010.0, 9300.0);
 }
 
 constexpr double kAwkward[] = {0.0,      -0.0,    1e300,   -1e300, 5e-324, kNaN,  HUGE_VAL, -HUGE_VAL,
@@ -306,8 +311,13 @@ const Choice kChoices[] = {
 
 bool ArrayWorld::open(Correlation kind)
 {
+    return open([kind](kl_time_id *id) { return open_time(kind, id); });
+}
+
+bool ArrayWorld::open(const std::function<bool(kl_time_id *)> &make)
+{
     long ierr = 0;
-    return open_time(kind, &time) && kl_run_init(&satellite, &time, &model, &run, &ierr) == KL_OK;
+    return make(&time) && kl_run_init(&satellite, &time, &model, &run, &ierr) == KL_OK;
 }
 
 void ArrayWorld::close()
@@ -337,10 +347,10 @@ std::vector<Bytes> make_inputs(const ArrayForm &f, const ArrayWorld &w, long n, 
     std::vector<Bytes> inputs;
     for (const Column &column : f.columns)
         inputs.emplace_back(static_cast<std::size_t>(n * width_of(w, column)));
-    double days = instant(random);
+    double days = instant(w, true, random);
     for (long i = 0; i < n; ++i) {
         if (instants == Instants::each_its_own || (instants == Instants::in_runs && random() % 3 == 0))
-            days = spoilt ? instant(random) : even(random, 6010.0, 9300.0);
+            days = instant(w, spoilt, random);
         const Axes a(random), b(random);
         for (std::size_t k = 0; k < f.columns.size(); ++k) {
             const Column &column = f.columns[k];

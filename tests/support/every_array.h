@@ -36,7 +36,10 @@ struct ArrayWorld {
     unsigned char *at[kColumns] = {}; // null: an array that is missing
     long width[kColumns] = {};        // octets of an element
 
+    std::vector<double> odd_instants; // some of the calls', which then lie about the leap second of 2016
+
     bool open(Correlation kind);
+    bool open(const std::function<bool(kl_time_id *)> &make);
     void close();
 
     const long *selected(const char *name) const { return &selectors.find(std::string_view(name))->second; }
