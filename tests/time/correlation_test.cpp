@@ -32,11 +32,9 @@ Table numbered(int n, double first, double step)
 TEST(BinarySearch, TakesTheFirstRowItTriesThatMatchesWithItsSlackElseRow0)
 {
     const Table table = numbered(10, 0.0, 1.0);
-    const kl_time_row *rows = table.rows.data();
-    const auto search = [rows](double time, long first, long last, long scale) {
-        return KL_binary_search(rows, first, last, scale, &time);
-    };
-#include "time/searches.inc"
+    for (const auto &[time, first, last, scale, row] : read_rows<double, long, long, Scale, long>("row_searches.csv"))
+        EXPECT_EQ(KL_binary_search(table.rows.data(), first, last, scale, &time), row) << time << " to row " << last;
+    EXPECT_EQ(KL_binary_search(table.rows.data(), 4, 8, kTai, nullptr), 0);
 }
 
 TEST(DeltaLookUp, TakesTheRowOfTheInstantOrTheNextTenPicodaysBeforeIt)
@@ -226,14 +224,15 @@ TEST(LeapSecondInfo, WritesBothInstantsOrTellsWhatIsMissingAndLeavesTheOnceOnlyW
 {
     NamedIds ids;
     EXPECT_EQ(convert(ids[kPositiveLeap], kUtc, 7000.0, kTai).ierr, kOut | kLeft);
-    for (const auto &[given, format, vector, sign, before, after] : kInfos) {
+    for (const auto &[given, format, vector, sign, before, after] :
+         read_rows<IdName, long, Bits, long, std::string, std::string>("leap_second_infos.csv")) {
         long ierr = -1, got_sign = 7;
         char texts[2][KL_TIME_ASCII_LENGTH] = {"untouched", "untouched"};
         EXPECT_EQ(kl_time_get_leap_second_info(ids[given], &format, &got_sign, texts[0], texts[1], &ierr),
                   status_with(vector));
-        EXPECT_EQ(std::tuple(ierr, got_sign), std::tuple(vector, sign)) << given << " " << format;
-        EXPECT_STREQ(texts[0], before) << given << " " << format;
-        EXPECT_STREQ(texts[1], after) << given << " " << format;
+        EXPECT_EQ(std::tuple(ierr, got_sign, std::string(texts[0]), std::string(texts[1])),
+                  std::tuple(vector.value, sign, before, after))
+            << given << " " << format;
     }
     EXPECT_EQ(convert(ids[kPositiveLeap], kUtc, 7000.0, kTai).ierr, kOut);
 }
