@@ -263,6 +263,9 @@ def geodesic_rows():
     # Near the antipode: starts as published tables have them.
     pairs += [(-30.0, 0.0, 29.9, 179.8, 161.890524736327), (0.0, 0.0, 0.5, 179.7, 15.556882793491),
               (27.2, 0.0, -27.1, 179.6, 36.313034685680), (40.6, -73.8, 51.6, -0.5, 51.198882845580)]
+    # Latitudes of one cosine beside the equator, of one sine beside the poles.
+    pairs += [(5e-7, 0.0, -1e-7, 178.9, None), (3e-7, 10.0, 2e-7, 170.0, None), (4e-7, 0.0, 1e-7, 1e-6, None),
+              (-89.9999995, -360.0, 89.9999999, -250.0, None), (89.9999995, 20.0, 89.9999999, 130.0, None)]
     for lat1, lon1, lat2, lon2, start in pairs:
         found = geodesic(*(mpf(x) for x in (lat1, lon1, lat2, lon2)),
                          mpf(start) if start is not None else sphere_azimuth(*(mpf(x) for x in (lat1, lon1, lat2, lon2))))

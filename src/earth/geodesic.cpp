@@ -151,6 +151,12 @@ struct Trial {
     double beyond; // rad: its longitude less that of point 2
 };
 
+// Where the cosine of a reduced latitude beta1 <= 0 tells it better than the sine.
+bool near_pole(const Heading &beta1)
+{
+    return beta1.c < -beta1.s;
+}
+
 // Its azimuth at point 2, equation 5, with cos alpha2 cos beta2 beside it.
 struct Arrival {
     Heading alpha2;
@@ -161,10 +167,8 @@ Arrival arrival(const Ends &p, const Heading &alpha1)
 {
     const Heading &b1 = p.beta1, &b2 = p.beta2;
     const double along1 = alpha1.c * b1.c;
-    // cos^2 beta2 - cos^2 beta1, by the smaller of sine and cosine
-    const double more = std::fabs(b1.s) == std::fabs(b2.s) ? 0.0
-                        : b1.c < -b1.s                     ? (b2.c - b1.c) * (b2.c + b1.c)
-                                                           : (b1.s - b2.s) * (b1.s + b2.s);
+    // cos^2 beta2 - cos^2 beta1
+    const double more = near_pole(b1) ? (b2.c - b1.c) * (b2.c + b1.c) : (b1.s - b2.s) * (b1.s + b2.s);
     const double along2 = std::sqrt(along1 * along1 + more);
     const bool same = b1.c == b2.c;
     return {{same ? alpha1.s : alpha1.s * b1.c / b2.c, same && more == 0.0 ? std::fabs(alpha1.c) : along2 / b2.c},
@@ -446,10 +450,9 @@ GeodesicLine geodesic_between(const GeodesicSeries &g, double lat1, double lon1,
     Ends p;
     p.beta1 = reduced_latitude(g.e, lat1);
     p.beta2 = reduced_latitude(g.e, lat2);
-    if (std::fabs(lat1) == std::fabs(lat2))
+    // Latitudes that are one by the better of sine and cosine are one by the other.
+    if (near_pole(p.beta1) ? p.beta2.c == p.beta1.c : std::fabs(p.beta2.s) == -p.beta1.s)
         p.beta2 = {std::copysign(p.beta1.s, p.beta2.s), p.beta1.c};
-    else if (p.beta1.c == p.beta2.c)
-        p.beta2.s = std::copysign(p.beta1.s, p.beta2.s);
     p.lambda_deg = d.high + d.low;
     p.to_antipode_deg = (180.0 - d.high) - d.low;
     const Heading far = of_degrees(p.to_antipode_deg);
