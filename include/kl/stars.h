@@ -145,8 +145,8 @@ enum {
  * @param[out] ierr         [1] error vector, bits KL_STAR_CATALOG_*
  * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR the outputs are untouched. NULL for n_stars or stars is KL_ERR with no
  * bit.
- * Nothing found is KL_OK: 0 stars, both pointers NULL. Checked in the order time_ref, time, corrections, cs_out,
- * window, the file as a whole, ids, its lines.
+ * Nothing found is KL_OK: 0 stars, both pointers NULL. Conditions are checked in the order of their codes: the lines of
+ * a file before the ids and the window.
  * Built in are the 8404 stars to V 6.5 of the Bright Star Catalogue, 5th revised edition (D. Hoffleit and W. H. Warren,
  * 1991): positions good to 1.5 arcsec. Files, told apart by their first line: that catalogue (fixed columns of its file
  * CDS V/50), the main catalogue of Hipparcos (CDS I/239, hip_main.dat), and our own: a first line "KL_STARS 1", then

@@ -154,7 +154,8 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     const double days = time != nullptr ? *time : kNan;
     if (refuses_instant(call, kInstant, ref, &days))
         return KL_ERR;
-    if (!is_finite3(pos))
+    const bool elsewhere = is_centred_elsewhere(*cs);
+    if (!is_finite3(pos) || !(elsewhere || length(pos) <= kFarthestSatellite))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
     const double raised = margin != nullptr ? *margin : 0.0;
     if (!is_margin(raised))
@@ -173,12 +174,11 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     double geocentric[3];
     double satellite[3];
     copy_three(pos, geocentric);
-    if (is_centred_elsewhere(*cs)
-        && !change_position(model_id, time_id, sky->instant.date, *cs, pos, KL_GM2000, geocentric))
+    if (elsewhere && !change_position(model_id, time_id, sky->instant.date, *cs, pos, KL_GM2000, geocentric))
         return call.fails(KL_ECLIPSE_TRANSFORMATION_ERR);
-    sky->to_true_of_date.turn(geocentric, satellite);
-    if (!(length(satellite) <= kFarthestSatellite))
+    if (elsewhere && !(length(geocentric) <= kFarthestSatellite))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
+    sky->to_true_of_date.turn(geocentric, satellite);
     double sun[3];
     copy_three(sky->sun, sun);
     const EarthModel &earth = model_blocks(model_id).earth;

@@ -257,6 +257,21 @@ StarRecord CatalogueReader::next(kl_star *star)
     return record == StarRecord::star && !star_in_range(*star) ? StarRecord::malformed : record;
 }
 
+long malformed_line(std::string_view text, CatalogueFormat format)
+{
+    if (format == CatalogueFormat::unknown)
+        return 0;
+    CatalogueReader reader(text, format);
+    kl_star star;
+    for (;;) {
+        const StarRecord record = reader.next(&star);
+        if (record == StarRecord::malformed)
+            return reader.line();
+        if (record == StarRecord::end)
+            return 0;
+    }
+}
+
 FileText::~FileText()
 {
     std::free(data_);

@@ -29,6 +29,9 @@ private:
     long line_ = 0;
 };
 
+// The first line that is a mistake, from 1; 0 when there is none, or the format is unknown.
+long malformed_line(std::string_view text, CatalogueFormat format);
+
 // A whole file in memory, freed with the object.
 class FileText {
 public:

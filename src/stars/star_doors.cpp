@@ -165,6 +165,24 @@ long kl_star_radec(kl_model_id *model_id, kl_time_id *time_id, const long *corre
 
 namespace {
 
+// The catalogue of a call: a file, or the built-in one.
+struct Catalogue {
+    const char *file;
+    FileText text = {};
+    CatalogueFormat format = CatalogueFormat::unknown;
+
+    [[nodiscard]] bool built_in() const { return file == nullptr || *file == '\0'; }
+    [[nodiscard]] FileText::Result load()
+    {
+        if (built_in())
+            return FileText::read;
+        const FileText::Result loaded = text.load(file);
+        if (loaded == FileText::read)
+            format = format_of(text.text());
+        return loaded;
+    }
+};
+
 enum class SearchEnd { done, no_memory, malformed };
 
 SearchEnd search_built_in(const StarSearch &search, FoundStars *found)
@@ -194,6 +212,14 @@ SearchEnd search_text(const StarSearch &search, CatalogueReader reader, FoundSta
     }
 }
 
+// Conditions go by their codes: a malformed line comes before what the search itself needs, and so is looked for before
+// that is told.
+long fails_after_records(Activation &call, const Catalogue &catalogue, int code)
+{
+    const long line = malformed_line(catalogue.text.text(), catalogue.format);
+    return line > 0 ? call.fails(KL_STAR_CATALOG_RECORD_ERR, &line) : call.fails(code, catalogue.file);
+}
+
 } // namespace
 
 long kl_star_catalog(kl_model_id *model_id, kl_time_id *time_id, const char *file, const kl_star_window *window,
@@ -210,41 +236,37 @@ long kl_star_catalog(kl_model_id *model_id, kl_time_id *time_id, const char *fil
         return call.fails(KL_STAR_CATALOG_CORRECTIONS_ERR);
     if (!is_star_frame(cs_out))
         return call.fails(KL_STAR_CATALOG_CS_OUT_ERR);
-    if (window == nullptr || !window_in_range(*window)) // before a file is read for nothing
-        return call.fails(KL_STAR_CATALOG_WINDOW_ERR);
+
+    Catalogue catalogue = {file};
+    const FileText::Result loaded = catalogue.load();
+    if (loaded != FileText::read)
+        return call.fails(loaded == FileText::unreadable ? KL_STAR_CATALOG_FILE_ERR : KL_STAR_CATALOG_MEMORY_ERR, file);
+    StarSky sky;
+    Sight sight;
+    bool transformation = false;
+    if (!sky.prepare(model_id, time_id, ref, days, *cs_out, &transformation))
+        return fails_after_records(call, catalogue,
+                                   transformation ? KL_STAR_CATALOG_TRANSFORMATION_ERR : KL_STAR_CATALOG_TIME_ID_ERR);
+    if (!sight_of(sky, *cs_out, *corrections, nullptr, nullptr, &sight))
+        return fails_after_records(call, catalogue, KL_STAR_CATALOG_TRANSFORMATION_ERR);
+    if (!catalogue.built_in() && catalogue.format == CatalogueFormat::unknown)
+        return call.fails(KL_STAR_CATALOG_FORMAT_ERR, file);
+    if (window == nullptr || !window_in_range(*window))
+        return fails_after_records(call, catalogue, KL_STAR_CATALOG_WINDOW_ERR);
     if (n_stars == nullptr || stars == nullptr)
         return KL_ERR;
 
-    const bool built_in = file == nullptr || *file == '\0';
-    FileText text;
-    CatalogueFormat format = CatalogueFormat::unknown;
-    if (!built_in) {
-        const FileText::Result loaded = text.load(file);
-        if (loaded == FileText::unreadable)
-            return call.fails(KL_STAR_CATALOG_FILE_ERR, file);
-        if (loaded == FileText::no_memory)
-            return call.fails(KL_STAR_CATALOG_MEMORY_ERR);
-        format = format_of(text.text());
-        if (format == CatalogueFormat::unknown)
-            return call.fails(KL_STAR_CATALOG_FORMAT_ERR, file);
-    }
-
-    StarSky sky;
-    bool transformation = false;
-    if (!sky.prepare(model_id, time_id, ref, days, *cs_out, &transformation))
-        return call.fails(transformation ? KL_STAR_CATALOG_TRANSFORMATION_ERR : KL_STAR_CATALOG_TIME_ID_ERR);
-    Sight sight;
-    if (!sight_of(sky, *cs_out, *corrections, nullptr, nullptr, &sight))
-        return call.fails(KL_STAR_CATALOG_TRANSFORMATION_ERR);
     const StarSearch search(*window, sight, sky.axes);
     FoundStars found(places != nullptr);
     long line = 0;
-    const SearchEnd end = built_in ? search_built_in(search, &found)
-                                   : search_text(search, CatalogueReader(text.text(), format), &found, &line);
+    const SearchEnd end =
+        catalogue.built_in()
+            ? search_built_in(search, &found)
+            : search_text(search, CatalogueReader(catalogue.text.text(), catalogue.format), &found, &line);
     if (end == SearchEnd::malformed)
         return call.fails(KL_STAR_CATALOG_RECORD_ERR, &line);
     if (end == SearchEnd::no_memory)
-        return call.fails(KL_STAR_CATALOG_MEMORY_ERR);
+        return fails_after_records(call, catalogue, KL_STAR_CATALOG_MEMORY_ERR);
     found.hand_over(n_stars, stars, places);
     const long warned = warning_of_call(time_id, sky.instant);
     if (warned != 0)

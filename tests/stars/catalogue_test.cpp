@@ -210,6 +210,49 @@ TEST(StarCatalogue, TellsWhatIsWrongWithAFile)
         });
 }
 
+// Two things wrong at a time: the lower code is told, a line of the file even before what is known without it.
+TEST(StarCatalogue, ConditionsGoByTheirCodes)
+{
+    const TextFile good("KL_STARS 1\n1 5 10 0 0 0 0 0 0.5\n"), bad("KL_STARS 1\n1 5 10 0 0 0 0 0 0.5\n2 5 10\n");
+    const TextFile unknown("Lorem ipsum\n");
+    const char *const files[] = {good.name.c_str(), bad.name.c_str(), unknown.name.c_str(), "/nowhere/at/all"};
+    enum File { kGood, kBad, kUnknown, kMissing };
+    kl_model_id model = {nullptr};
+    const long user = KL_MODEL_USER, models[9] = {0, 9, 0, 0, 0, 0, 0, 0, 0}; // refused: no routines
+    kl_model_init(&user, models, &model, nullptr);
+    kl_star_window none = kAll;
+    none.radius = -1.0;
+    const struct {
+        long corrections, frame, ref;
+        double time;
+        File file;
+        bool model, window;
+        long code;
+    } cases[] = {
+        {8, KL_HM2000, 4, 1e9, kMissing, true, true, KL_STAR_CATALOG_TIME_REF_ERR},
+        {8, KL_HM2000, KL_TIME_UTC, 1e9, kMissing, true, true, KL_STAR_CATALOG_DATE_ERR},
+        {8, KL_HM2000, KL_TIME_UTC, 0.5, kMissing, true, true, KL_STAR_CATALOG_CORRECTIONS_ERR},
+        {7, KL_HM2000, KL_TIME_UTC, 0.5, kMissing, true, true, KL_STAR_CATALOG_CS_OUT_ERR},
+        {7, KL_TOD, KL_TIME_UTC, 0.5, kMissing, true, true, KL_STAR_CATALOG_FILE_ERR},
+        {7, KL_TOD, KL_TIME_UTC, 0.5, kBad, true, true, KL_STAR_CATALOG_RECORD_ERR},
+        {7, KL_MOD, KL_TIME_TAI, 0.5, kBad, true, false, KL_STAR_CATALOG_RECORD_ERR},
+        {7, KL_MOD, KL_TIME_TAI, 0.5, kBad, false, true, KL_STAR_CATALOG_RECORD_ERR},
+        {7, KL_TOD, KL_TIME_TAI, 0.5, kUnknown, true, true, KL_STAR_CATALOG_TIME_ID_ERR},
+        {7, KL_MOD, KL_TIME_TAI, 0.5, kUnknown, true, true, KL_STAR_CATALOG_TRANSFORMATION_ERR},
+        {7, KL_MOD, KL_TIME_TAI, 0.5, kGood, true, true, KL_STAR_CATALOG_TRANSFORMATION_ERR},
+        {7, KL_MOD, KL_TIME_TAI, 0.5, kUnknown, false, true, KL_STAR_CATALOG_FORMAT_ERR},
+        {7, KL_MOD, KL_TIME_TAI, 0.5, kGood, false, true, KL_STAR_CATALOG_WINDOW_ERR},
+    };
+    for (const auto &c : cases)
+        expect_bits("two conditions", error_bits(c.code), [&](long *e) {
+            long n = 7;
+            kl_star *stars = nullptr;
+            return kl_star_catalog(c.model ? &model : nullptr, nullptr, files[c.file], c.window ? &none : &kAll,
+                                   &c.corrections, &c.frame, &c.ref, &c.time, &n, &stars, nullptr, e);
+        });
+    kl_model_close(&model, nullptr);
+}
+
 // Counted by hand over the whole catalogue, place by place.
 TEST(StarCatalogue, AWindowHoldsWhatLiesInIt)
 {
