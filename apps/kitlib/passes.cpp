@@ -1,7 +1,5 @@
 #include "passes.h"
 
-#include "table.h"
-
 #include <cstdio>
 
 namespace kitlib {
@@ -38,19 +36,20 @@ struct Sight {
         const double seconds = (tai - epoch) * kDay;
         double pos[3], vel[3], acc[3] = {0.0, 0.0, 0.0};
         kl_kepler now;
-        why = {-1, KL_ID_FUNC_KEPL_TO_CART, nullptr, {0, 0}};
+        why = {};
+        why.function_id = KL_ID_FUNC_KEPL_TO_CART;
         if (kl_mean_motion(&context.models, &mean, &seconds, &now, nullptr) == KL_ERR) {
             kl_kepl_to_cart(&context.models, &elements, &mean, pos, vel, why.ierr); // for the reason
             return false;
         }
         if (kl_kepl_to_cart(&context.models, &elements, &now, pos, vel, why.ierr) == KL_ERR)
             return false;
-        why = {-1, KL_ID_FUNC_CHANGE_CART_CS, nullptr, {0, 0}};
+        why.function_id = KL_ID_FUNC_CHANGE_CART_CS;
         if (kl_change_cart_cs(&context.models, &context.time, &mode, &tod, &fixed, &kTai, &tai, pos, vel, acc, pos, vel,
                               acc, why.ierr)
             == KL_ERR)
             return false;
-        why = {-1, -1, "kl_ef_to_topocentric", {0, 0}};
+        why.function = "kl_ef_to_topocentric";
         return kl_ef_to_topocentric(&context.models, &mode, &station, pos, vel, &seen, why.ierr) != KL_ERR;
     }
 
@@ -102,17 +101,6 @@ struct Sight {
     }
 };
 
-int refuse(const Refusal &why, const char *otherwise)
-{
-    const Condition *condition = why.cell < 0 ? first_error(why.function_id, why.function, why.ierr) : nullptr;
-    if (condition != nullptr)
-        std::fprintf(stderr, "kitlib: %s: %s (%s:%ld)\n", condition->constant, condition->text, condition->function,
-                     condition->code);
-    else
-        std::fprintf(stderr, "kitlib: %s\n", otherwise);
-    return kRefused;
-}
-
 // A pass; "<" and ">" mark one that had begun at the start of the search, or goes on at its end.
 bool print_pass(Sight &sight, const kl_crossing ends[2], long scale, bool json)
 {
@@ -141,7 +129,8 @@ bool print_pass(Sight &sight, const kl_crossing ends[2], long scale, bool json)
 
 } // namespace
 
-int show_passes(const Context &context, const std::vector<std::string> &values, const PassRequest &request, bool json)
+int show_passes(const Context &context, const std::vector<std::string> &values, long scale, const PassRequest &request,
+                bool json)
 {
     Refusal why;
     double in[9], epoch, start;
@@ -151,9 +140,9 @@ int show_passes(const Context &context, const std::vector<std::string> &values, 
             return kRefused;
         }
     }
-    if (!tai_of(context, request.scale, request.epoch, epoch, why)
-        || !tai_of(context, request.scale, request.start.empty() ? request.epoch : request.start, start, why))
-        return refuse(why, "the time cannot be read");
+    if (!tai_of(context, scale, request.epoch, epoch, why)
+        || !tai_of(context, scale, request.start.empty() ? request.epoch : request.start, start, why))
+        return refuse({}, why);
     if (!(in[3] > 0.0) || !(in[4] >= 0.0 && in[4] < 1.0)) {
         std::fputs("kitlib: an ellipse has a > 0 and e from 0 to less than 1\n", stderr);
         return kRefused;
@@ -167,13 +156,13 @@ int show_passes(const Context &context, const std::vector<std::string> &values, 
     Sight sight(context, in, epoch, request.elevation_deg);
     std::vector<kl_crossing> ends(static_cast<std::size_t>(request.hours * 60.0) + 2); // steps of a minute
     if (!sight.search(start, start + request.hours / 24.0, ends))
-        return refuse(sight.why, "the passes cannot be found");
+        return refuse({}, sight.why);
     if (!json && !ends.empty())
         std::printf(" %-23s %7s  %-23s %7s %6s  %-23s %7s\n", "rise", "azimuth", "top", "azimuth", "height", "set",
                     "azimuth");
     for (std::size_t i = 0; i + 1 < ends.size(); i += 2)
-        if (!print_pass(sight, &ends[i], request.scale, json))
-            return refuse(sight.why, "the passes cannot be found");
+        if (!print_pass(sight, &ends[i], scale, json))
+            return refuse({}, sight.why);
     if (ends.empty() && !json)
         std::printf("no pass above %s deg in %s hours\n", shortest(request.elevation_deg).c_str(),
                     shortest(request.hours).c_str());

@@ -26,6 +26,10 @@ const long kTai = KL_TIME_TAI;
 bool refused(long status, long function_id, Refusal &why)
 {
     why.function_id = function_id;
+    if (status == KL_WARN) {
+        why.warned_by = function_id;
+        std::memcpy(why.warnings, why.ierr, sizeof why.warnings);
+    }
     return status == KL_ERR;
 }
 

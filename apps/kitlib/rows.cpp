@@ -2,6 +2,8 @@
 
 #include "table.h"
 
+#include "kl_lib.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -27,27 +29,27 @@ std::string_view trimmed(std::string_view text)
     return text;
 }
 
+// Where the quoted cell ends that begins at a quote; two quotes in it are one of its characters.
+std::size_t closing_quote(std::string_view line, std::size_t opening)
+{
+    std::size_t at = line.find('"', opening + 1);
+    while (at != std::string_view::npos && at + 1 < line.size() && line[at + 1] == '"')
+        at = line.find('"', at + 2);
+    return at;
+}
+
 // Cells of a line; one in quotes may hold commas, and comes without its quotes.
 void split(std::string_view line, std::vector<std::string_view> &cells)
 {
     cells.clear();
-    for (std::size_t at = 0;;) {
-        std::size_t end = line.find(',', at);
-        if (at < line.size() && line[at] == '"') {
-            const std::size_t quote = line.find('"', at + 1);
-            end = quote == std::string_view::npos ? quote : line.find(',', quote);
-            if (quote != std::string_view::npos) {
-                cells.push_back(line.substr(at + 1, quote - at - 1));
-                if (end == std::string_view::npos)
-                    return;
-                at = end + 1;
-                continue;
-            }
-        }
-        cells.push_back(trimmed(line.substr(at, end == std::string_view::npos ? end : end - at)));
-        if (end == std::string_view::npos)
-            return;
-        at = end + 1;
+    for (std::size_t at = 0; at != std::string_view::npos;) {
+        const bool quoted = at < line.size() && line[at] == '"';
+        const std::size_t quote = quoted ? closing_quote(line, at) : std::string_view::npos;
+        const std::size_t end = line.find(',', quote == std::string_view::npos ? at : quote);
+        cells.push_back(quote == std::string_view::npos
+                            ? trimmed(line.substr(at, end == std::string_view::npos ? end : end - at))
+                            : line.substr(at + 1, quote - at - 1));
+        at = end == std::string_view::npos ? end : end + 1;
     }
 }
 
@@ -68,21 +70,15 @@ void append(std::string &out, const Value &value, bool json)
         append_number(out, value.number);
 }
 
-// "kl_sun:1", or "input:utc" for a cell.
-std::string code_of(const Question &question, const Refusal &why)
+// Functions without a public id leave their vector at 0: their condition is the one whose text was recorded last.
+const Condition *error_of(const Refusal &why)
 {
-    if (why.cell >= 0)
-        return "input:" + question.inputs[static_cast<std::size_t>(why.cell)].name;
-    const Condition *condition = first_error(why.function_id, why.function, why.ierr);
-    return condition != nullptr ? std::string(condition->function) + ":" + std::to_string(condition->code) : "refused";
-}
-
-std::string words_of(const Question &question, const Refusal &why)
-{
-    if (why.cell >= 0)
-        return question.inputs[static_cast<std::size_t>(why.cell)].name + " cannot be read";
-    const Condition *condition = first_error(why.function_id, why.function, why.ierr);
-    return condition != nullptr ? std::string(condition->constant) + ": " + condition->text : "refused";
+    if (why.function == nullptr)
+        return first_error(why.function_id, why.ierr);
+    static thread_local char messages[KL_MAX_MSG][KL_MSG_LENGTH];
+    long n = 0;
+    kl_get_last_msg(&n, messages);
+    return n > 0 ? error_named(why.function, messages[n - 1]) : nullptr;
 }
 
 void append_json(std::string &out, const Question &question, const std::vector<Value> &answer)
@@ -96,7 +92,8 @@ void append_json(std::string &out, const Question &question, const std::vector<V
 struct Part {
     std::string_view lines; // whole ones
     std::string out;
-    std::size_t refused = 0;
+    std::size_t refused = 0, warned = 0;
+    Refusal warning; // the first one
 };
 
 void answer_lines(const Question &question, const std::vector<std::size_t> &columns, bool json, Part &part)
@@ -104,7 +101,7 @@ void answer_lines(const Question &question, const std::vector<std::size_t> &colu
     std::vector<std::string_view> all, cells(columns.size());
     std::vector<Value> answer(question.outputs.size());
     part.out.clear();
-    part.refused = 0;
+    part.refused = part.warned = 0;
     for (std::size_t at = 0; at < part.lines.size();) {
         const std::size_t end = std::min(part.lines.find('\n', at), part.lines.size());
         const std::string_view line = trimmed(part.lines.substr(at, end - at));
@@ -121,6 +118,8 @@ void answer_lines(const Question &question, const std::vector<std::size_t> &colu
         }
         const bool good = why.cell < 0 && question.ask(cells, answer, why);
         part.refused += good ? 0 : 1;
+        if (good && why.warned_by >= 0 && part.warned++ == 0)
+            part.warning = why;
         if (json) {
             part.out += '{';
             if (good)
@@ -233,6 +232,34 @@ std::string json_text(std::string_view text)
     return out + '"';
 }
 
+std::string code_of(const Question &question, const Refusal &why)
+{
+    if (why.cell >= 0)
+        return "input:" + question.inputs[static_cast<std::size_t>(why.cell)].name;
+    const Condition *condition = error_of(why);
+    return condition != nullptr ? std::string(condition->function) + ":" + std::to_string(condition->code) : "refused";
+}
+
+std::string words_of(const Question &question, const Refusal &why)
+{
+    if (why.cell >= 0)
+        return question.inputs[static_cast<std::size_t>(why.cell)].name + " cannot be read";
+    const Condition *condition = error_of(why);
+    return condition != nullptr ? std::string(condition->constant) + ": " + condition->text : "refused";
+}
+
+int refuse(const Question &question, const Refusal &why)
+{
+    std::fprintf(stderr, "kitlib: %s (%s)\n", words_of(question, why).c_str(), code_of(question, why).c_str());
+    return kRefused;
+}
+
+void warn(const Refusal &why)
+{
+    if (const Condition *condition = first_warning(why.warned_by, why.warnings))
+        std::fprintf(stderr, "kitlib: warning: %s (%s:%ld)\n", condition->text, condition->function, condition->code);
+}
+
 int ask_once(const Question &question, const std::vector<std::string> &values, bool json)
 {
     std::vector<std::string_view> cells(values.begin(), values.end());
@@ -241,9 +268,9 @@ int ask_once(const Question &question, const std::vector<std::string> &values, b
     if (!question.ask(cells, answer, why)) {
         if (json)
             std::printf("{\"code\": %s}\n", json_text(code_of(question, why)).c_str());
-        std::fprintf(stderr, "kitlib: %s (%s)\n", words_of(question, why).c_str(), code_of(question, why).c_str());
-        return kRefused;
+        return refuse(question, why);
     }
+    warn(why);
     std::string out;
     if (json) {
         out = "{";
@@ -273,7 +300,8 @@ int ask_rows(const Question &question, const RowOptions &options)
     std::vector<Part> parts(std::max(1U, std::thread::hardware_concurrency()));
     std::vector<std::size_t> columns;
     std::string text;
-    std::size_t refused = 0;
+    std::size_t refused = 0, warned = 0;
+    Refusal warning;
     double done = 0.0;
     bool header_seen = false;
     for (bool more = true; more;) {
@@ -319,6 +347,9 @@ int ask_rows(const Question &question, const RowOptions &options)
             thread.join();
         for (const Part &part : parts) {
             refused += part.refused;
+            if (warned == 0)
+                warning = part.warning;
+            warned += part.warned;
             if (!write_out(part.out))
                 return output_lost();
         }
@@ -334,6 +365,9 @@ int ask_rows(const Question &question, const RowOptions &options)
         std::fputs("kitlib: no values and nothing on standard input\n", stderr);
         return kWrongUsage;
     }
+    warn(warning);
+    if (warned > 1)
+        std::fprintf(stderr, "kitlib: %zu rows with warnings\n", warned);
     if (refused > 0)
         std::fprintf(stderr, "kitlib: %zu rows refused\n", refused);
     return refused > 0 ? kRefused : kDone;

@@ -25,6 +25,8 @@ struct Refusal {
     long function_id = -1;
     const char *function = nullptr; // where it has no id
     long ierr[2] = {0, 0};
+    long warned_by = -1; // the last function that warned of an answer
+    long warnings[2] = {0, 0};
 };
 
 struct Question {
@@ -46,6 +48,12 @@ constexpr int kDone = 0, kWrongUsage = 1, kRefused = 2;
 bool read_number(std::string_view text, double &number);
 std::string shortest(double number); // that reads back as the same number
 std::string json_text(std::string_view text);
+
+// "kl_sun:1", or "input:utc" for a cell; and the same in words.
+std::string code_of(const Question &question, const Refusal &why);
+std::string words_of(const Question &question, const Refusal &why);
+int refuse(const Question &question, const Refusal &why); // its line on standard error
+void warn(const Refusal &why);                            // its line on standard error, if there is a warning
 
 int ask_once(const Question &question, const std::vector<std::string> &values, bool json);
 int ask_rows(const Question &question, const RowOptions &options); // standard input to standard output

@@ -21,8 +21,10 @@ extern const Condition kConditions[];
 extern const std::size_t kNConditions;
 
 bool is_set(const Condition &condition, const long ierr[2]);
-// By id, or by name where that is not null. Null: none.
-const Condition *first_error(long public_id, const char *function, const long ierr[2]);
+// Null: none.
+const Condition *first_error(long public_id, const long ierr[2]);
+const Condition *first_warning(long public_id, const long ierr[2]);
+const Condition *error_named(const char *function, const char *message); // that a message ends with
 
 } // namespace kitlib
 

@@ -30,6 +30,12 @@ says 2 "" time 2016-06-30T23:59:60
 says 2 "" time yesterday
 says 2 "" geoid 91 0
 says 2 "" topocentric 91 0 0 7e6 0 0
+grep -q '^kitlib: KL_EF_TO_TOPOCENTRIC_ORIGIN_ERR: .* (kl_ef_to_topocentric:1)$' err || { cat err >&2; bad=1; }
+# After the last row of the correlation UT1 is a formula's.
+says 0 - time 2040-01-01 --to UT1
+grep -q '^kitlib: warning: Time out of initialization range (kl_time_processing_to_ascii:6)$' err || { cat err >&2; bad=1; }
+printf 'time\n2041-01-01\n2020-01-01\n2040-01-01\n' | "$kitlib" time --to UT1 >out 2>err || bad=1
+grep -q '^kitlib: 2 rows with warnings$' err && [ "$(wc -l <err)" = 2 ] || { cat err >&2; bad=1; }
 # WGS 84 (NIMA TR8350.2, table 3.1 and 3.3): the semi-axes; a quarter of a meridian is 10001965.729 m.
 says 0 '{"latitude": 0, "longitude": 0, "height": 0}' geodetic 6378137 0 0 --json
 says 0 - geodetic --back 90 0 0 --json
@@ -109,8 +115,24 @@ done
              END { if (n != 4995 || wrong) { print n, wrong " rows do not come back" > "/dev/stderr"; exit 1 } }' || bad=1
 printf 'time\n"2017-01-01T00:00:00"\n' | "$kitlib" time --to TAI >out
 [ "$(tail -n 1 out)" = '"2017-01-01T00:00:00",2017-01-01T00:00:37.000000,' ] || { cat out >&2; bad=1; }
+printf 'note,"when, utc"\r\n"said ""a, b"" and ""c""",2017-01-01\r\n' | "$kitlib" time --columns 2 --to TAI >out
+[ "$(tail -n 1 out)" = '"said ""a, b"" and ""c""",2017-01-01,2017-01-01T00:00:37.000000,' ] || { cat out >&2; bad=1; }
 printf 'latitude,longitude\n0,0\n,1\n' | "$kitlib" geoid --json >out 2>/dev/null || true
 [ "$(tail -n 1 out)" = '{"code": "input:latitude"}' ] || { cat out >&2; bad=1; }
+
+# A bar for long input on a terminal; completion of verbs, names and options.
+if command -v script >/dev/null; then
+    awk 'BEGIN { print "time"; for (i = 0; i < 350000; ++i) print "2026-01-01T00:00:00.000000" }' >long.csv
+    script -qec "'$kitlib' time --to TAI <long.csv >/dev/null" bar >/dev/null
+    tr '\r' '\n' <bar | grep -q '^\[#*\] 100 %' || { cat bar >&2; bad=1; }
+fi
+if command -v bash >/dev/null; then
+    bash -c '. "$1"; kitlib=$2; shift 2
+             completed() { COMP_WORDS=("$kitlib" "$@"); COMP_CWORD=$#; _kitlib; echo "${COMPREPLY[@]}"; }
+             completed ti; completed frame --to T; completed planet m; completed frame --fr' \
+        - "$here/kitlib.bash" "$kitlib" >out
+    printf 'time timeid\nTOD TEME\nmercury mars\n--from\n' | diff - out || bad=1
+fi
 
 # Examples of the help run; page and completion know every verb.
 "$kitlib" --help | awk '/Subcommands:/ { on = 1; next } on && NF == 0 { exit } on { print $1 }' >verbs
