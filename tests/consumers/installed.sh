@@ -1,6 +1,7 @@
 #!/bin/sh
 # Programs of users against an installed tree: installed.sh BUILD_DIRECTORY. Plain make, pkg-config and find_package, in C
-# and C++; each fails without the library and runs with it. Then the tree is moved, and the installation taken back.
+# and C++; each fails without the library and runs with it. Then the tree is moved, a component installed alone, and the
+# installation taken back.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 build=$(cd "$1" && pwd)
@@ -54,6 +55,15 @@ fails other_kind with_find_package "$work/prefix" 4 "$([ $kind = static ] && ech
 mv "$work/prefix" "$work/moved"
 for way in $ways; do runs "$way-moved" "with_$way" "$work/moved"; done
 mv "$work/moved" "$work/prefix"
+if [ $kind = shared ]; then # one component alone is what a program needs to run
+    cmake --install "$build" --prefix "$work/runtime" --component runtime >/dev/null
+    other=$(find "$work/runtime" \( -type f -o -type l \) ! -name 'lib*.so.[0-9]*')
+    [ -z "$other" ] || { echo "component runtime: $other" >&2; exit 1; }
+    mv "$work/prefix" "$work/away"
+    LD_LIBRARY_PATH="$work/runtime/$libdir" "$work/make/task_cpp" | diff "$tasks/same_task.txt" - >&2
+    mv "$work/away" "$work/prefix"
+    cmake --install "$build" --prefix "$work/prefix" >/dev/null # whose list is the last
+fi
 cmake -DMANIFESTS="$build" -P "$here/../../cmake/uninstall.cmake" >/dev/null 2>&1
 left=$(find "$work/prefix" -type f -o -type l)
 [ -z "$left" ] || { echo "left after the uninstallation: $left" >&2; exit 1; }

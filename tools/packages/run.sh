@@ -38,6 +38,7 @@ inside sh -euc '
     apt-get install -y -qq --no-install-recommends g++ pkg-config >/dev/null
     ! gcc same_task.c -lKitLib -lm -o task 2>/dev/null
     apt-get install -y -qq --no-install-recommends ./libkitlib*.deb ./kitlib_*.deb >/dev/null
+    ldconfig -p | grep -q "libKitLib\.so\.4" && ! ldconfig -p | grep -i "libkit\(common\|datahandling\|filehandling\)"
     gcc same_task.c -lKitLib -lm -o task && ./task | diff same_task.txt -
     g++ -std=c++17 same_task.cpp $(pkg-config --cflags --libs KitLib) -o task && ./task | diff same_task.txt -
     g++ -std=c++17 same_task.cpp -static-libstdc++ $(pkg-config --cflags KitLib) \
