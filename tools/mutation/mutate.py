@@ -5,9 +5,10 @@ Usage: mutate.py [--count 200] [--seed 1] [--only GLOB] [--folders A,B] [--jobs 
 A mutant swaps + and -, * and /, < and <=, > and >=, == and !=, && and ||, changes a number by one or in its last digit,
 or drops a sign. Three in ten change numbers, one in ten a table of numbers. In a private copy of the newest commit the
 library is built with it and asked by the tests of its own folder, then by those of the others, the quick ones first, each
-built when its turn comes, up to the first failure; a crash or a hang is one too. Warnings are errors. With
---sanitize what survives is built once more with the address and undefined-behaviour sanitizers, for the tests of its
-folder. Mutants that do not compile or leave the library's code as it was are replaced by the next and not counted.
+built when its turn comes, up to the first failure; a crash or a hang is one too. Warnings are errors. Of the mutants
+drawn those come first that cost little to build. With --sanitize what survives is built once more with the address and
+undefined-behaviour sanitizers, for the tests of its folder. Mutants that do not compile or leave the library's code as
+it was are replaced by the next and not counted.
 Everything lies in build/mutation: tree (the copy), state.jsonl (what has been found; the next start goes on from there,
 on the same commit), survivors.txt.
 """
@@ -234,6 +235,16 @@ def build(jobs: int, folders=FOLDERS, where=BUILD) -> subprocess.CompletedProces
     return run(["ninja", "-C", str(where), f"-j{jobs}", "KitLib"] + [f"{folder}_tests" for folder in folders])
 
 
+def cheap_first(mutants: list) -> list:
+    """Those first that few objects are built of: a header of all may cost as much as fifty files."""
+    objects = {}
+    for line in run(["ninja", "-C", str(BUILD), "-t", "deps"]).stdout.splitlines():
+        if line.startswith("    "):
+            path = os.path.relpath(os.path.join(BUILD, line.strip()), TREE)
+            objects[path] = objects.get(path, 0) + 1
+    return sorted(mutants, key=lambda m: objects.get(m.path, 1))
+
+
 def code(folders: list) -> list:
     """What the library and the tests of internal headers are made of."""
     return [hashlib.sha256(path.read_bytes()).hexdigest()
@@ -348,7 +359,7 @@ def main() -> None:
     by_time = sorted(FOLDERS, key=timeouts.get)
 
     counted, survivors, replaced = 0, [], 0
-    for mutant in order:
+    for mutant in cheap_first(order[:given.count]) + order[given.count:]:
         if counted == given.count:
             break
         result = results.get(mutant.key())
