@@ -172,7 +172,7 @@ GeodeticFindings<T> cartesian_to_degrees(const Ellipsoid &e, bool rates, const T
     *out = {at.lat * KL_DEG_PER_RAD + 0.0, positive_degrees(at.lon), at.h, T(0.0), T(0.0), T(0.0)};
     GeodeticFindings<T> found;
     found.two_feet = (pos[2] == 0.0) & (at.p < e.E);
-    found.no_longitude = pos[0] != pos[0]; // nowhere
+    found.no_longitude = fabs(pos[0]) < 0.0; // nowhere
     if (!rates)
         return found;
     const GeodeticRates<T> r = cartesian_to_geodetic_rates(e, at, vel);

@@ -53,7 +53,7 @@ void planet_vectors(const PlanetTable &planet, T t, T pv[6], mask_of<T> *converg
     const T m = longitude - perihelion;
     T ea = m + e * sine_cosine(m).s;
     T step = 0.0;
-    auto going_on = ea == ea;
+    auto going_on = fabs(ea) >= 0.0; // a number
     for (int k = 0; k < kMostSteps && any(going_on); ++k) {
         const SineCosine<T> now = sine_cosine(ea);
         const T next = (m - ea + e * now.s) / (1.0 - e * now.c);

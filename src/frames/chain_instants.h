@@ -40,10 +40,4 @@ inline bool has_pole(const Correlation &correlation)
     return correlation.row_pole != nullptr;
 }
 
-// The same bits, zeros and NaN too.
-inline bool same_number(double a, double b)
-{
-    return bits_of(a) == bits_of(b);
-}
-
 #endif

@@ -3,9 +3,9 @@
 #define KL_SRC_GEOMETRY_ECLIPSE_DOORS_H
 
 #include "frames/axes.h"
+#include "numbers/pack.h"
 #include "time/doors/call_instant.h"
 
-#include <cstring>
 #include <limits>
 
 // Kept from one element to the next: the same instant, bit for bit, is not prepared again.
@@ -15,7 +15,7 @@ struct EclipseSky {
     FrameAxes to_true_of_date = {};
     double sun[3] = {}; // true of date, m; without light time
 
-    [[nodiscard]] bool holds(double other) const { return std::memcmp(&days, &other, sizeof days) == 0; }
+    [[nodiscard]] bool holds(double other) const { return same_number(days, other); }
     bool prepare(kl_model_id *model_id, kl_time_id *time_id, long ref, double days, long cs, bool light_time,
                  int *condition);
 };

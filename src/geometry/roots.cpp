@@ -102,8 +102,8 @@ Taylor taylor_at(const Polynomial &f, double x)
     return out;
 }
 
-// One more step of Newton with the value in twice the digits: S. Graillat, P. Langlois and N. Louvet, Japan J. Indust.
-// Appl. Math. 26, 191 (2009), algorithm 3.
+// One more step of Newton with the value in twice the digits, by the compensated scheme of S. Graillat, P. Langlois and
+// N. Louvet, Japan J. Indust. Appl. Math. 26, 191 (2009).
 double corrected(const Polynomial &f, double low, double high, double x)
 {
     double p = f.c[f.order];

@@ -190,7 +190,7 @@ template <class T>
 T hypotenuse(T x, T y)
 {
     const T longer = greater(fabs(x), fabs(y));
-    const auto common = ((longer > 0x1p-400) | (longer == 0.0)) & (longer < 0x1p500) & (y == y);
+    const auto common = ((longer > 0x1p-400) | (longer == 0.0)) & (longer < 0x1p500) & (fabs(y) >= 0.0);
     const T length = hypotenuse_of_ordinary(x, y);
     return all(common) ? length : in_lanes(!common, length, hypotenuse_of_any, x, y);
 }

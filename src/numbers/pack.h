@@ -193,6 +193,11 @@ bits_type<T> bits_of(T x)
     std::memcpy(&bits, &x, sizeof bits);
     return bits;
 }
+// To the bit, zeros and NaN too.
+inline bool same_number(double a, double b)
+{
+    return bits_of(a) == bits_of(b);
+}
 template <class T>
 T from_bits(bits_type<T> bits)
 {

@@ -83,7 +83,8 @@ private:
         if (first->above() && !put(*first, 1, 1))
             return KL_WARN;
         Sample left = *first;
-        for (double i = 0.0; i < grid.last(); ++i) {
+        for (long k = 0; static_cast<double>(k) < grid.last(); ++k) {
+            const double i = static_cast<double>(k);
             const Sample *next = grid.at(i + 1.0);
             if (next == nullptr)
                 return KL_ERR;

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-// Secular terms of first order. Source: D. Brouwer, Astron. J. 64, 378 (1959), section 6.
+// Secular terms of first order. Source: D. Brouwer, Astron. J. 64, 378 (1959).
 kl_kepler drifted(double gm, const Oblateness &field, const kl_kepler &mean, double duration)
 {
     const double a = mean.semi_major_axis;

@@ -6,8 +6,6 @@
 #include "orientation/orientation.h"
 #include "orientation/requests.h"
 
-#include <cstring>
-
 namespace {
 
 struct Block {
@@ -24,7 +22,7 @@ void prepare(const OrientationRequest &request, const OrientationPath &path, con
     block->n = 0;
     bool warned = false;
     for (long k = 0; k < count; ++k) {
-        if (k > 0 && std::memcmp(time + k, time + k - 1, sizeof *time) == 0) {
+        if (k > 0 && same_number(time[k], time[k - 1])) {
             block->place[k] = block->place[k - 1];
         } else {
             OrientationInstant *instant = &block->instants[block->n];

@@ -105,7 +105,7 @@ void place_of(const Sight &sight, const kl_star &star, double place[3])
             u[i] += size * by[i];
     }
 
-    // Aberration, with the Sun's potential at the observer: S. A. Klioner, Astron. J. 125, 1580 (2003), equation 19.
+    // Aberration, with the Sun's potential at the observer: S. A. Klioner, Astron. J. 125, 1580 (2003).
     if (sight.aberration) {
         const double *v = sight.velocity;
         const double uv = dot3(u, v);

@@ -3,10 +3,10 @@
 #define KL_SRC_STARS_STAR_DOORS_H
 
 #include "frames/axes.h"
+#include "numbers/pack.h"
 #include "stars/place.h"
 #include "time/doors/call_instant.h"
 
-#include <cstring>
 #include <limits>
 
 // What all stars of one instant share, kept from one element to the next: the same instant, bit for bit, is not
@@ -17,7 +17,7 @@ struct StarSky {
     FrameAxes axes = {};
     Observer earth = {}; // its centre
 
-    [[nodiscard]] bool holds(double other) const { return std::memcmp(&days, &other, sizeof days) == 0; }
+    [[nodiscard]] bool holds(double other) const { return same_number(days, other); }
     // False without a time id, or with `transformation` true without chain or routines.
     bool prepare(kl_model_id *model_id, kl_time_id *time_id, long ref, double days, long cs, bool *transformation);
 };
