@@ -1,6 +1,7 @@
 // The public frame change: conditions, modes, time scales, once-only warnings, no memory asked for.
 #include "support/captured_stream.h"
 #include "support/chain_state.h"
+#include "support/csv.h"
 #include "support/fault_injection.h"
 #include "support/owned_model.h"
 
@@ -9,9 +10,6 @@ namespace {
 constexpr double kUt1Day = 9000.25;
 constexpr long kFull = KL_CALC_POS_VEL_ACC;
 constexpr long kVector = 11; // argument
-constexpr long kWorks = -2;  // in the column of bits; kNone is a failure without one
-#include "frames/change_cart_cs_conditions.inc"
-#include "frames/correlation_warnings.inc"
 
 struct Call {
     kl_time_id *time_id;
@@ -41,16 +39,16 @@ TEST(ChangeCartCs, RefusesBadInputWithItsConditions)
     ASSERT_EQ(refused.select(KL_MODEL_PRECESSION, 99), KL_ERR);
     ChainTimeId known;
     kl_time_id empty{};
-    for (const auto &[name, given, mode, from, to, ref, time, missing_argument, bit] : kConditions)
+    for (const auto &[name, given, mode, from, to, ref, time, missing_argument, bits] :
+         read_rows<std::string, std::string, long, long, long, long, double, long, Bits>("frame_change_refusals.csv"))
         for (kl_time_id *missing : {&empty, static_cast<kl_time_id *>(nullptr)}) {
-            Call call{given == kNoId ? missing : &known.id, mode, from, to, ref, time};
-            call.model_id = given == kKnownAndRefusedModel ? &refused.id : nullptr;
+            Call call{given == "none" ? missing : &known.id, mode, from, to, ref, time};
+            call.model_id = given == "known, refused model" ? &refused.id : nullptr;
             call.ierr = missing_argument == kVector ? 0 : 77;
-            const long status = call(missing_argument);
-            EXPECT_EQ(status, bit == kWorks ? KL_OK : KL_ERR) << name;
-            EXPECT_EQ(call.ierr, bit == kWorks ? 0 : error_or_none(bit)) << name;
-            const bool late = bit == KL_CHANGE_CART_CS_TAI_ERR; // the state has been carried
-            EXPECT_EQ(call.untouched(), bit != kWorks && !late) << name;
+            EXPECT_EQ(call(missing_argument), status_with(bits)) << name;
+            EXPECT_EQ(call.ierr, bits == kRefused ? 0 : bits.value) << name;
+            const bool late = bits == error_bits(KL_CHANGE_CART_CS_TAI_ERR); // the state has been carried
+            EXPECT_EQ(call.untouched(), bits != kNothing && !late) << name;
         }
 }
 
@@ -103,11 +101,12 @@ TEST(ChangeCartCs, WarnsOnceOnLeavingTheTableWhateverConversionsHaveWarnedOf)
     TableId held(table), formula(by_formula), gap(with_gap), converted(ten_days());
     EXPECT_EQ(convert(converted, KL_TIME_TAI, 20.0, KL_TIME_UT1).status, KL_WARN);
     EXPECT_EQ(convert(converted, KL_TIME_TAI, 20.0, KL_TIME_UT1).ierr & 1L << 9, 0);
-    TableId *const ids[] = {&held, &formula, &gap, &converted};
-    for (const auto &[name, table_of, tai, bit] : kWarnings) {
-        Call call{*ids[table_of], kFull, KL_GM2000, KL_EF, KL_TIME_TAI, tai};
-        EXPECT_EQ(call(), bit == kNone ? KL_OK : KL_WARN) << name << " at " << tai;
-        EXPECT_EQ(call.ierr, bit == kNone ? 0 : warning_bits(bit)) << name << " at " << tai;
+    const std::map<std::string, kl_time_id *> ids = {
+        {"held", held}, {"by formula", formula}, {"with a gap", gap}, {"converted", converted}};
+    for (const auto &[name, tai, bits] : read_rows<std::string, double, Bits>("frame_change_warnings.csv")) {
+        Call call{ids.at(name), kFull, KL_GM2000, KL_EF, KL_TIME_TAI, tai};
+        EXPECT_EQ(call(), status_with(bits)) << name << " at " << tai;
+        EXPECT_EQ(call.ierr, bits) << name << " at " << tai;
         EXPECT_FALSE(call.untouched());
     }
 }
