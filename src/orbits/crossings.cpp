@@ -92,20 +92,12 @@ private:
             long status = KL_OK;
             if (left.above() != right.above()) {
                 status = refine(left, right);
-            } else {
-                Sample dip;
+            } else if (i > paired_) {
                 const Sample *beyond = i + 2.0 <= grid.last() ? grid.at(i + 2.0) : nullptr;
                 if (beyond == nullptr && i + 2.0 <= grid.last())
                     return KL_ERR;
-                const Sample *before = i >= 1.0 ? grid.at(i - 1.0) : nullptr;
-                const int other = other_side(left, right, before, beyond, &dip);
-                if (other < 0)
-                    return KL_ERR;
-                if (other > 0) {
-                    status = refine(left, dip);
-                    if (status == KL_OK)
-                        status = refine(dip, right);
-                }
+                const Sample *before = i >= 1.0 && i - 1.0 > paired_ ? grid.at(i - 1.0) : nullptr;
+                status = pair_around(i, before, left, right, beyond);
             }
             if (status != KL_OK)
                 return status;
@@ -129,6 +121,22 @@ private:
         return search_.f(search_.context, &one, &t, &out->f) != KL_ERR && std::isfinite(out->f);
     }
 
+    // The pair of crossings about an extremum between two samples of one side, or just beyond one of them.
+    long pair_around(double i, const Sample *before, const Sample &left, const Sample &right, const Sample *beyond)
+    {
+        Sample dip;
+        const int other = other_side(before, left, right, beyond, &dip);
+        if (other <= 0)
+            return other < 0 ? KL_ERR : KL_OK;
+        const bool earlier = dip.t < left.t;
+        const bool later = right.t < dip.t;
+        const Sample from = earlier ? *before : later ? right : left;
+        const Sample to = earlier ? left : later ? *beyond : right;
+        paired_ = earlier ? i - 1.0 : later ? i + 1.0 : i;
+        const long status = refine(from, dip);
+        return status == KL_OK ? refine(dip, to) : status;
+    }
+
     // Extremum of the parabola through three samples, when it lies between left and right and on the other side of
     // zero, or so near to it that the function may lie there.
     static bool dips(const Sample &a, const Sample &b, const Sample &c, const Sample &left, const Sample &right,
@@ -148,24 +156,35 @@ private:
         return *t > left.t && *t < right.t && ((f > 0.0) != left.above() || std::fabs(f) <= kNear * span);
     }
 
-    // 1: *dip lies between left and right, on the other side of zero than both. 0: none is seen. -1: failure.
-    int other_side(Sample left, Sample right, const Sample *before, const Sample *beyond, Sample *dip)
+    // 1: *dip lies on the other side of zero than left and right. 0: none is seen. -1: failure. By parabolas through
+    // the sample that is nearest to zero and its neighbours.
+    int other_side(const Sample *before, const Sample &left, const Sample &right, const Sample *beyond, Sample *dip)
     {
         double t = 0.0;
         if (!(before != nullptr && dips(*before, left, right, left, right, &t))
             && !(beyond != nullptr && dips(left, right, *beyond, left, right, &t)))
             return 0;
-        for (int i = 0; i < 8; ++i) {
+        if (!evaluate(t, dip))
+            return -1;
+        const auto nearer = [](const Sample &x, const Sample &y) { return std::fabs(x.f) < std::fabs(y.f); };
+        const auto beside = [&](const Sample *x) { return x != nullptr && x->above() == left.above(); };
+        Sample a = left, b = *dip, c = right;
+        if (beside(before) && nearer(left, *dip) && !nearer(right, left)) {
+            a = *before, b = left, c = *dip;
+        } else if (beside(beyond) && nearer(right, *dip)) {
+            a = *dip, b = right, c = *beyond;
+        }
+        for (int i = 0; dip->above() == left.above(); ++i) {
+            if (i == 16 || !dips(a, b, c, a, c, &t) || std::fabs(t - b.t) <= search_.tolerance)
+                return 0;
             if (!evaluate(t, dip))
                 return -1;
-            if (dip->above() != left.above())
-                return 1;
-            const double from = t;
-            if (!dips(left, *dip, right, left, right, &t) || std::fabs(t - from) <= search_.tolerance)
-                return 0;
-            (t < from ? right : left) = *dip;
+            const bool better = nearer(*dip, b);
+            ((dip->t < b.t) == better ? c : a) = better ? b : *dip;
+            if (better)
+                b = *dip;
         }
-        return 0;
+        return 1;
     }
 
     // The zero between two samples: T. R. Chandrupatla, Adv. Eng. Softw. 28, 145 (1997): inverse quadratic steps where
@@ -205,6 +224,7 @@ private:
     long room_;
     kl_crossing *found_;
     long n_ = 0;
+    double paired_ = -1.0; // the last step with a pair
 };
 
 } // namespace
