@@ -92,8 +92,7 @@ KL_API long kl_earth_orientation_get(kl_time_id *time_id, const long *correction
  * @param[in]  calc_mode    KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC
  * @param[out] r            [9] rows of the matrix
  * @param[out] dr           [9] its derivative, 1/s; zero in mode 1
- * @param[out] ddr          [9] its second derivative, 1/s2; zero in modes 1 and 2. Without that of the corrections: up
- *                          to 5e-17 1/s2 of TIRS to ITRS, 3e-10 m/s2 at 7000 km
+ * @param[out] ddr          [9] its second derivative, 1/s2, with that of the corrections; zero in modes 1 and 2
  * @param[out] ierr         [1] cleared
  * @return KL_OK; KL_WARN outside the rows of the id or without a pole, when the frames need them; KL_ERR, with the
  *         outputs untouched, as above and for frames and modes out of range

@@ -89,11 +89,12 @@ Angles<T> angles_of(const OrientationInstant *in, int from, int to, long correct
     if (corrections != 0) {
         const T centuries = ((day - 0.5) + fraction) * (1.0 / kDaysPerCentury);
         const ShortPeriodSums<T> tides =
-            short_period_terms(kTideAmplitudes[corrections], gamma_of(centuries, fraction), centuries);
+            short_period_terms<order>(kTideAmplitudes[corrections], gamma_of(centuries, fraction), centuries);
         add(e.x_pole, tides.x);
         add(e.y_pole, tides.y);
         tai_ut1.value = tai_ut1.value - tides.ut1.value;
         tai_ut1.rate = tai_ut1.rate - tides.ut1.rate;
+        tai_ut1.acceleration = tai_ut1.acceleration - tides.ut1.acceleration;
         fraction = fraction + tides.ut1.value * (1.0 / kSecondsPerDay);
     }
     // Source: IERS Conventions (2010), equation 5.15.

@@ -15,9 +15,11 @@ inline namespace KL_SET {
 constexpr int kTideLanes = 4; // partial sums: the compiler keeps them in registers side by side
 constexpr int kTideRows = (kShortPeriodTerms + kTideLanes - 1) / kTideLanes * kTideLanes;
 
-// Amplitudes of sine and cosine for one choice of corrections: x, y (rad), UT1 (s), and their rates.
+// Amplitudes of sine and cosine for one choice of corrections: x, y (rad), UT1 (s), and their rates. A second
+// derivative is minus the square of the frequency (1/s2) times the term.
 struct TideAmplitudes {
     double of[6][2][kTideRows];
+    double minus_square[kTideRows];
 };
 
 // GMST + pi turns by this many radians a second, the others by their first coefficient.
@@ -48,6 +50,7 @@ constexpr TideAmplitudes tide_amplitudes(bool ocean, bool libration)
             out.of[q + 3][0][i] = -frequency * amplitude[1];
             out.of[q + 3][1][i] = frequency * amplitude[0];
         }
+        out.minus_square[i] = -frequency * frequency;
     }
     return out;
 }
@@ -121,40 +124,39 @@ inline void second_arguments(const UnitVector<T> *one, const UnitVector<T> *two,
      ...);
 }
 
-// Sums over the rows of amplitude times sine and cosine, six at once, each in four partial sums: those of one instant
-// lie side by side in registers.
-template <class T>
+// Sums over the rows of amplitude times sine and cosine: x, y, UT1, their rates, their second derivatives, as far as
+// `order` goes. Each in four partial sums: those of one instant lie side by side in registers.
+template <int order, class T>
 inline void weighted_sums(const TideAmplitudes &amplitudes, const T (&sine)[kTideRows], const T (&cosine)[kTideRows],
-                          T (&out)[6])
+                          T (&out)[3 * (order + 1)])
 {
     // One instant: as many rows at once as a register holds. A pack of instants: row by row.
-    constexpr int width = lanes_of < T >> 1 ? 1 : kLanes < kTideLanes ? kLanes : kTideLanes;
-    using Side = std::conditional_t<(lanes_of<T> > 1), T, Pack<width>>;
+    constexpr bool pack = lanes_of < T >> 1;
+    constexpr int width = pack ? 1 : kLanes < kTideLanes ? kLanes : kTideLanes;
     constexpr int sides = kTideLanes / width;
-    Side sum[6][sides] = {};
+    using Side = std::conditional_t<pack, T, Pack<width>>;
+    const auto row_of = [](const auto *from) { // a number for all lanes of a pack, or neighbours
+        if constexpr (pack)
+            return *from;
+        else
+            return load<Side>(from);
+    };
+    constexpr int n = 3 * (order + 1);
+    Side sum[n][sides] = {};
     for (int i = 0; i < kTideRows; i += kTideLanes)
         for (int side = 0; side < sides; ++side) {
             const int row = i + side * width;
-            Side s;
-            Side c;
-            if constexpr (lanes_of < T >> 1) {
-                s = sine[row];
-                c = cosine[row];
-            } else {
-                s = load<Side>(sine + row);
-                c = load<Side>(cosine + row);
-            }
-            for (int q = 0; q < 6; ++q) {
-                const double *by_sine = amplitudes.of[q][0] + row;
-                const double *by_cosine = amplitudes.of[q][1] + row;
-                if constexpr (lanes_of < T >> 1)
-                    sum[q][side] = sum[q][side] + (*by_sine * s + *by_cosine * c);
-                else
-                    sum[q][side] = sum[q][side] + (load<Side>(by_sine) * s + load<Side>(by_cosine) * c);
+            const Side s = row_of(sine + row);
+            const Side c = row_of(cosine + row);
+            for (int q = 0; q < n && q < 6; ++q) {
+                const Side term = row_of(amplitudes.of[q][0] + row) * s + row_of(amplitudes.of[q][1] + row) * c;
+                sum[q][side] = sum[q][side] + term;
+                if (order >= 2 && q < 3)
+                    sum[n - 3 + q][side] = sum[n - 3 + q][side] + row_of(amplitudes.minus_square + row) * term;
             }
         }
-    for (int q = 0; q < 6; ++q) {
-        if constexpr (lanes_of < T >> 1) {
+    for (int q = 0; q < n; ++q) {
+        if constexpr (pack) {
             out[q] = (sum[q][0] + sum[q][1]) + (sum[q][2] + sum[q][3]);
         } else {
             double lane[kTideLanes];
@@ -178,9 +180,8 @@ inline void all_arguments(const UnitVector<T> *first, const UnitVector<T> *secon
         set(static_cast<std::size_t>(row), first[0]);
 }
 
-// Sums for one choice of corrections; gamma in radians, t in centuries of UT1 from J2000.0. Second derivatives are
-// left out: they stay below 1e-9 m/s2 at 7000 km.
-template <class T>
+// Sums for one choice of corrections with `order` derivatives; gamma in radians, t in centuries of UT1 from J2000.0.
+template <int order, class T>
 inline ShortPeriodSums<T> short_period_terms(const TideAmplitudes &amplitudes, const T &gamma, const T &t)
 {
     UnitVector<T> one[6];
@@ -196,9 +197,17 @@ inline ShortPeriodSums<T> short_period_terms(const TideAmplitudes &amplitudes, c
     T sine[kTideRows];
     T cosine[kTideRows];
     all_arguments(first, second, sine, cosine, std::make_index_sequence<kShortPeriodTerms>{});
-    T sums[6];
-    weighted_sums(amplitudes, sine, cosine, sums);
-    return {{sums[0], sums[3], gamma * 0.0}, {sums[1], sums[4], gamma * 0.0}, {sums[2], sums[5], gamma * 0.0}};
+    T sums[3 * (order + 1)];
+    weighted_sums<order>(amplitudes, sine, cosine, sums);
+    const auto jet = [&](int q) {
+        Jet<T> out{sums[q], gamma * 0.0, gamma * 0.0};
+        if constexpr (order >= 1)
+            out.rate = sums[3 + q];
+        if constexpr (order >= 2)
+            out.acceleration = sums[6 + q];
+        return out;
+    };
+    return {jet(0), jet(1), jet(2)};
 }
 
 } // namespace KL_SET
