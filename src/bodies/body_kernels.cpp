@@ -22,7 +22,7 @@ StateOf<Lanes> state_of(const BodyState<Lanes> &body)
 // From the centre of the Earth, mean of date: what the Earth's heliocentric state is, turned round.
 StateOf<Lanes> sun_of_date(const Path &precession, Sky<Lanes> sky, Lanes tdb)
 {
-    StateOf<Lanes> state = state_of(earth_states(tdb).heliocentric);
+    StateOf<Lanes> state = state_of(heliocentric_earth(tdb));
     for (int i = 0; i < 3; ++i) {
         state.pos[i] = -state.pos[i];
         state.vel[i] = -state.vel[i];
@@ -49,7 +49,7 @@ void to_earth_fixed(BodyBlock *block, long frame, Body body)
             sky.pole = {load<Lanes>(block->pole[0] + i), load<Lanes>(block->pole[1] + i),
                         load<Lanes>(block->pole[2] + i), load<Lanes>(block->pole[3] + i)};
         if (path.any(set_of(kTranslationEdge)))
-            sky.earth = earth_states(load<Lanes>(block->tdb_of_ut1 + i));
+            sky.earth = earth_on(path, load<Lanes>(block->tdb_of_ut1 + i));
         sky.complete(path);
         StateOf<Lanes> state = body(sky, tdb);
         walk(path, sky, &state);

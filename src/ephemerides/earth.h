@@ -29,29 +29,28 @@ enum SlowElement {
     kInclination = kGiantE + kGiants
 };
 
-// Places in the array of all angles that depend on the date alone.
+// Places in the arrays of angles: those that depend on the date alone, and those that need them.
 enum EarthAngle {
     kShortAngle = 0,
     kLongAngle = kShortAngle + 15,
     kLunarAngle = kLongAngle + 4,
-    kPerihelionAngle = kLunarAngle + 3,
+    kLatitudeArgument = kLunarAngle + 3,
+    kAnomaly,
+    kEarthAngles
+};
+enum LateEarthAngle { kTrueAnomaly, kLongitude, kMoonLongitude, kMoonLatitude, kLateEarthAngles };
+enum GiantAngle {
+    kPerihelionAngle = 0,
     kFromPerihelion = kPerihelionAngle + kGiants, // mean longitude from the perihelion
     kFromNode = kFromPerihelion + kGiants,        // mean longitude from the node
-    kLatitudeArgument = kFromNode + kGiants,
-    kAnomaly,
-    kObliquity,
-    kNAngles
+    kGiantAngles = kFromNode + kGiants
 };
+enum LateGiantAngle { kGiantLongitude = 0, kGiantLatitude = kGiants, kLateGiantAngles = 2 * kGiants };
 
-// The angles that need the first ones.
-enum LateEarthAngle {
-    kTrueAnomaly,
-    kLongitude,
-    kMoonLongitude,
-    kMoonLatitude,
-    kGiantLongitude,
-    kGiantLatitude = kGiantLongitude + 4,
-    kNLate = kGiantLatitude + 4
+// AU, AU/s.
+template <class T>
+struct Orbit {
+    T pos[3], vel[3];
 };
 
 template <class T>
@@ -60,58 +59,22 @@ T at(const QuadraticElement &element, T t)
     return element.c1 + t * (element.c2 + t * element.c3);
 }
 
-// Ecliptic of date to mean equator of date, then to the FK5 equinox (to first order, q small).
+// Around the Sun, ecliptic of date; t: Julian centuries from 1900.
 template <class T>
-void to_equator(T v[3], T sin_eps, T cos_eps, T q)
+Orbit<T> around_sun(T t)
 {
-    const T y = v[1] * cos_eps - v[2] * sin_eps;
-    const T z = v[1] * sin_eps + v[2] * cos_eps;
-    const T x = v[0];
-    v[0] = x - q * y;
-    v[1] = y + q * x;
-    v[2] = z;
-}
-
-template <class T>
-void turn(const T matrix[3][3], T v[3])
-{
-    const T x = v[0], y = v[1], z = v[2];
-    for (int i = 0; i < 3; ++i)
-        v[i] = matrix[i][0] * x + matrix[i][1] * y + matrix[i][2] * z;
-}
-
-} // namespace earth_ephemeris
-
-// Barycentric and heliocentric velocity and position, AU and AU/s, equator and equinox of the Julian epoch deqx, or of
-// the date for 0.
-template <class T>
-void earth_vectors(T dvb[3], T dpb[3], T dvh[3], T dph[3], T date, double deqx)
-{
-    using namespace earth_ephemeris;
-    const T t = (date - kMjd1900) / kDaysPerCentury;
-
-    T fast[sizeof kDcfel / sizeof kDcfel[0]];
-    for (std::size_t k = 0; k < sizeof kDcfel / sizeof kDcfel[0]; ++k)
+    T fast[kGiantL];
+    for (int k = 0; k < kGiantL; ++k)
         fast[k] = reduced(at(kDcfel[k], t));
-    T slow[sizeof kCcsel / sizeof kCcsel[0]];
-    for (std::size_t k = 0; k < sizeof kCcsel / sizeof kCcsel[0]; ++k)
-        slow[k] = at(kCcsel[k], t);
-
-    T angle[kNAngles], s[kNAngles], c[kNAngles];
+    T angle[kEarthAngles], s[kEarthAngles], c[kEarthAngles];
     for (int k = 0; k < 15; ++k)
         angle[kShortAngle + k] = kDcargs[k].phase + t * kDcargs[k].rate;
     for (int k = 0; k < 4; ++k)
         angle[kLongAngle + k] = kCcsec[k].phase + t * kCcsec[k].rate;
     for (int k = 0; k < 3; ++k)
         angle[kLunarAngle + k] = kDcargm[k].phase + t * kDcargm[k].rate;
-    for (int k = 0; k < kGiants; ++k) {
-        angle[kPerihelionAngle + k] = slow[kPerihelion + k];
-        angle[kFromPerihelion + k] = fast[kGiantL + k] - slow[kPerihelion + k];
-        angle[kFromNode + k] = fast[kGiantL + k] - slow[kNode + k];
-    }
     angle[kLatitudeArgument] = fast[kF];
     angle[kAnomaly] = fast[kG];
-    angle[kObliquity] = at(kDceps, t);
     sin_cos(angle, s, c);
 
     // Perturbations of the longitude (rad, rad/s) and of the radius (factor, 1/s).
@@ -128,7 +91,7 @@ void earth_vectors(T dvb[3], T dpb[3], T dvh[3], T dph[3], T date, double deqx)
     }
 
     // Equation of the centre, from the multiples of the mean anomaly.
-    const T e = slow[kE];
+    const T e = at(kCcsel[kE], t);
     const T sin_g = s[kAnomaly];
     const T sin_2g = 2.0 * sin_g * c[kAnomaly];
     const T sin_3g = sin_g * (3.0 - 4.0 * sin_g * sin_g);
@@ -144,15 +107,11 @@ void earth_vectors(T dvb[3], T dpb[3], T dvh[3], T dph[3], T date, double deqx)
         parallax_rate -= a.parallax_rate * s[kLunarAngle + k];
     }
 
-    T late[kNLate], s2[kNLate], c2[kNLate];
+    T late[kLateEarthAngles], s2[kLateEarthAngles], c2[kLateEarthAngles];
     late[kTrueAnomaly] = fast[kG] + phi;
     late[kLongitude] = fast[kL] + phi + dlon;
     late[kMoonLongitude] = fast[kMoonL] + moon_lon;
     late[kMoonLatitude] = kCcim * s[kLatitudeArgument];
-    for (int k = 0; k < kGiants; ++k) {
-        late[kGiantLongitude + k] = fast[kGiantL + k] + 2.0 * slow[kGiantE + k] * s[kFromPerihelion + k];
-        late[kGiantLatitude + k] = slow[kInclination + k] * s[kFromNode + k];
-    }
     sin_cos(late, s2, c2);
 
     // Elliptic motion, then the perturbed motion of the barycentre of Earth and Moon.
@@ -173,55 +132,135 @@ void earth_vectors(T dvb[3], T dpb[3], T dvh[3], T dph[3], T date, double deqx)
     const T moon_radial = sigma * parallax_rate;
     const T radius = chi * rho;
     const T moon_flat = sigma * c2[kMoonLatitude];
-    T vh[3] = {radial * cos_lon - across * sin_lon + moon_across * sin_moon + moon_radial * cos_moon,
-               radial * sin_lon + across * cos_lon - moon_across * cos_moon + moon_radial * sin_moon,
-               -sigma * kCcfdi * c[kLatitudeArgument]};
-    T ph[3] = {radius * cos_lon - moon_flat * cos_moon, radius * sin_lon - moon_flat * sin_moon,
-               -sigma * s2[kMoonLatitude]};
+    return {
+        {radius * cos_lon - moon_flat * cos_moon, radius * sin_lon - moon_flat * sin_moon, -sigma * s2[kMoonLatitude]},
+        {radial * cos_lon - across * sin_lon + moon_across * sin_moon + moon_radial * cos_moon,
+         radial * sin_lon + across * cos_lon - moon_across * cos_moon + moon_radial * sin_moon,
+         -sigma * kCcfdi * c[kLatitudeArgument]}};
+}
 
-    // From the Sun to the barycentre of the solar system.
-    T vb[3], pb[3];
+// The same around the barycentre of the solar system: from there to the Sun, which the giants move.
+template <class T>
+Orbit<T> around_barycentre(const Orbit<T> &heliocentric, T t)
+{
+    T longitude[kGiants], e[kGiants], inclination[kGiants];
+    T angle[kGiantAngles], s[kGiantAngles], c[kGiantAngles];
+    for (int k = 0; k < kGiants; ++k) {
+        longitude[k] = reduced(at(kDcfel[kGiantL + k], t));
+        e[k] = at(kCcsel[kGiantE + k], t);
+        inclination[k] = at(kCcsel[kInclination + k], t);
+        const T perihelion = at(kCcsel[kPerihelion + k], t);
+        angle[kPerihelionAngle + k] = perihelion;
+        angle[kFromPerihelion + k] = longitude[k] - perihelion;
+        angle[kFromNode + k] = longitude[k] - at(kCcsel[kNode + k], t);
+    }
+    sin_cos(angle, s, c);
+    T late[kLateGiantAngles], s2[kLateGiantAngles], c2[kLateGiantAngles];
+    for (int k = 0; k < kGiants; ++k) {
+        late[kGiantLongitude + k] = longitude[k] + 2.0 * e[k] * s[kFromPerihelion + k];
+        late[kGiantLatitude + k] = inclination[k] * s[kFromNode + k];
+    }
+    sin_cos(late, s2, c2);
+
+    Orbit<T> out;
     for (int i = 0; i < 3; ++i) {
-        vb[i] = kDc1mme * vh[i];
-        pb[i] = kDc1mme * ph[i];
+        out.vel[i] = kDc1mme * heliocentric.vel[i];
+        out.pos[i] = kDc1mme * heliocentric.pos[i];
     }
     for (int k = 0; k < kGiants; ++k) {
-        const T ek = slow[kGiantE + k];
         const T sin_theta = s2[kGiantLongitude + k], cos_theta = c2[kGiantLongitude + k];
-        vb[0] += kCcpamv[k] * (sin_theta + ek * s[kPerihelionAngle + k]);
-        vb[1] -= kCcpamv[k] * (cos_theta + ek * c[kPerihelionAngle + k]);
-        vb[2] -= kCcpamv[k] * slow[kInclination + k] * c[kFromNode + k];
-        const T distance = kCcpam[k] * (1.0 - ek * c[kFromPerihelion + k]);
+        out.vel[0] += kCcpamv[k] * (sin_theta + e[k] * s[kPerihelionAngle + k]);
+        out.vel[1] -= kCcpamv[k] * (cos_theta + e[k] * c[kPerihelionAngle + k]);
+        out.vel[2] -= kCcpamv[k] * inclination[k] * c[kFromNode + k];
+        const T distance = kCcpam[k] * (1.0 - e[k] * c[kFromPerihelion + k]);
         const T flat = distance * c2[kGiantLatitude + k];
-        pb[0] -= flat * cos_theta;
-        pb[1] -= flat * sin_theta;
-        pb[2] -= distance * s2[kGiantLatitude + k];
+        out.pos[0] -= flat * cos_theta;
+        out.pos[1] -= flat * sin_theta;
+        out.pos[2] -= distance * s2[kGiantLatitude + k];
+    }
+    return out;
+}
+
+// From the ecliptic of a date to the mean equator, and the FK5 equinox, of the Julian epoch deqx, or of the date for 0.
+template <class T>
+class ToEquator {
+public:
+    ToEquator(T date, T t, double deqx) : precesses_(deqx > 0.0)
+    {
+        const T epoch = julian_epoch(date);
+        q_ = equinox_correction(epoch);
+        sin_cos(at(kDceps, t), sin_eps_, cos_eps_);
+        if (precesses_)
+            precession_between(epoch, T(deqx), precession_);
     }
 
-    // Ecliptic of date to the mean equator of date, then from the date to the wanted equinox.
-    const T epoch = julian_epoch(date);
-    const T q = equinox_correction(epoch);
-    T precession[3][3];
-    if (deqx > 0.0)
-        precession_between(epoch, T(deqx), precession);
-    T *const from[] = {vb, pb, vh, ph};
-    T *const to[] = {dvb, dpb, dvh, dph};
-    for (int n = 0; n < 4; ++n) {
-        to_equator(from[n], s[kObliquity], c[kObliquity], q);
-        if (deqx > 0.0)
-            turn(precession, from[n]);
+    void turn(T v[3]) const
+    {
+        const T y = v[1] * cos_eps_ - v[2] * sin_eps_;
+        const T z = v[1] * sin_eps_ + v[2] * cos_eps_;
+        const T of_date[3] = {v[0] - q_ * y, y + q_ * v[0], z}; // q to first order
         for (int i = 0; i < 3; ++i)
-            to[n][i] = from[n][i];
+            v[i] = precesses_ ? dot3(precession_[i], of_date) : of_date[i];
+    }
+    void turn(Orbit<T> *orbit) const
+    {
+        turn(orbit->pos);
+        turn(orbit->vel);
+    }
+
+private:
+    bool precesses_;
+    T q_, sin_eps_, cos_eps_, precession_[3][3];
+};
+
+template <class T>
+T centuries_of(T date)
+{
+    return (date - kMjd1900) / kDaysPerCentury;
+}
+
+constexpr double kJ2000Equinox = 2000.0;
+
+} // namespace earth_ephemeris
+
+// Barycentric and heliocentric velocity and position, AU and AU/s, equator and equinox of the Julian epoch deqx, or of
+// the date for 0.
+template <class T>
+void earth_vectors(T dvb[3], T dpb[3], T dvh[3], T dph[3], T date, double deqx)
+{
+    using namespace earth_ephemeris;
+    const T t = centuries_of(date);
+    Orbit<T> heliocentric = around_sun(t);
+    Orbit<T> barycentric = around_barycentre(heliocentric, t);
+    const ToEquator<T> to_equator(date, t, deqx);
+    to_equator.turn(&heliocentric);
+    to_equator.turn(&barycentric);
+    for (int i = 0; i < 3; ++i) {
+        dvb[i] = barycentric.vel[i];
+        dpb[i] = barycentric.pos[i];
+        dvh[i] = heliocentric.vel[i];
+        dph[i] = heliocentric.pos[i];
     }
 }
 
 template <class T>
 EarthStates<T> earth_states(T tdb_days)
 {
-    constexpr double kEquinox = 2000.0;
     T vb[3], pb[3], vh[3], ph[3];
-    earth_vectors(vb, pb, vh, ph, T(kMjdOfDayZero + tdb_days), kEquinox);
+    earth_vectors(vb, pb, vh, ph, T(kMjdOfDayZero + tdb_days), earth_ephemeris::kJ2000Equinox);
     return {in_metres(pb, vb), in_metres(ph, vh)};
+}
+
+// The same without the barycentre, which costs as much again.
+template <class T>
+BodyState<T> heliocentric_earth(T tdb_days)
+{
+    using namespace earth_ephemeris;
+    const T date = kMjdOfDayZero + tdb_days;
+    const T t = centuries_of(date);
+    Orbit<T> heliocentric = around_sun(t);
+    ToEquator<T>(date, t, kJ2000Equinox).turn(&heliocentric);
+    return in_metres(heliocentric.pos, heliocentric.vel);
 }
 
 } // namespace KL_SET

@@ -104,6 +104,14 @@ constexpr StepSet set_of(EdgeKind kind)
 {
     return kStepsByCode.of_kind[kind];
 }
+constexpr StepSet steps_about_barycentre()
+{
+    StepSet steps = 0;
+    for (int code = 0; code < kSteps; ++code)
+        if (kStep[code].kind == kTranslationEdge && (kStep[code].from == KL_BM2000 || kStep[code].to == KL_BM2000))
+            steps |= StepSet{1} << code;
+    return steps;
+}
 constexpr StepSet kNutationSteps = set_of(kNutationEdge) | set_of(kTemeEdge) | set_of(kSiderealEdge);
 constexpr StepSet kUt1Steps = kNutationSteps | set_of(kPoleEdge) | set_of(kLaunchEdge);
 
@@ -178,6 +186,15 @@ struct Sky {
             nutation = nutation_at(days);
     }
 };
+
+// The Earth where the translations of a way need it; the barycentre is left out where none of them sees it.
+template <class T>
+EarthStates<T> earth_on(const Path &path, T tdb_days)
+{
+    if (path.any(steps_about_barycentre()))
+        return earth_states(tdb_days);
+    return {{}, heliocentric_earth(tdb_days)};
+}
 
 inline const MatrixRecord *galactic_matrix(const ChainStep &step)
 {

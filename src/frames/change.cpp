@@ -67,7 +67,7 @@ Sky<double> sky_of(const ChainSources &sources, bool simplified, const Path &pat
     if (path.any(set_of(kPoleEdge)))
         sky.pole = pole_of(sources.correlation, days);
     if (path.any(set_of(kTranslationEdge)))
-        sky.earth = earth_states(tdb_days);
+        sky.earth = earth_on(path, tdb_days);
     sky.complete(path);
     return sky;
 }

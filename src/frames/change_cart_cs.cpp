@@ -93,7 +93,7 @@ Sky<double> sky_at(const Way &way, const ChainInstant &instant)
     if (way.path.any(set_of(kPoleEdge)))
         sky.pole = pole_of(&way.id->correlation, instant.ut1);
     if (way.with_tdb)
-        sky.earth = earth_states(instant.tdb_of_ut1);
+        sky.earth = earth_on(way.path, instant.tdb_of_ut1);
     sky.complete(way.path);
     return sky;
 }
