@@ -53,11 +53,10 @@ Turn<T> inverse(const Turn<T> &t)
 
 // r' = R r, v' = R v + dR r, a' = R a + 2 dR v + ddR r, written with the rotated vectors: dR R^-1 = rate J and
 // ddR R^-1 = rate_of_rate J - rate^2 across the axis, J turning (x, y) into (y, -x).
-template <class R, class T>
-void apply(const Turn<R> &t, StateOf<T> *state)
+template <int axis, class R, class T>
+[[gnu::always_inline]] inline void apply_about(const Turn<R> &t, StateOf<T> *state)
 {
-    const int j = t.axis == 2 ? 0 : t.axis + 1;
-    const int k = j == 2 ? 0 : j + 1;
+    constexpr int j = (axis + 1) % 3, k = (axis + 2) % 3;
     const auto across = [&](const T *v, T *x, T *y) {
         *x = t.c * v[j] + t.s * v[k];
         *y = t.c * v[k] - t.s * v[j];
@@ -82,6 +81,20 @@ void apply(const Turn<R> &t, StateOf<T> *state)
     const R square = t.rate * t.rate;
     state->acc[j] = ax + 2.0 * t.rate * vy + t.rate_of_rate * py - square * px;
     state->acc[k] = ay - 2.0 * t.rate * vx - t.rate_of_rate * px - square * py;
+}
+
+// The axis known, components stay in registers.
+template <class R, class T>
+[[gnu::always_inline]] inline void apply(const Turn<R> &t, StateOf<T> *state)
+{
+    switch (t.axis) {
+    case 0:
+        return apply_about<0>(t, state);
+    case 1:
+        return apply_about<1>(t, state);
+    default:
+        return apply_about<2>(t, state);
+    }
 }
 
 template <class R, class T>
