@@ -302,7 +302,7 @@ int main(int argc, char **argv)
     for (const Verb &verb : kVerbs)
         if (app.got_subcommand(verb.name))
             status = run(verb, options);
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    if (status != kWrongUsage && (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)) {
         std::fputs("kitlib: the output cannot be written\n", stderr);
         return kWrongUsage;
     }

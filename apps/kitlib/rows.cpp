@@ -190,6 +190,62 @@ int output_lost()
     return kWrongUsage;
 }
 
+// A table on its way: what is asked of it, its columns once the header is read, and what became of its rows.
+struct Rows {
+    Rows(const Question &q, bool as_json)
+        : question(q), json(as_json), parts(std::max(1U, std::thread::hardware_concurrency()))
+    {
+    }
+    const Question &question;
+    bool json;
+    std::vector<Part> parts; // a thread each
+    std::vector<std::size_t> columns;
+    std::size_t refused = 0, warned = 0;
+    Refusal warning; // the first one
+};
+
+// Takes the header off the lines and writes it. False: it lacks a column, or nothing can be written.
+bool take_header(Rows &rows, const RowOptions &options, std::string_view &lines)
+{
+    const std::size_t end = std::min(lines.find('\n'), lines.size());
+    std::string_view header = trimmed(lines.substr(0, end));
+    if (header.substr(0, 3) == "\xEF\xBB\xBF")
+        header.remove_prefix(3);
+    lines.remove_prefix(std::min(end + 1, lines.size()));
+    std::vector<std::string_view> names;
+    split(header, names);
+    if (!find_columns(rows.question, options, names, rows.columns))
+        return false;
+    std::string line(header);
+    for (const Quantity &output : rows.question.outputs)
+        line += "," + output.name;
+    return rows.json || write_out(line + ",code\n") || output_lost() == kDone;
+}
+
+// Whole lines, shared between the threads; the answers in their order. False: they cannot be written.
+bool answer_block(Rows &rows, std::string_view lines)
+{
+    std::vector<std::thread> threads;
+    std::size_t left = rows.parts.size();
+    for (Part &part : rows.parts) {
+        const std::size_t end = lines.find('\n', lines.size() / left--);
+        part.lines = lines.substr(0, left == 0 || end == std::string_view::npos ? lines.size() : end + 1);
+        lines.remove_prefix(part.lines.size());
+        threads.emplace_back([&] { answer_lines(rows.question, rows.columns, rows.json, part); });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    for (const Part &part : rows.parts) {
+        rows.refused += part.refused;
+        if (rows.warned == 0)
+            rows.warning = part.warning;
+        rows.warned += part.warned;
+        if (!write_out(part.out))
+            return false;
+    }
+    return true;
+}
+
 void show_progress(double done, double whole)
 {
     constexpr int kWidth = 40;
@@ -297,63 +353,27 @@ int ask_rows(const Question &question, const RowOptions &options)
     const double whole =
         fstat(STDIN_FILENO, &file) == 0 && S_ISREG(file.st_mode) ? static_cast<double>(file.st_size) : 0.0;
     const bool progress = whole > kLong && isatty(STDERR_FILENO) != 0;
-    std::vector<Part> parts(std::max(1U, std::thread::hardware_concurrency()));
-    std::vector<std::size_t> columns;
+    Rows rows(question, options.json);
     std::string text;
-    std::size_t refused = 0, warned = 0;
-    Refusal warning;
     double done = 0.0;
-    bool header_seen = false;
     for (bool more = true; more;) {
         const std::size_t kept = text.size();
         text.resize(kept + kBlock);
         const std::size_t n = std::fread(text.data() + kept, 1, kBlock, stdin);
         text.resize(kept + n);
-        done += static_cast<double>(n);
         more = n == kBlock;
         if (!more && std::ferror(stdin) != 0) {
             std::fputs("kitlib: the input cannot be read\n", stderr);
             return kWrongUsage;
         }
-        std::size_t whole_lines = more ? text.rfind('\n') + 1 : text.size();
+        const std::size_t whole_lines = more ? text.rfind('\n') + 1 : text.size();
         std::string_view lines(text.data(), whole_lines);
-        if (!header_seen && !lines.empty()) {
-            const std::size_t end = std::min(lines.find('\n'), lines.size());
-            std::string_view header = trimmed(lines.substr(0, end));
-            if (header.substr(0, 3) == "\xEF\xBB\xBF")
-                header.remove_prefix(3);
-            std::vector<std::string_view> names;
-            split(header, names);
-            if (!find_columns(question, options, names, columns))
-                return kWrongUsage;
-            std::string line(header);
-            for (const Quantity &output : question.outputs)
-                line += "," + output.name;
-            if (!options.json && !write_out(line + ",code\n"))
-                return output_lost();
-            lines.remove_prefix(std::min(end + 1, lines.size()));
-            header_seen = true;
-        }
-        std::vector<std::thread> threads;
-        for (std::size_t p = 0; p < parts.size(); ++p) {
-            std::size_t size = lines.size() / (parts.size() - p);
-            size = p + 1 == parts.size() ? lines.size() : std::min(lines.find('\n', size), lines.size() - 1) + 1;
-            size = std::min(size, lines.size());
-            parts[p].lines = lines.substr(0, size);
-            lines.remove_prefix(size);
-            threads.emplace_back([&, p] { answer_lines(question, columns, options.json, parts[p]); });
-        }
-        for (std::thread &thread : threads)
-            thread.join();
-        for (const Part &part : parts) {
-            refused += part.refused;
-            if (warned == 0)
-                warning = part.warning;
-            warned += part.warned;
-            if (!write_out(part.out))
-                return output_lost();
-        }
+        if (!lines.empty() && rows.columns.empty() && !take_header(rows, options, lines))
+            return kWrongUsage;
+        if (!answer_block(rows, lines))
+            return output_lost();
         text.erase(0, whole_lines);
+        done += static_cast<double>(n);
         if (progress)
             show_progress(done, whole);
     }
@@ -361,16 +381,16 @@ int ask_rows(const Question &question, const RowOptions &options)
         std::fputc('\n', stderr);
     if (std::fflush(stdout) != 0)
         return output_lost();
-    if (!header_seen) {
+    if (rows.columns.empty()) {
         std::fputs("kitlib: no values and nothing on standard input\n", stderr);
         return kWrongUsage;
     }
-    warn(warning);
-    if (warned > 1)
-        std::fprintf(stderr, "kitlib: %zu rows with warnings\n", warned);
-    if (refused > 0)
-        std::fprintf(stderr, "kitlib: %zu rows refused\n", refused);
-    return refused > 0 ? kRefused : kDone;
+    warn(rows.warning);
+    if (rows.warned > 1)
+        std::fprintf(stderr, "kitlib: %zu rows with warnings\n", rows.warned);
+    if (rows.refused > 0)
+        std::fprintf(stderr, "kitlib: %zu rows refused\n", rows.refused);
+    return rows.refused > 0 ? kRefused : kDone;
 }
 
 } // namespace kitlib

@@ -120,6 +120,13 @@ printf 'note,"when, utc"\r\n"said ""a, b"" and ""c""",2017-01-01\r\n' | "$kitlib
 printf 'latitude,longitude\n0,0\n,1\n' | "$kitlib" geoid --json >out 2>/dev/null || true
 [ "$(tail -n 1 out)" = '{"code": "input:latitude"}' ] || { cat out >&2; bad=1; }
 
+for question in "time 2017-01-01" timeid functions; do # an output that cannot be written
+    status=0
+    # shellcheck disable=SC2086
+    [ ! -e /dev/full ] || "$kitlib" $question >/dev/full 2>err || status=$?
+    [ ! -e /dev/full ] || { [ $status -eq 1 ] && [ "$(wc -l <err)" = 1 ]; } || { echo "$question to a full device: $status" >&2; bad=1; }
+done
+
 # A bar for long input on a terminal; completion of verbs, names and options.
 if command -v script >/dev/null; then
     awk 'BEGIN { print "time"; for (i = 0; i < 350000; ++i) print "2026-01-01T00:00:00.000000" }' >long.csv
