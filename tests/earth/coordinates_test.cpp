@@ -1,5 +1,6 @@
 // Geodetic, polar and topocentric coordinates, geodesics and grids.
 #include "kl_family.h"
+#include "support/bounds.h"
 #include "support/captured_stream.h"
 #include "support/conditions.h"
 #include "support/csv.h"
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <random>
 
 namespace {
@@ -178,6 +180,54 @@ TEST(Geodetic, KernelWarnsWithTheDistance)
     EXPECT_EQ(metres, 5.0);
     EXPECT_NEAR(lon, std::atan2(4.0, 3.0), 1e-15);
     EXPECT_EQ(KL_Car_Geo(nullptr, nullptr, &lat, &lon, &h, nullptr), KL_ERR);
+}
+
+TEST(Coordinates, RangesEndWhereTheHeaderSays)
+{
+    constexpr double kTurn = 360.0, kRight = 90.0;
+    double x[3], v[3], s = 0.0, a = 0.0, b = 0.0;
+    const auto geodetic = [&](double lat, double lon, double h) {
+        const kl_geodetic in = {lat, lon, h, 0.0, 0.0, 0.0};
+        return kl_geod_to_cart(nullptr, &kPos, &in, x, v, nullptr);
+    };
+    expect_range("latitude", -kRight, kRight, [&](double lat) { return geodetic(lat, 0.0, 0.0); });
+    expect_range("longitude", -kTurn, kTurn, [&](double lon) { return geodetic(0.0, lon, 0.0); });
+    EXPECT_EQ(geodetic(0.0, 0.0, 1e12), KL_OK);
+    EXPECT_EQ(geodetic(0.0, 0.0, std::nextafter(1e12, 2e12)), KL_ERR);
+    const auto radec = [&](double ra, double dec, double distance) {
+        const kl_radec in = {ra, dec, distance, 0.0, 0.0, 0.0};
+        return kl_radec_to_cart(nullptr, &kPos, &in, x, v, nullptr);
+    };
+    expect_range("right ascension", -kTurn, kTurn, [&](double ra) { return radec(ra, 0.0, 1.0); });
+    expect_range("declination", -kRight, kRight, [&](double dec) { return radec(0.0, dec, 1.0); });
+    expect_range("distance", 0.0, std::numeric_limits<double>::max(), [&](double d) { return radec(0.0, 0.0, d); });
+    const auto topocentric = [&](kl_geodetic at, double azimuth, double elevation, double range) {
+        const kl_topocentric in = {azimuth, elevation, range, 0.0, 0.0, 0.0};
+        return kl_topocentric_to_ef(nullptr, &kPos, &at, &in, x, v, nullptr);
+    };
+    expect_range("azimuth", -kTurn, kTurn, [&](double az) { return topocentric({}, az, 0.0, 1.0); });
+    expect_range("elevation", -kRight, kRight, [&](double el) { return topocentric({}, 0.0, el, 1.0); });
+    expect_range("range", 0.0, 1e12, [&](double r) { return topocentric({}, 0.0, 0.0, r); });
+    expect_range("origin's latitude", -kRight, kRight, [&](double lat) {
+        return topocentric({lat, 0.0, 0.0, 0.0, 0.0, 0.0}, 0.0, 0.0, 1.0);
+    });
+    expect_range("origin's longitude", -kTurn, kTurn, [&](double lon) {
+        return topocentric({0.0, lon, 0.0, 0.0, 0.0, 0.0}, 0.0, 0.0, 1.0);
+    });
+    const auto from_to = [&](double lat1, double lon1, double lat2, double lon2) {
+        return kl_geod_distance(nullptr, &lat1, &lon1, &lat2, &lon2, &s, &a, &b, nullptr);
+    };
+    expect_range("latitude 1", -kRight, kRight, [&](double lat) { return from_to(lat, 0.0, 1.0, 1.0); });
+    expect_range("longitude 1", -kTurn, kTurn, [&](double lon) { return from_to(0.0, lon, 1.0, 1.0); });
+    expect_range("latitude 2", -kRight, kRight, [&](double lat) { return from_to(1.0, 1.0, lat, 0.0); });
+    expect_range("longitude 2", -kTurn, kTurn, [&](double lon) { return from_to(1.0, 1.0, 0.0, lon); });
+    const auto along = [&](double lat, double lon, double azimuth, double distance) {
+        return kl_geod_point(nullptr, &lat, &lon, &azimuth, &distance, &s, &a, &b, nullptr);
+    };
+    expect_range("start's latitude", -kRight, kRight, [&](double lat) { return along(lat, 0.0, 1.0, 1.0); });
+    expect_range("start's longitude", -kTurn, kTurn, [&](double lon) { return along(0.0, lon, 1.0, 1.0); });
+    expect_range("azimuth of a line", -kTurn, kTurn, [&](double az) { return along(0.0, 0.0, az, 1.0); });
+    expect_range("length of a line", -1e9, 1e9, [&](double d) { return along(0.0, 0.0, 1.0, d); });
 }
 
 TEST(Polar, TrueValues)

@@ -1,6 +1,7 @@
 // Kepler's equation, elements and states, mean elements.
 #include "kl_family.h"
 #include "kl_lib.h"
+#include "support/bounds.h"
 #include "support/conditions.h"
 #include "support/oblate_earth.h"
 #include "support/rows.h"
@@ -214,6 +215,27 @@ TEST(Elements, Conditions)
 }
 
 // Along one line position and velocity span no plane, whatever rounding leaves of it: every function says so.
+TEST(Elements, RangesEndWhereTheHeaderSays)
+{
+    const auto state_of = [](double kl_kepler::*element, double value) {
+        kl_kepler in = {7e6, 0.1, 10.0, 20.0, 30.0, 40.0};
+        in.*element = value;
+        const long kind = KL_KEPLER_OSCULATING;
+        double pos[3], vel[3];
+        return kl_kepl_to_cart(nullptr, &kind, &in, pos, vel, nullptr);
+    };
+    const auto expect_element = [&](const char *name, double kl_kepler::*element, double least, double most) {
+        expect_range(name, least, most, [&](double value) { return state_of(element, value); });
+    };
+    EXPECT_EQ(state_of(&kl_kepler::semi_major_axis, 1e13), KL_OK);
+    EXPECT_EQ(state_of(&kl_kepler::semi_major_axis, std::nextafter(1e13, 2e13)), KL_ERR);
+    expect_element("eccentricity", &kl_kepler::eccentricity, 0.0, std::nextafter(1.0, 0.0));
+    expect_element("inclination", &kl_kepler::inclination, 0.0, 180.0);
+    expect_element("node", &kl_kepler::raan, -1e8, 1e8);
+    expect_element("perigee", &kl_kepler::arg_perigee, -1e8, 1e8);
+    expect_element("mean anomaly", &kl_kepler::mean_anomaly, -1e8, 1e8);
+}
+
 TEST(Elements, StraightLines)
 {
     std::mt19937 random(3);
