@@ -297,6 +297,37 @@ TEST(EarthOrientation, FollowsTheRowsOfTheId)
     }
 }
 
+// Months and years after its last row: the formulas that the bulletin prints, computed from its text in Python.
+TEST(EarthOrientation, GoesOnByTheFormulasOfTheBulletin)
+{
+    const char *const file = "tests/data/bulletina-xix-001.txt";
+    const long one = 1, formulas = 0, whole = KL_TIME_WINDOW_FILE;
+    kl_time_id id = {};
+    ASSERT_NE(kl_time_id_init(&one, &file, &formulas, &whole, nullptr, nullptr, nullptr, &id, nullptr), KL_ERR);
+    struct Case {
+        double mjd, x, y, ut1_utc; // UTC; arcsec, s
+    };
+    constexpr Case kCases[] = {{54200.25, 0.051505887710558, 0.532813400069741, 0.122773397970331},
+                               {55000.0, 0.052610667660808, 0.668931773706794, -0.220518061059755}};
+    for (const Case &c : kCases) {
+        const double utc = c.mjd - 51544.0;
+        const kl_earth_orientation e = orientation(&id, utc, 0, KL_TIME_UTC);
+        EXPECT_EQ(e.notes, KL_EOP_OUTSIDE_TABLE | KL_EOP_BY_FORMULA);
+        EXPECT_NEAR(e.x_pole, c.x, 2e-6); // the formula of the pole counts in TAI: half a minute
+        EXPECT_NEAR(e.y_pole, c.y, 2e-6);
+        EXPECT_NEAR(e.ut1_utc, c.ut1_utc, 1e-6);
+        // Rates are those of the values.
+        constexpr double kStep = 0.25; // days
+        const auto at = [&](double days) { return matrix(&id, KL_TIRS, KL_ITRS, KL_TIME_UTC, utc + days); };
+        const Matrix before = at(-kStep), now = at(0.0), after = at(kStep);
+        for (int i = 0; i < 9; ++i) {
+            EXPECT_NEAR(now.rate[i], (after.m[i] - before.m[i]) / (2.0 * kStep * 86400.0), 1e-18) << i;
+            EXPECT_NEAR(now.acceleration[i], (after.rate[i] - before.rate[i]) / (2.0 * kStep * 86400.0), 1e-24) << i;
+        }
+    }
+    kl_time_close(&id, nullptr);
+}
+
 TEST(EarthOrientation, SaysWhatTheIdLacks)
 {
     ExplicitId id;
