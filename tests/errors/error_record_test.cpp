@@ -142,6 +142,11 @@ TEST(PublicIds, AreThoseOfTheMatrixAndOnPurposeTheLineOfTheOthersNamesAnotherFun
              -1, kl_get_msg(&id, clear, &n, msg))
         EXPECT_EQ(n, 11);
     }
+    const long known = KL_ID_FUNC_SUN;
+    long n = 11, codes[KL_MAX_CODES];
+    for (const long status : {kl_get_code(&known, nullptr, &n, codes), kl_get_code(&known, clear, nullptr, codes),
+                              kl_get_code(&known, clear, &n, nullptr)})
+        EXPECT_EQ(std::tuple(status, n), std::tuple(-1, 11));
 }
 
 TEST(Recording, RefusesWhatDoesNotFitAndDropsThe257thCode)

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <sstream>
 #include <stdexcept>
+#include <tuple>
 #include <type_traits>
 
 using namespace std::chrono_literals;
@@ -154,6 +155,19 @@ TEST(StateValue, ComesBackFromWhatItBecomes)
     near(ORBKIT::Position::fromGeodetic(place.geodetic(), state.time()).pos(), fixed.pos(), 1e-8);
     near(ORBKIT::Position::fromRaDec(place.raDec(), Frame::TOD).pos(), state.pos(), 1e-8);
     EXPECT_EQ(place.seenFrom(station).elevation, state.seenFrom(station).elevation);
+}
+
+// IERS Bulletins C: 11 s from 1972-07-01 on, 37 s since 2017; UT1 of that day by finals2000A.
+TEST(Values, BuiltInLeapSecondsAndRows)
+{
+    const ORBKIT::TimeCorrelation published = ORBKIT::TimeCorrelation::builtIn();
+    const auto steps = published.getLeapSeconds();
+    ASSERT_EQ(steps.size(), 27U);
+    EXPECT_EQ(std::tuple(steps.front().utc, steps.front().tai_utc), std::tuple(-10045.0, 11.0));
+    EXPECT_EQ(std::tuple(steps.back().utc, steps.back().tai_utc), std::tuple(6210.0, 37.0));
+    const kl_time_row_info row = published.getRow(KL_TIME_UTC, 6210.0);
+    EXPECT_EQ(row.tai_utc, 37.0);
+    EXPECT_NEAR(row.tai_utc - row.tai_ut1, 0.5913, 5e-5);
 }
 
 // One call for all has the bits of a call for each.
