@@ -1,7 +1,7 @@
 // Zeros of functions of time.
 #include "kl_lib.h"
 #include "support/conditions.h"
-#include "support/rows.h"
+#include "support/csv.h"
 
 #include <algorithm>
 #include <cmath>
@@ -186,7 +186,7 @@ TEST(Crossings, EndsRoomAndFailures)
 // What the example prints against a computation of its own (tools/passes_truth.py): to the millisecond that it prints.
 TEST(Passes, OfTheExample)
 {
-    const std::vector<Row> events = rows_of("passes");
+    const auto events = read_table("passes.csv", 4);
     std::ifstream file("examples/passes.txt");
     std::size_t i = 0;
     for (std::string line; std::getline(file, line); i += 3) {

@@ -3,8 +3,8 @@
 #include "kl_lib.h"
 #include "support/bounds.h"
 #include "support/conditions.h"
+#include "support/csv.h"
 #include "support/oblate_earth.h"
-#include "support/rows.h"
 #include "support/vectors.h"
 
 #include <algorithm>
@@ -44,7 +44,7 @@ State6 state_of(const kl_kepler &x, long kind)
 // In units of the rounding that the anomaly, M and e sin E themselves carry.
 TEST(KeplersEquation, TrueValues)
 {
-    for (const Row &row : rows_of("anomalies")) {
+    for (const auto &row : read_table("anomalies.csv", 3)) {
         const double M = row[0], e = row[1], x = row[2];
         const bool closed = e < 1.0;
         const double got = closed ? KL_Kepler_ellipse(M, e) : KL_Kepler_hyperbola(M, e);
@@ -73,7 +73,7 @@ TEST(KeplersEquation, TrueValues)
 
 TEST(Elements, TrueValuesBothWays)
 {
-    for (const Row &row : rows_of("kepler")) {
+    for (const auto &row : read_table("kepler.csv", 18)) {
         const kl_kepler in = {row[0], row[1], row[2], row[3], row[4], row[5]};
         const State6 x = state_of(in, kOsculating);
         const double r = length(&row[6]), v = length(&row[9]);
