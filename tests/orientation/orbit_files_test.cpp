@@ -1,6 +1,7 @@
 // Precise orbits as they are published, SP3 in ITRF and OEM in EME2000, to GCRS and back, and beside ERFA with the same
 // UT1 and pole.
 #include "kl_lib.h"
+#include "support/vectors.h"
 
 #include <erfa.h>
 #include <gtest/gtest.h>
@@ -88,11 +89,6 @@ void erfa_matrix(const FileState &s, const kl_earth_orientation &e, double secon
     eraC2tcio(q, era, w, out);
 }
 
-double apart(const double a[3], const double b[3])
-{
-    return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
-}
-
 } // namespace
 
 TEST(OrbitFiles, StatesToGcrsAndBackAndBesideErfa)
@@ -123,16 +119,16 @@ TEST(OrbitFiles, StatesToGcrsAndBackAndBesideErfa)
         ASSERT_EQ(kl_iers_change(&id, &zero, &velocity, &gcrs, &s.frame, &s.scale, &s.time, there, v, nullptr, back,
                                  v_back, acc, nullptr),
                   KL_OK);
-        const double radii = std::hypot(pos[0], pos[1], pos[2]) / 7.0e6;
-        EXPECT_LT(apart(back, pos), 1e-8 * radii);
-        EXPECT_LT(apart(v_back, vel), 1e-11 * radii);
+        const double radii = length(pos) / 7.0e6;
+        EXPECT_LT(distance(back, pos), 1e-8 * radii);
+        EXPECT_LT(distance(v_back, vel), 1e-11 * radii);
 
         kl_earth_orientation e;
         ASSERT_EQ(kl_earth_orientation_get(&id, &zero, &s.scale, &s.time, &e, nullptr), KL_OK);
         double m[3][3], expected[3];
         erfa_matrix(s, e, 0.0, m);
         eraTrxp(m, pos, expected);
-        EXPECT_LT(apart(there, expected), 3e-4 * radii); // m
+        EXPECT_LT(distance(there, expected), 3e-4 * radii); // m
 
         // A velocity by differences in four places.
         constexpr double kStep = 60.0; // s
@@ -148,13 +144,13 @@ TEST(OrbitFiles, StatesToGcrsAndBackAndBesideErfa)
             for (int i = 0; i < 3; ++i)
                 derivative[i] += (std::abs(k) == 1 ? 8.0 * k : -0.5 * k) / (12.0 * kStep) * turned[i];
         }
-        EXPECT_LT(apart(v, derivative), 3e-7 * radii); // m/s
+        EXPECT_LT(distance(v, derivative), 3e-7 * radii); // m/s
 
         // On to the Earth, where an orbit in inertial axes is wanted there.
         ASSERT_EQ(kl_iers_change(&id, &zero, &velocity, &s.frame, &itrs, &s.scale, &s.time, pos, vel, nullptr, there, v,
                                  acc, nullptr),
                   KL_OK);
-        EXPECT_NEAR(std::hypot(there[0], there[1], there[2]), 7.0e6 * radii, 1e-8 * radii);
+        EXPECT_NEAR(length(there), 7.0e6 * radii, 1e-8 * radii);
     }
     kl_time_close(&id, nullptr);
 }

@@ -1,5 +1,6 @@
 // Earth orientation against the series, ERFA, published test cases and laws.
-#include "kl_lib.h"
+#include "support/csv.h"
+#include "time/time_table.h"
 
 #include <erfa.h>
 #include <gtest/gtest.h>
@@ -17,7 +18,7 @@ constexpr double kJ2000Midnight = 2451544.5;             // JD of MJD2000 0
 constexpr double kTtMinusTai = 32.184;                   // s
 
 // A time id of daily rows about an instant; UT1 and the pole are smooth, so that a cubic gives them to rounding.
-class SmoothId {
+class SmoothId : public OwnedTimeId {
 public:
     SmoothId(double first, long n, double step = 1.0, bool with_pole = true) : origin(first)
     {
@@ -38,9 +39,6 @@ public:
         data.pole = with_pole ? reinterpret_cast<double(*)[4]>(poles.data()) : nullptr;
         EXPECT_EQ(kl_time_set_id_data(&id, &data), 0);
     }
-    ~SmoothId() { kl_time_close(&id, nullptr); }
-    SmoothId(const SmoothId &) = delete;
-    SmoothId &operator=(const SmoothId &) = delete;
 
     double tai_ut1(double tai) const { return 36.9 + 1.2e-3 * (tai - origin) - 3e-6 * (tai - origin) * (tai - origin); }
     void pole(double tai, double out[4]) const
@@ -52,7 +50,6 @@ public:
         out[3] = -2e-9 + 1e-11 * d;
     }
 
-    kl_time_id id = {};
     double origin;
 
 private:
@@ -85,17 +82,8 @@ kl_earth_orientation orientation(kl_time_id *id, double time, long corrections, 
 }
 
 // An id of one row: UT1 = UTC = TAI - 37 s, no pole.
-class ExplicitId {
-public:
-    ExplicitId()
-    {
-        const double readings[4] = {37.0 / 86400.0, 0.0, 0.0, 18.0 / 86400.0};
-        EXPECT_EQ(kl_time_ref_init(readings, nullptr, nullptr, nullptr, &id, nullptr), KL_OK);
-    }
-    ~ExplicitId() { kl_time_close(&id, nullptr); }
-    ExplicitId(const ExplicitId &) = delete;
-    ExplicitId &operator=(const ExplicitId &) = delete;
-    kl_time_id id = {};
+struct ExplicitId : ReadingsId {
+    ExplicitId() : ReadingsId(37.0, 0.0, 0.0, 18.0) {}
 };
 
 } // namespace
@@ -121,8 +109,6 @@ TEST(CelestialPole, TableGivesTheSeriesAtNodesAndBetweenFor150Years)
     }
 }
 
-// IERS Conventions (2010): test cases of PMSDNUT2 and UTLIBR; ORTHO_EOP is another parametrisation of the ocean tides,
-// which agrees to 0.3 %.
 TEST(ShortPeriodTerms, ArePublishedOnes)
 {
     ExplicitId id;
@@ -132,17 +118,12 @@ TEST(ShortPeriodTerms, ArePublishedOnes)
         return std::vector<double>{(with.x_pole - without.x_pole) * 1e6, (with.y_pole - without.y_pole) * 1e6,
                                    (with.ut1_tai - without.ut1_tai) * 1e6};
     };
-    const auto pole = correction(54335.0, KL_EOP_LIBRATION);
-    EXPECT_NEAR(pole[0], 24.83144238, 1e-3); // microarcseconds; the time argument is TT there
-    EXPECT_NEAR(pole[1], -14.09240692, 1e-3);
-    EXPECT_NEAR(correction(44239.1, KL_EOP_LIBRATION)[2], 2.441143834386761746, 1e-4); // microseconds
-    EXPECT_NEAR(correction(55227.4, KL_EOP_LIBRATION)[2], -2.655705844335680244, 1e-4);
-    const auto ocean = correction(47100.0, KL_EOP_OCEAN_TIDES);
-    EXPECT_NEAR(ocean[0], -162.8386373279636530, 0.8);
-    EXPECT_NEAR(ocean[1], 117.7907525842668974, 0.8);
-    EXPECT_NEAR(ocean[2], -23.39092370609808214, 0.1);
+    for (const auto &[mjd, corrections, of, value, tolerance] :
+         read_rows<double, long, long, double, double>("short_period_terms.csv"))
+        EXPECT_NEAR(correction(mjd, corrections).at(static_cast<std::size_t>(of)), value, tolerance)
+            << mjd << " " << of;
     const auto both = correction(47100.0, KL_EOP_ALL);
-    const auto libration = correction(47100.0, KL_EOP_LIBRATION);
+    const auto libration = correction(47100.0, KL_EOP_LIBRATION), ocean = correction(47100.0, KL_EOP_OCEAN_TIDES);
     for (std::size_t i = 0; i < 3; ++i)
         EXPECT_NEAR(both[i], ocean[i] + libration[i], 2e-4) << i;
 }
@@ -264,36 +245,18 @@ TEST(IersFrames, StationStaysInItrsAndTurnsInGcrs)
 // The interpolation of the rows: as many of them as there are, and straight lines over wide gaps.
 TEST(EarthOrientation, FollowsTheRowsOfTheId)
 {
-    struct Case {
-        const char *name;
-        long n;
-        double step, at;
-        double tolerance; // s, of UT1: a cubic is exact, a line leaves the curvature
-        long notes;
-    };
-    constexpr Case kCases[] = {
-        {"cubic", 12, 1.0, 5.3, 1e-12, 0},
-        {"cubic at a row", 12, 1.0, 5.0, 1e-12, 0},
-        {"one-sided at the start", 12, 1.0, 0.4, 1e-12, 0},
-        {"one-sided at the end", 12, 1.0, 10.9, 1e-12, 0},
-        {"rows five days apart", 12, 5.0, 21.0, 1e-12, 0},
-        {"lines over eleven days", 12, 11.0, 60.0, 1.5e-4, 0},
-        {"three rows: lines", 3, 1.0, 1.5, 1e-6, 0},
-        {"two rows", 2, 1.0, 0.5, 1e-6, 0},
-        {"before the table", 12, 1.0, -2.0, 3e-3, KL_EOP_OUTSIDE_TABLE},
-        {"after the table", 12, 1.0, 13.0, 3e-3, KL_EOP_OUTSIDE_TABLE},
-    };
-    for (const Case &c : kCases) {
-        SCOPED_TRACE(c.name);
-        SmoothId id(0.0, c.n, c.step);
-        const double tai = c.at + 37.0 / 86400.0;
+    for (const auto &[name, n, step, at, tolerance, notes] :
+         read_rows<std::string, long, double, double, double, long>("orientation_rows.csv")) {
+        SCOPED_TRACE(name);
+        SmoothId id(0.0, n, step);
+        const double tai = at + 37.0 / 86400.0;
         const kl_earth_orientation e = orientation(&id.id, tai, 0);
-        EXPECT_NEAR(-e.ut1_tai, id.tai_ut1(tai), c.tolerance);
-        EXPECT_EQ(e.notes, c.notes);
+        EXPECT_NEAR(-e.ut1_tai, id.tai_ut1(tai), tolerance);
+        EXPECT_EQ(e.notes, notes);
         double pole[4];
         id.pole(tai, pole);
-        EXPECT_NEAR(e.x_pole * kArcsecond, pole[0], c.tolerance < 1e-9 ? 1e-19 : 2e-8);
-        EXPECT_NEAR(e.dy * kArcsecond, c.notes == 0 ? pole[3] : 0.0, c.tolerance < 1e-9 ? 1e-19 : 1e-12);
+        EXPECT_NEAR(e.x_pole * kArcsecond, pole[0], tolerance < 1e-9 ? 1e-19 : 2e-8);
+        EXPECT_NEAR(e.dy * kArcsecond, notes == 0 ? pole[3] : 0.0, tolerance < 1e-9 ? 1e-19 : 1e-12);
     }
 }
 

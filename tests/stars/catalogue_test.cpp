@@ -1,12 +1,11 @@
 #include "kl_lib.h"
-#include "support/conditions.h"
+#include "support/csv.h"
+#include "support/scratch.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <limits>
 #include <string>
 #include <vector>
@@ -43,17 +42,7 @@ Found search(const char *file, const kl_star_window &window, long cs = KL_BM2000
     return found;
 }
 
-// A file with this text, while the object lives.
-struct TextFile {
-    std::string name;
-    explicit TextFile(const std::string &text)
-        : name(::testing::TempDir() + "kl_stars_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed())
-               + std::to_string(reinterpret_cast<std::uintptr_t>(this)))
-    {
-        std::ofstream(name, std::ios::binary) << text;
-    }
-    ~TextFile() { std::remove(name.c_str()); }
-};
+using TextFile = Scratch;
 
 // Lines of the Bright Star Catalogue: Sirius, Polaris, a nova without position.
 // clang-format off
@@ -85,16 +74,10 @@ TEST(BuiltInCatalogue, HoldsTheBrightStars)
     kl_star_window brightest = kAll;
     brightest.mag_max = 0.1;
     const Found few = search("", brightest);
-    // HR and V of the brightest, as the catalogue prints them.
-    const struct {
-        long number;
-        double magnitude;
-    } known[] = {{1708, 0.08}, {2326, -0.72}, {2491, -1.46}, {5340, -0.04}, {5459, -0.01}, {7001, 0.03}};
-    ASSERT_EQ(few.stars.size(), std::size(known));
-    for (std::size_t i = 0; i < std::size(known); ++i) {
-        EXPECT_EQ(few.stars[i].number, known[i].number);
-        EXPECT_EQ(few.stars[i].magnitude, known[i].magnitude);
-    }
+    std::vector<std::vector<double>> found;
+    for (const kl_star &star : few.stars)
+        found.push_back({static_cast<double>(star.number), star.magnitude});
+    EXPECT_EQ(found, read_table("bright_stars.csv", 2));
 }
 
 TEST(StarCatalogue, ReadsTheThreeFormats)
@@ -157,49 +140,29 @@ TEST(StarCatalogue, TellsWhatIsWrongWithAFile)
         std::string line = kSirius;
         return kSirius + "\n" + line.replace(column - 1, text.size(), text) + "\n";
     };
-    const std::string own = "KL_STARS 1\n";
-    const struct {
-        const char *name;
-        std::string text;
-        long code;
-    } cases[] = {
-        {"empty", "", KL_STAR_CATALOG_FORMAT_ERR},
-        {"blank line", "\n", KL_STAR_CATALOG_FORMAT_ERR},
-        {"another text", "Lorem ipsum dolor sit amet\n", KL_STAR_CATALOG_FORMAT_ERR},
-        {"next version", "KL_STARS 2\n", KL_STAR_CATALOG_FORMAT_ERR},
-        {"zeros", std::string(300, '\0'), KL_STAR_CATALOG_FORMAT_ERR},
-        {"no sign in the first line", with(84, " ").substr(200), KL_STAR_CATALOG_FORMAT_ERR},
-        {"hour 24", with(76, "24"), KL_STAR_CATALOG_RECORD_ERR},
-        {"minute 60", with(78, "60"), KL_STAR_CATALOG_RECORD_ERR},
-        {"no sign", with(84, " "), KL_STAR_CATALOG_RECORD_ERR},
-        {"declination 91", with(85, "91"), KL_STAR_CATALOG_RECORD_ERR},
-        {"letters", with(103, "bad"), KL_STAR_CATALOG_RECORD_ERR},
-        {"two points", with(149, "0.1.2"), KL_STAR_CATALOG_RECORD_ERR},
-        {"sign alone", with(167, "+   "), KL_STAR_CATALOG_RECORD_ERR},
-        {"few bars", "H|1|2|3|4|5|6|7|8|9|10|11|12|13|\nH|1|2\n", KL_STAR_CATALOG_RECORD_ERR},
-        {"one coordinate", "H|1| | | |5| |G|1.0| | | | | |\n", KL_STAR_CATALOG_RECORD_ERR},
-        {"eight numbers", own + "1 2 3 4 5 6 7 8\n", KL_STAR_CATALOG_RECORD_ERR},
-        {"ten numbers", own + "1 2 3 4 5 6 7 8 0.5 10\n", KL_STAR_CATALOG_RECORD_ERR},
-        {"not a number", own + "1 nan 3 4 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
-        {"infinite", own + "1 2 3 4 inf 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
-        {"hexadecimal", own + "1 2 0x3 4 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
-        {"out of range", own + "1 2 3 95 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
-        {"number too long", own + "99999999999999999999 2 3 4 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
-        {"two signs", own + "1 2 +-3 4 5 6 7 8 0.5\n", KL_STAR_CATALOG_RECORD_ERR},
-    };
     const long none = 0, frame = KL_BM2000;
     const double time = 0.5;
-    for (const auto &c : cases) {
-        const TextFile file(c.text);
+    for (const auto &[name, kind, column, cell, bits] :
+         read_rows<std::string, std::string, long, std::string, Bits>("star_file_refusals.csv")) {
+        std::string text = cell;
+        if (kind == "bars")
+            std::replace(text.begin(), text.end(), '!', '|');
+        else if (kind == "own")
+            text = "KL_STARS 1\n" + cell + "\n";
+        else if (kind != "text")
+            text = kind == "zeros"
+                       ? std::string(static_cast<std::size_t>(column), '\0')
+                       : with(static_cast<std::size_t>(column), cell).substr(kind == "alone" ? kSirius.size() + 1 : 0);
+        const TextFile file(text);
         long n = 7;
         kl_star *stars = nullptr;
         kl_radec *places = nullptr;
-        expect_bits(c.name, error_bits(c.code), [&](long *e) {
+        expect_bits(name.c_str(), bits, [&](long *e) {
             return kl_star_catalog(nullptr, nullptr, file.name.c_str(), &kAll, &none, &frame, &kTai, &time, &n, &stars,
                                    &places, e);
         });
-        EXPECT_EQ(n, 7) << c.name;
-        EXPECT_EQ(stars, nullptr) << c.name;
+        EXPECT_EQ(n, 7) << name;
+        EXPECT_EQ(stars, nullptr) << name;
     }
     long n = 7;
     kl_star *stars = nullptr;
@@ -257,26 +220,8 @@ TEST(StarCatalogue, ConditionsGoByTheirCodes)
 TEST(StarCatalogue, AWindowHoldsWhatLiesInIt)
 {
     const Found all = search(nullptr, kAll, KL_GM2000, 7, 9000.0);
-    const auto box = [](double ra_min, double ra_max, double dec_min, double dec_max) {
-        return kl_star_window{-2.0, 6.0, ra_min, ra_max, dec_min, dec_max, 0.0, 0.0, 0.0};
-    };
-    const auto cone = [](double ra, double dec, double radius) {
-        return kl_star_window{-2.0, 6.0, 0.0, 360.0, -90.0, 90.0, ra, dec, radius};
-    };
-    kl_star_window both = cone(10.0, 60.0, 30.0);
-    both.dec_max = 60.0;
-    const kl_star_window windows[] = {box(10, 20, -30, 30),
-                                      box(350, 10, -30, 30),
-                                      box(-10, 10, -30, 30),
-                                      box(0, 360, 85, 90),
-                                      box(-360, 0, -90, -85),
-                                      cone(83, -5, 5),
-                                      cone(0, 90, 3),
-                                      cone(-1, 0, 20),
-                                      cone(200, -60, 150),
-                                      cone(200, -60, 180),
-                                      both};
-    for (const kl_star_window &w : windows) {
+    for (const auto &row : read_table("star_windows.csv", 7)) {
+        const kl_star_window w = {-2.0, 6.0, row[0], row[1], row[2], row[3], row[4], row[5], row[6]};
         const Found found = search(nullptr, w, KL_GM2000, 7, 9000.0);
         ASSERT_EQ(found.status, KL_OK);
         const double d = 0.017453292519943295;

@@ -3,6 +3,7 @@
 #include "support/conditions.h"
 #include "support/csv.h"
 #include "support/fault_injection.h"
+#include "support/scratch.h"
 #include "time/format_cases.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@
 #include <map>
 #include <random>
 #include <string>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <tuple>
 #include <unistd.h>
@@ -34,24 +34,6 @@ std::string bytes_of(const std::string &path)
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
-
-// A file in memory, under a name.
-class Scratch {
-public:
-    Scratch() : file_(memfd_create("time file", MFD_CLOEXEC)), name_("/proc/self/fd/" + std::to_string(file_)) {}
-    ~Scratch() { close(file_); }
-    const std::string &holding(const std::string &bytes) const
-    {
-        EXPECT_EQ(ftruncate(file_, 0), 0);
-        EXPECT_EQ(pwrite(file_, bytes.data(), bytes.size(), 0), static_cast<ssize_t>(bytes.size()));
-        return name_;
-    }
-    void grow_to(long size) const { EXPECT_EQ(ftruncate(file_, size), 0); }
-
-private:
-    int file_;
-    std::string name_;
-};
 
 struct Window {
     double start, stop;
