@@ -75,11 +75,8 @@ GridSeries grid_series(const Ellipsoid &ellipsoid)
 
 long zone_of(double lon_deg)
 {
-    double lon = lon_deg - 360.0 * std::floor((lon_deg + 180.0) / 360.0);
-    if (lon >= 180.0) // 180 itself, by rounding
-        lon -= 360.0;
-    const long zone = static_cast<long>((lon + 180.0) / 6.0) + 1;
-    return zone > 60 ? 60 : zone;
+    const double lon = lon_deg < -180.0 ? lon_deg + 360.0 : lon_deg < 180.0 ? lon_deg : lon_deg - 360.0;
+    return (static_cast<long>(std::floor(lon)) + 180) / 6 + 1;
 }
 
 double from_meridian(double lon_deg, long zone)

@@ -17,7 +17,7 @@ struct GridPoint {
     double easting, northing; // m; northing of the southern half with its false northing
 };
 
-// The zone of a longitude, 1 to 60. Without the exceptions around Norway and Spitsbergen.
+// The zone of a longitude of -360 to 360, 1 to 60. Without the exceptions around Norway and Spitsbergen.
 long zone_of(double lon_deg);
 // Degrees from the central meridian of a zone, -180 to 180.
 double from_meridian(double lon_deg, long zone);
