@@ -85,8 +85,12 @@ long cart_to_geod(Activation &call, const Ellipsoid &e, bool rates, const double
     GeodeticDegrees<double> x;
     const GeodeticFindings<double> found = cartesian_to_degrees(e, rates, pos, vel, &x);
     *out = {x.lat, x.lon, x.h, x.lat_rate, x.lon_rate, x.h_rate};
-    if (found.two_feet)
+    if (found.two_feet) {
+        const double p = distance_from_axis(pos[0], pos[1]);
+        if (has_two_feet(e, p, std::fabs(pos[2])))
+            Activation(KL_FN_CAR_GEO, KL_NO_RECORD).warns(KL_CAR_GEO_COMPUTATION, &p);
         call.warns(KL_CART_TO_GEOD_TWO_FEET_WARN);
+    }
     if (found.no_longitude)
         call.warns(KL_CART_TO_GEOD_POLAR_AXIS_WARN);
     return call.status();

@@ -179,6 +179,10 @@ TEST(Geodetic, KernelWarnsWithTheDistance)
     EXPECT_EQ(metres, 5.0);
     EXPECT_NEAR(lon, std::atan2(4.0, 3.0), 1e-15);
     EXPECT_EQ(KL_Car_Geo(nullptr, nullptr, &lat, &lon, &h, nullptr), KL_ERR);
+    EXPECT_EQ(
+        verbose_text([&] { to_geodetic(3.0, 4.0, 0.0, KL_WARN); }),
+        "ORBKIT_LIB >>> WARNING in KL_Car_Geo: Internal computation warning # 1 (5.000000)\n"
+        "ORBKIT_LIB >>> WARNING in kl_cart_to_geod: Two nearest points on the ellipsoid, the northern one is taken\n");
 }
 
 TEST(Coordinates, RangesEndWhereTheHeaderSays)
