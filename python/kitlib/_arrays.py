@@ -1,65 +1,18 @@
 """From Python's arguments to the array calls of C and back: broadcasting, types, selectors, results."""
 import ctypes
-import functools
-from enum import IntEnum
+import copy
+import ctypes
+import math
+from collections import namedtuple
 
 import numpy as np
 
-from . import _errors, _ids
+from . import _errors, _memory
+from ._calls import DTYPES, F8, OCTETS, READ_WIDTH, array_call, dtype_of, one_element
 from ._library import symbol
+from ._pointers import pointer
+from ._selectors import long_pointer, record_fields, selected
 
-_BYTES = ctypes.c_char * 0
-_NO = ctypes.c_void_p(None)
-_DTYPES = {"f8": np.dtype("f8"), "i8": np.dtype("i8")}
-_TEXT_WIDTH, _READ_WIDTH, _OCTETS = 32, 40, 19
-_FIXED = ctypes.byref(ctypes.c_long(0))
-_PYTHON_NUMBERS = (float, int)
-_longs = {}
-
-
-def long_pointer(value):
-    """A pointer to a constant long."""
-    pointer = _longs.get(value)
-    if pointer is None:
-        pointer = ctypes.byref(ctypes.c_long(value))
-        if len(_longs) < 10000:
-            _longs[value] = pointer
-    return pointer
-
-
-def selected(value, enum):
-    """The number of a selector: a member of its class, its name as text, or a number."""
-    if isinstance(value, str):
-        if enum is None:
-            raise TypeError(f"a number is wanted, not {value!r}")
-        try:
-            return int(enum[value.upper()])
-        except KeyError:
-            raise ValueError(f"{value!r} is no {enum.__name__}: {', '.join(m.name for m in enum)}") from None
-    if isinstance(value, IntEnum) and enum is not None and not isinstance(value, enum):
-        raise TypeError(f"{value!r} is no {enum.__name__}")
-    if isinstance(value, (bool, np.bool_)):
-        return int(value)
-    try:
-        number = value.__index__()
-    except AttributeError:
-        raise TypeError(f"a member of {enum.__name__ if enum else 'int'} or its name is wanted, not {type(value).__name__}") from None
-    if not -(1 << 63) <= number < 1 << 63:
-        raise ValueError(f"{number} does not fit a C long")
-    return number
-
-
-@functools.lru_cache(maxsize=None)
-def dtype_of(record):
-    """The type of numpy of a record; numpy itself looks at all fields each time."""
-    return np.dtype(record)
-
-
-def mode_of(given, velocity, acceleration):
-    """The mode of a call: as asked, or as the arguments say."""
-    if given is not None:
-        return given
-    return 3 if acceleration is not None else 2 if velocity is not None else 1
 
 
 def numbers(value, dtype, length, name):
@@ -72,11 +25,14 @@ def numbers(value, dtype, length, name):
         if kind == "f" and dtype.kind == "i":
             raise TypeError(f"{name}: whole numbers are wanted, not {array.dtype}")
         raise TypeError(f"{name}: numbers are wanted, not {array.dtype}")
+    if dtype.kind == "i" and array.dtype.char in "LQ" and array.size and int(array.max()) >> 63:
+        raise ValueError(f"{name}: does not fit a C long")
     if length and (array.ndim == 0 or array.shape[-1] != length):
         raise ValueError(f"{name}: the last axis must have {length} elements, not shape {array.shape}")
     return array
 
 
+_READ = np.dtype(f"S{READ_WIDTH}")
 _texts = symbol("kitlib_texts")
 _texts.argtypes = [ctypes.c_void_p, ctypes.c_long, ctypes.c_long, ctypes.c_long, ctypes.c_void_p, ctypes.c_long]
 
@@ -90,10 +46,24 @@ def texts(value, name):
         array = array.astype("U")
     rows = np.ascontiguousarray(array)
     size = 4 if array.dtype.kind == "U" else 1
-    wide = np.empty(array.shape, f"S{_READ_WIDTH}")
-    if _texts(rows.ctypes.data, array.size, array.dtype.itemsize // size, size, wide.ctypes.data, _READ_WIDTH):
+    wide = _memory.some(array.shape, (), _READ)
+    if _texts(rows.ctypes.data, array.size, array.dtype.itemsize // size, size, wide.ctypes.data, READ_WIDTH):
         raise ValueError(f"{name}: texts of times are ASCII")
     return wide
+
+
+_longest, _wide_texts = symbol("kitlib_longest"), symbol("kitlib_wide_texts")
+_longest.argtypes = [ctypes.c_void_p, ctypes.c_long, ctypes.c_long]
+_wide_texts.argtypes = [ctypes.c_void_p, ctypes.c_long, ctypes.c_long, ctypes.c_void_p, ctypes.c_long]
+
+
+def wide_texts(array):
+    """Texts of octets that C wrote as texts of numpy, as wide as the longest."""
+    at, width = array.__array_interface__["data"][0], array.dtype.itemsize
+    longest = max(_longest(at, array.size, width), 1)
+    out = _memory.some(array.shape, (), np.dtype(f"U{longest}"))
+    _wide_texts(at, array.size, width, out.__array_interface__["data"][0], longest)
+    return out
 
 
 def octets(value, name):
@@ -108,9 +78,9 @@ def octets(value, name):
         array = np.asarray(value)
     if array.dtype != np.uint8:
         raise TypeError(f"{name}: bytes or an array of uint8 is wanted, not {array.dtype}")
-    if array.ndim == 0 or array.shape[-1] > _OCTETS:
-        raise ValueError(f"{name}: the last axis must have at most {_OCTETS} octets, not shape {array.shape}")
-    wide = np.zeros(array.shape[:-1] + (_OCTETS,), np.uint8)
+    if array.ndim == 0 or array.shape[-1] > OCTETS:
+        raise ValueError(f"{name}: the last axis must have at most {OCTETS} octets, not shape {array.shape}")
+    wide = np.zeros(array.shape[:-1] + (OCTETS,), np.uint8)
     wide[..., :array.shape[-1]] = array
     return wide
 
@@ -119,10 +89,9 @@ def contiguous(array, shape, item, dtype):
     """The array with its leading axes broadcast to shape: itself when it is that already."""
     if array.dtype == dtype and array.shape == shape + item and array.flags.c_contiguous and array.flags.aligned:
         return array
-    if array.shape != shape + item:
-        array = np.broadcast_to(array, shape + item)
-    out = np.ascontiguousarray(array, dtype).reshape(shape + item)
-    return out if out.flags.aligned else out.copy()
+    out = _memory.some(shape, item, dtype)
+    out[...] = array
+    return out
 
 
 def broadcast(shapes, names):
@@ -135,37 +104,6 @@ def broadcast(shapes, names):
         raise ValueError(f"the arguments do not broadcast against each other: {said}") from None
 
 
-def pointer(array):
-    """Keeps the array alive as long as itself."""
-    if array.flags.writeable and array.flags.c_contiguous and array.size and array.dtype.kind not in "SU":
-        return _BYTES.from_buffer(array)
-    return ctypes.c_void_p(array.__array_interface__["data"][0])
-
-
-def record_fields(value, record, name):
-    """Fields of a record from a sequence or a structured array; what is missing at the end is None."""
-    known = [field for field, _ in record._fields_]
-    if isinstance(value, record):
-        return [getattr(value, field) for field in known]
-    if isinstance(value, np.ndarray) and value.dtype.names:
-        return [value[field] if field in value.dtype.names else None for field in known]
-    fields = list(value)
-    if len(fields) > len(known):
-        raise ValueError(f"{name}: at most {len(known)} fields are wanted: {', '.join(known)}")
-    return fields + [None] * (len(known) - len(fields))
-
-
-def one_record(value, record):
-    """A record as a selector: one for the whole call."""
-    if isinstance(value, record):
-        return value
-    out = record()
-    for (field, _), given in zip(record._fields_, record_fields(value, record, record.__name__)):
-        if given is not None:
-            setattr(out, field, int(given) if isinstance(getattr(out, field), int) else float(given))
-    return out
-
-
 class Function:
     """A function of the table: its parameters, and the call."""
 
@@ -176,8 +114,19 @@ class Function:
         self.parameters = parameters
         self.each = [p for p in parameters if p[0] in ("each", "both", "inout")]
         self.gives = [p for p in parameters if p[0] in ("gives", "inout")]
+        self.numbers_alone = not flat and bool(self.each) and all(p[0] == "each" and p[2] == "f8" for p in self.each)
+        self.arrays_alone = all(p[2] in ("f8", "i8") for p in self.gives)
         self.array = None  # looked up at the first call, so that an older library fails in its own functions only
-        self.one = _one_element(self)
+        self.quiet = False
+        self.one = one_element(self)
+        self.call = array_call(self)
+
+    def silent(self):
+        """The same without its warnings."""
+        out = copy.copy(self)
+        out.quiet = True
+        out.one, out.call = one_element(out), array_call(out)
+        return out
 
     def __call__(self, values, selects, ids, errors, return_status):
         if self.one is not None and errors == "raise" and return_status is False:
@@ -187,6 +136,28 @@ class Function:
         if errors not in ("raise", "nan"):
             raise ValueError(f'errors is "raise" or "nan", not {errors!r}')
         return self.many(values, selects, ids, errors, return_status)
+
+    def ready(self, values):
+        """The arguments and their shape where they are arrays of float64 that need nothing; else None."""
+        if not self.numbers_alone:
+            return None
+        shape = None
+        for value, (_, _, _, length, optional, _) in zip(values, self.each):
+            if type(value) is np.ndarray:
+                if value.dtype is not F8 or not value.flags.carray:
+                    return None
+                own = value.shape
+                if length:
+                    if own[-1:] != (length,):
+                        return None
+                    own = own[:-1]
+                if shape is None:
+                    shape = own
+                elif shape != own:
+                    return None
+            elif value is not None or not optional:
+                return None
+        return None if shape is None else (values, shape)
 
     def inputs(self, values):
         """Arrays of the per-element arguments and the shape they have together."""
@@ -204,9 +175,9 @@ class Function:
                 array, item = texts(value, name), ()
             elif kind == "octets":
                 array = octets(value, name)
-                item = (_OCTETS,)
+                item = (OCTETS,)
             elif isinstance(kind, str):
-                array = numbers(value, _DTYPES[kind], length, name)
+                array = numbers(value, DTYPES[kind], length, name)
                 item = (length,) if length else ()
             else:
                 array, _ = self.packed(record_fields(value, kind, name), kind, [field for field, _ in kind._fields_])
@@ -216,11 +187,9 @@ class Function:
             names.append(name)
         shape = broadcast(shapes, names) if shapes else ()
         for i, (role, name, kind, length, optional, zeros) in enumerate(self.each):
-            dtype = (_DTYPES[kind] if kind in ("f8", "i8") else arrays[i].dtype if arrays[i] is not None else None) if isinstance(kind, str) else dtype_of(kind)
-            item = (length,) if length else (_OCTETS,) if isinstance(kind, str) and kind == "octets" else ()
-            if arrays[i] is None:
-                arrays[i] = np.zeros(shape + item, dtype or "f8") if zeros else None
-            else:
+            dtype = (DTYPES[kind] if kind in ("f8", "i8") else arrays[i].dtype if arrays[i] is not None else None) if isinstance(kind, str) else dtype_of(kind)
+            item = (length,) if length else (OCTETS,) if isinstance(kind, str) and kind == "octets" else ()
+            if arrays[i] is not None:
                 given = arrays[i]
                 arrays[i] = contiguous(given, shape, item, dtype)
                 if role != "each" and np.shares_memory(arrays[i], given):
@@ -232,90 +201,46 @@ class Function:
         if fields[0] is None:
             raise TypeError(f"{self.name[3:]}: {names[0]} is missing")
         shape = broadcast([f.shape for f in fields if f is not None], [n for f, n in zip(fields, names) if f is not None])
-        out = np.zeros(shape, dtype_of(record))
+        out = _memory.some(shape, (), dtype_of(record))
         for name, field in zip(names, fields):
-            if field is not None:
-                out[name] = field
+            out[name] = 0.0 if field is None else field
         return [out], shape
 
-    def many(self, values, selects, ids, errors, return_status, quiet=False):
+    def many(self, values, selects, ids, errors, return_status):
         if self.array is None:
             self.array = symbol(self.symbol)
-        arrays, shape = self.inputs(values)
-        n = 1
-        for extent in shape:
-            n *= extent
-        vector = (ctypes.c_long * self.words)()
-        status = np.zeros(shape, "i8")
-        keep, outputs, arguments = [], [], []
-        each, selects, ids = iter(arrays), iter(selects), iter(ids)
-        for p in self.parameters:
-            role = p[0]
-            if role in ("each", "both", "inout"):
-                array = next(each)
-                (outputs if role == "inout" else keep).append(array)
-                arguments.append(_NO if array is None else pointer(array))
-            elif role == "gives":
-                _, _, kind, length, _, _ = p
-                if kind == "text":
-                    array = np.zeros(shape, f"S{_TEXT_WIDTH}")
-                elif kind == "octets":
-                    array = np.zeros(shape + (_OCTETS,), np.uint8)
-                elif isinstance(kind, str):
-                    array = np.empty(shape + ((length,) if length else ()), _DTYPES[kind])
-                else:
-                    array = np.empty(shape, dtype_of(kind))
-                outputs.append(array)
-                arguments.append(pointer(array))
-            elif role == "select":
-                arguments.append(long_pointer(selected(next(selects), p[1])))
-            elif role == "record":
-                record = one_record(next(selects), p[1])
-                keep.append(record)
-                arguments.append(ctypes.byref(record))
-            elif role in ("model", "time"):
-                held = _ids.pointer_of(role, next(ids))
-                keep.append(held)
-                arguments.append(held.pointer)
-            elif role == "n":
-                arguments.append(ctypes.byref(ctypes.c_long(n)))
-            elif role == "width":
-                arguments.append(long_pointer(p[1]))
-            else:
-                arguments.append(_FIXED)
-        arguments.append(pointer(status))
-        if self.has_vector:
-            arguments.append(vector)
-        done = self.array(*arguments)
+        arrays, shape = self.ready(values) or self.inputs(values)
+        done, outputs, status, vector = self.call(self.array, arrays, shape, shape[0] if len(shape) == 1 else math.prod(shape), selects, ids)
         result = self.results(outputs, shape)
-        if done == -1 and errors == "raise":
-            raise _errors.error(self.name, self.public_id, vector, status if shape else None, result if shape else None)
-        if quiet:
-            pass
-        elif done != 0 and self.has_vector and (done == 1 or (status == 1).any()):
-            _errors.warn(self.name, self.public_id, vector, 5)
-        elif done == 1:
-            _errors.warn(self.name, None, vector, 5)
+        if done:
+            if done == -1 and errors == "raise":
+                raise _errors.error(self.name, self.public_id, vector, status if shape else None, result if shape else None)
+            if not self.quiet and (done == 1 or (self.has_vector and (status == 1).any())):
+                _errors.warn(self.name, self.public_id if self.has_vector else None, vector, 5)
         return (result, status if shape else int(status)) if return_status else result
 
     def failed_one(self, status, vector, pool, work):
         """Raises or warns what the scalar call found."""
         if status < 0:
-            found = _errors.error(self.name, self.public_id, vector)
+            found = _errors.error(self.name, self.public_id if self.has_vector else None, vector)
             pool.append(work)
             raise found
-        _errors.warn(self.name, self.public_id, vector, 6)
+        if not self.quiet:
+            _errors.warn(self.name, self.public_id if self.has_vector else None, vector, 6)
 
     def results(self, outputs, shape):
-        found = []
-        for (_, _, kind, length, _, _), array in zip(self.gives, outputs):
-            if isinstance(kind, str):
-                found.append(_plain(array, kind, length, shape))
-            elif len(self.gives) == 1:
-                found += [array[name] if shape else array[name].item() if array[name].ndim == 0 else array[name] for name in array.dtype.names]
-            else:
-                record = _record_tuple(kind)
-                found.append(record(*(array[name] if shape else array[name].item() for name in array.dtype.names)))
+        if shape and self.arrays_alone:
+            return self.result(*outputs) if self.result else outputs[0]
+        if len(outputs) == 1 and not isinstance(self.gives[0][2], str):
+            array = outputs[0]
+            found = [array[name] if shape else array[name].item() if array[name].ndim == 0 else array[name] for name in array.dtype.names]
+        else:
+            found = []
+            for (_, _, kind, length, _, _), array in zip(self.gives, outputs):
+                if isinstance(kind, str):
+                    found.append(_plain(array, kind, length, shape))
+                else:
+                    found.append(_record_tuple(kind)(*(array[name] if shape else array[name].item() for name in array.dtype.names)))
         return self.result(*found) if self.result else found[0]
 
 
@@ -323,7 +248,6 @@ _record_tuples = {}
 
 
 def _record_tuple(record):
-    from collections import namedtuple
     if record not in _record_tuples:
         _record_tuples[record] = namedtuple(record.__name__, [field for field, _ in record._fields_])
     return _record_tuples[record]
@@ -331,94 +255,5 @@ def _record_tuple(record):
 
 def _plain(array, kind, length, shape):
     if kind == "text":
-        out = np.char.decode(array, "ascii")
-        return out if shape else str(out)
+        return wide_texts(array) if shape else array.item().decode()
     return array if shape or length or kind == "octets" else array.item()
-
-
-def _one_element(f):
-    """The call for one element of plain numbers, written out: the work around a scalar call is most of its time.
-
-    It takes Python floats for numbers and float64 arrays of just the length for vectors, and gives None for anything else.
-    """
-    if f.flat or any(not isinstance(p[2], str) or p[2] != "f8" or p[0] != "each" for p in f.each) or not f.each \
-            or any(p[0] == "record" for p in f.parameters):
-        return None
-    record = f.gives[0][2] if len(f.gives) == 1 and not isinstance(f.gives[0][2], str) else None  # of plain numbers
-    if record is not None and any(not issubclass(kind, ctypes._SimpleCData) for _, kind in record._fields_):
-        return None
-    if record is None and any(p[2] not in ("f8", "i8") for p in f.gives):
-        return None
-    scope = {"c": ctypes, "np": np, "long_pointer": long_pointer, "selected": selected, "ids": _ids, "f": f, "result": f.result,
-             "many": f.many, "FIXED": _FIXED, "symbol": symbol, "NO": _NO, "BYTES": _BYTES, "pool": [], "ndarray": np.ndarray,
-             "F8": np.dtype("f8"), "copy": np.ndarray.copy, "record": record}
-    names = [f"v{i}" for i in range(len(f.each))]
-    selects = [p for p in f.parameters if p[0] == "select"]
-    handles = [p for p in f.parameters if p[0] in ("model", "time")]
-    lines = ["def one(values, selects, handles):"]
-    lines.append(f"    {', '.join(names)}{',' if len(names) == 1 else ''} = values")
-    checks = []
-    for v, (_, name, _, length, optional, zeros) in zip(names, f.each):
-        test = f"type({v}) is float" if not length else f"type({v}) is ndarray and {v}.shape == ({length},) and {v}.dtype is F8"
-        checks.append(f"({v} is None or {test})" if optional else f"({test})")
-    lines.append(f"    if not ({' and '.join(checks)}):\n        return None")
-    if selects:
-        lines.append(f"    {', '.join(f's{i}' for i in range(len(selects)))}{',' if len(selects) == 1 else ''} = selects")
-    if handles:
-        lines.append(f"    {', '.join(f'h{i}' for i in range(len(handles)))}{',' if len(handles) == 1 else ''} = handles")
-    for i, p in enumerate(selects):
-        scope[f"memo{i}"] = {}
-        scope[f"enum{i}"] = p[1]
-        lines.append(f"    p{i} = memo{i}.get(s{i}) if type(s{i}) is not bool else None")
-        lines.append(f"    if p{i} is None:\n        p{i} = memo{i}[s{i}] = long_pointer(selected(s{i}, enum{i}))")
-    for i, p in enumerate(handles):
-        lines.append(f"    q{i} = ids.pointer_of('{p[0]}', h{i})")
-    lines.append("    try:\n        work = pool.pop()\n    except IndexError:\n        work = new()")
-    ins = [f"i{i}" for i in range(len(f.each))]
-    outs = [f"o{i}" for i in range(len(f.gives))]
-    lines.append(f"    {', '.join(ins + outs + [x + 'p' for x in ins + outs])}, word, wordp = work")
-    arguments, optionals = [], []
-    i_each = i_gives = i_select = i_handle = 0
-    for p in f.parameters:
-        if p[0] == "each":
-            v, x = names[i_each], ins[i_each]
-            put = f"{x}[:] = {v}" if p[3] else f"{x}.value = {v}"
-            if p[4] and p[5]:
-                put = f"{x}[:] = {v} if {v} is not None else 0.0" if p[3] else f"{x}.value = {v} if {v} is not None else 0.0"
-                arguments.append(f"{x}p")
-            elif p[4]:
-                put = f"if {v} is not None: {put}"
-                arguments.append(f"{x}p if {v} is not None else NO")
-            else:
-                arguments.append(f"{x}p")
-            lines.append("    " + put)
-            i_each += 1
-        elif p[0] == "gives":
-            arguments.append(f"{outs[i_gives]}p")
-            i_gives += 1
-        elif p[0] == "select":
-            arguments.append(f"p{i_select}")
-            i_select += 1
-        elif p[0] in ("model", "time"):
-            arguments.append(f"q{i_handle}.pointer")
-            i_handle += 1
-        elif p[0] == "fixed":
-            arguments.append("FIXED")
-    if f.has_vector:
-        arguments.append("wordp")
-    lines.append(f"    status = scalar({', '.join(arguments)})")
-    lines.append("    if status:\n        failed(status, wordp, pool, work)")
-    found = [f"copy({o})" if p[3] else f"{o}.value" for o, p in zip(outs, f.gives)] if record is None else [f"o0.{x}" for x, _ in record._fields_]
-    lines.append(f"    out = {'result(' + ', '.join(found) + ')' if f.result else found[0]}")
-    lines.append("    pool.append(work)\n    return out")
-    lines.append("def new():\n    global scalar\n    if scalar is None:\n        scalar = symbol(f.name)")
-    for x, p in [*zip(ins, f.each), *zip(outs, f.gives)]:
-        kind = "record" if p[2] is record else "c.c_double" if p[2] == "f8" else "c.c_long"
-        lines.append(f"    {x} = np.zeros({p[3]}, '{p[2]}')" if p[3] else f"    {x} = {kind}()")
-        lines.append(f"    {x}p = BYTES.from_buffer({x})" if p[3] else f"    {x}p = c.byref({x})")
-    lines.append(f"    word = (c.c_long * {f.words})()")
-    lines.append(f"    return {', '.join(ins + outs + [x + 'p' for x in ins + outs])}, word, word")
-    scope["scalar"] = None
-    scope["failed"] = f.failed_one
-    exec("\n".join(lines), scope)  # the text is made here, from the table alone
-    return scope["one"]

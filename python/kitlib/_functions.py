@@ -4,7 +4,7 @@ Written by tools/api/generate.py from the table in api/ and the headers in inclu
 """
 # pylint: disable=all
 from . import _table
-from ._arrays import Function as _Function, mode_of as _mode
+from ._arrays import Function as _Function
 from ._table import *  # noqa: F403
 from ._table import AxesResult, BodyStateResult, EarthOrientationResult, EclipseStateResult, GeodToUtmResult, GeodesicEndResult, GeodesicResult, GeodeticResult, GridPlaceResult, KeplerResult, LeapSecondInfoResult, LocalFrameResult, MatrixStateResult, OrbitAngleResult, OrbitSunAnglesResult, RadecResult, RayPointsResult, StateResult, TangentPointResult, TopocentricResult
 
@@ -262,7 +262,7 @@ def geod_to_cart(latitude, longitude, height, latitude_rate=None, longitude_rate
         HEIGHT_ERR: below the centre or above 1e12 m, or NaN
         RATES_ERR: mode 2: not finite, or of a velocity that is not
     """
-    return _geod_to_cart((latitude, longitude, height, latitude_rate, longitude_rate, height_rate,), (_mode(mode, latitude_rate, None),), (model,), errors, return_status)
+    return _geod_to_cart((latitude, longitude, height, latitude_rate, longitude_rate, height_rate,), (mode if mode is not None else 2 if latitude_rate is not None or longitude_rate is not None or height_rate is not None else 1,), (model,), errors, return_status)
 
 
 _cart_to_geod = _Function("kl_cart_to_geod", "kl_cart_to_geod_n", 19, 1, GeodeticResult, False, (
@@ -295,7 +295,7 @@ def cart_to_geod(pos, vel=None, /, *, mode=None, model=None, errors="raise", ret
             rate
         POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rate is 0
     """
-    return _cart_to_geod((pos, vel,), (_mode(mode, vel, None),), (model,), errors, return_status)
+    return _cart_to_geod((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1,), (model,), errors, return_status)
 
 
 _kepl_to_cart = _Function("kl_kepl_to_cart", "kl_kepl_to_cart_n", 20, 1, BodyStateResult, True, (
@@ -474,7 +474,7 @@ def position_on_orbit(t, pos, vel, acc=None, /, *, mode=None, cs, ref=Time.UTC, 
         GAP_WARN (W): once, when a call enters the gap between two bulletins
         VALIDITY_WARN (W): once, when a call leaves the validity of the table
     """
-    return _position_on_orbit((t, pos, vel, acc,), (_mode(mode, True, acc), cs, ref,), (model, time,), errors, return_status)
+    return _position_on_orbit((t, pos, vel, acc,), (mode if mode is not None else 3 if acc is not None else 2, cs, ref,), (model, time,), errors, return_status)
 
 
 _orbit_sun = _Function("kl_orbit_sun", "kl_orbit_sun_n", None, 1, OrbitSunAnglesResult, False, (
@@ -536,7 +536,7 @@ def cart_to_radec(pos, vel=None, /, *, mode=None, model=None, errors="raise", re
         VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s, or NULL
         POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rates are 0
     """
-    return _cart_to_radec((pos, vel,), (_mode(mode, vel, None),), (model,), errors, return_status)
+    return _cart_to_radec((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1,), (model,), errors, return_status)
 
 
 _radec_to_cart = _Function("kl_radec_to_cart", "kl_radec_to_cart_n", 37, 1, BodyStateResult, True, (
@@ -568,7 +568,7 @@ def radec_to_cart(ra, dec, distance, ra_rate=None, dec_rate=None, distance_rate=
         DISTANCE_ERR: negative, or not finite
         RATES_ERR: mode 2: not finite, or of a velocity that is not
     """
-    return _radec_to_cart((ra, dec, distance, ra_rate, dec_rate, distance_rate,), (_mode(mode, ra_rate, None),), (model,), errors, return_status)
+    return _radec_to_cart((ra, dec, distance, ra_rate, dec_rate, distance_rate,), (mode if mode is not None else 2 if ra_rate is not None or dec_rate is not None or distance_rate is not None else 1,), (model,), errors, return_status)
 
 
 _ef_to_topocentric = _Function("kl_ef_to_topocentric", "kl_ef_to_topocentric_n", None, 1, TopocentricResult, False, (
@@ -596,7 +596,7 @@ def ef_to_topocentric(pos, vel=None, /, *, mode=None, origin, model=None, errors
         azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate: azimuth, elevation, range; rates in
             mode 2
     """
-    return _ef_to_topocentric((pos, vel,), (_mode(mode, vel, None), origin,), (model,), errors, return_status)
+    return _ef_to_topocentric((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1, origin,), (model,), errors, return_status)
 
 
 _topocentric_to_ef = _Function("kl_topocentric_to_ef", "kl_topocentric_to_ef_n", None, 1, BodyStateResult, True, (
@@ -624,7 +624,7 @@ def topocentric_to_ef(azimuth, elevation, range, azimuth_rate=None, elevation_ra
         pos: [..., 3], m, KL_EF
         vel: [..., 3], m/s, relative to the rotating axes; 0 in mode 1
     """
-    return _topocentric_to_ef((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (_mode(mode, azimuth_rate, None), origin,), (model,), errors, return_status)
+    return _topocentric_to_ef((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (mode if mode is not None else 2 if azimuth_rate is not None or elevation_rate is not None or range_rate is not None else 1, origin,), (model,), errors, return_status)
 
 
 _geod_to_utm = _Function("KL_Coticchia_Surace", "KL_Coticchia_Surace_n", 39, 1, GeodToUtmResult, False, (
@@ -1306,7 +1306,7 @@ def change_cart_cs(t, pos, vel=None, acc=None, /, *, mode=None, cs_in, cs_out, r
     >>> pos.round(-3).tolist()
     [6415000.0, -3181000.0, -0.0]
     """
-    return _change_cart_cs((t, pos, vel, acc,), (_mode(mode, vel, acc), cs_in, cs_out, ref,), (model, time,), errors, return_status)
+    return _change_cart_cs((t, pos, vel, acc,), (mode if mode is not None else 3 if acc is not None else 2 if vel is not None else 1, cs_in, cs_out, ref,), (model, time,), errors, return_status)
 
 
 _ray_ellipsoid = _Function("kl_ray_ellipsoid", "kl_ray_ellipsoid_n", None, 1, RayPointsResult, False, (
@@ -1495,7 +1495,7 @@ def iers_matrix(t, /, *, corrections=0, cs_in, cs_out, ref=Time.UTC, mode=None, 
         rate: [..., 9], 1/s, its derivative; zero in mode 1
         acceleration: [..., 9], 1/s2, its second derivative; zero in modes 1 and 2
     """
-    return _iers_matrix((t,), (corrections, cs_in, cs_out, ref, _mode(mode, None, None),), (time,), errors, return_status)
+    return _iers_matrix((t,), (corrections, cs_in, cs_out, ref, mode if mode is not None else 1,), (time,), errors, return_status)
 
 
 _iers_change = _Function("kl_iers_change", "kl_iers_change_n", None, 1, StateResult, False, (
@@ -1537,7 +1537,7 @@ def iers_change(t, pos, vel=None, acc=None, /, *, corrections=0, mode=None, cs_i
         vel: [..., 3], m/s, the derivative in the output frame; may be vel
         acc: [..., 3], m/s2, may be acc
     """
-    return _iers_change((t, pos, vel, acc,), (corrections, _mode(mode, vel, acc), cs_in, cs_out, ref,), (time,), errors, return_status)
+    return _iers_change((t, pos, vel, acc,), (corrections, mode if mode is not None else 3 if acc is not None else 2 if vel is not None else 1, cs_in, cs_out, ref,), (time,), errors, return_status)
 
 
 _quaternions_to_vectors = _Function("kl_quaternions_to_vectors", "kl_quaternions_to_vectors_n", 33, 1, AxesResult, False, (

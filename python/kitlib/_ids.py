@@ -42,11 +42,14 @@ class _Id:
         self._pointer = ctypes.byref(self._handle)
         self._open = False
 
-    @property
-    def pointer(self):
-        if not self._open:
+    def _opened(self):
+        self._open = True
+        self.pointer = self._pointer
+
+    def __getattr__(self, name):
+        if name == "pointer":  # there is one while the id is open; a property would cost every call its time
             raise ValueError(f"{type(self).__name__} is closed")
-        return self._pointer
+        raise AttributeError(f"{type(self).__name__} has no {name}")
 
     @property
     def closed(self):
@@ -60,6 +63,7 @@ class _Id:
         if symbol(self._close_symbol)(self._pointer, vector) == -1:
             raise _errors.error(self._close_symbol, self._close_public, vector)
         self._open = False
+        del self.pointer
 
     def __enter__(self):
         return self
@@ -138,7 +142,7 @@ class TimeId(_Id):
                 where = f"{names[report.file]}:{report.line}:{report.column}: {report.field.decode('ascii', 'replace')!r}"
                 error = _errors.KitError(name, error.codes, error.messages + (where,))
             raise error
-        self._open = True
+        self._opened()
         self.report = report
         if status == 1:
             _errors.warn(name, public, vector, 3)
@@ -152,7 +156,7 @@ class TimeId(_Id):
         vector = (ctypes.c_long * 1)()
         status = symbol("kl_time_ref_init")(readings, None, None, None, self._pointer, vector)
         _check("kl_time_ref_init", status, 14, vector)
-        self._open = True
+        self._opened()
         return self
 
     @classmethod
@@ -190,7 +194,7 @@ class TimeId(_Id):
                 setattr(data, field, value)
         if symbol("kl_time_set_id_data")(self._pointer, ctypes.byref(data)) != 0:
             raise ValueError("not a usable table of a time id: rows must be finite, increasing and within -18262.0 to 36524.0, with whole seconds of TAI-UTC")
-        self._open = True
+        self._opened()
         return self
 
     def data(self):
@@ -297,7 +301,7 @@ class ModelId(_Id):
             error = _errors.error("kl_model_init", 42, vector)
             symbol("kl_model_close")(self._pointer, vector)  # a refused selection leaves an id behind
             raise error
-        self._open = True
+        self._opened()
 
     @property
     def data(self):
@@ -454,7 +458,7 @@ class _DefaultModels:
     pointer = ctypes.c_void_p(None)
 
 
-_DEFAULT_MODELS = _DefaultModels()
+DEFAULT_MODELS = _DefaultModels()
 _bundled = _reading = None
 
 
@@ -473,7 +477,7 @@ def pointer_of(role, given):
     global _bundled
     if given is None:
         if role == "model":
-            return _DEFAULT_MODELS
+            return DEFAULT_MODELS
         if _bundled is None:
             with _making:
                 if _bundled is None:
@@ -483,7 +487,7 @@ def pointer_of(role, given):
         if given.closed:
             raise ValueError("RunId is closed")
         held = given.time if role == "time" else given.model
-        return _DEFAULT_MODELS if held is None else held
+        return DEFAULT_MODELS if held is None else held
     if not isinstance(given, TimeId if role == "time" else ModelId):
         raise TypeError(f"{role}: a {'TimeId' if role == 'time' else 'ModelId'} is wanted, not {type(given).__name__}")
     return given

@@ -8,12 +8,12 @@ from . import _functions, _ids
 from ._table import Time
 
 _EPOCH = np.datetime64("2000-01-01T00:00:00", "us")
-_DAY = 86400000000
+_READ = _functions._time_text_to_processing.silent()
 
 
 def _from_texts(texts, ref):
     """MJD2000 in the scale ref of texts of any layout; what the correlation says of its validity does not matter here."""
-    return _functions._time_text_to_processing.many((texts,), (ref, ref), (_ids.for_reading(),), "raise", False, True)
+    return _READ((texts,), (ref, ref), (_ids.for_reading(),), "raise", False)
 
 
 def mjd2000(x, ref="UTC"):
@@ -30,14 +30,15 @@ def mjd2000(x, ref="UTC"):
     >>> kl.mjd2000(["2026-172T08:24:00", "21-JUN-2026 20:24:00"]).tolist()
     [9668.35, 9668.85]
     """
-    ref = Time(_number(ref))
-    if ref == Time.UNDEF:
+    if type(ref) is not Time:
+        ref = Time(_number(ref))
+    if ref is Time.UNDEF:
         raise ValueError("ref: TAI, UTC, UT1 or GPS is wanted")
+    if isinstance(x, str):
+        return _from_texts(x, ref)
     astropy_time = getattr(sys.modules.get("astropy.time"), "Time", None)
     if astropy_time is not None and isinstance(x, astropy_time):
         return _from_astropy(x, ref)
-    if isinstance(x, str):
-        return _from_texts(x, ref)
     if isinstance(x, datetime.datetime):
         x = _naive(x, ref)
     if isinstance(x, np.ma.MaskedArray):

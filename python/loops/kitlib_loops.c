@@ -128,6 +128,28 @@ long kitlib_texts(const void *in, long n, long from, long size, unsigned char *o
     return 0;
 }
 
+/* Length of the longest of n texts in octets of a fixed width, padded with zeros. */
+KL_API long kitlib_longest(const unsigned char *in, long n, long width);
+long kitlib_longest(const unsigned char *in, long n, long width)
+{
+    long i, longest = 0;
+    for (i = 0; i < n; ++i)
+        while (longest < width && in[i * width + longest] != 0)
+            ++longest;
+    return longest;
+}
+
+/* Octets of a fixed width to texts of numpy: `to` characters of four octets, padded with zeros. */
+KL_API long kitlib_wide_texts(const unsigned char *in, long n, long width, uint32_t *out, long to);
+long kitlib_wide_texts(const unsigned char *in, long n, long width, uint32_t *out, long to)
+{
+    long i, k;
+    for (i = 0; i < n; ++i)
+        for (k = 0; k < to; ++k)
+            out[i * to + k] = in[i * width + k];
+    return 0;
+}
+
 /* Geoid at scattered points: the record of the scalar call taken apart. */
 KL_API long kitlib_kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitude, const double *longitude,
                                    const long *max_degree, double *undulation, long *status, long *ierr);

@@ -6,6 +6,7 @@ import numpy as np
 import pytest
 
 import kitlib as kl
+from kitlib import _memory
 from needs import has
 
 T = 9668.35 + np.arange(40) / 100
@@ -76,6 +77,7 @@ def test_mode_by_arguments():
     assert two.vel.any() and not two.acc.any()
     assert kl.change_cart_cs(9668.0, R[0], V[0], acc, cs_in="TOD", cs_out="EF").acc.any()
     assert not kl.change_cart_cs(9668.0, R[0], V[0], acc, cs_in="TOD", cs_out="EF", mode="POS").vel.any()
+    assert np.allclose(kl.geod_to_cart(0.0, 0.0, 0.0, None, None, 2.0).vel, [2.0, 0.0, 0.0])  # any rate is one
 
 
 BAD = [
@@ -94,7 +96,9 @@ BAD = [
     ("not ASCII", ValueError, lambda: kl.time_ascii_to_processing("2026-06-21T08:24:0\u0660")),
     ("name of a selector", ValueError, lambda: kl.sun(T, ref="ET")),
     ("member of another class", TypeError, lambda: kl.sun(T, ref=kl.Frame.EF)),
-    ("selector of no kind", TypeError, lambda: kl.sun(T, ref=1.0)),
+    ("selector of no kind", TypeError, lambda: (kl.sun(T, ref=1), kl.sun(T, ref=1.0))),
+    ("another class, equal to one that was good", TypeError, lambda: (kl.sun(9668.0, ref=1), kl.sun(9668.0, ref=kl.Planet.MERCURY))),
+    ("count beyond C", ValueError, lambda: kl.time_transport_to_processing(np.array([1 << 63, 0, 0, 0], "u8"))),
     ("selector too large", ValueError, lambda: kl.sun(T, ref=1 << 70)),
     ("missing selector", TypeError, lambda: kl.planet(T)),
     ("missing argument", TypeError, lambda: kl.quaternions_interpol(0.0, Q, 1.0, None, 0.5)),
@@ -195,6 +199,43 @@ def test_threads_share_ids():
         thread.join()
     for one in found:
         assert np.array_equal(one[5:], expected) and np.array_equal(one[:5], expected[:5])
+
+
+def test_memory_of_results_is_used_again_when_nobody_has_it():
+    """What is left of a result, a row or a view, keeps its values through other calls; what is dropped serves the next one."""
+    times = 9668.0 + np.arange(1000) / 1000
+    kept, expected = [], []
+    for k in range(12):
+        found = kl.sun(times + k)
+        kept += [found.pos[3:7].T, found.vel] if k % 2 else [memoryview(found.pos)]
+        expected += [found.pos[3:7].T.copy(), found.vel.copy()] if k % 2 else [found.pos.copy()]
+        kept.append(kl.geod_to_cart(kl.cart_to_geod(found.pos).latitude, 1.0, 2.0).pos.reshape(10, 300))
+        expected.append(kept[-1].copy())
+    assert all(np.array_equal(a, b) for a, b in zip(kept, expected))
+    del found, kept
+    addresses = {kl.moon(times).pos.__array_interface__["data"][0] for _ in range(200)}
+    assert len(addresses) < 100
+    _memory.release()
+    assert np.array_equal(kl.sun(times).pos, expected[0])
+
+
+def test_threads_share_memory_of_results():
+    half = np.linspace(0.1, 0.7, 1000)[:, None]
+    quaternions = np.concatenate([np.sin(half) * [1.0, 0.0, 0.0], np.cos(half)], axis=1)
+    wrong = []
+
+    def work(k):
+        for i in range(200):
+            mine = np.roll(quaternions, k * 200 + i, axis=0)
+            x = kl.vectors_to_quaternions(*kl.quaternions_to_vectors(mine))
+            if not np.allclose(x, mine, atol=1e-14):
+                wrong.append(k)
+    threads = [threading.Thread(target=work, args=(k,)) for k in range(4)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert wrong == []
 
 
 @pytest.mark.skipif(not has("star_radec"), reason="the library has no stars")

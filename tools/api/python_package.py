@@ -283,7 +283,7 @@ class PythonFunction:
         select = []
         for p in self.select:
             if p.default == "None" and p.a.name == "calc_mode":
-                select.append("_mode(mode, %s)" % self.mode_from())
+                select.append(f"mode if mode is not None else {self.mode_from()}")
             else:
                 select.append(p.name)
         ids = [HANDLES[p.a.base] for p in self.parameters if p.a.base in HANDLES]
@@ -291,14 +291,13 @@ class PythonFunction:
         return out
 
     def mode_from(self):
-        """What the mode is when it is left out: by the rates, velocity and acceleration that are given."""
+        """The mode when it is left out: 1, by a velocity or rate that is given 2, by an acceleration 3."""
         names = [p.a.name for p in self.each]
         if self.flat:
             rates = [n for n, _, _ in self.fields[self.each[0].record] if n.endswith("_rate")]
-            return f"{rates[0]}, None" if rates else "None, None"
-        if "acc" in names and "cs" in [p.a.name for p in self.select]:
-            return "True, acc"
-        return ("vel" if "vel" in names else "None") + (", acc" if "acc" in names else ", None")
+            return f"2 if {' or '.join(r + ' is not None' for r in rates)} else 1" if rates else "1"
+        least = "2" if "acc" in names and "cs" in [p.a.name for p in self.select] else "2 if vel is not None else 1" if "vel" in names else "1"
+        return ("3 if acc is not None else " if "acc" in names else "") + least
 
     def result_class(self):
         return self.result, self.result_fields
@@ -357,7 +356,7 @@ def table_module(table, text, functions):
 
 def functions_module(functions, examples):
     out = f'"""Functions of the library over arrays.\n\n{BY}\n"""\n'
-    out += "# pylint: disable=all\nfrom . import _table\nfrom ._arrays import Function as _Function, mode_of as _mode\nfrom ._table import *  # noqa: F403\n"
+    out += "# pylint: disable=all\nfrom . import _table\nfrom ._arrays import Function as _Function\nfrom ._table import *  # noqa: F403\n"
     names = sorted({f.result + "Result" for f in functions if f.result})
     out += "from ._table import " + ", ".join(names) + "\n\n__all__ = [\n" + "".join(f'    "{f.name}",\n' for f in functions) + "]\n\n"
     for f in functions:
