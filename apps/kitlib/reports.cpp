@@ -53,12 +53,17 @@ bool read_words(const char *text, long words[2])
 std::string described(const Condition &condition, bool json)
 {
     const char *severity = condition.severity < 0 ? "error" : "warning";
+    const std::string code = std::to_string(condition.code), help = remedy(condition);
     if (json)
         return std::string("{\"constant\": ") + json_text(condition.constant) + ", \"severity\": \"" + severity
-               + "\", \"code\": " + std::to_string(condition.code) + ", \"text\": " + json_text(condition.text)
-               + ", \"when\": " + json_text(condition.when) + "}";
-    return std::string(condition.constant) + ", " + severity + " " + std::to_string(condition.code) + "\n  "
-           + condition.text + "\n" + (*condition.when != '\0' ? "  When: " + std::string(condition.when) + "\n" : "");
+               + "\", \"code\": " + code + ", \"text\": " + json_text(condition.text)
+               + ", \"when\": " + json_text(condition.when) + ", \"remedy\": " + json_text(help) + "}";
+    std::string out = std::string(condition.constant) + ", " + severity + " " + code + "\n  " + condition.text + "\n";
+    if (*condition.when != '\0')
+        out += std::string("  When: ") + condition.when + "\n";
+    if (!help.empty())
+        out += "  Remedy: " + help + "\n";
+    return out;
 }
 
 std::string described(const Function &f, bool json, bool whole)

@@ -26,6 +26,8 @@ const Condition *first_error(long public_id, const long ierr[2]);
 const Condition *first_warning(long public_id, const long ierr[2]);
 const Condition *error_named(const char *function, const char *message); // that a message ends with
 
+const char *remedy(const Condition &condition); // "" where there is nothing to add to what is said when it is recorded
+
 } // namespace kitlib
 
 #endif

@@ -90,6 +90,8 @@ says 1 ""
 says 0 "nothing recorded" explain kl_sun 0
 says 0 - explain kl_time_ascii_to_ascii 0,2
 grep -q '^KL_TIME_ASCII_TO_ASCII_AFTER_2099_ERR, error' out || { cat out >&2; bad=1; }
+says 0 - explain kl_sun:1
+grep -q '^  When: date outside -18262' out && grep -q '^  Remedy: ' out || { cat out >&2; bad=1; }
 says 0 - sky 2026-06-21T08:24:00 --json
 says 0 - timeid
 grep -q '^last leap second *before 2017-01-01T00:00:00, TAI-UTC 37 s since' out || { cat out >&2; bad=1; }
