@@ -9,5 +9,5 @@ for name in $(grep '^kl_' src/exported_symbols.txt | grep -v '^kl_default_sat_\(
     [ -s "$work/$name.3" ] || { echo "no page for $name" >&2; exit 1; }
 done
 command -v groff >/dev/null || exit 0
-warnings=$(for page in "$work"/*.3; do groff -man -ww -Tutf8 -Kutf8 -rLL=130n -z "$page" 2>&1; done)
+warnings=$(groff -man -ww -Tutf8 -Kutf8 -rLL=130n -z "$work"/*.3 2>&1)
 [ -z "$warnings" ] || { echo "$warnings" >&2; exit 1; }

@@ -50,19 +50,22 @@ def doors():
 
 def symbols(nm, objects):
     """File -> names it asks for; name -> file that has it."""
-    asks, has = {}, {}
+    asks, has, files = {}, {}, {}
     for path in objects:
         found = re.search(r"kitlib_\w+\.dir/(?:\./)?src/(\w+/.*)\.o$", str(path))
         if not found:
             sys.exit(f"floors: not an object of src: {path}")
         file = found[1]
-        wanted = asks.setdefault(file, set())
-        for line in subprocess.run([nm, path], capture_output=True, text=True, check=True).stdout.splitlines():
-            kind, name = line.split()[-2:]
-            if kind == "U":
-                wanted.add(name)
-            elif kind in "TDBR":
-                has[name] = file
+        files[str(path)] = file
+        asks.setdefault(file, set())
+    listed = subprocess.run([nm, "-A", *files], capture_output=True, text=True, check=True).stdout
+    for line in listed.splitlines():  # "path.o:0000 T name"
+        path, _, rest = line.rpartition(".o:")
+        kind, name = rest.split()[-2:]
+        if kind == "U":
+            asks[files[path + ".o"]].add(name)
+        elif kind in "TDBR":
+            has[name] = files[path + ".o"]
     return asks, has
 
 
