@@ -35,20 +35,29 @@ inside() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONT
 inside sh -euc '
     cd /tmp
     apt-get update -qq
-    apt-get install -y -qq --no-install-recommends g++ pkg-config >/dev/null
+    get() { apt-get install -y -qq --no-install-recommends "$@" >log 2>&1 || { cat log >&2; exit 1; }; }
+    runs() { ./task | diff same_task.txt - && rm task; }
+    get g++ pkg-config
     if gcc same_task.c -lKitLib -lm -o task 2>/dev/null; then echo "built without the library" >&2; exit 1; fi
-    apt-get install -y -qq --no-install-recommends ./libkitlib*.deb ./kitlib_*.deb >/dev/null
+    get ./libkitlib*.deb ./kitlib_*.deb
     if ldconfig -p | grep -i "libKit[CDF]"; then echo "a stand-in of a sibling is in the way" >&2; exit 1; fi
-    gcc same_task.c -lKitLib -lm -o task && ./task | diff same_task.txt -
-    g++ -std=c++17 same_task.cpp $(pkg-config --cflags --libs KitLib) -o task && ./task | diff same_task.txt -
+    gcc same_task.c -lKitLib -lm -o task
+    runs
+    g++ -std=c++17 same_task.cpp $(pkg-config --cflags --libs KitLib) -o task
+    runs
     g++ -std=c++17 same_task.cpp -static-libstdc++ $(pkg-config --cflags KitLib) \
         -l:libKitLib.a -L"$(pkg-config --variable=libdir KitLib)/kitlib" -l:libKitCommon.a -l:libKitDataHandling.a \
-        -l:libKitFileHandling.a -o task && ./task | diff same_task.txt -
-    apt-get install -y -qq --no-install-recommends ./python3-kitlib*.deb >/dev/null
-    test "$(python3 -c "import kitlib; print(kitlib.__version__)")" = "$(kitlib --version | cut -d" " -f2)"
+        -l:libKitFileHandling.a -o task
+    if ldd task | grep -i libkit; then echo "not static" >&2; exit 1; fi
+    runs
+    for file in kitlib/api.json kitlib/conditions.json man/man3/kl_sun.3.gz man/man1/kitlib.1.gz bash-completion/completions/kitlib; do
+        test -s "/usr/share/$file"
+    done
     test "$(kitlib time 2016-12-31T23:59:60 --to GPS)" = 2017-01-01T00:00:17.000000
-    apt-get install -y -qq --no-install-recommends ./kitlib-doc*.deb >/dev/null
+    get ./python3-kitlib*.deb
+    test "$(python3 -c "import kitlib; print(kitlib.__version__)")" = "$(kitlib --version | cut -d" " -f2)"
+    get ./kitlib-doc*.deb
     grep -q kl_sun /usr/share/doc/kitlib-doc/html/reference/bodies.html
-    apt-get purge -y -qq libkitlib4 >/dev/null
+    apt-get purge -y -qq libkitlib4 >/dev/null 2>&1
     test -z "$(find / -xdev -iname "libkit*.so*" -not -path "/proc/*")"
     echo "packages: installed, used and taken away again"'
