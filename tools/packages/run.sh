@@ -58,6 +58,7 @@ inside sh -euc '
     test "$(python3 -c "import kitlib; print(kitlib.__version__)")" = "$(kitlib --version | cut -d" " -f2)"
     get ./kitlib-doc*.deb
     grep -q kl_sun /usr/share/doc/kitlib-doc/html/reference/bodies.html
-    apt-get purge -y -qq libkitlib4 >/dev/null 2>&1
-    test -z "$(find / -xdev -iname "libkit*.so*" -not -path "/proc/*")"
+    apt-get purge -y -qq libkitlib4 kitlib-doc >/dev/null 2>&1
+    left=$(find /usr -iname "*kitlib*" -o -iname "libkit*" -o -name "kl_*")
+    if [ -n "$left" ]; then echo "left after the removal: $left" >&2; exit 1; fi
     echo "packages: installed, used and taken away again"'
