@@ -1,5 +1,7 @@
-"""CITATION.cff against the rules of the Citation File Format 1.2.0: citation.py FILE. Keys, types, required ones, dates."""
+"""CITATION.cff against the rules of the Citation File Format 1.2.0: citation.py FILE. Keys, types, required ones, dates;
+version and date are a heading of the changelog beside it."""
 import datetime
+import os
 import re
 import sys
 
@@ -48,6 +50,10 @@ def main():
     for spoiled in ({**data, "authors": []}, {**data, "tpye": "software"}, {k: v for k, v in data.items() if k != "title"}, {**data, "version": 4.27}):
         if not faults(spoiled):
             wrong.append("a spoiled file passes")
+    heading = f"## {data.get('version')}, {data.get('date-released')}"
+    with open(os.path.join(os.path.dirname(sys.argv[1]), "CHANGELOG.md"), encoding="utf-8") as file:
+        if heading not in file.read().splitlines():
+            wrong.append(f"CHANGELOG.md has no heading {heading}")
     print("\n".join(wrong))
     sys.exit(1 if wrong else 0)
 
