@@ -6,13 +6,15 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 
 
 def _candidates():
-    """Folders that may hold libKitLib.so: KITLIB_LIBRARY_DIR, the package itself, a build beside the sources, the system."""
+    """Folders that may hold libKitLib.so: KITLIB_LIBRARY_DIR, the package itself, a build beside the sources, the folder lib
+    of an installation, whose lib/python3/dist-packages this is; else the system's."""
     given = os.environ.get("KITLIB_LIBRARY_DIR")
     if given:
         yield given
         return
     yield os.path.join(HERE, "lib")
     yield os.path.join(HERE, "..", "..", "build", "release")
+    yield os.path.join(HERE, "..", "..", "..")
 
 
 def _load():

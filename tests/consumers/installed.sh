@@ -50,6 +50,12 @@ ways="pkg_config find_package"
 for way in $ways; do fails "$way-without" "with_$way" "$work/nothing"; done
 cmake --install "$build" --prefix "$work/prefix" >/dev/null
 for way in $ways; do runs "$way" "with_$way" "$work/prefix"; done
+with_python() { PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=$1/lib/python3/dist-packages /usr/bin/python3 "$tasks/python/first.py"; }
+if [ -e "$work/prefix/lib/python3/dist-packages/kitlib" ] && [ "$libdir" = lib ] && /usr/bin/python3 -c "import numpy" 2>/dev/null; then
+    fails python-without with_python "$work/nothing"
+    with_python "$work/prefix" | diff "$tasks/python/first.txt" - >&2
+    echo "python: runs"
+fi
 fails other_major with_find_package "$work/prefix" 5
 fails other_kind with_find_package "$work/prefix" 4 "$([ $kind = static ] && echo shared || echo static)"
 mv "$work/prefix" "$work/moved"
