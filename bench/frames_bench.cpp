@@ -1,52 +1,12 @@
 // Frame changes through the public function, and the rival built from ERFA: the position alone, by the matrices of IAU
 // 1976 precession, 1980 nutation and 1994 sidereal time.
 #include "kl_lib.h"
+#include "one_instant.h"
 
 #include <benchmark/benchmark.h>
 #include <erfa.h>
 
-#include <cstdlib>
-
 namespace {
-
-constexpr double kLeapSeconds = 37.0;
-constexpr double kUt1MinusUtc = -0.02;
-constexpr double kSecondsPerDay = 86400.0;
-constexpr double kJdOfDayZero = 2451544.5;
-
-// A time id of one row, from TAI, UTC, UT1 and GPS of one instant.
-struct TimeId {
-    kl_time_id id = {};
-    TimeId()
-    {
-        const double utc = 8000.0;
-        const double times[4] = {utc + kLeapSeconds / kSecondsPerDay, utc, utc + kUt1MinusUtc / kSecondsPerDay,
-                                 utc + (kLeapSeconds - 19.0) / kSecondsPerDay};
-        long ierr = 0;
-        if (kl_time_ref_init(times, nullptr, nullptr, nullptr, &id, &ierr) != KL_OK)
-            std::abort();
-    }
-    ~TimeId()
-    {
-        long ierr = 0;
-        kl_time_close(&id, &ierr);
-    }
-};
-
-// A new epoch for each call: UTC, MJD2000.
-class Epochs {
-public:
-    double next()
-    {
-        days_ += 0.7310585;
-        if (days_ > 9000.0)
-            days_ -= 9000.0;
-        return days_;
-    }
-
-private:
-    double days_ = 0.0;
-};
 
 constexpr double kPos[3] = {4.2e6, -3.7e6, 4.1e6};
 constexpr double kVel[3] = {5.1e3, 5.3e3, -0.4e3};

@@ -111,50 +111,49 @@ std::vector<Sight> sights(double lowest, double highest) // m: height of the lin
     return out;
 }
 
+template <class Call>
+void each_sight(benchmark::State &state, const std::vector<Sight> &all, Call call)
+{
+    Turns turns;
+    for (auto _ : state)
+        if (call(all[turns.next()]) != KL_OK)
+            state.SkipWithError("refused");
+}
+
 void ray_ellipsoid(benchmark::State &state)
 {
-    const std::vector<Sight> all = sights(-5e5, 1e5);
-    Turns turns;
     const double margin = 0.0;
     double t[2];
     long n = 0;
-    for (auto _ : state) {
-        const Sight &s = all[turns.next()];
-        if (kl_ray_ellipsoid(nullptr, s.pos, s.dir, &margin, t, &n, nullptr) != KL_OK)
-            state.SkipWithError("refused");
+    each_sight(state, sights(-5e5, 1e5), [&](const Sight &s) {
+        const long status = kl_ray_ellipsoid(nullptr, s.pos, s.dir, &margin, t, &n, nullptr);
         benchmark::DoNotOptimize(t);
-    }
+        return status;
+    });
 }
 
 void ray_height(benchmark::State &state)
 {
-    const std::vector<Sight> all = sights(-5e5, 1e5);
-    Turns turns;
     const double height = 1e5;
     double t[2];
     long n = 0;
-    for (auto _ : state) {
-        const Sight &s = all[turns.next()];
-        if (kl_ray_height(nullptr, s.pos, s.dir, &height, t, &n, nullptr) != KL_OK)
-            state.SkipWithError("refused");
+    each_sight(state, sights(-5e5, 1e5), [&](const Sight &s) {
+        const long status = kl_ray_height(nullptr, s.pos, s.dir, &height, t, &n, nullptr);
         benchmark::DoNotOptimize(t);
-    }
+        return status;
+    });
 }
 
 void ray_tangent(benchmark::State &state)
 {
-    const std::vector<Sight> all = sights(0.0, 3e5);
-    Turns turns;
-    double t = 0.0;
-    double point[3];
+    double t = 0.0, point[3];
     kl_geodetic geodetic;
     long meets = 0;
-    for (auto _ : state) {
-        const Sight &s = all[turns.next()];
-        if (kl_ray_tangent(nullptr, s.pos, s.dir, &t, point, &geodetic, &meets, nullptr) != KL_OK)
-            state.SkipWithError("refused");
+    each_sight(state, sights(0.0, 3e5), [&](const Sight &s) {
+        const long status = kl_ray_tangent(nullptr, s.pos, s.dir, &t, point, &geodetic, &meets, nullptr);
         benchmark::DoNotOptimize(geodetic);
-    }
+        return status;
+    });
 }
 
 // The Sun low over the limb: half of the satellites in the penumbra.

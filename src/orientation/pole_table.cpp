@@ -1,5 +1,6 @@
 // The table of the celestial pole, read-only data of the file that tools/pole_table.cpp makes when the library is
 // built.
+#include "numbers/binary_table.h"
 #include "orientation/pole_layout.h"
 
 // The assembler is told the numbers of pole_layout.h in text.
@@ -10,20 +11,11 @@
 static_assert(kPoleXOffset == X_OFFSET && kPoleYOffset == Y_OFFSET && kPoleSOffset == S_OFFSET
               && kPoleFileSize == S_OFFSET + S_SIZE);
 
-#define TEXT_OF(number) #number
-#define TEXT(number) TEXT_OF(number)
-#define TABLE(name, offset, size)                                                                                      \
-    ".globl " name "\n"                                                                                                \
-    ".hidden " name "\n"                                                                                               \
-    ".type " name ", %object\n"                                                                                        \
-    ".size " name ", " size "\n" name ":\n"                                                                            \
-    ".incbin \"" POLE_FILE "\", " offset ", " size "\n"
-
 // clang-format off
 __asm__(".pushsection .rodata.pole, \"a\", %progbits\n"
         ".balign 64\n"
-        TABLE("kl_pole_x", TEXT(X_OFFSET), TEXT(Y_OFFSET))
-        TABLE("kl_pole_y", TEXT(Y_OFFSET), TEXT(Y_OFFSET))
-        TABLE("kl_pole_s", TEXT(S_OFFSET), TEXT(S_SIZE))
+        KL_BINARY_TABLE(POLE_FILE, "kl_pole_x", KL_TEXT(X_OFFSET), KL_TEXT(Y_OFFSET))
+        KL_BINARY_TABLE(POLE_FILE, "kl_pole_y", KL_TEXT(Y_OFFSET), KL_TEXT(Y_OFFSET))
+        KL_BINARY_TABLE(POLE_FILE, "kl_pole_s", KL_TEXT(S_OFFSET), KL_TEXT(S_SIZE))
         ".popsection\n");
 // clang-format on
