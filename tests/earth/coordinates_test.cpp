@@ -133,38 +133,12 @@ TEST(Geodetic, RatesOnTheAxis)
     EXPECT_EQ(out.latitude_rate, 0.0);
 }
 
-TEST(Geodetic, Conditions)
+TEST(Geodetic, PositionsHaveNoRates)
 {
-    const double pos[3] = {7e6, 1e5, 2e6}, vel[3] = {1e3, 2e3, 3e3}, far[3] = {1e12, 1e6, 0.0},
-                 none[3] = {NAN, 0.0, 7e6}, infinite[3] = {0.0, HUGE_VAL, 0.0}, fast[3] = {1e160, 0.0, 0.0};
-    const long three = 3;
-    double p[3], v[3];
+    const double pos[3] = {7e6, 1e5, 2e6}, fast[3] = {1e160, 0.0, 0.0};
     kl_geodetic out;
-    const auto at = [](double lat, double lon, double h, double rate = 0.0) {
-        static kl_geodetic g;
-        g = {lat, lon, h, rate, 0.0, 0.0};
-        return &g;
-    };
-    LEAVES(error_bits(KL_GEOD_TO_CART_CALC_MODE_ERR), kl_geod_to_cart(nullptr, &three, nullptr, p, v, e))
-    LEAVES(error_bits(KL_GEOD_TO_CART_CALC_MODE_ERR), kl_geod_to_cart(nullptr, nullptr, at(99, 0, 0), p, v, e))
-    LEAVES(error_bits(KL_GEOD_TO_CART_LATITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, nullptr, p, v, e))
-    LEAVES(error_bits(KL_GEOD_TO_CART_LATITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, at(90.1, 999, 0), p, v, e))
-    LEAVES(error_bits(KL_GEOD_TO_CART_LONGITUDE_ERR), kl_geod_to_cart(nullptr, &kPos, at(90, NAN, NAN), p, v, e))
-    LEAVES(error_bits(KL_GEOD_TO_CART_HEIGHT_ERR), kl_geod_to_cart(nullptr, &kPos, at(0, 360, -6356752.4), p, v, e))
-    LEAVES(kNothing, kl_geod_to_cart(nullptr, &kPos, at(0, -360, -6356752.3), p, v, e))
-    LEAVES(error_bits(KL_GEOD_TO_CART_RATES_ERR), kl_geod_to_cart(nullptr, &kPosVel, at(0, 0, 0, HUGE_VAL), p, v, e))
-    LEAVES(kNothing, kl_geod_to_cart(nullptr, &kPos, at(0, 0, 0, HUGE_VAL), p, nullptr, e))
-    LEAVES(kRefused, kl_geod_to_cart(nullptr, &kPosVel, at(0, 0, 0), p, nullptr, e))
-    LEAVES(kRefused, kl_geod_to_cart(nullptr, &kPos, at(0, 0, 0), nullptr, v, e))
-    LEAVES(error_bits(KL_CART_TO_GEOD_CALC_MODE_ERR), kl_cart_to_geod(nullptr, &three, nullptr, vel, &out, e))
-    LEAVES(error_bits(KL_CART_TO_GEOD_POSITION_ERR), kl_cart_to_geod(nullptr, &kPos, far, nullptr, &out, e))
-    LEAVES(error_bits(KL_CART_TO_GEOD_POSITION_ERR), kl_cart_to_geod(nullptr, &kPosVel, none, none, &out, e))
-    LEAVES(error_bits(KL_CART_TO_GEOD_POSITION_ERR), kl_cart_to_geod(nullptr, &kPos, infinite, nullptr, &out, e))
-    LEAVES(error_bits(KL_CART_TO_GEOD_VELOCITY_ERR), kl_cart_to_geod(nullptr, &kPosVel, pos, nullptr, &out, e))
-    LEAVES(error_bits(KL_CART_TO_GEOD_VELOCITY_ERR), kl_cart_to_geod(nullptr, &kPosVel, pos, fast, &out, e))
     LEAVES(kNothing, kl_cart_to_geod(nullptr, &kPos, pos, fast, &out, e))
     EXPECT_EQ(out.latitude_rate, 0.0);
-    LEAVES(kRefused, kl_cart_to_geod(nullptr, &kPos, pos, vel, nullptr, e))
 }
 
 TEST(Geodetic, KernelWarnsWithTheDistance)
@@ -253,7 +227,7 @@ TEST(Polar, TrueValues)
     }
 }
 
-TEST(Polar, SizesAxesAndConditions)
+TEST(Polar, SizesAndAxes)
 {
     kl_radec out;
     for (const double size : {5e-324, 1e-310, 1e-200, 1e200, 1.2e308}) {
@@ -263,13 +237,9 @@ TEST(Polar, SizesAxesAndConditions)
         EXPECT_EQ(out.dec, 0.0) << size;
         EXPECT_NEAR(out.distance, std::sqrt(2.0) * size, 5e-16 * size + 5e-324) << size;
     }
-    const double longer[3] = {1.7e308, 1.7e308, 0.0}; // than any number
-    LEAVES(error_bits(KL_CART_TO_RADEC_POSITION_ERR), kl_cart_to_radec(nullptr, &kPos, longer, nullptr, &out, e))
     const double up[3] = {0.0, 0.0, 5.0};
     const double down[3] = {-0.0, 0.0, -5.0};
     const double aside[3] = {1.0, 0.0, 2.0};
-    const double nowhere[3] = {0.0, 0.0, 0.0};
-    const double none[3] = {1.0, NAN, 0.0};
     double p[3], v[3];
     LEAVES(warning_bits(KL_CART_TO_RADEC_POLAR_AXIS_WARN), kl_cart_to_radec(nullptr, &kPosVel, up, aside, &out, e))
     EXPECT_EQ(out.ra, 0.0);
@@ -279,21 +249,8 @@ TEST(Polar, SizesAxesAndConditions)
     LEAVES(kNothing, kl_cart_to_radec(nullptr, &kPosVel, down, up, &out, e))
     EXPECT_EQ(out.ra, 0.0); // -0.0 across the axis is no half turn
     EXPECT_EQ(out.dec, -90.0);
-    LEAVES(error_bits(KL_CART_TO_RADEC_POSITION_ERR), kl_cart_to_radec(nullptr, &kPos, nowhere, aside, &out, e))
-    LEAVES(error_bits(KL_CART_TO_RADEC_POSITION_ERR), kl_cart_to_radec(nullptr, &kPosVel, none, none, &out, e))
-    LEAVES(error_bits(KL_CART_TO_RADEC_VELOCITY_ERR), kl_cart_to_radec(nullptr, &kPosVel, up, none, &out, e))
-    LEAVES(error_bits(KL_CART_TO_RADEC_CALC_MODE_ERR), kl_cart_to_radec(nullptr, nullptr, none, none, &out, e))
-    const auto at = [](double ra, double dec, double d, double rate = 0.0) {
-        static kl_radec x;
-        x = {ra, dec, d, rate, 0.0, 0.0};
-        return &x;
-    };
-    LEAVES(error_bits(KL_RADEC_TO_CART_RA_ERR), kl_radec_to_cart(nullptr, &kPos, at(360.1, 99, -1), p, v, e))
-    LEAVES(error_bits(KL_RADEC_TO_CART_DEC_ERR), kl_radec_to_cart(nullptr, &kPos, at(-360, 91, -1), p, v, e))
-    LEAVES(error_bits(KL_RADEC_TO_CART_DISTANCE_ERR), kl_radec_to_cart(nullptr, &kPos, at(0, 0, -1), p, v, e))
-    LEAVES(error_bits(KL_RADEC_TO_CART_DISTANCE_ERR), kl_radec_to_cart(nullptr, &kPos, at(0, 0, HUGE_VAL), p, v, e))
-    LEAVES(error_bits(KL_RADEC_TO_CART_RATES_ERR), kl_radec_to_cart(nullptr, &kPosVel, at(0, 0, 1e10, 1e305), p, v, e))
-    LEAVES(kNothing, kl_radec_to_cart(nullptr, &kPos, at(0, 0, 1, NAN), p, v, e))
+    const kl_radec still = {0.0, 0.0, 1.0, NAN, 0.0, 0.0};
+    LEAVES(kNothing, kl_radec_to_cart(nullptr, &kPos, &still, p, v, e))
     EXPECT_EQ(v[0], 0.0);
 }
 
@@ -319,12 +276,11 @@ TEST(Topocentric, TrueValuesAndTheWayBack)
     }
 }
 
-TEST(Topocentric, ZenithPolesAndConditions)
+TEST(Topocentric, ZenithAndPoles)
 {
     const kl_geodetic equator = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
     const double zenith[3] = {7e6, 0.0, 0.0}, nadir[3] = {1e3, 0.0, 0.0}, there[3] = {kA, 0.0, 0.0},
-                 vel[3] = {2.0, 3.0, 4.0}, far[3] = {1e13, 1e13, 0.0};
-    const long zero = 0;
+                 vel[3] = {2.0, 3.0, 4.0};
     kl_topocentric out;
     double p[3], v[3];
     const auto look = [&](const double *pos, const kl_geodetic &origin) {
@@ -351,25 +307,12 @@ TEST(Topocentric, ZenithPolesAndConditions)
     EXPECT_EQ(look(at_30, pole), KL_OK);
     EXPECT_NEAR(out.azimuth, 180.0, 1e-12);
 
-    const kl_geodetic off = {91.0, 0.0, 0.0, 0.0, 0.0, 0.0};
-    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &zero, &equator, zenith, vel, &out, e))
-    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &kPos, &off, zenith, vel, &out, e))
-    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &kPos, nullptr, zenith, vel, &out, e))
-    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &kPos, &equator, far, vel, &out, e))
-    LEAVES(kRefused, kl_ef_to_topocentric(nullptr, &kPosVel, &equator, zenith, nullptr, &out, e))
     kl_topocentric in = {-360.0, 90.0, 1e5, 0.0, 0.0, 0.0};
     long ierr = -1;
     EXPECT_EQ(kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, &ierr), KL_WARN);
     EXPECT_EQ(ierr, 0);
     EXPECT_EQ(p[0], kA + 1e5);
     EXPECT_EQ(v[0], 0.0);
-    in.elevation = 90.1;
-    LEAVES(kRefused, kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, e))
-    in = {0.0, 0.0, -1.0, 0.0, 0.0, 0.0};
-    LEAVES(kRefused, kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, e))
-    in = {0.0, 0.0, 1.0, NAN, 0.0, 0.0};
-    LEAVES(kRefused, kl_topocentric_to_ef(nullptr, &kPosVel, &equator, &in, p, v, e))
-    LEAVES(kNothing, kl_topocentric_to_ef(nullptr, &kPos, &equator, &in, p, v, e))
 }
 
 namespace {
@@ -458,22 +401,11 @@ TEST(Geodesic, Laws)
     }
 }
 
-TEST(Geodesic, ConditionsAndTheDirectProblem)
+TEST(Geodesic, TheDirectProblem)
 {
-    const double lat = 10.0, lon = 20.0, bad_lat = -90.0000001, bad_lon = 360.5, none = NAN;
+    const double lat = 10.0, lon = 20.0;
     double s = 0.0, a = 0.0, b = 0.0;
-    LEAVES(error_bits(KL_GEOD_DISTANCE_LATITUDE1_ERR),
-           kl_geod_distance(nullptr, &bad_lat, &none, &lat, &lon, &s, &a, &b, e))
-    LEAVES(error_bits(KL_GEOD_DISTANCE_LONGITUDE1_ERR),
-           kl_geod_distance(nullptr, &lat, &bad_lon, &none, &lon, &s, &a, &b, e))
-    LEAVES(error_bits(KL_GEOD_DISTANCE_LATITUDE2_ERR),
-           kl_geod_distance(nullptr, &lat, &lon, nullptr, &none, &s, &a, &b, e))
-    LEAVES(error_bits(KL_GEOD_DISTANCE_LONGITUDE2_ERR),
-           kl_geod_distance(nullptr, &lat, &lon, &lat, &none, &s, &a, &b, e))
-    LEAVES(kRefused, kl_geod_distance(nullptr, &lat, &lon, &lat, &lon, nullptr, &a, &b, e))
-    LEAVES(kNothing, kl_geod_distance(nullptr, &lat, &lon, &lat, &lon, &s, nullptr, nullptr, e))
-    const double north = 0.0, quarter = 10001965.729312725, round = 4.0 * 10001965.729312725, too_far = 1.1e9,
-                 equator = 0.0;
+    const double north = 0.0, quarter = 10001965.729312725, round = 4.0 * 10001965.729312725, equator = 0.0;
     // A quarter of the meridian (published), and round the Earth over the poles.
     ASSERT_EQ(kl_geod_point(nullptr, &equator, &lon, &north, &quarter, &s, &a, &b, nullptr), KL_OK);
     EXPECT_NEAR(s, 90.0, 1e-13);
@@ -486,10 +418,6 @@ TEST(Geodesic, ConditionsAndTheDirectProblem)
         EXPECT_NEAR(a, lon - 1.0, 1e-13) << dust;
         EXPECT_EQ(s, 0.0) << dust;
     }
-    LEAVES(kRefused, kl_geod_point(nullptr, &bad_lat, &lon, &north, &quarter, &s, &a, &b, e))
-    LEAVES(kRefused, kl_geod_point(nullptr, &lat, &lon, &none, &quarter, &s, &a, &b, e))
-    LEAVES(kRefused, kl_geod_point(nullptr, &lat, &lon, &north, &too_far, &s, &a, &b, e))
-    LEAVES(kRefused, kl_geod_point(nullptr, &lat, &lon, &north, &quarter, nullptr, &a, &b, e))
 }
 
 TEST(Grid, TrueValuesAndTheWayBack)

@@ -188,27 +188,6 @@ TEST(GeoidConditions, BadPointsOneByOneAndInAGrid)
         }
 }
 
-TEST(GeoidConditions, MissingArguments)
-{
-    constexpr double kZero = 0.0;
-    constexpr long kDegree = 4, kOne = 1, kBelow = -1;
-    const kl_geoid_input at = point(0, 0);
-    double node;
-    LEAVES(kRefused, kl_geoid_calc(nullptr, &node, e))
-    LEAVES(kRefused, kl_geoid_calc(&at, nullptr, e))
-    const auto grid = [](const long *degree, const double *lat, const long *n_lat, const double *lon, const long *n_lon,
-                         double *out,
-                         long *e) { return kl_geoid_grid(nullptr, degree, lat, n_lat, lon, n_lon, out, e); };
-    LEAVES(error_bits(KL_GEOID_CALC_DEGREE_ERR), grid(nullptr, &kZero, &kOne, &kZero, &kOne, &node, e))
-    LEAVES(error_bits(KL_GEOID_CALC_LATITUDE_ERR), grid(&kDegree, &kZero, nullptr, &kZero, &kOne, &node, e))
-    LEAVES(error_bits(KL_GEOID_CALC_LATITUDE_ERR), grid(&kDegree, nullptr, &kOne, &kZero, &kOne, &node, e))
-    LEAVES(error_bits(KL_GEOID_CALC_LATITUDE_ERR), grid(&kDegree, &kZero, &kBelow, &kZero, &kOne, &node, e))
-    LEAVES(error_bits(KL_GEOID_CALC_LONGITUDE_ERR), grid(&kDegree, &kZero, &kOne, &kZero, nullptr, &node, e))
-    LEAVES(error_bits(KL_GEOID_CALC_LONGITUDE_ERR), grid(&kDegree, &kZero, &kOne, nullptr, &kOne, &node, e))
-    LEAVES(error_bits(KL_GEOID_CALC_LONGITUDE_ERR), grid(&kDegree, &kZero, &kOne, &kZero, &kBelow, &node, e))
-    LEAVES(kRefused, grid(&kDegree, &kZero, &kOne, &kZero, &kOne, nullptr, e))
-}
-
 TEST(GeoidConditions, ModelWithoutGeoid)
 {
     OwnedModel refused;

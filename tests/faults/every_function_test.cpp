@@ -1,6 +1,6 @@
 // Every public function, with each of its allocations and lock calls failing in turn.
 #include "kl_family.h"
-#include "support/conditions.h"
+#include "support/csv.h"
 #include "support/every_function.h"
 #include "support/fault_injection.h"
 
@@ -8,10 +8,12 @@
 
 #include <algorithm>
 #include <atomic>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <set>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <utility>
@@ -153,6 +155,56 @@ TEST(EveryFunction, RefusesOrBearsAnyArgument)
             }
     }
     EXPECT_GT(calls, 2000);
+}
+
+// The names of a function's parameters, as its header has them.
+std::vector<std::string> parameters_of(const std::string &function)
+{
+    static const std::string headers = [] {
+        std::ostringstream all;
+        for (const auto &header : std::filesystem::directory_iterator("include/kl"))
+            all << std::ifstream(header.path()).rdbuf();
+        return all.str();
+    }();
+    const std::string opening = "KL_API long " + function + "(";
+    const std::size_t at = headers.find(opening) + opening.size();
+    std::vector<std::string> names;
+    for (std::string parameter : parts_of(headers.substr(at, headers.find(");", at) - at), ',')) {
+        parameter.resize(std::min(parameter.size(), parameter.find('[')));
+        names.push_back(parameter.substr(parameter.find_last_of(" *") + 1));
+    }
+    return names;
+}
+
+// Valid calls of which some arguments are others: what is refused, which writes nothing, and at the edges what is not.
+TEST(EveryFunction, RefusesWhatItsTableSays)
+{
+    kl_silent();
+    std::map<std::string, const PublicCall *> calls;
+    for (const PublicCall *f = every_call(); f != every_call_end(); ++f)
+        calls[f->name] = f;
+    for (const auto &[function, changes, bits] : read_rows<std::string, std::string, Bits>("refusals.csv")) {
+        SCOPED_TRACE(function + ": " + changes);
+        const std::vector<std::string> names = parameters_of(function);
+        World world;
+        ASSERT_TRUE(world.open());
+        world.given.resize(names.size());
+        for (const std::string &change : parts_of(changes, ';')) {
+            const std::string name = change.substr(0, change.find('=')), value = change.substr(name.size() + 1);
+            const auto at = std::find(names.begin(), names.end(), name);
+            ASSERT_NE(at, names.end()) << name;
+            world.given[static_cast<std::size_t>(at - names.begin())] =
+                value.rfind("KL_", 0) == 0 ? std::to_string(constant_named(value)) : value;
+        }
+        outputs_of(*calls.at(function), world);
+        EXPECT_EQ(std::tuple(world.status, world.ierr[0]),
+                  std::tuple(status_with(bits), bits == kRefused ? 0 : bits.value));
+        Outputs untouched;
+        untouched.status = world.status;
+        untouched.ierr[0] = world.ierr[0];
+        EXPECT_EQ(untouched == world, world.status == KL_ERR);
+        world.close();
+    }
 }
 
 // The functions of the family that look at what they are given; the kernels and the frame chain do not.

@@ -223,38 +223,3 @@ TEST(EclipseAtADate, IsTheSameFromEveryFrame)
         EXPECT_LT(std::fabs(delayed - depth), 1.0 / 46.0) << frame;
     }
 }
-
-TEST(EclipseAtADate, Conditions)
-{
-    OpenTime time;
-    kl_time_id empty = {nullptr};
-    const long tai = KL_TIME_TAI, tod = KL_TOD, lif = KL_LIF, galactic = KL_GALACTIC, twelve = 12, five = 5, no = 0;
-    const double at = 9000.25, early = -18263, pos[3] = {7e6, 0, 0}, inside[3] = {1e6, 0, 0}, bad[3] = {kNan, 0, 0},
-                 far[3] = {2e10, 0, 0}, high = 3e5, margin = 0;
-    long state = 7;
-    double f = 7, d = 7;
-#define ECLIPSE(id, cs, ref, at, pos, margin, e)                                                                       \
-    kl_eclipse(nullptr, id, &no, cs, ref, at, pos, margin, &state, &f, &d, e)
-    LEAVES(kNothing, ECLIPSE(&time.id, &tod, &tai, &at, pos, &margin, e));
-    for (const long *frame : {&lif, &galactic, &twelve, &no, static_cast<const long *>(nullptr)})
-        LEAVES(error_bits(KL_ECLIPSE_CS_ERR), ECLIPSE(&empty, frame, &five, &early, bad, &high, e));
-    LEAVES(error_bits(KL_ECLIPSE_TIME_REF_ERR), ECLIPSE(&empty, &tod, &five, &early, bad, &high, e));
-    LEAVES(error_bits(KL_ECLIPSE_DATE_ERR), ECLIPSE(&empty, &tod, &tai, &early, bad, &high, e));
-    LEAVES(error_bits(KL_ECLIPSE_DATE_ERR), ECLIPSE(&empty, &tod, &tai, nullptr, bad, &high, e));
-    LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), ECLIPSE(&empty, &tod, &tai, &at, bad, &high, e));
-    LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), ECLIPSE(&empty, &tod, &tai, &at, nullptr, &high, e));
-    LEAVES(error_bits(KL_ECLIPSE_MARGIN_ERR), ECLIPSE(&empty, &tod, &tai, &at, pos, &high, e));
-    LEAVES(error_bits(KL_ECLIPSE_TIME_ID_ERR), ECLIPSE(&empty, &tod, &tai, &at, inside, &margin, e));
-    LEAVES(error_bits(KL_ECLIPSE_TIME_ID_ERR), ECLIPSE(nullptr, &tod, &tai, &at, pos, nullptr, e));
-    LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), ECLIPSE(&time.id, &tod, &tai, &at, inside, nullptr, e));
-    LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), ECLIPSE(&time.id, &tod, &tai, &at, far, nullptr, e));
-#undef ECLIPSE
-    LEAVES(kRefused, kl_eclipse(nullptr, &time.id, nullptr, &tod, &tai, &at, pos, nullptr, &state, &f, &d, e));
-    LEAVES(kRefused, kl_eclipse(nullptr, &time.id, &no, &tod, &tai, &at, pos, nullptr, &state, nullptr, &d, e));
-    kl_model_id model = {nullptr};
-    const long user = KL_MODEL_USER, models[9] = {0, 9, 0, 0, 0, 0, 0, 0, 0};
-    kl_model_init(&user, models, &model, nullptr);
-    LEAVES(error_bits(KL_ECLIPSE_TRANSFORMATION_ERR),
-           kl_eclipse(&model, &time.id, &no, &tod, &tai, &at, pos, nullptr, &state, &f, &d, e));
-    kl_model_close(&model, nullptr);
-}

@@ -159,61 +159,6 @@ TEST(Elements, RoundTrips)
     }
 }
 
-TEST(Elements, Conditions)
-{
-    const auto in = [](double a, double e, double i = 50.0, double node = 0.0, double anomaly = 0.0) {
-        static kl_kepler x;
-        x = {a, e, i, node, 0.0, anomaly};
-        return &x;
-    };
-    double p[3], v[3];
-    const long two = 2;
-    LEAVES(error_bits(KL_KEPL_TO_CART_KIND_ERR), kl_kepl_to_cart(nullptr, &two, nullptr, p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_KIND_ERR), kl_kepl_to_cart(nullptr, nullptr, in(7e6, 0.1), p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_ELEMENTS_ERR), kl_kepl_to_cart(nullptr, &kMean, nullptr, p, v, e))
-    for (const double a : {0.0, -7e6, kNaN, 1.1e13, HUGE_VAL})
-        LEAVES(error_bits(KL_KEPL_TO_CART_ELEMENTS_ERR),
-               kl_kepl_to_cart(nullptr, &kOsculating, in(a, 0.1, 999.0), p, v, e))
-    for (const double ecc : {1.0, -1e-9, kNaN, 1.5})
-        LEAVES(error_bits(KL_KEPL_TO_CART_ELEMENTS_ERR), kl_kepl_to_cart(nullptr, &kOsculating, in(7e6, ecc), p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_ELEMENTS_ERR),
-           kl_kepl_to_cart(nullptr, &kOsculating, in(-7e6, HUGE_VAL), p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_INCLINATION_ERR),
-           kl_kepl_to_cart(nullptr, &kMean, in(7e6, 0.1, 180.1, kNaN), p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_INCLINATION_ERR), kl_kepl_to_cart(nullptr, &kMean, in(7e6, 0.1, -0.1), p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_ANGLES_ERR), kl_kepl_to_cart(nullptr, &kMean, in(-7e6, 1.1, 0.0, 1.1e8), p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_ANGLES_ERR),
-           kl_kepl_to_cart(nullptr, &kOsculating, in(7e6, 0.1, 0.0, 0.0, kNaN), p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_MEAN_ERR), kl_kepl_to_cart(nullptr, &kMean, in(-7e6, 1.1), p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_MEAN_ERR), kl_kepl_to_cart(nullptr, &kMean, in(4e8, 0.99), p, v, e))
-    LEAVES(error_bits(KL_KEPL_TO_CART_MEAN_ERR), kl_kepl_to_cart(nullptr, &kMean, in(3.1e6, 0.1), p, v, e))
-    LEAVES(kRefused, kl_kepl_to_cart(nullptr, &kOsculating, in(7e6, 0.1), nullptr, v, e))
-    LEAVES(kNothing, kl_kepl_to_cart(nullptr, &kOsculating, in(7e6, 0.1, 180.0, -1e8, 1e8), p, v, e))
-    LEAVES(kNothing, kl_kepl_to_cart(nullptr, &kOsculating, in(-7e3, 1.1, 180.0, 0.0, 1e9), p, v, e)) // no bound
-
-    const double pos[3] = {7e6, 0.0, 0.0};
-    const double zero[3] = {0.0, 0.0, 0.0};
-    const double far[3] = {1.1e13, 0.0, 0.0};
-    const double along[3] = {5e3, 0.0, 0.0};
-    const double none[3] = {0.0, kNaN, 0.0};
-    const double escape[3] = {0.0, std::sqrt(2.0 * kGm / 7e6), 0.0};
-    const double beyond[3] = {0.0, 12e3, 0.0};
-    const double fast[3] = {0.0, 1.1e9, 0.0};
-    const double slow[3] = {0.0, 400.0, 0.0};
-    kl_kepler out;
-    LEAVES(error_bits(KL_CART_TO_KEPL_KIND_ERR), kl_cart_to_kepl(nullptr, &two, zero, zero, &out, e))
-    for (const double *bad : {zero, far, none, static_cast<const double *>(nullptr)})
-        LEAVES(error_bits(KL_CART_TO_KEPL_STATE_ERR), kl_cart_to_kepl(nullptr, &kMean, bad, beyond, &out, e))
-    for (const double *bad : {fast, none, static_cast<const double *>(nullptr)})
-        LEAVES(error_bits(KL_CART_TO_KEPL_STATE_ERR), kl_cart_to_kepl(nullptr, &kMean, pos, bad, &out, e))
-    for (const double *bad : {along, zero, escape})
-        LEAVES(error_bits(KL_CART_TO_KEPL_CONIC_ERR), kl_cart_to_kepl(nullptr, &kOsculating, pos, bad, &out, e))
-    LEAVES(error_bits(KL_CART_TO_KEPL_MEAN_ERR), kl_cart_to_kepl(nullptr, &kMean, pos, beyond, &out, e))
-    LEAVES(error_bits(KL_CART_TO_KEPL_MEAN_ERR), kl_cart_to_kepl(nullptr, &kMean, pos, slow, &out, e))
-    LEAVES(kNothing, kl_cart_to_kepl(nullptr, &kOsculating, pos, beyond, &out, e))
-    LEAVES(kRefused, kl_cart_to_kepl(nullptr, &kOsculating, pos, beyond, nullptr, e))
-}
-
 // Along one line position and velocity span no plane, whatever rounding leaves of it: every function says so.
 TEST(Elements, RangesEndWhereTheHeaderSays)
 {

@@ -129,34 +129,16 @@ TEST_F(OrbitAngle, OneSatelliteInAllFrames)
     }
 }
 
-TEST_F(OrbitAngle, Conditions)
+TEST_F(OrbitAngle, OverTheEquatorCountsFromTheXAxisAndNoAccelerationIsZero)
 {
-    const double pos[3] = {7e6, 0.0, 0.0}, vel[3] = {0.0, 7e3, 0.0}, up[3] = {0.0, 7e3, 1e3};
-    const double along[3] = {1.0, 0.0, 0.0}, none[3] = {kNaN, 0.0, 0.0}, far[3] = {1e13, 1e13, 0.0};
-    const long tod = KL_TOD, ef = KL_EF, galactic = KL_GALACTIC, lif = KL_LIF, zero = 0, four = 4;
-    const double late = 40000.0;
+    const double pos[3] = {7e6, 0.0, 0.0}, vel[3] = {0.0, 7e3, 0.0};
+    const long tod = KL_TOD;
     kl_orbit_angle out;
     kl_time_id empty = {nullptr};
-#define CALL(mode, cs, ref, at, p, v, a) kl_position_on_orbit(nullptr, &empty, mode, cs, ref, at, p, v, a, &out, e)
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_TIME_REF_ERR), CALL(nullptr, nullptr, &four, nullptr, nullptr, vel, vel))
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_DATE_ERR), CALL(nullptr, nullptr, &kTai, &late, nullptr, vel, vel))
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_CALC_MODE_ERR), CALL(&zero, nullptr, &kTai, &kAt, nullptr, vel, vel))
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_CALC_MODE_ERR), CALL(&four, nullptr, &kTai, &kAt, nullptr, vel, vel))
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_CS_ERR), CALL(kMode, &zero, &kTai, &kAt, nullptr, vel, vel))
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_CS_ERR), CALL(kMode, &galactic, &kTai, &kAt, pos, vel, vel))
-    for (const double *bad : {none, far, static_cast<const double *>(nullptr)})
-        LEAVES(error_bits(KL_POSITION_ON_ORBIT_STATE_ERR), CALL(kMode, &ef, &kTai, &kAt, bad, vel, vel))
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_STATE_ERR), CALL(kMode + 1, &tod, &kTai, &kAt, pos, up, none))
-    LEAVES(kNothing, CALL(kMode, &tod, &kTai, &kAt, pos, up, none)) // not read
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_TIME_ID_ERR), CALL(kMode, &ef, &kTai, &kAt, pos, along, nullptr))
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_PLANE_ERR), CALL(kMode, &tod, &kTai, &kAt, pos, along, nullptr))
-    LEAVES(warning_bits(KL_POSITION_ON_ORBIT_EQUATOR_WARN), CALL(kMode, &tod, &kTai, &kAt, pos, vel, nullptr))
+    LEAVES(warning_bits(KL_POSITION_ON_ORBIT_EQUATOR_WARN),
+           kl_position_on_orbit(nullptr, &empty, kMode, &tod, &kTai, &kAt, pos, vel, nullptr, &out, e))
     EXPECT_EQ(out.node, 0.0);
     EXPECT_EQ(out.angle, 0.0);
-#undef CALL
-    LEAVES(error_bits(KL_POSITION_ON_ORBIT_TRANSFORMATION_ERR),
-           kl_position_on_orbit(nullptr, &time_, kMode, &lif, &kTai, &kAt, pos, up, nullptr, &out, e))
-    LEAVES(kRefused, kl_position_on_orbit(nullptr, &time_, kMode, &tod, &kTai, &kAt, pos, up, nullptr, nullptr, e))
     const Motion m = motion(0.0);
     const double nothing[3] = {0.0, 0.0, 0.0};
     const kl_orbit_angle without = angle(KL_CALC_POS_VEL_ACC, KL_EF, kAt, m.pos, m.vel, nullptr);
@@ -208,14 +190,8 @@ TEST_F(OrbitAngle, SunSeenFromTheOrbit)
         EXPECT_NEAR(difference, 9.87 * std::sin(2.0 * B) - 7.53 * std::cos(B) - 1.5 * std::sin(B), 0.9)
             << at; // textbook, 1 minute
     }
-    const double pos[3] = {7e6, 0.0, 0.0}, along[3] = {1.0, 0.0, 0.0}, vel[3] = {0.0, 7e3, 0.0};
-    const double late = 40000.0;
-    kl_time_id empty = {nullptr};
+    const double pos[3] = {7e6, 0.0, 0.0}, vel[3] = {0.0, 7e3, 0.0};
     kl_orbit_sun_angles out;
-    LEAVES(kRefused, kl_orbit_sun(nullptr, &time_, &tod, &kTai, &late, pos, vel, &out, e))
-    LEAVES(kRefused, kl_orbit_sun(nullptr, &empty, &tod, &kTai, &kAt, pos, vel, &out, e))
-    LEAVES(kRefused, kl_orbit_sun(nullptr, &time_, &tod, &kTai, &kAt, pos, along, &out, e))
-    LEAVES(kRefused, kl_orbit_sun(nullptr, &time_, nullptr, &kTai, &kAt, pos, vel, &out, e))
     long ierr = -1;
     EXPECT_EQ(kl_orbit_sun(nullptr, &time_, &tod, &kTai, &kAt, pos, vel, &out, &ierr), KL_WARN); // equatorial
     EXPECT_EQ(ierr, 0);
@@ -264,10 +240,4 @@ TEST(LocalFrames, AxesAndTheirTurning)
     const double rest[3] = {0.0, 0.0, 0.0};
     ASSERT_EQ(KL_Local_orbital_frame(KL_ORBITAL_TNW, pos, vel, rest, r, dr), KL_OK);
     EXPECT_EQ(dr[0], 0.0);
-    const long five = 5, qsw = KL_ORBITAL_QSW;
-    LEAVES(kRefused, kl_local_orbital_frame(&five, pos, vel, nullptr, r, dr, e))
-    LEAVES(kRefused, kl_local_orbital_frame(nullptr, pos, vel, nullptr, r, dr, e))
-    LEAVES(kRefused, kl_local_orbital_frame(&qsw, pos, pos, nullptr, r, dr, e))
-    LEAVES(kRefused, kl_local_orbital_frame(&qsw, rest, vel, nullptr, r, dr, e))
-    LEAVES(kRefused, kl_local_orbital_frame(&qsw, pos, vel, nullptr, nullptr, dr, e))
 }

@@ -314,50 +314,6 @@ TEST(EarthOrientation, SameInstantOnEveryScale)
             EXPECT_NEAR(matrix(&id.id, KL_GCRS, KL_ITRS, ref, by[ref]).m[k], by_tai.m[k], 1.4e-11) << ref;
 }
 
-TEST(EarthOrientation, RefusesAndLeavesTheOutputs)
-{
-    SmoothId good(9000.0, 10);
-    struct Arguments {
-        long corrections, mode, from, to, ref;
-        double time;
-    };
-    const auto refused = [](kl_time_id *id, const Arguments &a) {
-        double r[3][9] = {{5.0}, {5.0}, {5.0}};
-        double state[3] = {1.0, 2.0, 3.0};
-        long ierr = -1;
-        EXPECT_EQ(kl_iers_matrix(id, &a.corrections, &a.from, &a.to, &a.ref, &a.time, &a.mode, r[0], r[1], r[2], &ierr),
-                  KL_ERR);
-        EXPECT_EQ(ierr, 0);
-        EXPECT_EQ(kl_iers_change(id, &a.corrections, &a.mode, &a.from, &a.to, &a.ref, &a.time, state, state, state,
-                                 state, state, state, nullptr),
-                  KL_ERR);
-        EXPECT_TRUE(r[0][0] == 5.0 && state[0] == 1.0);
-    };
-    const Arguments usual = {0, KL_CALC_POS, KL_GCRS, KL_EME2000, KL_TIME_TAI, 9004.0};
-    kl_time_id none = {};
-    refused(&none, usual); // also where the frames need nothing of it
-    refused(nullptr, usual);
-    const struct {
-        long Arguments::*of;
-        long bad[2];
-    } numbers[] = {{&Arguments::corrections, {-1, 4}},
-                   {&Arguments::mode, {0, 4}},
-                   {&Arguments::from, {0, 6}},
-                   {&Arguments::to, {0, 6}},
-                   {&Arguments::ref, {-1, 4}}};
-    for (const auto &n : numbers)
-        for (const long bad : n.bad) {
-            Arguments a = usual;
-            a.*n.of = bad;
-            refused(&good.id, a);
-        }
-    for (const double bad : {-18262.1, 36524.1, std::nan("")}) {
-        Arguments a = usual;
-        a.time = bad;
-        refused(&good.id, a);
-    }
-}
-
 TEST(EarthOrientation, ReadsOnlyWhatTheModeHas)
 {
     SmoothId id(9000.0, 10);

@@ -269,6 +269,9 @@ TEST(EulerAngles, ComeBackUpToTheGimbalLock)
 
 TEST(EulerAngles, AtTheLockTheFirstIs90Or270OnPurpose)
 {
+    double angles[3]; // the status alone
+    EXPECT_EQ(kl_matrix_to_euler(nullptr, angles, nullptr), KL_ERR);
+    EXPECT_EQ(kl_matrix_to_euler(Matrix{1, 0, 0, 0, 0, 1, 0, 1, 0}.data(), angles, nullptr), KL_WARN);
     for (const double side : {1.0, -1.0})
         for (const double off : {0.0, 5.5e-8}) { // deg; 0.96e-9 rad
             const Matrix m = matrix_of_angles({side * (90.0 - off), 12.0, 33.0});
@@ -313,24 +316,6 @@ TEST(AxisSets, AnglesAndTurnedVectorsAreInverse)
     kl_get_rotated_vectors(ex, ey, ez, lock.data(), out, out + 3, out + 6, nullptr);
     EXPECT_EQ(kl_get_rotation_angles(ex, ey, ez, out, out + 3, out + 6, back.data(), nullptr), KL_OK);
     EXPECT_EQ(back[2], 0.0);
-}
-
-TEST(Conditions, OfEveryRotationFunction)
-{
-    const double ex[3] = {1.0, 0.0, 0.0}, ey[3] = {0.0, 1.0, 0.0}, ez[3] = {0.0, 0.0, 1.0}, left[3] = {0.0, 0.0, -1.0},
-                 null[3] = {0.0, 0.0, 0.0}, bad[3] = {0.0, kNaN, 1.0}, leaning[3] = {0.0, 2e-6, 1.0};
-    double out[9];
-    const auto to_vectors = [&](const Quaternion &q, long *e) {
-        return kl_quaternions_to_vectors(q.data(), out, out + 3, out + 6, e);
-    };
-    const auto to_angles = [&](const Matrix &m, long *e) { return kl_matrix_to_euler(m.data(), out, e); };
-    const auto to_axes = [&](const double *x, const double *y, const double *z, long *e) {
-        return kl_get_rotation_angles(ex, ey, ez, x, y, z, out, e);
-    };
-    const auto turned = [&](const double *x, const double *y, const double *z, const double *angles, long *e) {
-        return kl_get_rotated_vectors(x, y, z, angles, out, out + 3, out + 6, e);
-    };
-#include "rotations/conditions.inc"
 }
 
 TEST(Interpolation, LooksAtTheModeOnlyInsideOnPurpose){

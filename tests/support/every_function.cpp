@@ -3,8 +3,10 @@
 #include <array>
 #include <climits>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <sstream>
 
 namespace {
 
@@ -109,6 +111,28 @@ bool World::open()
            && kl_run_init(&kSat, &time, &model, &run, ierr) == 0;
 }
 
+std::uint64_t *World::words_of(const std::string &cell, bool whole, Words *words)
+{
+    words->clear();
+    std::istringstream cut(cell);
+    for (std::string word; cut >> word;) {
+        const double real = std::strtod(word.c_str(), nullptr);
+        words->push_back(static_cast<std::uint64_t>(std::strtol(word.c_str(), nullptr, 10)));
+        if (!whole && word.back() != 'l')
+            std::memcpy(&words->back(), &real, sizeof real);
+    }
+    return words->data();
+}
+
+kl_model_id *World::refused(const std::string &cell)
+{
+    const long user = KL_MODEL_USER;
+    long models[9] = {};
+    models[std::stol(cell.substr(cell.find(' ')))] = 99;
+    kl_model_init(&user, models, &refused_model, nullptr);
+    return &refused_model;
+}
+
 void World::close()
 {
     if (own_run >= 0)
@@ -120,7 +144,7 @@ void World::close()
     for (kl_time_id *id : {&own_time, &time})
         if (id->record != nullptr)
             kl_time_close(id, ierr);
-    for (kl_model_id *id : {&own_model, &model})
+    for (kl_model_id *id : {&own_model, &model, &refused_model})
         if (id->record != nullptr)
             kl_model_close(id, ierr);
 }

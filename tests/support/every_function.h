@@ -4,10 +4,13 @@
 
 #include "kl_lib.h"
 
+#include <cstdint>
 #include <cstring>
+#include <string>
 #include <tuple>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 // An argument of the call that is not what it should be: no pointer, or numbers out of every range in its place.
 struct BadArgument {
@@ -66,6 +69,10 @@ struct World : Outputs {
 
     BadArgument bad;
     int n_arguments = 0; // of the function called last
+    // By argument, what a call takes in place of the valid one, if anything: NULL, empty (a time id), refused 4 (a
+    // model id whose selection 4 is not offered), a text, or numbers; in records whole ones end with an l.
+    std::vector<std::string> given;
+    kl_model_id refused_model = {nullptr};
 
     bool open();
     void close();
@@ -89,12 +96,40 @@ private:
     long call_with(Result (*function)(Parameters...), const std::tuple<Parameters...> &all, std::index_sequence<I...>)
     {
         if constexpr (std::is_void_v<Result>) {
-            function(bad.in_place_of(std::get<I>(all), static_cast<int>(I))...);
+            function(argument(std::get<I>(all), I)...);
             return KL_OK;
         } else {
-            return function(bad.in_place_of(std::get<I>(all), static_cast<int>(I))...);
+            return function(argument(std::get<I>(all), I)...);
         }
     }
+
+    template <typename T>
+    T argument(T valid, std::size_t k)
+    {
+        if (k >= given.size() || given[k].empty())
+            return bad.in_place_of(valid, static_cast<int>(k));
+        if constexpr (std::is_arithmetic_v<T>)
+            return static_cast<T>(std::stod(given[k]));
+        else if constexpr (std::is_function_v<std::remove_pointer_t<T>>)
+            return nullptr;
+        else if (given[k] == "NULL")
+            return nullptr;
+        else if constexpr (std::is_same_v<T, kl_time_id *>)
+            return &empty_time_;
+        else if constexpr (std::is_same_v<T, kl_model_id *>)
+            return refused(given[k]);
+        else if constexpr (std::is_same_v<T, const char *>)
+            return given[k].c_str();
+        else
+            return reinterpret_cast<T>(words_of(given[k], std::is_same_v<T, const long *>, &words_[k]));
+    }
+
+    using Words = std::vector<std::uint64_t>;
+    static std::uint64_t *words_of(const std::string &cell, bool whole, Words *words);
+    kl_model_id *refused(const std::string &cell);
+
+    kl_time_id empty_time_ = {nullptr};
+    Words words_[16];
 };
 
 struct PublicCall {
