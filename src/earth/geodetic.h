@@ -92,15 +92,14 @@ GeodeticPoint<T> cartesian_to_geodetic(const Ellipsoid &e, const T pos[3])
                 set_lane(f.run, i, one.run);
             }
     const T lat = arc_tangent(f.rise, f.run);
-    const auto south = pos[2] < 0.0;
+    const T half = 1.0 - select(pos[2] < 0.0, T(2.0), T(0.0)); // -1 in the south
     const auto off_axis = p > 0.0;
     const T divisor = select(off_axis, p, T(1.0));
-    return {select(south, -lat, lat),
+    return {half * lat,
             select((x == 0.0) & (y == 0.0), T(0.0), arc_tangent(y, x)),
             f.height,
             p,
-            {select(south, -f.sine, f.sine), f.cosine, select(off_axis, y / divisor, T(0.0)),
-             select(off_axis, x / divisor, T(1.0))}};
+            {half * f.sine, f.cosine, select(off_axis, y / divisor, T(0.0)), select(off_axis, x / divisor, T(1.0))}};
 }
 
 template <class T>
@@ -129,7 +128,7 @@ template <class T>
 T positive_degrees(T angle)
 {
     const T degrees = angle * KL_DEG_PER_RAD;
-    const T turned = select(degrees < 0.0, degrees + 360.0, degrees);
+    const T turned = degrees + select(degrees < 0.0, T(360.0), T(0.0));
     return select(turned >= 360.0, T(0.0), turned) + 0.0;
 }
 

@@ -49,27 +49,14 @@ SineCosine<T> sine_cosine(T angle)
 
 // ---- angles ----
 
-// Sides of a right angle, neither huge nor tiny; the signs are those of y and x. Lanes without sides divide by zero,
-// and are not used.
+// Angle of a tangent of -tan(pi/8) to tan(pi/8).
 template <class T>
-#if defined(__clang__)
-__attribute__((no_sanitize("float-divide-by-zero")))
-#endif
-T arc_tangent_of_sides(T across, T along, T y, T x)
+T arc_tangent_of_small(T t)
 {
-    constexpr double kTangent = 0.41421356237309503; // of a sixteenth
-    // Eighths of a turn in two parts.
-    constexpr double kEighth = 0x1.921fb54442d18p-1;
-    constexpr double kEighthLow = 0x1.1a62633145c07p-55;
-    const auto swapped = across > along;
-    const T high = select(swapped, across, along);
-    const T low = select(swapped, along, across);
-    const auto folded = low > kTangent * high;
-    const T t = (low - select(folded, high, T(0.0))) / (high + select(folded, low, T(0.0)));
     const T q = t * t;
     const T q2 = q * q;
     const T q4 = q2 * q2;
-    // Minimax in q within -tan(pi/8) to tan(pi/8), off by at most 2.4e-18.
+    // Minimax in q, off by at most 2.4e-18.
     // clang-format off
     const T p = ((-0x1.555555555554ap-2 + q * 0x1.9999999996e68p-3)
          + q2 * (-0x1.24924923155b7p-3 + q * 0x1.c71c7103911c0p-4))
@@ -78,20 +65,69 @@ T arc_tangent_of_sides(T across, T along, T y, T x)
          + q4 * ((-0x1.9cbf2d5a94bedp-5 + q * 0x1.376c6f915530fp-5)
          + q2 * -0x1.241cf5ba02d27p-6));
     // clang-format on
-    const T a = t + t * q * p;
+    return t + t * q * p;
+}
+
+constexpr double KL_SIXTEENTH_TANGENT = 0.41421356237309503; // of a turn
+// Eighths of a turn in two parts. Whole multiples of both are exact but three, whose high part rounds.
+constexpr double KL_EIGHTH = 0x1.921fb54442d18p-1;
+constexpr double KL_EIGHTH_LOW = 0x1.1a62633145c07p-55;
+constexpr double KL_THREE_EIGHTHS = 0x1.2d97c7f3321d2p+1;
+constexpr double KL_THREE_EIGHTHS_LOW = 0x1.a79394c9e8a0ap-54;
+
+// Sides of a right angle, neither huge nor tiny; the signs are those of y and x. Lanes without sides divide by zero,
+// and are not used.
+template <class T>
+#if defined(__clang__)
+__attribute__((no_sanitize("float-divide-by-zero")))
+#endif
+T arc_tangent_of_sides(T across, T along, T y, T x)
+{
+    const auto swapped = across > along;
+    const T high = select(swapped, across, along);
+    const T low = select(swapped, along, across);
+    const auto folded = low > KL_SIXTEENTH_TANGENT * high;
+    const T a = arc_tangent_of_small(T((low - select(folded, high, T(0.0))) / (high + select(folded, low, T(0.0)))));
     T eighths = select(folded, 1.0, T(0.0));
     eighths = select(swapped, 2.0 - eighths, eighths);
     const auto backward = copysign(T(1.0), x) < 0.0;
     eighths = select(backward, 4.0 - eighths, eighths);
     T rest = select(swapped, -a, a);
     rest = select(backward, -rest, rest);
-    // Whole multiples of both parts are exact but three, whose high part rounds.
-    constexpr double kThree = 0x1.2d97c7f3321d2p+1;
-    constexpr double kThreeLow = 0x1.a79394c9e8a0ap-54;
     const auto three = eighths == 3.0;
-    const T high_part = select(three, kThree, eighths * kEighth);
-    const T low_part = select(three, kThreeLow, eighths * kEighthLow);
+    const T high_part = select(three, KL_THREE_EIGHTHS, eighths * KL_EIGHTH);
+    const T low_part = select(three, KL_THREE_EIGHTHS_LOW, eighths * KL_EIGHTH_LOW);
     return copysign(high_part + (low_part + rest), y);
+}
+
+// Of one number what belongs to the sixteenth of a turn is looked up: branches on directions are guessed wrong.
+struct SixteenthOfTurn {
+    double high_part, low_part, sign, folded;
+};
+constexpr SixteenthOfTurn KL_SIXTEENTHS[8] = {
+    // 4 backward + 2 swapped + folded
+    {0.0, 0.0, 1.0, 0.0},
+    {KL_EIGHTH, KL_EIGHTH_LOW, 1.0, 1.0},
+    {2.0 * KL_EIGHTH, 2.0 * KL_EIGHTH_LOW, -1.0, 0.0},
+    {KL_EIGHTH, KL_EIGHTH_LOW, -1.0, 1.0},
+    {4.0 * KL_EIGHTH, 4.0 * KL_EIGHTH_LOW, -1.0, 0.0},
+    {KL_THREE_EIGHTHS, KL_THREE_EIGHTHS_LOW, -1.0, 1.0},
+    {2.0 * KL_EIGHTH, 2.0 * KL_EIGHTH_LOW, 1.0, 0.0},
+    {KL_THREE_EIGHTHS, KL_THREE_EIGHTHS_LOW, 1.0, 1.0},
+};
+
+#if defined(__clang__)
+__attribute__((no_sanitize("float-divide-by-zero")))
+#endif
+inline double
+arc_tangent_of_sides(double across, double along, double y, double x)
+{
+    const double high = across > along ? across : along;
+    const double low = across > along ? along : across;
+    const bool folded = low > KL_SIXTEENTH_TANGENT * high;
+    const SixteenthOfTurn &part = KL_SIXTEENTHS[4 * std::signbit(x) + 2 * (across > along) + folded];
+    const double a = arc_tangent_of_small((low - part.folded * high) / (high + part.folded * low));
+    return copysign(part.high_part + (part.low_part + part.sign * a), y);
 }
 
 // Sides of any size.
