@@ -16,8 +16,6 @@ namespace ORBKIT {
 
 namespace detail {
 
-constexpr long kNoFunction = 40; // its failures decode to no messages
-
 inline long told(const char *operation, long status, long public_id, const long *ierr, bool in_statuses)
 {
     if (!in_statuses)
@@ -29,9 +27,10 @@ inline long told(const char *operation, long status, long public_id, const long 
 
 /**
  * The functions of kl/arrays.h over columns: vectors, arrays or pointers with a length, without a copy. They are as long
- * as the first or empty where C takes NULL; a result may lie on an input of the same shape. With a column of statuses
- * nothing is thrown: they tell which elements failed, and what failed is NaN, zero or empty. Without one a failed element
- * throws a KitError, after all were computed; columns of different lengths are a std::invalid_argument before anything
+ * as the first, or empty where C takes NULL and where the mode needs none; a result may lie on an input of the same
+ * shape. With a column of statuses nothing is thrown: they tell which elements failed, and what failed is NaN, zero or
+ * empty. Without one a failed element throws a KitError, after all were computed; columns of different lengths are a
+ * std::invalid_argument before anything
  * is. Texts stand a width apart.
  */
 // clang-format off
@@ -66,7 +65,7 @@ public:
     {
         const long n = detail::count("Arrays::sun", time.size(), sun_pos.size(), sun_vel.size(),
                                      detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::sun", KL_ID_FUNC_SUN);
         long ierr[2] = {0, 0};
         const long result = kl_sun_run_n(&run_id, &n, &time_ref, detail::elements(time), detail::elements(sun_pos),
                                          detail::elements(sun_vel), detail::elements(status), ierr);
@@ -90,7 +89,7 @@ public:
     {
         const long n = detail::count("Arrays::moon", time.size(), moon_pos.size(), moon_vel.size(),
                                      detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::moon", KL_ID_FUNC_MOON);
         long ierr[2] = {0, 0};
         const long result = kl_moon_run_n(&run_id, &n, &time_ref, detail::elements(time), detail::elements(moon_pos),
                                           detail::elements(moon_vel), detail::elements(status), ierr);
@@ -115,7 +114,7 @@ public:
     {
         const long n = detail::count("Arrays::planet", time.size(), planet_pos.size(), planet_vel.size(),
                                      detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::planet", KL_ID_FUNC_PLANET);
         long ierr[2] = {0, 0};
         const long result = kl_planet_run_n(&run_id, &n, &planet_id, &time_ref, detail::elements(time),
                                             detail::elements(planet_pos), detail::elements(planet_vel),
@@ -166,7 +165,7 @@ public:
     {
         const long n = detail::count("Arrays::geodToCart", in.size(), pos.size(), vel.size(),
                                      detail::optional(status, in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::geodToCart", KL_ID_FUNC_GEOD_TO_CART);
         long ierr[2] = {0, 0};
         const long result = kl_geod_to_cart_run_n(&run_id, &n, &calc_mode, detail::elements(in), detail::elements(pos),
                                                   detail::elements(vel), detail::elements(status), ierr);
@@ -190,7 +189,7 @@ public:
     {
         const long n = detail::count("Arrays::cartToGeod", pos.size(), vel.size(), out.size(),
                                      detail::optional(status, pos.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::cartToGeod", KL_ID_FUNC_CART_TO_GEOD);
         long ierr[2] = {0, 0};
         const long result = kl_cart_to_geod_run_n(&run_id, &n, &calc_mode, detail::elements(pos), detail::elements(vel),
                                                   detail::elements(out), detail::elements(status), ierr);
@@ -213,7 +212,7 @@ public:
     {
         const long n = detail::count("Arrays::keplToCart", in.size(), pos.size(), vel.size(),
                                      detail::optional(status, in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::keplToCart", KL_ID_FUNC_KEPL_TO_CART);
         long ierr[2] = {0, 0};
         const long result = kl_kepl_to_cart_run_n(&run_id, &n, &kind, detail::elements(in), detail::elements(pos),
                                                   detail::elements(vel), detail::elements(status), ierr);
@@ -236,7 +235,7 @@ public:
     {
         const long n = detail::count("Arrays::cartToKepl", pos.size(), vel.size(), out.size(),
                                      detail::optional(status, pos.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::cartToKepl", KL_ID_FUNC_CART_TO_KEPL);
         long ierr[2] = {0, 0};
         const long result = kl_cart_to_kepl_run_n(&run_id, &n, &kind, detail::elements(pos), detail::elements(vel),
                                                   detail::elements(out), detail::elements(status), ierr);
@@ -265,7 +264,7 @@ public:
         const long n = detail::count("Arrays::geodDistance", lat1.size(), lon1.size(), lat2.size(), lon2.size(),
                                      distance.size(), azimuth1.size(), azimuth2.size(),
                                      detail::optional(status, lat1.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::geodDistance", KL_ID_FUNC_GEOD_DISTANCE);
         long ierr[2] = {0, 0};
         const long result = kl_geod_distance_run_n(&run_id, &n, detail::elements(lat1), detail::elements(lon1),
                                                    detail::elements(lat2), detail::elements(lon2),
@@ -285,7 +284,7 @@ public:
                                             detail::elements(azimuth), detail::elements(distance),
                                             detail::elements(lat2), detail::elements(lon2), detail::elements(azimuth2),
                                             detail::elements(status), ierr);
-        return detail::told("Arrays::geodPoint", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::geodPoint", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Angle of a satellite on its orbit, from the ascending node in the direction of motion: kl_position_on_orbit_n. */
     static long positionOnOrbit(const ModelId &model_id, const TimeId &time_id, long calc_mode, long cs, long time_ref,
@@ -308,7 +307,7 @@ public:
     {
         const long n = detail::count("Arrays::positionOnOrbit", time.size(), pos.size(), vel.size(), acc.size(),
                                      out.size(), detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::positionOnOrbit", KL_ID_FUNC_POSITION_ON_ORBIT);
         long ierr[2] = {0, 0};
         const long result = kl_position_on_orbit_run_n(&run_id, &n, &calc_mode, &cs, &time_ref, detail::elements(time),
                                                        detail::elements(pos), detail::elements(vel),
@@ -327,7 +326,7 @@ public:
         const long result = kl_orbit_sun_n(model_id.getId(), time_id.getId(), &n, &cs, &time_ref,
                                            detail::elements(time), detail::elements(pos), detail::elements(vel),
                                            detail::elements(out), detail::elements(status), ierr);
-        return detail::told("Arrays::orbitSun", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::orbitSun", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Position and velocity to right ascension and declination: kl_cart_to_radec_n. */
     static long cartToRadec(const ModelId &model_id, long calc_mode, Column<const Vector> pos, Column<const Vector> vel,
@@ -347,7 +346,7 @@ public:
     {
         const long n = detail::count("Arrays::cartToRadec", pos.size(), vel.size(), out.size(),
                                      detail::optional(status, pos.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::cartToRadec", KL_ID_FUNC_CART_TO_RADEC);
         long ierr[2] = {0, 0};
         const long result = kl_cart_to_radec_run_n(&run_id, &n, &calc_mode, detail::elements(pos),
                                                    detail::elements(vel), detail::elements(out),
@@ -372,7 +371,7 @@ public:
     {
         const long n = detail::count("Arrays::radecToCart", in.size(), pos.size(), vel.size(),
                                      detail::optional(status, in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::radecToCart", KL_ID_FUNC_RADEC_TO_CART);
         long ierr[2] = {0, 0};
         const long result = kl_radec_to_cart_run_n(&run_id, &n, &calc_mode, detail::elements(in), detail::elements(pos),
                                                    detail::elements(vel), detail::elements(status), ierr);
@@ -389,7 +388,7 @@ public:
         const long result = kl_ef_to_topocentric_n(model_id.getId(), &n, &calc_mode, &origin, detail::elements(pos),
                                                    detail::elements(vel), detail::elements(out),
                                                    detail::elements(status), ierr);
-        return detail::told("Arrays::efToTopocentric", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::efToTopocentric", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Earth-fixed position and velocity to azimuth, elevation and range from a place on the Earth: kl_ef_to_topocentric_run_n. */
     static long efToTopocentric(const RunId &run, long calc_mode, const kl_geodetic &origin, Column<const Vector> pos,
@@ -397,12 +396,12 @@ public:
     {
         const long n = detail::count("Arrays::efToTopocentric", pos.size(), vel.size(), out.size(),
                                      detail::optional(status, pos.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::efToTopocentric", kNoPublicId);
         long ierr[2] = {0, 0};
         const long result = kl_ef_to_topocentric_run_n(&run_id, &n, &calc_mode, &origin, detail::elements(pos),
                                                        detail::elements(vel), detail::elements(out),
                                                        detail::elements(status), ierr);
-        return detail::told("Arrays::efToTopocentric", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::efToTopocentric", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Azimuth, elevation and range from a place on the Earth to Earth-fixed position and velocity: kl_topocentric_to_ef_n. */
     static long topocentricToEf(const ModelId &model_id, long calc_mode, const kl_geodetic &origin,
@@ -415,7 +414,7 @@ public:
         const long result = kl_topocentric_to_ef_n(model_id.getId(), &n, &calc_mode, &origin, detail::elements(in),
                                                    detail::elements(pos), detail::elements(vel),
                                                    detail::elements(status), ierr);
-        return detail::told("Arrays::topocentricToEf", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::topocentricToEf", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Azimuth, elevation and range from a place on the Earth to Earth-fixed position and velocity: kl_topocentric_to_ef_run_n. */
     static long topocentricToEf(const RunId &run, long calc_mode, const kl_geodetic &origin,
@@ -424,12 +423,12 @@ public:
     {
         const long n = detail::count("Arrays::topocentricToEf", in.size(), pos.size(), vel.size(),
                                      detail::optional(status, in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::topocentricToEf", kNoPublicId);
         long ierr[2] = {0, 0};
         const long result = kl_topocentric_to_ef_run_n(&run_id, &n, &calc_mode, &origin, detail::elements(in),
                                                        detail::elements(pos), detail::elements(vel),
                                                        detail::elements(status), ierr);
-        return detail::told("Arrays::topocentricToEf", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::topocentricToEf", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Universal transverse Mercator coordinates of a geodetic point: KL_Coticchia_Surace_n. */
     static long coticchiaSurace(const ModelId &model_id, Column<const double> lat, Column<const double> lon,
@@ -457,7 +456,7 @@ public:
                                              detail::elements(easting), detail::elements(northing),
                                              detail::elements(lat), detail::elements(lon), detail::elements(status),
                                              ierr);
-        return detail::told("Arrays::utmToGeod", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::utmToGeod", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Axes of a frame that goes along with a satellite: kl_local_orbital_frame_n. */
     static long localOrbitalFrame(long kind, Column<const Vector> pos, Column<const Vector> vel,
@@ -470,7 +469,7 @@ public:
         const long result = kl_local_orbital_frame_n(&n, &kind, detail::elements(pos), detail::elements(vel),
                                                      detail::elements(acc), detail::elements(r), detail::elements(dr),
                                                      detail::elements(status), ierr);
-        return detail::told("Arrays::localOrbitalFrame", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::localOrbitalFrame", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Mean Keplerian elements after a time, by the secular rates of J2: kl_mean_motion_n. */
     static long meanMotion(const ModelId &model_id, Column<const kl_kepler> mean, Column<const double> duration,
@@ -481,7 +480,7 @@ public:
         long ierr[2] = {0, 0};
         const long result = kl_mean_motion_n(model_id.getId(), &n, detail::elements(mean), detail::elements(duration),
                                              detail::elements(out), detail::elements(status), ierr);
-        return detail::told("Arrays::meanMotion", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::meanMotion", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Mean Keplerian elements after a time, by the secular rates of J2: kl_mean_motion_run_n. */
     static long meanMotion(const RunId &run, Column<const kl_kepler> mean, Column<const double> duration,
@@ -489,11 +488,11 @@ public:
     {
         const long n = detail::count("Arrays::meanMotion", mean.size(), duration.size(), out.size(),
                                      detail::optional(status, mean.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::meanMotion", kNoPublicId);
         long ierr[2] = {0, 0};
         const long result = kl_mean_motion_run_n(&run_id, &n, detail::elements(mean), detail::elements(duration),
                                                  detail::elements(out), detail::elements(status), ierr);
-        return detail::told("Arrays::meanMotion", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::meanMotion", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Carries a processing time to another scale: kl_time_processing_to_processing_n. */
     static long timeProcessingToProcessing(const TimeId &time_id, long time_ref_in, Column<const double> time_in,
@@ -515,7 +514,7 @@ public:
     {
         const long n = detail::count("Arrays::timeProcessingToProcessing", time_in.size(), time_out.size(),
                                      detail::optional(status, time_in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeProcessingToProcessing", KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING);
         const long processing = KL_PROC;
         long ierr[2] = {0, 0};
         const long result = kl_time_processing_to_processing_run_n(&run_id, &n, &processing, &time_ref_in,
@@ -547,7 +546,7 @@ public:
         const long n = detail::count("Arrays::timeAsciiToAscii", detail::texts(ascii_in.size(), ascii_in_width),
                                      detail::texts(ascii_out.size(), ascii_out_width),
                                      detail::optional(status, detail::texts(ascii_in.size(), ascii_in_width)));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeAsciiToAscii", KL_ID_FUNC_TIME_ASCII_TO_ASCII);
         long ierr[2] = {0, 0};
         const long result = kl_time_ascii_to_ascii_run_n(&run_id, &n, &ascii_id_in, &time_ref_in, &ascii_in_width,
                                                          detail::elements(ascii_in), &ascii_id_out, &time_ref_out,
@@ -579,7 +578,7 @@ public:
         const long n = detail::count("Arrays::timeAsciiToProcessing", detail::texts(ascii_in.size(), ascii_in_width),
                                      time_out.size(),
                                      detail::optional(status, detail::texts(ascii_in.size(), ascii_in_width)));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeAsciiToProcessing", KL_ID_FUNC_TIME_ASCII_TO_PROCESSING);
         const long processing = KL_PROC;
         long ierr[2] = {0, 0};
         const long result = kl_time_ascii_to_processing_run_n(&run_id, &n, &ascii_id_in, &time_ref_in, &ascii_in_width,
@@ -608,7 +607,7 @@ public:
     {
         const long n = detail::count("Arrays::timeTextToProcessing", detail::texts(text.size(), text_width),
                                      time_out.size(), detail::optional(status, detail::texts(text.size(), text_width)));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeTextToProcessing", KL_ID_FUNC_TIME_ASCII_TO_PROCESSING);
         const long processing = KL_PROC;
         long ierr[2] = {0, 0};
         const long result = kl_time_text_to_processing_run_n(&run_id, &n, &text_width, detail::elements(text),
@@ -640,7 +639,7 @@ public:
         const long n = detail::count("Arrays::timeAsciiToTransport", detail::texts(ascii_in.size(), ascii_in_width),
                                      transport_out.size(),
                                      detail::optional(status, detail::texts(ascii_in.size(), ascii_in_width)));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeAsciiToTransport", KL_ID_FUNC_TIME_ASCII_TO_TRANSPORT);
         long ierr[2] = {0, 0};
         const long result = kl_time_ascii_to_transport_run_n(&run_id, &n, &ascii_id_in, &time_ref_in, &ascii_in_width,
                                                              detail::elements(ascii_in), &trans_id_out, &time_ref_out,
@@ -672,7 +671,7 @@ public:
         const long n = detail::count("Arrays::timeProcessingToAscii", time_in.size(),
                                      detail::texts(ascii_out.size(), ascii_out_width),
                                      detail::optional(status, time_in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeProcessingToAscii", KL_ID_FUNC_TIME_PROCESSING_TO_ASCII);
         const long processing = KL_PROC;
         long ierr[2] = {0, 0};
         const long result = kl_time_processing_to_ascii_run_n(&run_id, &n, &processing, &time_ref_in,
@@ -703,7 +702,7 @@ public:
     {
         const long n = detail::count("Arrays::timeProcessingToTransport", time_in.size(), transport_out.size(),
                                      detail::optional(status, time_in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeProcessingToTransport", KL_ID_FUNC_TIME_PROCESSING_TO_TRANSPORT);
         const long processing = KL_PROC;
         long ierr[2] = {0, 0};
         const long result = kl_time_processing_to_transport_run_n(&run_id, &n, &processing, &time_ref_in,
@@ -735,7 +734,7 @@ public:
         const long n = detail::count("Arrays::timeTransportToAscii", transport_in.size(),
                                      detail::texts(ascii_out.size(), ascii_out_width),
                                      detail::optional(status, transport_in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeTransportToAscii", KL_ID_FUNC_TIME_TRANSPORT_TO_ASCII);
         long ierr[2] = {0, 0};
         const long result = kl_time_transport_to_ascii_run_n(&run_id, &n, &trans_id_in, &time_ref_in,
                                                              detail::elements(transport_in), &ascii_id_out,
@@ -766,7 +765,7 @@ public:
     {
         const long n = detail::count("Arrays::timeTransportToProcessing", transport_in.size(), time_out.size(),
                                      detail::optional(status, transport_in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeTransportToProcessing", KL_ID_FUNC_TIME_TRANSPORT_TO_PROCESSING);
         const long processing = KL_PROC;
         long ierr[2] = {0, 0};
         const long result = kl_time_transport_to_processing_run_n(&run_id, &n, &trans_id_in, &time_ref_in,
@@ -796,7 +795,7 @@ public:
     {
         const long n = detail::count("Arrays::timeTransportToTransport", transport_in.size(), transport_out.size(),
                                      detail::optional(status, transport_in.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::timeTransportToTransport", KL_ID_FUNC_TIME_TRANSPORT_TO_TRANSPORT);
         long ierr[2] = {0, 0};
         const long result = kl_time_transport_to_transport_run_n(&run_id, &n, &trans_id_in, &time_ref_in,
                                                                  detail::elements(transport_in), &trans_id_out,
@@ -813,11 +812,15 @@ public:
         const long n = detail::count("Arrays::changeCartCs", time.size(), pos.size(), vel.size(), acc.size(),
                                      pos_out.size(), vel_out.size(), acc_out.size(),
                                      detail::optional(status, time.size()));
+        const detail::Lent<const Vector> vel_lent(vel, calc_mode < KL_CALC_POS_VEL, n);
+        const detail::Lent<const Vector> acc_lent(acc, calc_mode < KL_CALC_POS_VEL_ACC, n);
+        const detail::Lent<Vector> vel_out_lent(vel_out, calc_mode < KL_CALC_POS_VEL, n);
+        const detail::Lent<Vector> acc_out_lent(acc_out, calc_mode < KL_CALC_POS_VEL_ACC, n);
         long ierr[2] = {0, 0};
         const long result = kl_change_cart_cs_n(model_id.getId(), time_id.getId(), &n, &calc_mode, &cs_in, &cs_out,
                                                 &time_ref, detail::elements(time), detail::elements(pos),
-                                                detail::elements(vel), detail::elements(acc), detail::elements(pos_out),
-                                                detail::elements(vel_out), detail::elements(acc_out),
+                                                vel_lent.elements(), acc_lent.elements(), detail::elements(pos_out),
+                                                vel_out_lent.elements(), acc_out_lent.elements(),
                                                 detail::elements(status), ierr);
         return detail::told("Arrays::changeCartCs", result, KL_ID_FUNC_CHANGE_CART_CS, ierr, status.size() != 0);
     }
@@ -830,13 +833,17 @@ public:
         const long n = detail::count("Arrays::changeCartCs", time.size(), pos.size(), vel.size(), acc.size(),
                                      pos_out.size(), vel_out.size(), acc_out.size(),
                                      detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::changeCartCs", KL_ID_FUNC_CHANGE_CART_CS);
+        const detail::Lent<const Vector> vel_lent(vel, calc_mode < KL_CALC_POS_VEL, n);
+        const detail::Lent<const Vector> acc_lent(acc, calc_mode < KL_CALC_POS_VEL_ACC, n);
+        const detail::Lent<Vector> vel_out_lent(vel_out, calc_mode < KL_CALC_POS_VEL, n);
+        const detail::Lent<Vector> acc_out_lent(acc_out, calc_mode < KL_CALC_POS_VEL_ACC, n);
         long ierr[2] = {0, 0};
         const long result = kl_change_cart_cs_run_n(&run_id, &n, &calc_mode, &cs_in, &cs_out, &time_ref,
-                                                    detail::elements(time), detail::elements(pos),
-                                                    detail::elements(vel), detail::elements(acc),
-                                                    detail::elements(pos_out), detail::elements(vel_out),
-                                                    detail::elements(acc_out), detail::elements(status), ierr);
+                                                    detail::elements(time), detail::elements(pos), vel_lent.elements(),
+                                                    acc_lent.elements(), detail::elements(pos_out),
+                                                    vel_out_lent.elements(), acc_out_lent.elements(),
+                                                    detail::elements(status), ierr);
         return detail::told("Arrays::changeCartCs", result, KL_ID_FUNC_CHANGE_CART_CS, ierr, status.size() != 0);
     }
     /** Where a line of sight meets the ellipsoid: kl_ray_ellipsoid_n. */
@@ -850,7 +857,7 @@ public:
         const long result = kl_ray_ellipsoid_n(model_id.getId(), &n, detail::elements(pos), detail::elements(dir),
                                                detail::elements(margin), detail::elements(t),
                                                detail::elements(n_points), detail::elements(status), ierr);
-        return detail::told("Arrays::rayEllipsoid", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::rayEllipsoid", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Where a line of sight meets the ellipsoid: kl_ray_ellipsoid_run_n. */
     static long rayEllipsoid(const RunId &run, Column<const Vector> pos, Column<const Vector> dir,
@@ -859,12 +866,12 @@ public:
     {
         const long n = detail::count("Arrays::rayEllipsoid", pos.size(), dir.size(), margin.size(), t.size(),
                                      n_points.size(), detail::optional(status, pos.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::rayEllipsoid", kNoPublicId);
         long ierr[2] = {0, 0};
         const long result = kl_ray_ellipsoid_run_n(&run_id, &n, detail::elements(pos), detail::elements(dir),
                                                    detail::elements(margin), detail::elements(t),
                                                    detail::elements(n_points), detail::elements(status), ierr);
-        return detail::told("Arrays::rayEllipsoid", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::rayEllipsoid", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Where a line of sight has a geodetic height: kl_ray_height_n. */
     static long rayHeight(const ModelId &model_id, Column<const Vector> pos, Column<const Vector> dir,
@@ -877,7 +884,7 @@ public:
         const long result = kl_ray_height_n(model_id.getId(), &n, detail::elements(pos), detail::elements(dir),
                                             detail::elements(height), detail::elements(t), detail::elements(n_points),
                                             detail::elements(status), ierr);
-        return detail::told("Arrays::rayHeight", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::rayHeight", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Where a line of sight has a geodetic height: kl_ray_height_run_n. */
     static long rayHeight(const RunId &run, Column<const Vector> pos, Column<const Vector> dir,
@@ -886,12 +893,12 @@ public:
     {
         const long n = detail::count("Arrays::rayHeight", pos.size(), dir.size(), height.size(), t.size(),
                                      n_points.size(), detail::optional(status, pos.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::rayHeight", kNoPublicId);
         long ierr[2] = {0, 0};
         const long result = kl_ray_height_run_n(&run_id, &n, detail::elements(pos), detail::elements(dir),
                                                 detail::elements(height), detail::elements(t),
                                                 detail::elements(n_points), detail::elements(status), ierr);
-        return detail::told("Arrays::rayHeight", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::rayHeight", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** The point of a line of sight where the geodetic height is smallest: kl_ray_tangent_n. */
     static long rayTangent(const ModelId &model_id, Column<const Vector> pos, Column<const Vector> dir,
@@ -904,7 +911,7 @@ public:
         const long result = kl_ray_tangent_n(model_id.getId(), &n, detail::elements(pos), detail::elements(dir),
                                              detail::elements(t), detail::elements(point), detail::elements(geodetic),
                                              detail::elements(meets_earth), detail::elements(status), ierr);
-        return detail::told("Arrays::rayTangent", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::rayTangent", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** The point of a line of sight where the geodetic height is smallest: kl_ray_tangent_run_n. */
     static long rayTangent(const RunId &run, Column<const Vector> pos, Column<const Vector> dir, Column<double> t,
@@ -913,13 +920,13 @@ public:
     {
         const long n = detail::count("Arrays::rayTangent", pos.size(), dir.size(), t.size(), point.size(),
                                      geodetic.size(), meets_earth.size(), detail::optional(status, pos.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::rayTangent", kNoPublicId);
         long ierr[2] = {0, 0};
         const long result = kl_ray_tangent_run_n(&run_id, &n, detail::elements(pos), detail::elements(dir),
                                                  detail::elements(t), detail::elements(point),
                                                  detail::elements(geodetic), detail::elements(meets_earth),
                                                  detail::elements(status), ierr);
-        return detail::told("Arrays::rayTangent", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::rayTangent", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** How much of the Sun the Earth hides from a satellite: kl_eclipse_n. */
     static long eclipse(const ModelId &model_id, const TimeId &time_id, long light_time, long cs, long time_ref,
@@ -942,7 +949,7 @@ public:
     {
         const long n = detail::count("Arrays::eclipse", time.size(), pos.size(), margin.size(), state.size(),
                                      fraction.size(), depth.size(), detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::eclipse", KL_ID_FUNC_ECLIPSE);
         long ierr[2] = {0, 0};
         const long result = kl_eclipse_run_n(&run_id, &n, &light_time, &cs, &time_ref, detail::elements(time),
                                              detail::elements(pos), detail::elements(margin), detail::elements(state),
@@ -960,7 +967,7 @@ public:
         const long result = kl_earth_orientation_get_n(time_id.getId(), &n, &corrections, &time_ref,
                                                        detail::elements(time), detail::elements(out),
                                                        detail::elements(status), ierr);
-        return detail::told("Arrays::earthOrientationGet", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::earthOrientationGet", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** What a time id and the theory say of the Earth's orientation: kl_earth_orientation_get_run_n. */
     static long earthOrientationGet(const RunId &run, long corrections, long time_ref, Column<const double> time,
@@ -968,11 +975,11 @@ public:
     {
         const long n = detail::count("Arrays::earthOrientationGet", time.size(), out.size(),
                                      detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::earthOrientationGet", kNoPublicId);
         long ierr[2] = {0, 0};
         const long result = kl_earth_orientation_get_run_n(&run_id, &n, &corrections, &time_ref, detail::elements(time),
                                                            detail::elements(out), detail::elements(status), ierr);
-        return detail::told("Arrays::earthOrientationGet", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::earthOrientationGet", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Matrix from one frame of the IERS Conventions to another, with its derivatives: kl_iers_matrix_n. */
     static long iersMatrix(const TimeId &time_id, long corrections, long cs_in, long cs_out, long time_ref,
@@ -986,7 +993,7 @@ public:
                                              detail::elements(time), &calc_mode, detail::elements(r),
                                              detail::elements(dr), detail::elements(ddr), detail::elements(status),
                                              ierr);
-        return detail::told("Arrays::iersMatrix", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::iersMatrix", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Matrix from one frame of the IERS Conventions to another, with its derivatives: kl_iers_matrix_run_n. */
     static long iersMatrix(const RunId &run, long corrections, long cs_in, long cs_out, long time_ref,
@@ -995,13 +1002,13 @@ public:
     {
         const long n = detail::count("Arrays::iersMatrix", time.size(), r.size(), dr.size(), ddr.size(),
                                      detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::iersMatrix", kNoPublicId);
         long ierr[2] = {0, 0};
         const long result = kl_iers_matrix_run_n(&run_id, &n, &corrections, &cs_in, &cs_out, &time_ref,
                                                  detail::elements(time), &calc_mode, detail::elements(r),
                                                  detail::elements(dr), detail::elements(ddr), detail::elements(status),
                                                  ierr);
-        return detail::told("Arrays::iersMatrix", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::iersMatrix", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Carries a state from one frame of the IERS Conventions to another: kl_iers_change_n. */
     static long iersChange(const TimeId &time_id, long corrections, long calc_mode, long cs_in, long cs_out,
@@ -1018,7 +1025,7 @@ public:
                                              detail::elements(acc), detail::elements(pos_out),
                                              detail::elements(vel_out), detail::elements(acc_out),
                                              detail::elements(status), ierr);
-        return detail::told("Arrays::iersChange", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::iersChange", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Carries a state from one frame of the IERS Conventions to another: kl_iers_change_run_n. */
     static long iersChange(const RunId &run, long corrections, long calc_mode, long cs_in, long cs_out, long time_ref,
@@ -1029,14 +1036,14 @@ public:
         const long n = detail::count("Arrays::iersChange", time.size(), pos.size(), vel.size(), acc.size(),
                                      pos_out.size(), vel_out.size(), acc_out.size(),
                                      detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::iersChange", kNoPublicId);
         long ierr[2] = {0, 0};
         const long result = kl_iers_change_run_n(&run_id, &n, &corrections, &calc_mode, &cs_in, &cs_out, &time_ref,
                                                  detail::elements(time), detail::elements(pos), detail::elements(vel),
                                                  detail::elements(acc), detail::elements(pos_out),
                                                  detail::elements(vel_out), detail::elements(acc_out),
                                                  detail::elements(status), ierr);
-        return detail::told("Arrays::iersChange", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::iersChange", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Axis vectors of a quaternion: kl_quaternions_to_vectors_n. */
     static long quaternionsToVectors(Column<const Quaternion> q, Column<Vector> x, Column<Vector> y, Column<Vector> z,
@@ -1083,7 +1090,7 @@ public:
         long ierr[2] = {0, 0};
         const long result = kl_euler_to_matrix_n(&n, detail::elements(angles), detail::elements(matrix),
                                                  detail::elements(status), ierr);
-        return detail::told("Arrays::eulerToMatrix", result, detail::kNoFunction, ierr, status.size() != 0);
+        return detail::told("Arrays::eulerToMatrix", result, kNoPublicId, ierr, status.size() != 0);
     }
     /** Rotation angles of a matrix, the inverse of kl_euler_to_matrix: kl_matrix_to_euler_n. */
     static long matrixToEuler(Column<const Matrix> matrix, Column<Vector> angles, Column<long> status = {})
@@ -1144,7 +1151,7 @@ public:
     {
         const long n = detail::count("Arrays::starRadec", time.size(), star.size(), observer_pos.size(),
                                      observer_vel.size(), place.size(), detail::optional(status, time.size()));
-        const long run_id = run.getRunId();
+        const long run_id = run.getRunId("Arrays::starRadec", KL_ID_FUNC_STAR_RADEC);
         long ierr[2] = {0, 0};
         const long result = kl_star_radec_run_n(&run_id, &n, &corrections, &cs_out, &time_ref, detail::elements(time),
                                                 detail::elements(star), detail::elements(observer_pos),

@@ -11,6 +11,7 @@
 #include <string>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace ORBKIT {
 
@@ -69,6 +70,25 @@ long count(const char *operation, std::size_t n, Sizes... sizes)
         throw std::invalid_argument(std::string(operation) + ": columns of different lengths");
     return static_cast<long>(n);
 }
+
+// A column that C needs and the mode does not: where it was left out, elements of its own take its place.
+template <typename T>
+class Lent {
+public:
+    Lent(const Column<T> &given, bool unused, long n)
+        : own_(unused && given.size() == 0 ? static_cast<std::size_t>(n) : 0),
+          column_(own_.empty() ? given : Column<T>(own_))
+    {
+    }
+    Lent(const Lent &) = delete;
+    Lent &operator=(const Lent &) = delete;
+
+    auto elements() const { return detail::elements(column_); }
+
+private:
+    std::vector<std::remove_const_t<T>> own_;
+    Column<T> column_;
+};
 
 inline std::size_t texts(std::size_t octets, long width)
 {

@@ -24,7 +24,7 @@ using ::KitError;
  * of which it keeps a copy. A failure is thrown when the status is KL_ERR, and for KL_WARN when KitClass::throwWarn is
  * set; otherwise warnings are dropped. Functions without a public id have no words of their own: the classes then throw
  * some, and the operation stands behind them instead of before. A call that is refused with a clear vector (an array
- * that is missing, a run that is not open) leaves the operation alone.
+ * that is missing) leaves the operation alone.
  *
  * @code{.cpp}
  * try {
@@ -70,7 +70,11 @@ private:
     long words_[2];
 };
 
-/** Throws what a failed call of C left: a KitError from a LibError. */
+/** In place of a public id: of functions that have none, and so neither codes nor messages. */
+constexpr long kNoPublicId = -1;
+
+/** Throws what a failed call of C left: a KitError from a LibError; without a public id one that says so much in words.
+ */
 [[noreturn]] KL_API void throw_lib_error(const char *operation, long status, long public_id, const long *ierr);
 
 /** Throws words that no call of C stands behind: a KitError with these messages. */
@@ -86,10 +90,9 @@ inline void throw_unless_ok(const char *operation, long status, long public_id, 
 /** The same rule after a function without a public id, whose errors get these words. */
 inline void throw_unless_ok(const char *operation, long status, const char *words)
 {
-    constexpr long kNoFunction = 40; // decodes to no messages
     if (status == KL_ERR)
         throw_messages({words, operation});
-    throw_unless_ok(operation, status, kNoFunction, nullptr);
+    throw_unless_ok(operation, status, kNoPublicId, nullptr);
 }
 
 } // namespace ORBKIT

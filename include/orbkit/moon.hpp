@@ -4,7 +4,7 @@
 #ifndef ORBKIT_MOON_HPP
 #define ORBKIT_MOON_HPP
 
-#include "state_vector.hpp"
+#include "body.hpp"
 
 namespace ORBKIT {
 
@@ -21,15 +21,7 @@ public:
     /** In Frame::EF, relative to its turning axes. */
     static StateVector at(const Time &time, Borrowed<ModelId> models = {})
     {
-        const long ref = KL_TIME_TAI;
-        const double days = time.taiDays();
-        const ModelId &model = models != nullptr ? *models : default_models();
-        Vector pos{};
-        Vector vel{};
-        long ierr[1] = {0};
-        throw_unless_ok("Moon::at", kl_moon(model.getId(), time.id(), &ref, &days, pos.data(), vel.data(), ierr),
-                        KL_ID_FUNC_MOON, ierr);
-        return {pos, vel, Frame::EF, time, model};
+        return detail::body_at("Moon::at", KL_ID_FUNC_MOON, kl_moon, time, models);
     }
 };
 

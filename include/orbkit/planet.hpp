@@ -4,7 +4,7 @@
 #ifndef ORBKIT_PLANET_HPP
 #define ORBKIT_PLANET_HPP
 
-#include "state_vector.hpp"
+#include "body.hpp"
 
 namespace ORBKIT {
 
@@ -25,17 +25,10 @@ public:
     /** In Frame::EF, relative to its turning axes. */
     StateVector at(const Time &time, Borrowed<ModelId> models = {}) const
     {
-        const long planet = number(name_);
-        const long ref = KL_TIME_TAI;
-        const double days = time.taiDays();
-        const ModelId &model = models != nullptr ? *models : default_models();
-        Vector pos{};
-        Vector vel{};
-        long ierr[1] = {0};
-        throw_unless_ok("Planet::at",
-                        kl_planet(model.getId(), time.id(), &planet, &ref, &days, pos.data(), vel.data(), ierr),
-                        KL_ID_FUNC_PLANET, ierr);
-        return {pos, vel, Frame::EF, time, model};
+        const auto call = [planet = number(name_)](kl_model_id *model, kl_time_id *id, auto... rest) {
+            return kl_planet(model, id, &planet, rest...);
+        };
+        return detail::body_at("Planet::at", KL_ID_FUNC_PLANET, call, time, models);
     }
 
     friend bool operator==(const Planet &a, const Planet &b) { return a.name_ == b.name_; }

@@ -28,12 +28,18 @@ namespace ORBKIT {
 class Ray {
 public:
     /** @param direction  in the frame of the position, of any length but 0 */
-    Ray(const Position &from, const Vector &direction) : from_(from), direction_(direction)
+    Ray(const Position &from, const Vector &direction) : from_(from), direction_(direction), middle_(direction)
     {
         const Frame frame = from.frame();
         if (frame != Frame::EF && frame != Frame::PEF && frame != Frame::TOD && frame != Frame::TEME)
             throw_messages({"A line of sight needs a frame whose z axis is the Earth's.", "Ray"});
-        length_ = std::hypot(direction[0], direction[1], direction[2]);
+        // In the middle of the range of numbers: neither the length nor a division by it may leave it.
+        const double largest =
+            std::fmax(std::fmax(std::fabs(direction[0]), std::fabs(direction[1])), std::fabs(direction[2]));
+        const double power = largest < 0x1p-900 ? 0x1p+1000 : largest > 0x1p+900 ? 0x1p-1000 : 1.0;
+        for (double &component : middle_)
+            component *= power;
+        length_ = std::hypot(middle_[0], middle_[1], middle_[2]);
         if (!(length_ > 0.0) || !std::isfinite(length_))
             throw_messages({"A line of sight needs a direction.", "Ray"});
     }
@@ -55,7 +61,7 @@ public:
     {
         const Vector &p = from_.pos();
         const double k = t / length_;
-        return Position({p[0] + k * direction_[0], p[1] + k * direction_[1], p[2] + k * direction_[2]}, from_.frame(),
+        return Position({p[0] + k * middle_[0], p[1] + k * middle_[1], p[2] + k * middle_[2]}, from_.frame(),
                         from_.hasTime() ? std::optional<Time>(from_.time()) : std::nullopt, from_.models());
     }
 
@@ -102,8 +108,8 @@ public:
 
 private:
     Position from_;
-    Vector direction_;
-    double length_;
+    Vector direction_, middle_; // the same but for a power of two
+    double length_;             // of middle_
 };
 
 } // namespace ORBKIT

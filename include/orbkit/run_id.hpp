@@ -49,6 +49,8 @@ public:
     long idStatus(long kind) const;
     /** Number of the run, for the C functions; -1 without a run. */
     long getRunId() const;
+    /** The same. @throws KitError "There is no run." as a failure of the operation and the public id that need one */
+    long getRunId(const char *operation, long public_id) const;
     /** Satellite number of the run; -1 without a run. */
     long getSatellite() const;
     /** Time id of the run, shared; empty without a run. */

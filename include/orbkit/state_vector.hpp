@@ -10,6 +10,17 @@
 
 namespace ORBKIT {
 
+namespace detail {
+
+// Elements of an orbit have no meaning where the axes turn.
+inline void need_inertial(Frame frame, const char *operation)
+{
+    if (frame == Frame::EF || frame == Frame::PEF)
+        throw_messages({"Keplerian elements need a frame whose axes do not turn with the Earth.", operation});
+}
+
+} // namespace detail
+
 /** The axes that go along with a satellite: rows in the frame of the state, and their derivatives, 1/s. */
 struct OrbitalAxes {
     Matrix axes{}, rates{};
@@ -64,10 +75,15 @@ public:
         return out;
     }
 
-    /** From Keplerian elements in an inertial frame; mean ones speak of the equator of Frame::TOD. */
+    /**
+     * From Keplerian elements in an inertial frame; mean ones speak of the equator of Frame::TOD.
+     *
+     * @throws KitError for Frame::EF and PEF too, whose axes turn with the Earth
+     */
     static StateVector fromKepler(const kl_kepler &elements, Elements kind, Frame frame,
                                   const std::optional<Time> &time = std::nullopt, Borrowed<ModelId> models = {})
     {
+        detail::need_inertial(frame, "StateVector::fromKepler");
         StateVector out({}, {}, frame, time, models);
         const long of = number(kind);
         long ierr[1] = {0};
@@ -153,11 +169,13 @@ public:
     }
 
     /**
-     * Keplerian elements of the state as it stands: its frame must be inertial, Frame::TOD for mean ones. Nothing
-     * checks it: in Frame::EF they are numbers without a meaning.
+     * Keplerian elements of the state as it stands: Frame::TOD for mean ones.
+     *
+     * @throws KitError for Frame::EF and PEF too, whose axes turn with the Earth: in(Frame::TOD).kepler()
      */
     kl_kepler kepler(Elements kind = Elements::osculating) const
     {
+        detail::need_inertial(frame(), "StateVector::kepler");
         const long of = number(kind);
         kl_kepler out{};
         long ierr[1] = {0};
@@ -202,7 +220,10 @@ public:
         return out;
     }
 
-    /** Axes that go along with the satellite, in the (inertial) frame of the state. */
+    /**
+     * Axes that go along with the satellite, in the frame of the state. In one whose axes turn with the Earth they are
+     * those of the path over the ground, not of the orbit.
+     */
     OrbitalAxes localFrame(OrbitalFrame kind) const
     {
         const long of = number(kind);

@@ -102,9 +102,10 @@ public:
         return out;
     }
 
-    /** Keplerian elements: the frame must be inertial, Frame::TOD for mean ones. */
+    /** Keplerian elements: Frame::TOD for mean ones. @throws KitError for Frame::EF and PEF, as StateVector::kepler */
     std::vector<kl_kepler> kepler(Elements kind = Elements::osculating) const
     {
+        detail::need_inertial(frame(), "StateVectors::kepler");
         std::vector<kl_kepler> out(size());
         const Call call(*this);
         const long of = number(kind);

@@ -15,7 +15,7 @@ BodyState LibFunc::sun(const ModelId &model_id, const TimeId &time_id, long time
 
 BodyState LibFunc::sun(const RunId &run, long time_ref, double time)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::sun", KL_ID_FUNC_SUN);
     return result_of<BodyState>("LibFunc::sun", KL_ID_FUNC_SUN, [&](BodyState &out, long *ierr) {
         return kl_sun_run(&run_id, &time_ref, &time, out.pos.data(), out.vel.data(), ierr);
     });
@@ -30,7 +30,7 @@ BodyState LibFunc::moon(const ModelId &model_id, const TimeId &time_id, long tim
 
 BodyState LibFunc::moon(const RunId &run, long time_ref, double time)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::moon", KL_ID_FUNC_MOON);
     return result_of<BodyState>("LibFunc::moon", KL_ID_FUNC_MOON, [&](BodyState &out, long *ierr) {
         return kl_moon_run(&run_id, &time_ref, &time, out.pos.data(), out.vel.data(), ierr);
     });
@@ -46,7 +46,7 @@ BodyState LibFunc::planet(const ModelId &model_id, const TimeId &time_id, long p
 
 BodyState LibFunc::planet(const RunId &run, long planet_id, long time_ref, double time)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::planet", KL_ID_FUNC_PLANET);
     return result_of<BodyState>("LibFunc::planet", KL_ID_FUNC_PLANET, [&](BodyState &out, long *ierr) {
         return kl_planet_run(&run_id, &planet_id, &time_ref, &time, out.pos.data(), out.vel.data(), ierr);
     });
@@ -76,7 +76,7 @@ BodyState LibFunc::geodToCart(const ModelId &model_id, long calc_mode, const kl_
 
 BodyState LibFunc::geodToCart(const RunId &run, long calc_mode, const kl_geodetic &in)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::geodToCart", KL_ID_FUNC_GEOD_TO_CART);
     return result_of<BodyState>("LibFunc::geodToCart", KL_ID_FUNC_GEOD_TO_CART, [&](BodyState &out, long *ierr) {
         return kl_geod_to_cart_run(&run_id, &calc_mode, &in, out.pos.data(), out.vel.data(), ierr);
     });
@@ -91,7 +91,7 @@ kl_geodetic LibFunc::cartToGeod(const ModelId &model_id, long calc_mode, const B
 
 kl_geodetic LibFunc::cartToGeod(const RunId &run, long calc_mode, const BodyState &in)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::cartToGeod", KL_ID_FUNC_CART_TO_GEOD);
     return result_of<kl_geodetic>("LibFunc::cartToGeod", KL_ID_FUNC_CART_TO_GEOD, [&](kl_geodetic &out, long *ierr) {
         return kl_cart_to_geod_run(&run_id, &calc_mode, in.pos.data(), in.vel.data(), &out, ierr);
     });
@@ -106,7 +106,7 @@ BodyState LibFunc::keplToCart(const ModelId &model_id, long kind, const kl_keple
 
 BodyState LibFunc::keplToCart(const RunId &run, long kind, const kl_kepler &in)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::keplToCart", KL_ID_FUNC_KEPL_TO_CART);
     return result_of<BodyState>("LibFunc::keplToCart", KL_ID_FUNC_KEPL_TO_CART, [&](BodyState &out, long *ierr) {
         return kl_kepl_to_cart_run(&run_id, &kind, &in, out.pos.data(), out.vel.data(), ierr);
     });
@@ -121,7 +121,7 @@ kl_kepler LibFunc::cartToKepl(const ModelId &model_id, long kind, const BodyStat
 
 kl_kepler LibFunc::cartToKepl(const RunId &run, long kind, const BodyState &in)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::cartToKepl", KL_ID_FUNC_CART_TO_KEPL);
     return result_of<kl_kepler>("LibFunc::cartToKepl", KL_ID_FUNC_CART_TO_KEPL, [&](kl_kepler &out, long *ierr) {
         return kl_cart_to_kepl_run(&run_id, &kind, in.pos.data(), in.vel.data(), &out, ierr);
     });
@@ -137,7 +137,7 @@ Geodesic LibFunc::geodDistance(const ModelId &model_id, double lat1, double lon1
 
 Geodesic LibFunc::geodDistance(const RunId &run, double lat1, double lon1, double lat2, double lon2)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::geodDistance", KL_ID_FUNC_GEOD_DISTANCE);
     return result_of<Geodesic>("LibFunc::geodDistance", KL_ID_FUNC_GEOD_DISTANCE, [&](Geodesic &out, long *ierr) {
         return kl_geod_distance_run(&run_id, &lat1, &lon1, &lat2, &lon2, &out.distance, &out.azimuth1, &out.azimuth2,
                                     ierr);
@@ -146,7 +146,7 @@ Geodesic LibFunc::geodDistance(const RunId &run, double lat1, double lon1, doubl
 
 GeodesicEnd LibFunc::geodPoint(const ModelId &model_id, double lat, double lon, double azimuth, double distance)
 {
-    return result_of<GeodesicEnd>("LibFunc::geodPoint", kUnassigned, [&](GeodesicEnd &out, long *ierr) {
+    return result_of<GeodesicEnd>("LibFunc::geodPoint", kNoPublicId, [&](GeodesicEnd &out, long *ierr) {
         return kl_geod_point(model_id.getId(), &lat, &lon, &azimuth, &distance, &out.latitude, &out.longitude,
                              &out.azimuth, ierr);
     });
@@ -164,7 +164,7 @@ kl_orbit_angle LibFunc::positionOnOrbit(const ModelId &model_id, const TimeId &t
 kl_orbit_angle LibFunc::positionOnOrbit(const RunId &run, long calc_mode, long cs, long time_ref, double time,
                                         const State &in)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::positionOnOrbit", KL_ID_FUNC_POSITION_ON_ORBIT);
     return result_of<kl_orbit_angle>("LibFunc::positionOnOrbit", KL_ID_FUNC_POSITION_ON_ORBIT, [&](kl_orbit_angle &out, long *ierr) {
         return kl_position_on_orbit_run(&run_id, &calc_mode, &cs, &time_ref, &time, in.pos.data(), in.vel.data(),
                                         in.acc.data(), &out, ierr);
@@ -174,7 +174,7 @@ kl_orbit_angle LibFunc::positionOnOrbit(const RunId &run, long calc_mode, long c
 kl_orbit_sun_angles LibFunc::orbitSun(const ModelId &model_id, const TimeId &time_id, long cs, long time_ref,
                                       double time, const BodyState &in)
 {
-    return result_of<kl_orbit_sun_angles>("LibFunc::orbitSun", kUnassigned, [&](kl_orbit_sun_angles &out, long *ierr) {
+    return result_of<kl_orbit_sun_angles>("LibFunc::orbitSun", kNoPublicId, [&](kl_orbit_sun_angles &out, long *ierr) {
         return kl_orbit_sun(model_id.getId(), time_id.getId(), &cs, &time_ref, &time, in.pos.data(), in.vel.data(),
                             &out, ierr);
     });
@@ -189,7 +189,7 @@ kl_radec LibFunc::cartToRadec(const ModelId &model_id, long calc_mode, const Bod
 
 kl_radec LibFunc::cartToRadec(const RunId &run, long calc_mode, const BodyState &in)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::cartToRadec", KL_ID_FUNC_CART_TO_RADEC);
     return result_of<kl_radec>("LibFunc::cartToRadec", KL_ID_FUNC_CART_TO_RADEC, [&](kl_radec &out, long *ierr) {
         return kl_cart_to_radec_run(&run_id, &calc_mode, in.pos.data(), in.vel.data(), &out, ierr);
     });
@@ -204,7 +204,7 @@ BodyState LibFunc::radecToCart(const ModelId &model_id, long calc_mode, const kl
 
 BodyState LibFunc::radecToCart(const RunId &run, long calc_mode, const kl_radec &in)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::radecToCart", KL_ID_FUNC_RADEC_TO_CART);
     return result_of<BodyState>("LibFunc::radecToCart", KL_ID_FUNC_RADEC_TO_CART, [&](BodyState &out, long *ierr) {
         return kl_radec_to_cart_run(&run_id, &calc_mode, &in, out.pos.data(), out.vel.data(), ierr);
     });
@@ -213,7 +213,7 @@ BodyState LibFunc::radecToCart(const RunId &run, long calc_mode, const kl_radec 
 kl_topocentric LibFunc::efToTopocentric(const ModelId &model_id, long calc_mode, const kl_geodetic &origin,
                                         const BodyState &in)
 {
-    return result_of<kl_topocentric>("LibFunc::efToTopocentric", kUnassigned, [&](kl_topocentric &out, long *ierr) {
+    return result_of<kl_topocentric>("LibFunc::efToTopocentric", kNoPublicId, [&](kl_topocentric &out, long *ierr) {
         return kl_ef_to_topocentric(model_id.getId(), &calc_mode, &origin, in.pos.data(), in.vel.data(), &out, ierr);
     });
 }
@@ -221,8 +221,8 @@ kl_topocentric LibFunc::efToTopocentric(const ModelId &model_id, long calc_mode,
 kl_topocentric LibFunc::efToTopocentric(const RunId &run, long calc_mode, const kl_geodetic &origin,
                                         const BodyState &in)
 {
-    const long run_id = run.getRunId();
-    return result_of<kl_topocentric>("LibFunc::efToTopocentric", kUnassigned, [&](kl_topocentric &out, long *ierr) {
+    const long run_id = run.getRunId("LibFunc::efToTopocentric", kNoPublicId);
+    return result_of<kl_topocentric>("LibFunc::efToTopocentric", kNoPublicId, [&](kl_topocentric &out, long *ierr) {
         return kl_ef_to_topocentric_run(&run_id, &calc_mode, &origin, in.pos.data(), in.vel.data(), &out, ierr);
     });
 }
@@ -230,7 +230,7 @@ kl_topocentric LibFunc::efToTopocentric(const RunId &run, long calc_mode, const 
 BodyState LibFunc::topocentricToEf(const ModelId &model_id, long calc_mode, const kl_geodetic &origin,
                                    const kl_topocentric &in)
 {
-    return result_of<BodyState>("LibFunc::topocentricToEf", kUnassigned, [&](BodyState &out, long *ierr) {
+    return result_of<BodyState>("LibFunc::topocentricToEf", kNoPublicId, [&](BodyState &out, long *ierr) {
         return kl_topocentric_to_ef(model_id.getId(), &calc_mode, &origin, &in, out.pos.data(), out.vel.data(), ierr);
     });
 }
@@ -238,15 +238,15 @@ BodyState LibFunc::topocentricToEf(const ModelId &model_id, long calc_mode, cons
 BodyState LibFunc::topocentricToEf(const RunId &run, long calc_mode, const kl_geodetic &origin,
                                    const kl_topocentric &in)
 {
-    const long run_id = run.getRunId();
-    return result_of<BodyState>("LibFunc::topocentricToEf", kUnassigned, [&](BodyState &out, long *ierr) {
+    const long run_id = run.getRunId("LibFunc::topocentricToEf", kNoPublicId);
+    return result_of<BodyState>("LibFunc::topocentricToEf", kNoPublicId, [&](BodyState &out, long *ierr) {
         return kl_topocentric_to_ef_run(&run_id, &calc_mode, &origin, &in, out.pos.data(), out.vel.data(), ierr);
     });
 }
 
 GridPlace LibFunc::utmToGeod(const ModelId &model_id, long zone, long north, double easting, double northing)
 {
-    return result_of<GridPlace>("LibFunc::utmToGeod", kUnassigned, [&](GridPlace &out, long *ierr) {
+    return result_of<GridPlace>("LibFunc::utmToGeod", kNoPublicId, [&](GridPlace &out, long *ierr) {
         return kl_utm_to_geod(model_id.getId(), &zone, &north, &easting, &northing, &out.latitude, &out.longitude,
                               ierr);
     });
@@ -254,7 +254,7 @@ GridPlace LibFunc::utmToGeod(const ModelId &model_id, long zone, long north, dou
 
 LocalFrame LibFunc::localOrbitalFrame(long kind, const State &in)
 {
-    return result_of<LocalFrame>("LibFunc::localOrbitalFrame", kUnassigned, [&](LocalFrame &out, long *ierr) {
+    return result_of<LocalFrame>("LibFunc::localOrbitalFrame", kNoPublicId, [&](LocalFrame &out, long *ierr) {
         return kl_local_orbital_frame(&kind, in.pos.data(), in.vel.data(), in.acc.data(), out.r.data(), out.dr.data(),
                                       ierr);
     });
@@ -262,15 +262,15 @@ LocalFrame LibFunc::localOrbitalFrame(long kind, const State &in)
 
 kl_kepler LibFunc::meanMotion(const ModelId &model_id, const kl_kepler &mean, double duration)
 {
-    return result_of<kl_kepler>("LibFunc::meanMotion", kUnassigned, [&](kl_kepler &out, long *ierr) {
+    return result_of<kl_kepler>("LibFunc::meanMotion", kNoPublicId, [&](kl_kepler &out, long *ierr) {
         return kl_mean_motion(model_id.getId(), &mean, &duration, &out, ierr);
     });
 }
 
 kl_kepler LibFunc::meanMotion(const RunId &run, const kl_kepler &mean, double duration)
 {
-    const long run_id = run.getRunId();
-    return result_of<kl_kepler>("LibFunc::meanMotion", kUnassigned, [&](kl_kepler &out, long *ierr) {
+    const long run_id = run.getRunId("LibFunc::meanMotion", kNoPublicId);
+    return result_of<kl_kepler>("LibFunc::meanMotion", kNoPublicId, [&](kl_kepler &out, long *ierr) {
         return kl_mean_motion_run(&run_id, &mean, &duration, &out, ierr);
     });
 }
@@ -285,7 +285,7 @@ double LibFunc::timeProcessingToProcessing(const TimeId &time_id, long time_ref_
 
 double LibFunc::timeProcessingToProcessing(const RunId &run, long time_ref_in, double time_in, long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeProcessingToProcessing", KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING);
     return result_of<double>("LibFunc::timeProcessingToProcessing", KL_ID_FUNC_TIME_PROCESSING_TO_PROCESSING, [&](double &out, long *ierr) {
         return kl_time_processing_to_processing_run(&run_id, &kProcessing, &time_ref_in, &time_in, &kProcessing,
                                                     &time_ref_out, &out, ierr);
@@ -304,7 +304,7 @@ TimeText LibFunc::timeAsciiToAscii(const TimeId &time_id, long ascii_id_in, long
 TimeText LibFunc::timeAsciiToAscii(const RunId &run, long ascii_id_in, long time_ref_in, TextArgument ascii_in,
                                    long ascii_id_out, long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeAsciiToAscii", KL_ID_FUNC_TIME_ASCII_TO_ASCII);
     return result_of<TimeText>("LibFunc::timeAsciiToAscii", KL_ID_FUNC_TIME_ASCII_TO_ASCII, [&](TimeText &out, long *ierr) {
         return kl_time_ascii_to_ascii_run(&run_id, &ascii_id_in, &time_ref_in, ascii_in.c_str(), &ascii_id_out,
                                           &time_ref_out, out.text, ierr);
@@ -323,7 +323,7 @@ double LibFunc::timeAsciiToProcessing(const TimeId &time_id, long ascii_id_in, l
 double LibFunc::timeAsciiToProcessing(const RunId &run, long ascii_id_in, long time_ref_in, TextArgument ascii_in,
                                       long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeAsciiToProcessing", KL_ID_FUNC_TIME_ASCII_TO_PROCESSING);
     return result_of<double>("LibFunc::timeAsciiToProcessing", KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, [&](double &out, long *ierr) {
         return kl_time_ascii_to_processing_run(&run_id, &ascii_id_in, &time_ref_in, ascii_in.c_str(), &kProcessing,
                                                &time_ref_out, &out, ierr);
@@ -340,7 +340,7 @@ double LibFunc::timeTextToProcessing(const TimeId &time_id, TextArgument text, l
 
 double LibFunc::timeTextToProcessing(const RunId &run, TextArgument text, long time_ref_default, long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeTextToProcessing", KL_ID_FUNC_TIME_ASCII_TO_PROCESSING);
     return result_of<double>("LibFunc::timeTextToProcessing", KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, [&](double &out, long *ierr) {
         return kl_time_text_to_processing_run(&run_id, text.c_str(), &time_ref_default, &kProcessing, &time_ref_out,
                                               &out, ierr);
@@ -359,7 +359,7 @@ TransportTime LibFunc::timeAsciiToTransport(const TimeId &time_id, long ascii_id
 TransportTime LibFunc::timeAsciiToTransport(const RunId &run, long ascii_id_in, long time_ref_in, TextArgument ascii_in,
                                             long trans_id_out, long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeAsciiToTransport", KL_ID_FUNC_TIME_ASCII_TO_TRANSPORT);
     return result_of<TransportTime>("LibFunc::timeAsciiToTransport", KL_ID_FUNC_TIME_ASCII_TO_TRANSPORT, [&](TransportTime &out, long *ierr) {
         return kl_time_ascii_to_transport_run(&run_id, &ascii_id_in, &time_ref_in, ascii_in.c_str(), &trans_id_out,
                                               &time_ref_out, out.data(), ierr);
@@ -378,7 +378,7 @@ TimeText LibFunc::timeProcessingToAscii(const TimeId &time_id, long time_ref_in,
 TimeText LibFunc::timeProcessingToAscii(const RunId &run, long time_ref_in, double time_in, long ascii_id_out,
                                         long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeProcessingToAscii", KL_ID_FUNC_TIME_PROCESSING_TO_ASCII);
     return result_of<TimeText>("LibFunc::timeProcessingToAscii", KL_ID_FUNC_TIME_PROCESSING_TO_ASCII, [&](TimeText &out, long *ierr) {
         return kl_time_processing_to_ascii_run(&run_id, &kProcessing, &time_ref_in, &time_in, &ascii_id_out,
                                                &time_ref_out, out.text, ierr);
@@ -397,7 +397,7 @@ TransportTime LibFunc::timeProcessingToTransport(const TimeId &time_id, long tim
 TransportTime LibFunc::timeProcessingToTransport(const RunId &run, long time_ref_in, double time_in, long trans_id_out,
                                                  long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeProcessingToTransport", KL_ID_FUNC_TIME_PROCESSING_TO_TRANSPORT);
     return result_of<TransportTime>("LibFunc::timeProcessingToTransport", KL_ID_FUNC_TIME_PROCESSING_TO_TRANSPORT, [&](TransportTime &out, long *ierr) {
         return kl_time_processing_to_transport_run(&run_id, &kProcessing, &time_ref_in, &time_in, &trans_id_out,
                                                    &time_ref_out, out.data(), ierr);
@@ -416,7 +416,7 @@ TimeText LibFunc::timeTransportToAscii(const TimeId &time_id, long trans_id_in, 
 TimeText LibFunc::timeTransportToAscii(const RunId &run, long trans_id_in, long time_ref_in,
                                        const TransportTime &transport_in, long ascii_id_out, long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeTransportToAscii", KL_ID_FUNC_TIME_TRANSPORT_TO_ASCII);
     return result_of<TimeText>("LibFunc::timeTransportToAscii", KL_ID_FUNC_TIME_TRANSPORT_TO_ASCII, [&](TimeText &out, long *ierr) {
         return kl_time_transport_to_ascii_run(&run_id, &trans_id_in, &time_ref_in, transport_in.data(), &ascii_id_out,
                                               &time_ref_out, out.text, ierr);
@@ -435,7 +435,7 @@ double LibFunc::timeTransportToProcessing(const TimeId &time_id, long trans_id_i
 double LibFunc::timeTransportToProcessing(const RunId &run, long trans_id_in, long time_ref_in,
                                           const TransportTime &transport_in, long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeTransportToProcessing", KL_ID_FUNC_TIME_TRANSPORT_TO_PROCESSING);
     return result_of<double>("LibFunc::timeTransportToProcessing", KL_ID_FUNC_TIME_TRANSPORT_TO_PROCESSING, [&](double &out, long *ierr) {
         return kl_time_transport_to_processing_run(&run_id, &trans_id_in, &time_ref_in, transport_in.data(),
                                                    &kProcessing, &time_ref_out, &out, ierr);
@@ -454,7 +454,7 @@ TransportTime LibFunc::timeTransportToTransport(const TimeId &time_id, long tran
 TransportTime LibFunc::timeTransportToTransport(const RunId &run, long trans_id_in, long time_ref_in,
                                                 const TransportTime &transport_in, long trans_id_out, long time_ref_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeTransportToTransport", KL_ID_FUNC_TIME_TRANSPORT_TO_TRANSPORT);
     return result_of<TransportTime>("LibFunc::timeTransportToTransport", KL_ID_FUNC_TIME_TRANSPORT_TO_TRANSPORT, [&](TransportTime &out, long *ierr) {
         return kl_time_transport_to_transport_run(&run_id, &trans_id_in, &time_ref_in, transport_in.data(),
                                                   &trans_id_out, &time_ref_out, out.data(), ierr);
@@ -474,7 +474,7 @@ State LibFunc::changeCartCs(const ModelId &model_id, const TimeId &time_id, long
 State LibFunc::changeCartCs(const RunId &run, long calc_mode, long cs_in, long cs_out, long time_ref, double time,
                             const State &in)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::changeCartCs", KL_ID_FUNC_CHANGE_CART_CS);
     return result_of<State>("LibFunc::changeCartCs", KL_ID_FUNC_CHANGE_CART_CS, [&](State &out, long *ierr) {
         return kl_change_cart_cs_run(&run_id, &calc_mode, &cs_in, &cs_out, &time_ref, &time, in.pos.data(),
                                      in.vel.data(), in.acc.data(), out.pos.data(), out.vel.data(), out.acc.data(),
@@ -484,37 +484,37 @@ State LibFunc::changeCartCs(const RunId &run, long calc_mode, long cs_in, long c
 
 RayPoints LibFunc::rayEllipsoid(const ModelId &model_id, const Vector &pos, const Vector &dir, double margin)
 {
-    return result_of<RayPoints>("LibFunc::rayEllipsoid", kUnassigned, [&](RayPoints &out, long *ierr) {
+    return result_of<RayPoints>("LibFunc::rayEllipsoid", kNoPublicId, [&](RayPoints &out, long *ierr) {
         return kl_ray_ellipsoid(model_id.getId(), pos.data(), dir.data(), &margin, out.t.data(), &out.n, ierr);
     });
 }
 
 RayPoints LibFunc::rayEllipsoid(const RunId &run, const Vector &pos, const Vector &dir, double margin)
 {
-    const long run_id = run.getRunId();
-    return result_of<RayPoints>("LibFunc::rayEllipsoid", kUnassigned, [&](RayPoints &out, long *ierr) {
+    const long run_id = run.getRunId("LibFunc::rayEllipsoid", kNoPublicId);
+    return result_of<RayPoints>("LibFunc::rayEllipsoid", kNoPublicId, [&](RayPoints &out, long *ierr) {
         return kl_ray_ellipsoid_run(&run_id, pos.data(), dir.data(), &margin, out.t.data(), &out.n, ierr);
     });
 }
 
 RayPoints LibFunc::rayHeight(const ModelId &model_id, const Vector &pos, const Vector &dir, double height)
 {
-    return result_of<RayPoints>("LibFunc::rayHeight", kUnassigned, [&](RayPoints &out, long *ierr) {
+    return result_of<RayPoints>("LibFunc::rayHeight", kNoPublicId, [&](RayPoints &out, long *ierr) {
         return kl_ray_height(model_id.getId(), pos.data(), dir.data(), &height, out.t.data(), &out.n, ierr);
     });
 }
 
 RayPoints LibFunc::rayHeight(const RunId &run, const Vector &pos, const Vector &dir, double height)
 {
-    const long run_id = run.getRunId();
-    return result_of<RayPoints>("LibFunc::rayHeight", kUnassigned, [&](RayPoints &out, long *ierr) {
+    const long run_id = run.getRunId("LibFunc::rayHeight", kNoPublicId);
+    return result_of<RayPoints>("LibFunc::rayHeight", kNoPublicId, [&](RayPoints &out, long *ierr) {
         return kl_ray_height_run(&run_id, pos.data(), dir.data(), &height, out.t.data(), &out.n, ierr);
     });
 }
 
 TangentPoint LibFunc::rayTangent(const ModelId &model_id, const Vector &pos, const Vector &dir)
 {
-    return result_of<TangentPoint>("LibFunc::rayTangent", kUnassigned, [&](TangentPoint &out, long *ierr) {
+    return result_of<TangentPoint>("LibFunc::rayTangent", kNoPublicId, [&](TangentPoint &out, long *ierr) {
         return kl_ray_tangent(model_id.getId(), pos.data(), dir.data(), &out.t, out.point.data(), &out.geodetic,
                               &out.meetsEarth, ierr);
     });
@@ -522,8 +522,8 @@ TangentPoint LibFunc::rayTangent(const ModelId &model_id, const Vector &pos, con
 
 TangentPoint LibFunc::rayTangent(const RunId &run, const Vector &pos, const Vector &dir)
 {
-    const long run_id = run.getRunId();
-    return result_of<TangentPoint>("LibFunc::rayTangent", kUnassigned, [&](TangentPoint &out, long *ierr) {
+    const long run_id = run.getRunId("LibFunc::rayTangent", kNoPublicId);
+    return result_of<TangentPoint>("LibFunc::rayTangent", kNoPublicId, [&](TangentPoint &out, long *ierr) {
         return kl_ray_tangent_run(&run_id, pos.data(), dir.data(), &out.t, out.point.data(), &out.geodetic,
                                   &out.meetsEarth, ierr);
     });
@@ -541,7 +541,7 @@ EclipseState LibFunc::eclipse(const ModelId &model_id, const TimeId &time_id, lo
 EclipseState LibFunc::eclipse(const RunId &run, long light_time, long cs, long time_ref, double time, const Vector &pos,
                               double margin)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::eclipse", KL_ID_FUNC_ECLIPSE);
     return result_of<EclipseState>("LibFunc::eclipse", KL_ID_FUNC_ECLIPSE, [&](EclipseState &out, long *ierr) {
         return kl_eclipse_run(&run_id, &light_time, &cs, &time_ref, &time, pos.data(), &margin, &out.state,
                               &out.fraction, &out.depth, ierr);
@@ -550,15 +550,15 @@ EclipseState LibFunc::eclipse(const RunId &run, long light_time, long cs, long t
 
 kl_earth_orientation LibFunc::earthOrientationGet(const TimeId &time_id, long corrections, long time_ref, double time)
 {
-    return result_of<kl_earth_orientation>("LibFunc::earthOrientationGet", kUnassigned, [&](kl_earth_orientation &out, long *ierr) {
+    return result_of<kl_earth_orientation>("LibFunc::earthOrientationGet", kNoPublicId, [&](kl_earth_orientation &out, long *ierr) {
         return kl_earth_orientation_get(time_id.getId(), &corrections, &time_ref, &time, &out, ierr);
     });
 }
 
 kl_earth_orientation LibFunc::earthOrientationGet(const RunId &run, long corrections, long time_ref, double time)
 {
-    const long run_id = run.getRunId();
-    return result_of<kl_earth_orientation>("LibFunc::earthOrientationGet", kUnassigned, [&](kl_earth_orientation &out, long *ierr) {
+    const long run_id = run.getRunId("LibFunc::earthOrientationGet", kNoPublicId);
+    return result_of<kl_earth_orientation>("LibFunc::earthOrientationGet", kNoPublicId, [&](kl_earth_orientation &out, long *ierr) {
         return kl_earth_orientation_get_run(&run_id, &corrections, &time_ref, &time, &out, ierr);
     });
 }
@@ -566,7 +566,7 @@ kl_earth_orientation LibFunc::earthOrientationGet(const RunId &run, long correct
 MatrixState LibFunc::iersMatrix(const TimeId &time_id, long corrections, long cs_in, long cs_out, long time_ref,
                                 double time, long calc_mode)
 {
-    return result_of<MatrixState>("LibFunc::iersMatrix", kUnassigned, [&](MatrixState &out, long *ierr) {
+    return result_of<MatrixState>("LibFunc::iersMatrix", kNoPublicId, [&](MatrixState &out, long *ierr) {
         return kl_iers_matrix(time_id.getId(), &corrections, &cs_in, &cs_out, &time_ref, &time, &calc_mode,
                               out.matrix.data(), out.rate.data(), out.acceleration.data(), ierr);
     });
@@ -575,8 +575,8 @@ MatrixState LibFunc::iersMatrix(const TimeId &time_id, long corrections, long cs
 MatrixState LibFunc::iersMatrix(const RunId &run, long corrections, long cs_in, long cs_out, long time_ref, double time,
                                 long calc_mode)
 {
-    const long run_id = run.getRunId();
-    return result_of<MatrixState>("LibFunc::iersMatrix", kUnassigned, [&](MatrixState &out, long *ierr) {
+    const long run_id = run.getRunId("LibFunc::iersMatrix", kNoPublicId);
+    return result_of<MatrixState>("LibFunc::iersMatrix", kNoPublicId, [&](MatrixState &out, long *ierr) {
         return kl_iers_matrix_run(&run_id, &corrections, &cs_in, &cs_out, &time_ref, &time, &calc_mode,
                                   out.matrix.data(), out.rate.data(), out.acceleration.data(), ierr);
     });
@@ -585,7 +585,7 @@ MatrixState LibFunc::iersMatrix(const RunId &run, long corrections, long cs_in, 
 State LibFunc::iersChange(const TimeId &time_id, long corrections, long calc_mode, long cs_in, long cs_out,
                           long time_ref, double time, const State &in)
 {
-    return result_of<State>("LibFunc::iersChange", kUnassigned, [&](State &out, long *ierr) {
+    return result_of<State>("LibFunc::iersChange", kNoPublicId, [&](State &out, long *ierr) {
         return kl_iers_change(time_id.getId(), &corrections, &calc_mode, &cs_in, &cs_out, &time_ref, &time,
                               in.pos.data(), in.vel.data(), in.acc.data(), out.pos.data(), out.vel.data(),
                               out.acc.data(), ierr);
@@ -595,8 +595,8 @@ State LibFunc::iersChange(const TimeId &time_id, long corrections, long calc_mod
 State LibFunc::iersChange(const RunId &run, long corrections, long calc_mode, long cs_in, long cs_out, long time_ref,
                           double time, const State &in)
 {
-    const long run_id = run.getRunId();
-    return result_of<State>("LibFunc::iersChange", kUnassigned, [&](State &out, long *ierr) {
+    const long run_id = run.getRunId("LibFunc::iersChange", kNoPublicId);
+    return result_of<State>("LibFunc::iersChange", kNoPublicId, [&](State &out, long *ierr) {
         return kl_iers_change_run(&run_id, &corrections, &calc_mode, &cs_in, &cs_out, &time_ref, &time, in.pos.data(),
                                   in.vel.data(), in.acc.data(), out.pos.data(), out.vel.data(), out.acc.data(), ierr);
     });
@@ -691,7 +691,7 @@ kl_radec LibFunc::starRadec(const ModelId &model_id, const TimeId &time_id, long
 kl_radec LibFunc::starRadec(const RunId &run, long corrections, long cs_out, long time_ref, double time,
                             const kl_star &star, const Vector &observer_pos, const Vector &observer_vel)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::starRadec", KL_ID_FUNC_STAR_RADEC);
     return result_of<kl_radec>("LibFunc::starRadec", KL_ID_FUNC_STAR_RADEC, [&](kl_radec &out, long *ierr) {
         return kl_star_radec_run(&run_id, &corrections, &cs_out, &time_ref, &time, &star, observer_pos.data(),
                                  observer_vel.data(), &out, ierr);
@@ -722,7 +722,7 @@ LeapSecondInfo LibFunc::timeGetLeapSecondInfo(const TimeId &time_id, long ascii_
 
 LeapSecondInfo LibFunc::timeGetLeapSecondInfo(const RunId &run, long ascii_id_out)
 {
-    const long run_id = run.getRunId();
+    const long run_id = run.getRunId("LibFunc::timeGetLeapSecondInfo", KL_ID_FUNC_TIME_GET_LEAP_SECOND_INFO);
     return result_of<LeapSecondInfo>("LibFunc::timeGetLeapSecondInfo", KL_ID_FUNC_TIME_GET_LEAP_SECOND_INFO, [&](LeapSecondInfo &out, long *ierr) {
         return kl_time_get_leap_second_info_run(&run_id, &ascii_id_out, &out.sign, out.before.text, out.after.text,
                                                 ierr);

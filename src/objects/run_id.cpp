@@ -52,6 +52,18 @@ long RunId::getRunId() const
     return run_ ? run_->number : -1;
 }
 
+long RunId::getRunId(const char *operation, long public_id) const
+{
+    constexpr const char *kWords = "There is no run.";
+    if (run_)
+        return run_->number;
+    if (public_id == kNoPublicId)
+        throw_messages({kWords, operation});
+    KitError error(LibError(operation, KL_ERR, public_id, nullptr));
+    error.addMsg(kWords);
+    throw error;
+}
+
 long RunId::getSatellite() const
 {
     return run_ ? run_->satellite : -1;

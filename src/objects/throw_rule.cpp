@@ -31,6 +31,10 @@ void throw_messages(std::initializer_list<std::string> messages)
 
 void throw_lib_error(const char *operation, long status, long public_id, const long *ierr)
 {
+    if (public_id == kNoPublicId)
+        throw_messages({status == KL_ERR ? "An argument is out of range, or there is no result."
+                                         : "There is a warning, which kl_verbose shows.",
+                        operation});
     throw KitError(LibError(operation, status, public_id, ierr));
 }
 

@@ -72,4 +72,42 @@ TEST(ArraysOverColumns, WriteTextsAndWorkInPlace)
     EXPECT_NEAR((days[1] - 1.25) * 86400.0, 32.0, 1e-6);
 }
 
+// Positions alone: what the mode does not need may be left out, also where C wants it.
+TEST(ArraysOverColumns, NeedWhatTheModeNeeds)
+{
+    const ORBKIT::ModelId models;
+    const ORBKIT::TimeId time_id = ORBKIT::TimeId::builtIn();
+    const std::vector<double> times = {8000.0, 8000.0, 9e9};
+    const std::vector<Vector> pos(3, {7e6, 1e6, 2e6}), none(3);
+    std::vector<Vector> alone(3), whole(3), unused(3);
+    std::vector<long> status(3);
+    const auto change = [&](long mode, Column<const Vector> vel, Column<Vector> out, Column<Vector> vel_out) {
+        return Arrays::changeCartCs(models, time_id, mode, KL_TOD, KL_EF, KL_TIME_TAI, times, pos, vel, {}, out,
+                                    vel_out, {}, status);
+    };
+    EXPECT_EQ(change(KL_CALC_POS, {}, alone, {}), KL_ERR);
+    EXPECT_EQ(status, (std::vector<long>{KL_OK, KL_OK, KL_ERR}));
+    EXPECT_EQ(change(KL_CALC_POS_VEL, none, whole, unused), KL_ERR);
+    EXPECT_EQ(alone[1], whole[1]);
+    EXPECT_TRUE(std::isnan(alone[2][0]));
+    change(KL_CALC_POS_VEL, {}, whole, unused); // here the velocity is missing
+    EXPECT_EQ(status, (std::vector<long>{KL_ERR, KL_ERR, KL_ERR}));
+}
+
+// Words, and nothing on standard error, where a function has no public id or the run is none.
+TEST(ArraysOverColumns, FailInWords)
+{
+    const ORBKIT::ModelId models;
+    const std::vector<double> bad = {100.0}, zero = {0.0};
+    std::vector<double> a(1), b(1), c(1);
+    std::vector<Vector> pos(1), vel(1);
+    EXPECT_EQ(captured_stderr([&] {
+                  throws("Arrays::geodPoint", [&] { Arrays::geodPoint(models, bad, zero, zero, zero, a, b, c); });
+                  throws("out of range", [&] { ORBKIT::LibFunc::geodPoint(models, 100.0, 0.0, 0.0, 0.0); });
+                  throws("no run", [&] { Arrays::sun(ORBKIT::RunId(), KL_TIME_TAI, zero, pos, vel); });
+                  throws("no run", [&] { ORBKIT::LibFunc::sun(ORBKIT::RunId(), KL_TIME_TAI, 0.0); });
+              }),
+              "");
+}
+
 } // namespace

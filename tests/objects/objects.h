@@ -63,4 +63,16 @@ inline long instances(const void *handle)
     return (*static_cast<kl_id_record *const *>(handle))->instances;
 }
 
+// What `call` throws must have these words.
+template <class Call>
+void throws(const char *words, Call call)
+{
+    try {
+        call();
+        ADD_FAILURE() << "not thrown: " << words;
+    } catch (const ::KitError &error) {
+        EXPECT_NE(std::string(error.what()).find(words), std::string::npos) << error.what();
+    }
+}
+
 #endif

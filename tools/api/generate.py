@@ -441,7 +441,7 @@ class Member:
         if run:
             self.parameters.append("const RunId &run")
             self.values.append("&run_id")
-            self.before = "    const long run_id = run.getRunId();\n"
+            self.before = f'    const long run_id = run.getRunId("LibFunc::{self.name}", {decoded(f)});\n'
         taken = set()
         self.result, result_fields = "void", {}
         if "returns" in more:
@@ -483,7 +483,7 @@ class Member:
 
 
 def decoded(f):
-    return f"KL_ID_FUNC_{f.constant}" if f.public is not None else "kUnassigned"
+    return f"KL_ID_FUNC_{f.constant}" if f.public is not None else "kUnassigned" if f.name == "kl_euler_to_matrix" else "kNoPublicId"
 
 
 def members(table):
@@ -524,6 +524,14 @@ def lib_func_source(table):
     return out + "\n} // namespace ORBKIT\n"
 
 
+def lent_from(f, a):
+    """The mode from which a column is used that C needs in every mode; "" where C takes what the mode says."""
+    every_mode = any("read in every mode" in b.meaning for b in f.arguments)
+    if not every_mode or a.name not in ("vel", "acc", "vel_out", "acc_out"):
+        return ""
+    return "KL_CALC_POS_VEL" if a.name.startswith("vel") else "KL_CALC_POS_VEL_ACC"
+
+
 def array_members(table):
     """The array forms over columns: header only, nothing is copied."""
     out = ""
@@ -539,7 +547,7 @@ def array_members(table):
             if run:
                 parameters.append("const RunId &run")
                 values.append("&run_id")
-                before.append("        const long run_id = run.getRunId();")
+                before.append(f'        const long run_id = run.getRunId("Arrays::{name}", {decoded(f)});')
             for a in f.arguments:
                 if a.role == "context":
                     if not run:
@@ -561,12 +569,16 @@ def array_members(table):
                         sizes.append(f"detail::texts({a.name}.size(), {a.name}_width)")
                     else:
                         sizes.append(f"{a.name}.size()")
-                    values.append(f"detail::elements({a.name})")
+                    lent = lent_from(f, a)
+                    if lent:
+                        const = "const " if a.role == "each" else ""
+                        before.append(f"        const detail::Lent<{const}{kind}> {a.name}_lent({a.name}, calc_mode < {lent}, n);")
+                    values.append(f"{a.name}_lent.elements()" if lent else f"detail::elements({a.name})")
             n_ids = 1 if run else len(f.context)
             values.insert(n_ids, "&n")
             parameters.append("Column<long> status = {}")
             operation = f'"Arrays::{name}"'
-            id_ = f"KL_ID_FUNC_{f.constant}" if f.public is not None else "detail::kNoFunction"
+            id_ = decoded(f).replace("kUnassigned", "kNoPublicId")
             out += f"    /** {f.summary}: {f.name}{'_run' if run else ''}_n. */\n"
             out += wrapped(f"    static long {name}(", parameters, ")") + "\n    {\n"
             out += wrapped("        const long n = detail::count(", [operation] + sizes + ["detail::optional(status, " + sizes[0] + ")"], ");") + "\n"
@@ -595,8 +607,6 @@ namespace ORBKIT {{
 
 namespace detail {{
 
-constexpr long kNoFunction = 40; // its failures decode to no messages
-
 inline long told(const char *operation, long status, long public_id, const long *ierr, bool in_statuses)
 {{
     if (!in_statuses)
@@ -608,9 +618,10 @@ inline long told(const char *operation, long status, long public_id, const long 
 
 /**
  * The functions of kl/arrays.h over columns: vectors, arrays or pointers with a length, without a copy. They are as long
- * as the first or empty where C takes NULL; a result may lie on an input of the same shape. With a column of statuses
- * nothing is thrown: they tell which elements failed, and what failed is NaN, zero or empty. Without one a failed element
- * throws a KitError, after all were computed; columns of different lengths are a std::invalid_argument before anything
+ * as the first, or empty where C takes NULL and where the mode needs none; a result may lie on an input of the same
+ * shape. With a column of statuses nothing is thrown: they tell which elements failed, and what failed is NaN, zero or
+ * empty. Without one a failed element throws a KitError, after all were computed; columns of different lengths are a
+ * std::invalid_argument before anything
  * is. Texts stand a width apart.
  */
 // clang-format off
