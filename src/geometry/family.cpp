@@ -28,12 +28,13 @@ long KL_Poly_real_roots(long order, const double *c, double *roots)
 
 long KL_Ray_ellipsoid(const kl_model_id *model_id, const double pos[3], const double dir[3], double margin, double t[2])
 {
-    Ellipsoid ellipsoid;
-    Ray ray;
-    if (t == nullptr || !set_up(model_id, pos, dir, &ellipsoid, &ray))
+    if (t == nullptr || pos == nullptr || dir == nullptr)
         return kBad;
-    const double a = ellipsoid.a + margin;
-    return a > 0.0 && std::isfinite(a) ? ray_meets_axes(a, ellipsoid.k, ray, t) : kBad;
+    const EarthModel &earth = model_blocks(model_id).earth;
+    const double a = earth.semi_major_axis + margin;
+    if (!(earth.semi_major_axis > 0.0 && a > 0.0 && a < HUGE_VAL))
+        return kBad;
+    return line_meets_axes(a, 1.0 - earth.flattening, pos, dir, t);
 }
 
 long KL_Ray_height(const kl_model_id *model_id, const double pos[3], const double dir[3], double height, double t[2])
@@ -51,16 +52,18 @@ long KL_Ray_tangent(const kl_model_id *model_id, const double pos[3], const doub
 {
     Ellipsoid ellipsoid;
     Ray ray;
-    Place lowest;
-    double along = 0.0;
+    LowestPoint lowest;
     if (t == nullptr || point == nullptr || geodetic == nullptr || !set_up(model_id, pos, dir, &ellipsoid, &ray)
-        || !lowest_point(ellipsoid, ray, &along, &lowest))
+        || !lowest_point(ellipsoid, ray, &lowest))
         return kBad;
-    *t = along;
+    *t = lowest.t;
     copy_three(lowest.point, point);
+    const double across[2] = {lowest.north[0], lowest.east[0]};
+    const double along[2] = {lowest.north[1], lowest.east[1]};
+    const Pack<2> angles = arc_tangent(load<Pack<2>>(across), load<Pack<2>>(along));
     *geodetic = {};
-    geodetic->latitude = arc_tangent(lowest.s, lowest.c) * KL_DEG_PER_RAD;
-    geodetic->longitude = reduced_to_360(arc_tangent(lowest.sl, lowest.cl) * KL_DEG_PER_RAD) + 0.0;
+    geodetic->latitude = angles[0] * KL_DEG_PER_RAD;
+    geodetic->longitude = reduced_to_360(angles[1] * KL_DEG_PER_RAD) + 0.0;
     geodetic->height = lowest.height;
     return lowest.height < 0.0 ? 1 : 0;
 }

@@ -23,9 +23,21 @@ bool is_finite3(const double *v)
     return v != nullptr && finite(v);
 }
 
-double length(const double v[3])
+bool is_near_enough(const double pos[3])
 {
-    return std::sqrt(dot3(v, v));
+    return dot3(pos, pos) <= kFarthestSatellite * kFarthestSatellite;
+}
+
+bool is_sun(const double sun[3])
+{
+    return is_finite3(sun) && dot3(sun, sun) >= kNearestSun * kNearestSun;
+}
+
+void hand_out(const Shadow &shadow, long *state, double *fraction, double *depth)
+{
+    *state = static_cast<long>(shadow.state);
+    *fraction = shadow.fraction;
+    *depth = shadow.depth;
 }
 
 bool is_margin(double margin)
@@ -86,10 +98,9 @@ long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3],
     const double raised = margin != nullptr ? *margin : 0.0;
     const EarthModel &earth = model_blocks(model_id).earth;
     const Ellipsoid ellipsoid = ellipsoid_of(earth);
-    if (!is_finite3(pos) || !(length(pos) <= kFarthestSatellite)
-        || (is_margin(raised) && is_inside(ellipsoid, pos, raised)))
+    if (pos == nullptr || !is_near_enough(pos) || (is_margin(raised) && is_inside(ellipsoid, pos, raised)))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
-    if (!is_finite3(sun) || !(length(sun) >= kNearestSun))
+    if (!is_sun(sun))
         return call.fails(KL_ECLIPSE_SUN_ERR);
     if (!is_margin(raised))
         return call.fails(KL_ECLIPSE_MARGIN_ERR);
@@ -97,10 +108,7 @@ long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3],
         return KL_ERR;
     if (!(earth.semi_major_axis > 0.0))
         return KL_ERR; // its selection was refused
-    const Shadow shadow = find_shadow(ellipsoid, pos, sun, raised);
-    *state = shadow.state;
-    *fraction = shadow.fraction;
-    *depth = shadow.depth;
+    hand_out(find_shadow(ellipsoid, pos, sun, raised), state, fraction, depth);
     return call.status();
 }
 
@@ -155,7 +163,7 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     if (refuses_instant(call, kInstant, ref, &days))
         return KL_ERR;
     const bool elsewhere = is_centred_elsewhere(*cs);
-    if (!is_finite3(pos) || !(elsewhere || length(pos) <= kFarthestSatellite))
+    if (!is_finite3(pos) || !(elsewhere || is_near_enough(pos)))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
     const double raised = margin != nullptr ? *margin : 0.0;
     if (!is_margin(raised))
@@ -176,7 +184,7 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     copy_three(pos, geocentric);
     if (elsewhere && !change_position(model_id, time_id, sky->instant.date, *cs, pos, KL_GM2000, geocentric))
         return call.fails(KL_ECLIPSE_TRANSFORMATION_ERR);
-    if (elsewhere && !(length(geocentric) <= kFarthestSatellite))
+    if (elsewhere && !is_near_enough(geocentric))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
     sky->to_true_of_date.turn(geocentric, satellite);
     double sun[3];
@@ -187,10 +195,7 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     const Ellipsoid ellipsoid = ellipsoid_of(earth);
     if (is_inside(ellipsoid, satellite, raised))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
-    const Shadow shadow = find_shadow(ellipsoid, satellite, sun, raised);
-    *state = shadow.state;
-    *fraction = shadow.fraction;
-    *depth = shadow.depth;
+    hand_out(find_shadow(ellipsoid, satellite, sun, raised), state, fraction, depth);
     const long warned = warning_of_call(time_id, sky->instant);
     if (warned != 0)
         call.warns(static_cast<int>(KL_ECLIPSE_FORMULA_WARN + warned - 1));

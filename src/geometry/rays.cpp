@@ -29,15 +29,21 @@ Foot<T> foot_of_any(const Ellipsoid &ellipsoid, const T &p, const T &q)
     return foot;
 }
 
+// What a point above the ellipsoid knows of its place.
+template <class T>
+struct PlaceOf {
+    T s, c, sl, cl; // of latitude and longitude
+    T height;       // m
+    T N, M;         // radii of curvature, m
+};
+
 template <class T>
 PlaceOf<T> place_at(const Ellipsoid &ellipsoid, const Ray &ray, const T &t)
 {
-    PlaceOf<T> out = {};
-    for (int i = 0; i < 3; ++i)
-        out.point[i] = ray.pos[i] + t * ray.dir[i];
-    const T x = out.point[0];
-    const T y = out.point[1];
-    const T z = out.point[2];
+    PlaceOf<T> out;
+    const T x = ray.pos[0] + t * ray.dir[0];
+    const T y = ray.pos[1] + t * ray.dir[1];
+    const T z = ray.pos[2] + t * ray.dir[2];
     const T p = sqrt(x * x + y * y);
     const Foot<T> foot = foot_of_any(ellipsoid, p, T(fabs(z)));
     const auto off_axis = p > 0.0;
@@ -112,23 +118,29 @@ bool make_ray(const double pos[3], const double dir[3], Ray *ray)
     return true;
 }
 
-long ray_meets_axes(double a, double k, const Ray &ray, double t[2])
+namespace {
+
+// `length` is that of the direction.
+long points_of(const Chord<double> &chord, double length, double t[2])
 {
-    const Chord<double> chord = chord_of(a, k, ray.pos, ray.dir);
-    t[0] = t[1] = kNone;
-    if (!(chord.square >= 0.0))
-        return 0;
-    const double half = std::sqrt(chord.square);
-    t[0] = chord.middle - half;
-    if (half == 0.0)
-        return 1;
-    t[1] = chord.middle + half;
-    return 2;
+    const double half = std::sqrt(chord.square) * length; // NaN where the ray passes by
+    const double middle = chord.middle * length;
+    t[0] = select(half >= 0.0, middle - half, kNone);
+    t[1] = select(half > 0.0, middle + half, kNone);
+    return (half >= 0.0) + (half > 0.0);
 }
 
-Place place_on(const Ellipsoid &ellipsoid, const Ray &ray, double t)
+} // namespace
+
+long line_meets_axes(double a, double k, const double pos[3], const double dir[3], double t[2])
 {
-    return place_at(ellipsoid, ray, t);
+    constexpr double kLarge = 0x1p800;
+    const double square = dot3(dir, dir);
+    // Neither not finite nor so large or small that squares leave the range: no need to ask each component.
+    if (square < kLarge && square > 1.0 / kLarge && dot3(pos, pos) < kLarge)
+        return points_of(chord_of(a, k, pos, dir), std::sqrt(square), t);
+    Ray ray;
+    return make_ray(pos, dir, &ray) ? points_of(chord_of(a, k, ray.pos, ray.dir), 1.0, t) : -1;
 }
 
 // A surface of constant height is no ellipsoid: the one with both axes so much longer is up to 0.21 m off at 150 km. It
@@ -139,13 +151,13 @@ long ray_meets_height(const Ellipsoid &ellipsoid, const Ray &ray, double height,
     const double a = ellipsoid.a + height;
     const double b = ellipsoid.b + height;
     double start[2];
-    if (ray_meets_axes(a, b / a, ray, start) == 0) { // a grazing ray may reach it all the same
-        Place lowest;
-        if (!lowest_point(ellipsoid, ray, &start[0], &lowest)) {
+    if (points_of(chord_of(a, b / a, ray.pos, ray.dir), 1.0, start) == 0) { // a grazing ray may reach it all the same
+        LowestPoint lowest;
+        if (!lowest_point(ellipsoid, ray, &lowest)) {
             t[0] = t[1] = kNone;
             return 0;
         }
-        start[1] = start[0];
+        start[0] = start[1] = lowest.t;
     } else if (std::isnan(start[1])) {
         start[1] = start[0];
     }
@@ -168,24 +180,46 @@ long ray_meets_height(const Ellipsoid &ellipsoid, const Ray &ray, double height,
     return 2;
 }
 
-bool lowest_point(const Ellipsoid &ellipsoid, const Ray &ray, double *t, Place *place)
+// At the lowest point the normal n stands at right angles to the ray u. With q = e2 N sin(latitude), V = (N + h) n is
+// the point moved by q along z, and so lies on the line w + q (z - u_z u), where w is the foot of the perpendicular
+// from the centre to the ray: q is all that is unknown. Newton on q = e2 N(sin(latitude of V)), which is nearly
+// constant; the last step is taken on V itself.
+bool lowest_point(const Ellipsoid &ellipsoid, const Ray &ray, LowestPoint *out)
 {
-    constexpr double kCore = 1e5;   // m: closer to the centre the height has no single lowest point
-    constexpr double kEnough = 0.5; // m along the ray: the next step would be of 1e-9 m
-    constexpr int kLimit = 20;      // four are the most seen
-    *t = chord_of(ellipsoid.a, ellipsoid.k, ray.pos, ray.dir).middle;
+    constexpr double kCore = 1e5;    // m: closer to the centre the height has no single lowest point
+    constexpr double kEnough = 0.01; // m: beyond 6000 km from the centre the next step would be of 1e-13 m
+    constexpr int kLimit = 40;       // two are usual
+    const double *u = ray.dir;
+    const double along = dot3(ray.pos, u);
+    const double w[3] = {ray.pos[0] - along * u[0], ray.pos[1] - along * u[1], ray.pos[2] - along * u[2]};
+    const double ww = dot3(w, w);
+    if (!(ww >= kCore * kCore && ww < HUGE_VAL))
+        return false;
+    const double side[3] = {-u[2] * u[0], -u[2] * u[1], u[0] * u[0] + u[1] * u[1]}; // z - u_z u
+    const double start = w[2] / std::sqrt(ww);
+    double q = ellipsoid.E * start * (1.0 + 0.5 * ellipsoid.e2 * start * start);
     for (int step = 0; step < kLimit; ++step) {
-        *place = place_on(ellipsoid, ray, *t);
-        if (!(dot3(place->point, place->point) >= kCore * kCore))
-            return false;
-        const Slope slope = slope_at(*place, ray.dir);
-        if (slope.dd == 0.0)
-            return false; // from so far away the ray has no bend
-        const double by = slope.d / slope.dd;
-        *t -= by;
-        if (std::fabs(by) < kEnough)
+        double V[3] = {w[0] + q * side[0], w[1] + q * side[1], w[2] + q * side[2]};
+        const double length = std::sqrt(dot3(V, V));
+        const double s = V[2] / length;
+        const double per_root = 1.0 / std::sqrt(1.0 - ellipsoid.e2 * s * s);
+        const double missing = ellipsoid.E * s * per_root - q;
+        const double slope = ellipsoid.E * (per_root * per_root * per_root) * (side[2] - s * s) / length;
+        const double by = missing / (1.0 - slope);
+        q += by;
+        if (!(std::fabs(by) >= kEnough) || step == kLimit - 1) {
+            for (int i = 0; i < 3; ++i)
+                V[i] += by * side[i];
+            out->height = (length - ellipsoid.a * per_root) + s * missing;
+            out->north[0] = V[2];
+            out->north[1] = std::sqrt(V[0] * V[0] + V[1] * V[1]);
+            out->east[0] = V[1];
+            out->east[1] = V[0];
             break;
+        }
     }
-    *place = place_on(ellipsoid, ray, *t);
-    return dot3(place->point, place->point) >= kCore * kCore;
+    out->t = 0.0 - along - q * u[2];
+    for (int i = 0; i < 3; ++i)
+        out->point[i] = ray.pos[i] + out->t * u[i];
+    return true;
 }

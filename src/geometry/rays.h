@@ -20,10 +20,10 @@ struct Ray {
 bool make_ray(const double pos[3], const double dir[3], Ray *ray);
 
 // The quadratic in the space stretched by a/b along z, where the ellipsoid is a sphere of radius a. At the middle of
-// the chord, m, nothing cancels: m stands at right angles to the ray.
+// the chord, m, nothing cancels: m stands at right angles to the ray. In units of the direction's length.
 template <class T>
 struct Chord {
-    T middle; // m along the ray
+    T middle; // along the ray
     T square; // of half its length; negative where the ray passes by
 };
 
@@ -33,30 +33,29 @@ Chord<T> chord_of(double a, double k, const T pos[3], const T dir[3])
     const double stretch = 1.0 / k;
     const T pz = pos[2] * stretch;
     const T wz = dir[2] * stretch;
-    const T A = dir[0] * dir[0] + dir[1] * dir[1] + wz * wz;
-    const T middle = -(pos[0] * dir[0] + pos[1] * dir[1] + pz * wz) / A;
+    const T per_A = 1.0 / (dir[0] * dir[0] + dir[1] * dir[1] + wz * wz);
+    const T middle = -(pos[0] * dir[0] + pos[1] * dir[1] + pz * wz) * per_A;
     const T mx = pos[0] + middle * dir[0];
     const T my = pos[1] + middle * dir[1];
     const T mz = pz + middle * wz;
-    return {middle, (a * a - (mx * mx + my * my + mz * mz)) / A};
+    return {middle, (a * a - (mx * mx + my * my + mz * mz)) * per_A};
 }
 
 // The number of points, 0 to 2, and where: ascending. t beyond the number is NaN.
-long ray_meets_axes(double a, double k, const Ray &ray, double t[2]);
 long ray_meets_height(const Ellipsoid &ellipsoid, const Ray &ray, double height, double t[2]);
 
-// What a point above the ellipsoid knows of its place.
-template <class T>
-struct PlaceOf {
-    T point[3];
-    T s, c, sl, cl; // of latitude and longitude
-    T height;       // m
-    T N, M;         // radii of curvature, m
-};
-using Place = PlaceOf<double>;
-Place place_on(const Ellipsoid &ellipsoid, const Ray &ray, double t);
+// The same for the ellipsoid with semi-axes a and k a, from what a caller gives; -1 where make_ray is false.
+long line_meets_axes(double a, double k, const double pos[3], const double dir[3], double t[2]);
 
-// The lowest point. False for lines that come within 100 km of the centre of the Earth.
-bool lowest_point(const Ellipsoid &ellipsoid, const Ray &ray, double *t, Place *place);
+// The lowest point of a ray.
+struct LowestPoint {
+    double t; // m along the ray
+    double point[3];
+    double north[2], east[2]; // latitude and longitude as sides of a right angle: across, along
+    double height;            // m
+};
+
+// False for lines that come within 100 km of the centre of the Earth.
+bool lowest_point(const Ellipsoid &ellipsoid, const Ray &ray, LowestPoint *out);
 
 #endif

@@ -64,24 +64,24 @@ double product_error(double a, double b, double product)
     return ((ah * bh - product) + ah * bl + al * bh) + al * bl;
 }
 
-Roots roots_of_quadratic(double c, double b, double a)
+// Their number.
+int roots_of_quadratic(double c, double b, double a, double roots[2])
 {
-    Roots out;
     const double square = b * b;
     const double product = 4.0 * a * c;
     const double disc = (square - product) + (product_error(b, b, square) - product_error(4.0 * a, c, product));
     if (disc < 0.0)
-        return out;
+        return 0;
     if (disc == 0.0) {
-        out.add(-0.5 * b / a);
-        return out;
+        roots[0] = -0.5 * b / a + 0.0;
+        return 1;
     }
     const double q = -0.5 * (b + std::copysign(std::sqrt(disc), b));
-    const double one = q / a;
-    const double other = c / q;
-    out.add(std::min(one, other));
-    out.add(std::max(one, other));
-    return out;
+    const double one = q / a + 0.0;
+    const double other = c / q + 0.0;
+    roots[0] = std::min(one, other);
+    roots[1] = std::max(one, other);
+    return 2;
 }
 
 // ---- a root in a piece ----
@@ -258,8 +258,10 @@ Roots roots_of(const Polynomial &f, Search search)
         out.add(-f.c[0] / f.c[1]);
         return out;
     }
-    if (f.order == 2)
-        return roots_of_quadratic(f.c[0], f.c[1], f.c[2]);
+    if (f.order == 2) {
+        out.n = roots_of_quadratic(f.c[0], f.c[1], f.c[2], out.x);
+        return out;
+    }
 
     Polynomial derivative = {f.order - 1, {}};
     for (int i = 1; i <= f.order; ++i)
@@ -354,18 +356,8 @@ bool lie_far_apart(const Polynomial &f)
            && (f.c[0] == 0.0 || 2 * exponent_of(f.c[1]) - exponent_of(f.c[0]) - exponent_of(f.c[2]) > kBits);
 }
 
-} // namespace
-
-long real_roots(long order, const double *c, double roots[4])
+long roots_of_any(long order, const double *c, double roots[4])
 {
-    if (order < 1 || order > kLargestOrder)
-        return -1;
-    if (order == 2 && is_tame(c[0]) && is_tame(c[1]) && is_tame(c[2])) { // what most quadratics are
-        const Roots found = roots_of_quadratic(c[0], c[1], c[2]);
-        for (int i = 0; i < found.n; ++i)
-            roots[i] = found.x[i];
-        return found.n;
-    }
     Polynomial f = {0, {}};
     for (int i = 0; i <= static_cast<int>(order); ++i) {
         if (!std::isfinite(c[i]))
@@ -390,4 +382,13 @@ long real_roots(long order, const double *c, double roots[4])
     for (int i = 0; i < found.n; ++i)
         roots[i] = exponent == 0 ? found.x[i] : std::ldexp(found.x[i], exponent);
     return found.n;
+}
+
+} // namespace
+
+long real_roots(long order, const double *c, double roots[4])
+{
+    if (order == 2 && is_tame(c[0]) && is_tame(c[1]) && is_tame(c[2])) // what most quadratics are
+        return roots_of_quadratic(c[0], c[1], c[2], roots);
+    return order < 1 || order > kLargestOrder ? -1 : roots_of_any(order, c, roots);
 }

@@ -123,7 +123,7 @@ inline void sin_cos_small(const T &angle, T &sine, T &cosine)
 
 // From the frame of rank `from` to that of a higher rank `to`. The turns about the pole of date (-s, era, s') are one.
 template <int order, class T>
-inline JetMatrix<T> upward_matrix(int from, int to, const EarthAngles<T> &e)
+[[gnu::always_inline]] inline JetMatrix<T> upward_matrix(int from, int to, const EarthAngles<T> &e)
 {
     const bool through_pole = from <= kRankGcrs && to >= kRankCirs;
     const bool through_rotation = from <= kRankCirs && to >= kRankTirs;
@@ -159,16 +159,17 @@ inline JetMatrix<T> upward_matrix(int from, int to, const EarthAngles<T> &e)
 }
 
 template <int order, class T>
-inline JetMatrix<T> frame_matrix(int from, int to, const EarthAngles<T> &e)
+[[gnu::always_inline]] inline JetMatrix<T> frame_matrix(int from, int to, const EarthAngles<T> &e)
 {
-    if (from <= to)
-        return upward_matrix<order>(from, to, e);
-    JetMatrix<T> a = upward_matrix<order>(to, from, e);
-    transpose(a.m);
-    if (order >= 1)
-        transpose(a.rate);
-    if (order >= 2)
-        transpose(a.acceleration);
+    const bool back = from > to;
+    JetMatrix<T> a = upward_matrix<order>(back ? to : from, back ? from : to, e);
+    if (back) {
+        transpose(a.m);
+        if (order >= 1)
+            transpose(a.rate);
+        if (order >= 2)
+            transpose(a.acceleration);
+    }
     return a;
 }
 

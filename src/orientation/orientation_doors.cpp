@@ -19,10 +19,16 @@ double (*one(double *v))[3]
     return reinterpret_cast<double(*)[3]>(v);
 }
 
-void copy_nine(const double (&from)[1][9], bool wanted, double *to)
+// A matrix as the first of an array of them.
+double (*one_matrix(double *m))[9]
+{
+    return reinterpret_cast<double(*)[9]>(m);
+}
+
+void clear_nine(double *m)
 {
     for (int i = 0; i < 9; ++i)
-        to[i] = wanted ? from[0][i] : 0.0;
+        m[i] = 0.0;
 }
 
 } // namespace
@@ -63,13 +69,12 @@ long iers_matrix_of_one(kl_time_id *time_id, const long *corrections, const long
         || dr == nullptr || ddr == nullptr || !prepared(request, time, order_of(*calc_mode), &instant))
         return KL_ERR;
     const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
-    double m[1][9];
-    double rate[1][9];
-    double acceleration[1][9];
-    orientation_matrices_kernel()(&instant, 1, path, order_of(*calc_mode), m, rate, acceleration);
-    copy_nine(m, true, r);
-    copy_nine(rate, *calc_mode >= KL_CALC_POS_VEL, dr);
-    copy_nine(acceleration, *calc_mode == KL_CALC_POS_VEL_ACC, ddr);
+    const int order = order_of(*calc_mode);
+    if (order < 1)
+        clear_nine(dr);
+    if (order < 2)
+        clear_nine(ddr);
+    orientation_matrices_kernel()(&instant, 1, path, order, one_matrix(r), one_matrix(dr), one_matrix(ddr));
     return status_of(path, instant.eop.notes);
 }
 

@@ -64,8 +64,9 @@ struct Angles {
     T tai_ut1;
 };
 
+// Inlined, with what uses its result: derivatives beyond the order are then not computed.
 template <int order, class T>
-Angles<T> angles_of(const OrientationInstant *in, int from, int to, long corrections)
+[[gnu::always_inline]] inline Angles<T> angles_of(const OrientationInstant *in, int from, int to, long corrections)
 {
     Angles<T> out{};
     EarthAngles<T> &e = out.turned;

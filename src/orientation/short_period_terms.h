@@ -142,17 +142,19 @@ inline void weighted_sums(const TideAmplitudes &amplitudes, const T (&sine)[kTid
             return load<Side>(from);
     };
     constexpr int n = 3 * (order + 1);
+    constexpr int values_and_rates = order >= 1 ? 6 : 3;
     Side sum[n][sides] = {};
     for (int i = 0; i < kTideRows; i += kTideLanes)
         for (int side = 0; side < sides; ++side) {
             const int row = i + side * width;
             const Side s = row_of(sine + row);
             const Side c = row_of(cosine + row);
-            for (int q = 0; q < n && q < 6; ++q) {
+            for (int q = 0; q < values_and_rates; ++q) {
                 const Side term = row_of(amplitudes.of[q][0] + row) * s + row_of(amplitudes.of[q][1] + row) * c;
                 sum[q][side] = sum[q][side] + term;
-                if (order >= 2 && q < 3)
-                    sum[n - 3 + q][side] = sum[n - 3 + q][side] + row_of(amplitudes.minus_square + row) * term;
+                if constexpr (order >= 2)
+                    if (q < 3)
+                        sum[6 + q][side] = sum[6 + q][side] + row_of(amplitudes.minus_square + row) * term;
             }
         }
     for (int q = 0; q < n; ++q) {
