@@ -113,11 +113,12 @@ public:
         return KL_ERR;
     }
 
-    template <class One, class Fail, class Block>
+    template <long Length = kBlock, class One, class Fail, class Block>
     long each(One one, Fail fail, Block block)
     {
-        for (long first = 0; first < n_; first += kBlock) {
-            const long count = n_ - first < kBlock ? n_ - first : kBlock;
+        static_assert(Length <= kBlock);
+        for (long first = 0; first < n_; first += Length) {
+            const long count = n_ - first < Length ? n_ - first : Length;
             LeftOver left;
             const bool by_kernels = !is_verbose() && block(first, count, left);
             if (by_kernels && status_ != nullptr)

@@ -15,8 +15,11 @@ long kl_sun_run(const long *run_id, const long *time_ref, const double *time, do
 long kl_sun_run_n(const long *run_id, const long *n, const long *time_ref, const double *time, double sun_pos[][3],
                   double sun_vel[][3], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_sun_n(model_id, time_id, n, time_ref, time, sun_pos, sun_vel, status, ierr);
+    }, [=](long i) {
+        fill_failed(sun_pos, i);
+        fill_failed(sun_vel, i);
     });
 }
 
@@ -31,8 +34,11 @@ long kl_moon_run(const long *run_id, const long *time_ref, const double *time, d
 long kl_moon_run_n(const long *run_id, const long *n, const long *time_ref, const double *time, double moon_pos[][3],
                    double moon_vel[][3], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_moon_n(model_id, time_id, n, time_ref, time, moon_pos, moon_vel, status, ierr);
+    }, [=](long i) {
+        fill_failed(moon_pos, i);
+        fill_failed(moon_vel, i);
     });
 }
 
@@ -47,8 +53,11 @@ long kl_planet_run(const long *run_id, const long *planet_id, const long *time_r
 long kl_planet_run_n(const long *run_id, const long *n, const long *planet_id, const long *time_ref, const double *time,
                      double planet_pos[][3], double planet_vel[][3], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_planet_n(model_id, time_id, n, planet_id, time_ref, time, planet_pos, planet_vel, status, ierr);
+    }, [=](long i) {
+        fill_failed(planet_pos, i);
+        fill_failed(planet_vel, i);
     });
 }
 
@@ -91,8 +100,11 @@ long kl_geod_to_cart_run(const long *run_id, const long *calc_mode, const kl_geo
 long kl_geod_to_cart_run_n(const long *run_id, const long *n, const long *calc_mode, const kl_geodetic *in,
                            double pos[][3], double vel[][3], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_geod_to_cart_n(model_id, n, calc_mode, in, pos, vel, status, ierr);
+    }, [=](long i) {
+        fill_failed(pos, i);
+        fill_failed(vel, i);
     });
 }
 
@@ -107,8 +119,10 @@ long kl_cart_to_geod_run(const long *run_id, const long *calc_mode, const double
 long kl_cart_to_geod_run_n(const long *run_id, const long *n, const long *calc_mode, const double pos[][3],
                            const double vel[][3], kl_geodetic *out, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_cart_to_geod_n(model_id, n, calc_mode, pos, vel, out, status, ierr);
+    }, [=](long i) {
+        fill_failed(out, i);
     });
 }
 
@@ -123,8 +137,11 @@ long kl_kepl_to_cart_run(const long *run_id, const long *kind, const kl_kepler *
 long kl_kepl_to_cart_run_n(const long *run_id, const long *n, const long *kind, const kl_kepler *in, double pos[][3],
                            double vel[][3], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_kepl_to_cart_n(model_id, n, kind, in, pos, vel, status, ierr);
+    }, [=](long i) {
+        fill_failed(pos, i);
+        fill_failed(vel, i);
     });
 }
 
@@ -139,8 +156,10 @@ long kl_cart_to_kepl_run(const long *run_id, const long *kind, const double pos[
 long kl_cart_to_kepl_run_n(const long *run_id, const long *n, const long *kind, const double pos[][3],
                            const double vel[][3], kl_kepler *out, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_cart_to_kepl_n(model_id, n, kind, pos, vel, out, status, ierr);
+    }, [=](long i) {
+        fill_failed(out, i);
     });
 }
 
@@ -156,8 +175,12 @@ long kl_geod_distance_run_n(const long *run_id, const long *n, const double *lat
                             const double *lat2, const double *lon2, double *distance, double *azimuth1,
                             double *azimuth2, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_geod_distance_n(model_id, n, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2, status, ierr);
+    }, [=](long i) {
+        fill_failed(distance, i);
+        fill_failed(azimuth1, i);
+        fill_failed(azimuth2, i);
     });
 }
 
@@ -174,9 +197,11 @@ long kl_position_on_orbit_run_n(const long *run_id, const long *n, const long *c
                                 const long *time_ref, const double *time, const double pos[][3], const double vel[][3],
                                 const double acc[][3], kl_orbit_angle *out, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_position_on_orbit_n(model_id, time_id, n, calc_mode, cs, time_ref, time, pos, vel, acc, out, status,
                                       ierr);
+    }, [=](long i) {
+        fill_failed(out, i);
     });
 }
 
@@ -191,8 +216,10 @@ long kl_cart_to_radec_run(const long *run_id, const long *calc_mode, const doubl
 long kl_cart_to_radec_run_n(const long *run_id, const long *n, const long *calc_mode, const double pos[][3],
                             const double vel[][3], kl_radec *out, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_cart_to_radec_n(model_id, n, calc_mode, pos, vel, out, status, ierr);
+    }, [=](long i) {
+        fill_failed(out, i);
     });
 }
 
@@ -207,8 +234,11 @@ long kl_radec_to_cart_run(const long *run_id, const long *calc_mode, const kl_ra
 long kl_radec_to_cart_run_n(const long *run_id, const long *n, const long *calc_mode, const kl_radec *in,
                             double pos[][3], double vel[][3], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_radec_to_cart_n(model_id, n, calc_mode, in, pos, vel, status, ierr);
+    }, [=](long i) {
+        fill_failed(pos, i);
+        fill_failed(vel, i);
     });
 }
 
@@ -224,8 +254,10 @@ long kl_ef_to_topocentric_run_n(const long *run_id, const long *n, const long *c
                                 const double pos[][3], const double vel[][3], kl_topocentric *out, long *status,
                                 long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_ef_to_topocentric_n(model_id, n, calc_mode, origin, pos, vel, out, status, ierr);
+    }, [=](long i) {
+        fill_failed(out, i);
     });
 }
 
@@ -240,8 +272,11 @@ long kl_topocentric_to_ef_run(const long *run_id, const long *calc_mode, const k
 long kl_topocentric_to_ef_run_n(const long *run_id, const long *n, const long *calc_mode, const kl_geodetic *origin,
                                 const kl_topocentric *in, double pos[][3], double vel[][3], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_topocentric_to_ef_n(model_id, n, calc_mode, origin, in, pos, vel, status, ierr);
+    }, [=](long i) {
+        fill_failed(pos, i);
+        fill_failed(vel, i);
     });
 }
 
@@ -255,8 +290,10 @@ long kl_mean_motion_run(const long *run_id, const kl_kepler *mean, const double 
 long kl_mean_motion_run_n(const long *run_id, const long *n, const kl_kepler *mean, const double *duration,
                           kl_kepler *out, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_mean_motion_n(model_id, n, mean, duration, out, status, ierr);
+    }, [=](long i) {
+        fill_failed(out, i);
     });
 }
 
@@ -274,9 +311,11 @@ long kl_time_processing_to_processing_run_n(const long *run_id, const long *n, c
                                             const long *time_ref_in, const double *time_in, const long *proc_id_out,
                                             const long *time_ref_out, double *time_out, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_processing_to_processing_n(time_id, n, proc_id_in, time_ref_in, time_in, proc_id_out,
                                                   time_ref_out, time_out, status, ierr);
+    }, [=](long i) {
+        fill_failed(time_out, i);
     });
 }
 
@@ -295,9 +334,11 @@ long kl_time_ascii_to_ascii_run_n(const long *run_id, const long *n, const long 
                                   const long *time_ref_out, const long *ascii_out_width, char *ascii_out, long *status,
                                   long ierr[2])
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_ascii_to_ascii_n(time_id, n, ascii_id_in, time_ref_in, ascii_in_width, ascii_in, ascii_id_out,
                                         time_ref_out, ascii_out_width, ascii_out, status, ierr);
+    }, [=](long i) {
+        fill_failed_text(ascii_out, ascii_out_width, i);
     });
 }
 
@@ -316,9 +357,11 @@ long kl_time_ascii_to_processing_run_n(const long *run_id, const long *n, const 
                                        const long *proc_id_out, const long *time_ref_out, double *time_out,
                                        long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_ascii_to_processing_n(time_id, n, ascii_id_in, time_ref_in, width, ascii_in, proc_id_out,
                                              time_ref_out, time_out, status, ierr);
+    }, [=](long i) {
+        fill_failed(time_out, i);
     });
 }
 
@@ -334,9 +377,11 @@ long kl_time_text_to_processing_run_n(const long *run_id, const long *n, const l
                                       const long *time_ref_default, const long *proc_id_out, const long *time_ref_out,
                                       double *time_out, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_text_to_processing_n(time_id, n, width, text, time_ref_default, proc_id_out, time_ref_out,
                                             time_out, status, ierr);
+    }, [=](long i) {
+        fill_failed(time_out, i);
     });
 }
 
@@ -355,9 +400,11 @@ long kl_time_ascii_to_transport_run_n(const long *run_id, const long *n, const l
                                       const long *trans_id_out, const long *time_ref_out, long transport_out[][4],
                                       long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_ascii_to_transport_n(time_id, n, ascii_id_in, time_ref_in, width, ascii_in, trans_id_out,
                                             time_ref_out, transport_out, status, ierr);
+    }, [=](long i) {
+        fill_failed(transport_out, i);
     });
 }
 
@@ -376,9 +423,11 @@ long kl_time_processing_to_ascii_run_n(const long *run_id, const long *n, const 
                                        const long *time_ref_out, const long *width, char *ascii_out, long *status,
                                        long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_processing_to_ascii_n(time_id, n, proc_id_in, time_ref_in, time_in, ascii_id_out, time_ref_out,
                                              width, ascii_out, status, ierr);
+    }, [=](long i) {
+        fill_failed_text(ascii_out, width, i);
     });
 }
 
@@ -396,9 +445,11 @@ long kl_time_processing_to_transport_run_n(const long *run_id, const long *n, co
                                            const long *time_ref_in, const double *time_in, const long *trans_id_out,
                                            const long *time_ref_out, long transport_out[][4], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_processing_to_transport_n(time_id, n, proc_id_in, time_ref_in, time_in, trans_id_out,
                                                  time_ref_out, transport_out, status, ierr);
+    }, [=](long i) {
+        fill_failed(transport_out, i);
     });
 }
 
@@ -417,9 +468,11 @@ long kl_time_transport_to_ascii_run_n(const long *run_id, const long *n, const l
                                       const long *time_ref_out, const long *width, char *ascii_out, long *status,
                                       long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_transport_to_ascii_n(time_id, n, trans_id_in, time_ref_in, transport_in, ascii_id_out,
                                             time_ref_out, width, ascii_out, status, ierr);
+    }, [=](long i) {
+        fill_failed_text(ascii_out, width, i);
     });
 }
 
@@ -438,9 +491,11 @@ long kl_time_transport_to_processing_run_n(const long *run_id, const long *n, co
                                            const long *proc_id_out, const long *time_ref_out, double *time_out,
                                            long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_transport_to_processing_n(time_id, n, trans_id_in, time_ref_in, transport_in, proc_id_out,
                                                  time_ref_out, time_out, status, ierr);
+    }, [=](long i) {
+        fill_failed(time_out, i);
     });
 }
 
@@ -459,9 +514,11 @@ long kl_time_transport_to_transport_run_n(const long *run_id, const long *n, con
                                           const long *trans_id_out, const long *time_ref_out, long transport_out[][4],
                                           long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_transport_to_transport_n(time_id, n, trans_id_in, time_ref_in, transport_in, trans_id_out,
                                                 time_ref_out, transport_out, status, ierr);
+    }, [=](long i) {
+        fill_failed(transport_out, i);
     });
 }
 
@@ -480,9 +537,13 @@ long kl_change_cart_cs_run_n(const long *run_id, const long *n, const long *calc
                              const double vel[][3], const double acc[][3], double pos_out[][3], double vel_out[][3],
                              double acc_out[][3], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_change_cart_cs_n(model_id, time_id, n, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc,
                                    pos_out, vel_out, acc_out, status, ierr);
+    }, [=](long i) {
+        fill_failed(pos_out, i);
+        fill_failed(vel_out, i);
+        fill_failed(acc_out, i);
     });
 }
 
@@ -497,8 +558,11 @@ long kl_ray_ellipsoid_run(const long *run_id, const double pos[3], const double 
 long kl_ray_ellipsoid_run_n(const long *run_id, const long *n, const double pos[][3], const double dir[][3],
                             const double *margin, double t[][2], long *n_points, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_ray_ellipsoid_n(model_id, n, pos, dir, margin, t, n_points, status, ierr);
+    }, [=](long i) {
+        fill_failed(t, i);
+        fill_failed(n_points, i);
     });
 }
 
@@ -513,8 +577,11 @@ long kl_ray_height_run(const long *run_id, const double pos[3], const double dir
 long kl_ray_height_run_n(const long *run_id, const long *n, const double pos[][3], const double dir[][3],
                          const double *height, double t[][2], long *n_points, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_ray_height_n(model_id, n, pos, dir, height, t, n_points, status, ierr);
+    }, [=](long i) {
+        fill_failed(t, i);
+        fill_failed(n_points, i);
     });
 }
 
@@ -529,8 +596,13 @@ long kl_ray_tangent_run(const long *run_id, const double pos[3], const double di
 long kl_ray_tangent_run_n(const long *run_id, const long *n, const double pos[][3], const double dir[][3], double *t,
                           double point[][3], kl_geodetic *geodetic, long *meets_earth, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_ray_tangent_n(model_id, n, pos, dir, t, point, geodetic, meets_earth, status, ierr);
+    }, [=](long i) {
+        fill_failed(t, i);
+        fill_failed(point, i);
+        fill_failed(geodetic, i);
+        fill_failed(meets_earth, i);
     });
 }
 
@@ -547,9 +619,13 @@ long kl_eclipse_run_n(const long *run_id, const long *n, const long *light_time,
                       const double *time, const double pos[][3], const double *margin, long *state, double *fraction,
                       double *depth, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_eclipse_n(model_id, time_id, n, light_time, cs, time_ref, time, pos, margin, state, fraction, depth,
                             status, ierr);
+    }, [=](long i) {
+        fill_failed(state, i);
+        fill_failed(fraction, i);
+        fill_failed(depth, i);
     });
 }
 
@@ -564,8 +640,10 @@ long kl_earth_orientation_get_run(const long *run_id, const long *corrections, c
 long kl_earth_orientation_get_run_n(const long *run_id, const long *n, const long *corrections, const long *time_ref,
                                     const double *time, kl_earth_orientation *out, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_earth_orientation_get_n(time_id, n, corrections, time_ref, time, out, status, ierr);
+    }, [=](long i) {
+        fill_failed(out, i);
     });
 }
 
@@ -582,9 +660,13 @@ long kl_iers_matrix_run_n(const long *run_id, const long *n, const long *correct
                           const long *cs_out, const long *time_ref, const double *time, const long *calc_mode,
                           double r[][9], double dr[][9], double ddr[][9], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_iers_matrix_n(time_id, n, corrections, cs_in, cs_out, time_ref, time, calc_mode, r, dr, ddr, status,
                                 ierr);
+    }, [=](long i) {
+        fill_failed(r, i);
+        fill_failed(dr, i);
+        fill_failed(ddr, i);
     });
 }
 
@@ -604,9 +686,13 @@ long kl_iers_change_run_n(const long *run_id, const long *n, const long *correct
                           const double pos[][3], const double vel[][3], const double acc[][3], double pos_out[][3],
                           double vel_out[][3], double acc_out[][3], long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_iers_change_n(time_id, n, corrections, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc,
                                 pos_out, vel_out, acc_out, status, ierr);
+    }, [=](long i) {
+        fill_failed(pos_out, i);
+        fill_failed(vel_out, i);
+        fill_failed(acc_out, i);
     });
 }
 
@@ -624,9 +710,11 @@ long kl_star_radec_run_n(const long *run_id, const long *n, const long *correcti
                          const long *time_ref, const double *time, const kl_star *star, const double observer_pos[][3],
                          const double observer_vel[][3], kl_radec *place, long *status, long *ierr)
 {
-    return with_run(run_id, [=](kl_model_id *model_id, kl_time_id *time_id) {
+    return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_star_radec_n(model_id, time_id, n, corrections, cs_out, time_ref, time, star, observer_pos,
                                observer_vel, place, status, ierr);
+    }, [=](long i) {
+        fill_failed(place, i);
     });
 }
 

@@ -2,6 +2,7 @@
 #ifndef KL_SRC_RUNS_WITH_RUN_H
 #define KL_SRC_RUNS_WITH_RUN_H
 
+#include "arrays/failed_elements.h"
 #include "kl_lib.h"
 #include "runs/runs.h"
 
@@ -14,6 +15,25 @@ long with_run(const long *run_id, Call call)
         return KL_ERR;
     kl_model_id model = {run->model};
     kl_time_id time = {run->time};
+    return call(&model, &time);
+}
+
+// The same of array forms: without the run every element fails and the vector is left as it was, as by the scalar twin;
+// a call without elements does not look at its ids.
+template <typename Call, typename Fail>
+long with_run_n(const long *run_id, const long *n, long *status, Call call, Fail fail)
+{
+    const RunRecord *run = initialised_run(run_id);
+    if (run == nullptr && n != nullptr && *n > 0) {
+        for (long i = 0; i < *n; ++i) {
+            fail(i);
+            if (status != nullptr)
+                status[i] = KL_ERR;
+        }
+        return KL_ERR;
+    }
+    kl_model_id model = {run != nullptr ? run->model : nullptr};
+    kl_time_id time = {run != nullptr ? run->time : nullptr};
     return call(&model, &time);
 }
 

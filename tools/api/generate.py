@@ -117,7 +117,7 @@ class Function:
             for i in range(len(own) - 1, at - 1, -1):  # texts have their width before them
                 a = [x for x in self.arguments if not (run and x in self.context)][i]
                 if a.role in ("each", "gives", "both") and a.base in ("char", "unsigned char"):
-                    own.insert(i, f"const long *{a.name}_width" if self.several_texts() else "const long *width")
+                    own.insert(i, f"const long *{self.width_of(a)}")
             own.insert(at, "const long *n")
             own.append("long *status")
         if self.vector:
@@ -126,6 +126,10 @@ class Function:
 
     def several_texts(self):
         return sum(a.base in ("char", "unsigned char") and a.role in ("each", "gives", "both") for a in self.arguments) > 1
+
+    def width_of(self, text):
+        """The parameter of the array form that says how far apart the texts are."""
+        return f"{text.name}_width" if self.several_texts() else "width"
 
     def forms(self):
         """Every exported function of the row, with its parameters."""
@@ -387,6 +391,13 @@ def definition(function, name, parameters):
     return wrapped(f"{function.opening}{name}(", parameters, ")") + "\n{\n"
 
 
+def failed(function, argument):
+    """Fills one element of a column of results as that of an element that failed."""
+    if argument.base == "char":
+        return f"fill_failed_text({argument.name}, {function.width_of(argument)}, i)"
+    return f"fill_failed({argument.name}, i)"
+
+
 def run_twins(table):
     out = generated(("//", ""), "The twins of public functions that take a run in place of their leading ids.")
     out += '#include "runs/with_run.h"\n\n// clang-format off\n'
@@ -402,8 +413,12 @@ def run_twins(table):
                 continue
             given = [a.name for a in f.context]
             handles = ", ".join(f"kl_{h} *{h if h in given else ''}".rstrip() for h in ("model_id", "time_id"))
-            out += f"    return with_run(run_id, [=]({handles}) {{\n"
-            out += wrapped(f"        return {f.name}{suffix}(", names, ");") + "\n    });\n}\n"
+            opening = "with_run_n(run_id, n, status" if array else "with_run(run_id"
+            out += f"    return {opening}, [=]({handles}) {{\n"
+            out += wrapped(f"        return {f.name}{suffix}(", names, ");") + "\n    }"
+            if array:
+                out += ", [=](long i) {\n" + "".join(f"        {failed(f, a)};\n" for a in f.arguments if a.role == "gives") + "    }"
+            out += ");\n}\n"
     return out
 
 
