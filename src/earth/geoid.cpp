@@ -431,7 +431,7 @@ long kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitud
     };
     PackedParallel parallel(widest_geoid_kernel(), *max_degree);
     double on = NAN; // the parallel that stands ready
-    return array.each(one, fail, [&](long first, long count, LeftOver &left) {
+    return array.each<kGeoidPoints>(one, fail, [&](long first, long count, LeftOver &left) {
         if (!built_in(earth))
             return false;
         // Points that need a new parallel, and all that count.

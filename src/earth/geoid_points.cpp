@@ -3,6 +3,9 @@
 #include "earth/egm96_layout.h"
 #include "numbers/pack.h"
 
+#include <type_traits>
+#include <utility>
+
 namespace KL_KERNELS {
 
 namespace {
@@ -11,10 +14,9 @@ namespace {
 constexpr double kNegligibleSectoral = 1e-130;
 
 // Degrees that are gone through for all points and orders of a block before the next ones: they stay in the first-level
-// cache.
+// cache. The first chunk has degree 0 besides: so all that follows an even order goes by pairs.
 constexpr int kChunk = 32;
 constexpr int kChunks = kEgm96Degree / kChunk + 1;
-constexpr int kGroup = 2 * kLanes; // two packs at once: the recursion waits for itself
 
 using Row = double[kGeoidPoints];
 
@@ -25,81 +27,122 @@ struct Orders {
     alignas(64) Row start[kEgm96Lanes]; // the sectoral functions
 };
 
-struct Pair {
-    Lanes a, b;
+// Plain vectors: compilers keep these in registers where they do not keep records of one.
+using Vector = Lanes::Vector;
+
+inline Vector vector_at(const double *from)
+{
+    return load<Lanes>(from).v;
+}
+inline Vector all_lanes(double x)
+{
+    return Lanes(x).v;
+}
+
+// Packs side by side. A recursion waits for itself, six cycles a degree: three keep the units busy, and what they carry
+// fills sixteen registers.
+template <int P>
+struct Packs {
+    Vector at[P];
 };
+template <int... K>
+struct Places {
+};
+template <int P>
+using PlacesOf = std::conditional_t<P == 2, Places<0, 1>, Places<0, 1, 2>>;
 
-Pair load_pair(const double *from)
+template <int... K>
+Packs<sizeof...(K)> load_packs(Places<K...>, const double *from)
 {
-    return {load<Lanes>(from), load<Lanes>(from + kLanes)};
+    return {{vector_at(from + K * kLanes)...}};
 }
-void store_pair(const Pair &x, double *to)
+template <int... K>
+void store_packs(Places<K...>, const Packs<sizeof...(K)> &x, double *to)
 {
-    store(x.a, to);
-    store(x.b, to + kLanes);
+    (store(Lanes(x.at[K]), to + K * kLanes), ...);
 }
 
-// Loads stay where they are written: the compiler would bring them forward and run out of registers, and what went to
-// memory is what the recursion waits for.
+// Loads stay where they are written: the compiler would bring them forward and run out of registers.
 #define KEEP_ORDER() __asm__ volatile("" ::: "memory")
 
-// One degree of one order: `older` becomes the function of this degree.
-__attribute__((always_inline)) inline void add_degree(const double *row, double g, const double *weight,
-                                                      const Pair &two_cos, const Pair &newer, Pair *older, Pair *cosine,
-                                                      Pair *sine)
+// Adds the terms of one degree, whose functions are `p`.
+template <int... K, class P>
+[[gnu::always_inline]] inline void add_terms(Places<K...>, const double *row, const double *weight, const P &p,
+                                             P &cosine, P &sine)
 {
-    const Lanes factor = g;
-    older->a = two_cos.a * newer.a - factor * older->a;
-    older->b = two_cos.b * newer.b - factor * older->b;
+    const Vector hc = all_lanes(row[0]), cc = all_lanes(row[2 * kEgm96Lanes]);
+    ((cosine.at[K] += p.at[K] * (hc * vector_at(weight + K * kLanes) + cc)), ...);
     KEEP_ORDER();
-    const Lanes hc = row[0], cc = row[2 * kEgm96Lanes];
-    cosine->a += older->a * (hc * load<Lanes>(weight) + cc);
-    cosine->b += older->b * (hc * load<Lanes>(weight + kLanes) + cc);
-    KEEP_ORDER();
-    const Lanes hs = row[kEgm96Lanes], cs = row[3 * kEgm96Lanes];
-    sine->a += older->a * (hs * load<Lanes>(weight) + cs);
-    sine->b += older->b * (hs * load<Lanes>(weight + kLanes) + cs);
+    const Vector hs = all_lanes(row[kEgm96Lanes]), cs = all_lanes(row[3 * kEgm96Lanes]);
+    ((sine.at[K] += p.at[K] * (hs * vector_at(weight + K * kLanes) + cs)), ...);
     KEEP_ORDER();
 }
 
-// The degrees from `n` up to `end` of order `m`, for a group of points. `rows` begins with degree n.
-void go_along(const double *rows, const double *g, const Row *weights, int m, int n, int end, const double *cos_theta,
-              long at, int lane, Orders *orders)
+// One degree of one order: `older` becomes the function of this degree.
+template <int... K, class P>
+[[gnu::always_inline]] inline void add_degree(Places<K...> places, const double *row, double g, const double *weight,
+                                              const double *two_cos, const P &newer, P &older, P &cosine, P &sine)
 {
-    const Pair cosine_of = load_pair(cos_theta + at);
-    const Pair two_cos = {2.0 * cosine_of.a, 2.0 * cosine_of.b};
-    Pair newer = load_pair(orders->newer[lane] + at);
-    Pair older = load_pair(orders->older[lane] + at);
-    Pair cosine = load_pair(orders->cosine[lane] + at);
-    Pair sine = load_pair(orders->sine[lane] + at);
-    if (n == m) {
-        const Pair start = load_pair(orders->start[lane] + at);
-        const Pair w = load_pair(weights[0] + at);
-        const Lanes hc = rows[0], hs = rows[kEgm96Lanes], cc = rows[2 * kEgm96Lanes], cs = rows[3 * kEgm96Lanes];
-        newer = start;
-        cosine.a += start.a * (hc * w.a + cc);
-        cosine.b += start.b * (hc * w.b + cc);
-        sine.a += start.a * (hs * w.a + cs);
-        sine.b += start.b * (hs * w.b + cs);
-        ++n;
-        rows += kEgm96RowLength;
+    const Vector factor = all_lanes(g);
+    ((older.at[K] = vector_at(two_cos + K * kLanes) * newer.at[K] - factor * older.at[K]), ...);
+    KEEP_ORDER();
+    add_terms(places, row, weight, older, cosine, sine);
+}
+
+// The degrees of one order in a chunk, for P packs of points.
+template <int P, bool Starts, bool Odd>
+void go_along(const double *row, const double *g, const double *weight, int n_pairs, const double *two_cos, int lane,
+              long at, Orders *orders)
+{
+    constexpr PlacesOf<P> places;
+    Packs<P> newer, older, cosine, sine;
+    if constexpr (Starts) {
+        newer = load_packs(places, orders->start[lane] + at);
+        older = cosine = sine = Packs<P>();
+        add_terms(places, row, weight, newer, cosine, sine);
+        row += kEgm96RowLength;
+        weight += kGeoidPoints;
         ++g;
-        ++weights;
+    } else {
+        newer = load_packs(places, orders->newer[lane] + at);
+        older = load_packs(places, orders->older[lane] + at);
+        cosine = load_packs(places, orders->cosine[lane] + at);
+        sine = load_packs(places, orders->sine[lane] + at);
     }
-    for (; n + 1 < end; n += 2, rows += 2 * kEgm96RowLength, g += 2, weights += 2) {
-        add_degree(rows, g[0], weights[0] + at, two_cos, newer, &older, &cosine, &sine);
-        add_degree(rows + kEgm96RowLength, g[1], weights[1] + at, two_cos, older, &newer, &cosine, &sine);
+    if constexpr (Odd) {
+        add_degree(places, row, *g, weight, two_cos, newer, older, cosine, sine);
+        std::swap(newer, older);
+        row += kEgm96RowLength;
+        weight += kGeoidPoints;
+        ++g;
     }
-    if (n < end) {
-        add_degree(rows, g[0], weights[0] + at, two_cos, newer, &older, &cosine, &sine);
-        const Pair keep = newer;
-        newer = older;
-        older = keep;
+    for (int i = 0; i < n_pairs; ++i) {
+        add_degree(places, row, g[0], weight, two_cos, newer, older, cosine, sine);
+        add_degree(places, row + kEgm96RowLength, g[1], weight + kGeoidPoints, two_cos, older, newer, cosine, sine);
+        row += 2 * kEgm96RowLength;
+        weight += 2 * kGeoidPoints;
+        g += 2;
     }
-    store_pair(newer, orders->newer[lane] + at);
-    store_pair(older, orders->older[lane] + at);
-    store_pair(cosine, orders->cosine[lane] + at);
-    store_pair(sine, orders->sine[lane] + at);
+    store_packs(places, newer, orders->newer[lane] + at);
+    store_packs(places, older, orders->older[lane] + at);
+    store_packs(places, cosine, orders->cosine[lane] + at);
+    store_packs(places, sine, orders->sine[lane] + at);
+}
+
+template <int P>
+void go_along(bool starts, int n_degrees, const double *row, const double *g, const double *weight,
+              const double *two_cos, int lane, long at, Orders *orders)
+{
+    const int behind = n_degrees - (starts ? 1 : 0);
+    const bool odd = behind % 2 != 0;
+    const auto go = starts ? (odd ? go_along<P, true, true> : go_along<P, true, false>)
+                           : (odd ? go_along<P, false, true> : go_along<P, false, false>);
+    go(row, g, weight + at, behind / 2, two_cos + at, lane, at, orders);
+}
+
+constexpr int first_degree_of(int chunk)
+{
+    return chunk == 0 ? 0 : chunk * kChunk + 1;
 }
 
 // The weights of a chunk, of all points, from those of its first degree; several packs at once, which do not wait for
@@ -113,7 +156,7 @@ void weights_of_chunk(int from, const GeoidPoints &points, long count, const Row
             ratio[j] = load<Lanes>(points.ratio + i + j * kLanes);
             w[j] = load<Lanes>(first + i + j * kLanes);
         }
-        for (int k = 0; k < kChunk; ++k)
+        for (int k = 0; k <= kChunk - (from > 0 ? 1 : 0); ++k)
             for (int j = 0; j < kPacks; ++j) {
                 if (k > 0 && from + k >= 2)
                     w[j] *= ratio[j];
@@ -131,7 +174,7 @@ void weights_of_chunks(const GeoidPoints &points, int degree, long count, Row *c
         store(w, chunk_weights[0] + i);
         for (int n = 2; n <= degree; ++n) {
             w *= ratio;
-            if (n % kChunk == 0)
+            if (n % kChunk == 1)
                 store(w, chunk_weights[n / kChunk] + i);
         }
     }
@@ -161,7 +204,7 @@ void start_blocks(const GeoidPoints &points, long count, Blocks *blocks)
     }
 }
 
-// The sectoral functions of a block's orders, and sums of nothing. False: they have become negligible for all points.
+// The sectoral functions of a block's orders. False: they have become negligible for all points.
 bool start_orders(const GeoidPoints &points, long count, double *sectoral, Orders *orders)
 {
     bool none = true;
@@ -174,9 +217,6 @@ bool start_orders(const GeoidPoints &points, long count, double *sectoral, Order
         for (int lane = 0; lane < kEgm96Lanes; ++lane) {
             store(p, orders->start[lane] + i);
             p *= sin_theta;
-            Row *const along[4] = {orders->newer, orders->older, orders->cosine, orders->sine};
-            for (Row *row : along)
-                store(Lanes(0.0), row[lane] + i);
         }
         store(p, sectoral + i);
     }
@@ -198,30 +238,40 @@ void set_recursion(int degree, Recursion *out)
 
 // The degrees from `from` up to `end` of the eight orders from `first` on. `rows` begin with degree `first`.
 void go_along_chunk(const double *rows, int first, int from, int end, const Recursion &recursion, const Row *weights,
-                    const double *cos_theta, long count, Orders *orders)
+                    const double *two_cos, long count, Orders *orders)
 {
     for (int lane = 0; lane < kEgm96Lanes && first + lane < end; ++lane) {
         const int m = first + lane;
         const int begin = m > from ? m : from;
-        // The rows behind this chunk's come while it is worked on, an eighth with each order.
+        // The rows behind this chunk's come nearer while it is worked on, an eighth with each order; not into the
+        // first-level cache, which is full.
         const double *behind = rows + (end - first) * kEgm96RowLength + lane * (kChunk / 8 * kEgm96RowLength);
         for (int k = 0; k < kChunk / 8 * kEgm96RowLength; k += 8)
-            __builtin_prefetch(behind + k);
-        double g[kChunk];
+            __builtin_prefetch(behind + k, 0, 2);
+        double g[kChunk + 1];
         for (int n = begin; n < end; ++n)
             g[n - begin] = (recursion.n1_squared[n] - 4.0 * m * m) * recursion.inverse[n];
-        for (long i = 0; i < count; i += kGroup)
-            go_along(rows + (begin - first) * kEgm96RowLength + lane, g, weights + (begin - from), m, begin, end,
-                     cos_theta, i, lane, orders);
+        const double *row = rows + (begin - first) * kEgm96RowLength + lane;
+        const double *weight = weights[begin - from];
+        for (long i = 0; i < count;) {
+            const long packs = (count - i) / kLanes;
+            if (packs == 2 || packs == 4) {
+                go_along<2>(begin == m, end - begin, row, g, weight, two_cos, lane, i, orders);
+                i += 2 * kLanes;
+            } else {
+                go_along<3>(begin == m, end - begin, row, g, weight, two_cos, lane, i, orders);
+                i += 3 * kLanes;
+            }
+        }
     }
 }
 
-// Adds what the orders of a block come to; cosines and sines go on by eight orders.
-void finish_block(const GeoidPoints &points, long count, const Orders &orders, Blocks *blocks)
+// Adds what the first `n_orders` of a block come to; cosines and sines go on by eight orders.
+void finish_block(const GeoidPoints &points, long count, int n_orders, const Orders &orders, Blocks *blocks)
 {
     for (long i = 0; i < count; i += kLanes) {
         const Lanes c8 = load<Lanes>(points.c8 + i), s8 = load<Lanes>(points.s8 + i);
-        for (int lane = 0; lane < kEgm96Lanes; ++lane) {
+        for (int lane = 0; lane < n_orders; ++lane) {
             const Lanes ci = load<Lanes>(blocks->c[lane] + i), si = load<Lanes>(blocks->s[lane] + i);
             const Lanes sum = load<Lanes>(blocks->total[lane] + i);
             store(sum + (load<Lanes>(orders.cosine[lane] + i) * ci + load<Lanes>(orders.sine[lane] + i) * si),
@@ -237,24 +287,30 @@ void finish_block(const GeoidPoints &points, long count, const Orders &orders, B
 void geoid_points(const double *packed, int degree, GeoidPoints *points, long count)
 {
     alignas(64) Row chunk_weights[kChunks];
-    alignas(64) Row weights[kChunk];
+    alignas(64) Row weights[kChunk + 1];
+    alignas(64) Row two_cos;
     Recursion recursion;
     Blocks blocks;
     Orders orders;
     weights_of_chunks(*points, degree, count, chunk_weights);
     set_recursion(degree, &recursion);
+    for (long i = 0; i < count; i += kLanes)
+        store(2.0 * load<Lanes>(points->cos_theta + i), two_cos + i);
     start_blocks(*points, count, &blocks);
     for (int block = 0; block < kEgm96Blocks && block * kEgm96Lanes <= degree; ++block) {
         if (!start_orders(*points, count, blocks.sectoral, &orders))
             break;
         const int first = block * kEgm96Lanes;
         const double *rows = packed + egm96_block_start(block); // of degree `first`
-        for (int from = first / kChunk * kChunk; from <= degree; from += kChunk) {
-            const int end = from + kChunk <= degree ? from + kChunk : degree + 1;
-            weights_of_chunk(from, *points, count, chunk_weights[from / kChunk], weights);
-            go_along_chunk(rows, first, from, end, recursion, weights, points->cos_theta, count, &orders);
+        for (int chunk = first > 0 ? (first - 1) / kChunk : 0; chunk < kChunks && first_degree_of(chunk) <= degree;
+             ++chunk) {
+            const int from = first_degree_of(chunk);
+            const int end = first_degree_of(chunk + 1) <= degree ? first_degree_of(chunk + 1) : degree + 1;
+            weights_of_chunk(from, *points, count, chunk_weights[chunk], weights);
+            go_along_chunk(rows, first, from, end, recursion, weights, two_cos, count, &orders);
         }
-        finish_block(*points, count, orders, &blocks);
+        const int n_orders = degree - first < kEgm96Lanes ? degree - first + 1 : kEgm96Lanes;
+        finish_block(*points, count, n_orders, orders, &blocks);
     }
     for (long i = 0; i < count; i += kLanes) {
         Lanes t[kEgm96Lanes];
