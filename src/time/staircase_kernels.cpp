@@ -39,6 +39,17 @@ void times_of_moments(const MomentBlock *moments, double *days, long count)
         store(days_of(load_moment(*moments, i)), days + i);
 }
 
+void change_moments_in_row(const RowOfBlock *row, long from, long to, MomentBlock *moments, double *good, long count)
+{
+    const RowValues<Lanes> values = {row->from,    row->from_end,    row->tai,     row->tai_end,
+                                     row->tai_ut1, row->tai_ut1_end, row->tai_utc, row->tai_gps};
+    for (long i = 0; i < count; i += kLanes) {
+        const InsideRow<Lanes> out = change_inside_row(values, from, to, load_moment(*moments, i));
+        store_moment(out.moment, moments, i);
+        store(one_where(out.good), good + i);
+    }
+}
+
 void change_moments(const RowBlock *rows, long from, long to, MomentBlock *moments, double *good, long count)
 {
     for (long i = 0; i < count; i += kLanes) {

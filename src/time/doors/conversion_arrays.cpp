@@ -37,6 +37,19 @@ public:
 
     [[nodiscard]] bool is_table() const { return is_table_; }
 
+    // The row, where all these days lie in it and no once-only warning can be due; null elsewhere.
+    const RowOfBlock *row_of_all(const double *days, long count)
+    {
+        if (!move_to(days[0]) || (is_table_ && !is_quiet_row()))
+            return nullptr;
+        int all = 1;
+        for (long k = 0; k < count; ++k)
+            all &= static_cast<int>(days[k] >= values_.from) & static_cast<int>(days[k] < values_.from_end);
+        row_ = {values_.from,    values_.from_end,    values_.tai,     values_.tai_end,
+                values_.tai_ut1, values_.tai_ut1_end, values_.tai_utc, values_.tai_gps};
+        return all != 0 ? &row_ : nullptr;
+    }
+
     // False where the leap second may matter, or outside of the table.
     bool move_to(double days)
     {
@@ -68,6 +81,13 @@ public:
 
 private:
     [[nodiscard]] const kl_time_row &row() const { return correlation_->rows[0]; }
+    [[nodiscard]] bool is_quiet_row() const
+    {
+        const QuietSpan &span = correlation_->quiet;
+        const bool spans_gap = values_.from <= span.gap_first && values_.from_end >= span.gap_last;
+        return is_quiet(span, values_.from) && is_quiet(span, values_.from_end)
+               && (!spans_gap || span.gap_first == span.gap_last);
+    }
     bool forget()
     {
         values_.from = values_.from_end = 0.0; // holds no instant
@@ -78,6 +98,7 @@ private:
     long ref_;
     bool is_table_ = false;
     RowValues<double> values_ = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
+    RowOfBlock row_ = {};
 };
 
 struct Block {
@@ -134,8 +155,6 @@ bool read_block(const Columns<ProcessingSide, Out> &columns, long first, long co
 // The rows of a block. False where a once-only warning may be due.
 bool find_rows(const TimeIdRecord *id, RowCarrier *carrier, long count, Block *block, LeftOver *left)
 {
-    if (carrier->is_table() && !all_inside(id->once_only[KL_FLAGS_CONVERSION]))
-        return false;
     for (long k = 0; k < count; ++k) {
         if (!left->has(k)) {
             if (carrier->is_table() && !is_quiet(id->correlation.quiet, block->days[k]))
@@ -148,12 +167,56 @@ bool find_rows(const TimeIdRecord *id, RowCarrier *carrier, long count, Block *b
     return true;
 }
 
-void pad_block(long count, Block *block)
+// The same where the scale stays: no row is needed.
+bool stays_quiet(const TimeIdRecord *id, const RowCarrier &carrier, long count, const Block &block,
+                 const LeftOver &left)
 {
-    for (double *column : {block->moments.days, block->moments.seconds, block->moments.microseconds, block->rows.from,
-                           block->rows.from_end, block->rows.tai, block->rows.tai_end, block->rows.tai_ut1,
-                           block->rows.tai_ut1_end, block->rows.tai_utc, block->rows.tai_gps})
+    int quiet = 1;
+    for (long k = 0; k < count && carrier.is_table(); ++k)
+        quiet &= static_cast<int>(is_quiet(id->correlation.quiet, block.days[k]) || left.has(k));
+    return quiet != 0;
+}
+
+void pad_moments(long count, Block *block)
+{
+    for (double *column : {block->moments.days, block->moments.seconds, block->moments.microseconds})
         pad(column, count);
+}
+void pad_rows(long count, Block *block)
+{
+    for (double *column : {block->rows.from, block->rows.from_end, block->rows.tai, block->rows.tai_end,
+                           block->rows.tai_ut1, block->rows.tai_ut1_end, block->rows.tai_utc, block->rows.tai_gps})
+        pad(column, count);
+}
+
+// Changes the moments of a block; those that the kernels cannot are left over. False where a once-only warning may be
+// due.
+bool change_block(const TimeIdRecord *id, RowCarrier *carrier, long from, long to, long count, Block *block,
+                  LeftOver *left)
+{
+    if (carrier->is_table() && !all_inside(id->once_only[KL_FLAGS_CONVERSION]))
+        return false;
+    pad_moments(count, block);
+    if (from == to) {
+        if (!stays_quiet(id, *carrier, count, *block, *left))
+            return false;
+        for (long k = 0; k < count; ++k)
+            block->good[k] = one_where(block->moments.seconds[k] < 86400.0);
+    } else if (const RowOfBlock *row = carrier->row_of_all(block->days, count)) {
+        change_moments_in_row_kernel()(row, from, to, &block->moments, block->good, padded(count));
+    } else {
+        if (!find_rows(id, carrier, count, block, left))
+            return false;
+        pad_rows(count, block);
+        change_moments_kernel()(&block->rows, from, to, &block->moments, block->good, padded(count));
+    }
+    int all_good = 1;
+    for (long k = 0; k < count; ++k)
+        all_good &= static_cast<int>(block->good[k] != 0.0);
+    for (long k = 0; k < count && all_good == 0; ++k)
+        if (block->good[k] == 0.0)
+            left->add(k);
+    return true;
 }
 
 // Writes the elements that are not left over.
@@ -174,9 +237,12 @@ template <typename In>
 void write_block(const Columns<In, ProcessingSide> &columns, long first, long count, Block *block, LeftOver *left)
 {
     times_of_moments_kernel()(&block->moments, block->days, padded(count));
-    for (long k = 0; k < count; ++k)
-        if (!left->has(k))
-            columns.written.times[first + k] = block->days[k];
+    if (!left->any())
+        std::copy(block->days, block->days + count, columns.written.times + first);
+    else
+        for (long k = 0; k < count; ++k)
+            if (!left->has(k))
+                columns.written.times[first + k] = block->days[k];
 }
 
 template <typename In, typename Out>
@@ -190,13 +256,8 @@ bool convert_block(const Columns<In, Out> &columns, RowCarrier *carrier, long fi
         return true;
     if (ref != columns.from.ref) // prefixes, while the carrier has the columns of another scale
         return false;
-    if (!find_rows(columns.id, carrier, count, &block, left))
+    if (!change_block(columns.id, carrier, ref, columns.to.ref, count, &block, left))
         return false;
-    pad_block(count, &block);
-    change_moments_kernel()(&block.rows, ref, columns.to.ref, &block.moments, block.good, padded(count));
-    for (long k = 0; k < count; ++k)
-        if (block.good[k] == 0.0)
-            left->add(k);
     write_block(columns, first, count, &block, left);
     return true;
 }

@@ -97,6 +97,7 @@ struct TextSide {
     struct Given {
         const char *text;
         std::size_t room; // characters that may be looked at
+        bool is_whole;    // all of them, whatever stands before them
     };
     struct Written {
         char *text;
@@ -106,7 +107,7 @@ struct TextSide {
         const char *texts;
         long width;
         bool is_missing() const { return texts == nullptr || width < 1; }
-        Given at(long i) const { return {texts + i * width, static_cast<std::size_t>(width)}; }
+        Given at(long i) const { return {texts + i * width, static_cast<std::size_t>(width), true}; }
     };
     struct WrittenColumn {
         char *texts;
@@ -119,7 +120,7 @@ struct TextSide {
                 std::memset(texts + i * width, 0, static_cast<std::size_t>(width));
         }
     };
-    static constexpr Given kNoneGiven = {nullptr, 0};
+    static constexpr Given kNoneGiven = {nullptr, 0, false};
     static bool is_missing(const Written &written) { return written.text == nullptr; }
 
     static Fault check_in(long format, long ref) { return check_text_input(format, ref); }
@@ -127,7 +128,7 @@ struct TextSide {
     static bool holds_leap_second(long) { return true; }
     static Fault read(const Correlation *correlation, long format, long ref, const Given &given, Reading *out)
     {
-        return read_text(correlation, format, ref, given.text, given.room, out);
+        return read_text(correlation, format, ref, given.text, given.room, given.is_whole, out);
     }
     static double about(const Given &, const Reading &reading) { return ::about(reading.moment); }
     static Fault write(long format, long ref, const Reading &reading, const Written &written)

@@ -34,23 +34,25 @@ long kl_time_ascii_to_processing(kl_time_id *time_id, const long *ascii_id_in, c
 {
     Activation call(KL_FN_TIME_ASCII_TO_PROCESSING, ierr);
     return convert<TextSide, ProcessingSide>(call, time_id, {ascii_id_in, time_ref_in},
-                                             {ascii_in, KL_TIME_ASCII_LENGTH}, {proc_id_out, time_ref_out}, time_out);
+                                             {ascii_in, KL_TIME_ASCII_LENGTH, false}, {proc_id_out, time_ref_out},
+                                             time_out);
 }
 
 long kl_time_text_to_processing(kl_time_id *time_id, const char *text, const long *time_ref_default,
                                 const long *proc_id_out, const long *time_ref_out, double *time_out, long *ierr)
 {
     Activation call(KL_FN_TIME_ASCII_TO_PROCESSING, ierr);
-    return convert<TypedTextSide, ProcessingSide>(call, time_id, {kOwnLayout, time_ref_default}, {text, kWholeText},
-                                                  {proc_id_out, time_ref_out}, time_out);
+    return convert<TypedTextSide, ProcessingSide>(call, time_id, {kOwnLayout, time_ref_default},
+                                                  {text, kWholeText, false}, {proc_id_out, time_ref_out}, time_out);
 }
 
 long kl_time_ascii_to_ascii(kl_time_id *time_id, const long *ascii_id_in, const long *time_ref_in, const char *ascii_in,
                             const long *ascii_id_out, const long *time_ref_out, char *ascii_out, long ierr[2])
 {
     Activation call(KL_FN_TIME_ASCII_TO_ASCII, ierr, 2);
-    return convert<TextSide, TextSide>(call, time_id, {ascii_id_in, time_ref_in}, {ascii_in, KL_TIME_ASCII_LENGTH},
-                                       {ascii_id_out, time_ref_out}, {ascii_out, 0}, kAsciiTextRange);
+    return convert<TextSide, TextSide>(call, time_id, {ascii_id_in, time_ref_in},
+                                       {ascii_in, KL_TIME_ASCII_LENGTH, false}, {ascii_id_out, time_ref_out},
+                                       {ascii_out, 0}, kAsciiTextRange);
 }
 
 long kl_time_ascii_to_transport(kl_time_id *time_id, const long *ascii_id_in, const long *time_ref_in,
@@ -58,8 +60,9 @@ long kl_time_ascii_to_transport(kl_time_id *time_id, const long *ascii_id_in, co
                                 long transport_out[4], long *ierr)
 {
     Activation call(KL_FN_TIME_ASCII_TO_TRANSPORT, ierr);
-    return convert<TextSide, TransportSide>(call, time_id, {ascii_id_in, time_ref_in}, {ascii_in, KL_TIME_ASCII_LENGTH},
-                                            {trans_id_out, time_ref_out}, transport_out);
+    return convert<TextSide, TransportSide>(call, time_id, {ascii_id_in, time_ref_in},
+                                            {ascii_in, KL_TIME_ASCII_LENGTH, false}, {trans_id_out, time_ref_out},
+                                            transport_out);
 }
 
 long kl_time_transport_to_processing(kl_time_id *time_id, const long *trans_id_in, const long *time_ref_in,
@@ -114,7 +117,7 @@ bool processing_as_text(long ref, const double *days, long format, char *text)
 bool text_as_text(long ref, const char *text, long format_in, long format_out, char *out)
 {
     Activation call(KL_FN_TIME_ASCII_TO_ASCII, KL_NO_VECTOR, 2);
-    return convert<TextSide, TextSide>(call, nullptr, {&format_in, &ref}, {text, KL_TIME_ASCII_LENGTH},
+    return convert<TextSide, TextSide>(call, nullptr, {&format_in, &ref}, {text, KL_TIME_ASCII_LENGTH, false},
                                        {&format_out, &ref}, {out, 0}, kAsciiTextRange)
            != KL_ERR;
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 namespace {
@@ -99,6 +100,69 @@ struct Form {
 
 // ---- reading ----
 
+// The signs of a text, eight at a time: where a field stands each is '0' to '9', elsewhere its own. The last eight end
+// with the text. Not of layouts with a named month.
+struct Signs {
+    static constexpr int kWords = 4;
+    int n_words;
+    int at[kWords];
+    char sign[kWords][8]; // '0' for digits
+    char room[kWords][8]; // 128 less the number of signs from there on that may stand here
+};
+
+constexpr Signs signs_of(const Layout &layout, bool microseconds)
+{
+    const int length = microseconds ? layout.length_with_microseconds : layout.length;
+    Signs out{};
+    for (int from = 0; from < length; from += 8) {
+        const int at = from + 8 < length ? from : length - 8;
+        for (int i = 0; i < 8; ++i) {
+            out.sign[out.n_words][i] = '0';
+            out.room[out.n_words][i] = 128 - 10;
+            for (const Separator &separator : layout.separators)
+                if (separator.at == at + i && separator.sign != '\0') {
+                    out.sign[out.n_words][i] = separator.sign;
+                    out.room[out.n_words][i] = 127;
+                }
+        }
+        out.at[out.n_words++] = at;
+    }
+    return out;
+}
+
+constexpr Signs kSigns[][2] = {
+    {signs_of(kLayouts[0], false), signs_of(kLayouts[0], true)},
+    {signs_of(kLayouts[1], false), signs_of(kLayouts[1], true)},
+    {},
+    {signs_of(kLayouts[3], false), signs_of(kLayouts[3], true)},
+    {signs_of(kLayouts[4], false), signs_of(kLayouts[4], true)},
+};
+
+// Do digits and separators stand where they should? Eight characters are compared in one number: the sums stay below
+// 256, so that none reaches its neighbour.
+bool is_regular(const Form &form, const char *text)
+{
+    if (form.layout.named_month)
+        return false;
+    const Signs &signs = kSigns[&form.layout - kLayouts][form.microseconds ? 1 : 0];
+    std::uint64_t others = 0;
+    for (int w = 0; w < signs.n_words; ++w) {
+        std::uint64_t characters, sign, room;
+        std::memcpy(&characters, text + signs.at[w], 8);
+        std::memcpy(&sign, signs.sign[w], 8);
+        std::memcpy(&room, signs.room[w], 8);
+        const std::uint64_t behind = characters ^ sign;
+        others |= ((behind & 0x7f7f7f7f7f7f7f7f) + room) | behind;
+    }
+    return (others & 0x8080808080808080) == 0;
+}
+
+// Two digits.
+long pair_at(const char *p)
+{
+    return 10 * p[0] + p[1] - 11 * '0';
+}
+
 // Digits at p, or -1 when there is another character.
 template <int N>
 long number(const char *p)
@@ -174,8 +238,19 @@ int read_prefix(const Form &form, long ref, const char *text, long *own_ref)
     return ref != KL_TIME_UNDEF && ref != *own_ref ? KL_ASCII_IN_PREFIX_REF : -1;
 }
 
-// Separators and fields of a text of the right length, without its prefix. -1, or the condition that it meets.
-int read_fields(const Form &form, const char *text, long fields[kFields])
+// The fields of a regular text, without its prefix.
+void read_regular(const Form &form, const char *text, long fields[kFields])
+{
+    const Layout &layout = form.layout;
+    fields[kYear] = 100 * pair_at(text + layout.at[kYear]) + pair_at(text + layout.at[kYear] + 2);
+    for (int field = kMonth; field <= kSecond; ++field)
+        fields[field] = pair_at(text + layout.at[field]);
+    const char *p = text + layout.at[kMicrosecond];
+    fields[kMicrosecond] = form.microseconds ? 10000 * pair_at(p) + 100 * pair_at(p + 2) + pair_at(p + 4) : 0;
+}
+
+// Separators and fields of another text of the right length. -1, or the condition that it meets.
+int read_irregular(const Form &form, const char *text, long fields[kFields])
 {
     const Layout &layout = form.layout;
     for (int i = 0; i < form.n_separators(); ++i)
@@ -207,22 +282,34 @@ int date_of(const Correlation *correlation, long ref, const long fields[kFields]
     return -1;
 }
 
-// The reading of a text of which `room` characters may be looked at; it ends there or at a zero. -1, or the condition.
-int read_characters(const Correlation *correlation, const Form &form, long ref, const char *text, std::size_t room,
-                    Reading *out)
+// -1 for a text of the right length, which ends at a zero or where there is no more room; or the condition.
+int check_length(const char *text, std::size_t room, std::size_t length)
 {
-    const std::size_t length = static_cast<std::size_t>(form.length());
     const void *end = text != nullptr ? std::memchr(text, '\0', std::min(room, length + 1)) : nullptr;
     if (text == nullptr || (end == nullptr ? room < length : end != text + length))
         return KL_ASCII_IN_TOO_SHORT;
-    if (end == nullptr && room > length)
-        return KL_ASCII_IN_TOO_LONG;
+    return end == nullptr && room > length ? int{KL_ASCII_IN_TOO_LONG} : -1;
+}
 
-    int fault = read_prefix(form, ref, text, &out->ref);
-    long fields[kFields] = {};
+// The reading of a text of which `room` characters may be looked at: up to its end or, where the room is whole, all.
+// -1, or the condition.
+int read_characters(const Correlation *correlation, const Form &form, long ref, const char *text, std::size_t room,
+                    bool is_whole, Reading *out)
+{
+    const std::size_t length = static_cast<std::size_t>(form.length());
+    // Without a prefix no zero can hide in a regular text.
+    const bool regular = is_whole && text != nullptr && !form.prefix && room >= length
+                         && (room == length || text[length] == '\0') && is_regular(form, text);
+    int fault = regular ? -1 : check_length(text, room, length);
     if (fault < 0)
-        fault = read_fields(form, form.prefix ? text + kPrefixLength : text, fields);
+        fault = read_prefix(form, ref, text, &out->ref);
     if (fault >= 0)
+        return fault;
+    const char *signs = form.prefix ? text + kPrefixLength : text;
+    long fields[kFields];
+    if (regular || is_regular(form, signs))
+        read_regular(form, signs, fields);
+    else if (fault = read_irregular(form, signs, fields); fault >= 0)
         return fault;
 
     out->limit = MissionLimit::none;
@@ -331,10 +418,11 @@ int text_length(long format)
     return Form(format).length();
 }
 
-Fault read_text(const Correlation *correlation, long format, long ref, const char *text, std::size_t room, Reading *out)
+Fault read_text(const Correlation *correlation, long format, long ref, const char *text, std::size_t room,
+                bool is_whole, Reading *out)
 {
     out->origin = Origin::text;
-    return {read_characters(correlation, Form(format), ref, text, room, out)};
+    return {read_characters(correlation, Form(format), ref, text, room, is_whole, out)};
 }
 
 Fault write_text(long format, long ref, const Reading &reading, char *text)

@@ -19,10 +19,11 @@ Fault check_text_output(long format, long ref);
 // Characters of a text of a format, no terminator.
 int text_length(long format);
 
-// Reads a text, of which at most `room` characters are looked at; its format and reference have passed the check. The
-// reading has the reference of a prefix, or `ref` without one. The 61st second is read inside a positive leap second.
+// Reads a text, of which at most `room` characters are looked at, up to its end unless the room is whole; its format
+// and reference have passed the check. The reading has the reference of a prefix, or `ref` without one. The 61st second
+// is read inside a positive leap second.
 Fault read_text(const Correlation *correlation, long format, long ref, const char *text, std::size_t room,
-                Reading *out);
+                bool is_whole, Reading *out);
 // Writes text_length characters. 86400 seconds are written as 23:59:60, a limit as its text.
 Fault write_text(long format, long ref, const Reading &reading, char *text);
 

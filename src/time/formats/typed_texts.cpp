@@ -199,7 +199,7 @@ int read(const Correlation *correlation, long ref, std::string_view text, Readin
     if (layout == kOrdinal)
         put_day_of_year(&plain);
 
-    const Fault found = read_text(correlation, KL_ASCII_13, ref, plain.text, sizeof plain.text, out);
+    const Fault found = read_text(correlation, KL_ASCII_13, ref, plain.text, sizeof plain.text, true, out);
     if (found || !plain.round_up)
         return found.code;
     if (out->limit != MissionLimit::none)
