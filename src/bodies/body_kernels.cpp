@@ -37,24 +37,22 @@ template <class Body>
 void to_earth_fixed(BodyBlock *block, long frame, Body body)
 {
     const Path path = path_between(frame, KL_EF);
+    const InstantBlock &at = *block->at;
     Sky<Lanes> sky;
     sky.earth_model = block->earth_model;
     sky.simplified = false;
-    sky.pole = {0.0, 0.0, 0.0, 0.0};
     block->odd = false;
-    for (long i = 0; i < block->count; i += kLanes) {
-        const Lanes tdb = load<Lanes>(block->tdb + i);
-        sky.days = load<Lanes>(block->ut1 + i);
-        if (block->has_pole)
-            sky.pole = {load<Lanes>(block->pole[0] + i), load<Lanes>(block->pole[1] + i),
-                        load<Lanes>(block->pole[2] + i), load<Lanes>(block->pole[3] + i)};
+    for (long i = 0; i < at.count; i += kLanes) {
+        const Lanes tdb = load<Lanes>(at.tdb + i);
+        sky.days = load<Lanes>(at.ut1 + i);
+        sky.pole = pole_of_pack(at, block->has_pole, i);
         if (path.any(set_of(kTranslationEdge)))
-            sky.earth = earth_on(path, load<Lanes>(block->tdb_of_ut1 + i));
+            sky.earth = earth_on(path, load<Lanes>(at.tdb_of_earth + i));
         sky.complete(path);
         StateOf<Lanes> state = body(sky, tdb);
         walk(path, sky, &state);
-        store_elements(state.pos, block->pos[0], i, block->count);
-        store_elements(state.vel, block->vel[0], i, block->count);
+        store_elements(state.pos, block->pos[0], i, at.count);
+        store_elements(state.vel, block->vel[0], i, at.count);
     }
 }
 

@@ -208,54 +208,22 @@ struct BodyArray {
     long frame; // where the way to the Earth-fixed frame begins
 };
 
-// The scales of the instants of a block, equal ones in a row once. which[k]: the place of element k among them, -1 if
-// it is left over. False when the block has to go one by one.
-bool fill_instants(const BodyArray &bodies, TimeIdRecord *id, long first, long count, LeftOver *left, long *which,
-                   BodyBlock *block)
+// The instants of a block, equal ones in a row once. which[k]: the place of element k among them, -1 if it is left
+// over.
+void list_instants(const double *time, long count, LeftOver *left, long *which, InstantBlock *block)
 {
-    const QuietSpan conversions = steady_span(*id, KL_FLAGS_CONVERSION);
-    const bool with_tdb = bodies.frame == KL_HM2000;
-    double latest = 0.0;
-    block->count = 0;
+    long n = 0;
     for (long k = 0; k < count; ++k) {
-        const double t = bodies.time[first + k];
         which[k] = -1;
-        if (!inside_processing_range(t)) {
+        if (!inside_processing_range(time[k])) {
             left->add(k);
             continue;
         }
-        if (block->count == 0 || !same_number(t, latest)) {
-            const long n = block->count;
-            double tai = 0.0;
-            ChainInstant instant = {};
-            if (!is_quiet(conversions, t) || !steadily_in_scale(id, *bodies.time_ref, KL_TIME_TAI, t, &tai)
-                || !chain_instant(id, *bodies.time_ref, t, with_tdb, &instant))
-                return false;
-            latest = t;
-            block->tdb[n] = tdb_of_tai(tai);
-            block->ut1[n] = instant.ut1;
-            block->tdb_of_ut1[n] = instant.tdb_of_ut1;
-            ++block->count;
-        }
-        which[k] = block->count - 1;
+        if (n == 0 || !same_number(time[k], block->days[n - 1]))
+            block->days[n++] = time[k];
+        which[k] = n - 1;
     }
-    return true;
-}
-
-void complete(const Correlation &correlation, BodyBlock *block)
-{
-    for (long k = 0; block->has_pole && k < block->count; ++k) {
-        const PoleOf<double> pole = pole_of(&correlation, block->ut1[k]);
-        block->pole[0][k] = pole.x;
-        block->pole[1][k] = pole.y;
-        block->pole[2][k] = pole.x_rate;
-        block->pole[3][k] = pole.y_rate;
-    }
-    for (double *values : {block->tdb, block->ut1, block->tdb_of_ut1})
-        pad(values, block->count);
-    for (double *values : block->pole)
-        if (block->has_pole)
-            pad(values, block->count);
+    block->count = n;
 }
 
 // one(ref, time, pos, vel, word) is the scalar call; `known` tells that the models have the body.
@@ -283,20 +251,22 @@ long states_of(ArrayCall &array, const BodyArray &bodies, bool known, long *ierr
         return array.refuse(fail);
     }
 
+    ChainInstants instants(id, *bodies.time_ref, true, bodies.frame == KL_HM2000, true);
     BodyBlock block;
     block.earth_model = &models.earth;
     block.planet = bodies.planet;
-    block.has_pole = has_pole(id->correlation);
+    block.has_pole = instants.with_pole();
+    block.at = instants.block();
     long which[kBlock];
     const auto scalar = [&](long i, long *word) {
         return one(bodies.time_ref, bodies.time + i, bodies.pos[i], bodies.vel[i], word);
     };
     return array.each(scalar, fail, [&](long first, long count, LeftOver &left) {
-        if (!fill_instants(bodies, id, first, count, &left, which, &block))
-            return false;
-        if (block.count == 0)
+        list_instants(bodies.time + first, count, &left, which, instants.block());
+        if (instants.block()->count == 0)
             return true;
-        complete(id->correlation, &block);
+        if (!instants.fill())
+            return false;
         bodies.kernel(&block);
         for (long k = 0; k < count && !block.odd; ++k)
             if (which[k] >= 0) {

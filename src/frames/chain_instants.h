@@ -2,42 +2,31 @@
 #ifndef KL_SRC_FRAMES_CHAIN_INSTANTS_H
 #define KL_SRC_FRAMES_CHAIN_INSTANTS_H
 
-#include "frames/earth_rotation.h"
+#include "frames/instant_kernels.h"
 #include "time/staircase.h"
 
-// Past the processing range by more than a day: UT1 of its first instants lies a little outside.
-inline bool inside_chain_range(double days)
-{
-    return days >= KL_PROCESSING_FIRST - 1.0 && days <= KL_PROCESSING_LAST + 1.0;
-}
+// Those of an array call: by packs where they stay inside their rows of the correlation, else one by one.
+class ChainInstants {
+public:
+    ChainInstants(TimeIdRecord *id, long ref, bool with_tdb, bool with_tdb_of_earth, bool with_pole);
 
-struct ChainInstant {
-    double ut1;        // days
-    double tdb_of_ut1; // by way of UT1, for the place of the Earth
+    // Fills the scales and the pole of block()->days, `count` of them in the processing range. False where the elements
+    // have to be taken in order, by scalar calls.
+    bool fill();
+    InstantBlock *block() { return &block_; }
+    bool with_pole() const { return with_pole_; }
+
+private:
+    const kl_time_row *row_at(double days);
+    void point_to_rows(long k, const kl_time_row *row);
+    bool fill_one(long k);
+
+    TimeIdRecord *id_;
+    const Correlation &correlation_;
+    bool with_pole_;
+    kl_time_row constant_[2];           // of explicit values, which hold at every instant
+    const kl_time_row *last_ = nullptr; // of the instant before
+    InstantBlock block_;
 };
-
-// UT1 of an instant in a range that the scalar way has checked. False where the way has more to say, or fails.
-inline bool chain_instant(TimeIdRecord *id, long ref, double days, bool with_tdb, ChainInstant *out)
-{
-    if (!steadily_in_scale(id, ref, KL_TIME_UT1, days, &out->ut1) || !inside_chain_range(out->ut1))
-        return false;
-    if (with_tdb) {
-        const Correlation &correlation = id->correlation;
-        const Moment<double> ut1 = midnight_carried(&correlation, KL_TIME_UT1, moment_of(out->ut1));
-        const Step step = step_up(correlation, KL_TIME_UT1, ut1);
-        if (step.findings != 0)
-            return false;
-        out->tdb_of_ut1 = tdb_of_tai(days_of(step.moment));
-    }
-    return true;
-}
-
-inline bool has_pole(const Correlation &correlation)
-{
-    for (int i = 0; i < 5; ++i)
-        if (correlation.pole.x[i] != 0.0 || correlation.pole.y[i] != 0.0)
-            return true;
-    return correlation.row_pole != nullptr;
-}
 
 #endif

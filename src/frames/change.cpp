@@ -1,6 +1,6 @@
 #include "frames/change.h"
 
-#include "frames/chain_instants.h"
+#include "frames/chain_range.h"
 #include "time/doors/checks.h"
 #include "time/pole.h"
 
@@ -93,8 +93,7 @@ PoleOf<double> pole_of(const Correlation *correlation, double ut1_days)
 {
     if (correlation == nullptr)
         return {0.0, 0.0, 0.0, 0.0};
-    const Pole pole = pole_at(*correlation, ut1_days);
-    return {pole.x, pole.y, pole.x_rate, pole.y_rate};
+    return pole_at(*correlation, ut1_days);
 }
 
 bool ut1_of(const Correlation *correlation, const kl_time_record &date, double *ut1, DateFindings *found)

@@ -67,8 +67,6 @@ long change_one(kl_model_id *model_id, kl_time_id *time_id, const long *calc_mod
 struct Way {
     Path path;
     const ModelBlocks *models;
-    TimeIdRecord *id;
-    bool with_tdb;
     bool made = false;
     double time = 0.0;
     ReadyStep<double> ready[kLongestPath];
@@ -84,91 +82,96 @@ struct Way {
     }
 };
 
-Sky<double> sky_at(const Way &way, const ChainInstant &instant)
+// At the first instant of a block.
+Sky<double> sky_at(const Way &way, bool with_pole, const InstantBlock &at)
 {
     Sky<double> sky;
     sky.earth_model = &way.models->earth;
     sky.simplified = false;
-    sky.days = instant.ut1;
-    if (way.path.any(set_of(kPoleEdge)))
-        sky.pole = pole_of(&way.id->correlation, instant.ut1);
-    if (way.with_tdb)
-        sky.earth = earth_on(way.path, instant.tdb_of_ut1);
+    sky.days = at.ut1[0];
+    sky.pole = {0.0, 0.0, 0.0, 0.0};
+    if (with_pole)
+        sky.pole = {at.pole[0][0], at.pole[1][0], at.pole[2][0], at.pole[3][0]};
+    if (at.with_tdb_of_earth)
+        sky.earth = earth_on(way.path, at.tdb_of_earth[0]);
     sky.complete(way.path);
     return sky;
 }
 
-// Fills the place of each element that the kernels take and its instant. False when the block has to go one by one.
-// `one_instant` tells whether all of them share the first one's.
-bool fill_instants(const Way &way, long ref, const double *time, long first, long count, LeftOver *left, long *place,
-                   long *n_places, FrameInstants *out, bool *one_instant)
+// To the bit.
+bool same_instants(const double *time, long count)
 {
-    const QuietSpan conversions = steady_span(*way.id, KL_FLAGS_CONVERSION);
-    const QuietSpan changes = steady_span(*way.id, KL_FLAGS_FRAME_CHANGE);
+    std::uint64_t differences = 0;
+    for (long k = 1; k < count; ++k)
+        differences |= bits_of(time[k]) ^ bits_of(time[0]);
+    return differences == 0;
+}
+
+// Lists the places that the kernels take and their instants.
+void list_places(const double *time, long count, LeftOver *left, long *place, InstantBlock *block)
+{
     long n = 0;
-    ChainInstant instant = {};
-    *one_instant = true;
-    for (long k = 0; k < count; ++k) {
-        const double t = time[first + k];
-        if (!inside_processing_range(t)) {
+    for (long k = 0; k < count; ++k)
+        if (inside_processing_range(time[k])) {
+            place[n] = k;
+            block->days[n++] = time[k];
+        } else {
             left->add(k);
-            continue;
         }
-        if (n == 0 || !same_number(t, time[place[n - 1]])) {
-            if (!is_quiet(conversions, t) || !is_quiet(changes, t)
-                || !chain_instant(way.id, ref, t, way.with_tdb, &instant))
+    block->count = n;
+}
+
+// An array call. Its blocks are false where the elements have to go one by one.
+struct Changes {
+    Way &way;
+    ChainInstants instants;
+    const TimeIdRecord &id;
+
+    // Is there nothing to say, or to note, at the instants?
+    bool are_quiet(const double *days, long count) const
+    {
+        const QuietSpan conversions = steady_span(id, KL_FLAGS_CONVERSION);
+        const QuietSpan changes = steady_span(id, KL_FLAGS_FRAME_CHANGE);
+        bool quiet = true;
+        for (long k = 0; k < count; ++k)
+            quiet = quiet && is_quiet(conversions, days[k]) && is_quiet(changes, days[k]);
+        return quiet;
+    }
+
+    bool at_one_instant(double instant, const StateArrays &states)
+    {
+        if (!are_quiet(&instant, 1))
+            return false;
+        if (!way.made || !same_number(instant, way.time)) {
+            InstantBlock &at = *instants.block();
+            at.count = 1;
+            at.days[0] = instant;
+            if (!instants.fill())
                 return false;
-            *one_instant &= n == 0;
+            way.make(instant, sky_at(way, instants.with_pole(), at));
         }
-        place[n] = first + k;
-        out->days[n] = instant.ut1;
-        out->tdb[n] = instant.tdb_of_ut1;
-        ++n;
-    }
-    *n_places = n;
-    return true;
-}
-
-void fill_poles(const Correlation &correlation, long n, FrameInstants *out)
-{
-    for (long k = 0; k < n; ++k) {
-        const PoleOf<double> pole = pole_of(&correlation, out->days[k]);
-        out->pole[0][k] = pole.x;
-        out->pole[1][k] = pole.y;
-        out->pole[2][k] = pole.x_rate;
-        out->pole[3][k] = pole.y_rate;
-    }
-}
-
-void pad_instants(long n, FrameInstants *out)
-{
-    pad(out->days, n);
-    pad(out->tdb, n);
-    for (double *values : out->pole)
-        pad(values, n);
-}
-
-// The elements of a block by kernels; `shared`: the one instant of all of them, if there is one. False when they have
-// to go one by one.
-bool change_block(Way *way, const double *shared, FrameInstants *instants, const StateArrays &states)
-{
-    if (states.count == 0)
-        return true;
-    const bool by_b1950 = way->path.any(set_of(kB1950Edge));
-    if (shared != nullptr && (states.count > 1 || by_b1950)) {
-        if (!way->made || !same_number(*shared, way->time))
-            way->make(*shared, sky_at(*way, {instants->days[0], instants->tdb[0]}));
-        change_frames_at_once_kernel()(way->ready, way->path.n, &way->earth, &states);
+        change_frames_at_once_kernel()(way.ready, way.path.n, &way.earth, &states);
         return true;
     }
-    if (by_b1950)
-        return false;
-    if (instants->has_pole)
-        fill_poles(way->id->correlation, states.count, instants);
-    pad_instants(states.count, instants);
-    change_frames_kernel()(instants, &states);
-    return true;
-}
+
+    bool at_own_instants(const double *time, long count, LeftOver *left, StateArrays states)
+    {
+        if (way.path.any(set_of(kB1950Edge))) // its matrices are those of one instant
+            return false;
+        InstantBlock &at = *instants.block();
+        long place[kBlock];
+        list_places(time, count, left, place, &at);
+        if (at.count == 0)
+            return true;
+        if (!are_quiet(at.days, at.count) || !instants.fill())
+            return false;
+        states.count = at.count;
+        states.place = at.count < count ? place : nullptr;
+        const FrameWays ways = {&way.models->earth, way.path.steps, way.path.n, instants.with_pole(), &at};
+        change_frames_kernel()(&ways, &states);
+        return true;
+    }
+};
 
 } // namespace
 
@@ -206,35 +209,30 @@ long kl_change_cart_cs_n(kl_model_id *model_id, kl_time_id *time_id, const long 
                           && inside(cs_in, KL_BM2000, KL_TEME) && inside(cs_out, KL_BM2000, KL_TEME);
     Way way;
     way.models = &model_blocks(model_id);
-    way.id = time_record_of(time_id);
+    TimeIdRecord *id = time_record_of(time_id);
     if (selected)
         way.path = path_between(*cs_in, *cs_out);
     const bool without_way =
         selected && (lacks_routine(*way.models, false, way.path) || cannot_walk(*way.models, way.path));
-    if (missing || !selected || way.id == nullptr || without_way) {
+    if (missing || !selected || id == nullptr || without_way) {
         // What a good element would meet; in UT1, which spends no once-only warning before the chain is asked.
         const long ut1 = KL_TIME_UT1;
         const double instant = 0.0;
         double unused[3][3] = {};
         const auto given = [&](const double(*states)[3]) { return states != nullptr ? unused[0] : nullptr; };
         const auto taken = [&](double(*states)[3], int k) { return states != nullptr ? unused[k] : nullptr; };
-        change_one(model_id, time_id, calc_mode, cs_in, cs_out, without_way && way.id != nullptr ? &ut1 : time_ref,
+        change_one(model_id, time_id, calc_mode, cs_in, cs_out, without_way && id != nullptr ? &ut1 : time_ref,
                    time != nullptr ? &instant : nullptr, given(pos), given(vel), given(acc), taken(pos_out, 0),
                    taken(vel_out, 1), taken(acc_out, 2), ierr);
         return array.refuse(fail);
     }
-    way.with_tdb = way.path.any(set_of(kTranslationEdge));
-
-    long place[kBlock];
-    FrameInstants instants;
-    instants.earth_model = &way.models->earth;
-    instants.steps = way.path.steps;
-    instants.n_steps = way.path.n;
-    instants.has_pole = way.path.any(set_of(kPoleEdge)) && has_pole(way.id->correlation);
-    StateArrays states = {pos, vel, acc, pos_out, vel_out, acc_out, *calc_mode, place, 0};
-    return array.each(one, fail, [&](long first, long count, LeftOver &left) {
-        bool one_instant = false;
-        return fill_instants(way, ref, time, first, count, &left, place, &states.count, &instants, &one_instant)
-               && change_block(&way, one_instant && states.count > 0 ? time + place[0] : nullptr, &instants, states);
+    const bool with_earth = way.path.any(set_of(kTranslationEdge)), with_pole = way.path.any(set_of(kPoleEdge));
+    Changes changes = {way, {id, ref, false, with_earth, with_pole}, *id};
+    return array.each(one, fail, [&](long i, long count, LeftOver &left) {
+        const StateArrays states = {pos + i,     vel + i,    acc + i, pos_out + i, vel_out + i,
+                                    acc_out + i, *calc_mode, nullptr, count};
+        return count > 1 && inside_processing_range(time[i]) && same_instants(time + i, count)
+                   ? changes.at_one_instant(time[i], states)
+                   : changes.at_own_instants(time + i, count, &left, states);
     });
 }

@@ -3,6 +3,7 @@
 #define KL_SRC_FRAMES_EARTH_ROTATION_H
 
 #include "frames/nutation.h"
+#include "time/pole.h"
 
 inline namespace KL_SET {
 
@@ -10,12 +11,6 @@ inline namespace KL_SET {
 template <class T>
 struct AngleOf {
     T value, rate, rate_of_rate;
-};
-
-// The pole and its rates: rad, rad/s.
-template <class T>
-struct PoleOf {
-    T x, y, x_rate, y_rate;
 };
 
 // Daily turns above one a day: the whole turns are exact, and what is left keeps eight more bits.

@@ -4,13 +4,21 @@
 
 inline namespace KL_SET {
 
+void load_vectors(const StateArrays &arrays, const double (*from)[3], long first, Lanes (&out)[3])
+{
+    if (arrays.place == nullptr)
+        load_elements(from[0], first, arrays.count, out);
+    else
+        load_places(from, arrays.place, first, arrays.count, out);
+}
+
 StateOf<Lanes> load_state(const StateArrays &arrays, long first)
 {
     StateOf<Lanes> state;
     state.order = 2;
-    load_places(arrays.pos, arrays.place, first, arrays.count, state.pos);
-    load_places(arrays.vel, arrays.place, first, arrays.count, state.vel);
-    load_places(arrays.acc, arrays.place, first, arrays.count, state.acc);
+    load_vectors(arrays, arrays.pos, first, state.pos);
+    load_vectors(arrays, arrays.vel, first, state.vel);
+    load_vectors(arrays, arrays.acc, first, state.acc);
     return state;
 }
 
@@ -32,8 +40,12 @@ template <class Store>
 
 void store_state(const StateOf<Lanes> &state, const StateArrays &arrays, long first)
 {
-    store_as_asked(state, arrays,
-                   [&](const Lanes(&v)[3], double(*to)[3]) { store_places(v, to, arrays.place, first, arrays.count); });
+    store_as_asked(state, arrays, [&](const Lanes(&v)[3], double(*to)[3]) {
+        if (arrays.place == nullptr)
+            store_elements(v, to[0], first, arrays.count);
+        else
+            store_places(v, to, arrays.place, first, arrays.count);
+    });
 }
 
 // ---- ways of turns alone, which most are: no states leave the registers ----
@@ -52,10 +64,34 @@ Turn<Lanes> in_all_lanes(const Turn<double> &t)
     return {t.axis, t.c, t.s, t.rate, t.rate_of_rate};
 }
 
-[[gnu::always_inline]] inline void apply(const Turn<Lanes> *turns, long n, StateOf<Lanes> *state)
+template <int axis, int N>
+[[gnu::always_inline]] inline void turn_about(const Turn<Lanes> &t, StateOf<Lanes> (&packs)[N])
 {
-    for (long k = 0; k < n; ++k)
-        apply(turns[k], state);
+    for (auto &pack : packs)
+        apply_about<axis>(t, &pack);
+}
+
+// Neighbours: N packs side by side, since each turn has to wait for the one before.
+template <int N>
+void turn_packs(const Turn<Lanes> *turns, long n, const StateArrays &states, long first)
+{
+    StateOf<Lanes> packs[N];
+    for (int p = 0; p < N; ++p) {
+        packs[p].order = 2;
+        load_threes(states.pos[first + p * kLanes], packs[p].pos);
+        load_threes(states.vel[first + p * kLanes], packs[p].vel);
+        load_threes(states.acc[first + p * kLanes], packs[p].acc);
+    }
+    for (const Turn<Lanes> *t = turns; t != turns + n; ++t)
+        if (t->axis == 0)
+            turn_about<0>(*t, packs);
+        else if (t->axis == 1)
+            turn_about<1>(*t, packs);
+        else
+            turn_about<2>(*t, packs);
+    for (int p = 0; p < N; ++p)
+        store_as_asked(packs[p], states,
+                       [&](const Lanes(&v)[3], double(*to)[3]) { store_threes(v, to[first + p * kLanes]); });
 }
 
 void turn_all(const ReadyStep<double> *ready, long n_steps, const StateArrays &states)
@@ -68,20 +104,14 @@ void turn_all(const ReadyStep<double> *ready, long n_steps, const StateArrays &s
             turns[n++] = in_all_lanes(ready[k].step->back ? inverse(step.turns[step.n - 1 - i]) : step.turns[i]);
     }
     long i = 0;
-    if (states.count > 0 && states.place[states.count - 1] - states.place[0] == states.count - 1)
-        for (; i + kLanes <= states.count; i += kLanes) { // without gaps
-            const long first = states.place[0] + i;
-            StateOf<Lanes> state;
-            state.order = 2;
-            load_threes(states.pos[first], state.pos);
-            load_threes(states.vel[first], state.vel);
-            load_threes(states.acc[first], state.acc);
-            apply(turns, n, &state);
-            store_as_asked(state, states, [&](const Lanes(&v)[3], double(*to)[3]) { store_threes(v, to[first]); });
-        }
+    for (; i + 2 * kLanes <= states.count; i += 2 * kLanes)
+        turn_packs<2>(turns, n, states, i);
+    for (; i + kLanes <= states.count; i += kLanes)
+        turn_packs<1>(turns, n, states, i);
     for (; i < states.count; i += kLanes) {
         StateOf<Lanes> state = load_state(states, i);
-        apply(turns, n, &state);
+        for (long k = 0; k < n; ++k)
+            apply(turns[k], &state);
         store_state(state, states, i);
     }
 }
@@ -90,22 +120,20 @@ void turn_all(const ReadyStep<double> *ready, long n_steps, const StateArrays &s
 
 namespace KL_KERNELS {
 
-void change_frames(const FrameInstants *instants, const StateArrays *states)
+void change_frames(const FrameWays *ways, const StateArrays *states)
 {
     Path path;
-    for (long i = 0; i < instants->n_steps; ++i)
-        path.add(instants->steps[i]);
+    for (long i = 0; i < ways->n_steps; ++i)
+        path.add(ways->steps[i]);
+    const InstantBlock &at = *ways->at;
     Sky<Lanes> sky;
-    sky.earth_model = instants->earth_model;
+    sky.earth_model = ways->earth_model;
     sky.simplified = false;
-    sky.pole = {0.0, 0.0, 0.0, 0.0};
     for (long i = 0; i < states->count; i += kLanes) {
-        sky.days = load<Lanes>(instants->days + i);
-        if (instants->has_pole)
-            sky.pole = {load<Lanes>(instants->pole[0] + i), load<Lanes>(instants->pole[1] + i),
-                        load<Lanes>(instants->pole[2] + i), load<Lanes>(instants->pole[3] + i)};
+        sky.days = load<Lanes>(at.ut1 + i);
+        sky.pole = pole_of_pack(at, ways->has_pole, i);
         if (path.any(set_of(kTranslationEdge)))
-            sky.earth = earth_on(path, load<Lanes>(instants->tdb + i));
+            sky.earth = earth_on(path, load<Lanes>(at.tdb_of_earth + i));
         sky.complete(path);
         StateOf<Lanes> state = load_state(*states, i);
         walk(path, sky, &state);

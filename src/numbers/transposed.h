@@ -19,11 +19,14 @@ auto shuffled(Vector a, Vector b)
 #endif
 }
 
-// Two halves of a pack of eight.
+// Two halves.
 template <int N>
 Pack<2 * N> joined(Pack<N> low, Pack<N> high)
 {
-    return Pack<2 * N>(shuffled<0, 1, 2, 3, 4, 5, 6, 7>(low.v, high.v));
+    if constexpr (N == 2)
+        return Pack<2 * N>(shuffled<0, 1, 2, 3>(low.v, high.v));
+    else
+        return Pack<2 * N>(shuffled<0, 1, 2, 3, 4, 5, 6, 7>(low.v, high.v));
 }
 template <int N, int M>
 void part(const Pack<2 * N> (&in)[M], Pack<N> (&low)[M], Pack<N> (&high)[M])
@@ -122,6 +125,14 @@ void gather(const double *const (&from)[N], Pack<N> (&out)[M])
             for (int k = 0; k < N; ++k)
                 out[j + k] = square[k];
         }
+        if constexpr (N == 4 && M % 4 >= 2) {
+            using Two = Pack<2>;
+            const auto even = joined(load<Two>(from[0] + j), load<Two>(from[2] + j)).v;
+            const auto odd = joined(load<Two>(from[1] + j), load<Two>(from[3] + j)).v;
+            out[j].v = shuffled<0, 4, 2, 6>(even, odd);
+            out[j + 1].v = shuffled<1, 5, 3, 7>(even, odd);
+            j += 2;
+        }
     }
     for (; j < M; ++j) {
         typename Pack<N>::Vector v = {};
@@ -188,19 +199,10 @@ void store_elements(const Pack<N> (&in)[M], double *to, long first, long count)
             to[M * (first + k) + j] = lane(in[j], k);
 }
 
-// Do the places of a pack, which rise, follow one another?
-template <int N>
-bool are_neighbours(const long *place, long first, long count)
-{
-    return first + N <= count && place[first + N - 1] - place[first] == N - 1;
-}
-
-// The same of elements at places, which rise: place[first], place[first + 1], ...
+// The same of elements at places: place[first], place[first + 1], ...
 template <int N, int M>
 void load_places(const double (*from)[M], const long *place, long first, long count, Pack<N> (&out)[M])
 {
-    if (are_neighbours<N>(place, first, count))
-        return load_elements(from[0], place[first], place[first] + N, out);
     const double *element[N];
     for (int k = 0; k < N; ++k)
         element[k] = from[place[first + k < count ? first + k : count - 1]];
@@ -210,8 +212,6 @@ void load_places(const double (*from)[M], const long *place, long first, long co
 template <int N, int M>
 void store_places(const Pack<N> (&in)[M], double (*to)[M], const long *place, long first, long count)
 {
-    if (are_neighbours<N>(place, first, count))
-        return store_elements(in, to[0], place[first], place[first] + N);
     for (int k = 0; k < N && first + k < count; ++k)
         for (int j = 0; j < M; ++j)
             to[place[first + k]][j] = lane(in[j], k);

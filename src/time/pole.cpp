@@ -15,10 +15,8 @@ bool has_formula(const PoleFormula &formula)
     return std::any_of(formula.x, formula.x + 5, given) || std::any_of(formula.y, formula.y + 5, given);
 }
 
-// One coordinate of the formula and its rate, arcsec and arcsec/day.
-struct Coordinate {
-    double value, rate;
-};
+using Coordinate = PoleCoordinate<double>;
+
 Coordinate formula_coordinate(const double k[5], const PoleFormula &formula, double days)
 {
     Coordinate out = {k[0], 0.0};
@@ -32,12 +30,6 @@ Coordinate formula_coordinate(const double k[5], const PoleFormula &formula, dou
         out.rate += w * (k[2 + 2 * i] * now.c - k[1 + 2 * i] * now.s);
     }
     return out;
-}
-
-Pole in_radians(const Coordinate &x, const Coordinate &y)
-{
-    return {x.value * KL_RAD_PER_ARCSEC, y.value * KL_RAD_PER_ARCSEC, x.rate * KL_RAD_PER_ARCSEC / KL_SECONDS_PER_DAY,
-            y.rate * KL_RAD_PER_ARCSEC / KL_SECONDS_PER_DAY};
 }
 
 // Rows i and i + 1 around an instant, and how far it is from the first to the second.
@@ -54,8 +46,7 @@ Between between_rows(const Correlation &correlation, long row, double ut1_days)
 
 Coordinate on_the_line(const Between &between, int k)
 {
-    const double step = between.second[k] - between.first[k];
-    return {between.first[k] + between.part * step, step / between.days};
+    return pole_on_the_line(between.first[k], between.second[k], between.part, between.days);
 }
 
 } // namespace
@@ -72,13 +63,13 @@ Pole pole_at(const Correlation &correlation, double ut1_days)
         const long row = row_of(correlation, KL_TIME_UT1, ut1_days);
         if (row >= 0 && row < correlation.n_rows - 1) {
             const Between between = between_rows(correlation, row, ut1_days);
-            return in_radians(on_the_line(between, 0), on_the_line(between, 1));
+            return pole_in_radians(on_the_line(between, 0), on_the_line(between, 1));
         }
     }
     if (pole_by_formula(correlation, ut1_days)) {
         const PoleFormula &formula = correlation.pole;
-        return in_radians(formula_coordinate(formula.x, formula, ut1_days),
-                          formula_coordinate(formula.y, formula, ut1_days));
+        return pole_in_radians(formula_coordinate(formula.x, formula, ut1_days),
+                               formula_coordinate(formula.y, formula, ut1_days));
     }
     if (correlation.row_pole == nullptr)
         return {};

@@ -1,0 +1,130 @@
+#include "frames/chain_instants.h"
+#include "arrays/array_call.h"
+#include "frames/chain_range.h"
+#include "time/pole.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr double kFarDays = 1e9;
+
+// Holds no instant.
+constexpr kl_time_row kNoRow[2] = {{kFarDays, kFarDays, kFarDays, 0.0, 0.0, 0.0},
+                                   {2.0 * kFarDays, 2.0 * kFarDays, 2.0 * kFarDays, 0.0, 0.0, 0.0}};
+constexpr double kNoPole[2][4] = {};
+
+bool is_explicit(const Correlation &correlation)
+{
+    return correlation.model == KL_TIME_MODEL_EXPLICIT;
+}
+
+bool holds(const kl_time_row *row, long ref, double days)
+{
+    return with_column(ref, [&](auto column) { return days >= column(row[0]) && days < column(row[1]); });
+}
+
+bool has_pole(const Correlation &correlation)
+{
+    for (int i = 0; i < 5; ++i)
+        if (correlation.pole.x[i] != 0.0 || correlation.pole.y[i] != 0.0)
+            return true;
+    return correlation.row_pole != nullptr;
+}
+
+} // namespace
+
+ChainInstants::ChainInstants(TimeIdRecord *id, long ref, bool with_tdb, bool with_tdb_of_earth, bool with_pole)
+    : id_(id), correlation_(id->correlation), with_pole_(with_pole && has_pole(correlation_))
+{
+    block_.ref = ref;
+    block_.with_tdb = with_tdb;
+    block_.with_tdb_of_earth = with_tdb_of_earth;
+    block_.with_pole = with_pole_ && correlation_.row_pole != nullptr && !is_explicit(correlation_);
+    if (is_explicit(correlation_)) {
+        constant_[0] = constant_[1] = correlation_.rows[0];
+        constant_[0].tai = constant_[0].ut1 = constant_[0].utc = -kFarDays;
+        constant_[1].tai = constant_[1].ut1 = constant_[1].utc = kFarDays;
+    }
+}
+
+// The row that an instant lies in, away from the leap second; kNoRow where there is none.
+const kl_time_row *ChainInstants::row_at(double days)
+{
+    const long ref = block_.ref;
+    if (is_explicit(correlation_))
+        return constant_;
+    if (last_ != nullptr && holds(last_, ref, days))
+        return last_;
+    long i = guessed_row(correlation_, days);
+    if (i < 0 || !holds(correlation_.rows + i, ref, days))
+        i = row_of(correlation_, ref, days);
+    if (i < 0 || i >= correlation_.n_rows - 1 || !away_from_leap_second(correlation_, i))
+        return kNoRow;
+    return last_ = correlation_.rows + i;
+}
+
+void ChainInstants::point_to_rows(long k, const kl_time_row *row)
+{
+    block_.row[k] = &row->tai;
+    if (block_.with_pole)
+        block_.row_pole[k] = row != kNoRow ? correlation_.row_pole[row - correlation_.rows] : kNoPole[0];
+}
+
+// By the scalar way. False where that has more to say, or fails.
+bool ChainInstants::fill_one(long k)
+{
+    const double days = block_.days[k];
+    double tai = 0.0;
+    if (block_.with_tdb && !steadily_in_scale(id_, block_.ref, KL_TIME_TAI, days, &tai))
+        return false;
+    double ut1 = 0.0;
+    if (!steadily_in_scale(id_, block_.ref, KL_TIME_UT1, days, &ut1) || !inside_chain_range(ut1))
+        return false;
+    block_.tdb[k] = tdb_of_tai(tai);
+    block_.ut1[k] = ut1;
+    if (block_.with_tdb_of_earth) {
+        const Step step =
+            step_up(correlation_, KL_TIME_UT1, midnight_carried(&correlation_, KL_TIME_UT1, moment_of(ut1)));
+        if (step.findings != 0)
+            return false;
+        block_.tdb_of_earth[k] = tdb_of_tai(days_of(step.moment));
+    }
+    return true;
+}
+
+bool ChainInstants::fill()
+{
+    const QuietSpan quiet = steady_span(*id_, KL_FLAGS_CONVERSION);
+    const long count = block_.count;
+    for (long k = 0; k < count; ++k) {
+        if (!is_quiet(quiet, block_.days[k]))
+            return false;
+        point_to_rows(k, row_at(block_.days[k]));
+    }
+    pad(block_.days, count);
+    std::fill(block_.row + count, block_.row + padded(count), block_.row[count - 1]);
+    if (block_.with_pole)
+        std::fill(block_.row_pole + count, block_.row_pole + padded(count), block_.row_pole[count - 1]);
+    std::uint64_t left = 0;
+    scales_of_instants_kernel()(&block_, &left);
+    if (left == 0 && with_pole_ == block_.with_pole)
+        return true;
+
+    for (long k = 0; k < count; ++k) {
+        const bool alone = (left >> k & 1) != 0;
+        if (alone && !fill_one(k))
+            return false;
+        if (with_pole_ && (alone || !block_.with_pole)) {
+            const Pole pole = pole_at(correlation_, block_.ut1[k]);
+            block_.pole[0][k] = pole.x;
+            block_.pole[1][k] = pole.y;
+            block_.pole[2][k] = pole.x_rate;
+            block_.pole[3][k] = pole.y_rate;
+        }
+    }
+    for (double *values :
+         {block_.ut1, block_.tdb, block_.tdb_of_earth, block_.pole[0], block_.pole[1], block_.pole[2], block_.pole[3]})
+        pad(values, count);
+    return true;
+}
