@@ -7,6 +7,7 @@
 #include "numbers/sin_cos.h"
 
 #include <cstddef>
+#include <utility>
 
 inline namespace KL_SET {
 namespace moon_ephemeris {
@@ -205,26 +206,45 @@ struct ValueAndRate {
     T value, rate; // degrees, degrees per century
 };
 
-// The elongations come as partners: (im, re) picks the sine of a product, re im' + im re', and (re, -im) the cosine.
-template <class T, std::size_t N>
-ValueAndRate<T> sum(const Series<N> &series, const TwoAndRate<T> *anomalies, const TwoAndRate<T> *partners)
+// The terms of a group, written out: their places are known when this is compiled.
+template <const auto &series, std::size_t first, class T, std::size_t... i>
+[[gnu::always_inline]] inline TwoAndRate<T> group_of(const TwoAndRate<T> *anomalies, std::index_sequence<i...>)
 {
     const Two<T> zero = two_of(T(0.0), T(0.0));
-    Two<T> total = zero, total_rate = zero;
-    int i = 0;
-    for (int g = 0; g < series.n_groups; ++g) {
-        Two<T> value = zero, rate = zero;
-        do {
-            const TwoAndRate<T> &z = anomalies[series.terms[i].anomalies];
-            const T c = series.terms[i].c;
-            value += c * z.value;
-            rate += c * z.rate;
-        } while (++i < series.groups[g].end);
-        const TwoAndRate<T> &partner = partners[series.groups[g].elongations];
-        total += value * partner.value;
-        total_rate += rate * partner.value + value * partner.rate;
-    }
-    return {first_of(total) + second_of(total), first_of(total_rate) + second_of(total_rate)};
+    TwoAndRate<T> sum = {zero, zero};
+    const auto add = [&](T c, const TwoAndRate<T> &z) {
+        sum.value += c * z.value;
+        sum.rate += c * z.rate;
+    };
+    (add(series.terms[first + i].c, anomalies[series.terms[first + i].anomalies]), ...);
+    return sum;
+}
+
+template <const auto &series, std::size_t g, class T>
+[[gnu::always_inline]] inline void add_group(const TwoAndRate<T> *anomalies, const TwoAndRate<T> *partners,
+                                             TwoAndRate<T> *total)
+{
+    constexpr std::size_t first = g > 0 ? series.groups[g > 0 ? g - 1 : 0].end : 0;
+    const auto sum = group_of<series, first>(anomalies, std::make_index_sequence<series.groups[g].end - first>());
+    const TwoAndRate<T> &partner = partners[series.groups[g].elongations];
+    total->value += sum.value * partner.value;
+    total->rate += sum.rate * partner.value + sum.value * partner.rate;
+}
+
+template <const auto &series, class T, std::size_t... g>
+ValueAndRate<T> sum_of_groups(const TwoAndRate<T> *anomalies, const TwoAndRate<T> *partners, std::index_sequence<g...>)
+{
+    const Two<T> zero = two_of(T(0.0), T(0.0));
+    TwoAndRate<T> total = {zero, zero};
+    (add_group<series, g>(anomalies, partners, &total), ...);
+    return {first_of(total.value) + second_of(total.value), first_of(total.rate) + second_of(total.rate)};
+}
+
+// The elongations come as partners: (im, re) picks the sine of a product, re im' + im re', and (re, -im) the cosine.
+template <const auto &series, class T>
+ValueAndRate<T> sum(const TwoAndRate<T> *anomalies, const TwoAndRate<T> *partners)
+{
+    return sum_of_groups<series>(anomalies, partners, std::make_index_sequence<series.n_groups>());
 }
 
 } // namespace moon_ephemeris
@@ -289,9 +309,9 @@ void moon_vectors(T pv[6], T date)
     }
 
     // Longitude, latitude, parallax: rad, rad/s.
-    const ValueAndRate<T> tl = sum(kLongitudeSeries, anomalies, for_sine);
-    const ValueAndRate<T> tb = sum(kLatitudeSeries, anomalies, for_sine);
-    const ValueAndRate<T> tp = sum(kParallaxSeries, anomalies, for_cosine);
+    const ValueAndRate<T> tl = sum<kLongitudeSeries>(anomalies, for_sine);
+    const ValueAndRate<T> tb = sum<kLatitudeSeries>(anomalies, for_sine);
+    const ValueAndRate<T> tp = sum<kParallaxSeries>(anomalies, for_cosine);
     const T lon = argument[kMoonLongitude] + KL_RAD_PER_DEG * tl.value;
     const T lon_rate = (rate[kMoonLongitude] + KL_RAD_PER_DEG * tl.rate) / kSecondsPerCentury;
     const T g = 1.0 - kLatfac[0] * slow_cos[2] - kLatfac[1] * slow_cos[3];

@@ -19,9 +19,10 @@ bool is_explicit(const Correlation &correlation)
     return correlation.model == KL_TIME_MODEL_EXPLICIT;
 }
 
-bool holds(const kl_time_row *row, long ref, double days)
+template <class Column>
+bool holds(const kl_time_row *row, double days, Column column)
 {
-    return with_column(ref, [&](auto column) { return days >= column(row[0]) && days < column(row[1]); });
+    return days >= column(row[0]) && days < column(row[1]);
 }
 
 bool has_pole(const Correlation &correlation)
@@ -49,26 +50,37 @@ ChainInstants::ChainInstants(TimeIdRecord *id, long ref, bool with_tdb, bool wit
 }
 
 // The row that an instant lies in, away from the leap second; kNoRow where there is none.
-const kl_time_row *ChainInstants::row_at(double days)
+template <class Column>
+const kl_time_row *ChainInstants::row_at(double days, Column column)
 {
-    const long ref = block_.ref;
-    if (is_explicit(correlation_))
-        return constant_;
-    if (last_ != nullptr && holds(last_, ref, days))
+    if (last_ != nullptr && holds(last_, days, column))
         return last_;
     long i = guessed_row(correlation_, days);
-    if (i < 0 || !holds(correlation_.rows + i, ref, days))
-        i = row_of(correlation_, ref, days);
+    if (i < 0 || !holds(correlation_.rows + i, days, column))
+        i = row_of(correlation_, block_.ref, days);
     if (i < 0 || i >= correlation_.n_rows - 1 || !away_from_leap_second(correlation_, i))
         return kNoRow;
     return last_ = correlation_.rows + i;
 }
 
-void ChainInstants::point_to_rows(long k, const kl_time_row *row)
+void ChainInstants::find_rows()
 {
-    block_.row[k] = &row->tai;
+    const long count = block_.count;
+    if (is_explicit(correlation_))
+        std::fill(block_.row, block_.row + count, &constant_[0].tai);
+    else
+        with_column(block_.ref, [&](auto column) {
+            for (long k = 0; k < count; ++k) {
+                const kl_time_row *row = row_at(block_.days[k], column);
+                block_.row[k] = &row->tai;
+                if (block_.with_pole)
+                    block_.row_pole[k] = row != kNoRow ? correlation_.row_pole[row - correlation_.rows] : kNoPole[0];
+            }
+        });
+    std::fill(block_.row + count, block_.row + padded(count), block_.row[count - 1]);
     if (block_.with_pole)
-        block_.row_pole[k] = row != kNoRow ? correlation_.row_pole[row - correlation_.rows] : kNoPole[0];
+        std::fill(block_.row_pole + count, block_.row_pole + padded(count), block_.row_pole[count - 1]);
+    pad(block_.days, count);
 }
 
 // By the scalar way. False where that has more to say, or fails.
@@ -97,15 +109,10 @@ bool ChainInstants::fill()
 {
     const QuietSpan quiet = steady_span(*id_, KL_FLAGS_CONVERSION);
     const long count = block_.count;
-    for (long k = 0; k < count; ++k) {
+    for (long k = 0; k < count; ++k)
         if (!is_quiet(quiet, block_.days[k]))
             return false;
-        point_to_rows(k, row_at(block_.days[k]));
-    }
-    pad(block_.days, count);
-    std::fill(block_.row + count, block_.row + padded(count), block_.row[count - 1]);
-    if (block_.with_pole)
-        std::fill(block_.row_pole + count, block_.row_pole + padded(count), block_.row_pole[count - 1]);
+    find_rows();
     std::uint64_t left = 0;
     scales_of_instants_kernel()(&block_, &left);
     if (left == 0 && with_pole_ == block_.with_pole)

@@ -17,8 +17,9 @@ public:
     bool with_pole() const { return with_pole_; }
 
 private:
-    const kl_time_row *row_at(double days);
-    void point_to_rows(long k, const kl_time_row *row);
+    template <class Column>
+    const kl_time_row *row_at(double days, Column column);
+    void find_rows();
     bool fill_one(long k);
 
     TimeIdRecord *id_;
