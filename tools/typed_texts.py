@@ -83,6 +83,7 @@ def main():
         row(text, "UTC", "leap", eve, microseconds(23, 59, s, decimals) + 36000000)
     row("2017-01-01T00:00:00Z", "UTC", "leap", eve + 1, 37000000)
     row("TAI=2016-12-31T23:59:59.9999999", "UTC", "leap", eve + 1, 0)
+    row("2099-001T00:00:00", "TAI", "constant", day_number(2099, 1, 1), 0)
 
 
 if __name__ == "__main__":

@@ -103,11 +103,13 @@ TEST(SingleFunctions, TableOfConditions)
     long n = 0;
     unsigned char octets[KL_CUC_LENGTH] = {0};
 #include "time/single_conditions.inc"
-    for (const auto &[cell, code] : read_rows<std::string, long>("calendar_dates.csv"))
+    for (const auto &[cell, code] : read_rows<std::string, long>("calendar_dates.csv")) {
         expect_record(cell.c_str(), code, "", [&valid, given = cell](kl_error_record *e) {
             const auto record = record_as<kl_calendar_record, 6>("5 " + given);
             return KL_Calendar(&record, &valid, e);
         });
+        EXPECT_EQ(valid, code == kNone ? 1 : 0) << cell;
+    }
     EXPECT_EQ(std::tuple(valid, date.year, mjd.value), std::tuple(0, 7, 7.0));
     for (const auto &[format, ref, days, code, value] :
          read_rows<long, long, double, long, std::string>("processing_inputs.csv")) {

@@ -410,6 +410,39 @@ TEST(AwkwardFiles, BytesOutOfPlaceGiveRowsOrACode)
     EXPECT_GT(refused, 200);
 }
 
+// All columns that are read stand side by side: each belongs to a field, which a letter there makes unreadable. Where
+// in its columns a number stands does not matter.
+TEST(AwkwardFiles, EveryColumnBelongsToItsField)
+{
+    struct Fields {
+        const char *sample, *line, *number, *to_the_left;
+        std::size_t runs[2][2]; // columns
+    };
+    constexpr Fields kFields[] = {
+        {"eopc04_20_excerpt.15", "2015   6  27", "    0.137093", "0.137093    ", {{1, 86}, {123, 158}}},
+        {"eopc04_14_excerpt.22", "2022   1   3", "   0.053559", "0.053559   ", {{1, 53}, {66, 120}}},
+    };
+    const Scratch scratch;
+    for (const Fields &f : kFields) {
+        const std::string text = bytes_of(data_file(f.sample));
+        const std::size_t line = text.find(f.line);
+        ASSERT_NE(line, text.npos);
+        for (const auto &run : f.runs)
+            for (std::size_t column = run[0]; column <= run[1]; ++column) {
+                std::string other = text;
+                other[line + column - 1] = 'x';
+                EXPECT_EQ(FileId(KL_TIME_MODEL_MERGED, {scratch.holding(other)}).status, KL_ERR) << column;
+            }
+        std::string moved = text;
+        const std::size_t number = moved.find(f.number);
+        ASSERT_NE(number, text.npos);
+        moved.replace(number, std::string(f.number).size(), f.to_the_left);
+        FileId whole(KL_TIME_MODEL_MERGED, {scratch.holding(text)}),
+            other(KL_TIME_MODEL_MERGED, {scratch.holding(moved)});
+        EXPECT_EQ(rows_by_line(other), rows_by_line(whole)) << f.sample;
+    }
+}
+
 TEST(AwkwardFiles, LinesOutOfOrderAreRefused)
 {
     const Scratch scratch;
