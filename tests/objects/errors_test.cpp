@@ -48,7 +48,14 @@ TEST(LibError, CarriesTheValuesOfTheMessages)
     const ModelId models;
     const std::string text = thrown_by([&] { LibFunc::geoid(models, 95.5, 0.0); }).text;
     EXPECT_NE(text.find("95.500000"), std::string::npos) << text;
+    const kl_geoid_input too_fine = {nullptr, 5.0, 5.0, 0.0, 361}; // the condition of bit 0
+    double undulation = 0.0;
+    long vector[1] = {0};
+    ASSERT_EQ(kl_geoid_calc(&too_fine, &undulation, vector), KL_ERR);
+    EXPECT_NE(messages_of(LibError("a::b", KL_ERR, KL_ID_FUNC_GEOID_CALC, vector)).back().find(": 361"),
+              std::string::npos);
     // The vector of some other failure than the last has no values.
+    thrown_by([&] { LibFunc::geoid(models, 95.5, 0.0); });
     long ierr[1] = {error_bits(KL_GEOID_CALC_LATITUDE_ERR)};
     EXPECT_NE(messages_of(LibError("a::b", KL_ERR, KL_ID_FUNC_GEOID_CALC, ierr)).back().find("95.5"),
               std::string::npos);

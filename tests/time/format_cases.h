@@ -106,6 +106,7 @@ void expect_record(const char *name, long code, const std::string &text, const C
     EXPECT_EQ(call(&record), code == kNone ? KL_OK : text.rfind("WARNING", 0) == 0 ? KL_WARN : KL_ERR) << name;
     KL_Err_Msg(&record, &n, messages);
     EXPECT_EQ(n, code == kNone ? 0 : 1) << name;
+    EXPECT_EQ((record.function_id == -1), code == kNone) << name;
     EXPECT_TRUE(code == kNone || record.codes[0] == code) << name << " gives code " << record.codes[0];
     EXPECT_TRUE(text.empty() || "ORBKIT_LIB >>> " + text == messages[0]) << name << " says " << messages[0];
 }
