@@ -95,12 +95,6 @@ TEST(ModelId, BadCallsGetTheirConditionsAndEveryModeButOneIsTheDefault)
     const auto close = [&](kl_model_id *id, long bit, const char *name) {
         expect_outcome(kl_model_close(id, &ierr), ierr, bit, name);
     };
-    expect_missing({kNone, kNone}, [&](AllBut arg, long *vector) {
-        return kl_model_init(arg(0, &kDefaultMode), nullptr, arg(1, &model.id), vector);
-    });
-    expect_outcome(kl_model_init(&kUserMode, nullptr, &model.id, &ierr), ierr, KL_MODEL_INIT_SELECTION_ERR,
-                   "no models");
-    EXPECT_EQ(model.id.record, nullptr);
     close(&model.id, KL_MODEL_CLOSE_ID_ERR, "empty");
     close(nullptr, KL_MODEL_CLOSE_ID_ERR, "no handle");
     ASSERT_EQ(model.select(0, 0) + user.select(0, 0) + KL_Link_ids(model.id.record, user.id.record), KL_OK);

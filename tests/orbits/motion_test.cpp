@@ -44,35 +44,7 @@ TEST(MeanMotion, DriftsAsTheIntegratedFieldDoes)
     }
 }
 
-struct Refused {
-    const char *name;
-    kl_kepler mean;
-    double duration;
-};
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr Refused kRefused[] = {
-    {"hyperbola", {-7e6, 1.5, 10, 0, 0, 0}, 1.0},       {"through the Earth", {7e6, 0.9, 10, 0, 0, 0}, 1.0},
-    {"inclination", {7e6, 0.01, 181, 0, 0, 0}, 1.0},    {"NaN", {7e6, kNan, 10, 0, 0, 0}, 1.0},
-    {"endless angle", {7e6, 0.01, 10, 1e9, 0, 0}, 1.0}, {"endless time", {7e6, 0.01, 10, 0, 0, 0}, 1e11},
-};
-
-TEST(MeanMotion, RefusesWhatIsNoEllipseAroundTheEarth)
-{
-    for (const Refused &c : kRefused) {
-        kl_kepler out[2] = {};
-        long status[2], ierr[1] = {1};
-        EXPECT_EQ(kl_mean_motion(nullptr, &c.mean, &c.duration, out, ierr), KL_ERR) << c.name;
-        EXPECT_EQ(ierr[0], 0);
-        const kl_kepler both[2] = {{7e6, 0.01, 10, 0, 0, 0}, c.mean};
-        const double durations[2] = {60.0, c.duration};
-        const long n = 2;
-        EXPECT_EQ(kl_mean_motion_n(nullptr, &n, both, durations, out, status, ierr), KL_ERR) << c.name;
-        EXPECT_EQ(status[0], KL_OK);
-        EXPECT_EQ(status[1], KL_ERR);
-        EXPECT_TRUE(std::isfinite(out[0].raan) && std::isnan(out[1].raan));
-    }
-    EXPECT_EQ(kl_mean_motion(nullptr, nullptr, nullptr, nullptr, nullptr), KL_ERR);
-}
 
 // A circle of 7078 km: the exact motion is a pair of sines.
 class Circle {

@@ -109,18 +109,14 @@ TEST_F(Runs, KnowTheKindsOfTheirIds)
     EXPECT_EQ(kl_run_get_ids(&full, nullptr, &time, &model), -1);
 }
 
-TEST_F(Runs, AreRefusedForABadId)
+TEST_F(Runs, AreRefusedForAClosedIdAndDoWithoutAModel)
 {
-    const long invalid = 13, free_slot = 4;
-    kl_time_id no_time = {};
     kl_model_id no_model = {};
     kl_id_record closed_record = {};
     kl_time_id closed = {&closed_record};
-    const std::tuple<const char *, const long *, kl_time_id *, kl_model_id *, long> cases[] = {
-#include "runs/run_refusals.inc"
-    };
-    for (const auto &[name, sat_id, run_time, run_model, bits] : cases)
-        expect_run(name, bits, sat_id, run_time, run_model);
+    expect_run("closed time id", error_bits(KL_RUN_INIT_TIME_ID_ERR), &kSatId, &closed, &model);
+    for (kl_model_id *none : {&no_model, static_cast<kl_model_id *>(nullptr)})
+        expect_run("no model id", kNothing, &kSatId, &time, none);
 }
 
 TEST_F(Runs, AreConsistentWhenWhatTheirIdsUseIsInTheListTooAndOnPurposeOpenedInAnyCase)

@@ -40,20 +40,6 @@ struct AllBut {
     }
 };
 
-// Calls with one argument after the other missing: each fails, with a condition or without.
-template <typename Call>
-void expect_missing(std::initializer_list<long> conditions, const Call &call)
-{
-    long missing = 0;
-    for (const long condition : conditions) {
-        long ierr = 77;
-        const long status = call(AllBut{missing}, &ierr);
-        EXPECT_EQ(status, KL_ERR) << "argument " << missing;
-        EXPECT_EQ(ierr, error_or_none(condition)) << "argument " << missing;
-        ++missing;
-    }
-}
-
 struct OwnedTimeId {
     kl_time_id id{};
 

@@ -50,19 +50,6 @@ TEST(TypedTexts, NothingIsGuessed)
         const Read got(ids[kPositiveLeap], text, kUtc, kTai);
         EXPECT_EQ(std::tuple(got.status, got.ierr, got.time), std::tuple(KL_ERR, bits.value, 7.0)) << text;
     }
-    EXPECT_EQ(Read(nullptr, kFormats[0].text, KL_TIME_UNDEF, kUtc).ierr,
-              error_bits(KL_TIME_ASCII_TO_PROCESSING_NO_REF_ERR));
-    EXPECT_EQ(Read(nullptr, kFormats[0].text, 4, kUtc).ierr, error_bits(KL_TIME_ASCII_TO_PROCESSING_TIME_REF_IN_ERR));
-    EXPECT_EQ(Read(nullptr, kFormats[0].text, kUtc, -1).ierr, error_bits(KL_TIME_ASCII_TO_PROCESSING_TIME_REF_OUT_ERR));
-    EXPECT_EQ(Read(nullptr, kFormats[0].text, kUtc, kTai).ierr, error_bits(KL_TIME_ASCII_TO_PROCESSING_TIME_ID_ERR));
-    const long utc = kUtc, processing = KL_PROC;
-    double out = 7.0;
-    expect_missing({KL_TIME_ASCII_TO_PROCESSING_TOO_SHORT_ERR, KL_TIME_ASCII_TO_PROCESSING_TIME_REF_IN_ERR,
-                    KL_TIME_ASCII_TO_PROCESSING_PROC_ID_OUT_ERR, KL_TIME_ASCII_TO_PROCESSING_TIME_REF_OUT_ERR, kNone},
-                   [&](const AllBut &but, long *ierr) {
-                       return kl_time_text_to_processing(nullptr, but(0, kFormats[0].text.c_str()), but(1, &utc),
-                                                         but(2, &processing), but(3, &utc), but(4, &out), ierr);
-                   });
 }
 
 // A beginning of a text is refused until its seconds are complete, and then has the decimals that are left.
