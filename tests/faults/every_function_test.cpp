@@ -238,7 +238,12 @@ TEST(EveryFunction, GivesEveryThreadOfSharedIdsTheSame)
             outputs_of(*f, own);
             if (alone[t].size() <= n)
                 alone[t].resize(n + 1, own);
-            EXPECT_TRUE(alone[t][n] == own) << f->name << ": " << own.status << " " << own.ierr[0];
+            const char *const expected = reinterpret_cast<const char *>(&alone[t][n]);
+            const char *const found = reinterpret_cast<const char *>(static_cast<Outputs *>(&own));
+            EXPECT_TRUE(alone[t][n] == own)
+                << f->name << ": " << own.status << " for " << alone[t][n].status << ", " << own.ierr[0] << " for "
+                << alone[t][n].ierr[0] << ", octet "
+                << std::mismatch(expected, expected + sizeof(Outputs), found).first - expected;
         }
         own.run = -1; // these belong to all
         own.time.record = own.model.record = nullptr;

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr long kDefaultMode = KL_MODEL_DEFAULT, kUserMode = KL_MODEL_USER;
+constexpr long kDefaultMode = KL_MODEL_DEFAULT;
 
 TEST(ModelId, OffersOneModelOfEachKindTwoSunsAndThreeLights)
 {

@@ -7,13 +7,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
 constexpr long kTai = KL_TIME_TAI;
 constexpr long kMode[3] = {KL_CALC_POS, KL_CALC_POS_VEL, KL_CALC_POS_VEL_ACC};
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kDeg = 0.017453292519943295;
 constexpr double kGm = 3.9860044e14; // of the default model
 constexpr double kDay = 86400.0;

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <tuple>
 #include <vector>
 
@@ -17,8 +16,7 @@ using Matrix = std::array<double, 9>; // row by row
 using Vector = std::array<double, 3>;
 
 constexpr double kRounding = 4e-15; // a few dozen roundings of numbers up to 1
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN(), kInfinity = std::numeric_limits<double>::infinity(),
-                 kPi = 3.14159265358979323846;
+constexpr double kPi = 3.14159265358979323846;
 constexpr Quaternion kTurn = {0.6, 0.0, 0.0, 0.8};
 constexpr Matrix kIdentity = {1, 0, 0, 0, 1, 0, 0, 0, 1};
 
