@@ -248,54 +248,32 @@ TEST(Elements, WildNumbers)
 
 TEST(MeanElements, PublishedFigures)
 {
-    struct Case {
-        kl_kepler mean, osculating;
-    };
-    // Made with these formulas in 40 digits.
-    constexpr Case kCases[] = {
-        {{7200000.0, 0.001, 98.6, 30.0, 90.0, 10.0},
-         {7191539.493324363, 0.0006678112516819, 98.60507773570228, 30.0018783806612, 308.2573598041114,
-          151.7245275062614}},
-        {{7000000.0, 0.02, 50.0, 200.0, 300.0, 100.0},
-         {7000516.236440461, 0.0196989483859591, 50.002066844271546, 200.02164041078532, 300.49418110588545,
-          99.5261804323044}},
-    };
-    for (const Case &c : kCases) {
-        const kl_kepler x = elements_of(state_of(c.mean, kMean), kOsculating);
-        EXPECT_NEAR(x.semi_major_axis, c.osculating.semi_major_axis, 2e-8);
-        EXPECT_NEAR(x.eccentricity, c.osculating.eccentricity, 4e-15);
-        EXPECT_NEAR(x.inclination, c.osculating.inclination, 1e-13);
-        EXPECT_NEAR(x.raan, c.osculating.raan, 1e-13);
-        EXPECT_NEAR(x.arg_perigee, c.osculating.arg_perigee, 2e-10);
-        EXPECT_NEAR(x.mean_anomaly, c.osculating.mean_anomaly, 2e-10);
+    for (const auto &[mean, cell] : read_rows<std::string, std::string>("mean_elements.csv")) {
+        const kl_kepler x = elements_of(state_of(record_as<kl_kepler, 6>(mean), kMean), kOsculating);
+        const kl_kepler osculating = record_as<kl_kepler, 6>(cell);
+        EXPECT_NEAR(x.semi_major_axis, osculating.semi_major_axis, 2e-8);
+        EXPECT_NEAR(x.eccentricity, osculating.eccentricity, 4e-15);
+        EXPECT_NEAR(x.inclination, osculating.inclination, 1e-13);
+        EXPECT_NEAR(x.raan, osculating.raan, 1e-13);
+        EXPECT_NEAR(x.arg_perigee, osculating.arg_perigee, 2e-10);
+        EXPECT_NEAR(x.mean_anomaly, osculating.mean_anomaly, 2e-10);
     }
 }
 
 // Along an orbit about an oblate Earth osculating elements swing, mean ones hardly: what is left is of second order.
 TEST(MeanElements, SwingOnAnOblateEarth)
 {
-    struct Case {
-        const char *name;
-        kl_kepler osculating;
-        double step_s;
-        double swing_a, swing_e, swing_i; // m, -, deg: osculating at least
-        double left_a, left_e, left_i;    // mean at most
-    };
-    constexpr Case kCases[] = {
-        {"sun-synchronous", {7200000.0, 0.001, 98.6, 30.0, 90.0, 10.0}, 5.0, 15000.0, 1e-3, 0.008, 35.0, 5e-6, 2e-5},
-        {"transfer", {24400000.0, 0.73, 7.0, 30.0, 178.0, 10.0}, 2.0, 50000.0, 4e-4, 1e-4, 700.0, 1e-5, 1e-4},
-        {"equatorial", {7000000.0, 0.01, 0.0, 0.0, 60.0, 10.0}, 5.0, 0.0, 1e-3, 0.0, 40.0, 2e-5, 1e-9},
-        {"retrograde", {7500000.0, 0.02, 179.9, 40.0, 60.0, 10.0}, 5.0, 0.0, 1e-3, 0.0, 40.0, 2e-5, 1e-5},
-    };
     const OblateEarth earth = {kGm, kJ2, kRadius};
-    for (const Case &c : kCases) {
-        State6 x = state_of(c.osculating, kOsculating);
-        const double period = 2.0 * 3.14159265358979 * std::sqrt(std::pow(c.osculating.semi_major_axis, 3) / kGm);
+    for (const auto &[name, cell, step_s, swings, rests] :
+         read_rows<std::string, std::string, double, std::string, std::string>("mean_element_swings.csv")) {
+        const kl_kepler osculating = record_as<kl_kepler, 6>(cell);
+        State6 x = state_of(osculating, kOsculating);
+        const double period = 2.0 * 3.14159265358979 * std::sqrt(std::pow(osculating.semi_major_axis, 3) / kGm);
         double low[2][3], high[2][3];
         std::fill(&low[0][0], &low[0][0] + 6, HUGE_VAL);
         std::fill(&high[0][0], &high[0][0] + 6, -HUGE_VAL);
         double t = 0.0;
-        for (int k = 0; t < 2.0 * period; ++k, t += c.step_s) {
+        for (int k = 0; t < 2.0 * period; ++k, t += step_s) {
             if (k % 20 == 0)
                 for (const long kind : {kOsculating, kMean}) {
                     const kl_kepler y = elements_of(x, kind);
@@ -305,13 +283,11 @@ TEST(MeanElements, SwingOnAnOblateEarth)
                         high[kind][i] = std::max(high[kind][i], values[i]);
                     }
                 }
-            x = earth.step(x, c.step_s);
+            x = earth.step(x, step_s);
         }
-        const double swing[3] = {c.swing_a, c.swing_e, c.swing_i};
-        const double left[3] = {c.left_a, c.left_e, c.left_i};
-        for (int i = 0; i < 3; ++i) {
-            EXPECT_GE(high[kOsculating][i] - low[kOsculating][i], swing[i]) << c.name << " " << i;
-            EXPECT_LE(high[kMean][i] - low[kMean][i], left[i]) << c.name << " " << i;
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_GE(high[kOsculating][i] - low[kOsculating][i], cells_as<double>(swings).at(i)) << name << " " << i;
+            EXPECT_LE(high[kMean][i] - low[kMean][i], cells_as<double>(rests).at(i)) << name << " " << i;
         }
     }
 }

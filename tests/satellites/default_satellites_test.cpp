@@ -2,7 +2,7 @@
 #include "kit_data_handling.h"
 #include "satellites/satellite_tables.h"
 #include "support/captured_stream.h"
-#include "support/conditions.h"
+#include "support/csv.h"
 #include "support/fault_injection.h"
 
 #include <sys/stat.h>
@@ -127,14 +127,13 @@ void expect_complaints(const std::string &path, const std::vector<std::string> &
 
 TEST_F(DefaultSatellites, EveryMistakeInAFileIsReportedWithItsLine)
 {
-    struct Case {
-        const char *name, *from;
-        std::string to;
-        std::vector<std::string> complaints;
-    };
-    const Case cases[] = {
+    using Case = std::tuple<std::string, std::string, std::string, std::vector<std::string>>;
+    std::vector<Case> cases = {
 #include "satellites/file_mistakes.inc"
     };
+    for (const auto &[name, from, to, complaints] :
+         read_rows<std::string, std::string, std::string, std::string>("satellite_file_mistakes.csv"))
+        cases.emplace_back(name, from, to, parts_of(complaints, ';'));
     for (const auto &[name, from, to, complaints] : cases) {
         SCOPED_TRACE(name);
         write(replaced(example_text(), from, to));
