@@ -374,7 +374,8 @@ enum {
  * @param[out] ierr       [1] error vector
  * @return KL_OK, KL_WARN or KL_ERR
  * The rate is that of the angle itself, the motion of the node taken off: on an orbit about an oblate Earth it agrees
- * with differences to 3e-12 rad/s. In the second derivative the change of the node's rate is left out (1e-10 rad/s2).
+ * with differences to 3e-12 rad/s. In the second derivative the change of the node's rate is left out: up to
+ * 5e-9 rad/s2 on low orbits.
  */
 KL_API long kl_position_on_orbit(kl_model_id *model_id, kl_time_id *time_id, const long *calc_mode, const long *cs,
                                  const long *time_ref, const double *time, const double pos[3], const double vel[3],
@@ -465,7 +466,7 @@ enum {
  * @param[out]    northing  m; 1e7 more in the south
  * @param[out]    ierr      [1] error vector
  * @return KL_OK, or KL_ERR for whatever is refused, NULL too: always bit 0. Bits 1 to 3 are kept for latitude,
- * longitude and zone and are never set Source: L. Krueger's series to order 6, C. F. F. Karney, J. Geodesy 85, 475-485
+ * longitude and zone and are never set. Source: L. Krueger's series to order 6, C. F. F. Karney, J. Geodesy 85, 475-485
  * (2011): 5 nm.
  */
 KL_API long KL_Coticchia_Surace(kl_model_id *model_id, const double *lat, const double *lon, long *zone, long *north,

@@ -15,11 +15,6 @@ struct Regular {
     double lambda; // difference of l + g + sigma node
 };
 
-double within_half_turn(double angle)
-{
-    return reduced(angle);
-}
-
 double half_star(double i, double sigma)
 {
     return sigma > 0.0 ? 0.5 * i : 0.5 * (KL_PI - i);
@@ -50,9 +45,9 @@ Elements elements_beside(const Elements &from, const Regular &y, double sigma)
     return {y.a,
             std::sqrt(y.k * y.k + y.h * y.h),
             sigma > 0.0 ? 2.0 * half : KL_PI - 2.0 * half,
-            within_half_turn(from.node + node),
-            within_half_turn(from.perigee + (varpi - sigma * node)),
-            within_half_turn(from.mean_anomaly + (y.lambda - varpi))};
+            reduced(from.node + node),
+            reduced(from.perigee + (varpi - sigma * node)),
+            reduced(from.mean_anomaly + (y.lambda - varpi))};
 }
 
 // The terms at mean elements, in Brouwer's letters: e_dl is e times the one of l, d_lg that of l + g.
@@ -186,8 +181,6 @@ MeanStatus osculating_to_mean(const Oblateness &field, const Elements &osculatin
         double change = std::fabs(d.a) / osculating.a;
         for (const double part : {d.k, d.h, d.p, d.q, d.lambda})
             change = std::max(change, std::fabs(part));
-        if (!(change <= kClosing) && n == kMostSteps - 1)
-            break;
         if (change <= kClosing && change >= last) {
             *mean = x;
             return MeanStatus::found;

@@ -1,34 +1,20 @@
 // Motions: the public functions.
 #include "arrays/array_call.h"
-#include "models/model_record.h"
 #include "numbers/bounds.h"
+#include "orbits/door_checks.h"
 #include "orbits/motion.h"
 
 namespace {
 
-constexpr double kLongest = 1e10;     // s: three centuries
-constexpr double kLargestAngle = 1e8; // deg
-
-struct Field {
-    double gm; // m3/s2; 0 where the Earth of the model was refused
-    Oblateness oblateness;
-};
-
-Field field_of_model(const kl_model_id *model_id)
-{
-    const EarthModel &earth = model_blocks(model_id).earth;
-    return {earth.gm, {earth.j2, earth.gravity_radius}};
-}
+constexpr double kLongest = 1e10; // s: three centuries
 
 long mean_motion(const Field &field, const kl_kepler *mean, const double *duration, kl_kepler *out)
 {
     if (mean == nullptr || out == nullptr || !(field.gm > 0.0)
         || !within(mean->semi_major_axis, 0.0, KL_LARGEST_POSITION)
         || !mean_elements_allowed(field.oblateness, mean->semi_major_axis, mean->eccentricity)
-        || !(mean->eccentricity >= 0.0) || !within(mean->inclination, 0.0, 180.0)
-        || !within(mean->raan, -kLargestAngle, kLargestAngle)
-        || !within(mean->arg_perigee, -kLargestAngle, kLargestAngle)
-        || !within(mean->mean_anomaly, -kLargestAngle, kLargestAngle) || !holds(duration, -kLongest, kLongest))
+        || !(mean->eccentricity >= 0.0) || !within(mean->inclination, 0.0, 180.0) || !holds_angle(mean->raan)
+        || !holds_angle(mean->arg_perigee) || !holds_angle(mean->mean_anomaly) || !holds(duration, -kLongest, kLongest))
         return KL_ERR;
     *out = drifted(field.gm, field.oblateness, *mean, *duration);
     return KL_OK;

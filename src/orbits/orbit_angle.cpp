@@ -52,7 +52,7 @@ OrbitAngle angle_on_orbit(const OrbitPlane &plane, const double pos[3], const do
         out.node_rate = pos[2] * dot3(acc, plane.pole) / (plane.w * sin2);
     double dh[3];
     cross(pos, acc, dh);
-    // The change of the node's own rate is left out: below 1e-10 rad/s2.
+    // The change of the node's own rate, which takes the derivative of acc, is left out: up to 5e-9 rad/s2.
     out.rate_of_rate += dot3(dh, plane.pole) / r2;
     out.rate -= out.node_rate * plane.pole[2];
     return out;

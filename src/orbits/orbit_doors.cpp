@@ -6,6 +6,7 @@
 #include "models/model_record.h"
 #include "numbers/bounds.h"
 #include "orbits/crossings.h"
+#include "orbits/door_checks.h"
 #include "orbits/kepler.h"
 #include "orbits/local_frames.h"
 #include "orbits/mean_elements.h"
@@ -18,22 +19,7 @@
 
 namespace {
 
-constexpr double kLargestAngle = 1e8; // deg
-
 // ---- elements ----
-
-// What of the Earth the elements need. A model whose Earth was refused has none of it.
-struct Field {
-    double gm; // m3/s2
-    Oblateness oblateness;
-};
-
-bool field_of_model(const kl_model_id *model_id, Field *out)
-{
-    const EarthModel &earth = model_blocks(model_id).earth;
-    *out = {earth.gm, {earth.j2, earth.gravity_radius}};
-    return earth.gm > 0.0;
-}
 
 bool is_kind(const long *kind)
 {
@@ -45,7 +31,8 @@ bool is_ready(Activation &call, int kind_code, const long *kind, const kl_model_
 {
     if (!is_kind(kind))
         call.fails(kind_code);
-    return is_kind(kind) && field_of_model(model_id, field);
+    *field = field_of_model(model_id);
+    return is_kind(kind) && field->gm > 0.0;
 }
 
 bool is_conic(double a, double e)
@@ -76,8 +63,8 @@ long kepl_to_cart(Activation &call, const Field &field, bool mean, const kl_kepl
         return call.fails(KL_KEPL_TO_CART_INCLINATION_ERR);
     const bool closed = in->semi_major_axis > 0.0;
     // The anomaly of a hyperbola has no bound but that of its state.
-    if (!within(in->raan, -kLargestAngle, kLargestAngle) || !within(in->arg_perigee, -kLargestAngle, kLargestAngle)
-        || !(closed ? within(in->mean_anomaly, -kLargestAngle, kLargestAngle) : std::isfinite(in->mean_anomaly)))
+    if (!holds_angle(in->raan) || !holds_angle(in->arg_perigee)
+        || !(closed ? holds_angle(in->mean_anomaly) : std::isfinite(in->mean_anomaly)))
         return call.fails(KL_KEPL_TO_CART_ANGLES_ERR);
     OrbitState<double> out;
     if (mean) {
@@ -353,7 +340,8 @@ long kl_orbit_sun(kl_model_id *model_id, kl_time_id *time_id, const long *cs, co
 
 double KL_Kepler_ellipse(double mean_anomaly, double eccentricity)
 {
-    if (!(within(mean_anomaly, -kLargestAngle, kLargestAngle) && eccentricity >= 0.0 && eccentricity < 1.0))
+    constexpr double kLargest = 1e8; // rad
+    if (!(within(mean_anomaly, -kLargest, kLargest) && eccentricity >= 0.0 && eccentricity < 1.0))
         return std::nan("");
     const double inside = reduced(mean_anomaly); // whole turns are taken off and put back
     return kepler_ellipse(inside, eccentricity).E + (mean_anomaly - inside);
