@@ -71,6 +71,18 @@ inline double distance_from_axis(double x, double y)
     return p < 1e-140 ? std::sqrt((x * kScale) * (x * kScale) + (y * kScale) * (y * kScale)) / kScale : p;
 }
 
+// 1, or -1 below zero; of one number looked up, since a branch on half of all places is guessed wrong.
+inline double side_of(double x)
+{
+    constexpr double kSides[2] = {1.0, -1.0};
+    return kSides[x < 0.0];
+}
+template <int N>
+Pack<N> side_of(Pack<N> x)
+{
+    return select(x < 0.0, Pack<N>(-1.0), Pack<N>(1.0));
+}
+
 template <class T>
 GeodeticPoint<T> cartesian_to_geodetic(const Ellipsoid &e, const T pos[3])
 {
@@ -92,7 +104,7 @@ GeodeticPoint<T> cartesian_to_geodetic(const Ellipsoid &e, const T pos[3])
                 set_lane(f.run, i, one.run);
             }
     const T lat = arc_tangent(f.rise, f.run);
-    const T half = 1.0 - select(pos[2] < 0.0, T(2.0), T(0.0)); // -1 in the south
+    const T half = side_of(pos[2]); // -1 in the south
     const auto off_axis = p > 0.0;
     const T divisor = select(off_axis, p, T(1.0));
     return {half * lat,
@@ -128,7 +140,7 @@ template <class T>
 T positive_degrees(T angle)
 {
     const T degrees = angle * KL_DEG_PER_RAD;
-    const T turned = degrees + select(degrees < 0.0, T(360.0), T(0.0));
+    const T turned = degrees + (180.0 - 180.0 * side_of(degrees));
     return select(turned >= 360.0, T(0.0), turned) + 0.0;
 }
 
