@@ -81,7 +81,8 @@ KL_API long kl_ray_height(kl_model_id *model_id, const double pos[3], const doub
  * @param[out] meets_earth  [1] 1 when the height is negative, so that the line meets the Earth, else 0
  * @param[out] ierr         [1] always 0: this function has no id
  * @return KL_OK, or KL_ERR for input that is not finite, no direction, NULL, and for lines that come within 1e5 m of
- * the centre of the Earth, where there is no single lowest point Accuracy: height 5e-9 m, place along the line 2e-8 m.
+ *         the centre of the Earth, where there is no single lowest point
+ * Accuracy: height 5e-9 m, place along the line 2e-8 m.
  */
 KL_API long kl_ray_tangent(kl_model_id *model_id, const double pos[3], const double dir[3], double *t, double point[3],
                            kl_geodetic *geodetic, long *meets_earth, long *ierr);

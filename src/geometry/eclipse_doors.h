@@ -3,6 +3,7 @@
 #define KL_SRC_GEOMETRY_ECLIPSE_DOORS_H
 
 #include "frames/axes.h"
+#include "geometry/shadow_kernels.h"
 #include "numbers/pack.h"
 #include "time/doors/call_instant.h"
 
@@ -23,6 +24,11 @@ struct EclipseSky {
 long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *light_time, const long *cs,
                     const long *time_ref, const double *time, const double pos[3], const double *margin, long *state,
                     double *fraction, double *depth, EclipseSky *sky, long *ierr);
+
+// What the kernels take for the next elements; false where they differ in more than their positions: at other instants
+// than the last one, with light time, from frames with another origin, or with a warning due.
+bool eclipse_scene(const kl_model_id *model_id, const kl_time_id *time_id, long light_time, long cs, const double *time,
+                   long count, const EclipseSky &sky, ShadowScene *scene);
 
 // For arrays: does what all elements share refuse the call? Then the condition is recorded.
 bool eclipse_refuses_all(Activation &call, const kl_time_id *time_id, const long *light_time, const long *cs,

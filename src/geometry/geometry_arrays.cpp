@@ -2,6 +2,7 @@
 #include "arrays/array_call.h"
 #include "geometry/eclipse_doors.h"
 #include "geometry/ray_doors.h"
+#include "geometry/shadow_kernels.h"
 
 namespace {
 
@@ -117,12 +118,26 @@ long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, con
                             state, fraction, depth))
         return array.refuse(fail);
     EclipseSky sky;
-    return array.each(
-        [&](long i, long *word) {
-            if (is_verbose())
-                sky = EclipseSky(); // every element prints its lines
-            return eclipse_of_one(model_id, time_id, light_time, cs, time_ref, time + i, pos[i], element(margin, i),
-                                  state + i, fraction + i, depth + i, &sky, word);
-        },
-        fail);
+    const auto one = [&](long i, long *word) {
+        if (is_verbose())
+            sky = EclipseSky(); // every element prints its lines
+        return eclipse_of_one(model_id, time_id, light_time, cs, time_ref, time + i, pos[i], element(margin, i),
+                              state + i, fraction + i, depth + i, &sky, word);
+    };
+    return array.each(one, fail, [&](long first, long count, LeftOver &left) {
+        ShadowScene scene;
+        if (!eclipse_scene(model_id, time_id, *light_time, *cs, time + first, count, sky, &scene))
+            return false;
+        ShadowBlock block;
+        std::uint64_t refused = 0;
+        shadows_kernel()(&scene, pos + first, element(margin, first), count, &block, &refused);
+        left.add_all(refused);
+        for (long k = 0; k < count; ++k)
+            if (!left.has(k)) {
+                state[first + k] = static_cast<long>(block.state[k]);
+                fraction[first + k] = block.fraction[k];
+                depth[first + k] = block.depth[k];
+            }
+        return true;
+    });
 }

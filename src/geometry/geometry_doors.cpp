@@ -149,6 +149,24 @@ bool sun_with_light_time(kl_model_id *model_id, kl_time_id *time_id, const Eclip
            && change_position(model_id, time_id, sky.instant.date, KL_MOD, mean.pos + 1, KL_TOD, sun);
 }
 
+constexpr int kNoCondition = -1;
+
+// The satellite true of date, or the condition why not.
+int satellite_of_date(kl_model_id *model_id, kl_time_id *time_id, const EclipseSky &sky, long cs, const double pos[3],
+                      double satellite[3])
+{
+    double geocentric[3];
+    copy_three(pos, geocentric);
+    if (is_centred_elsewhere(cs)) {
+        if (!change_position(model_id, time_id, sky.instant.date, cs, pos, KL_GM2000, geocentric))
+            return KL_ECLIPSE_TRANSFORMATION_ERR;
+        if (!is_near_enough(geocentric))
+            return KL_ECLIPSE_POSITION_ERR;
+    }
+    sky.to_true_of_date.turn(geocentric, satellite);
+    return kNoCondition;
+}
+
 } // namespace
 
 long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *light_time, const long *cs,
@@ -162,8 +180,7 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     const double days = time != nullptr ? *time : kNan;
     if (refuses_instant(call, kInstant, ref, &days))
         return KL_ERR;
-    const bool elsewhere = is_centred_elsewhere(*cs);
-    if (!is_finite3(pos) || !(elsewhere || is_near_enough(pos)))
+    if (!is_finite3(pos) || !(is_centred_elsewhere(*cs) || is_near_enough(pos)))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
     const double raised = margin != nullptr ? *margin : 0.0;
     if (!is_margin(raised))
@@ -172,21 +189,17 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
         return KL_ERR;
 
     const bool lights = *light_time == 1;
+    int condition = kNoCondition;
     if (!sky->holds(days)) {
-        int condition = 0;
         sky->days = kNan;
         if (!sky->prepare(model_id, time_id, ref, days, *cs, lights, &condition))
             return call.fails(condition);
         sky->days = days;
     }
-    double geocentric[3];
     double satellite[3];
-    copy_three(pos, geocentric);
-    if (elsewhere && !change_position(model_id, time_id, sky->instant.date, *cs, pos, KL_GM2000, geocentric))
-        return call.fails(KL_ECLIPSE_TRANSFORMATION_ERR);
-    if (elsewhere && !is_near_enough(geocentric))
-        return call.fails(KL_ECLIPSE_POSITION_ERR);
-    sky->to_true_of_date.turn(geocentric, satellite);
+    condition = satellite_of_date(model_id, time_id, *sky, *cs, pos, satellite);
+    if (condition != kNoCondition)
+        return call.fails(condition);
     double sun[3];
     copy_three(sky->sun, sun);
     const EarthModel &earth = model_blocks(model_id).earth;
@@ -200,6 +213,25 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     if (warned != 0)
         call.warns(static_cast<int>(KL_ECLIPSE_FORMULA_WARN + warned - 1));
     return call.status();
+}
+
+bool eclipse_scene(const kl_model_id *model_id, const kl_time_id *time_id, long light_time, long cs, const double *time,
+                   long count, const EclipseSky &sky, ShadowScene *scene)
+{
+    const EarthModel &earth = model_blocks(model_id).earth;
+    if (light_time == 1 || is_centred_elsewhere(cs) || !(earth.semi_major_axis > 0.0)
+        || !all_is_quiet(*time_record_of(time_id), time[0]))
+        return false;
+    for (long k = 0; k < count; ++k)
+        if (!sky.holds(time[k]))
+            return false;
+    scene->a = earth.semi_major_axis;
+    scene->f = earth.flattening;
+    for (int i = 0; i < 3; ++i) {
+        copy_three(sky.to_true_of_date.m[i], scene->axes[i]);
+        scene->sun[i] = sky.sun[i];
+    }
+    return true;
 }
 
 bool eclipse_refuses_all(Activation &call, const kl_time_id *time_id, const long *light_time, const long *cs,

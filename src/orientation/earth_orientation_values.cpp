@@ -212,6 +212,25 @@ bool has_pole_formula(const PoleFormula &formula)
     return false;
 }
 
+// What the bulletin's formulas say of the pole, where the rows have none or end, and of UT1 after them.
+void add_formulas(const Correlation &c, const SplitDay &tai, bool after, EopValues *out)
+{
+    if (after || c.row_pole == nullptr) {
+        if (has_pole_formula(c.pole)) {
+            out->x = pole_by_formula(c.pole, c.pole.x, tai);
+            out->y = pole_by_formula(c.pole, c.pole.y, tai);
+            out->dx = out->dy = constant(0.0);
+            out->notes |= kEopByFormula;
+        } else if (c.row_pole == nullptr) {
+            out->notes |= kEopNoPole;
+        }
+    }
+    if (after && c.no_extrapolation == 0) {
+        out->tai_ut1 = ut1_by_formula(c, tai);
+        out->notes |= kEopByFormula;
+    }
+}
+
 // TAI-UTC between two rows: steps at the leap second that the correlation knows, which may lie between them, else at
 // the later row.
 double tai_utc_at(const Correlation &c, long row, const SplitDay &tai)
@@ -235,7 +254,6 @@ void eop_values(const Correlation &c, const SplitDay &tai, long near, int order,
     const bool at_last = row == c.n_rows - 1 && days_to(last, tai) == 0.0;
     const bool inside = explicit_values || at_last || (row >= 0 && row < c.n_rows - 1);
     const bool interpolates = inside && c.n_rows > 1;
-    // The bulletin's formula of the pole serves after the rows, and everywhere when they have none.
     const bool after = !inside && row >= 0;
     out->tai_utc = tai_utc_at(c, row, tai);
     out->notes = inside ? 0 : kEopOutsideTable;
@@ -263,20 +281,7 @@ void eop_values(const Correlation &c, const SplitDay &tai, long near, int order,
         out->tai_ut1 = constant(c.rows[std::max(row, 0L)].tai_ut1);
     }
 
-    if (after || c.row_pole == nullptr) {
-        if (has_pole_formula(c.pole)) {
-            out->x = pole_by_formula(c.pole, c.pole.x, tai);
-            out->y = pole_by_formula(c.pole, c.pole.y, tai);
-            out->dx = out->dy = constant(0.0);
-            out->notes |= kEopByFormula;
-        } else if (c.row_pole == nullptr) {
-            out->notes |= kEopNoPole;
-        }
-    }
-    if (after && c.no_extrapolation == 0) {
-        out->tai_ut1 = ut1_by_formula(c, tai);
-        out->notes |= kEopByFormula;
-    }
+    add_formulas(c, tai, after, out);
 }
 
 TaiInstant tai_of(const Correlation &c, long scale, double time_days)

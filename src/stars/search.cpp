@@ -110,7 +110,8 @@ bool StarSearch::contains(const kl_radec &place, const double turned[3]) const
         all_ra_ || (over_zero ? place.ra >= ra_min_ || place.ra <= ra_max_ : inside(place.ra, ra_min_, ra_max_));
     if (!ra || !inside(place.dec, dec_min_, dec_max_))
         return false;
-    return !cone_ || squared_chord(turned, centre_) <= chord_squared_;
+    constexpr double kEdge = 1.0 + 1e-15; // what lies on it to rounding
+    return !cone_ || squared_chord(turned, centre_) <= kEdge * chord_squared_;
 }
 
 bool StarSearch::finds(const kl_star &star, kl_radec *place) const

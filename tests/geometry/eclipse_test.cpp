@@ -4,8 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <cstring>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -124,6 +127,22 @@ TEST(Eclipse, KnownPlaces)
     EXPECT_NEAR(seen(far, sun).fraction, 1.0 - earth * earth / (star * star), 5e-3);
 }
 
+// Beyond the umbra the Earth stands before the Sun, also where rounding alone decides on which side of the line.
+TEST(Eclipse, IsAnnularAlmostInLine)
+{
+    const double r = 5e9;
+    for (int k = 0; k < 200; ++k) {
+        const double a = 0.1 + 0.031 * k, z = std::sin(0.7 * k), w = std::sqrt(1.0 - z * z);
+        const double d[3] = {w * std::cos(a), w * std::sin(a), z};
+        const double pos[3] = {-r * d[0], -r * d[1], -r * d[2]}, sun[3] = {kAu * d[0], kAu * d[1], kAu * d[2]};
+        const double star = std::asin(695700e3 / (kAu + r));
+        const Seen s = seen(pos, sun);
+        EXPECT_EQ(s.state, KL_ANNULAR) << k;
+        EXPECT_NEAR(s.depth, -kA / r / star, 0.0034 * kA / r / star) << k; // the flattening
+        EXPECT_NEAR(s.fraction, 1.0 - s.depth * s.depth, 1e-9) << k;
+    }
+}
+
 TEST(Eclipse, Conditions)
 {
     const double pos[3] = {7e6, 0, 0}, sun[3] = {kAu, 0, 0}, inside[3] = {6.3e6, 0, 0}, far[3] = {1.01e10, 0, 0};
@@ -221,5 +240,37 @@ TEST(EclipseAtADate, IsTheSameFromEveryFrame)
             << frame;
         EXPECT_GT(std::fabs(delayed - depth), 1e-3) << frame;
         EXPECT_LT(std::fabs(delayed - depth), 1.0 / 46.0) << frame;
+    }
+}
+
+// Many satellites of one instant go through packs: the same bits, and refusals where the scalar call has them.
+TEST(EclipseAtADate, ManyAtOneInstantAreAsOneByOne)
+{
+    OpenTime time;
+    const long tai = KL_TIME_TAI, no = 0, n = 300;
+    std::vector<double> at(n, 9000.25), margin(n), fraction(n), depth(n);
+    std::vector<std::array<double, 3>> pos(n);
+    std::vector<long> state(n), status(n);
+    for (std::size_t i = 0; i < at.size(); ++i) {
+        const double u = 0.37 * static_cast<double>(i), r = i % 7 == 0 ? 6.36e6 : 6.5e6 + 1e5 * static_cast<double>(i);
+        pos[i] = {r * std::cos(u), r * std::sin(u) * 0.8, r * std::sin(u) * 0.6};
+        margin[i] = i % 11 == 0 ? 3e5 : 1e4 * static_cast<double>(i % 5);
+    }
+    pos[200][1] = kNan;
+    pos[201][2] = 1.1e10;
+    at[290] = 9000.5;
+    for (const long cs : {KL_GM2000, KL_TOD, KL_EF, KL_HM2000}) {
+        kl_eclipse_n(nullptr, &time.id, &n, &no, &cs, &tai, at.data(), reinterpret_cast<const double(*)[3]>(pos.data()),
+                     margin.data(), state.data(), fraction.data(), depth.data(), status.data(), nullptr);
+        for (std::size_t i = 0; i < at.size(); ++i) {
+            long where = 0;
+            double f = kNan, d = kNan;
+            EXPECT_EQ(kl_eclipse(nullptr, &time.id, &no, &cs, &tai, &at[i], pos[i].data(), &margin[i], &where, &f, &d,
+                                 nullptr),
+                      status[i])
+                << i;
+            EXPECT_EQ(state[i], where) << i;
+            EXPECT_TRUE(std::memcmp(&fraction[i], &f, sizeof f) == 0 && std::memcmp(&depth[i], &d, sizeof d) == 0) << i;
+        }
     }
 }

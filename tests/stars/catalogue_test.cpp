@@ -248,6 +248,36 @@ TEST(StarCatalogue, AWindowHoldsWhatLiesInIt)
     EXPECT_TRUE(none.stars.empty());
 }
 
+// Right ascensions through 0 h, and what lies on an edge: all of it belongs to the window.
+TEST(StarCatalogue, EdgesBelongToTheWindow)
+{
+    const TextFile grid("KL_STARS 1\n1 1.0 359.9 0 0 0 0 0 0.5\n2 2.0 0 0 0 0 0 0 0.5\n3 3.0 0.1 0 0 0 0 0 0.5\n"
+                        "4 4.0 180 0 0 0 0 0 0.5\n5 5.0 10 90 0 0 0 0 0.5\n6 6.0 10 -90 0 0 0 0 0.5\n");
+    const struct {
+        const char *name;
+        kl_star_window window;
+        std::vector<long> numbers;
+    } cases[] = {
+        {"magnitudes", {2, 4, 0, 360, -90, 90, 0, 0, 0}, {2, 3, 4}},
+        {"one magnitude", {3, 3, 0, 360, -90, 90, 0, 0, 0}, {3}},
+        {"through 0 h", {0, 9, 359, 1, -1, 1, 0, 0, 0}, {1, 2, 3}},
+        {"0 h alone", {0, 9, 0, 0, -1, 1, 0, 0, 0}, {2}},
+        {"0 h as 360", {0, 9, 360, 360, -1, 1, 0, 0, 0}, {2}},
+        {"the north pole", {0, 9, 0, 360, 90, 90, 0, 0, 0}, {5}},
+        {"the south pole", {0, 9, 0, 360, -90, -90, 0, 0, 0}, {6}},
+        {"half the sky", {0, 9, 0, 360, -90, 90, 0, 0, 90}, {1, 2, 3, 5, 6}},
+        {"all but a point", {0, 9, 0, 360, -90, 90, 180, 0, 179.99}, {1, 3, 4, 5, 6}},
+        {"all", {0, 9, 0, 360, -90, 90, 180, 0, 180}, {1, 2, 3, 4, 5, 6}},
+        {"a point", {0, 9, 0, 360, -90, 90, 180, 0, 1e-300}, {4}},
+    };
+    for (const auto &c : cases) {
+        std::vector<long> numbers;
+        for (const kl_star &star : search(grid.name.c_str(), c.window).stars)
+            numbers.push_back(star.number);
+        EXPECT_EQ(numbers, c.numbers) << c.name;
+    }
+}
+
 // A fast star is found where it is, not where the catalogue has it.
 TEST(StarCatalogue, AConeFollowsTheMotion)
 {
