@@ -1,7 +1,10 @@
 // The kernels of Earth orientation, compiled for each instruction set.
+#include "numbers/transposed.h"
 #include "orientation/frames_of_date.h"
 #include "orientation/orientation.h"
 #include "orientation/short_period_terms.h"
+
+#include <cstring>
 
 namespace {
 
@@ -9,27 +12,36 @@ constexpr double kEraAtEpoch = 0.7790572732640;               // turns at J2000.
 constexpr double kEraExcess = 0.00273781191135448;            // turns a day of UT1 above one
 constexpr double kSPrimeRate = -47.0 * kRadPerMicroarcsecond; // rad a century
 
-template <class T>
-T gathered(const OrientationInstant *in, double (*number)(const OrientationInstant &))
+// A number of each instant of a pack, in registers: what is written in narrow parts holds up a wide read.
+template <class T, class Number>
+T gathered(const OrientationInstant *in, Number number)
 {
-    double lanes[lanes_of<T>];
-    for (int i = 0; i < lanes_of<T>; ++i)
-        lanes[i] = number(in[i]);
-    return load<T>(lanes);
+    if constexpr (lanes_of<T> == 1) {
+        return number(in[0]);
+    } else {
+        T out{};
+        for (int i = 0; i < lanes_of<T>; ++i)
+            set_lane(out, i, number(in[i]));
+        return out;
+    }
 }
 
+// A motion of each instant: value, rate and acceleration are neighbours.
 template <class T>
 Jet<T> gathered_jet(const OrientationInstant *in, Motion EopValues::*motion)
 {
-    double value[lanes_of<T>];
-    double rate[lanes_of<T>];
-    double acceleration[lanes_of<T>];
-    for (int i = 0; i < lanes_of<T>; ++i) {
-        value[i] = (in[i].eop.*motion).value;
-        rate[i] = (in[i].eop.*motion).rate;
-        acceleration[i] = (in[i].eop.*motion).acceleration;
+    if constexpr (lanes_of<T> == 1) {
+        const Motion &m = in->eop.*motion;
+        return {m.value, m.rate, m.acceleration};
+    } else {
+        static_assert(sizeof(Motion) == 3 * sizeof(double));
+        const double *from[lanes_of<T>];
+        for (int i = 0; i < lanes_of<T>; ++i)
+            from[i] = &(in[i].eop.*motion).value;
+        T parts[3];
+        ::gather(from, parts);
+        return {parts[0], parts[1], parts[2]};
     }
-    return {load<T>(value), load<T>(rate), load<T>(acceleration)};
 }
 
 template <class T>
@@ -113,12 +125,13 @@ template <int order, class T>
 template <class T>
 void scatter(const T (&m)[3][3], double (*out)[9])
 {
-    for (int k = 0; k < 9; ++k) {
-        double lanes[lanes_of<T>];
-        store(m[k / 3][k % 3], lanes);
-        for (int i = 0; i < lanes_of<T>; ++i)
-            out[i][k] = lanes[i];
-    }
+    T flat[9];
+    for (int k = 0; k < 9; ++k)
+        flat[k] = m[k / 3][k % 3];
+    if constexpr (lanes_of<T> == 1)
+        std::memcpy(*out, flat, sizeof flat);
+    else
+        store_elements(flat, *out, 0, lanes_of<T>);
 }
 
 template <int order, class T>
@@ -165,23 +178,19 @@ struct State {
 template <class T>
 void gather(const double (*from)[3], T (&to)[3])
 {
-    for (int k = 0; k < 3; ++k) {
-        double lanes[lanes_of<T>];
-        for (int i = 0; i < lanes_of<T>; ++i)
-            lanes[i] = from[i][k];
-        to[k] = load<T>(lanes);
-    }
+    if constexpr (lanes_of<T> == 1)
+        std::memcpy(to, *from, sizeof to);
+    else
+        load_threes(*from, to);
 }
 
 template <class T>
 void scatter(const T (&from)[3], double (*to)[3])
 {
-    for (int k = 0; k < 3; ++k) {
-        double lanes[lanes_of<T>];
-        store(from[k], lanes);
-        for (int i = 0; i < lanes_of<T>; ++i)
-            to[i][k] = lanes[i];
-    }
+    if constexpr (lanes_of<T> == 1)
+        std::memcpy(*to, from, sizeof from);
+    else
+        store_threes(from, *to);
 }
 
 template <class T>
