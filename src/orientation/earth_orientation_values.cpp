@@ -284,6 +284,17 @@ void eop_values(const Correlation &c, const SplitDay &tai, long near, int order,
     add_formulas(c, tai, after, out);
 }
 
+long first_row_of_cubic(const Correlation &c, const SplitDay &tai, long near)
+{
+    if (c.model == KL_TIME_MODEL_EXPLICIT || c.row_pole == nullptr || c.n_rows < 4)
+        return -1;
+    const long row = row_near(c, days_of(tai), near);
+    if (row < 0 || row >= c.n_rows - 1)
+        return -1;
+    const Span span = span_about(c, row);
+    return span.n == 4 ? span.first : -1;
+}
+
 TaiInstant tai_of(const Correlation &c, long scale, double time_days)
 {
     const long floor_days = whole_days(time_days);

@@ -33,6 +33,9 @@ struct TaiInstant {
 // At an instant of TAI with `order` derivatives; the search of the row starts at `near`.
 void eop_values(const Correlation &correlation, const SplitDay &tai, long near, int order, EopValues *out);
 
+// The first of the four rows with poles whose cubic serves an instant of TAI; -1 where eop_values goes another way.
+long first_row_of_cubic(const Correlation &correlation, const SplitDay &tai, long near);
+
 // The same instant in TAI; `scale` one of KL_TIME_TAI to KL_TIME_GPS. UT1 is that of the rows, without corrections.
 TaiInstant tai_of(const Correlation &correlation, long scale, double time_days);
 

@@ -11,6 +11,10 @@ struct OrientationInstant {
     double tt_fraction; // of that day
     double ut1_day, ut1_fraction;
     EopValues eop;
+    // Or, where a cubic serves, its four rows and the instant of TAI: then UT1 and the values follow in the kernel.
+    const kl_time_row *rows;
+    const double (*poles)[4];
+    double tai_day, tai_fraction;
 };
 
 // What is known of the Earth at an instant: radians, seconds.
@@ -29,6 +33,10 @@ struct OrientationPath {
 bool orientation_instant(const Correlation &correlation, long scale, double time_days, int order,
                          OrientationInstant *out);
 
+// The same where a cubic serves, of scales other than UT1, without UT1 and the values. False elsewhere.
+bool orientation_rows(const Correlation &correlation, long scale, double time_days, OrientationInstant *out);
+
+// Those of a call are all with rows or all without.
 // Matrices with `order` derivatives: m[i], rate[i], acceleration[i] of instant i, rows of three; unused ones may be
 // null.
 KL_KERNEL(orientation_matrices, (const OrientationInstant *instants, long n, const OrientationPath &path, int order,

@@ -15,26 +15,37 @@ struct Block {
     long place[kBlock]; // of the instant of each element among them; -1 leaves it to the scalar call, which refuses it
 };
 
-// Prepares the instants of a block, equal neighbours once.
+// Prepares the instants of a block, equal neighbours once: where a cubic serves all of them with their rows, else by
+// their values.
 void prepare(const OrientationRequest &request, const OrientationPath &path, const double *time, long count, int order,
              Block *block, LeftOver *left)
 {
-    block->n = 0;
-    bool warned = false;
-    for (long k = 0; k < count; ++k) {
-        if (k > 0 && same_number(time[k], time[k - 1])) {
-            block->place[k] = block->place[k - 1];
-        } else {
-            OrientationInstant *instant = &block->instants[block->n];
-            const bool good = prepared(request, time + k, order, instant);
+    bool nothing_to_say = true;
+    const auto prepare_all = [&](const auto &prepares) {
+        block->n = 0;
+        nothing_to_say = true;
+        for (long k = 0; k < count; ++k) {
+            if (k > 0 && same_number(time[k], time[k - 1])) {
+                block->place[k] = block->place[k - 1];
+                continue;
+            }
+            const bool good = inside_processing_range(time[k]) && prepares(time[k], &block->instants[block->n]);
+            nothing_to_say &= good && status_of(path, block->instants[block->n].eop.notes) == KL_OK;
             block->place[k] = good ? block->n++ : -1;
-            warned = good && status_of(path, instant->eop.notes) != KL_OK;
         }
+    };
+    bool all_by_rows = true;
+    prepare_all([&](double days, OrientationInstant *out) {
+        all_by_rows = all_by_rows && orientation_rows(*request.correlation, request.scale, days, out);
+        return all_by_rows;
+    });
+    if (!all_by_rows)
+        prepare_all([&](double days, OrientationInstant *out) { return prepared(request, &days, order, out); });
+    for (long k = 0; k < count && !nothing_to_say; ++k)
         if (block->place[k] < 0)
             left->add(k);
-        else if (warned)
+        else if (status_of(path, block->instants[block->place[k]].eop.notes) != KL_OK)
             left->warns(k);
-    }
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // The kernels of Earth orientation, compiled for each instruction set.
 #include "numbers/transposed.h"
+#include "orientation/eop_rows.h"
 #include "orientation/frames_of_date.h"
 #include "orientation/orientation.h"
 #include "orientation/short_period_terms.h"
@@ -44,6 +45,70 @@ Jet<T> gathered_jet(const OrientationInstant *in, Motion EopValues::*motion)
     }
 }
 
+// UT1, the pole and its offsets at the instants.
+template <class T>
+struct EopOf {
+    Jet<T> tai_ut1, x, y, dx, dy;
+    T ut1_day, ut1_fraction;
+};
+
+template <class T>
+EopOf<T> given_eop(const OrientationInstant *in)
+{
+    return {gathered_jet<T>(in, &EopValues::tai_ut1),
+            gathered_jet<T>(in, &EopValues::x),
+            gathered_jet<T>(in, &EopValues::y),
+            gathered_jet<T>(in, &EopValues::dx),
+            gathered_jet<T>(in, &EopValues::dy),
+            gathered<T>(in, [](const OrientationInstant &i) { return i.ut1_day; }),
+            gathered<T>(in, [](const OrientationInstant &i) { return i.ut1_fraction; })};
+}
+
+// rad: x, y, dX, dY of a row.
+template <class T>
+void gathered_pole(const OrientationInstant *in, int row, T (&pole)[4])
+{
+    if constexpr (lanes_of<T> == 1) {
+        std::memcpy(pole, in->poles[row], sizeof pole);
+    } else {
+        const double *from[lanes_of<T>];
+        for (int i = 0; i < lanes_of<T>; ++i)
+            from[i] = in[i].poles[row];
+        ::gather(from, pole);
+    }
+    for (T &coordinate : pole)
+        coordinate = coordinate * kRadPerArcsecond;
+}
+
+template <int order, class T>
+EopOf<T> eop_of_rows(const OrientationInstant *in)
+{
+    const T day = gathered<T>(in, [](const OrientationInstant &i) { return i.tai_day; });
+    const T fraction = gathered<T>(in, [](const OrientationInstant &i) { return i.tai_fraction; });
+    T ahead[4], tai_ut1[4], columns[4][4];
+    for (int k = 0; k < 4; ++k) {
+        ahead[k] = (gathered<T>(in, [k](const OrientationInstant &i) { return i.rows[k].tai; }) - day) - fraction;
+        tai_ut1[k] = gathered<T>(in, [k](const OrientationInstant &i) { return i.rows[k].tai_ut1; });
+        T pole[4];
+        gathered_pole(in, k, pole);
+        for (int j = 0; j < 4; ++j)
+            columns[j][k] = pole[j];
+    }
+    const RowWeights<T> w = row_weights<order>(ahead);
+    EopOf<T> out = {weighted<order>(w, tai_ut1),
+                    weighted<order>(w, columns[0]),
+                    weighted<order>(w, columns[1]),
+                    weighted<order>(w, columns[2]),
+                    weighted<order>(w, columns[3]),
+                    day,
+                    fraction};
+    const T behind = fraction - out.tai_ut1.value / kSecondsPerDay;
+    const T carry = floor(behind);
+    out.ut1_day = day + carry;
+    out.ut1_fraction = behind - carry;
+    return out;
+}
+
 template <class T>
 PoleNodes<T> gathered_nodes(const OrientationInstant *in)
 {
@@ -85,20 +150,21 @@ template <int order, class T>
     const T tt_fraction = gathered<T>(in, [](const OrientationInstant &i) { return i.tt_fraction; });
     const T tt_day = gathered<T>(in, [](const OrientationInstant &i) { return static_cast<double>(i.tt_day); });
     const T t = ((tt_day - 0.5) + tt_fraction) * (1.0 / kDaysPerCentury);
+    const EopOf<T> eop = in->rows != nullptr ? eop_of_rows<order, T>(in) : given_eop<T>(in);
     if (from <= kRankGcrs && to >= kRankCirs) {
         e.cip = celestial_pole<order>(gathered_nodes<T>(in), tt_fraction, t);
-        add(e.cip.x, gathered_jet<T>(in, &EopValues::dx));
-        add(e.cip.y, gathered_jet<T>(in, &EopValues::dy));
+        add(e.cip.x, eop.dx);
+        add(e.cip.y, eop.dy);
         separate_origin<order>(e.cip);
     }
     if (to < kRankTirs)
         return out;
 
-    const T day = gathered<T>(in, [](const OrientationInstant &i) { return i.ut1_day; });
-    T fraction = gathered<T>(in, [](const OrientationInstant &i) { return i.ut1_fraction; });
-    Jet<T> tai_ut1 = gathered_jet<T>(in, &EopValues::tai_ut1);
-    e.x_pole = gathered_jet<T>(in, &EopValues::x);
-    e.y_pole = gathered_jet<T>(in, &EopValues::y);
+    const T day = eop.ut1_day;
+    T fraction = eop.ut1_fraction;
+    Jet<T> tai_ut1 = eop.tai_ut1;
+    e.x_pole = eop.x;
+    e.y_pole = eop.y;
     if (corrections != 0) {
         const T centuries = ((day - 0.5) + fraction) * (1.0 / kDaysPerCentury);
         const ShortPeriodSums<T> tides =
