@@ -113,6 +113,14 @@ public:
         return KL_ERR;
     }
 
+    // Is an array missing that every element reads? That is said here, once; the call is to be refused.
+    bool lacks(const void *column, int condition)
+    {
+        if (column == nullptr)
+            call_.fails(condition);
+        return column == nullptr;
+    }
+
     template <long Length = kBlock, class One, class Fail, class Block>
     long each(One one, Fail fail, Block block)
     {

@@ -527,6 +527,8 @@ long kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mo
     if (!is_ready(array.call(), KL_GEOD_TO_CART_CALC_MODE_ERR, calc_mode, model_id, &e))
         return array.refuse(fail);
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    if (array.lacks(in, KL_GEOD_TO_CART_LATITUDE_ERR))
+        return array.refuse(fail);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_GEOD_TO_CART, word);
@@ -534,7 +536,7 @@ long kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mo
         },
         fail,
         [&](long first, long count, LeftOver &left) {
-            if (in == nullptr || pos == nullptr || (rates && vel == nullptr))
+            if (pos == nullptr || (rates && vel == nullptr))
                 return false;
             std::uint64_t places = 0;
             const EllipsoidConstants ellipsoid = {e.a, e.f};
@@ -556,6 +558,8 @@ long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mo
     if (!is_ready(array.call(), KL_CART_TO_GEOD_CALC_MODE_ERR, calc_mode, model_id, &e))
         return array.refuse(fail);
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    if (array.lacks(pos, KL_CART_TO_GEOD_POSITION_ERR) || (rates && array.lacks(vel, KL_CART_TO_GEOD_VELOCITY_ERR)))
+        return array.refuse(fail);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_CART_TO_GEOD, word);
@@ -563,7 +567,7 @@ long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mo
         },
         fail,
         [&](long first, long count, LeftOver &left) {
-            if (pos == nullptr || out == nullptr || (rates && vel == nullptr))
+            if (out == nullptr)
                 return false;
             std::uint64_t places = 0;
             const EllipsoidConstants ellipsoid = {e.a, e.f};
@@ -586,6 +590,8 @@ long kl_cart_to_radec_n(kl_model_id *, const long *n, const long *calc_mode, con
         return array.refuse(fail);
     }
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    if (array.lacks(pos, KL_CART_TO_RADEC_POSITION_ERR) || (rates && array.lacks(vel, KL_CART_TO_RADEC_VELOCITY_ERR)))
+        return array.refuse(fail);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_CART_TO_RADEC, word);
@@ -593,7 +599,7 @@ long kl_cart_to_radec_n(kl_model_id *, const long *n, const long *calc_mode, con
         },
         fail,
         [&](long first, long count, LeftOver &left) {
-            if (pos == nullptr || out == nullptr || (rates && vel == nullptr))
+            if (out == nullptr)
                 return false;
             std::uint64_t places = 0;
             radec_of_states_kernel()(rates, pos + first, from(vel, first), six(out, first), count, &places);
@@ -617,6 +623,8 @@ long kl_radec_to_cart_n(kl_model_id *, const long *n, const long *calc_mode, con
         return array.refuse(fail);
     }
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    if (array.lacks(in, KL_RADEC_TO_CART_RA_ERR))
+        return array.refuse(fail);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_RADEC_TO_CART, word);
@@ -624,7 +632,7 @@ long kl_radec_to_cart_n(kl_model_id *, const long *n, const long *calc_mode, con
         },
         fail,
         [&](long first, long count, LeftOver &left) {
-            if (in == nullptr || pos == nullptr || (rates && vel == nullptr))
+            if (pos == nullptr || (rates && vel == nullptr))
                 return false;
             std::uint64_t places = 0;
             states_of_radec_kernel()(rates, six(in, first), pos + first, from(vel, first), count, &places);
@@ -644,6 +652,8 @@ long kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *ca
     if (!is_ready(array.call(), kToStation, calc_mode, model_id, origin, &station))
         return array.refuse(fail);
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    if (array.lacks(pos, KL_EF_TO_TOPOCENTRIC_STATE_ERR) || (rates && array.lacks(vel, KL_EF_TO_TOPOCENTRIC_STATE_ERR)))
+        return array.refuse(fail);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_EF_TO_TOPOCENTRIC, word);
@@ -651,7 +661,7 @@ long kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *ca
         },
         fail,
         [&](long first, long count, LeftOver &left) {
-            if (pos == nullptr || out == nullptr || (rates && vel == nullptr))
+            if (out == nullptr)
                 return false;
             std::uint64_t places = 0;
             const StationConstants there = constants_of(station);
@@ -676,6 +686,8 @@ long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *ca
     if (!is_ready(array.call(), kFromStation, calc_mode, model_id, origin, &station))
         return array.refuse(fail);
     const bool rates = *calc_mode == KL_CALC_POS_VEL;
+    if (array.lacks(in, KL_TOPOCENTRIC_TO_EF_COORDINATES_ERR))
+        return array.refuse(fail);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_TOPOCENTRIC_TO_EF, word);
@@ -683,7 +695,7 @@ long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *ca
         },
         fail,
         [&](long first, long count, LeftOver &left) {
-            if (in == nullptr || pos == nullptr || (rates && vel == nullptr))
+            if (pos == nullptr || (rates && vel == nullptr))
                 return false;
             std::uint64_t places = 0;
             const StationConstants there = constants_of(station);
@@ -708,6 +720,9 @@ long kl_geod_distance_n(kl_model_id *model_id, const long *n, const double *lat1
     };
     Ellipsoid e;
     if (!ellipsoid_of_model(model_id, &e))
+        return array.refuse(fail);
+    if (array.lacks(lat1, KL_GEOD_DISTANCE_LATITUDE1_ERR) || array.lacks(lon1, KL_GEOD_DISTANCE_LONGITUDE1_ERR)
+        || array.lacks(lat2, KL_GEOD_DISTANCE_LATITUDE2_ERR) || array.lacks(lon2, KL_GEOD_DISTANCE_LONGITUDE2_ERR))
         return array.refuse(fail);
     const GeodesicSeries g = geodesic_series(e);
     return array.each(
@@ -759,6 +774,10 @@ long KL_Coticchia_Surace_n(kl_model_id *model_id, const long *n, const double *l
         array.call().fails(KL_COTICCHIA_SURACE_COMPUTATION_ERR);
         return array.refuse(fail);
     }
+    constexpr int kMissing = KL_COTICCHIA_SURACE_COMPUTATION_ERR;
+    if (array.lacks(lat, kMissing) || array.lacks(lon, kMissing) || array.lacks(zone, kMissing)
+        || array.lacks(north, kMissing) || array.lacks(easting, kMissing) || array.lacks(northing, kMissing))
+        return array.refuse(fail);
     const GridSeries g = grid_series(e);
     return array.each(
         [&](long i, long *word) {

@@ -440,6 +440,8 @@ long kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, c
     if (!is_ready(array.call(), KL_KEPL_TO_CART_KIND_ERR, kind, model_id, &field))
         return array.refuse(fail);
     const bool mean = *kind == KL_KEPLER_MEAN;
+    if (array.lacks(in, KL_KEPL_TO_CART_ELEMENTS_ERR))
+        return array.refuse(fail);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_KEPL_TO_CART, word);
@@ -447,7 +449,7 @@ long kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, c
         },
         fail,
         [&](long first, long count, LeftOver &left) {
-            if (mean || in == nullptr || pos == nullptr || vel == nullptr)
+            if (mean || pos == nullptr || vel == nullptr)
                 return false;
             std::uint64_t places = 0;
             states_of_ellipses_kernel()(field.gm, reinterpret_cast<const double(*)[6]>(in + first), pos + first,
@@ -468,6 +470,8 @@ long kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, c
     if (!is_ready(array.call(), KL_CART_TO_KEPL_KIND_ERR, kind, model_id, &field))
         return array.refuse(fail);
     const bool mean = *kind == KL_KEPLER_MEAN;
+    if (array.lacks(pos, KL_CART_TO_KEPL_STATE_ERR) || array.lacks(vel, KL_CART_TO_KEPL_STATE_ERR))
+        return array.refuse(fail);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_CART_TO_KEPL, word);
@@ -475,7 +479,7 @@ long kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, c
         },
         fail,
         [&](long first, long count, LeftOver &left) {
-            if (mean || pos == nullptr || vel == nullptr || out == nullptr)
+            if (mean || out == nullptr)
                 return false;
             std::uint64_t places = 0;
             ellipses_of_states_kernel()(field.gm, pos + first, vel + first, reinterpret_cast<double(*)[6]>(out + first),
@@ -495,7 +499,7 @@ long kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const lo
     const auto fail = [&](long i) { fill_record(out, i); };
     constexpr double kInRange = 0.0;
     const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
-    if (refuses_instant(array.call(), kInstant, ref, &kInRange))
+    if (refuses_instant(array.call(), kInstant, ref, time != nullptr ? &kInRange : nullptr))
         return array.refuse(fail);
     if (!is_mode(calc_mode)) {
         array.call().fails(KL_POSITION_ON_ORBIT_CALC_MODE_ERR);
@@ -505,6 +509,8 @@ long kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const lo
         array.call().fails(KL_POSITION_ON_ORBIT_CS_ERR);
         return array.refuse(fail);
     }
+    if (array.lacks(pos, KL_POSITION_ON_ORBIT_STATE_ERR) || array.lacks(vel, KL_POSITION_ON_ORBIT_STATE_ERR))
+        return array.refuse(fail);
     return array.each(
         [&](long i, long *word) {
             Activation call(KL_FN_POSITION_ON_ORBIT, word);
@@ -555,14 +561,16 @@ long kl_orbit_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, c
     if (array.nothing())
         return array.result();
     const auto fail = [&](long i) { fill_record(out, i); };
-    if (time_ref == nullptr || !is_frame_of_states(cs))
+    constexpr double kInRange = 0.0;
+    const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
+    if (checked_instant(ref, time != nullptr ? &kInRange : nullptr) || !is_frame_of_states(cs) || pos == nullptr
+        || vel == nullptr || out == nullptr)
         return array.refuse(fail);
     return array.each(
         [&](long i, long *) {
-            const double *at = element(time, i);
-            if (checked_instant(*time_ref, at))
+            if (checked_instant(ref, time + i))
                 return long{KL_ERR};
-            return orbit_sun(model_id, time_id, *cs, *time_ref, *at, element(pos, i), element(vel, i), element(out, i));
+            return orbit_sun(model_id, time_id, *cs, ref, time[i], pos[i], vel[i], out + i);
         },
         fail);
 }
