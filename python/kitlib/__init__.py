@@ -13,7 +13,7 @@ from . import _functions
 from ._errors import KitError, KitWarning, codes_of as _codes_of
 from ._functions import *  # noqa: F403
 from ._ids import ModelId, RunId, SatId, TimeId
-from ._more import (geoid, geoid_grid, poly_real_roots, star_catalog, time_get_leap_seconds, time_get_row,
+from ._more import (geoid, geoid_grid, interpolate_states, poly_real_roots, star_catalog, time_get_leap_seconds, time_get_row,
                     time_obt_to_time, time_time_to_obt)
 from ._table import *  # noqa: F403
 from ._table import CONDITIONS as _CONDITIONS

@@ -662,6 +662,11 @@ class RealRoots(NamedTuple):
     roots: Doubles
     n_roots: Any
 
+class InterpolatedState(NamedTuple):
+    pos: Doubles
+    vel: Doubles
+    error: Any
+
 class LeapSeconds(NamedTuple):
     utc: Doubles
     tai_utc: Doubles
@@ -669,4 +674,5 @@ class LeapSeconds(NamedTuple):
 
 def poly_real_roots(c: Numbers, /, *, errors: str = ..., return_status: bool = ...) -> Any: ...
 def time_get_row(t: Numbers, /, *, ref: Time | str | int = ..., time: TimeId | None = ...) -> NDArray[Any]: ...
+def interpolate_states(t: Numbers, /, *, times: Numbers, pos: Numbers, vel: Numbers, errors: str = ..., return_status: bool = ...) -> InterpolatedState: ...
 def time_get_leap_seconds(*, time: TimeId | None = ...) -> LeapSeconds: ...

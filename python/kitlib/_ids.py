@@ -216,16 +216,8 @@ class TimeId(_Id):
 
     def pole(self, t, ref="UTC"):
         """x, y, dX, dY of the pole, arcsec, at MJD2000 instants: [..., 4]."""
-        instants = np.ascontiguousarray(t, "f8")
-        out = np.empty(instants.shape + (4,))
-        which = ctypes.c_long(int(_table.Time[ref]) if isinstance(ref, str) else int(ref))
-        get, here = symbol("kl_time_get_pole"), self.pointer
-        one = (ctypes.c_double * 4)()
-        for i, instant in enumerate(instants.flat):
-            if get(here, ctypes.byref(which), ctypes.byref(ctypes.c_double(instant)), one) == -1:
-                raise _errors.KitError("kl_time_get_pole")
-            out.reshape(-1, 4)[i] = one
-        return out
+        from . import _functions  # which needs this module
+        return _functions.time_get_pole(t, ref=ref, time=self)
 
     def __reduce__(self):
         state = self.data()

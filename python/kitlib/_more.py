@@ -9,6 +9,7 @@ from . import _arrays, _errors, _ids, _table
 from ._library import KITLIB, symbol
 
 RealRoots = namedtuple("RealRoots", "roots n_roots")
+InterpolatedState = namedtuple("InterpolatedState", "pos vel error")
 LeapSeconds = namedtuple("LeapSeconds", "utc tai_utc expiry")
 _OBT = {"ObtParamTarvos": (21, "ObtTarvos"), "ObtParamVardo": (51, "ObtTarvos"), "ObtParamKelda": (61, "ObtKelda"), "ObtParamBrisa": (71, "ObtTarvos")}
 
@@ -193,14 +194,61 @@ def time_get_row(t, /, *, ref="UTC", time=None):
     (37.0, 0.5913)
     """
     instants = np.ascontiguousarray(_arrays.numbers(t, np.dtype("f8"), 0, "t"), "f8").reshape(np.shape(t))
-    out = np.zeros(instants.shape, np.dtype(_table.TimeRowInfo))
-    get, here, which = symbol("kl_time_get_row"), _ids.pointer_of("time", time).pointer, _arrays.long_pointer(_arrays.selected(ref, _table.Time))
-    one = _table.TimeRowInfo()
-    for i, instant in enumerate(instants.flat):
-        if get(here, which, ctypes.byref(ctypes.c_double(instant)), ctypes.byref(one)) == -1:
-            raise _errors.KitError("kl_time_get_row", messages=(f"no row for the instant {instant}",))
-        out.reshape(-1)[i] = np.frombuffer(one, out.dtype)[0]
+    out, status = np.zeros(instants.shape, np.dtype(_table.TimeRowInfo)), np.zeros(instants.shape, "i8")
+    which = _arrays.long_pointer(_arrays.selected(ref, _table.Time))
+    if symbol("kitlib_kl_time_get_row_n")(_ids.pointer_of("time", time).pointer, ctypes.byref(ctypes.c_long(instants.size)), which,
+                                          _arrays.pointer(instants), _arrays.pointer(out), _arrays.pointer(status)) == -1:
+        raise _errors.KitError("kl_time_get_row", messages=(f"no row for the instant {instants[status == -1].flat[0]}",),
+                               status=status if status.ndim else None, outputs=out if status.ndim else None)
     return out
+
+
+def interpolate_states(t, /, *, times, pos, vel, errors="raise", return_status=False):
+    """States between states in memory, by Hermite's polynomial of degree 11 through the six nearest.
+
+    Arguments:
+        t: s, from the first to the last of times; nothing is extrapolated
+    Keywords:
+        times: [n], s, from where the caller likes, increasing; 2 or more. Of days the seconds since the first one:
+            (days - days[0]) * 86400
+        pos, vel: [n, 3], m and m/s, all in one frame
+    Returns InterpolatedState:
+        pos: [..., 3], m
+        vel: [..., 3], m/s
+        error: m, how far the same polynomial with one state fewer is: above the true error where the motion is smooth
+    Raises KitError: an instant outside, or states around it that are not in order or no numbers.
+    C has no array form of it: the package's own loop in C calls it once an element.
+
+    >>> import kitlib as kl, numpy as np
+    >>> s = np.arange(0.0, 3600.0, 60.0)
+    >>> pos = 7e6 * np.stack([np.cos(1e-3 * s), np.sin(1e-3 * s), 0 * s], axis=1)
+    >>> vel = 7e3 * np.stack([-np.sin(1e-3 * s), np.cos(1e-3 * s), 0 * s], axis=1)
+    >>> found = kl.interpolate_states([90.0, 1000.0], times=s, pos=pos, vel=vel)
+    >>> bool(np.abs(found.pos[1] - 7e6 * np.array([np.cos(1.0), np.sin(1.0), 0.0])).max() < 1e-6)
+    True
+    """
+    if errors not in ("raise", "nan"):
+        raise ValueError(f'errors is "raise" or "nan", not {errors!r}')
+    number = np.dtype("f8")
+    given = _arrays.numbers(t, number, 0, "t")
+    shape = given.shape
+    given = np.ascontiguousarray(given, number)
+    columns = [_arrays.numbers(x, number, length, name) for x, length, name in ((times, 0, "times"), (pos, 3, "pos"), (vel, 3, "vel"))]
+    n = len(columns[0]) if columns[0].ndim == 1 else -1
+    if [c.shape for c in columns] != [(n,), (n, 3), (n, 3)]:
+        raise ValueError(f"times, pos and vel: shapes (n,), (n, 3) and (n, 3) are wanted, not {', '.join(str(c.shape) for c in columns)}")
+    states = np.empty(n, np.dtype(_table.StateAt))
+    states["time"], states["pos"], states["vel"] = columns
+    found = InterpolatedState(np.empty(shape + (3,)), np.empty(shape + (3,)), np.empty(shape))
+    status = np.zeros(shape, "i8")
+    done = symbol("kitlib_kl_interpolate_states_n")(ctypes.byref(ctypes.c_long(n)), _arrays.pointer(states), ctypes.byref(ctypes.c_long(given.size)),
+                                                    _arrays.pointer(given), *[_arrays.pointer(x) for x in found], _arrays.pointer(status))
+    if not shape:
+        found = found._replace(error=found.error.item())
+    if done == -1 and errors == "raise":
+        raise _errors.KitError("kl_interpolate_states", messages=("an instant without states around it, or states that are not in order or no numbers",),
+                               status=status if shape else None, outputs=found if shape else None)
+    return (found, status if shape else int(status)) if return_status else found
 
 
 def time_get_leap_seconds(*, time=None):

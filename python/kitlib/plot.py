@@ -47,11 +47,12 @@ def ground_track(latitude: Any, longitude: Any, t: Any, ax: Any = None, *, ref: 
 
 
 def geoid_map(ax: Any = None, *, step: float = 2.0, max_degree: int = 180, model: Any = None) -> Any:
-    """Height of the geoid over the ellipsoid, m."""
+    """Height of the geoid over the ellipsoid, m, on a grid of about step degrees."""
     ax = _axes(ax, f"Geoid to degree {max_degree}, m")
-    lat, lon = np.arange(-90, 90 + step / 2, step), np.arange(0, 360, step)
-    heights = np.roll(_more.geoid_grid(lat, lon, max_degree=max_degree, model=model), len(lon) // 2, axis=1)
-    image = ax.imshow(heights, origin="lower", extent=(-180, 180, -90, 90), cmap="RdYlBu_r")
+    n = max(round(180 / step), 1)
+    half = 90 / n  # a node is the middle of its colour
+    heights = np.roll(_more.geoid_grid(np.linspace(-90, 90, n + 1), np.arange(2 * n) * 180 / n, max_degree=max_degree, model=model), n, axis=1)
+    image = ax.imshow(heights, origin="lower", extent=(-180 - half, 180 - half, -90 - half, 90 + half), cmap="RdYlBu_r")
     plt.colorbar(image, ax=ax, shrink=0.8)
     _map(ax)
     return ax
@@ -67,7 +68,7 @@ def eclipse_seasons(start: Any, stop: Any, ax: Any = None) -> Any:
 
 
 def pole_path(time_id: Any, t: Any, ax: Any = None) -> Any:
-    """Path of the pole of a time id, arcsec; to the right the meridian of Greenwich, upwards 90 deg west."""
+    """Path of the pole of a time id at MJD2000 instants, UTC, arcsec; to the right the meridian of Greenwich, upwards 90 deg west."""
     ax = _axes(ax, "Path of the pole, arcsec")
     pole = time_id.pole(t)
     ax.plot(pole[:, 0], pole[:, 1], linewidth=1)

@@ -170,6 +170,45 @@ long kitlib_kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *
     return result;
 }
 
+/* States between states in memory; one that there is not is NaN. */
+KL_API long kitlib_kl_interpolate_states_n(const long *n_states, const kl_state_at *states, const long *n, const double *time, double pos[][3],
+                                           double vel[][3], double *error, long *status);
+long kitlib_kl_interpolate_states_n(const long *n_states, const kl_state_at *states, const long *n, const double *time, double pos[][3],
+                                    double vel[][3], double *error, long *status)
+{
+    long i, result;
+    if (!begun(n, NULL, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        const long one = kl_interpolate_states(n_states, states, time + i, pos[i], vel[i], error + i, NULL);
+        result = noted(result, one, i, status, NULL, NULL, 0);
+        if (one == KL_ERR) {
+            fill(pos[i], 3);
+            fill(vel[i], 3);
+            error[i] = NAN;
+        }
+    }
+    return result;
+}
+
+/* Rows of a correlation that serve instants; all zero where there is none. */
+KL_API long kitlib_kl_time_get_row_n(kl_time_id *time_id, const long *n, const long *time_ref, const double *time, kl_time_row_info *out,
+                                     long *status);
+long kitlib_kl_time_get_row_n(kl_time_id *time_id, const long *n, const long *time_ref, const double *time, kl_time_row_info *out,
+                              long *status)
+{
+    long i, result;
+    if (!begun(n, NULL, 1, &result))
+        return result;
+    for (i = 0; i < *n; ++i) {
+        const long one = kl_time_get_row(time_id, time_ref, time + i, out + i);
+        result = noted(result, one, i, status, NULL, NULL, 0);
+        if (one == KL_ERR)
+            memset(out + i, 0, sizeof out[i]);
+    }
+    return result;
+}
+
 /* On-board times lie at the size of the satellite's record; a failed one keeps its satellite. */
 static size_t clock_size(const long *sat_id)
 {

@@ -238,6 +238,42 @@ def test_threads_share_memory_of_results():
     assert wrong == []
 
 
+def test_states_between_states():
+    """Kepler's motion, states five minutes apart; the ends, and what is no table."""
+    seconds = np.arange(0.0, 7200.0, 300.0)
+    a, rate = 7.2e6, np.sqrt(3.986004418e14 / 7.2e6**3)  # a circle
+
+    def circle(s):
+        x = rate * np.asarray(s)[..., None]
+        return a * np.concatenate([np.cos(x), np.sin(x), 0 * x], axis=-1), a * rate * np.concatenate([-np.sin(x), np.cos(x), 0 * x], axis=-1)
+    pos, vel = circle(seconds)
+    asked = np.linspace(1200.0, 5400.0, 60).reshape(6, 10)
+    found = kl.interpolate_states(asked, times=seconds, pos=pos, vel=vel)
+    off = np.linalg.norm(found.pos - circle(asked)[0], axis=-1)
+    assert found.pos.shape == (6, 10, 3) and off.max() < 1e-6 and np.abs(found.vel - circle(asked)[1]).max() < 1e-8
+    assert np.all(off <= found.error + 1e-8)
+    one = kl.interpolate_states(5100, times=seconds, pos=pos, vel=vel)
+    assert one.pos.shape == (3,) and isinstance(one.error, float) and np.abs(one.pos - pos[17]).max() < 1e-8
+    result, status = kl.interpolate_states([-1.0, 10.0], times=seconds, pos=pos, vel=vel, errors="nan", return_status=True)
+    assert status.tolist() == [-1, 0] and np.isnan(result.pos[0]).all() and np.isnan(result.error[0]) and np.isfinite(result.pos[1]).all()
+    for wrong in ({"times": seconds[::-1]}, {"pos": pos * np.nan}, {"times": seconds[:1], "pos": pos[:1], "vel": vel[:1]}):
+        with pytest.raises(kl.KitError):
+            kl.interpolate_states(seconds[-1] if "times" not in wrong else 0.0, **{"times": seconds, "pos": pos, "vel": vel, **wrong})
+    for wrong in ({"vel": vel[1:]}, {"pos": pos[:, :2]}, {"times": 5.0}):
+        with pytest.raises(ValueError):
+            kl.interpolate_states(0.0, **{"times": seconds, "pos": pos, "vel": vel, **wrong})
+
+
+def test_rows_of_a_correlation():
+    time_id = kl.TimeId.from_rows([[9600.0, 36, 0.25], [9610.0, 37, -0.25]])
+    rows = kl.time_get_row([[9599.0, 9601.0], [9605.0, 9611.0]], time=time_id)
+    assert rows.shape == (2, 2) and rows["row"].tolist() == [[-1, 0], [0, 2]] and rows["tai_utc"].tolist() == [[36, 36], [36, 37]]
+    assert kl.time_get_row(9601.0, time=time_id)["tai_utc"] == 36
+    with pytest.raises(kl.KitError) as caught:
+        kl.time_get_row([9601.0, np.nan], time=time_id)
+    assert "nan" in caught.value.messages[0] and caught.value.status.tolist() == [0, -1]
+
+
 @pytest.mark.skipif(not has("star_radec"), reason="the library has no stars")
 def test_star_catalogue():
     stars, places = kl.star_catalog(9668.0, cone=(88.8, 7.4, 1.0), magnitudes=(-2.0, 2.0))
