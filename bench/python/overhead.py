@@ -1,18 +1,19 @@
-"""What the Python package adds to the array calls of C: the same arrays, one after the other, least of many. Prints a table in
-Markdown: times of one call of C into memory that is ready and into memory asked for at each call, of the package, its ratio
-to the first, and of the scalar form.
+"""What the Python package adds to the array calls of C: the same arrays, one after the other, least of many: one call of C into
+memory that is ready and into memory asked for at each call, the package, and its scalar form.
 """
 import ctypes
-import sys
 import time
+from collections import namedtuple
 
 import numpy as np
 
 import kitlib as kl
 from kitlib import _ids
 from kitlib._library import KITLIB
+from kitlib._memory import LIMIT  # noqa: F401 (for the page)
 
 SIZES = (1000, 10_000, 100_000, 1_000_000)
+Row = namedtuple("Row", "function n c c_new package scalar")  # seconds a call
 
 
 def least(function, seconds=0.3):
@@ -80,14 +81,7 @@ def pairs(n):
            lambda: kl.quaternions_to_vectors(q), lambda: kl.quaternions_to_vectors(q1))
 
 
-def main():
-    most = int(float(sys.argv[1])) if len(sys.argv) > 1 else SIZES[-1]
-    print("| function | elements | C, us | C into new memory, us | package, us | package / C | scalar, us |\n|---|---:|---:|---:|---:|---:|---:|")
+def rows(most=SIZES[-1]):
     for n in (n for n in SIZES if n <= most):
         for name, (ready, new), package, scalar in pairs(n):
-            c, fresh, p = least(ready), least(new), least(package)
-            print(f"| {name} | {n} | {c * 1e6:.1f} | {fresh * 1e6:.1f} | {p * 1e6:.1f} | {p / c:.2f} | {least(scalar, 0.05) * 1e6:.1f} |", flush=True)
-
-
-if __name__ == "__main__":
-    main()
+            yield Row(name, n, least(ready), least(new), least(package), least(scalar, 0.05))

@@ -1,20 +1,18 @@
 """kitlib beside pyerfa, astropy, skyfield and pyproj: the same task on the same numbers in one run, and how far the results
-lie apart. Prints a table in Markdown; times are those of the processor, the least of three.
-
-usage: side_by_side.py [largest number of elements]
+lie apart. Times are those of the processor, the least of at least three.
 """
 import importlib
-import sys
 import time
 import warnings
+from collections import namedtuple
 
 import numpy as np
 
 import kitlib as kl
 
 warnings.simplefilter("ignore")
-MOST = int(float(sys.argv[1])) if len(sys.argv) > 1 else 1_000_000
-SIZES = [n for n in (1, 1000, 1_000_000) if n <= MOST]
+SIZES = (1, 1000, 1_000_000)
+Row = namedtuple("Row", "task n ours rival theirs away unit")  # seconds a call; away and unit: largest difference
 MUST_END = 10.0  # seconds: a rival whose smaller size foretells more is not asked
 
 
@@ -81,7 +79,9 @@ def tasks():
         def by_erfa(x):
             turn = erfa.rz(erfa.gmst82(J2000, x["ut1"]), np.broadcast_to(np.eye(3), (len(x["t"]), 3, 3)))
             return erfa.rxp(turn, x["r"])
-        rivals.append(("pyerfa gmst82, rz (no pole, position alone)", by_erfa))
+        rivals.append(("pyerfa gmst82, rz", by_erfa))
+    rows.append(("TEME to pseudo-Earth-fixed at UT1, position alone", "m", lambda x: kl.change_cart_cs(x["ut1"], x["r"], cs_in="TEME", cs_out="PEF", ref="UT1").pos, rivals))
+    rivals = []
     if astropy:
         from astropy import units
         from astropy.coordinates import ITRS, TEME, CartesianDifferential, CartesianRepresentation
@@ -113,35 +113,39 @@ def tasks():
     return rows
 
 
-def least(function, given, repeats):
-    best, result = np.inf, None
-    for _ in range(repeats):
+def least(function, given, seconds=0.2):
+    """Seconds of a call, the least of at least three, and its result; short calls many at a time."""
+    best, result, end, repeats, done = np.inf, None, time.perf_counter() + seconds, 1, 0
+    while done < 3 or time.perf_counter() < end:
         start = time.process_time()
-        result = function(given)
-        best = min(best, time.process_time() - start)
+        for _ in range(repeats):
+            result = function(given)
+        taken = time.process_time() - start
+        best, done = min(best, taken / repeats), done + 1
+        if taken < 2e-3:
+            repeats = min(1000, max(2, int(2e-3 / max(taken / repeats, 1e-7))))
+        elif taken > MUST_END / 3:
+            break
     return best, np.asarray(result)
 
 
-def main():
-    given = {n: inputs(n) for n in SIZES}
-    print("| task | elements | kitlib | rival | time | rival / kitlib | largest difference |\n|---|---:|---:|---|---:|---:|---:|")
+def rows(most=SIZES[-1]):
+    """Every task with every rival at every size."""
+    sizes = [n for n in SIZES if n <= most]
+    given = {n: inputs(n) for n in sizes}
     for task, unit, ours, rivals in tasks():
         spent = {}
-        for n in SIZES:
-            mine, here = least(ours, given[n], 3)
+        for n in sizes:
+            mine, here = least(ours, given[n])
             for name, rival in rivals:
-                if spent.get(name, (0.0, 1))[0] * n / spent.get(name, (0.0, 1))[1] > MUST_END:
-                    print(f"| {task} | {n} | {mine / n * 1e9:.0f} ns | {name} | too long | | |")
+                if name in spent and spent[name][0] * n / spent[name][1] > MUST_END:
+                    yield Row(task, n, mine, name, "too long", None, "")
                     continue
                 try:
-                    other, there = least(rival, given[n], 3 if n < 1_000_000 else 1)
+                    other, there = least(rival, given[n])
                 except Exception as error:  # a rival that does not offer it in this version
-                    print(f"| {task} | {n} | | {name} | {type(error).__name__} | | |")
+                    yield Row(task, n, mine, name, type(error).__name__, None, "")
                     continue
-                spent[name] = (other, n)
-                away = np.abs(here - there)
-                print(f"| {task} | {n} | {mine / n * 1e9:.0f} ns | {name} | {other / n * 1e9:.0f} ns | {other / max(mine, 1e-9):.1f} | {away.max():.2g} {unit} |", flush=True)
-
-
-if __name__ == "__main__":
-    main()
+                if n > 1:
+                    spent[name] = (other, n)
+                yield Row(task, n, mine, name, other, np.abs(here - there).max(), unit)

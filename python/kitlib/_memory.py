@@ -57,6 +57,9 @@ def _shelf(item, dtype):
 
     def take(shape, n, room, getrefcount=sys.getrefcount, idle=IDLE):
         """An array of the shape, n items together, and its pointer; it holds what stood there before."""
+        if n < SMALLEST:
+            array = np.empty(shape + item, dtype)
+            return array, pointer(array)
         try:
             entries = rooms[room]
             entry = entries.popleft()
@@ -81,7 +84,7 @@ def _shelf(item, dtype):
 
     def new(shape, room):
         global _held
-        if room < SMALLEST or room * size > LARGEST or IDLE < 0:
+        if room * size > LARGEST or IDLE < 0:
             array = np.empty(shape + item, dtype)
             return array, pointer(array)
         if _held + room * size > LIMIT:
