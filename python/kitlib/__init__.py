@@ -1,7 +1,13 @@
 """Time scales and formats, frames, Sun, Moon and planets, the Earth and its geoid, rotations, on-board clocks: over arrays.
 
 Functions carry the names of C without the prefix. Arguments that vary from element to element come first and by
-position, selectors and ids are keywords. Instants are MJD2000 days, lengths metres, angles degrees.
+position, selectors and ids are keywords. Instants are MJD2000 days, lengths metres, angles degrees. Results are named
+tuples of new arrays, or one array; numbers for numbers.
+
+What C refuses is a KitError, which has the statuses of all elements and what was computed of the others; with
+errors="nan" it is NaN (0, an empty text) in its place, and nothing is raised. With return_status=True a pair is
+returned, the result and the statuses (0, 1: warned, -1: failed); it does not keep errors="raise" from raising. What
+cannot be an argument at all, as a wrong shape, a masked array or a closed id, is a TypeError or ValueError.
 
 >>> import kitlib as kl
 >>> t = kl.mjd2000("2026-06-21T08:24:00Z")

@@ -16,8 +16,18 @@ def codes_of(public_id):
     """The conditions of a function as an IntEnum."""
     if public_id not in _enums:
         name, rows = CONDITIONS[public_id]
-        _enums[public_id] = IntEnum(name[3:] if name.startswith("kl_") else name, rows)
+        members = IntEnum(name[3:] if name.startswith("kl_") else name, rows)
+        members.__reduce_ex__ = lambda self, _: (_code_again, (public_id, int(self)))  # the class is made here, pickle cannot find it
+        _enums[public_id] = members
     return _enums[public_id]
+
+
+def _code_again(public_id, code):
+    """A member from its pickle; of another version's that there is not here, the number."""
+    try:
+        return codes_of(public_id)(code)
+    except (KeyError, ValueError):
+        return code
 
 
 class KitError(Exception):
@@ -33,14 +43,7 @@ class KitError(Exception):
         self.status, self.outputs = status, outputs
 
     def __reduce__(self):
-        return (_error_again, (self.function, tuple((c.name, int(c)) for c in self.codes), self.messages, self.status, self.outputs))
-
-
-def _error_again(function, codes, messages, status, outputs):
-    members = IntEnum(function, codes) if codes else ()
-    if hasattr(outputs, "_asdict") is False and isinstance(outputs, list):
-        outputs = tuple(outputs)
-    return KitError(function, tuple(members), messages, status, outputs)
+        return (KitError, (self.function, self.codes, self.messages, self.status, self.outputs))
 
 
 class KitWarning(UserWarning):
@@ -49,6 +52,9 @@ class KitWarning(UserWarning):
     def __init__(self, text, function="", codes=()):
         super().__init__(text)
         self.function, self.codes = function, tuple(codes)
+
+    def __reduce__(self):
+        return (KitWarning, (str(self), self.function, self.codes))
 
 
 def decoded(public_id, vector):

@@ -1,6 +1,7 @@
 """Ids as objects: they close themselves, travel to other processes and print what they hold."""
 import ctypes
 import hashlib
+import operator
 import os
 import tempfile
 import threading
@@ -10,6 +11,7 @@ import numpy as np
 
 from . import _errors, _table
 from ._library import KITLIB, symbol
+from ._selectors import selected
 
 _PICKLE_FORMAT = 1
 _ROW = np.dtype([("tai", "f8"), ("ut1", "f8"), ("utc", "f8"), ("tai_utc", "f8"), ("tai_ut1", "f8"), ("tai_gps", "f8")])
@@ -117,12 +119,20 @@ class TimeId(_Id):
         """From files as their services publish them: IERS bulletins, EOP series, leap seconds, orbit files.
 
         model: a kl.TimeModel; None merges files of any kind. no_extrapolation: False continues after the last row by
-        the formula of a Bulletin A. start, stop: MJD2000, UTC, of the rows to take; all when left out.
+        the formula of a Bulletin A. start, stop: MJD2000, UTC: only the rows around that window; an end that is left
+        out is that of the files.
         """
-        names = [os.fspath(f) for f in ([files] if isinstance(files, (str, os.PathLike)) else files)]
+        names = [os.fspath(f) for f in ([files] if isinstance(files, (str, bytes, os.PathLike)) else files)]
         for name in names:
             if not os.path.exists(name):
                 raise FileNotFoundError(name)
+        if (start is None) != (stop is None):  # the other end is that of the files
+            utc = cls._read(names, model, no_extrapolation, None, None, True).data()["rows"]["utc"]
+            start, stop = (float(utc[0]), stop) if start is None else (start, float(utc[-1]))
+        return cls._read(names, model, no_extrapolation, start, stop, False)
+
+    @classmethod
+    def _read(cls, names, model, no_extrapolation, start, stop, quiet):
         self = cls._new()
         array = (ctypes.c_char_p * max(len(names), 1))(*[os.fsencode(n) for n in names])
         n, window = ctypes.c_long(len(names)), ctypes.c_long(0 if start is None else 1)
@@ -134,7 +144,7 @@ class TimeId(_Id):
             hold = ctypes.c_long(1 if no_extrapolation else 0)
             name, public, status = "kl_time_id_init", 15, symbol("kl_time_id_init")(ctypes.byref(n), array, ctypes.byref(hold), *tail)
         else:
-            kind = ctypes.c_long(int(_table.TimeModel[model.upper()] if isinstance(model, str) else model))
+            kind = ctypes.c_long(selected(model, _table.TimeModel))
             name, public, status = "kl_time_ref_init_file", 13, symbol("kl_time_ref_init_file")(ctypes.byref(kind), ctypes.byref(n), array, *tail)
         if status == -1:
             error = _errors.error(name, public, vector)
@@ -144,8 +154,8 @@ class TimeId(_Id):
             raise error
         self._opened()
         self.report = report
-        if status == 1:
-            _errors.warn(name, public, vector, 3)
+        if status == 1 and not quiet:
+            _errors.warn(name, public, vector, 4)
         return self
 
     @classmethod
@@ -162,6 +172,8 @@ class TimeId(_Id):
     @classmethod
     def from_rows(cls, rows, pole=None):
         """From a table: rows [n, 3] of UTC (MJD2000), TAI-UTC and UT1-UTC (s); pole [n, 4] of x, y, dX, dY (arcsec)."""
+        if isinstance(rows, np.ma.MaskedArray) or isinstance(pole, np.ma.MaskedArray):
+            raise TypeError("rows, pole: a masked array; fill it or compress it first")
         given = np.asarray(rows, "f8")
         if given.ndim != 2 or given.shape[1] != 3 or not len(given):
             raise ValueError(f"rows: shape (n, 3) is wanted, not {given.shape}")
@@ -285,8 +297,9 @@ class ModelId(_Id):
         for name in selections:
             if name not in kinds:
                 raise TypeError(f"{name} is no kind of model: {', '.join(kinds)}")
-        self.selections = {name: int(selections[name]) for name in kinds if selections.get(name, 0)}
-        values = (ctypes.c_long * 9)(*[int(selections.get(name, 0)) for name in kinds])
+        numbers = {name: operator.index(number) for name, number in selections.items()}
+        self.selections = {name: numbers[name] for name in kinds if numbers.get(name, 0)}
+        values = (ctypes.c_long * 9)(*[numbers.get(name, 0) for name in kinds])
         mode, vector = ctypes.c_long(1 if selections else 0), (ctypes.c_long * 1)()
         status = symbol("kl_model_init")(ctypes.byref(mode), values, self._pointer, vector)
         if status == -1:
@@ -332,7 +345,7 @@ class SatId:
             raise TypeError("a number or a file is wanted")
         self._text, self._open = None, True
         if number is not None:
-            self.number = int(number)
+            self.number = operator.index(number)
             return
         with open(file, "rb") as opened:
             self._text = opened.read()

@@ -44,8 +44,10 @@ def record_fields(value, record, name):
     known = [field for field, _ in record._fields_]
     if isinstance(value, record):
         return [getattr(value, field) for field in known]
-    if isinstance(value, np.ndarray) and value.dtype.names:
+    if isinstance(value, (np.ndarray, np.void)) and value.dtype.names:
         return [value[field] if field in value.dtype.names else None for field in known]
+    if isinstance(value, (str, bytes)) or not hasattr(value, "__iter__"):
+        raise TypeError(f"{name}: a sequence of its fields is wanted: {', '.join(known)}; not {type(value).__name__}")
     fields = list(value)
     if len(fields) > len(known):
         raise ValueError(f"{name}: at most {len(known)} fields are wanted: {', '.join(known)}")

@@ -102,7 +102,7 @@ def _from_astropy(x, ref):
 
 
 def to_datetime64(t, unit="us"):
-    """MJD2000 days as numpy.datetime64, rounded to the unit; NaN gives NaT.
+    """MJD2000 days as numpy.datetime64, rounded to the unit; what is not finite gives NaT.
 
     >>> import kitlib as kl
     >>> print(kl.to_datetime64(9668.35))
@@ -116,7 +116,7 @@ def to_datetime64(t, unit="us"):
     if np.any(np.abs(days[good]) > limit):
         raise ValueError(f"outside what datetime64[{unit}] can hold")
     first = np.where(good, whole, 0.0)
-    count = np.rint(np.where(good, days - whole, 0.0) * steps)
+    count = np.rint((np.where(good, days, 0.0) - first) * steps)
     out = (np.datetime64("2000-01-01", "D") + first.astype("i8").astype("m8[D]")).astype(f"M8[{unit}]") + count.astype("i8").astype(f"m8[{unit}]")
     out = np.where(good, out, np.datetime64("NaT", unit))
     return out if out.ndim else out[()]

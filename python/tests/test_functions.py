@@ -104,6 +104,8 @@ BAD = [
     ("missing argument", TypeError, lambda: kl.quaternions_interpol(0.0, Q, 1.0, None, 0.5)),
     ("errors", ValueError, lambda: kl.sun(T, errors="ignore")),
     ("time id", TypeError, lambda: kl.sun(T, time=kl.ModelId())),
+    ("no record", TypeError, lambda: kl.ef_to_topocentric(R[0], origin=5.0)),
+    ("text for a record", TypeError, lambda: kl.ef_to_topocentric(R[0], origin="48 11")),
     ("octets", TypeError, lambda: kl.time_cuc_to_processing([1, 2, 3], config=CUC)),
     ("too many octets", ValueError, lambda: kl.time_cuc_to_processing(b"x" * 20, config=CUC)),
     ("record of another clock", TypeError, lambda: kl.time_obt_to_time(1, 2, parameters=CUC)),
@@ -140,6 +142,8 @@ def test_refused_elements():
     assert caught.value.status.tolist() == [0 if g else -1 for g in good]
     for result in (caught.value.outputs, kl.sun(times, errors="nan")):
         assert np.isnan(result.pos[~good]).all() and np.array_equal(result.pos[good], kl.sun(T[good]).pos)
+    with pytest.raises(kl.KitError):  # statuses that are asked for do not hide an error
+        kl.sun(times, return_status=True)
     result, status = kl.sun(times, errors="nan", return_status=True)
     assert np.array_equal(status == -1, ~good)
     assert kl.sun(9668.0, return_status=True)[1] == 0

@@ -113,6 +113,26 @@ def test_pickle_of_another_version():
                 again(wrong)
 
 
+def test_codes_and_warnings_travel():
+    with pytest.raises(kl.KitError) as caught:
+        kl.sun([9650.0, 1e9])
+    again = pickle.loads(pickle.dumps(caught.value))
+    assert again.codes == (kl.codes.sun.DATE_ERR,) and again.codes[0] is kl.codes.sun.DATE_ERR
+    assert again.status.tolist() == [0, -1] and np.array_equal(again.outputs.pos[0], caught.value.outputs.pos[0]) and str(again) == str(caught.value)
+    warning = pickle.loads(pickle.dumps(kl.KitWarning("words", "kl_sun", (kl.codes.sun.DATE_ERR,))))
+    assert (str(warning), warning.function, warning.codes) == ("words", "kl_sun", (kl.codes.sun.DATE_ERR,))
+    make, (public_id, _) = kl.codes.sun.DATE_ERR.__reduce_ex__(4)
+    assert make(public_id, 31) == 31 and make(999, 2) == 2  # of a version that knows more
+
+
+def test_window_of_rows():
+    """One end alone leaves the other open."""
+    whole = kl.TimeId.bundled().data()["rows"]["utc"]
+    for ends in ({"start": 9000.0}, {"stop": 9000.0}, {"start": 8000.0, "stop": 9000.0}):
+        utc = kl.TimeId.from_files([], **ends).data()["rows"]["utc"]
+        assert utc[0] <= ends.get("start", whole[0]) and utc[-1] >= ends.get("stop", whole[-1]) and len(utc) < len(whole)
+
+
 BAD_ROWS = [("empty", np.zeros((0, 3))), ("two columns", ROWS[:, :2]), ("decreasing", ROWS[::-1]), ("NaN", ROWS * np.nan),
             ("no whole seconds", ROWS + [0, 0.5, 0]), ("out of range", ROWS + [1e6, 0, 0])]
 
@@ -124,8 +144,11 @@ def test_bad_rows(name, rows):
 
 
 def test_bad_ways_to_make_ids(tmp_path):
-    with pytest.raises(TypeError):
-        kl.TimeId()
+    for wrong in (kl.TimeId, lambda: kl.ModelId(sun=1.5), lambda: kl.SatId(21.5), lambda: kl.SatId("21"), lambda: kl.TimeId.from_rows(np.ma.masked_array(ROWS))):
+        with pytest.raises(TypeError):
+            wrong()
+    with pytest.raises(ValueError, match="TimeModel"):
+        kl.TimeId.from_files([], model="no such model")
     with pytest.raises(FileNotFoundError):
         kl.TimeId.from_files(["no such file"])
     odd = tmp_path / "odd.txt"
