@@ -139,16 +139,26 @@ def passes(orbit: Orbit, station: Any, start: float, stop: float, *, elevation: 
            step: float = 60 / 86400, time: Any = None) -> Passes:
     """Passes of a satellite over a station: rise, set, time of the largest elevation and this elevation (deg).
 
-    station: geodetic latitude, longitude (deg) and height (m); elevation: the least one that counts, deg. The top is good
-    to a hundredth of a second, rise and set to a microsecond.
+    station: geodetic latitude, longitude (deg) and height (m); elevation: the least one that counts, deg. step: days; of
+    several tops of a pass that lie a step and more apart the highest counts. The top is good to a hundredth of a second, rise
+    and set to a microsecond.
     """
     place = _earth_fixed(orbit, cs, ref, time)
 
     def above(t):
         return _functions.ef_to_topocentric(place(t), origin=station).elevation - elevation
     seen = intervals(above, start, stop, step)
-    # Elevations of all passes together: a ternary search by golden sections.
+    # Elevations of all passes together: golden sections around the highest instant of a grid, since there may be several tops.
     a, b = seen.start.copy(), seen.stop.copy()
+    if len(a):
+        t = np.linspace(start, stop, max(int(np.ceil((stop - start) / step)), 2) + 1)
+        k = np.searchsorted(a, t, side="right") - 1
+        inside = (k >= 0) & (t <= b[k])
+        t, k = t[inside], k[inside]
+        order = np.lexsort((above(t) if len(t) else t, k))
+        highest = order[np.append(k[order][1:] != k[order][:-1], True)[:len(order)]]
+        a[k[highest]] = np.maximum(a[k[highest]], t[highest] - step)
+        b[k[highest]] = np.minimum(b[k[highest]], t[highest] + step)
     ratio = (np.sqrt(5) - 1) / 2
     for _ in range(48 if len(a) else 0):
         c, d = b - ratio * (b - a), a + ratio * (b - a)
@@ -162,7 +172,10 @@ def eclipses(orbit: Orbit, start: float, stop: float, *, kind: str = "umbra", cs
              step: float = 60 / 86400, margin: Any = None, time: Any = None) -> Intervals:
     """Spans in which a satellite is in the Earth's umbra, or (kind="penumbra") in any shadow of it, or (kind="centre") the
     centre of the Sun is covered."""
-    limit = {"umbra": -1.0, "centre": 0.0, "penumbra": 1.0}[kind]
+    limits = {"umbra": -1.0, "centre": 0.0, "penumbra": 1.0}
+    if kind not in limits:
+        raise ValueError(f"{kind!r} is no kind of eclipse: {', '.join(limits)}")
+    limit = limits[kind]
     return intervals(lambda t: limit - _functions.eclipse(t, orbit(t), margin, cs=cs, ref=ref, time=time).depth, start, stop, step)
 
 

@@ -106,6 +106,21 @@ def test_passes_rise_where_they_should():
     assert not found.cut_at_start.any() and (found.elevation > 10.0).all()
 
 
+@topocentric
+def test_highest_of_several_tops():
+    """A satellite that comes near twice in one pass: over 13 deg of longitude in the first quarter of the day, over 3 in the third."""
+    def orbit(t):
+        longitude = np.radians(23 + 15 * np.cos(4 * np.pi * t) + 5 * np.sin(2 * np.pi * t))
+        return 4.2e7 * np.stack([np.cos(longitude), np.sin(longitude), 0 * t], axis=-1)
+    for step in (0.01, 0.3, 2.0):
+        found = events.passes(orbit, (0.0, 0.0, 0.0), 9668.0, 9669.0, step=step)
+        assert len(found.top) == 1 and found.cut_at_start[0] and found.cut_at_stop[0]
+        if step < 2.0:
+            assert abs(found.top[0] - 9668.75) < 1e-5
+    with pytest.raises(ValueError, match="penumbra"):
+        events.eclipses(orbit, 9668.0, 9669.0, kind="dark")
+
+
 @shadows
 def test_geostationary_eclipse():
     """The longest night of a geostationary satellite: 67.5 minutes of umbra, 71.8 of shadow, in the plane of the Sun at 1 AU."""
