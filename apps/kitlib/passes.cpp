@@ -22,7 +22,7 @@ struct Sight {
     double epoch;   // TAI, days, as all times here
     double elevation_deg;
     bool of_rate = false; // searched: the elevation's rate, not the elevation
-    Refusal why = {};
+    Refusal why = {}, warning = {};
 
     Sight(const Context &c, const double in[9], double epoch_tai, double elevation)
         : context(c), station{in[0], in[1], in[2], 0.0, 0.0, 0.0}, mean{in[3], in[4], in[5], in[6], in[7], in[8]},
@@ -45,10 +45,12 @@ struct Sight {
         if (kl_kepl_to_cart(&context.models, &elements, &now, pos, vel, why.ierr) == KL_ERR)
             return false;
         why.function_id = KL_ID_FUNC_CHANGE_CART_CS;
-        if (kl_change_cart_cs(&context.models, &context.time, &mode, &tod, &fixed, &kTai, &tai, pos, vel, acc, pos, vel,
-                              acc, why.ierr)
-            == KL_ERR)
+        const long status = kl_change_cart_cs(&context.models, &context.time, &mode, &tod, &fixed, &kTai, &tai, pos,
+                                              vel, acc, pos, vel, acc, why.ierr);
+        if (status == KL_ERR)
             return false;
+        if (status == KL_WARN) // some come once
+            warning = {-1, -1, nullptr, {0, 0}, KL_ID_FUNC_CHANGE_CART_CS, {why.ierr[0], why.ierr[1]}};
         why.function = "kl_ef_to_topocentric";
         return kl_ef_to_topocentric(&context.models, &mode, &station, pos, vel, &seen, why.ierr) != KL_ERR;
     }
@@ -163,6 +165,7 @@ int show_passes(const Context &context, const std::vector<std::string> &values, 
     for (std::size_t i = 0; i + 1 < ends.size(); i += 2)
         if (!print_pass(sight, &ends[i], scale, json))
             return refuse({}, sight.why);
+    warn(sight.warning);
     if (ends.empty() && !json)
         std::printf("no pass above %s deg in %s hours\n", shortest(request.elevation_deg).c_str(),
                     shortest(request.hours).c_str());

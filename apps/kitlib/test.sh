@@ -49,6 +49,8 @@ says 2 "" pass 0 0 0 7178137 1 0 0 0 0 --epoch 2026-06-21
 says 2 "" pass 0 0 0 7178137 0 0 0 0 0 --epoch yesterday
 says 2 "" pass 0 0 0 7178137 0 0 0 0 0 --epoch 2026-06-21 --hours 0
 says 1 "" pass 0 0 0 7178137 0 0 0 0 0
+says 0 - pass 0 30 0 7178137 0 0 0 0 0 --epoch 2040-06-21
+grep -q '^kitlib: warning: .* (kl_change_cart_cs:[0-9]*)$' err || { cat err >&2; bad=1; }
 says 2 "" eclipse 2026-06-21 1 2 3
 says 2 "" star 2026-06-21 0 91
 says 1 "" star 2026-06-21 0 1 2
