@@ -6,12 +6,10 @@ namespace ORBKIT {
 
 namespace {
 
-constexpr long kNoFunction = -1;
-
 // Nothing but a way to a KitError: its messages are added to that.
 class NoCall : public InternalError {
 public:
-    NoCall() : InternalError(std::string(), KL_ERR, kLibraryNumber, kNoFunction, kLibraryNumber, nullptr) {}
+    NoCall() : InternalError(std::string(), KL_ERR, kLibraryNumber, kNoPublicId, kLibraryNumber, nullptr) {}
     NoCall(const NoCall &) = default;
     virtual ~NoCall() = default;
     virtual NoCall *clone() const { return new NoCall(*this); }
