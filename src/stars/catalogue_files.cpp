@@ -254,7 +254,7 @@ StarRecord CatalogueReader::next(kl_star *star)
     const StarRecord record = format_ == CatalogueFormat::bright_stars ? read_bright_star(line, star)
                               : format_ == CatalogueFormat::hipparcos  ? read_hipparcos(line, star)
                                                                        : read_own(line, star);
-    return record == StarRecord::star && !star_in_range(*star) ? StarRecord::malformed : record;
+    return record == StarRecord::star && !in_range(star_of(*star)) ? StarRecord::malformed : record;
 }
 
 long malformed_line(std::string_view text, CatalogueFormat format)

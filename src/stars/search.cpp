@@ -52,13 +52,10 @@ bool enlarge(Record **records, std::size_t n, std::size_t room)
 
 } // namespace
 
-kl_radec radec_of(const double place[3])
+kl_radec radec_of(const double (&place)[3])
 {
-    const double x = place[0];
-    const double y = place[1];
     kl_radec out = {};
-    out.ra = x == 0.0 && y == 0.0 ? 0.0 : reduced_to_360(arc_tangent(y, x) * KL_DEG_PER_RAD) + 0.0;
-    out.dec = arc_tangent(place[2], std::sqrt(x * x + y * y)) * KL_DEG_PER_RAD + 0.0;
+    radec_of_direction(place, out.ra, out.dec);
     out.distance = 1.0;
     return out;
 }
@@ -119,7 +116,7 @@ bool StarSearch::finds(const kl_star &star, kl_radec *place) const
     if (!inside(star.magnitude, mag_min_, mag_max_) || (cone_ && !may_lie_in_cone(star)))
         return false;
     double direction[3];
-    place_of(sight_, star, direction);
+    place_of(sight_, star_of(star), direction);
     double turned[3];
     axes_.turn(direction, turned);
     *place = radec_of(turned);

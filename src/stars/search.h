@@ -9,7 +9,7 @@
 #include <cstddef>
 
 // Right ascension and declination of a direction, deg: distance 1, no rates.
-kl_radec radec_of(const double place[3]);
+kl_radec radec_of(const double (&place)[3]);
 
 bool window_in_range(const kl_star_window &window);
 

@@ -19,12 +19,24 @@ long kl_star_radec_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, 
     if (star_radec_refuses_all(array.call(), time_id, corrections, cs_out, time_ref, time, star, place))
         return array.refuse(fail);
     StarSky sky;
-    return array.each(
-        [&](long i, long *word) {
-            if (is_verbose())
-                sky = StarSky(); // every element prints its lines
-            return star_radec_of_one(model_id, time_id, corrections, cs_out, time_ref, time + i, star + i,
-                                     element(observer_pos, i), element(observer_vel, i), place + i, &sky, word);
-        },
-        fail);
+    const auto one = [&](long i, long *word) {
+        if (is_verbose())
+            sky = StarSky(); // every element prints its lines
+        return star_radec_of_one(model_id, time_id, corrections, cs_out, time_ref, time + i, star + i,
+                                 element(observer_pos, i), element(observer_vel, i), place + i, &sky, word);
+    };
+    return array.each(one, fail, [&](long first, long count, LeftOver &left) {
+        StarScene scene;
+        if (observer_pos != nullptr || observer_vel != nullptr
+            || !star_scene(time_id, *corrections, *cs_out, time + first, count, sky, &scene))
+            return false;
+        double ra[kBlock], dec[kBlock];
+        std::uint64_t refused = 0;
+        star_places_kernel()(&scene, star + first, count, ra, dec, &refused);
+        left.add_all(refused);
+        for (long k = 0; k < count; ++k)
+            if (!left.has(k))
+                place[first + k] = {ra[k], dec[k], 1.0, 0.0, 0.0, 0.0};
+        return true;
+    });
 }

@@ -105,7 +105,7 @@ long star_radec_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *c
         return call.fails(KL_STAR_RADEC_CORRECTIONS_ERR);
     if (!is_star_frame(cs_out))
         return call.fails(KL_STAR_RADEC_CS_OUT_ERR);
-    if (star == nullptr || !star_in_range(*star))
+    if (star == nullptr || !in_range(star_of(*star)))
         return call.fails(KL_STAR_RADEC_STAR_ERR);
     if (!is_observer(observer_pos, kFarthestObserver) || !is_observer(observer_vel, kFastestObserver))
         return call.fails(KL_STAR_RADEC_OBSERVER_ERR);
@@ -123,13 +123,27 @@ long star_radec_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *c
     if (!sight_of(*sky, *cs_out, *corrections, observer_pos, observer_vel, &sight))
         return call.fails(KL_STAR_RADEC_OBSERVER_ERR);
     double direction[3];
-    place_of(sight, *star, direction);
+    place_of(sight, star_of(*star), direction);
     sky->axes.turn(direction, direction);
     *place = radec_of(direction);
     const long warned = warning_of_call(time_id, sky->instant);
     if (warned != 0)
         call.warns(static_cast<int>(KL_STAR_RADEC_FORMULA_WARN + warned - 1));
     return call.status();
+}
+
+bool star_scene(const kl_time_id *time_id, long corrections, long cs, const double *time, long count,
+                const StarSky &sky, StarScene *scene)
+{
+    const TimeIdRecord *id = time_record_of(time_id);
+    if (id != nullptr && !all_is_quiet(*id, time[0]))
+        return false;
+    for (long k = 0; k < count; ++k)
+        if (!sky.holds(time[k]))
+            return false;
+    for (int i = 0; i < 3; ++i)
+        copy_three(sky.axes.m[i], scene->axes[i]);
+    return sight_of(sky, cs, corrections, nullptr, nullptr, &scene->sight);
 }
 
 bool star_radec_refuses_all(Activation &call, const kl_time_id *time_id, const long *corrections, const long *cs_out,

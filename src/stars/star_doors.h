@@ -5,6 +5,7 @@
 #include "frames/axes.h"
 #include "numbers/pack.h"
 #include "stars/place.h"
+#include "stars/star_kernels.h"
 #include "time/doors/call_instant.h"
 
 #include <limits>
@@ -25,6 +26,11 @@ struct StarSky {
 long star_radec_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *corrections, const long *cs_out,
                        const long *time_ref, const double *time, const kl_star *star, const double observer_pos[3],
                        const double observer_vel[3], kl_radec *place, StarSky *sky, long *ierr);
+
+// What the kernels take for the next elements, seen from the centre of the Earth; false at other instants than the last
+// one, and with a warning due.
+bool star_scene(const kl_time_id *time_id, long corrections, long cs, const double *time, long count,
+                const StarSky &sky, StarScene *scene);
 
 // For arrays: does what all elements share refuse the call? Then the condition is recorded.
 bool star_radec_refuses_all(Activation &call, const kl_time_id *time_id, const long *corrections, const long *cs_out,

@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
+#include <limits>
+#include <vector>
 
 namespace {
 
@@ -104,4 +107,37 @@ TEST(StarRadec, TheObserverCounts)
         KL_OK);
     EXPECT_NEAR(catalogue.ra, kGood.ra, 1e-9); // TAI for TDB: 32 s of motion
     EXPECT_NEAR(catalogue.dec, kGood.dec, 1e-9);
+}
+
+// Many stars of one instant go through packs: the same bits, and refusals where the scalar call has them.
+TEST(StarRadec, ManyAtOneInstantAreAsOneByOne)
+{
+    const OpenTime time;
+    kl_time_id id = time.id;
+    const long n = 200;
+    std::vector<double> at(n, 4600.25);
+    std::vector<kl_star> stars(n, kGood);
+    std::vector<kl_radec> places(n);
+    std::vector<long> status(n);
+    for (std::size_t i = 0; i < stars.size(); ++i) {
+        const double x = static_cast<double>(i);
+        stars[i] = {3.7 * x - 350.0, 90.0 * std::sin(x), 100.0 * x, -3.0 * x, x - 50.0, x, 0.5 - 10.0 * x, 1.0, 1};
+    }
+    stars[130].dec = 90.1;
+    stars[131].epoch = kNan;
+    stars[132].dec = 90.0;
+    at[190] = 4601.0;
+    for (long corrections = 0; corrections <= kEvery; ++corrections)
+        for (const long frame : {KL_BM2000, KL_MOD, KL_TOD, KL_EF}) {
+            kl_star_radec_n(nullptr, &id, &n, &corrections, &frame, &kUt1, at.data(), stars.data(), nullptr, nullptr,
+                            places.data(), status.data(), nullptr);
+            for (std::size_t i = 0; i < stars.size(); ++i) {
+                kl_radec place = {kNan, kNan, kNan, kNan, kNan, kNan};
+                EXPECT_EQ(kl_star_radec(nullptr, &id, &corrections, &frame, &kUt1, &at[i], &stars[i], nullptr, nullptr,
+                                        &place, nullptr),
+                          status[i])
+                    << i;
+                EXPECT_EQ(std::memcmp(&places[i], &place, sizeof place), 0) << i;
+            }
+        }
 }
