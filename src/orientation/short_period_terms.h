@@ -170,8 +170,9 @@ inline void weighted_sums(const TideAmplitudes &amplitudes, const T (&sine)[kTid
 }
 
 template <class T, std::size_t... i>
-inline void all_arguments(const UnitVector<T> *first, const UnitVector<T> *second, T (&sine)[kTideRows],
-                          T (&cosine)[kTideRows], std::index_sequence<i...>)
+[[gnu::always_inline]] inline void all_arguments(const UnitVector<T> *first, const UnitVector<T> *second,
+                                                 T (&sine)[kTideRows], T (&cosine)[kTideRows],
+                                                 std::index_sequence<i...>)
 {
     const auto set = [&](std::size_t row, const UnitVector<T> &v) {
         sine[row] = v.s;
@@ -182,9 +183,9 @@ inline void all_arguments(const UnitVector<T> *first, const UnitVector<T> *secon
         set(static_cast<std::size_t>(row), first[0]);
 }
 
-// Sums for one choice of corrections with `order` derivatives; gamma in radians, t in centuries of UT1 from J2000.0.
-template <int order, class T>
-inline ShortPeriodSums<T> short_period_terms(const TideAmplitudes &amplitudes, const T &gamma, const T &t)
+// Sine and cosine of every argument; gamma in radians, t in centuries of UT1 from J2000.0.
+template <class T>
+inline void short_period_arguments(const T &gamma, const T &t, T (&sine)[kTideRows], T (&cosine)[kTideRows])
 {
     UnitVector<T> one[6];
     UnitVector<T> two[6];
@@ -196,9 +197,16 @@ inline ShortPeriodSums<T> short_period_terms(const TideAmplitudes &amplitudes, c
     UnitVector<T> second[kSecondArguments];
     first_arguments(one, two, first, std::make_index_sequence<kFirstArguments>{});
     second_arguments(one + 3, two + 3, second, std::make_index_sequence<kSecondArguments>{});
+    all_arguments(first, second, sine, cosine, std::make_index_sequence<kShortPeriodTerms>{});
+}
+
+// Sums for one choice of corrections with `order` derivatives.
+template <int order, class T>
+inline ShortPeriodSums<T> short_period_terms(const TideAmplitudes &amplitudes, const T &gamma, const T &t)
+{
     T sine[kTideRows];
     T cosine[kTideRows];
-    all_arguments(first, second, sine, cosine, std::make_index_sequence<kShortPeriodTerms>{});
+    short_period_arguments(gamma, t, sine, cosine);
     T sums[3 * (order + 1)];
     weighted_sums<order>(amplitudes, sine, cosine, sums);
     const auto jet = [&](int q) {
