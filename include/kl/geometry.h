@@ -134,10 +134,10 @@ enum {
  * @param[out] ierr        [1] error vector, bits KL_ECLIPSE_*
  * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR the outputs are untouched. NULL for light_time or an output is KL_ERR
  * with no bit. Checked in the order of the arguments: cs, time_ref, time, pos, margin; then what needs the ids, a
- * position inside the ellipsoid among it, and one too far in frames centred elsewhere. The limb is that of the flattened Earth, exactly; a spherical one is wrong by
- * up to 0.9 of the disc. Accuracy: fraction 3e-5 of the disc up to the geostationary orbit, 2e-4 at the distance of the
- * Moon, 3e-3 beyond 1e9 m, where the Earth's disc is visibly an ellipse. No refraction, no limb darkening, no Moon.
- * Radius of the Sun 695700 km (IAU 2015 resolution B3).
+ * position inside the ellipsoid among it, and one too far in frames centred elsewhere. The limb is that of the
+ * flattened Earth, exactly; a spherical one is wrong by up to 0.9 of the disc. Accuracy: fraction 3e-5 of the disc up
+ * to the geostationary orbit, 2e-4 at the distance of the Moon, 3e-3 beyond 1e9 m, where the Earth's disc is visibly an
+ * ellipse. No refraction, no limb darkening, no Moon. Radius of the Sun 695700 km (IAU 2015 resolution B3).
  */
 KL_API long kl_eclipse(kl_model_id *model_id, kl_time_id *time_id, const long *light_time, const long *cs,
                        const long *time_ref, const double *time, const double pos[3], const double *margin, long *state,
