@@ -11,6 +11,7 @@
 namespace {
 
 constexpr double kDeg = 57.29577951308232;
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr long kTai = KL_TIME_TAI, kUt1 = KL_TIME_UT1, kEvery = 7;
 constexpr kl_star kGood = {101.287, -16.716, -546.0, -1223.1, 379.2, -5.5, 0.5, -1.46, 2491};
 
