@@ -17,7 +17,7 @@ def orbit(t: NDArray[np.float64]) -> NDArray[np.float64]:
 
 
 start = kl.mjd2000("2026-01-01T00:00:00Z")
-found = events.eclipses(orbit, start, start + 365, step=1 / 48)
+found = events.eclipses(orbit, start, start + 365, cs="EF", step=1 / 48)
 minutes = (found.stop - found.start) * 1440
 season = np.concatenate([[0], np.nonzero(np.diff(found.start) > 2)[0] + 1])
 for first, last in zip(season, [*season[1:], len(minutes)]):

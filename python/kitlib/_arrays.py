@@ -1,5 +1,4 @@
 """From Python's arguments to the array calls of C and back: broadcasting, types, selectors, results."""
-import ctypes
 import copy
 import ctypes
 import math
@@ -7,12 +6,11 @@ from collections import namedtuple
 
 import numpy as np
 
-from . import _errors, _memory
+from . import _errors, _memory, _table
 from ._calls import DTYPES, F8, OCTETS, READ_WIDTH, array_call, dtype_of, one_element
 from ._library import symbol
 from ._pointers import pointer
-from ._selectors import long_pointer, record_fields, selected
-
+from ._selectors import long_pointer, one_record, record_fields, selected
 
 
 def numbers(value, dtype, length, name):
@@ -24,7 +22,8 @@ def numbers(value, dtype, length, name):
     if kind not in ("fiu" if dtype.kind == "f" else "iu"):
         if kind == "f" and dtype.kind == "i":
             raise TypeError(f"{name}: whole numbers are wanted, not {array.dtype}")
-        raise TypeError(f"{name}: numbers are wanted, not {array.dtype}")
+        hint = "; kl.mjd2000 makes MJD2000 days of texts and datetimes" if kind in "MSU" or name == "t" else ""
+        raise TypeError(f"{name}: numbers are wanted, not {array.dtype}{hint}")
     if dtype.kind == "i" and array.dtype.char in "LQ" and array.size and int(array.max()) >> 63:
         raise ValueError(f"{name}: does not fit a C long")
     if length and (array.ndim == 0 or array.shape[-1] != length):
@@ -66,8 +65,8 @@ def wide_texts(array):
     return out
 
 
-def octets(value, name):
-    """value as an array of octets, its last axis padded to the longest layout."""
+def _octets(value, name):
+    """value as an array of octets."""
     if isinstance(value, (bytes, bytearray)):
         array = np.frombuffer(bytes(value), np.uint8)
     elif isinstance(value, (list, tuple)) and all(isinstance(x, (bytes, bytearray)) for x in value):
@@ -80,8 +79,38 @@ def octets(value, name):
         raise TypeError(f"{name}: bytes or an array of uint8 is wanted, not {array.dtype}")
     if array.ndim == 0 or array.shape[-1] > OCTETS:
         raise ValueError(f"{name}: the last axis must have at most {OCTETS} octets, not shape {array.shape}")
+    return array
+
+
+def octets(value, name):
+    """value as an array of octets, its last axis padded to the longest layout."""
+    array = _octets(value, name)
     wide = np.zeros(array.shape[:-1] + (OCTETS,), np.uint8)
     wide[..., :array.shape[-1]] = array
+    return wide
+
+
+def of_layout(cuc, config):
+    """Octets of CUCs, if they are as many as the layout has: C takes missing ones as zeros and leaves out what is more."""
+    config, given = one_record(config, _table.CucConfig), _octets(cuc, "cuc")
+    width, wide = given.shape[-1], octets(given, "cuc")
+    if config.cuc_type == _table.CucType.WITH_P_FIELD:
+        first, second = wide[..., 0].astype(int), wide[..., 1].astype(int)
+        more = first >> 7
+        wanted = 2 + more + (first >> 2 & 3) + (first & 3) + more * ((second >> 5 & 3) + (second >> 2 & 7))
+        known = np.isin(first >> 4 & 7, (1, 2)) & (more * second < 128)  # C refuses the others
+        parts = "its P-field says"
+    elif 1 <= config.n_coarse <= 7 and 0 <= config.n_fine <= 10:
+        wanted, known = np.full(wide.shape[:-1], config.n_coarse + config.n_fine), np.True_
+        parts = f"{config.n_coarse} coarse and {config.n_fine} fine"
+    else:
+        return wide
+    wanted = np.where(known & (wanted <= OCTETS), wanted, 0)
+    longest = wanted.max(initial=0)
+    if longest and width not in (longest, OCTETS):
+        raise ValueError(f"cuc: {longest} octets are wanted ({parts}), not {width}")
+    if longest and np.any(wide * (np.arange(OCTETS) >= wanted[..., None]) * (wanted > 0)[..., None]):
+        raise ValueError(f"cuc: octets beyond the {longest} of the layout ({parts}) must be zero")
     return wide
 
 

@@ -4,7 +4,7 @@ Written by tools/api/generate.py from the table in api/ and the headers in inclu
 """
 # pylint: disable=all
 from . import _table
-from ._arrays import Function as _Function
+from ._arrays import Function as _Function, of_layout as _of_layout
 from ._table import *  # noqa: F403
 from ._table import AxesResult, BodyStateResult, EarthOrientationResult, EclipseStateResult, GeodToUtmResult, GeodesicEndResult, GeodesicResult, GeodeticResult, GridPlaceResult, KeplerResult, LeapSecondInfoResult, LocalFrameResult, MatrixStateResult, OrbitAngleResult, OrbitSunAnglesResult, RadecResult, RayPointsResult, StateResult, TangentPointResult, TopocentricResult
 
@@ -199,7 +199,7 @@ def time_cuc_to_processing(cuc, /, *, config, ref=Time.UTC, time=None, errors="r
         P_FIELD_ERR: identification other than 001 and 010; a third octet announced
         EPOCH_ERR: the epoch is not finite, or cannot be converted
     """
-    return _time_cuc_to_processing((cuc,), (config, ref,), (time,), errors, return_status)
+    return _time_cuc_to_processing((_of_layout(cuc, config),), (config, ref,), (time,), errors, return_status)
 
 
 _time_processing_to_cuc = _Function("kl_time_processing_to_cuc", "kl_time_processing_to_cuc_n", 47, 1, None, False, (

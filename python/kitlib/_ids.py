@@ -11,7 +11,7 @@ import numpy as np
 
 from . import _errors, _table
 from ._library import KITLIB, symbol
-from ._selectors import selected
+from ._selectors import one_instant, selected
 
 _PICKLE_FORMAT = 1
 _ROW = np.dtype([("tai", "f8"), ("ut1", "f8"), ("utc", "f8"), ("tai_utc", "f8"), ("tai_ut1", "f8"), ("tai_gps", "f8")])
@@ -123,6 +123,7 @@ class TimeId(_Id):
         out is that of the files.
         """
         names = [os.fspath(f) for f in ([files] if isinstance(files, (str, bytes, os.PathLike)) else files)]
+        start, stop = (None if x is None else one_instant(x, name) for x, name in ((start, "start"), (stop, "stop")))
         for name in names:
             if not os.path.exists(name):
                 raise FileNotFoundError(name)

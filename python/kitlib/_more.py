@@ -7,10 +7,14 @@ import numpy as np
 
 from . import _arrays, _errors, _ids, _table
 from ._library import KITLIB, symbol
+from ._selectors import one_instant
 
 RealRoots = namedtuple("RealRoots", "roots n_roots")
 InterpolatedState = namedtuple("InterpolatedState", "pos vel error")
 LeapSeconds = namedtuple("LeapSeconds", "utc tai_utc expiry")
+_BOX = ("least right ascension", "largest", "least declination", "largest")
+_CONE = ("right ascension", "declination", "radius")
+_WHOLE_SKY, _NO_CONE = (0.0, 360.0, -90.0, 90.0), (0.0, 0.0, 0.0)
 _OBT = {"ObtParamTarvos": (21, "ObtTarvos"), "ObtParamVardo": (51, "ObtTarvos"), "ObtParamKelda": (61, "ObtKelda"), "ObtParamBrisa": (71, "ObtTarvos")}
 
 
@@ -134,9 +138,16 @@ def star_catalog(t, /, *, file=None, magnitudes=(-30.0, 30.0), box=None, cone=No
 
     t: MJD2000 days, one instant. file: a catalogue; None: the built-in one, 8404 stars to magnitude 6.5. magnitudes: least
     and largest. box: least and largest right ascension, least and largest declination, deg; cone: right ascension,
-    declination, radius, deg. corrections: sum of kl.StarCorrection; cs_out: axes of the places.
+    declination, radius (above 0, to 180), deg. Both apply where both are given, and both are in the axes cs_out.
+    corrections: sum of kl.StarCorrection; cs_out: axes of the places.
     """
-    window = _table.StarWindow(*magnitudes, *(box or (0.0, 360.0, -90.0, 90.0)), *(cone or (0.0, 0.0, 0.0)))
+    t = one_instant(t, "t")
+    for name, given, fields in (("magnitudes", magnitudes, ("least", "largest")), ("box", box, _BOX), ("cone", cone, _CONE)):
+        if given is not None and np.shape(given) != (len(fields),):
+            raise ValueError(f"{name}: {len(fields)} numbers are wanted ({', '.join(fields)}), not {given!r}")
+    if cone is not None and not cone[2] > 0:
+        raise ValueError(f"cone: a radius above 0 is wanted, not {cone[2]!r}")
+    window = _table.StarWindow(*magnitudes, *(_WHOLE_SKY if box is None else box), *(_NO_CONE if cone is None else cone))
     n, stars, places, vector = ctypes.c_long(0), ctypes.c_void_p(), ctypes.c_void_p(), (ctypes.c_long * 1)()
     models, correlation = _ids.pointer_of("model", model), _ids.pointer_of("time", time)
     status = symbol("kl_star_catalog")(models.pointer, correlation.pointer, None if file is None else os.fsencode(file), ctypes.byref(window),

@@ -17,6 +17,13 @@ def long_pointer(value):
     return pointer
 
 
+def one_instant(value, name):
+    """A number of MJD2000 days."""
+    if isinstance(value, (str, bytes)) or np.ndim(value) or np.asarray(value).dtype.kind not in "fiu":
+        raise TypeError(f"{name}: one number of MJD2000 days is wanted, not {value!r}; kl.mjd2000 makes it of texts and datetimes")
+    return float(value)
+
+
 def selected(value, enum):
     """The number of a selector: a member of its class, its name as text, or a number."""
     if isinstance(value, str):
@@ -46,8 +53,8 @@ def record_fields(value, record, name):
         return [getattr(value, field) for field in known]
     if isinstance(value, (np.ndarray, np.void)) and value.dtype.names:
         return [value[field] if field in value.dtype.names else None for field in known]
-    if isinstance(value, (str, bytes)) or not hasattr(value, "__iter__"):
-        raise TypeError(f"{name}: a sequence of its fields is wanted: {', '.join(known)}; not {type(value).__name__}")
+    if isinstance(value, (str, bytes, dict, set)) or not hasattr(value, "__iter__"):
+        raise TypeError(f"{name}: kl.{record.__name__}(...) or a sequence of its fields is wanted: {', '.join(known)}; not {type(value).__name__}")
     fields = list(value)
     if len(fields) > len(known):
         raise ValueError(f"{name}: at most {len(known)} fields are wanted: {', '.join(known)}")

@@ -1,6 +1,8 @@
 """When something happens: passes over a station, eclipses, nodes, rise and set of the Sun.
 
-An orbit is a function of an array of instants (MJD2000 days) that gives positions [n, 3] in m. A value is computed on a
+An orbit is a function of an array of instants t (MJD2000 days) that gives an array of positions of shape t.shape + (3,), m,
+nothing beside them, in the frame that the keyword cs names: it has no default, since another frame's positions would be
+taken for those of this one without a word. A value is computed on a
 grid, and all its changes of sign are then refined together: some ten calls for arrays, whatever the number of events.
 
 >>> import kitlib as kl, numpy as np
@@ -17,7 +19,7 @@ import numpy as np
 import numpy.typing as npt
 
 from . import _functions
-from ._arrays import selected
+from ._selectors import one_instant, selected
 from ._table import Frame
 
 Floats = npt.NDArray[np.float64]
@@ -55,6 +57,7 @@ def _signs(values):
 
 def _sampled(value, start, stop, step):
     """The grid, with the vertex of the parabola through three values where it lies on the other side of zero."""
+    start, stop = one_instant(start, "start"), one_instant(stop, "stop")
     if not (np.isfinite(start) and np.isfinite(stop) and start < stop and step > 0):
         raise ValueError("start < stop and a step above 0 are wanted")
     t = np.linspace(start, stop, max(int(np.ceil((stop - start) / step)), 2) + 1)
@@ -129,19 +132,40 @@ def intervals(value: Value, start: float, stop: float, step: float, tolerance: f
     return Intervals(first, last, cut[0], cut[1])
 
 
+def _positions(orbit):
+    """The orbit, with a look at the shape of what it gives: another one would be broadcast."""
+    def checked(t):
+        pos = orbit(t)
+        if isinstance(pos, tuple):
+            raise ValueError("an orbit gives one array of positions, not a tuple: without velocities")
+        if np.shape(pos) != np.shape(t) + (3,):
+            raise ValueError(f"an orbit gives positions of shape t.shape + (3,): {np.shape(t) + (3,)} is wanted, not {np.shape(pos)}")
+        return pos
+    return checked
+
+
 def _earth_fixed(orbit, cs, ref, time):
+    orbit = _positions(orbit)
     if selected(cs, Frame) == Frame.EF:
         return orbit
     return lambda t: _functions.change_cart_cs(t, orbit(t), cs_in=cs, cs_out=Frame.EF, ref=ref, time=time).pos
 
 
-def passes(orbit: Orbit, station: Any, start: float, stop: float, *, elevation: float = 0.0, cs: Any = "EF", ref: Any = "UTC",
+def passes(orbit: Orbit, station: Any, start: float, stop: float, *, cs: Any, elevation: float = 0.0, ref: Any = "UTC",
            step: float = 60 / 86400, time: Any = None) -> Passes:
     """Passes of a satellite over a station: rise, set, time of the largest elevation and this elevation (deg).
 
-    station: geodetic latitude, longitude (deg) and height (m); elevation: the least one that counts, deg. step: days; of
-    several tops of a pass that lie a step and more apart the highest counts. The top is good to a hundredth of a second, rise
-    and set to a microsecond.
+    station: geodetic latitude, longitude (deg) and height (m); start, stop: MJD2000 days; cs: the frame of the orbit's
+    positions, a kl.Frame; elevation: the least one that counts, deg. step: days, one minute where nothing is said; of several
+    tops of a pass that lie a step and more apart the highest counts. The top is good to a hundredth of a second, rise and set
+    to a microsecond.
+
+    >>> import kitlib as kl, numpy as np
+    >>> from kitlib import events
+    >>> orbit = lambda t: 7e6 * np.stack([np.cos(90 * t), 0 * t, np.sin(90 * t)], axis=-1)  # over the poles, in TOD
+    >>> found = events.passes(orbit, (60.0, 25.0, 100.0), 9668.0, 9669.0, cs="TOD", elevation=10.0)
+    >>> bool((found.rise < found.top).all() and (found.elevation > 10.0).all())
+    True
     """
     place = _earth_fixed(orbit, cs, ref, time)
 
@@ -168,10 +192,14 @@ def passes(orbit: Orbit, station: Any, start: float, stop: float, *, elevation: 
     return Passes(seen.start, seen.stop, top, above(top) + elevation if len(top) else top, seen.cut_at_start, seen.cut_at_stop)
 
 
-def eclipses(orbit: Orbit, start: float, stop: float, *, kind: str = "umbra", cs: Any = "EF", ref: Any = "UTC",
+def eclipses(orbit: Orbit, start: float, stop: float, *, cs: Any, kind: str = "umbra", ref: Any = "UTC",
              step: float = 60 / 86400, margin: Any = None, time: Any = None) -> Intervals:
     """Spans in which a satellite is in the Earth's umbra, or (kind="penumbra") in any shadow of it, or (kind="centre") the
-    centre of the Sun is covered."""
+    centre of the Sun is covered.
+
+    cs: the frame of the orbit's positions, a kl.Frame. step: days, one minute where nothing is said. margin: as in kl.eclipse.
+    """
+    orbit = _positions(orbit)
     limits = {"umbra": -1.0, "centre": 0.0, "penumbra": 1.0}
     if kind not in limits:
         raise ValueError(f"{kind!r} is no kind of eclipse: {', '.join(limits)}")
@@ -179,9 +207,11 @@ def eclipses(orbit: Orbit, start: float, stop: float, *, kind: str = "umbra", cs
     return intervals(lambda t: limit - _functions.eclipse(t, orbit(t), margin, cs=cs, ref=ref, time=time).depth, start, stop, step)
 
 
-def nodes(orbit: Orbit, start: float, stop: float, *, cs: Any = "TOD", ref: Any = "UTC", step: float = 300 / 86400,
+def nodes(orbit: Orbit, start: float, stop: float, *, cs: Any, ref: Any = "UTC", step: float = 300 / 86400,
           time: Any = None) -> Crossings:
-    """Crossings of the true equator of date: direction 1 is the ascending node. cs: the frame of the orbit's positions."""
+    """Crossings of the true equator of date: direction 1 is the ascending node. cs: the frame of the orbit's positions,
+    a kl.Frame. step: days, five minutes where nothing is said."""
+    orbit = _positions(orbit)
     def north(t):
         return _functions.change_cart_cs(t, orbit(t), cs_in=cs, cs_out=Frame.TOD, ref=ref, time=time).pos[:, 2]
     return crossings(north, start, stop, step)
@@ -190,7 +220,7 @@ def nodes(orbit: Orbit, start: float, stop: float, *, cs: Any = "TOD", ref: Any 
 def sun_rise_set(station: Any, start: float, stop: float, *, elevation: float = -0.8333, ref: Any = "UTC",
                  step: float = 1 / 48, time: Any = None) -> Crossings:
     """Rise (direction 1) and set (-1) of the Sun at a station. elevation: of its centre, deg; -0.8333 is the upper
-    limb at the horizon with 34' of refraction."""
+    limb at the horizon with 34' of refraction. step: days, half an hour where nothing is said."""
     def above(t):
         return _functions.ef_to_topocentric(_functions.sun(t, ref=ref, time=time).pos, origin=station).elevation - elevation
     return crossings(above, start, stop, step)

@@ -79,6 +79,18 @@ def test_sunrise_of_an_almanac():
     assert found.direction.tolist() == [1, -1] and np.abs(found.time - expected).max() < 65 * SECOND
 
 
+@pytest.mark.parametrize("orbit,start,kind", [
+    (lambda t: np.array([7e6, 0.0, 0.0]), 9668.0, ValueError),
+    (lambda t: (polar(t), polar(t)), 9668.0, ValueError),
+    (lambda t: polar(t).T, 9668.0, ValueError),
+    (lambda t: polar(t), "2026-06-21T00:00:00", TypeError)], ids=["one for all", "velocities too", "other way round", "text"])
+def test_wrong_orbits(orbit, start, kind):
+    for call in (lambda: events.passes(orbit, (60.0, 25.0, 0.0), start, 9669.0, cs="EF"), lambda: events.eclipses(orbit, start, 9669.0, cs="EF"),
+                 lambda: events.nodes(orbit, start, 9669.0, cs="TOD")):
+        with pytest.raises(kind, match="orbit gives|kl.mjd2000"):
+            call()
+
+
 def polar(t):
     """A circular polar orbit of 7000 km and 100 minutes, in TOD."""
     u = 2 * np.pi * (t - 9668.0) * 14.4
@@ -113,12 +125,12 @@ def test_highest_of_several_tops():
         longitude = np.radians(23 + 15 * np.cos(4 * np.pi * t) + 5 * np.sin(2 * np.pi * t))
         return 4.2e7 * np.stack([np.cos(longitude), np.sin(longitude), 0 * t], axis=-1)
     for step in (0.01, 0.3, 2.0):
-        found = events.passes(orbit, (0.0, 0.0, 0.0), 9668.0, 9669.0, step=step)
+        found = events.passes(orbit, (0.0, 0.0, 0.0), 9668.0, 9669.0, cs="EF", step=step)
         assert len(found.top) == 1 and found.cut_at_start[0] and found.cut_at_stop[0]
         if step < 2.0:
             assert abs(found.top[0] - 9668.75) < 1e-5
     with pytest.raises(ValueError, match="penumbra"):
-        events.eclipses(orbit, 9668.0, 9669.0, kind="dark")
+        events.eclipses(orbit, 9668.0, 9669.0, cs="EF", kind="dark")
 
 
 @shadows
@@ -127,6 +139,6 @@ def test_geostationary_eclipse():
     def still(t):
         return np.broadcast_to(np.array([42164172.0, 0.0, 0.0]), t.shape + (3,))
     start = kl.mjd2000("2026-03-15T12:00:00Z")
-    umbra, shadow = (events.eclipses(still, start, start + 12, kind=kind, step=1 / 96) for kind in ("umbra", "penumbra"))
+    umbra, shadow = (events.eclipses(still, start, start + 12, cs="EF", kind=kind, step=1 / 96) for kind in ("umbra", "penumbra"))
     assert len(umbra.start) == len(shadow.start) == 12
     assert abs((umbra.stop - umbra.start).max() * 1440 - 67.5) < 0.2 and abs((shadow.stop - shadow.start).max() * 1440 - 71.8) < 0.2

@@ -14,6 +14,7 @@ R = np.array([7068500.0, 1142000.0, 0.0]) + 1e3 * np.arange(120).reshape(40, 3)
 V = np.array([170.1, -1096.3, 7379.0]) + np.arange(120).reshape(40, 3)
 Q = np.array([0.0, 0.6, 0.0, 0.8])
 CUC = kl.CucConfig(kl.CucType.TIME_FIELD_ONLY, kl.CucEpoch.EPOCH_1958, 0, 0.0, 4, 3)
+P_FIELD = kl.CucConfig(kl.CucType.WITH_P_FIELD, kl.CucEpoch.EPOCH_1958, 0, 0.0, 4, 2)
 
 # A call for arrays, and the arguments that vary: (name, function, arguments).
 CALLS = [
@@ -108,6 +109,17 @@ BAD = [
     ("text for a record", TypeError, lambda: kl.ef_to_topocentric(R[0], origin="48 11")),
     ("octets", TypeError, lambda: kl.time_cuc_to_processing([1, 2, 3], config=CUC)),
     ("too many octets", ValueError, lambda: kl.time_cuc_to_processing(b"x" * 20, config=CUC)),
+    ("too few octets", ValueError, lambda: kl.time_cuc_to_processing(b"x" * 6, config=CUC)),
+    ("more octets than the layout", ValueError, lambda: kl.time_cuc_to_processing(np.arange(16, dtype="u1").reshape(2, 8), config=CUC)),
+    ("octets behind the layout", ValueError, lambda: kl.time_cuc_to_processing(b"x" * 19, config=CUC)),
+    ("fewer octets than the P-field says", ValueError, lambda: kl.time_cuc_to_processing(b"\x1e\1\2\3\4\5", config=P_FIELD)),
+    ("names of a record", TypeError, lambda: kl.time_processing_to_cuc(T, config={"cuc_type": 0})),
+    ("text for an instant", TypeError, lambda: kl.star_catalog("2026-06-21T08:24:00")),
+    ("text for an end", TypeError, lambda: kl.TimeId.from_files([], start="2026-01-01")),
+    ("cone without a radius", ValueError, lambda: kl.star_catalog(9668.0, cone=(88.0, 7.0))),
+    ("cone of radius 0", ValueError, lambda: kl.star_catalog(9668.0, cone=(88.0, 7.0, 0.0))),
+    ("cone of four", ValueError, lambda: kl.star_catalog(9668.0, cone=(88.0, 7.0, 1.0, 1.0))),
+    ("box of two", ValueError, lambda: kl.star_catalog(9668.0, box=(80.0, 90.0))),
     ("record of another clock", TypeError, lambda: kl.time_obt_to_time(1, 2, parameters=CUC)),
     ("negative count", ValueError, lambda: kl.time_obt_to_time(-1, 2, parameters=kl.ObtParamTarvos(21, 0.0, 0, 0, 1))),
 ]

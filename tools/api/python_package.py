@@ -279,7 +279,8 @@ class PythonFunction:
         if self.flat:
             given = "(" + ", ".join(n for n, _, _ in self.fields[self.each[0].record]) + ",)"
         else:
-            given = "(" + "".join(p.name + ", " for p in self.each).rstrip() + ")"
+            layout = next((p.name for p in self.select if p.record == "kl_cuc_config"), None)
+            given = "(" + "".join((f"_of_layout({p.name}, {layout})" if p.octets and layout else p.name) + ", " for p in self.each).rstrip() + ")"
         select = []
         for p in self.select:
             if p.default == "None" and p.a.name == "calc_mode":
@@ -356,7 +357,7 @@ def table_module(table, text, functions):
 
 def functions_module(functions, examples):
     out = f'"""Functions of the library over arrays.\n\n{BY}\n"""\n'
-    out += "# pylint: disable=all\nfrom . import _table\nfrom ._arrays import Function as _Function\nfrom ._table import *  # noqa: F403\n"
+    out += "# pylint: disable=all\nfrom . import _table\nfrom ._arrays import Function as _Function, of_layout as _of_layout\nfrom ._table import *  # noqa: F403\n"
     names = sorted({f.result + "Result" for f in functions if f.result})
     out += "from ._table import " + ", ".join(names) + "\n\n__all__ = [\n" + "".join(f'    "{f.name}",\n' for f in functions) + "]\n\n"
     for f in functions:
