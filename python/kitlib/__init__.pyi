@@ -594,7 +594,8 @@ class KitError(Exception):
     messages: tuple[str, ...]
     status: Longs | None
     outputs: Any
-    def __init__(self, function: str, codes: Any = ..., messages: Any = ..., status: Any = ..., outputs: Any = ...) -> None: ...
+    where: str
+    def __init__(self, function: str, codes: Any = ..., messages: Any = ..., status: Any = ..., outputs: Any = ..., where: str = ...) -> None: ...
 
 class KitWarning(UserWarning):
     function: str

@@ -2,6 +2,7 @@
 import copy
 import ctypes
 import math
+import re
 from collections import namedtuple
 
 import numpy as np
@@ -243,15 +244,47 @@ class Function:
         result = self.results(outputs, shape)
         if done:
             if done == -1 and errors == "raise":
-                raise _errors.error(self.name, self.public_id, vector, status if shape else None, result if shape else None)
+                raise self.refused(vector, status, values, arrays, shape, result)
             if not self.quiet and (done == 1 or (self.has_vector and (status == 1).any())):
                 _errors.warn(self.name, self.public_id if self.has_vector else None, vector, 5)
         return (result, status if shape else int(status)) if return_status else result
 
+    def refused(self, vector, status, values, arrays, shape, result):
+        """The exception of a call for arrays: which element was the first, and what it has."""
+        if not shape:
+            return self.error(vector)
+        first = int(np.argmax(status.ravel() == -1))
+        index = tuple(int(i) for i in np.unravel_index(first, shape))
+        said = [f"element {index[0] if len(index) == 1 else index}"]
+        if not self.flat and len(arrays) == len(self.each):
+            for array, (_, name, kind, *_) in zip(arrays, self.each):
+                if array is not None and kind in ("f8", "i8", "text"):
+                    item = array[index]
+                    said.append(f"{name} {item.decode()!r}" if kind == "text" else f"{name} {item.tolist()}")
+        elif self.flat:
+            said += [f"{name} {arrays[0][name][index]}" for name in arrays[0].dtype.names]
+        return self.error(vector, status, result, ", ".join(said), np.count_nonzero(status == -1) == 1)
+
+    def error(self, vector, status=None, result=None, where="", one=True):
+        if self.public_id is not None:
+            return _errors.error(self.name, self.public_id, vector, status, result, where, one)
+        found = tuple(m for m in _errors.last_messages() if f" in {self.name}: " in m)
+        return _errors.KitError(self.name, (), (found or (f"{self.name}: refused",)) + self.takes(), status, result, where)
+
+    def takes(self):
+        """What the docstring says of the arguments, as a message."""
+        from . import _functions  # which needs this module
+        name = next((n for n in _functions.__all__ if getattr(_functions, "_" + n) is self), None)
+        doc = (getattr(_functions, name).__doc__ or "") if name else ""
+        lines = doc.partition("Arguments")[2].partition("Returns")[0].splitlines()[1:]
+        said = " ".join(line.strip() if not re.match(r" {8}\w[\w, ]*: ", line) else "| " + line.strip() for line in lines
+                        if line.startswith(" " * 8) and not re.match(r" {8}(model|time): ", line))
+        return (f"{name} takes " + said[2:].replace(" | ", "; "),) if said else ()
+
     def failed_one(self, status, vector, pool, work):
         """Raises or warns what the scalar call found."""
         if status < 0:
-            found = _errors.error(self.name, self.public_id if self.has_vector else None, vector)
+            found = self.error(vector)
             pool.append(work)
             raise found
         if not self.quiet:

@@ -1,5 +1,6 @@
 """Exceptions and warnings made of error vectors."""
 import ctypes
+import re
 import warnings
 from enum import IntEnum
 
@@ -8,7 +9,8 @@ from ._table import CONDITIONS
 
 OK, WARN, ERR = 0, 1, -1
 _N_MESSAGES, _LENGTH, _N_CODES = 256, 512, 257
-_get_code, _get_msg = KITLIB.kl_get_code, KITLIB.kl_get_msg
+_get_code, _get_msg, _get_last_msg = KITLIB.kl_get_code, KITLIB.kl_get_msg, KITLIB.kl_get_last_msg
+_VALUE = re.compile(r"-?\d+\.\d+|-?\d+")
 _enums = {}
 
 
@@ -33,17 +35,18 @@ def _code_again(public_id, code):
 class KitError(Exception):
     """A call that the library refused.
 
-    function: its name; codes: conditions, members of an IntEnum; messages: their texts.
+    function: its name; codes: conditions, members of an IntEnum; messages: their texts; where: the first element that was
+    refused, of a call for arrays.
     status: 0, 1 or -1 of each element, and outputs: what was computed, when the call was for arrays.
     """
 
-    def __init__(self, function, codes=(), messages=(), status=None, outputs=None):
-        super().__init__("; ".join(messages) if messages else f"{function}: refused")
+    def __init__(self, function, codes=(), messages=(), status=None, outputs=None, where=""):
+        super().__init__((f"{where}: " if where else "") + ("; ".join(messages) if messages else f"{function}: refused"))
         self.function, self.codes, self.messages = function, tuple(codes), tuple(messages)
-        self.status, self.outputs = status, outputs
+        self.status, self.outputs, self.where = status, outputs, where
 
     def __reduce__(self):
-        return (KitError, (self.function, self.codes, self.messages, self.status, self.outputs))
+        return (KitError, (self.function, self.codes, self.messages, self.status, self.outputs, self.where))
 
 
 class KitWarning(UserWarning):
@@ -55,6 +58,20 @@ class KitWarning(UserWarning):
 
     def __reduce__(self):
         return (KitWarning, (str(self), self.function, self.codes))
+
+
+def last_messages():
+    """Texts of the last call of this thread that recorded anything, with the values of their arguments."""
+    n, texts = ctypes.c_long(0), ((ctypes.c_char * _LENGTH) * _N_MESSAGES)()
+    _get_last_msg(ctypes.byref(n), texts)
+    return tuple(texts[i].value.decode("utf-8", "replace") for i in range(n.value))
+
+
+def _with_values(messages):
+    """Texts of a vector, which has no values, with those of the last call, if it is the one that gave the vector."""
+    last = last_messages()[-len(messages):] if messages else ()
+    same = len(last) == len(messages) and all(_VALUE.sub("0", a).startswith(_VALUE.sub("0", b)) for a, b in zip(last, messages))
+    return last if same else messages
 
 
 def decoded(public_id, vector):
@@ -72,9 +89,10 @@ def decoded(public_id, vector):
     return found, tuple(texts[i].value.decode("utf-8", "replace") for i in range(n.value))
 
 
-def error(name, public_id, vector, status=None, outputs=None):
+def error(name, public_id, vector, status=None, outputs=None, where="", one=True):
+    """The exception; one: was one element refused, so that the values of the last messages are its own?"""
     codes, messages = decoded(public_id, vector)
-    return KitError(name, codes, messages, status, outputs)
+    return KitError(name, codes, _with_values(messages) if one else messages, status, outputs, where)
 
 
 def warn(name, public_id, vector, depth):

@@ -5,6 +5,7 @@ import sys
 import numpy as np
 
 from . import _functions, _ids
+from ._errors import KitError
 from ._table import Time
 
 _EPOCH = np.datetime64("2000-01-01T00:00:00", "us")
@@ -13,14 +14,19 @@ _READ = _functions._time_text_to_processing.silent()
 
 def _from_texts(texts, ref):
     """MJD2000 in the scale ref of texts of any layout; what the correlation says of its validity does not matter here."""
-    return _READ((texts,), (ref, ref), (_ids.for_reading(),), "raise", False)
+    try:
+        return _READ((texts,), (ref, ref), (_ids.for_reading(),), "raise", False)
+    except KitError as error:
+        where = "mjd2000: " + (error.where or f"text {texts!r}")
+        raise KitError("mjd2000", error.codes, error.messages, error.status, error.outputs, where) from None
 
 
 def mjd2000(x, ref="UTC"):
     """Days since 2000-01-01 00:00 of the scale ref: of texts, numpy.datetime64, datetime or astropy's Time.
 
     Texts may have any layout of the library, with its prefix or without (2026-06-21_08:24:00, 20260621T082400,
-    21-JUN-2026 08:24:00, ...), or be CCSDS A or B with a Z at the end or without. One that says another scale than ref is
+    21-JUN-2026 08:24:00, ...), or be CCSDS A or B with a Z at the end or without; the time of day with its seconds is
+    required, 2026-06-21T00:00:00 for a date. One that says another scale than ref is
     changed to it. A datetime without a time zone is in the scale ref; one with a time zone must meet ref="UTC". NaT gives
     NaN.
 

@@ -144,6 +144,23 @@ def test_refused_scalar():
     assert caught.value.codes == (kl.codes.sun.TIME_REF_ERR,)
 
 
+SAID = [
+    ("value", "400.0", lambda: kl.geoid(0.0, 400.0)),
+    ("element", "^element 1, t 40000.0: ", lambda: kl.sun([9668.0, 40000.0])),
+    ("fields", r"^element \(1, 0\), latitude 95.0, ", lambda: kl.geod_to_cart([[0.0], [95.0]], 1.0, 2.0)),
+    ("text", "^mjd2000: element 1, text '2026-01-01': ", lambda: kl.mjd2000(["2026-01-01T00:00:00", "2026-01-01"])),
+    ("no conditions", "lat: deg, -90 to 90; lon", lambda: kl.geod_point(95.0, 0.0, 0.0, 0.0)),
+    ("file", "/nope", lambda: kl.star_catalog(9668.0, file="/nope")),
+]
+
+
+@pytest.mark.parametrize("name,said,call", SAID, ids=[s[0] for s in SAID])
+def test_errors_say_what_was_wrong(name, said, call):
+    kl.sun([40000.0], errors="nan")  # messages of another call
+    with pytest.raises(kl.KitError, match=said):
+        call()
+
+
 def test_refused_elements():
     """One bad row of many: raised with everything that was computed, or given as NaN."""
     times = T.copy()
