@@ -79,15 +79,15 @@ def sun(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_sta
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
     Keywords:
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         model: ModelId, None: the default models
         time: TimeId, None: the correlation of the package
     Returns BodyState:
-        pos: [..., 3], m, Earth-fixed (KL_EF)
+        pos: [..., 3], m, Earth-fixed (kl.Frame.EF)
         vel: [..., 3], m/s, Earth-fixed, relative to the rotating axes
     Raises KitError, or warns KitWarning (W):
-        TIME_REF_ERR: time reference not 0 to 3, or NULL
-        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        TIME_REF_ERR: time reference not 0 to 3
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number
         TIME_ID_ERR: time not in TAI and the time id not initialised
         BODY_ERR: the Sun could not be computed: the model id holds no routine (refused init)
         TDB_ERR: no conversion to UT1; the text speaks of TDB
@@ -118,15 +118,15 @@ def moon(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_st
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
     Keywords:
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         model: ModelId, None: the default models
         time: TimeId, None: the correlation of the package
     Returns BodyState:
-        pos: [..., 3], m, Earth-fixed (KL_EF)
+        pos: [..., 3], m, Earth-fixed (kl.Frame.EF)
         vel: [..., 3], m/s, Earth-fixed, relative to the rotating axes
     Raises KitError, or warns KitWarning (W):
-        TIME_REF_ERR: time reference not 0 to 3, or NULL
-        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        TIME_REF_ERR: time reference not 0 to 3
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number
         TIME_ID_ERR: time not in TAI and the time id not initialised
         BODY_ERR: the Moon could not be computed: the model id holds no routine (refused init)
         PROC_TO_PROC_ERR: no conversion to UT1
@@ -153,18 +153,19 @@ def planet(t, /, *, planet, ref=Time.UTC, model=None, time=None, errors="raise",
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
     Keywords:
-        planet: kl.Planet, KL_MERCURY to KL_NEPTUNE; KL_EARTH_MOON_BARYCENTRE is that point, not the Moon
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        planet: kl.Planet, kl.Planet.MERCURY to kl.Planet.NEPTUNE; kl.Planet.EARTH_MOON_BARYCENTRE is that
+            point, not the Moon
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         model: ModelId, None: the default models
         time: TimeId, None: the correlation of the package
     Returns BodyState:
-        pos: [..., 3], m, Earth-fixed (KL_EF)
+        pos: [..., 3], m, Earth-fixed (kl.Frame.EF)
         vel: [..., 3], m/s, Earth-fixed, relative to the rotating axes
     Raises KitError, or warns KitWarning (W):
-        TIME_REF_ERR: time reference not 0 to 3, or NULL
-        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
+        TIME_REF_ERR: time reference not 0 to 3
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number
         TIME_ID_ERR: time not in TAI and the time id not initialised
-        CODE_ERR: planet not 1 to 8, or NULL
+        CODE_ERR: planet not 1 to 8
         PROC_TO_PROC_ERR: no conversion to UT1
         FRAME_ERR: no change to the Earth-fixed frame
         CONVERGENCE_WARN (W): Kepler's equation not solved; not within the range of dates
@@ -187,10 +188,10 @@ def time_cuc_to_processing(cuc, /, *, config, ref=Time.UTC, time=None, errors="r
     """Processing time of a CCSDS unsegmented time code.
 
     Arguments, arrays that broadcast against each other:
-        cuc: octets, P-field
+        cuc: octets, P-field, if any, and time field
     Keywords:
         config: record CucConfig, layout
-        ref: kl.Time, KL_TIME_TAI to KL_TIME_GPS: scale of the result
+        ref: kl.Time, kl.Time.TAI to kl.Time.GPS: scale of the result
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
         time: days, MJD2000, its range is not checked
@@ -198,6 +199,18 @@ def time_cuc_to_processing(cuc, /, *, config, ref=Time.UTC, time=None, errors="r
         CONFIG_ERR: time id, CUC type, octet counts, epoch type or time reference
         P_FIELD_ERR: identification other than 001 and 010; a third octet announced
         EPOCH_ERR: the epoch is not finite, or cannot be converted
+
+    The octets are just those of the layout (of the P-field, if there is one, and of the coarse and fine counts), or 19 as
+    time_processing_to_cuc gives them, with zeros behind the layout.
+
+    The seconds of a code know no leap seconds, and ref="UTC" is what stands where nothing is said: DECODE TO TAI OR GPS
+    (ref="TAI") and convert from there. With ref="UTC" a time of the epoch 1958 is 27 s late from 2017 on, one of 1980 18 s.
+
+    >>> import kitlib as kl
+    >>> config = kl.CucConfig(kl.CucType.TIME_FIELD_ONLY, kl.CucEpoch.EPOCH_1958, n_coarse=4, n_fine=3)
+    >>> tai = kl.time_cuc_to_processing(bytes([128, 201, 136, 0, 0, 0, 0]), config=config, ref="TAI")
+    >>> kl.time_processing_to_ascii(tai, fmt_out=41, ref_in="TAI", ref_out="UTC")
+    '2026-06-20T23:59:23'
     """
     return _time_cuc_to_processing((_of_layout(cuc, config),), (config, ref,), (time,), errors, return_status)
 
@@ -220,15 +233,27 @@ def time_processing_to_cuc(t, /, *, config, ref=Time.UTC, time=None, errors="rai
         t: days, MJD2000, not before the epoch
     Keywords:
         config: record CucConfig, layout, octet counts and epoch
-        ref: kl.Time, KL_TIME_TAI to KL_TIME_GPS: scale of the time
+        ref: kl.Time, kl.Time.TAI to kl.Time.GPS: scale of the time
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
-        cuc: octets, P-field, if any, and time field; KL_CUC_LENGTH octets hold every layout
+        cuc: octets, P-field, if any, and time field; 19 octets hold every layout
     Raises KitError, or warns KitWarning (W):
         CONFIG_ERR: as above; also seconds that do not fit the coarse octets
         EPOCH_ERR: the epoch is not finite, or cannot be converted
         TIME_ERR: time before the epoch, or NaN
-        P_FIELD_ERR: no P-field says KL_CUC_EPOCH_1980
+        P_FIELD_ERR: no P-field says kl.CucEpoch.EPOCH_1980
+
+    Always [..., 19] octets: those of the layout (of the P-field, if there is one, n_coarse and n_fine) and zeros behind them.
+    cuc[..., :n] is the code; without a P-field n is n_coarse + n_fine.
+
+    The seconds of a code know no leap seconds, and ref="UTC" is what stands where nothing is said: CONVERT TO TAI OR GPS first
+    and say ref="TAI", or the code lacks the leap seconds since the epoch (27 s of 1958, 18 s of 1980, from 2017 on).
+
+    >>> import kitlib as kl
+    >>> config = kl.CucConfig(kl.CucType.TIME_FIELD_ONLY, kl.CucEpoch.EPOCH_1958, n_coarse=4, n_fine=3)
+    >>> tai = kl.time_processing_to_processing(kl.mjd2000("2026-06-20T23:59:23Z"), ref_in="UTC", ref_out="TAI")
+    >>> kl.time_processing_to_cuc(tai, config=config, ref="TAI")[:7].tolist()
+    [128, 201, 136, 0, 0, 0, 0]
     """
     return _time_processing_to_cuc((t,), (config, ref,), (time,), errors, return_status)
 
@@ -250,14 +275,14 @@ def geod_to_cart(latitude, longitude, height, latitude_rate=None, longitude_rate
         latitude, longitude, height, latitude_rate, longitude_rate, height_rate: latitude -90 to 90, longitude
             -360 to 360, height from the centre to 1e12 m; rates in mode 2
     Keywords:
-        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        mode: kl.CalcMode, kl.CalcMode.POS or kl.CalcMode.POS_VEL; left out: by the arguments given
         model: ModelId, None: the default models
     Returns BodyState:
-        pos: [..., 3], m, KL_EF
+        pos: [..., 3], m, kl.Frame.EF
         vel: [..., 3], m/s, relative to the rotating axes; 0 in mode 1
     Raises KitError, or warns KitWarning (W):
-        CALC_MODE_ERR: mode not 1 or 2, or NULL
-        LATITUDE_ERR: outside -90 to 90, NaN, or in is NULL
+        CALC_MODE_ERR: mode not 1 or 2
+        LATITUDE_ERR: outside -90 to 90, NaN
         LONGITUDE_ERR: outside -360 to 360, or NaN
         HEIGHT_ERR: below the centre or above 1e12 m, or NaN
         RATES_ERR: mode 2: not finite, or of a velocity that is not
@@ -279,18 +304,18 @@ def cart_to_geod(pos, vel=None, /, *, mode=None, model=None, errors="raise", ret
     """Earth-fixed Cartesian to geodetic coordinates.
 
     Arguments, arrays that broadcast against each other:
-        pos: [..., 3], m, KL_EF, up to 1e12 m from the centre
+        pos: [..., 3], m, kl.Frame.EF, up to 1e12 m from the centre
         vel: [..., 3], m/s, relative to the rotating axes, up to 1e9; read in mode 2
     Keywords:
-        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        mode: kl.CalcMode, kl.CalcMode.POS or kl.CalcMode.POS_VEL; left out: by the arguments given
         model: ModelId, None: the default models
     Returns Geodetic:
         latitude, longitude, height, latitude_rate, longitude_rate, height_rate: latitude, longitude, height;
             rates in mode 2
     Raises KitError, or warns KitWarning (W):
-        CALC_MODE_ERR: mode not 1 or 2, or NULL
-        POSITION_ERR: not finite, beyond 1e12 m, or NULL
-        VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s, or NULL
+        CALC_MODE_ERR: mode not 1 or 2
+        POSITION_ERR: not finite, beyond 1e12 m
+        VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s
         TWO_FEET_WARN (W): in the plane of the equator, within 42697.67 m of the centre; or the latitude has no
             rate
         POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rate is 0
@@ -315,14 +340,14 @@ def kepl_to_cart(semi_major_axis, eccentricity, inclination, raan, arg_perigee, 
         semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly: ellipse or hyperbola, semi-
             major axis up to 1e13 m; angles up to 1e8 deg
     Keywords:
-        kind: kl.Elements, KL_KEPLER_OSCULATING or KL_KEPLER_MEAN
+        kind: kl.Elements, kl.Elements.OSCULATING or kl.Elements.MEAN
         model: ModelId, None: the default models
     Returns BodyState:
-        pos: [..., 3], m, inertial equatorial frame; KL_TOD for mean elements
+        pos: [..., 3], m, inertial equatorial frame; kl.Frame.TOD for mean elements
         vel: [..., 3], m/s
     Raises KitError, or warns KitWarning (W):
-        KIND_ERR: kind not 0 or 1, or NULL
-        ELEMENTS_ERR: neither an ellipse nor a hyperbola, beyond 1e13 m, NaN, or in is NULL
+        KIND_ERR: kind not 0 or 1
+        ELEMENTS_ERR: neither an ellipse nor a hyperbola, beyond 1e13 m, NaN
         INCLINATION_ERR: outside 0 to 180, or NaN
         ANGLES_ERR: not finite, or beyond 1e8 deg
         MEAN_ERR: e from 0.99 on, a (1 - e^2) below half the gravity radius, or no ellipse belongs to them
@@ -347,14 +372,14 @@ def cart_to_kepl(pos, vel, /, *, kind=Elements.OSCULATING, model=None, errors="r
         pos: [..., 3], m, inertial equatorial frame, up to 1e13 m
         vel: [..., 3], m/s, up to 1e9
     Keywords:
-        kind: kl.Elements, KL_KEPLER_OSCULATING or KL_KEPLER_MEAN
+        kind: kl.Elements, kl.Elements.OSCULATING or kl.Elements.MEAN
         model: ModelId, None: the default models
     Returns Kepler:
         semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly: elements; angles 0 to 360,
             the mean anomaly of a hyperbola without bounds
     Raises KitError, or warns KitWarning (W):
-        KIND_ERR: kind not 0 or 1, or NULL
-        STATE_ERR: not finite, position zero or beyond 1e13 m, velocity beyond 1e9 m/s, or NULL
+        KIND_ERR: kind not 0 or 1
+        STATE_ERR: not finite, position zero or beyond 1e13 m, velocity beyond 1e9 m/s
         CONIC_ERR: position and velocity along one line to rounding, or |2 - r v^2/gm| below 1e-9
         MEAN_ERR: hyperbola, e from 0.99 on, or a (1 - e^2) below half the gravity radius
         CONVERGENCE_ERR: no closure below 1e-13
@@ -386,13 +411,13 @@ def geod_distance(lat1, lon1, lat2, lon2, /, *, model=None, errors="raise", retu
         model: ModelId, None: the default models
     Returns Geodesic:
         distance: m
-        azimuth1: deg, direction of travel at the first point; NULL: not asked for
-        azimuth2: deg, direction of travel at the second point; NULL: not asked for
+        azimuth1: deg, direction of travel at the first point
+        azimuth2: deg, direction of travel at the second point
     Raises KitError, or warns KitWarning (W):
-        LATITUDE1_ERR: outside -90 to 90, NaN, or NULL
-        LONGITUDE1_ERR: outside -360 to 360, NaN, or NULL
-        LATITUDE2_ERR: outside -90 to 90, NaN, or NULL
-        LONGITUDE2_ERR: outside -360 to 360, NaN, or NULL
+        LATITUDE1_ERR: outside -90 to 90, NaN
+        LONGITUDE1_ERR: outside -360 to 360, NaN
+        LATITUDE2_ERR: outside -90 to 90, NaN
+        LONGITUDE2_ERR: outside -360 to 360, NaN
         CONVERGENCE_ERR: not seen: a bracket is halved where steps leave it
     """
     return _geod_distance((lat1, lon1, lat2, lon2,), (), (model,), errors, return_status)
@@ -423,7 +448,7 @@ def geod_point(lat, lon, azimuth, distance, /, *, model=None, errors="raise", re
     Returns GeodesicEnd:
         latitude: deg
         longitude: deg
-        azimuth: deg, direction of travel there; NULL: not asked for
+        azimuth: deg, direction of travel there
     """
     return _geod_point((lat, lon, azimuth, distance,), (), (model,), errors, return_status)
 
@@ -450,24 +475,25 @@ def position_on_orbit(t, pos, vel, acc=None, /, *, mode=None, cs, ref=Time.UTC, 
         t: days, MJD2000, -18262.0 to 36524.0
         pos: [..., 3], m, up to 1e13
         vel: [..., 3], m/s, up to 1e9
-        acc: [..., 3], m/s2, read in modes 2 and 3; NULL or zeros: motion of two bodies
+        acc: [..., 3], m/s2, read in modes 2 and 3; None or zeros: motion of two bodies
     Keywords:
-        mode: kl.CalcMode, KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC; left out: by the arguments given
-        cs: kl.Frame, frame of the state, KL_BM2000 to KL_TEME but KL_GALACTIC
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        mode: kl.CalcMode, kl.CalcMode.POS, kl.CalcMode.POS_VEL or kl.CalcMode.POS_VEL_ACC; left out: by the
+            arguments given
+        cs: kl.Frame, frame of the state, kl.Frame.BM2000 to kl.Frame.TEME but kl.Frame.GALACTIC
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         model: ModelId, None: the default models
         time: TimeId, None: the correlation of the package
     Returns OrbitAngle:
         angle, rate, rate_of_rate, node, node_rate, inclination: angle, node, inclination, and what the mode
             asks for
     Raises KitError, or warns KitWarning (W):
-        TIME_REF_ERR: time reference not 0 to 3, or NULL
-        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
-        CALC_MODE_ERR: mode not 1 to 3, or NULL
-        CS_ERR: frame not 1 to 11, KL_GALACTIC (it carries no velocity), or NULL
-        STATE_ERR: not finite, beyond 1e13 m, 1e9 m/s or 1e9 m/s2, or NULL
+        TIME_REF_ERR: time reference not 0 to 3
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number
+        CALC_MODE_ERR: mode not 1 to 3
+        CS_ERR: frame not 1 to 11, kl.Frame.GALACTIC (it carries no velocity)
+        STATE_ERR: not finite, beyond 1e13 m, 1e9 m/s or 1e9 m/s2
         TIME_ID_ERR: the time cannot be brought to UT1
-        TRANSFORMATION_ERR: KL_LIF, a model id without the routine, or no way to TDB
+        TRANSFORMATION_ERR: kl.Frame.LIF, a model id without the routine, or no way to TDB
         PLANE_ERR: position and velocity along one line, to rounding
         EQUATOR_WARN (W): node 0
         FORMULA_WARN (W): once, when a call leaves the table for the UT1-UTC formula
@@ -498,8 +524,8 @@ def orbit_sun(t, pos, vel, /, *, cs, ref=Time.UTC, model=None, time=None, errors
         pos: [..., 3], m, up to 1e13
         vel: [..., 3], m/s, up to 1e9
     Keywords:
-        cs: kl.Frame, frame of the state, KL_BM2000 to KL_TEME but KL_GALACTIC
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        cs: kl.Frame, frame of the state, kl.Frame.BM2000 to kl.Frame.TEME but kl.Frame.GALACTIC
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         model: ModelId, None: the default models
         time: TimeId, None: the correlation of the package
     Returns OrbitSunAngles:
@@ -525,15 +551,15 @@ def cart_to_radec(pos, vel=None, /, *, mode=None, model=None, errors="raise", re
         pos: [..., 3], m, equatorial frame; finite and not zero, of any size
         vel: [..., 3], m/s, up to 1e9; read in mode 2
     Keywords:
-        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        mode: kl.CalcMode, kl.CalcMode.POS or kl.CalcMode.POS_VEL; left out: by the arguments given
         model: ModelId, None: the default models
     Returns Radec:
         ra, dec, distance, ra_rate, dec_rate, distance_rate: right ascension, declination, distance; rates in
             mode 2
     Raises KitError, or warns KitWarning (W):
-        CALC_MODE_ERR: mode not 1 or 2, or NULL
-        POSITION_ERR: not finite, zero, longer than the largest number, or NULL
-        VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s, or NULL
+        CALC_MODE_ERR: mode not 1 or 2
+        POSITION_ERR: not finite, zero, longer than the largest number
+        VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s
         POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rates are 0
     """
     return _cart_to_radec((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1,), (model,), errors, return_status)
@@ -556,14 +582,14 @@ def radec_to_cart(ra, dec, distance, ra_rate=None, dec_rate=None, distance_rate=
         ra, dec, distance, ra_rate, dec_rate, distance_rate: right ascension -360 to 360, declination -90 to 90,
             distance from 0; rates in mode 2
     Keywords:
-        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        mode: kl.CalcMode, kl.CalcMode.POS or kl.CalcMode.POS_VEL; left out: by the arguments given
         model: ModelId, None: the default models
     Returns BodyState:
         pos: [..., 3], m
         vel: [..., 3], m/s, 0 in mode 1
     Raises KitError, or warns KitWarning (W):
-        CALC_MODE_ERR: mode not 1 or 2, or NULL
-        RA_ERR: outside -360 to 360, NaN, or in is NULL
+        CALC_MODE_ERR: mode not 1 or 2
+        RA_ERR: outside -360 to 360, NaN
         DEC_ERR: outside -90 to 90, or NaN
         DISTANCE_ERR: negative, or not finite
         RATES_ERR: mode 2: not finite, or of a velocity that is not
@@ -586,10 +612,10 @@ def ef_to_topocentric(pos, vel=None, /, *, mode=None, origin, model=None, errors
     """Earth-fixed position and velocity to azimuth, elevation and range from a place on the Earth.
 
     Arguments, arrays that broadcast against each other:
-        pos: [..., 3], m, KL_EF, up to 1e13 m
+        pos: [..., 3], m, kl.Frame.EF, up to 1e13 m
         vel: [..., 3], m/s, relative to the rotating axes, up to 1e9; read in mode 2
     Keywords:
-        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        mode: kl.CalcMode, kl.CalcMode.POS or kl.CalcMode.POS_VEL; left out: by the arguments given
         origin: record Geodetic, the place; its rates are not read
         model: ModelId, None: the default models
     Returns Topocentric:
@@ -617,11 +643,11 @@ def topocentric_to_ef(azimuth, elevation, range, azimuth_rate=None, elevation_ra
         azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate: azimuth -360 to 360, elevation -90
             to 90, range 0 to 1e12 m; rates in mode 2
     Keywords:
-        mode: kl.CalcMode, KL_CALC_POS or KL_CALC_POS_VEL; left out: by the arguments given
+        mode: kl.CalcMode, kl.CalcMode.POS or kl.CalcMode.POS_VEL; left out: by the arguments given
         origin: record Geodetic, the place; its rates are not read
         model: ModelId, None: the default models
     Returns BodyState:
-        pos: [..., 3], m, KL_EF
+        pos: [..., 3], m, kl.Frame.EF
         vel: [..., 3], m/s, relative to the rotating axes; 0 in mode 1
     """
     return _topocentric_to_ef((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (mode if mode is not None else 2 if azimuth_rate is not None or elevation_rate is not None or range_rate is not None else 1, origin,), (model,), errors, return_status)
@@ -703,9 +729,9 @@ def local_orbital_frame(pos, vel, acc=None, /, *, kind=LocalFrame.QSW, errors="r
     Arguments, arrays that broadcast against each other:
         pos: [..., 3], m, inertial frame, up to 1e13
         vel: [..., 3], m/s, up to 1e9
-        acc: [..., 3], m/s2, up to 1e9; NULL: motion of two bodies
+        acc: [..., 3], m/s2, up to 1e9; None: motion of two bodies
     Keywords:
-        kind: kl.LocalFrame, KL_ORBITAL_QSW and the others
+        kind: kl.LocalFrame, kl.LocalFrame.QSW and the others
     Returns LocalFrame:
         r: [..., 9], rows: the axes in the frame of the state
         dr: [..., 9], 1/s, its derivative in time
@@ -754,15 +780,13 @@ def time_processing_to_processing(t, /, *, ref_in=Time.UTC, ref_out=Time.UTC, ti
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
     Keywords:
-        ref_in: kl.Time, scale of the input: KL_TIME_TAI, _UTC, _UT1 or _GPS
+        ref_in: kl.Time, scale of the input: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or _GPS
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
         time: days, MJD2000, may lie outside the processing range by the difference of the scales
     Raises KitError, or warns KitWarning (W):
-        PROC_ID_IN_ERR: input format is not KL_PROC
         TIME_REF_IN_ERR: input scale outside 0 to 3
-        PROC_ID_OUT_ERR: output format is not KL_PROC
         TIME_REF_OUT_ERR: output scale outside 0 to 3
         DAYS_ERR: input outside its range, or NaN
         TIME_ID_ERR: scales differ, no initialised time id
@@ -798,19 +822,19 @@ def time_ascii_to_ascii(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, fmt_
     """Writes the instant of a text in another format, another scale or both.
 
     Arguments, arrays that broadcast against each other:
-        text: texts, text of exactly the length of its format, then a NUL
+        text: texts, text of exactly the length of its format
     Keywords:
-        fmt_in: kl.Ascii, format of the text, KL_ASCII_*
-        ref_in: kl.Time, scale of the text, KL_TIME_*; with a prefix also KL_TIME_UNDEF
-        fmt_out: kl.Ascii, format of the output, KL_ASCII_*
+        fmt_in: kl.Ascii, format of the text
+        ref_in: kl.Time, scale of the text; with a prefix also kl.Time.UNDEF
+        fmt_out: kl.Ascii, format of the output
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
-        ascii: texts, text and a NUL; may be the input text
+        ascii: texts, text; may be the input text
     Raises KitError, or warns KitWarning (W):
-        ASCII_ID_IN_ERR: input format is none of KL_ASCII_*
+        ASCII_ID_IN_ERR: input format is none of kl.Ascii
         TIME_REF_IN_ERR: input scale outside -1 to 3
-        ASCII_ID_OUT_ERR: output format is none of KL_ASCII_*
+        ASCII_ID_OUT_ERR: output format is none of kl.Ascii
         TIME_REF_OUT_ERR: output scale outside 0 to 3
         YEAR_ERR: year is not 1950 to 2099
         TIME_ID_ERR: scales differ, no initialised time id
@@ -819,11 +843,11 @@ def time_ascii_to_ascii(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, fmt_
         BULLETIN_B_A_WARN (W): now in the gap between two bulletins
         VALIDITY_WARN (W): left the validity of the time id
         LAYOUT_ERR: separators of the format missing
-        TOO_SHORT_ERR: shorter than its format, or NULL
+        TOO_SHORT_ERR: shorter than its format
         TOO_LONG_ERR: longer than its format
         PREFIX_ERR: prefix is no "TAI=" "UTC=" "UT1=" "GPS="
         PREFIX_REF_ERR: prefix contradicts the input scale
-        NO_REF_ERR: KL_TIME_UNDEF and no prefix
+        NO_REF_ERR: kl.Time.UNDEF and no prefix
         MISSION_LIMIT_ERR: year 0000 or 9999, but no limit
         MONTH_ERR: month is not 01 to 12, JAN to DEC
         DAY_ERR: day is not 01 to 31
@@ -862,18 +886,17 @@ def time_ascii_to_processing(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC,
     """Reads a text.
 
     Arguments, arrays that broadcast against each other:
-        text: texts, text of exactly the length of its format, then a NUL
+        text: texts, text of exactly the length of its format
     Keywords:
-        fmt_in: kl.Ascii, format of the text, KL_ASCII_*
-        ref_in: kl.Time, scale of the text, KL_TIME_*; with a prefix also KL_TIME_UNDEF
+        fmt_in: kl.Ascii, format of the text
+        ref_in: kl.Time, scale of the text; with a prefix also kl.Time.UNDEF
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
         time: days, MJD2000, may lie outside the processing range by the difference of the scales
     Raises KitError, or warns KitWarning (W):
-        ASCII_ID_IN_ERR: input format is none of KL_ASCII_*
+        ASCII_ID_IN_ERR: input format is none of kl.Ascii
         TIME_REF_IN_ERR: input scale outside -1 to 3
-        PROC_ID_OUT_ERR: output format is not KL_PROC
         TIME_REF_OUT_ERR: output scale outside 0 to 3
         YEAR_ERR: year is not 1950 to 2099
         TIME_ID_ERR: scales differ, no initialised time id
@@ -882,11 +905,11 @@ def time_ascii_to_processing(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC,
         BULLETIN_B_A_WARN (W): now in the gap between two bulletins
         VALIDITY_WARN (W): left the validity of the time id
         LAYOUT_ERR: separators of the format missing
-        TOO_SHORT_ERR: shorter than its format, or NULL
+        TOO_SHORT_ERR: shorter than its format
         TOO_LONG_ERR: longer than its format
         PREFIX_ERR: prefix is no "TAI=" "UTC=" "UT1=" "GPS="
         PREFIX_REF_ERR: prefix contradicts the input scale
-        NO_REF_ERR: KL_TIME_UNDEF and no prefix
+        NO_REF_ERR: kl.Time.UNDEF and no prefix
         MISSION_LIMIT_ERR: year 0000 or 9999, but no limit
         MONTH_ERR: month is not 01 to 12, JAN to DEC
         DAY_ERR: day is not 01 to 31
@@ -918,18 +941,16 @@ def time_text_to_processing(text, /, *, ref=Time.UTC, ref_out=Time.UTC, time=Non
     """Reads a text as people write it.
 
     Arguments, arrays that broadcast against each other:
-        text: texts, text of any layout below, then a NUL
+        text: texts, text of any layout below
     Keywords:
-        ref: kl.Time, scale of a text that does not say its own, KL_TIME_*; KL_TIME_UNDEF: such a text is
-            refused
+        ref: kl.Time, scale of a text that does not say its own; kl.Time.UNDEF: such a text is refused
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
         time: days, MJD2000, may lie outside the processing range by the difference of the scales
     Raises KitError, or warns KitWarning (W):
-        ASCII_ID_IN_ERR: input format is none of KL_ASCII_*
+        ASCII_ID_IN_ERR: input format is none of kl.Ascii
         TIME_REF_IN_ERR: input scale outside -1 to 3
-        PROC_ID_OUT_ERR: output format is not KL_PROC
         TIME_REF_OUT_ERR: output scale outside 0 to 3
         YEAR_ERR: year is not 1950 to 2099
         TIME_ID_ERR: scales differ, no initialised time id
@@ -938,11 +959,11 @@ def time_text_to_processing(text, /, *, ref=Time.UTC, ref_out=Time.UTC, time=Non
         BULLETIN_B_A_WARN (W): now in the gap between two bulletins
         VALIDITY_WARN (W): left the validity of the time id
         LAYOUT_ERR: separators of the format missing
-        TOO_SHORT_ERR: shorter than its format, or NULL
+        TOO_SHORT_ERR: shorter than its format
         TOO_LONG_ERR: longer than its format
         PREFIX_ERR: prefix is no "TAI=" "UTC=" "UT1=" "GPS="
         PREFIX_REF_ERR: prefix contradicts the input scale
-        NO_REF_ERR: KL_TIME_UNDEF and no prefix
+        NO_REF_ERR: kl.Time.UNDEF and no prefix
         MISSION_LIMIT_ERR: year 0000 or 9999, but no limit
         MONTH_ERR: month is not 01 to 12, JAN to DEC
         DAY_ERR: day is not 01 to 31
@@ -954,6 +975,9 @@ def time_text_to_processing(text, /, *, ref=Time.UTC, ref_out=Time.UTC, time=Non
         DAY_OF_29_ERR: day 30 or 31 of a leap February
         DAY_OF_28_ERR: day 29 to 31 of another February
         LEAP_SECOND_ERR: second 60 without a leap second
+
+    Layouts: those of kl.Ascii, with the prefix of the scale or without, and CCSDS A and B, 2026-06-21T08:24:05.5Z and
+    2026-172T08:24:05.5Z, with the Z or without. The seconds are required.
     """
     return _time_text_to_processing((text,), (ref, ref_out,), (time,), errors, return_status)
 
@@ -975,19 +999,19 @@ def time_ascii_to_transport(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, 
     """Reads a text into a transport time.
 
     Arguments, arrays that broadcast against each other:
-        text: texts, text of exactly the length of its format, then a NUL
+        text: texts, text of exactly the length of its format
     Keywords:
-        fmt_in: kl.Ascii, format of the text, KL_ASCII_*
-        ref_in: kl.Time, scale of the text, KL_TIME_*; with a prefix also KL_TIME_UNDEF
-        fmt_out: kl.Transport, format of the output, KL_TRANS_*
+        fmt_in: kl.Ascii, format of the text
+        ref_in: kl.Time, scale of the text; with a prefix also kl.Time.UNDEF
+        fmt_out: kl.Transport, format of the output
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
         transport: [..., 4], fields as the format has them, then zeros
     Raises KitError, or warns KitWarning (W):
-        ASCII_ID_IN_ERR: input format is none of KL_ASCII_*
+        ASCII_ID_IN_ERR: input format is none of kl.Ascii
         TIME_REF_IN_ERR: input scale outside -1 to 3
-        TRANS_ID_OUT_ERR: output format is none of KL_TRANS_*
+        TRANS_ID_OUT_ERR: output format is none of kl.Transport
         TIME_REF_OUT_ERR: output scale outside 0 to 3, or not GPS
         YEAR_ERR: year is not 1950 to 2099
         TIME_ID_ERR: scales differ, no initialised time id
@@ -996,11 +1020,11 @@ def time_ascii_to_transport(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, 
         BULLETIN_B_A_WARN (W): now in the gap between two bulletins
         VALIDITY_WARN (W): left the validity of the time id
         LAYOUT_ERR: separators of the format missing
-        TOO_SHORT_ERR: shorter than its format, or NULL
+        TOO_SHORT_ERR: shorter than its format
         TOO_LONG_ERR: longer than its format
         PREFIX_ERR: prefix is no "TAI=" "UTC=" "UT1=" "GPS="
         PREFIX_REF_ERR: prefix contradicts the input scale
-        NO_REF_ERR: KL_TIME_UNDEF and no prefix
+        NO_REF_ERR: kl.Time.UNDEF and no prefix
         MISSION_LIMIT_ERR: year 0000 or 9999, but no limit
         MONTH_ERR: month is not 01 to 12, JAN to DEC
         DAY_ERR: day is not 01 to 31
@@ -1035,16 +1059,15 @@ def time_processing_to_ascii(t, /, *, ref_in=Time.UTC, fmt_out=Ascii.ASCII_43, r
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
     Keywords:
-        ref_in: kl.Time, scale of the input: KL_TIME_TAI, _UTC, _UT1 or _GPS
-        fmt_out: kl.Ascii, format of the output, KL_ASCII_*
+        ref_in: kl.Time, scale of the input: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or _GPS
+        fmt_out: kl.Ascii, format of the output
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
-        ascii: texts, text and a NUL
+        ascii: texts, text
     Raises KitError, or warns KitWarning (W):
-        PROC_ID_IN_ERR: input format is not KL_PROC
         TIME_REF_IN_ERR: input scale outside 0 to 3
-        ASCII_ID_OUT_ERR: output format is none of KL_ASCII_*
+        ASCII_ID_OUT_ERR: output format is none of kl.Ascii
         TIME_REF_OUT_ERR: output scale outside 0 to 3
         DAYS_ERR: input outside its range, or NaN
         TIME_ID_ERR: scales differ, no initialised time id
@@ -1077,16 +1100,15 @@ def time_processing_to_transport(t, /, *, ref_in=Time.UTC, fmt_out=Transport.TRA
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
     Keywords:
-        ref_in: kl.Time, scale of the input: KL_TIME_TAI, _UTC, _UT1 or _GPS
-        fmt_out: kl.Transport, format of the output, KL_TRANS_*
+        ref_in: kl.Time, scale of the input: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or _GPS
+        fmt_out: kl.Transport, format of the output
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
         transport: [..., 4], fields as the format has them, then zeros
     Raises KitError, or warns KitWarning (W):
-        PROC_ID_IN_ERR: input format is not KL_PROC
         TIME_REF_IN_ERR: input scale outside 0 to 3
-        TRANS_ID_OUT_ERR: output format is none of KL_TRANS_*
+        TRANS_ID_OUT_ERR: output format is none of kl.Transport
         TIME_REF_OUT_ERR: output scale outside 0 to 3, or not GPS
         DAYS_ERR: input outside its range, or NaN
         TIME_ID_ERR: scales differ, no initialised time id
@@ -1118,17 +1140,17 @@ def time_transport_to_ascii(transport, /, *, fmt_in=Transport.TRANS_0, ref_in=Ti
     Arguments, arrays that broadcast against each other:
         transport: [..., 4], fields as the format has them; those that it has not are not read
     Keywords:
-        fmt_in: kl.Transport, format of the record, KL_TRANS_*
-        ref_in: kl.Time, scale of the record: KL_TIME_TAI, _UTC, _UT1 or _GPS
-        fmt_out: kl.Ascii, format of the output, KL_ASCII_*
+        fmt_in: kl.Transport, format of the record
+        ref_in: kl.Time, scale of the record: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or _GPS
+        fmt_out: kl.Ascii, format of the output
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
-        ascii: texts, text and a NUL
+        ascii: texts, text
     Raises KitError, or warns KitWarning (W):
-        TRANS_ID_IN_ERR: input format is none of KL_TRANS_*
+        TRANS_ID_IN_ERR: input format is none of kl.Transport
         TIME_REF_IN_ERR: input scale outside 0 to 3, or not GPS
-        ASCII_ID_OUT_ERR: output format is none of KL_ASCII_*
+        ASCII_ID_OUT_ERR: output format is none of kl.Ascii
         TIME_REF_OUT_ERR: output scale outside 0 to 3
         DAYS_ERR: day outside -18262 to 36524
         TIME_ID_ERR: scales differ, no initialised time id
@@ -1169,16 +1191,15 @@ def time_transport_to_processing(transport, /, *, fmt_in=Transport.TRANS_0, ref_
     Arguments, arrays that broadcast against each other:
         transport: [..., 4], fields as the format has them; those that it has not are not read
     Keywords:
-        fmt_in: kl.Transport, format of the record, KL_TRANS_*
-        ref_in: kl.Time, scale of the record: KL_TIME_TAI, _UTC, _UT1 or _GPS
+        fmt_in: kl.Transport, format of the record
+        ref_in: kl.Time, scale of the record: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or _GPS
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
         time: days, MJD2000, may lie outside the processing range by the difference of the scales
     Raises KitError, or warns KitWarning (W):
-        TRANS_ID_IN_ERR: input format is none of KL_TRANS_*
+        TRANS_ID_IN_ERR: input format is none of kl.Transport
         TIME_REF_IN_ERR: input scale outside 0 to 3, or not GPS
-        PROC_ID_OUT_ERR: output format is not KL_PROC
         TIME_REF_OUT_ERR: output scale outside 0 to 3
         DAYS_ERR: day outside -18262 to 36524
         TIME_ID_ERR: scales differ, no initialised time id
@@ -1217,17 +1238,17 @@ def time_transport_to_transport(transport, /, *, fmt_in=Transport.TRANS_0, ref_i
     Arguments, arrays that broadcast against each other:
         transport: [..., 4], fields as the format has them; those that it has not are not read
     Keywords:
-        fmt_in: kl.Transport, format of the record, KL_TRANS_*
-        ref_in: kl.Time, scale of the record: KL_TIME_TAI, _UTC, _UT1 or _GPS
-        fmt_out: kl.Transport, format of the output, KL_TRANS_*
+        fmt_in: kl.Transport, format of the record
+        ref_in: kl.Time, scale of the record: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or _GPS
+        fmt_out: kl.Transport, format of the output
         ref_out: kl.Time, scale of the output, 0 to 3
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
         transport: [..., 4], fields as the format has them, then zeros; may be the input record
     Raises KitError, or warns KitWarning (W):
-        TRANS_ID_IN_ERR: input format is none of KL_TRANS_*
+        TRANS_ID_IN_ERR: input format is none of kl.Transport
         TIME_REF_IN_ERR: input scale outside 0 to 3, or not GPS
-        TRANS_ID_OUT_ERR: output format is none of KL_TRANS_*
+        TRANS_ID_OUT_ERR: output format is none of kl.Transport
         TIME_REF_OUT_ERR: output scale outside 0 to 3, or not GPS
         DAYS_ERR: day outside -18262 to 36524
         TIME_ID_ERR: scales differ, no initialised time id
@@ -1275,11 +1296,11 @@ def change_cart_cs(t, pos, vel=None, acc=None, /, *, mode=None, cs_in, cs_out, r
         vel: [..., 3], m/s, read in every mode
         acc: [..., 3], m/s2, read in every mode
     Keywords:
-        mode: kl.CalcMode, KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC: outputs above the mode are zero;
-            left out: by the arguments given
-        cs_in: kl.Frame, frame of the input, KL_BM2000 to KL_TEME
+        mode: kl.CalcMode, kl.CalcMode.POS, kl.CalcMode.POS_VEL or kl.CalcMode.POS_VEL_ACC: outputs above the
+            mode are zero; left out: by the arguments given
+        cs_in: kl.Frame, frame of the input, kl.Frame.BM2000 to kl.Frame.TEME
         cs_out: kl.Frame, frame of the output
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         model: ModelId, None: the default models
         time: TimeId, None: the correlation of the package
     Returns State:
@@ -1288,18 +1309,18 @@ def change_cart_cs(t, pos, vel=None, acc=None, /, *, mode=None, cs_in, cs_out, r
         acc: [..., 3], m/s2, may be acc. Between barycentric, heliocentric and geocentric frames the
             acceleration of the origin is taken as zero
     Raises KitError, or warns KitWarning (W):
-        TIME_REF_ERR: time reference not 0 to 3, or NULL
-        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
-        CALC_MODE_ERR: mode not 1 to 3, or NULL
-        CS_IN_ERR: frame not 1 to 11, or NULL
-        CS_OUT_ERR: frame not 1 to 11, or NULL
+        TIME_REF_ERR: time reference not 0 to 3
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number
+        CALC_MODE_ERR: mode not 1 to 3
+        CS_IN_ERR: frame not 1 to 11
+        CS_OUT_ERR: frame not 1 to 11
         TIME_ID_ERR: the time cannot be brought to UT1
         FORMULA_WARN (W): once, when a call leaves the table for the UT1-UTC formula
         GAP_WARN (W): once, when a call enters the gap between two bulletins
         VALIDITY_WARN (W): once, when a call leaves the validity of the table
         TAI_ERR: the time cannot be brought to TAI; the outputs are written by then
         TRANSFORMATION_ERR: a model id without the routine, or no way to TDB
-        LIF_ERR: KL_LIF: no time id of this library holds its reference
+        LIF_ERR: kl.Frame.LIF: no time id of this library holds its reference
 
     >>> import kitlib as kl
     >>> pos, vel, _ = kl.change_cart_cs(9668.35, [7068500.0, 1142000.0, 0.0], [170.1, -1096.3, 7379.0], cs_in="TEME", cs_out="EF")
@@ -1324,7 +1345,7 @@ def ray_ellipsoid(pos, dir, margin=None, /, *, model=None, errors="raise", retur
     """Where a line of sight meets the ellipsoid.
 
     Arguments, arrays that broadcast against each other:
-        pos: [..., 3], m, in axes whose z is the Earth's: KL_EF, KL_PEF, KL_TOD, KL_TEME
+        pos: [..., 3], m, in axes whose z is the Earth's: kl.Frame.EF, kl.Frame.PEF, kl.Frame.TOD, kl.Frame.TEME
         dir: [..., 3], direction, of any length but 0
         margin: m, raises the ellipsoid: semi-axes a + margin and (a + margin) b/a
         model: ModelId, None: the default models
@@ -1350,7 +1371,7 @@ def ray_height(pos, dir, height, /, *, model=None, errors="raise", return_status
     """Where a line of sight has a geodetic height.
 
     Arguments, arrays that broadcast against each other:
-        pos: [..., 3], m, in axes whose z is the Earth's: KL_EF, KL_PEF, KL_TOD, KL_TEME
+        pos: [..., 3], m, in axes whose z is the Earth's: kl.Frame.EF, kl.Frame.PEF, kl.Frame.TOD, kl.Frame.TEME
         dir: [..., 3], direction, of any length but 0
         height: m, -1e5 to 1e9
         model: ModelId, None: the default models
@@ -1377,7 +1398,7 @@ def ray_tangent(pos, dir, /, *, model=None, errors="raise", return_status=False)
     """The point of a line of sight where the geodetic height is smallest.
 
     Arguments, arrays that broadcast against each other:
-        pos: [..., 3], m, in axes whose z is the Earth's: KL_EF, KL_PEF, KL_TOD, KL_TEME
+        pos: [..., 3], m, in axes whose z is the Earth's: kl.Frame.EF, kl.Frame.PEF, kl.Frame.TOD, kl.Frame.TEME
         dir: [..., 3], direction, of any length but 0
         model: ModelId, None: the default models
     Returns TangentPoint:
@@ -1411,24 +1432,24 @@ def eclipse(t, pos, margin=None, /, *, light_time=1, cs=Frame.EF, ref=Time.UTC, 
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
         pos: [..., 3], m, outside the ellipsoid, up to 1e10 m from the centre of the Earth
-        margin: m, raises the ellipsoid for the opaque atmosphere, -1e4 to 2e5; NULL: 0
+        margin: m, raises the ellipsoid for the opaque atmosphere, -1e4 to 2e5; None: 0
     Keywords:
         light_time: 1: the Sun as its light shows it; else where it is
-        cs: kl.Frame, frame of the position: KL_BM2000 to KL_EF, KL_BM1950 or KL_TEME
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        cs: kl.Frame, frame of the position: kl.Frame.BM2000 to kl.Frame.EF, kl.Frame.BM1950 or kl.Frame.TEME
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         model: ModelId, None: the default models
         time: TimeId, None: the correlation of the package
     Returns EclipseState:
-        state: KL_SUNLIGHT, KL_PENUMBRA, KL_UMBRA or KL_ANNULAR
+        state: kl.Shadow.SUNLIGHT, kl.Shadow.PENUMBRA, kl.Shadow.UMBRA or kl.Shadow.ANNULAR
         fraction: visible part of the Sun's disc, 0 to 1
         depth: from the Sun's centre to the limb, in radii of the Sun, negative when the centre is covered
     Raises KitError, or warns KitWarning (W):
-        POSITION_ERR: not finite, inside the ellipsoid with margin, beyond 1e10 m, or NULL
-        SUN_ERR: KL_Eclipse: not finite, nearer than 1e11 m, or NULL
+        POSITION_ERR: not finite, inside the ellipsoid with margin, beyond 1e10 m
+        SUN_ERR: not finite, nearer than 1e11 m
         MARGIN_ERR: outside -1e4 to 2e5 m
-        TIME_REF_ERR: time reference not 0 to 3, or NULL
-        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
-        CS_ERR: not one of the nine, or NULL
+        TIME_REF_ERR: time reference not 0 to 3
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number
+        CS_ERR: not one of the nine
         TIME_ID_ERR: time id not initialised
         TRANSFORMATION_ERR: the Sun or the frame chain failed, or the model id holds no routine (refused init)
         FORMULA_WARN (W): once
@@ -1454,8 +1475,8 @@ def earth_orientation_get(t, /, *, corrections=0, ref=Time.UTC, time=None, error
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
     Keywords:
-        corrections: 0 to 3: sum of KL_EOP_OCEAN_TIDES and KL_EOP_LIBRATION
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        corrections: 0 to 3: sum of kl.Eop.OCEAN_TIDES and kl.Eop.LIBRATION
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         time: TimeId, None: the correlation of the package
     Returns EarthOrientation:
         x_pole, y_pole, ut1_utc, ut1_tai, dx, dy, cip_x, cip_y, s, s_prime, era, notes: the values
@@ -1484,11 +1505,12 @@ def iers_matrix(t, /, *, corrections=0, cs_in, cs_out, ref=Time.UTC, mode=None, 
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
     Keywords:
-        corrections: 0 to 3: sum of KL_EOP_OCEAN_TIDES and KL_EOP_LIBRATION
-        cs_in: kl.IersFrame, KL_GCRS to KL_EME2000
-        cs_out: kl.IersFrame, KL_GCRS to KL_EME2000
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
-        mode: kl.CalcMode, KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC; left out: by the arguments given
+        corrections: 0 to 3: sum of kl.Eop.OCEAN_TIDES and kl.Eop.LIBRATION
+        cs_in: kl.IersFrame, kl.IersFrame.GCRS to kl.IersFrame.EME2000
+        cs_out: kl.IersFrame, kl.IersFrame.GCRS to kl.IersFrame.EME2000
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
+        mode: kl.CalcMode, kl.CalcMode.POS, kl.CalcMode.POS_VEL or kl.CalcMode.POS_VEL_ACC; left out: by the
+            arguments given
         time: TimeId, None: the correlation of the package
     Returns MatrixState:
         matrix: [..., 9], rows of the matrix
@@ -1525,12 +1547,12 @@ def iers_change(t, pos, vel=None, acc=None, /, *, corrections=0, mode=None, cs_i
         vel: [..., 3], m/s, not read in mode 1
         acc: [..., 3], m/s2, not read in modes 1 and 2
     Keywords:
-        corrections: 0 to 3: sum of KL_EOP_OCEAN_TIDES and KL_EOP_LIBRATION
-        mode: kl.CalcMode, KL_CALC_POS, KL_CALC_POS_VEL or KL_CALC_POS_VEL_ACC: outputs above it are zero; left
-            out: by the arguments given
-        cs_in: kl.IersFrame, KL_GCRS to KL_EME2000
-        cs_out: kl.IersFrame, KL_GCRS to KL_EME2000
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        corrections: 0 to 3: sum of kl.Eop.OCEAN_TIDES and kl.Eop.LIBRATION
+        mode: kl.CalcMode, kl.CalcMode.POS, kl.CalcMode.POS_VEL or kl.CalcMode.POS_VEL_ACC: outputs above it are
+            zero; left out: by the arguments given
+        cs_in: kl.IersFrame, kl.IersFrame.GCRS to kl.IersFrame.EME2000
+        cs_out: kl.IersFrame, kl.IersFrame.GCRS to kl.IersFrame.EME2000
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         time: TimeId, None: the correlation of the package
     Returns State:
         pos: [..., 3], m, may be pos
@@ -1559,7 +1581,7 @@ def quaternions_to_vectors(q, /, *, errors="raise", return_status=False):
         y: [..., 3], columns of the attitude matrix
         z: [..., 3], columns of the attitude matrix
     Raises KitError, or warns KitWarning (W):
-        MODULE_ERR: not of unit length; NaN, NULL
+        MODULE_ERR: not of unit length; NaN
 
     >>> import kitlib as kl
     >>> kl.quaternions_to_vectors([0.0, 0.0, 0.0, 1.0]).y.tolist()
@@ -1590,7 +1612,7 @@ def vectors_to_quaternions(x, y, z, /, *, errors="raise", return_status=False):
     Returns an array, or a number for numbers:
         q: [..., 4], unit quaternion, scalar last
     Raises KitError, or warns KitWarning (W):
-        VECTORS_ERR: a null vector, or a left-handed set; NULL
+        VECTORS_ERR: a null vector, or a left-handed set
         ORTHONORMAL_ERR: not orthogonal within 1e-6; NaN
     """
     return _vectors_to_quaternions((x, y, z,), (), (), errors, return_status)
@@ -1619,7 +1641,7 @@ def quaternions_interpol(t1, q1, t2, q2, t, /, *, mode=Interpolation.SLERP, erro
             copy is changed
         t: time wanted
     Keywords:
-        mode: kl.Interpolation, KL_INTERPOL_SLERP; not looked at when t lies outside [t1, t2]
+        mode: kl.Interpolation, kl.Interpolation.SLERP; not looked at when t lies outside [t1, t2]
     Returns an array, or a number for numbers:
         q: [..., 4], unit quaternion
     Raises KitError, or warns KitWarning (W):
@@ -1656,7 +1678,7 @@ _matrix_to_euler = _Function("kl_matrix_to_euler", "kl_matrix_to_euler_n", 41, 1
 
 
 def matrix_to_euler(matrix, /, *, errors="raise", return_status=False):
-    """Rotation angles of a matrix, the inverse of kl_euler_to_matrix.
+    """Rotation angles of a matrix, the inverse of kl.euler_to_matrix.
 
     Arguments, arrays that broadcast against each other:
         matrix: [..., 9], row by row
@@ -1665,7 +1687,7 @@ def matrix_to_euler(matrix, /, *, errors="raise", return_status=False):
     Raises KitError, or warns KitWarning (W):
         ROTATION_ERR: not a rotation within 1e-9
         AMBIGUITY_WARN (W): a0 is +-90 deg (cosine below 1e-9): a2 = 0
-        ORTHONORMAL_ERR: rows not orthonormal within 1e-6; NaN, NULL
+        ORTHONORMAL_ERR: rows not orthonormal within 1e-6; NaN
     """
     return _matrix_to_euler((matrix,), (), (), errors, return_status)
 
@@ -1683,7 +1705,8 @@ _get_rotation_angles = _Function("kl_get_rotation_angles", "kl_get_rotation_angl
 
 
 def get_rotation_angles(x1, y1, z1, x2, y2, z2, /, *, errors="raise", return_status=False):
-    """Angles of the rotation from one set of axes to another: with M = kl_euler_to_matrix(angles), M has the axes of set 2 as its rows, in components along set 1 (v2 = M v1).
+    """Angles of the rotation from one set of axes to another: with M = kl.euler_to_matrix(angles), M has the axes of
+    set 2 as its rows, in components along set 1 (v2 = M v1).
 
     Arguments, arrays that broadcast against each other:
         x1: [..., 3], first set, orthogonal; any lengths
@@ -1693,7 +1716,7 @@ def get_rotation_angles(x1, y1, z1, x2, y2, z2, /, *, errors="raise", return_sta
         y2: [..., 3], second set
         z2: [..., 3], second set
     Returns an array, or a number for numbers:
-        angles: [..., 3], deg, as kl_matrix_to_euler gives them; at a0 = +-90 deg a2 is 0, without a warning
+        angles: [..., 3], deg, as kl.matrix_to_euler gives them; at a0 = +-90 deg a2 is 0, without a warning
     Raises KitError, or warns KitWarning (W):
         ORTHOGONAL_ERR: a set is not orthogonal within 1e-6, or has a null vector
         ROTATION_ERR: the sets are of different hands
@@ -1714,7 +1737,7 @@ _get_rotated_vectors = _Function("kl_get_rotated_vectors", "kl_get_rotated_vecto
 
 
 def get_rotated_vectors(x1, y1, z1, angles, /, *, errors="raise", return_status=False):
-    """Axes turned by three angles, the inverse of kl_get_rotation_angles.
+    """Axes turned by three angles, the inverse of kl.get_rotation_angles.
 
     Arguments, arrays that broadcast against each other:
         x1: [..., 3], orthogonal set, any lengths
@@ -1753,30 +1776,33 @@ def star_radec(t, star, observer_pos=None, observer_vel=None, /, *, corrections=
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000, -18262.0 to 36524.0
         star: record Star, within the ranges below
-        observer_pos: [..., 3], m, KL_GM2000, up to 1e12 m; NULL: the centre of the Earth
-        observer_vel: [..., 3], m/s, KL_GM2000, up to 3e7 m/s; NULL: that of the centre of the Earth
+        observer_pos: [..., 3], m, kl.Frame.GM2000, up to 1e12 m; None: the centre of the Earth
+        observer_vel: [..., 3], m/s, kl.Frame.GM2000, up to 3e7 m/s; None: that of the centre of the Earth
     Keywords:
-        corrections: sum of KL_STAR_PARALLAX, KL_STAR_ABERRATION and KL_STAR_DEFLECTION, 0 to 7; KL_BM2000 has
-            none of them
-        cs_out: kl.Frame, axes of the place: KL_BM2000 (motion in space only), KL_GM2000, KL_MOD, KL_TOD,
-            KL_TEME, KL_PEF or KL_EF
-        ref: kl.Time, scale of time: KL_TIME_TAI, KL_TIME_UTC, KL_TIME_UT1 or KL_TIME_GPS
+        corrections: sum of kl.StarCorrection.PARALLAX, kl.StarCorrection.ABERRATION and
+            kl.StarCorrection.DEFLECTION, 0 to 7; kl.Frame.BM2000 has none of them
+        cs_out: kl.Frame, axes of the place: kl.Frame.BM2000 (motion in space only), kl.Frame.GM2000,
+            kl.Frame.MOD, kl.Frame.TOD, kl.Frame.TEME, kl.Frame.PEF or kl.Frame.EF
+        ref: kl.Time, scale of time: kl.Time.TAI, kl.Time.UTC, kl.Time.UT1 or kl.Time.GPS
         model: ModelId, None: the default models
         time: TimeId, None: the correlation of the package
     Returns Radec:
         ra, dec, distance, ra_rate, dec_rate, distance_rate: deg, a direction: distance 1, rates 0
     Raises KitError, or warns KitWarning (W):
-        TIME_REF_ERR: time reference not 0 to 3, or NULL
-        DATE_ERR: date outside -18262.0 to 36524.0, not a number, or NULL
-        CORRECTIONS_ERR: not 0 to 7, or NULL
-        CS_OUT_ERR: not one of the seven, or NULL
-        STAR_ERR: a number of the star out of its range or not finite, or NULL
+        TIME_REF_ERR: time reference not 0 to 3
+        DATE_ERR: date outside -18262.0 to 36524.0, not a number
+        CORRECTIONS_ERR: not 0 to 7
+        CS_OUT_ERR: not one of the seven
+        STAR_ERR: a number of the star out of its range or not finite
         OBSERVER_ERR: not finite, beyond 1e12 m or 3e7 m/s, or at the centre of the Sun
         TIME_ID_ERR: time id not initialised where it is needed
         TRANSFORMATION_ERR: the frame chain failed, or the model id holds no routine (refused init)
         FORMULA_WARN (W): once
         GAP_WARN (W): once
         VALIDITY_WARN (W): once
+
+    Ranges of a star: ra -360 to 360, dec -90 to 90 deg; proper motions up to 1e6 mas/yr, parallax up to 1e4 mas, radial velocity
+    up to 3e5 km/s, epoch -91312.5 to 109573.5 (MJD2000; 1750 to 2300); all finite. See kl.Star.
     """
     return _star_radec((t, star, observer_pos, observer_vel,), (corrections, cs_out, ref,), (model, time,), errors, return_status)
 
@@ -1796,7 +1822,7 @@ def time_get_pole(t, /, *, ref=Time.UTC, time=None, errors="raise", return_statu
     Arguments, arrays that broadcast against each other:
         t: days, MJD2000
     Keywords:
-        ref: kl.Time, scale of time: KL_TIME_*
+        ref: kl.Time, scale of time
         time: TimeId, None: the correlation of the package
     Returns an array, or a number for numbers:
         pole: [..., 4], arcsec, x, y, dX, dY
@@ -1822,11 +1848,10 @@ def time_add(t, duration, /, *, ref=Time.UTC, errors="raise", return_status=Fals
         t: days, MJD2000, -18262.0 to 36524.0
         duration: days, of either sign
     Keywords:
-        ref: kl.Time, KL_TIME_TAI to KL_TIME_GPS; only checked
+        ref: kl.Time, kl.Time.TAI to kl.Time.GPS; only checked
     Returns an array, or a number for numbers:
-        time: days, MJD2000, also written with KL_TIME_ADD_SUM_ERR
+        time: days, MJD2000, also written with SUM_ERR
     Raises KitError, or warns KitWarning (W):
-        PROC_ID_ERR: processing format id is not KL_PROC
         TIME_REF_ERR: time reference outside 0 to 3
         TIME_ERR: time outside -18262.0 to 36524.0, or NaN
         SUM_ERR: sum outside that range, or NaN; it is written all the same
@@ -1851,11 +1876,10 @@ def time_diff(time1, time2, /, *, ref=Time.UTC, errors="raise", return_status=Fa
         time1: days, MJD2000, -18262.0 to 36524.0; checked wholly before time2
         time2: days, MJD2000, -18262.0 to 36524.0
     Keywords:
-        ref: kl.Time, KL_TIME_TAI to KL_TIME_GPS; only checked
+        ref: kl.Time, kl.Time.TAI to kl.Time.GPS; only checked
     Returns an array, or a number for numbers:
         duration: time1 - time2, days
     Raises KitError, or warns KitWarning (W):
-        PROC_ID_ERR: processing format id is not KL_PROC
         TIME_REF_ERR: time reference outside 0 to 3
         TIME1_ERR: first time outside -18262.0 to 36524.0, or NaN
         TIME2_ERR: second time outside that range, or NaN
@@ -1879,7 +1903,7 @@ def time_get_leap_second_info(*, fmt_out=Ascii.ASCII_43, time=None, errors="rais
     """The one leap second that a time id knows: the last change of TAI-UTC in its table.
 
     Keywords:
-        fmt_out: kl.Ascii, KL_ASCII_11 to KL_ASCII_54
+        fmt_out: kl.Ascii, kl.Ascii.ASCII_11 to kl.Ascii.ASCII_54
         time: TimeId, None: the correlation of the package
     Returns LeapSecondInfo:
         sign: 0 none, 1 a positive, -1 a negative leap second

@@ -170,7 +170,7 @@ def star_catalog(t, /, *, file=None, magnitudes=(-30.0, 30.0), box=None, cone=No
 def poly_real_roots(c, /, *, errors="raise", return_status=False):
     """Distinct real roots of polynomials of order 1 to 4, ascending, [..., 4], NaN where there are no more; and their number.
 
-    c: [..., order + 1], c[0] + c[1] x + c[2] x**2 ... The rules of multiple roots are those of kl_poly_real_roots.
+    c: [..., order + 1], c[0] + c[1] x + c[2] x**2 ... The rules of multiple roots are those of kl_poly_real_roots in C.
 
     >>> import kitlib as kl
     >>> roots = kl.poly_real_roots([6.0, -5.0, 1.0])
@@ -196,7 +196,7 @@ def poly_real_roots(c, /, *, errors="raise", return_status=False):
 def time_get_row(t, /, *, ref="UTC", time=None):
     """Which row of a correlation serves MJD2000 instants, and what it gives: a structured array, s and arcsec.
 
-    row is -1 before the table and the number of rows after it; quality: KL_TIME_QUALITY_*; by_formula: 1 where UT1 comes from
+    row is -1 before the table and the number of rows after it; quality: kl.Quality; by_formula: 1 where UT1 comes from
     a formula after the table.
 
     >>> import kitlib as kl

@@ -8,7 +8,10 @@ from enum import IntEnum as _IntEnum
 
 
 class Time(_IntEnum):
-    """Scales of time."""
+    """Scales of time.
+
+    UNDEF: left open: only where a text carries its own reference
+    """
 
     UNDEF = -1
     TAI = 0
@@ -18,7 +21,29 @@ class Time(_IntEnum):
 
 
 class Ascii(_IntEnum):
-    """Layouts of the text of a time."""
+    """Layouts of the text of a time.
+
+    ASCII_11: yyyy-mm-dd_hh:nn:ss, 2026-06-21_08:24:05
+    ASCII_12: RRR=yyyy-mm-dd_hh:nn:ss, UTC=2026-06-21_08:24:05
+    ASCII_13: yyyy-mm-dd_hh:nn:ss.uuuuuu, 2026-06-21_08:24:05.123456
+    ASCII_14: RRR=yyyy-mm-dd_hh:nn:ss.uuuuuu, UTC=2026-06-21_08:24:05.123456
+    ASCII_21: yyyymmdd_hhnnss, 20260621_082405
+    ASCII_22: RRR=yyyymmdd_hhnnss, UTC=20260621_082405
+    ASCII_23: yyyymmdd_hhnnssuuuuuu, 20260621_082405123456
+    ASCII_24: RRR=yyyymmdd_hhnnssuuuuuu, UTC=20260621_082405123456
+    ASCII_31: dd-MMM-yyyy hh:nn:ss, 21-JUN-2026 08:24:05
+    ASCII_32: RRR=dd-MMM-yyyy hh:nn:ss, UTC=21-JUN-2026 08:24:05
+    ASCII_33: dd-MMM-yyyy hh:nn:ss.uuuuuu, 21-JUN-2026 08:24:05.123456
+    ASCII_34: RRR=dd-MMM-yyyy hh:nn:ss.uuuuuu, UTC=21-JUN-2026 08:24:05.123456
+    ASCII_41: yyyy-mm-ddThh:nn:ss, 2026-06-21T08:24:05
+    ASCII_42: RRR=yyyy-mm-ddThh:nn:ss, UTC=2026-06-21T08:24:05
+    ASCII_43: yyyy-mm-ddThh:nn:ss.uuuuuu, 2026-06-21T08:24:05.123456
+    ASCII_44: RRR=yyyy-mm-ddThh:nn:ss.uuuuuu, UTC=2026-06-21T08:24:05.123456
+    ASCII_51: yyyymmddThhnnss, 20260621T082405
+    ASCII_52: RRR=yyyymmddThhnnss, UTC=20260621T082405
+    ASCII_53: yyyymmddThhnnssuuuuuu, 20260621T082405123456
+    ASCII_54: RRR=yyyymmddThhnnssuuuuuu, UTC=20260621T082405123456
+    """
 
     ASCII_11 = 11
     ASCII_12 = 12
@@ -43,7 +68,17 @@ class Ascii(_IntEnum):
 
 
 class Transport(_IntEnum):
-    """Formats of transport times."""
+    """Formats of transport times. Four longs; the examples are 2026-06-21T08:24:05.123456, in GPS where that is the scale.
+
+    TRANS_0: days, seconds of day, microseconds; [9668, 30245, 123456, 0]
+    TRANS_11: as 0; [9668, 30245, 123456, 0]
+    TRANS_21: as 0; [9668, 30245, 123456, 0]
+    TRANS_22: days, milliseconds of day, microseconds of the millisecond; [9668, 30245123, 456, 0]
+    TRANS_23: as 22, and a count of ticks of 2.0625 microseconds; [9668, 30245123, 456, 0]
+    TRANS_31: GPS week, seconds of week, fraction of second in 2^-16 s; [2424, 30245, 8091, 0]
+    TRANS_41: seconds since 1980-01-06 00:00:00, microseconds; kl.Time.GPS only; [1466065445, 123456, 0, 0]
+    TRANS_42: GPS week, seconds of week, microseconds; kl.Time.GPS only; [2424, 30245, 123456, 0]
+    """
 
     TRANS_0 = 0
     TRANS_11 = 11
@@ -56,7 +91,19 @@ class Transport(_IntEnum):
 
 
 class Frame(_IntEnum):
-    """Reference frames."""
+    """Reference frames.
+
+    BM2000: barycentric, mean equator and equinox of J2000
+    HM2000: heliocentric, mean equator and equinox of J2000
+    GM2000: geocentric, mean equator and equinox of J2000
+    MOD: geocentric, mean equator and equinox of date
+    TOD: geocentric, true equator and equinox of date
+    PEF: pseudo Earth-fixed: before polar motion; the same as kl.Frame.EF while the time id holds no pole
+    EF: Earth-fixed
+    LIF: launch inertial frame
+    BM1950: barycentric, mean equator and equinox of B1950 (FK4, without E-terms)
+    TEME: true equator, mean equinox of date
+    """
 
     BM2000 = 1
     HM2000 = 2
@@ -72,7 +119,14 @@ class Frame(_IntEnum):
 
 
 class IersFrame(_IntEnum):
-    """Reference frames after the IERS Conventions."""
+    """Reference frames after the IERS Conventions.
+
+    GCRS: geocentric celestial reference system
+    CIRS: celestial intermediate: pole of date, origin CIO
+    TIRS: terrestrial intermediate: turned by the Earth rotation angle
+    ITRS: international terrestrial reference system: with polar motion
+    EME2000: mean equator and equinox of J2000.0: GCRS without the frame bias of 23 mas
+    """
 
     GCRS = 1
     CIRS = 2
@@ -117,7 +171,21 @@ class ModelKind(_IntEnum):
 
 
 class TimeModel(_IntEnum):
-    """What a time id is made of."""
+    """What a time id is made of.
+
+    EXPLICIT: the readings of one instant
+    BULLETIN_B: final values of IERS Bulletin B
+    BULLETIN_B_EXTENDED: with the preliminary extension
+    FINALS_OBSERVED: finals*, what has been observed
+    FINALS: finals*, with predictions
+    C04: IERS EOP C04
+    TABLE: this library's own text format
+    ORBIT_FILE: leap seconds in the span of SP3 or OEM files
+    LEAP_SECONDS: a list of leap seconds
+    MERGED: several kinds together; also the correlation compiled in
+    BULLETIN_A: IERS Bulletin A, by its formula after its table
+    BULLETIN_A_TABLE: IERS Bulletin A, its last row after its table
+    """
 
     EXPLICIT = -1
     BULLETIN_B = 1
@@ -134,7 +202,11 @@ class TimeModel(_IntEnum):
 
 
 class Quality(_IntEnum):
-    """Quality of a row of a time id."""
+    """Quality of a row of a time id.
+
+    OBSERVED: rapid service
+    INSERTED: put in by the library at a leap second
+    """
 
     FINAL = 0
     OBSERVED = 1
@@ -172,7 +244,14 @@ class Elements(_IntEnum):
 
 
 class LocalFrame(_IntEnum):
-    """Frames on an orbit."""
+    """Frames on an orbit.
+
+    QSW: q, s = w x q, w; also RTN, RSW, RIC, and what some libraries call LVLH
+    LVLH: s, -w, -q; that of CCSDS, also VVLH
+    TNW: t, n = w x t (inward), w
+    NTW: -n (outward), t, w
+    VNC: t, w, t x w
+    """
 
     QSW = 0
     LVLH = 1
@@ -182,7 +261,12 @@ class LocalFrame(_IntEnum):
 
 
 class Shadow(_IntEnum):
-    """Where a satellite is in the Earth's shadow."""
+    """Where a satellite is in the Earth's shadow.
+
+    PENUMBRA: part of the Sun is hidden
+    UMBRA: all of it
+    ANNULAR: the Earth stands before the Sun and is smaller: beyond 1.38e9 m
+    """
 
     SUNLIGHT = 0
     PENUMBRA = 1
@@ -191,7 +275,12 @@ class Shadow(_IntEnum):
 
 
 class StarCorrection(_IntEnum):
-    """Corrections of a star's place; add them."""
+    """Corrections of a star's place; add them.
+
+    PARALLAX: the observer's place; up to 0.77 arcsec
+    ABERRATION: the observer's velocity: the Earth's 20.8 arcsec, a low satellite's own 5.2
+    DEFLECTION: of light by the Sun: 1.75 arcsec at its limb, 0.004 at right angles
+    """
 
     PARALLAX = 1
     ABERRATION = 2
@@ -199,7 +288,12 @@ class StarCorrection(_IntEnum):
 
 
 class Eop(_IntEnum):
-    """Short-period corrections of the Earth's orientation; add them."""
+    """Short-period corrections of the Earth's orientation; add them.
+
+    OCEAN_TIDES: 71 terms of pole and UT1, up to 0.5 mas and 0.06 ms
+    LIBRATION: 10 terms of the pole, 11 of UT1, up to 0.03 mas and 0.003 ms
+    ALL: both; 0: the values of the id as they stand
+    """
 
     OCEAN_TIDES = 1
     LIBRATION = 2
@@ -207,7 +301,16 @@ class Eop(_IntEnum):
 
 
 class CucConfig(_c.Structure):
-    """The record kl_cuc_config of C."""
+    """Layout of a CUC. The record kl_cuc_config of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        cuc_type: kl.CucType.TIME_FIELD_ONLY or kl.CucType.WITH_P_FIELD
+        epoch_type: kl.CucEpoch.EPOCH_1958, kl.CucEpoch.EPOCH_1980 or kl.CucEpoch.EPOCH_USER
+        epoch_time_ref: scale of epoch, with kl.CucEpoch.EPOCH_USER
+        epoch: MJD2000, days, with kl.CucEpoch.EPOCH_USER
+        n_coarse: 1 to 7 octets
+        n_fine: 0 to 10 octets
+    """
 
     _fields_ = [
         ("cuc_type", _c.c_long),
@@ -220,7 +323,17 @@ class CucConfig(_c.Structure):
 
 
 class EarthOrientation(_c.Structure):
-    """The record kl_earth_orientation of C."""
+    """The Earth's orientation at an instant. The record kl_earth_orientation of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        x_pole, y_pole: arcsec, with corrections
+        ut1_utc, ut1_tai: s, with corrections; inside a leap second UTC still counts with the TAI-UTC before it
+        dx, dy: arcsec: offsets of the pole that the id holds
+        cip_x, cip_y, s: arcsec: celestial intermediate pole and origin, with dx, dy
+        s_prime: arcsec: terrestrial intermediate origin
+        era: deg, 0 to 360: Earth rotation angle
+        notes: sum of KL_EOP_OUTSIDE_TABLE, KL_EOP_NO_POLE, KL_EOP_BY_FORMULA
+    """
 
     _fields_ = [
         ("x_pole", _c.c_double),
@@ -239,7 +352,17 @@ class EarthOrientation(_c.Structure):
 
 
 class Geodetic(_c.Structure):
-    """The record kl_geodetic of C."""
+    """Geodetic coordinates on the model's ellipsoid: its semi_major_axis and flattening, nothing else of it, are
+    read. The record kl_geodetic of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        latitude: deg, -90 to 90
+        longitude: deg; in -360 to 360
+        height: m above the ellipsoid
+        latitude_rate: deg/s
+        longitude_rate: deg/s
+        height_rate: m/s
+    """
 
     _fields_ = [
         ("latitude", _c.c_double),
@@ -252,7 +375,15 @@ class Geodetic(_c.Structure):
 
 
 class GeoidInput(_c.Structure):
-    """The record kl_geoid_input of C."""
+    """Input of kl.geoid_calc. The record kl_geoid_input of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        model_id
+        latitude: geodetic, deg, -90 to 90
+        longitude: deg, 0 to 360
+        height: not read
+        max_degree: 0 to 360
+    """
 
     _fields_ = [
         ("model_id", _c.c_void_p),
@@ -264,7 +395,17 @@ class GeoidInput(_c.Structure):
 
 
 class Kepler(_c.Structure):
-    """The record kl_kepler of C."""
+    """Elements of an ellipse (semi_major_axis > 0, eccentricity 0 to 1) or a hyperbola (< 0, > 1). The record
+    kl_kepler of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        semi_major_axis: m
+        eccentricity
+        inclination: deg, 0 to 180
+        raan: deg, right ascension of the ascending node
+        arg_perigee: deg
+        mean_anomaly: deg; of a hyperbola without bounds
+    """
 
     _fields_ = [
         ("semi_major_axis", _c.c_double),
@@ -277,7 +418,19 @@ class Kepler(_c.Structure):
 
 
 class ModelData(_c.Structure):
-    """The record kl_model_data of C."""
+    """Selections and constants of a model id. The record kl_model_data of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        earth, sun, moon, planet, star, nutation, precession, constants, light_propagation
+        gravity_radius: m
+        gm: m3/s2
+        j2, j3, j4
+        semi_major_axis, semi_minor_axis: m
+        eccentricity, flattening
+        angle_0, angle_1, angle_2: sidereal angle: deg, deg/day, deg/day2
+        angle_sim_0, angle_sim_1, angle_sim_2: the second set, rounded
+        astronomical_unit: km; the ephemerides have a rounded one of their own
+    """
 
     _fields_ = [
         ("earth", _c.c_long),
@@ -309,7 +462,13 @@ class ModelData(_c.Structure):
 
 
 class ObtBrisa(_c.Structure):
-    """The record kl_obt_brisa of C."""
+    """On-board time of the Tarvos, Brisa and Vardo formats. The record kl_obt_brisa of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        sat_id
+        coarse
+        fine
+    """
 
     _fields_ = [
         ("sat_id", _c.c_long),
@@ -319,7 +478,12 @@ class ObtBrisa(_c.Structure):
 
 
 class ObtKelda(_c.Structure):
-    """The record kl_obt_kelda of C."""
+    """On-board time of the Kelda format. The record kl_obt_kelda of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        sat_id
+        obt: s
+    """
 
     _fields_ = [
         ("sat_id", _c.c_long),
@@ -328,7 +492,17 @@ class ObtKelda(_c.Structure):
 
 
 class ObtParamBrisa(_c.Structure):
-    """The record kl_obt_param_brisa of C."""
+    """Clock correlation of the Brisa format. The record kl_obt_param_brisa of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        sat_id
+        offset: s, subtracted
+        ref_coarse
+        ref_fine: 2^-16
+        week: GPS week since 1980-01-06, all of it: see kl.Transport.TRANS_31 about weeks of 10 bits
+        seconds_of_week: s
+        fraction: 2^-16 s
+    """
 
     _fields_ = [
         ("sat_id", _c.c_long),
@@ -342,7 +516,17 @@ class ObtParamBrisa(_c.Structure):
 
 
 class ObtParamKelda(_c.Structure):
-    """The record kl_obt_param_kelda of C."""
+    """Clock correlation of the Kelda format. The record kl_obt_param_kelda of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        sat_id
+        ref_time: s since 2000-01-01
+        ref_time_fraction: 2^-16 s
+        ref_obt: s
+        ref_obt_fraction: 2^-16 s
+        gain
+        offset: s
+    """
 
     _fields_ = [
         ("sat_id", _c.c_long),
@@ -356,7 +540,15 @@ class ObtParamKelda(_c.Structure):
 
 
 class ObtParamTarvos(_c.Structure):
-    """The record kl_obt_param_tarvos of C."""
+    """Clock correlation of the Tarvos format. The record kl_obt_param_tarvos of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        sat_id
+        ref_time: MJD2000, days
+        ref_coarse: counts
+        ref_fine: 2^-32 count
+        clock_step: picoseconds a count
+    """
 
     _fields_ = [
         ("sat_id", _c.c_long),
@@ -368,7 +560,12 @@ class ObtParamTarvos(_c.Structure):
 
 
 class ObtParamVardo(_c.Structure):
-    """The record kl_obt_param_vardo of C."""
+    """Clock correlation of the Vardo format. The record kl_obt_param_vardo of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        sat_id
+        offset: s
+    """
 
     _fields_ = [
         ("sat_id", _c.c_long),
@@ -377,7 +574,13 @@ class ObtParamVardo(_c.Structure):
 
 
 class ObtTarvos(_c.Structure):
-    """The record kl_obt_tarvos of C."""
+    """On-board time of the Tarvos, Brisa and Vardo formats. The record kl_obt_tarvos of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        sat_id
+        coarse
+        fine
+    """
 
     _fields_ = [
         ("sat_id", _c.c_long),
@@ -387,7 +590,13 @@ class ObtTarvos(_c.Structure):
 
 
 class ObtVardo(_c.Structure):
-    """The record kl_obt_vardo of C."""
+    """On-board time of the Tarvos, Brisa and Vardo formats. The record kl_obt_vardo of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        sat_id
+        coarse
+        fine
+    """
 
     _fields_ = [
         ("sat_id", _c.c_long),
@@ -397,7 +606,16 @@ class ObtVardo(_c.Structure):
 
 
 class OrbitAngle(_c.Structure):
-    """The record kl_orbit_angle of C."""
+    """Angle of a satellite on its orbit, true equator and equinox of date. The record kl_orbit_angle of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        angle: deg from the ascending node in the direction of motion: perigee plus true anomaly
+        rate: deg/s
+        rate_of_rate: deg/s2
+        node: deg, right ascension of the ascending node
+        node_rate: deg/s
+        inclination: deg
+    """
 
     _fields_ = [
         ("angle", _c.c_double),
@@ -410,7 +628,14 @@ class OrbitAngle(_c.Structure):
 
 
 class OrbitSunAngles(_c.Structure):
-    """The record kl_orbit_sun_angles of C."""
+    """Where the Sun stands seen from an orbit. The record kl_orbit_sun_angles of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        beta: deg, -90 to 90: the Sun above the plane of the orbit, on the side of its pole
+        node_true_solar_time: h, [0, 24): of the ascending node, 12 where the Sun's right ascension is its own
+        node_mean_solar_time: h, [0, 24): the same by the mean Sun, UT1 plus the longitude of the node
+        sun_to_satellite: deg, [0, 360): in the plane, from the Sun's projection in the direction of motion
+    """
 
     _fields_ = [
         ("beta", _c.c_double),
@@ -421,7 +646,16 @@ class OrbitSunAngles(_c.Structure):
 
 
 class Radec(_c.Structure):
-    """The record kl_radec of C."""
+    """Right ascension and declination. The record kl_radec of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        ra: deg; in -360 to 360
+        dec: deg, -90 to 90
+        distance: m
+        ra_rate: deg/s
+        dec_rate: deg/s
+        distance_rate: m/s
+    """
 
     _fields_ = [
         ("ra", _c.c_double),
@@ -434,7 +668,17 @@ class Radec(_c.Structure):
 
 
 class Star(_c.Structure):
-    """The record kl_star of C."""
+    """A star as catalogues have it. The record kl_star of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        ra, dec: deg, mean equator and equinox of J2000 (ICRS within 0.023 arcsec)
+        pm_ra, pm_dec: proper motion, mas/yr; that in right ascension times cos(dec)
+        parallax: mas; negative ones count as 0
+        radial_velocity: km/s, away
+        epoch: of position and motion: MJD2000, TDB; J2000.0 is 0.5, J1991.25 is -3195.4375
+        magnitude
+        number: in the catalogue
+    """
 
     _fields_ = [
         ("ra", _c.c_double),
@@ -450,7 +694,14 @@ class Star(_c.Structure):
 
 
 class StarWindow(_c.Structure):
-    """The record kl_star_window of C."""
+    """Part of the sky and range of brightness: all of it must hold. The record kl_star_window of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        mag_min, mag_max
+        ra_min, ra_max: deg, -360 to 360; a minimum above the maximum goes over 0
+        dec_min, dec_max
+        ra, dec, radius: deg: a cone as well, when radius > 0
+    """
 
     _fields_ = [
         ("mag_min", _c.c_double),
@@ -466,7 +717,12 @@ class StarWindow(_c.Structure):
 
 
 class StateAt(_c.Structure):
-    """The record kl_state_at of C."""
+    """A state in memory, for kl.interpolate_states. The record kl_state_at of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        time: s, from where the caller likes
+        pos, vel: m, m/s
+    """
 
     _fields_ = [
         ("time", _c.c_double),
@@ -476,7 +732,22 @@ class StateAt(_c.Structure):
 
 
 class TimeFileReport(_c.Structure):
-    """The record kl_time_file_report of C."""
+    """What the builders of time ids from files found; what does not apply is 0. The record kl_time_file_report of
+    C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        file: where something was refused, or TAI-UTC is not that of the rows: index in the list
+        line, column: from 1; line 0: nowhere
+        field: the refused characters, ? for what cannot be printed
+        n_rows: of the time id
+        n_predicted: of these
+        n_skipped: lines of data that were read and not used: reserved days, before 1972, outside the window,
+            replaced by a row of another file
+        first: first row, UTC, MJD2000
+        last_final: last row with final values, UTC, MJD2000
+        last: last row, UTC, MJD2000
+        leap_expiry: UTC, MJD2000, until which the list of leap seconds that was read is good
+    """
 
     _fields_ = [
         ("file", _c.c_long),
@@ -494,7 +765,25 @@ class TimeFileReport(_c.Structure):
 
 
 class TimeIdData(_c.Structure):
-    """The record kl_time_id_data of C."""
+    """Data of a time id. The record kl_time_id_data of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        model: -1 explicit values (one row); any other non-zero number a table
+        combination: 2: two bulletins joined, with a gap between them
+        no_extrapolation: not 0: the last row holds after the table; 0: the formula below
+        second_bulletin_row: first row of the second bulletin, with combination 2
+        a, b, c: UT1-UTC = a + b (t - c) - (UT2-UT1) after the table; s, s/day, MJD2000
+        leap_sign: output: 0 none, +1, -1
+        leap_utc: output: first UTC instant after the leap second, MJD2000
+        leap_tai: output: TAI instant at which it begins, MJD2000
+        n_rows
+        rows
+        pole: beside the rows, None without: x, y, dX, dY of the pole (IAU 2000), arcsec
+        row_notes: beside the rows, None without: 16 x index of the file + quality, number of the line
+        pole_x, pole_y
+        pole_reference_date: of A and C, MJD2000
+        pole_period: of A and C, days; 0, or at least 1
+    """
 
     _fields_ = [
         ("model", _c.c_long),
@@ -519,7 +808,13 @@ class TimeIdData(_c.Structure):
 
 
 class TimeRow(_c.Structure):
-    """The record kl_time_row of C."""
+    """One row of a time correlation: the same instant on three scales, and the differences. The record kl_time_row
+    of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        tai, ut1, utc: MJD2000, days
+        tai_utc, tai_ut1, tai_gps: s
+    """
 
     _fields_ = [
         ("tai", _c.c_double),
@@ -532,7 +827,17 @@ class TimeRow(_c.Structure):
 
 
 class TimeRowInfo(_c.Structure):
-    """The record kl_time_row_info of C."""
+    """What served an instant; kl.time_get_row. The record kl_time_row_info of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        row: last row not after the instant; -1 before the table, n_rows after it
+        file: index in the list of files, -1: the correlation compiled in
+        line: of that file
+        quality: kl.Quality.FINAL to kl.Quality.INSERTED; of the first or last row outside the table
+        by_formula: 1: UT1-UTC comes from the formula after the table
+        tai_utc, tai_ut1, tai_gps: s
+        pole: x, y, dX, dY, arcsec
+    """
 
     _fields_ = [
         ("row", _c.c_long),
@@ -548,7 +853,16 @@ class TimeRowInfo(_c.Structure):
 
 
 class Topocentric(_c.Structure):
-    """The record kl_topocentric of C."""
+    """Direction seen from a place on the Earth. The record kl_topocentric of C.
+
+    Fields in their order, by position or by name; those that are left out are 0:
+        azimuth: deg from north through east; in -360 to 360
+        elevation: deg, -90 to 90
+        range: m
+        azimuth_rate: deg/s
+        elevation_rate: deg/s
+        range_rate: m/s
+    """
 
     _fields_ = [
         ("azimuth", _c.c_double),

@@ -30,6 +30,17 @@ def test_every_function_says_what_it_takes():
                 assert parameter.name in doc, f"{name}: {parameter.name}"
 
 
+def test_formats_show_an_instant():
+    """The examples beside the layouts are what the library writes for 2026-06-21T08:24:05.123456."""
+    t = kl.mjd2000("2026-06-21T08:24:05.123456")
+    said = dict(line.strip().split(": ", 1) for kind in (kl.Ascii, kl.Transport) for line in kind.__doc__.splitlines()[2:-1])
+    for member in kl.Ascii:
+        assert said[member.name].endswith(", " + kl.time_processing_to_ascii(t, fmt_out=member))
+    for member in kl.Transport:
+        ref = "GPS" if member in (41, 42) else "UTC"
+        assert said[member.name].endswith(f"; {kl.time_processing_to_transport(t, fmt_out=member, ref_in=ref, ref_out=ref).tolist()}")
+
+
 def test_stubs_name_what_there_is():
     with open(os.path.join(os.path.dirname(kl.__file__), "__init__.pyi"), encoding="utf-8") as file:
         stub = file.read()

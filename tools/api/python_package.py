@@ -57,14 +57,97 @@ NAMES = {"KL_Coticchia_Surace": "geod_to_utm"}
 BY_HAND = {"kl_time_obt_to_time", "kl_time_time_to_obt"}  # records that depend on the satellite
 
 
+# Four longs of 2026-06-21T08:24:05.123456.
+TRANSPORT_EXAMPLES = {0: "9668, 30245, 123456, 0", 11: "9668, 30245, 123456, 0", 21: "9668, 30245, 123456, 0", 22: "9668, 30245123, 456, 0",
+                      23: "9668, 30245123, 456, 0", 31: "2424, 30245, 8091, 0", 41: "1466065445, 123456, 0, 0", 42: "2424, 30245, 123456, 0"}
+LETTERS = [("yyyy", "2026"), ("MMM", "JUN"), ("mm", "06"), ("dd", "21"), ("hh", "08"), ("nn", "24"), ("ss", "05"), ("uuuuuu", "123456")]
+
+
 # ---- what the headers say -----------------------------------------------------------------------------------------
 
-def headers():
+def headers_with_comments():
     text = ""
     for path in sorted(glob.glob("include/kl/*.h")):
         with open(path, encoding="utf-8") as file:
             text += file.read()
-    return re.sub(r"/\*.*?\*/", "", text, flags=re.S)
+    return text
+
+
+def headers():
+    return re.sub(r"/\*.*?\*/", "", headers_with_comments(), flags=re.S)
+
+
+def one_line(comment):
+    return re.sub(r"\s+(\* )?", " ", comment.strip())
+
+
+def said_of_constants():
+    """What the comment behind each constant says."""
+    return {name: one_line(said) for name, said in re.findall(r"(KL_\w+)(?: = -?\w+)?,?[ ]+/\*\*<(.*?)\*/", headers_with_comments(), flags=re.S)}
+
+
+def said_of_records():
+    """Of each record what stands above it, and its fields with what stands behind them: {name: (summary, [(fields, words), ...])}."""
+    found = {}
+    text = headers_with_comments()
+    for above, body, name in re.findall(r"(/\*\*(?:(?!\*/).)*\*/)?\s*typedef struct kl_\w+ \{([^}]*)\} (kl_\w+);", text, flags=re.S):
+        rows = []
+        for declared, said in re.findall(r"([^;]+);[ ]*(?:/\*\*<(.*?)\*/)?", body, flags=re.S):
+            declared = re.sub(r"/\*.*?\*/", "", declared, flags=re.S)
+            names = ", ".join(re.findall(r"(\w+)\)?(?:\[\w+\])?\s*(?:,|$)", declared.strip()))
+            rows.append((names, one_line(said)))
+        found[name] = (one_line(above.strip("/* \n")), rows)
+    for old, new in re.findall(r"typedef (kl_\w+) (kl_\w+);", text):
+        if old in found:
+            found[new] = found[old]
+    return found
+
+
+_members = {}
+
+
+def python_words(said):
+    """Words about C as Python's: names of constants and functions, NULL, the zero behind a text."""
+    if not _members:
+        for name, _, rows in chosen_enums(headers()):
+            for (member, _), constant in zip(rows, constants_of(name)):
+                _members[constant] = f"kl.{name}.{member}"
+    said = re.sub(r",? (then|and) a NUL\b", "", said)
+    said = re.sub(r"; NULL: not asked for$", "", said)
+    said = re.sub(r",? or in is NULL$|,? or NULL$|[,;] NULL$", "", said)
+    said = re.sub(r"\bNULL\b", "None", said)
+    said = said.replace("KL_Eclipse: ", "").replace("KL_TIME_ADD_SUM_ERR", "SUM_ERR").replace("KL_TRANS_*", "kl.Transport").replace("KL_ASCII_*", "kl.Ascii").replace("KL_TIME_*", "kl.Time").replace("KL_CUC_LENGTH", "19")
+    said = re.sub(r"\b(KL_(?:\w+_)?[A-Z0-9]+), (_[A-Z0-9]+)( or |, )(_[A-Z0-9]+)", lambda m: ", ".join([m[1], m[1].rpartition("_")[0] + m[2]]) + m[3] + m[1].rpartition("_")[0] + m[4], said)
+    said = re.sub(r"\bKL_[A-Z0-9_]+\b", lambda m: _members.get(m[0], m[0]), said)
+    return re.sub(r"\bkl_(?=[a-z])", "kl.", said)
+
+
+def constants_of(class_name):
+    """The constants behind the members of a class, in their order."""
+    which = next(which for name, which, _, _ in ENUMS if name == class_name)
+    blocks = enum_blocks(headers())
+    if which.startswith("block of "):
+        return [n for n, _ in next((b for b in blocks if any(n == which[9:] for n, _ in b)), [])]
+    return [n for b in blocks for n, v in b if re.match(which, n) and not n.endswith(("_ERR", "_WARN", "_N_CODES"))]
+
+
+def said_of_members(class_name, rows):
+    """A line a member, with an instant in the format where there are formats."""
+    said, lines, layout = said_of_constants(), [], ""
+    for (member, value), constant in zip(rows, constants_of(class_name)):
+        words = python_words(said.get(constant, ""))
+        if class_name == "Ascii":
+            layout = said.get(constant, layout)
+            example = layout
+            for letters, written in LETTERS:
+                example = example.replace(letters, written)
+            words = f"{'RRR=' if value % 2 == 0 else ''}{layout}, {'UTC=' if value % 2 == 0 else ''}{example}"
+        elif class_name == "Transport":
+            words += f"; [{TRANSPORT_EXAMPLES[value]}]"
+        if words:
+            lines += textwrap.wrap(f"{member}: {words}", 112, initial_indent="    ", subsequent_indent="        ")
+    return lines
+
 
 
 def enum_blocks(text):
@@ -207,9 +290,9 @@ class PythonFunction:
         return ", ".join(parts)
 
     def docstring(self, examples):
-        lines = [self.f.summary + ".", ""]
+        lines = textwrap.wrap(python_words(self.f.summary) + ".", 112) + [""]
         def item(name, shape, unit, meaning):
-            words = ", ".join(x for x in (shape, unit, meaning) if x)
+            words = ", ".join(x for x in (shape, unit, python_words(meaning)) if x)
             lines.extend(textwrap.wrap(f"{name}: {words}" if words else name, 108, initial_indent="    ", subsequent_indent="        "))
         def shape(p):
             return {"record": f"record {camel(p.record or '')}", "text": "texts", "octets": "octets"}.get(p.kind) or (f"[..., {p.length}]" if p.length else "")
@@ -224,6 +307,7 @@ class PythonFunction:
             lines.append("Keywords:")
         for p in self.select:
             what = p.meaning + ("; left out: by the arguments given" if p.default == "None" else "")
+            what = re.sub(rf"[,:] (kl\.)?{p.enum}(?=$|;)", "", python_words(what)) if p.enum else what
             item(p.name, f"kl.{p.enum}" if p.enum else f"record {camel(p.record)}" if p.record else "", p.unit, what)
         for p in self.parameters:
             if p.a.base in HANDLES:
@@ -235,7 +319,7 @@ class PythonFunction:
                 item(", ".join(self.result_fields), "", p.unit, p.meaning)
             else:
                 item(name, shape(p), p.unit, p.meaning)
-        rows = [c for c in self.f.conditions if not c.never]
+        rows = [c for c in self.f.conditions if not c.never and "KL_PROC" not in c.when]  # Python has no word for that format
         if rows and self.f.public is not None:
             lines.append("Raises KitError, or warns KitWarning (W):")
             for c in rows:
@@ -329,12 +413,22 @@ CTYPE = {"double": "c_double", "long": "c_long", "unsigned long": "c_ulong", "ui
 def table_module(table, text, functions):
     out = f'"""Constants, records and results.\n\n{BY}\n"""\nimport ctypes as _c\nfrom collections import namedtuple as _namedtuple\nfrom enum import IntEnum as _IntEnum\n\n'
     for name, doc, rows in chosen_enums(text):
+        lines = said_of_members(name, rows)
+        if name == "Transport":
+            doc += " Four longs; the examples are 2026-06-21T08:24:05.123456, in GPS where that is the scale."
+        doc = f"{doc}\n\n" + "\n".join(lines) + "\n    " if lines else doc
         out += f'\nclass {name}(_IntEnum):\n    """{doc}"""\n\n' + "".join(f"    {n} = {v}\n" for n, v in rows) + "\n"
-    known = records(text)
+    known, said = records(text), said_of_records()
     for name, fields in sorted(known.items()):
         if name in HANDLES or name == "kl_crossing":
             continue
-        out += f'\nclass {camel(name)}(_c.Structure):\n    """The record {name} of C."""\n\n    _fields_ = [\n'
+        summary, rows = said[name]
+        lines = textwrap.wrap(f"{python_words(summary)} The record {name} of C.".strip(), 112, initial_indent="    ", subsequent_indent="    ")
+        lines += ["", "    Fields in their order, by position or by name; those that are left out are 0:"]
+        for names, words in ((n, w) for n, w in rows if n.split(", ")[0] in [field for field, _, _ in fields]):
+            lines += textwrap.wrap(f"{names}: {python_words(words)}" if words else names, 112, initial_indent="        ", subsequent_indent="            ")
+        text_of = "\n".join(lines).strip()
+        out += f'\nclass {camel(name)}(_c.Structure):\n    """{text_of}\n    """\n\n    _fields_ = [\n'
         for field, type_, length in fields:
             kind = f"_c.{CTYPE[type_]}" if type_ in CTYPE else camel(type_)
             out += f'        ("{field}", {kind}{" * " + length if length else ""}),\n'
