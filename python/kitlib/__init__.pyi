@@ -6,6 +6,8 @@ import ctypes
 import numpy as np
 from numpy.typing import ArrayLike, NDArray
 
+from . import dask as dask, events as events, plot as plot
+
 Numbers = ArrayLike
 Texts = Any
 Octets = Any

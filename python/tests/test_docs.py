@@ -22,6 +22,8 @@ def test_docstrings(module):
 
 
 def test_every_function_says_what_it_takes():
+    for name in _functions.__all__ + [n for n in kl.__all__ if getattr(kl, n) is getattr(_more, n, 0)]:
+        assert f" {name}" in kl.__doc__, f"{name}: the package's docstring has no word of it"
     for name in _functions.__all__:
         function = getattr(kl, name)
         doc = inspect.getdoc(function)

@@ -460,7 +460,7 @@ def functions_module(functions, examples):
 
 
 def stubs(text, functions, by_hand):
-    out = f'"""Types of the package. {BY}"""\nfrom enum import IntEnum\nfrom typing import Any, NamedTuple\nimport ctypes\n\nimport numpy as np\nfrom numpy.typing import ArrayLike, NDArray\n\n'
+    out = f'"""Types of the package. {BY}"""\nfrom enum import IntEnum\nfrom typing import Any, NamedTuple\nimport ctypes\n\nimport numpy as np\nfrom numpy.typing import ArrayLike, NDArray\n\nfrom . import dask as dask, events as events, plot as plot\n\n'
     out += "Numbers = ArrayLike\nTexts = Any\nOctets = Any\nRecord = Any\nDoubles = NDArray[np.float64]\nLongs = NDArray[np.int64]\nBytes = NDArray[np.uint8]\n\n"
     for name, doc, rows in chosen_enums(text):
         out += f"class {name}(IntEnum):\n" + "".join(f"    {n} = {v}\n" for n, v in rows) + "\n"
