@@ -23,7 +23,7 @@ def numbers(value, dtype, length, name):
     if kind not in ("fiu" if dtype.kind == "f" else "iu"):
         if kind == "f" and dtype.kind == "i":
             raise TypeError(f"{name}: whole numbers are wanted, not {array.dtype}")
-        hint = "; kl.mjd2000 makes MJD2000 days of texts and datetimes" if kind in "MSU" or name == "t" else ""
+        hint = "; kl.mjd2000 makes MJD2000 days of texts and datetimes" if kind == "M" or name == "t" or name.startswith("time") else ""
         raise TypeError(f"{name}: numbers are wanted, not {array.dtype}{hint}")
     if dtype.kind == "i" and array.dtype.char in "LQ" and array.size and int(array.max()) >> 63:
         raise ValueError(f"{name}: does not fit a C long")
@@ -257,10 +257,12 @@ class Function:
         index = tuple(int(i) for i in np.unravel_index(first, shape))
         said = [f"element {index[0] if len(index) == 1 else index}"]
         if not self.flat and len(arrays) == len(self.each):
-            for array, (_, name, kind, *_) in zip(arrays, self.each):
-                if array is not None and kind in ("f8", "i8", "text"):
-                    item = array[index]
-                    said.append(f"{name} {item.decode()!r}" if kind == "text" else f"{name} {item.tolist()}")
+            for value, array, (_, name, kind, *_) in zip(values, arrays, self.each):
+                if array is not None and kind == "text":  # as it was given: too long a one is not in the array
+                    item = np.broadcast_to(np.asarray(value), shape)[index]
+                    said.append(f"{name} {item.decode('ascii', 'replace') if isinstance(item, bytes) else str(item)!r}")
+                elif array is not None and kind in ("f8", "i8"):
+                    said.append(f"{name} {array[index].tolist()}")
         elif self.flat:
             said += [f"{name} {arrays[0][name][index]}" for name in arrays[0].dtype.names]
         return self.error(vector, status, result, ", ".join(said), np.count_nonzero(status == -1) == 1)
@@ -268,7 +270,7 @@ class Function:
     def error(self, vector, status=None, result=None, where="", one=True):
         if self.public_id is not None:
             return _errors.error(self.name, self.public_id, vector, status, result, where, one)
-        found = tuple(m for m in _errors.last_messages() if f" in {self.name}: " in m)
+        found = tuple(m for m in _errors.last_messages() if f"ERROR in {self.name}: " in m)
         return _errors.KitError(self.name, (), (found or (f"{self.name}: refused",)) + self.takes(), status, result, where)
 
     def takes(self):
