@@ -94,25 +94,35 @@ def octets(value, name):
 def of_layout(cuc, config):
     """Octets of CUCs, if they are as many as the layout has: C takes missing ones as zeros and leaves out what is more."""
     config, given = one_record(config, _table.CucConfig), _octets(cuc, "cuc")
-    width, wide = given.shape[-1], octets(given, "cuc")
+    width = given.shape[-1]
+    if width == 0:
+        raise ValueError("cuc: no octets")
+    rows = given.reshape(-1, width)
     if config.cuc_type == _table.CucType.WITH_P_FIELD:
-        first, second = wide[..., 0].astype(int), wide[..., 1].astype(int)
-        more = first >> 7
-        wanted = 2 + more + (first >> 2 & 3) + (first & 3) + more * ((second >> 5 & 3) + (second >> 2 & 7))
-        known = np.isin(first >> 4 & 7, (1, 2)) & (more * second < 128)  # C refuses the others
+        extended = width > 1 and len(rows) > 0 and rows[0, 0] > 127
+        same = all((rows[:, k] == rows[:1, k]).all() for k in range(2 if extended else 1))  # mostly all have one layout
+        heads = rows[:1] if same else rows
+        wanted = _octets_of_p_fields(heads[:, 0].astype(int), heads[:, 1].astype(int) if width > 1 else np.zeros(len(heads), int))
         parts = "its P-field says"
     elif 1 <= config.n_coarse <= 7 and 0 <= config.n_fine <= 10:
-        wanted, known = np.full(wide.shape[:-1], config.n_coarse + config.n_fine), np.True_
+        wanted = np.array([config.n_coarse + config.n_fine])
         parts = f"{config.n_coarse} coarse and {config.n_fine} fine"
     else:
-        return wide
-    wanted = np.where(known & (wanted <= OCTETS), wanted, 0)
+        return given  # C refuses it
     longest = wanted.max(initial=0)
     if longest and width not in (longest, OCTETS):
         raise ValueError(f"cuc: {longest} octets are wanted ({parts}), not {width}")
-    if longest and np.any(wide * (np.arange(OCTETS) >= wanted[..., None]) * (wanted > 0)[..., None]):
-        raise ValueError(f"cuc: octets beyond the {longest} of the layout ({parts}) must be zero")
-    return wide
+    beyond = rows[:, longest:] if len(wanted) == 1 else rows * (np.arange(width) >= wanted[:, None]) * (wanted > 0)[:, None]
+    if longest and beyond.any():
+        raise ValueError(f"cuc: octets behind those of the layout ({parts}) must be zero")
+    return given
+
+
+def _octets_of_p_fields(first, second):
+    """How many octets P-fields announce with themselves (CCSDS 301.0-B); 0 for those that C refuses."""
+    more = first >> 7
+    wanted = 2 + more + (first >> 2 & 3) + (first & 3) + more * ((second >> 5 & 3) + (second >> 2 & 7))
+    return np.where(np.isin(first >> 4 & 7, (1, 2)) & (more * second < 128) & (wanted <= OCTETS), wanted, 0)
 
 
 def contiguous(array, shape, item, dtype):
