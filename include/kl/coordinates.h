@@ -573,7 +573,7 @@ KL_API long kl_interpolate_states(const long *n_states, const kl_state_at *state
  * for single ones between them, at most 200 a crossing and 8 usually. No memory is taken. Source: T. R. Chandrupatla,
  * Adv. Eng. Softw. 28, 145 (1997).
  */
-KL_API long kl_find_crossings(kl_crossing_function f, void * context, const double *start, const double *stop,
+KL_API long kl_find_crossings(kl_crossing_function f, void *context, const double *start, const double *stop,
                               const double *step, const double *tolerance, const long *max, long *n, kl_crossing *found,
                               long *ierr);
 

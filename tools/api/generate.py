@@ -44,7 +44,7 @@ class Argument:
         const = "const " if self.reads and self.base not in HANDLES and self.type != "char[][512]" else ""
         per_element = array and self.role in ("each", "gives", "both")
         if self.role == "value":
-            return f"{self.base} {self.name}"
+            return f"{self.base}{self.name}" if self.base.endswith("*") else f"{self.base} {self.name}"
         if self.type == "char[][512]":
             return f"char {self.name}[][512]"
         if self.type.startswith("char *["):
