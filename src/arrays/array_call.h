@@ -4,7 +4,7 @@
 //     {
 //         ArrayCall array(KL_FN_F, n, status, ierr);
 //         const auto one = [&](long i, long *word) { return f(ids, selectors, element i, word); }; // the scalar call
-//         const auto fail = [&](long i) { ... };                   // NaN, 0 and empty texts for element i
+//         const auto fail = fails_in(results);                     // NaN, 0 and empty texts for element i
 //         if (array.nothing())
 //             return array.result();
 //         if (selectors_are_bad(array.call()))                     // what does not depend on an element
@@ -20,11 +20,10 @@
 #ifndef KL_SRC_ARRAYS_ARRAY_CALL_H
 #define KL_SRC_ARRAYS_ARRAY_CALL_H
 
+#include "arrays/failed_elements.h"
 #include "errors/activation.h"
 #include "numbers/kernels.h"
 #include "numbers/pack.h"
-
-#include <limits>
 
 inline namespace KL_SET {
 
@@ -46,21 +45,6 @@ private:
     std::uint64_t bits_ = 0;
     std::uint64_t warned_ = 0;
 };
-
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-
-// Element i of an array of doubles or of arrays of doubles, which may be missing.
-inline void fill_nan(double *out, long i)
-{
-    if (out != nullptr)
-        out[i] = kNotANumber;
-}
-template <std::size_t M>
-void fill_nan(double (*out)[M], long i)
-{
-    for (std::size_t k = 0; out != nullptr && k < M; ++k)
-        out[i][k] = kNotANumber;
-}
 
 // Element i of an array that may be missing.
 template <class T>

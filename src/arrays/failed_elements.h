@@ -1,4 +1,4 @@
-// What array forms hand back of an element that fails: NaN, 0, empty texts. Arrays may be missing.
+// What array forms leave of an element that fails: NaN, 0, empty texts. Arrays may be missing.
 #ifndef KL_SRC_ARRAYS_FAILED_ELEMENTS_H
 #define KL_SRC_ARRAYS_FAILED_ELEMENTS_H
 
@@ -47,10 +47,21 @@ inline void fill_failed(kl_earth_orientation *out, long i)
     out[i].notes = 0;
 }
 
-inline void fill_failed_text(char *texts, const long *width, long i)
+struct TextColumn {
+    char *texts;
+    const long *width;
+};
+inline void fill_failed(const TextColumn &column, long i)
 {
-    if (texts != nullptr && width != nullptr && *width > 0)
-        std::memset(texts + i * *width, 0, static_cast<std::size_t>(*width));
+    if (column.texts != nullptr && column.width != nullptr && *column.width > 0)
+        std::memset(column.texts + i * *column.width, 0, static_cast<std::size_t>(*column.width));
+}
+
+// A function of i that fills element i of each of these arrays.
+template <class... Columns>
+auto fails_in(Columns... columns)
+{
+    return [=](long i) { (fill_failed(columns, i), ...); };
 }
 
 #endif

@@ -230,10 +230,7 @@ void list_instants(const double *time, long count, LeftOver *left, long *which, 
 template <class One>
 long states_of(ArrayCall &array, const BodyArray &bodies, bool known, long *ierr, One one)
 {
-    const auto fail = [&](long i) {
-        fill_nan(bodies.pos, i);
-        fill_nan(bodies.vel, i);
-    };
+    const auto fail = fails_in(bodies.pos, bodies.vel);
     TimeIdRecord *id = time_record_of(bodies.time_id);
     const ModelBlocks &models = model_blocks(bodies.model_id);
     const Path path = path_between(bodies.frame, KL_EF);

@@ -462,28 +462,6 @@ long kl_utm_to_geod(kl_model_id *model_id, const long *zone, const long *north, 
 
 namespace {
 
-void fill_nan(kl_geodetic *out, long i)
-{
-    if (out != nullptr)
-        out[i] = {kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber};
-}
-void fill_nan(kl_radec *out, long i)
-{
-    if (out != nullptr)
-        out[i] = {kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber};
-}
-void fill_nan(kl_topocentric *out, long i)
-{
-    if (out != nullptr)
-        out[i] = {kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber};
-}
-
-void fill_zero(long *out, long i)
-{
-    if (out != nullptr)
-        out[i] = 0;
-}
-
 // A record of six as the kernels have it.
 template <class Record>
 const double (*six(const Record *records, long i))[6]
@@ -519,10 +497,7 @@ long kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mo
     ArrayCall array(KL_FN_GEOD_TO_CART, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(pos, i);
-        fill_nan(vel, i);
-    };
+    const auto fail = fails_in(pos, vel);
     Ellipsoid e;
     if (!is_ready(array.call(), KL_GEOD_TO_CART_CALC_MODE_ERR, calc_mode, model_id, &e))
         return array.refuse(fail);
@@ -553,7 +528,7 @@ long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mo
     ArrayCall array(KL_FN_CART_TO_GEOD, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_nan(out, i); };
+    const auto fail = fails_in(out);
     Ellipsoid e;
     if (!is_ready(array.call(), KL_CART_TO_GEOD_CALC_MODE_ERR, calc_mode, model_id, &e))
         return array.refuse(fail);
@@ -584,7 +559,7 @@ long kl_cart_to_radec_n(kl_model_id *, const long *n, const long *calc_mode, con
     ArrayCall array(KL_FN_CART_TO_RADEC, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_nan(out, i); };
+    const auto fail = fails_in(out);
     if (!is_mode(calc_mode)) {
         array.call().fails(KL_CART_TO_RADEC_CALC_MODE_ERR);
         return array.refuse(fail);
@@ -614,10 +589,7 @@ long kl_radec_to_cart_n(kl_model_id *, const long *n, const long *calc_mode, con
     ArrayCall array(KL_FN_RADEC_TO_CART, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(pos, i);
-        fill_nan(vel, i);
-    };
+    const auto fail = fails_in(pos, vel);
     if (!is_mode(calc_mode)) {
         array.call().fails(KL_RADEC_TO_CART_CALC_MODE_ERR);
         return array.refuse(fail);
@@ -647,7 +619,7 @@ long kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *ca
     ArrayCall array(KL_FN_EF_TO_TOPOCENTRIC, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_nan(out, i); };
+    const auto fail = fails_in(out);
     Station station;
     if (!is_ready(array.call(), kToStation, calc_mode, model_id, origin, &station))
         return array.refuse(fail);
@@ -678,10 +650,7 @@ long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *ca
     ArrayCall array(KL_FN_TOPOCENTRIC_TO_EF, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(pos, i);
-        fill_nan(vel, i);
-    };
+    const auto fail = fails_in(pos, vel);
     Station station;
     if (!is_ready(array.call(), kFromStation, calc_mode, model_id, origin, &station))
         return array.refuse(fail);
@@ -713,11 +682,7 @@ long kl_geod_distance_n(kl_model_id *model_id, const long *n, const double *lat1
     ArrayCall array(KL_FN_GEOD_DISTANCE, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(distance, i);
-        fill_nan(azimuth1, i);
-        fill_nan(azimuth2, i);
-    };
+    const auto fail = fails_in(distance, azimuth1, azimuth2);
     Ellipsoid e;
     if (!ellipsoid_of_model(model_id, &e))
         return array.refuse(fail);
@@ -740,11 +705,7 @@ long kl_geod_point_n(kl_model_id *model_id, const long *n, const double *lat, co
     ArrayCall array(KL_FN_INIT_ERR, n, status, ierr); // nothing is recorded
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(lat2, i);
-        fill_nan(lon2, i);
-        fill_nan(azimuth2, i);
-    };
+    const auto fail = fails_in(lat2, lon2, azimuth2);
     Ellipsoid e;
     if (!ellipsoid_of_model(model_id, &e))
         return array.refuse(fail);
@@ -763,12 +724,7 @@ long KL_Coticchia_Surace_n(kl_model_id *model_id, const long *n, const double *l
     ArrayCall array(KL_FN_COTICCHIA_SURACE, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_zero(zone, i);
-        fill_zero(north, i);
-        fill_nan(easting, i);
-        fill_nan(northing, i);
-    };
+    const auto fail = fails_in(zone, north, easting, northing);
     Ellipsoid e;
     if (!ellipsoid_of_model(model_id, &e)) {
         array.call().fails(KL_COTICCHIA_SURACE_COMPUTATION_ERR);
@@ -794,10 +750,7 @@ long kl_utm_to_geod_n(kl_model_id *model_id, const long *n, const long *zone, co
     ArrayCall array(KL_FN_INIT_ERR, n, status, ierr); // nothing is recorded
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(lat, i);
-        fill_nan(lon, i);
-    };
+    const auto fail = fails_in(lat, lon);
     Ellipsoid e;
     if (!ellipsoid_of_model(model_id, &e))
         return array.refuse(fail);

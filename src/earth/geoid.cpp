@@ -411,7 +411,7 @@ long kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitud
     ArrayCall array(KL_FN_GEOID_CALC, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_nan(undulation, i); };
+    const auto fail = fails_in(undulation);
     const EarthModel &earth = model_blocks(model_id).earth;
     const bool degree = max_degree != nullptr && !wrong_degree(*max_degree);
     if (!degree)

@@ -196,11 +196,7 @@ long kl_change_cart_cs_n(kl_model_id *model_id, kl_time_id *time_id, const long 
         return change_one(model_id, time_id, calc_mode, cs_in, cs_out, time_ref, time + i, pos[i], vel[i], acc[i],
                           pos_out[i], vel_out[i], acc_out[i], word);
     };
-    const auto fail = [&](long i) {
-        fill_nan(pos_out, i);
-        fill_nan(vel_out, i);
-        fill_nan(acc_out, i);
-    };
+    const auto fail = fails_in(pos_out, vel_out, acc_out);
 
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     const bool missing = time == nullptr || pos == nullptr || vel == nullptr || acc == nullptr || pos_out == nullptr

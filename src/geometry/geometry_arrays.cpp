@@ -27,13 +27,6 @@ long each_alone(const long *n, long *status, long *ierr, One one, Fail fail)
     return result;
 }
 
-template <class T>
-void fill_zero(T *out, long i)
-{
-    if (out != nullptr)
-        out[i] = 0;
-}
-
 } // namespace
 
 long kl_poly_real_roots_n(const long *n, const long *order, const double *c, double roots[][4], long *n_roots,
@@ -47,10 +40,7 @@ long kl_poly_real_roots_n(const long *n, const long *order, const double *c, dou
             return known ? roots_of_one(order, element(c, i * stride), element(roots, i), element(n_roots, i))
                          : long{KL_ERR};
         },
-        [&](long i) {
-            fill_nan(roots, i);
-            fill_zero(n_roots, i);
-        });
+        fails_in(roots, n_roots));
 }
 
 long kl_ray_ellipsoid_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3],
@@ -62,10 +52,7 @@ long kl_ray_ellipsoid_n(kl_model_id *model_id, const long *n, const double pos[]
             return ray_ellipsoid_of_one(model_id, element(pos, i), element(dir, i), element(margin, i), element(t, i),
                                         element(n_points, i));
         },
-        [&](long i) {
-            fill_nan(t, i);
-            fill_zero(n_points, i);
-        });
+        fails_in(t, n_points));
 }
 
 long kl_ray_height_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3],
@@ -77,10 +64,7 @@ long kl_ray_height_n(kl_model_id *model_id, const long *n, const double pos[][3]
             return ray_height_of_one(model_id, element(pos, i), element(dir, i), element(height, i), element(t, i),
                                      element(n_points, i));
         },
-        [&](long i) {
-            fill_nan(t, i);
-            fill_zero(n_points, i);
-        });
+        fails_in(t, n_points));
 }
 
 long kl_ray_tangent_n(kl_model_id *model_id, const long *n, const double pos[][3], const double dir[][3], double *t,
@@ -92,14 +76,7 @@ long kl_ray_tangent_n(kl_model_id *model_id, const long *n, const double pos[][3
             return ray_tangent_of_one(model_id, element(pos, i), element(dir, i), element(t, i), element(point, i),
                                       element(geodetic, i), element(meets_earth, i));
         },
-        [&](long i) {
-            constexpr double kNan = kNotANumber;
-            fill_nan(t, i);
-            fill_nan(point, i);
-            if (geodetic != nullptr)
-                geodetic[i] = {kNan, kNan, kNan, kNan, kNan, kNan};
-            fill_zero(meets_earth, i);
-        });
+        fails_in(t, point, geodetic, meets_earth));
 }
 
 long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, const long *light_time, const long *cs,
@@ -109,11 +86,7 @@ long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, con
     ArrayCall array(KL_FN_ECLIPSE, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_zero(state, i);
-        fill_nan(fraction, i);
-        fill_nan(depth, i);
-    };
+    const auto fail = fails_in(state, fraction, depth);
     if (eclipse_refuses_all(array.call(), time_id, light_time, cs, time_ref, time, pos != nullptr ? pos[0] : nullptr,
                             state, fraction, depth))
         return array.refuse(fail);

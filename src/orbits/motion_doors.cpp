@@ -35,10 +35,7 @@ long kl_mean_motion_n(kl_model_id *model_id, const long *n, const kl_kepler *mea
     ArrayCall array(KL_FN_INIT_ERR, n, status, ierr); // nothing is recorded
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        if (out != nullptr)
-            out[i] = {kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber, kNotANumber};
-    };
+    const auto fail = fails_in(out);
     if (mean == nullptr || duration == nullptr || out == nullptr)
         return array.refuse(fail);
     const Field field = field_of_model(model_id);

@@ -15,7 +15,6 @@
 #include "time/doors/call_instant.h"
 
 #include <cmath>
-#include <cstring>
 
 namespace {
 
@@ -409,33 +408,13 @@ long kl_find_crossings(kl_crossing_function f, void *context, const double *star
 
 // ---- arrays ----
 
-namespace {
-
-// The records are doubles throughout.
-template <class Record>
-void fill_record(Record *out, long i)
-{
-    constexpr std::size_t kFields = sizeof(Record) / sizeof(double);
-    static_assert(kFields * sizeof(double) == sizeof(Record));
-    double fields[kFields];
-    for (double &field : fields)
-        field = kNotANumber;
-    if (out != nullptr)
-        std::memcpy(out + i, fields, sizeof fields);
-}
-
-} // namespace
-
 long kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, const kl_kepler *in, double pos[][3],
                        double vel[][3], long *status, long *ierr)
 {
     ArrayCall array(KL_FN_KEPL_TO_CART, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(pos, i);
-        fill_nan(vel, i);
-    };
+    const auto fail = fails_in(pos, vel);
     Field field;
     if (!is_ready(array.call(), KL_KEPL_TO_CART_KIND_ERR, kind, model_id, &field))
         return array.refuse(fail);
@@ -465,7 +444,7 @@ long kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, c
     ArrayCall array(KL_FN_CART_TO_KEPL, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_record(out, i); };
+    const auto fail = fails_in(out);
     Field field;
     if (!is_ready(array.call(), KL_CART_TO_KEPL_KIND_ERR, kind, model_id, &field))
         return array.refuse(fail);
@@ -496,7 +475,7 @@ long kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const lo
     ArrayCall array(KL_FN_POSITION_ON_ORBIT, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_record(out, i); };
+    const auto fail = fails_in(out);
     constexpr double kInRange = 0.0;
     const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
     if (refuses_instant(array.call(), kInstant, ref, time != nullptr ? &kInRange : nullptr))
@@ -529,10 +508,7 @@ long kl_local_orbital_frame_n(const long *n, const long *kind, const double pos[
     ArrayCall array(KL_FN_INIT_ERR, n, status, ierr); // nothing is recorded
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(r, i);
-        fill_nan(dr, i);
-    };
+    const auto fail = fails_in(r, dr);
     if (kind == nullptr)
         return array.refuse(fail);
     return array.each(
@@ -560,7 +536,7 @@ long kl_orbit_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, c
     ArrayCall array(KL_FN_INIT_ERR, n, status, ierr); // nothing is recorded
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_record(out, i); };
+    const auto fail = fails_in(out);
     constexpr double kInRange = 0.0;
     const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
     if (checked_instant(ref, time != nullptr ? &kInRange : nullptr) || !is_frame_of_states(cs) || pos == nullptr

@@ -56,12 +56,7 @@ long kl_earth_orientation_get_n(kl_time_id *time_id, const long *n, const long *
     ArrayCall array(KL_FN_EARTH_ORIENTATION_GET, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        if (out == nullptr)
-            return;
-        constexpr double nan = kNotANumber;
-        out[i] = {nan, nan, nan, nan, nan, nan, nan, nan, nan, nan, nan, 0};
-    };
+    const auto fail = fails_in(out);
     if (request_of(time_id, corrections, time_ref).correlation == nullptr || time == nullptr || out == nullptr)
         return array.refuse(fail);
     return array.each(
@@ -76,11 +71,7 @@ long kl_iers_matrix_n(kl_time_id *time_id, const long *n, const long *correction
     ArrayCall array(KL_FN_IERS_MATRIX, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(r, i);
-        fill_nan(dr, i);
-        fill_nan(ddr, i);
-    };
+    const auto fail = fails_in(r, dr, ddr);
     const OrientationRequest request = request_of(time_id, corrections, time_ref);
     if (request.correlation == nullptr || !is_frame(cs_in) || !is_frame(cs_out) || !is_mode(calc_mode)
         || time == nullptr || r == nullptr || dr == nullptr || ddr == nullptr)
@@ -119,11 +110,7 @@ long kl_iers_change_n(kl_time_id *time_id, const long *n, const long *correction
     ArrayCall array(KL_FN_IERS_CHANGE, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        fill_nan(pos_out, i);
-        fill_nan(vel_out, i);
-        fill_nan(acc_out, i);
-    };
+    const auto fail = fails_in(pos_out, vel_out, acc_out);
     const OrientationRequest request = request_of(time_id, corrections, time_ref);
     if (request.correlation == nullptr || !is_mode(calc_mode) || !is_frame(cs_in) || !is_frame(cs_out)
         || time == nullptr || pos == nullptr || (*calc_mode >= KL_CALC_POS_VEL && vel == nullptr)

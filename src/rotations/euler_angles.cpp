@@ -246,7 +246,7 @@ long kl_euler_to_matrix_n(const long *n, const double angles[][3], double matrix
     if (array.nothing())
         return array.result();
     const auto one = [&](long i, long *word) { return euler_to_matrix(angles[i], matrix[i], word); };
-    const auto fail = [&](long i) { fill_nan(matrix, i); };
+    const auto fail = fails_in(matrix);
     if (angles == nullptr || matrix == nullptr)
         return array.refuse(fail);
     return array.each(one, fail, [&](long first, long count, LeftOver &) {
@@ -263,7 +263,7 @@ long kl_matrix_to_euler_n(const long *n, const double matrix[][9], double angles
     if (array.nothing())
         return array.result();
     const auto one = [&](long i, long *word) { return matrix_to_euler(matrix[i], angles[i], word); };
-    const auto fail = [&](long i) { fill_nan(angles, i); };
+    const auto fail = fails_in(angles);
     if (matrix == nullptr)
         array.call().fails(KL_MATRIX_TO_EULER_ORTHONORMAL_ERR);
     if (matrix == nullptr || angles == nullptr)
@@ -281,7 +281,7 @@ long kl_get_rotation_angles_n(const long *n, const double x1[][3], const double 
     const auto one = [&](long i, long *word) {
         return get_rotation_angles(x1[i], y1[i], z1[i], x2[i], y2[i], z2[i], angles[i], word);
     };
-    const auto fail = [&](long i) { fill_nan(angles, i); };
+    const auto fail = fails_in(angles);
     const bool null =
         x1 == nullptr || y1 == nullptr || z1 == nullptr || x2 == nullptr || y2 == nullptr || z2 == nullptr;
     if (null)
@@ -301,11 +301,7 @@ long kl_get_rotated_vectors_n(const long *n, const double x1[][3], const double 
     const auto one = [&](long i, long *word) {
         return get_rotated_vectors(x1[i], y1[i], z1[i], angles[i], x2[i], y2[i], z2[i], word);
     };
-    const auto fail = [&](long i) {
-        fill_nan(x2, i);
-        fill_nan(y2, i);
-        fill_nan(z2, i);
-    };
+    const auto fail = fails_in(x2, y2, z2);
     const bool null = x1 == nullptr || y1 == nullptr || z1 == nullptr;
     if (null)
         array.call().fails(KL_GET_ROTATED_VECTORS_ORTHOGONAL_ERR);

@@ -203,11 +203,7 @@ long kl_quaternions_to_vectors_n(const long *n, const double q[][4], double x[][
     if (array.nothing())
         return array.result();
     const auto one = [&](long i, long *word) { return quaternions_to_vectors(q[i], x[i], y[i], z[i], word); };
-    const auto fail = [&](long i) {
-        fill_nan(x, i);
-        fill_nan(y, i);
-        fill_nan(z, i);
-    };
+    const auto fail = fails_in(x, y, z);
     if (q == nullptr)
         array.call().fails(KL_QUATERNIONS_TO_VECTORS_MODULE_ERR);
     if (q == nullptr || x == nullptr || y == nullptr || z == nullptr)
@@ -232,7 +228,7 @@ long kl_vectors_to_quaternions_n(const long *n, const double x[][3], const doubl
     if (array.nothing())
         return array.result();
     const auto one = [&](long i, long *word) { return vectors_to_quaternions(x[i], y[i], z[i], q[i], word); };
-    const auto fail = [&](long i) { fill_nan(q, i); };
+    const auto fail = fails_in(q);
     const bool null = x == nullptr || y == nullptr || z == nullptr;
     if (null)
         array.call().fails(KL_VECTORS_TO_QUATERNIONS_VECTORS_ERR);
@@ -251,7 +247,7 @@ long kl_quaternions_interpol_n(const long *n, const long *mode, const double *t1
     const auto one = [&](long i, long *word) {
         return quaternions_interpol(mode, t1 + i, q1[i], t2 + i, q2[i], t + i, q[i], word);
     };
-    const auto fail = [&](long i) { fill_nan(q, i); };
+    const auto fail = fails_in(q);
     if (t1 == nullptr || q1 == nullptr || t2 == nullptr || q2 == nullptr || t == nullptr || q == nullptr)
         return array.refuse(fail);
     return array.each(one, fail);

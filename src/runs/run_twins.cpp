@@ -17,10 +17,7 @@ long kl_sun_run_n(const long *run_id, const long *n, const long *time_ref, const
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_sun_n(model_id, time_id, n, time_ref, time, sun_pos, sun_vel, status, ierr);
-    }, [=](long i) {
-        fill_failed(sun_pos, i);
-        fill_failed(sun_vel, i);
-    });
+    }, fails_in(sun_pos, sun_vel));
 }
 
 long kl_moon_run(const long *run_id, const long *time_ref, const double *time, double moon_pos[3], double moon_vel[3],
@@ -36,10 +33,7 @@ long kl_moon_run_n(const long *run_id, const long *n, const long *time_ref, cons
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_moon_n(model_id, time_id, n, time_ref, time, moon_pos, moon_vel, status, ierr);
-    }, [=](long i) {
-        fill_failed(moon_pos, i);
-        fill_failed(moon_vel, i);
-    });
+    }, fails_in(moon_pos, moon_vel));
 }
 
 long kl_planet_run(const long *run_id, const long *planet_id, const long *time_ref, const double *time,
@@ -55,10 +49,7 @@ long kl_planet_run_n(const long *run_id, const long *n, const long *planet_id, c
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_planet_n(model_id, time_id, n, planet_id, time_ref, time, planet_pos, planet_vel, status, ierr);
-    }, [=](long i) {
-        fill_failed(planet_pos, i);
-        fill_failed(planet_vel, i);
-    });
+    }, fails_in(planet_pos, planet_vel));
 }
 
 long kl_time_obt_to_time_run(const long *run_id, const long *time_ref, const void *parameters, const void *obt,
@@ -102,10 +93,7 @@ long kl_geod_to_cart_run_n(const long *run_id, const long *n, const long *calc_m
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_geod_to_cart_n(model_id, n, calc_mode, in, pos, vel, status, ierr);
-    }, [=](long i) {
-        fill_failed(pos, i);
-        fill_failed(vel, i);
-    });
+    }, fails_in(pos, vel));
 }
 
 long kl_cart_to_geod_run(const long *run_id, const long *calc_mode, const double pos[3], const double vel[3],
@@ -121,9 +109,7 @@ long kl_cart_to_geod_run_n(const long *run_id, const long *n, const long *calc_m
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_cart_to_geod_n(model_id, n, calc_mode, pos, vel, out, status, ierr);
-    }, [=](long i) {
-        fill_failed(out, i);
-    });
+    }, fails_in(out));
 }
 
 long kl_kepl_to_cart_run(const long *run_id, const long *kind, const kl_kepler *in, double pos[3], double vel[3],
@@ -139,10 +125,7 @@ long kl_kepl_to_cart_run_n(const long *run_id, const long *n, const long *kind, 
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_kepl_to_cart_n(model_id, n, kind, in, pos, vel, status, ierr);
-    }, [=](long i) {
-        fill_failed(pos, i);
-        fill_failed(vel, i);
-    });
+    }, fails_in(pos, vel));
 }
 
 long kl_cart_to_kepl_run(const long *run_id, const long *kind, const double pos[3], const double vel[3], kl_kepler *out,
@@ -158,9 +141,7 @@ long kl_cart_to_kepl_run_n(const long *run_id, const long *n, const long *kind, 
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_cart_to_kepl_n(model_id, n, kind, pos, vel, out, status, ierr);
-    }, [=](long i) {
-        fill_failed(out, i);
-    });
+    }, fails_in(out));
 }
 
 long kl_geod_distance_run(const long *run_id, const double *lat1, const double *lon1, const double *lat2,
@@ -177,11 +158,7 @@ long kl_geod_distance_run_n(const long *run_id, const long *n, const double *lat
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_geod_distance_n(model_id, n, lat1, lon1, lat2, lon2, distance, azimuth1, azimuth2, status, ierr);
-    }, [=](long i) {
-        fill_failed(distance, i);
-        fill_failed(azimuth1, i);
-        fill_failed(azimuth2, i);
-    });
+    }, fails_in(distance, azimuth1, azimuth2));
 }
 
 long kl_position_on_orbit_run(const long *run_id, const long *calc_mode, const long *cs, const long *time_ref,
@@ -200,9 +177,7 @@ long kl_position_on_orbit_run_n(const long *run_id, const long *n, const long *c
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_position_on_orbit_n(model_id, time_id, n, calc_mode, cs, time_ref, time, pos, vel, acc, out, status,
                                       ierr);
-    }, [=](long i) {
-        fill_failed(out, i);
-    });
+    }, fails_in(out));
 }
 
 long kl_cart_to_radec_run(const long *run_id, const long *calc_mode, const double pos[3], const double vel[3],
@@ -218,9 +193,7 @@ long kl_cart_to_radec_run_n(const long *run_id, const long *n, const long *calc_
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_cart_to_radec_n(model_id, n, calc_mode, pos, vel, out, status, ierr);
-    }, [=](long i) {
-        fill_failed(out, i);
-    });
+    }, fails_in(out));
 }
 
 long kl_radec_to_cart_run(const long *run_id, const long *calc_mode, const kl_radec *in, double pos[3], double vel[3],
@@ -236,10 +209,7 @@ long kl_radec_to_cart_run_n(const long *run_id, const long *n, const long *calc_
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_radec_to_cart_n(model_id, n, calc_mode, in, pos, vel, status, ierr);
-    }, [=](long i) {
-        fill_failed(pos, i);
-        fill_failed(vel, i);
-    });
+    }, fails_in(pos, vel));
 }
 
 long kl_ef_to_topocentric_run(const long *run_id, const long *calc_mode, const kl_geodetic *origin, const double pos[3],
@@ -256,9 +226,7 @@ long kl_ef_to_topocentric_run_n(const long *run_id, const long *n, const long *c
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_ef_to_topocentric_n(model_id, n, calc_mode, origin, pos, vel, out, status, ierr);
-    }, [=](long i) {
-        fill_failed(out, i);
-    });
+    }, fails_in(out));
 }
 
 long kl_topocentric_to_ef_run(const long *run_id, const long *calc_mode, const kl_geodetic *origin,
@@ -274,10 +242,7 @@ long kl_topocentric_to_ef_run_n(const long *run_id, const long *n, const long *c
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_topocentric_to_ef_n(model_id, n, calc_mode, origin, in, pos, vel, status, ierr);
-    }, [=](long i) {
-        fill_failed(pos, i);
-        fill_failed(vel, i);
-    });
+    }, fails_in(pos, vel));
 }
 
 long kl_mean_motion_run(const long *run_id, const kl_kepler *mean, const double *duration, kl_kepler *out, long *ierr)
@@ -292,9 +257,7 @@ long kl_mean_motion_run_n(const long *run_id, const long *n, const kl_kepler *me
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_mean_motion_n(model_id, n, mean, duration, out, status, ierr);
-    }, [=](long i) {
-        fill_failed(out, i);
-    });
+    }, fails_in(out));
 }
 
 long kl_time_processing_to_processing_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
@@ -314,9 +277,7 @@ long kl_time_processing_to_processing_run_n(const long *run_id, const long *n, c
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_processing_to_processing_n(time_id, n, proc_id_in, time_ref_in, time_in, proc_id_out,
                                                   time_ref_out, time_out, status, ierr);
-    }, [=](long i) {
-        fill_failed(time_out, i);
-    });
+    }, fails_in(time_out));
 }
 
 long kl_time_ascii_to_ascii_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
@@ -337,9 +298,7 @@ long kl_time_ascii_to_ascii_run_n(const long *run_id, const long *n, const long 
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_ascii_to_ascii_n(time_id, n, ascii_id_in, time_ref_in, ascii_in_width, ascii_in, ascii_id_out,
                                         time_ref_out, ascii_out_width, ascii_out, status, ierr);
-    }, [=](long i) {
-        fill_failed_text(ascii_out, ascii_out_width, i);
-    });
+    }, fails_in(TextColumn{ascii_out, ascii_out_width}));
 }
 
 long kl_time_ascii_to_processing_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
@@ -360,9 +319,7 @@ long kl_time_ascii_to_processing_run_n(const long *run_id, const long *n, const 
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_ascii_to_processing_n(time_id, n, ascii_id_in, time_ref_in, width, ascii_in, proc_id_out,
                                              time_ref_out, time_out, status, ierr);
-    }, [=](long i) {
-        fill_failed(time_out, i);
-    });
+    }, fails_in(time_out));
 }
 
 long kl_time_text_to_processing_run(const long *run_id, const char *text, const long *time_ref_default,
@@ -380,9 +337,7 @@ long kl_time_text_to_processing_run_n(const long *run_id, const long *n, const l
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_text_to_processing_n(time_id, n, width, text, time_ref_default, proc_id_out, time_ref_out,
                                             time_out, status, ierr);
-    }, [=](long i) {
-        fill_failed(time_out, i);
-    });
+    }, fails_in(time_out));
 }
 
 long kl_time_ascii_to_transport_run(const long *run_id, const long *ascii_id_in, const long *time_ref_in,
@@ -403,9 +358,7 @@ long kl_time_ascii_to_transport_run_n(const long *run_id, const long *n, const l
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_ascii_to_transport_n(time_id, n, ascii_id_in, time_ref_in, width, ascii_in, trans_id_out,
                                             time_ref_out, transport_out, status, ierr);
-    }, [=](long i) {
-        fill_failed(transport_out, i);
-    });
+    }, fails_in(transport_out));
 }
 
 long kl_time_processing_to_ascii_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
@@ -426,9 +379,7 @@ long kl_time_processing_to_ascii_run_n(const long *run_id, const long *n, const 
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_processing_to_ascii_n(time_id, n, proc_id_in, time_ref_in, time_in, ascii_id_out, time_ref_out,
                                              width, ascii_out, status, ierr);
-    }, [=](long i) {
-        fill_failed_text(ascii_out, width, i);
-    });
+    }, fails_in(TextColumn{ascii_out, width}));
 }
 
 long kl_time_processing_to_transport_run(const long *run_id, const long *proc_id_in, const long *time_ref_in,
@@ -448,9 +399,7 @@ long kl_time_processing_to_transport_run_n(const long *run_id, const long *n, co
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_processing_to_transport_n(time_id, n, proc_id_in, time_ref_in, time_in, trans_id_out,
                                                  time_ref_out, transport_out, status, ierr);
-    }, [=](long i) {
-        fill_failed(transport_out, i);
-    });
+    }, fails_in(transport_out));
 }
 
 long kl_time_transport_to_ascii_run(const long *run_id, const long *trans_id_in, const long *time_ref_in,
@@ -471,9 +420,7 @@ long kl_time_transport_to_ascii_run_n(const long *run_id, const long *n, const l
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_transport_to_ascii_n(time_id, n, trans_id_in, time_ref_in, transport_in, ascii_id_out,
                                             time_ref_out, width, ascii_out, status, ierr);
-    }, [=](long i) {
-        fill_failed_text(ascii_out, width, i);
-    });
+    }, fails_in(TextColumn{ascii_out, width}));
 }
 
 long kl_time_transport_to_processing_run(const long *run_id, const long *trans_id_in, const long *time_ref_in,
@@ -494,9 +441,7 @@ long kl_time_transport_to_processing_run_n(const long *run_id, const long *n, co
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_transport_to_processing_n(time_id, n, trans_id_in, time_ref_in, transport_in, proc_id_out,
                                                  time_ref_out, time_out, status, ierr);
-    }, [=](long i) {
-        fill_failed(time_out, i);
-    });
+    }, fails_in(time_out));
 }
 
 long kl_time_transport_to_transport_run(const long *run_id, const long *trans_id_in, const long *time_ref_in,
@@ -517,9 +462,7 @@ long kl_time_transport_to_transport_run_n(const long *run_id, const long *n, con
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_time_transport_to_transport_n(time_id, n, trans_id_in, time_ref_in, transport_in, trans_id_out,
                                                 time_ref_out, transport_out, status, ierr);
-    }, [=](long i) {
-        fill_failed(transport_out, i);
-    });
+    }, fails_in(transport_out));
 }
 
 long kl_change_cart_cs_run(const long *run_id, const long *calc_mode, const long *cs_in, const long *cs_out,
@@ -540,11 +483,7 @@ long kl_change_cart_cs_run_n(const long *run_id, const long *n, const long *calc
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_change_cart_cs_n(model_id, time_id, n, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc,
                                    pos_out, vel_out, acc_out, status, ierr);
-    }, [=](long i) {
-        fill_failed(pos_out, i);
-        fill_failed(vel_out, i);
-        fill_failed(acc_out, i);
-    });
+    }, fails_in(pos_out, vel_out, acc_out));
 }
 
 long kl_ray_ellipsoid_run(const long *run_id, const double pos[3], const double dir[3], const double *margin,
@@ -560,10 +499,7 @@ long kl_ray_ellipsoid_run_n(const long *run_id, const long *n, const double pos[
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_ray_ellipsoid_n(model_id, n, pos, dir, margin, t, n_points, status, ierr);
-    }, [=](long i) {
-        fill_failed(t, i);
-        fill_failed(n_points, i);
-    });
+    }, fails_in(t, n_points));
 }
 
 long kl_ray_height_run(const long *run_id, const double pos[3], const double dir[3], const double *height, double t[2],
@@ -579,10 +515,7 @@ long kl_ray_height_run_n(const long *run_id, const long *n, const double pos[][3
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_ray_height_n(model_id, n, pos, dir, height, t, n_points, status, ierr);
-    }, [=](long i) {
-        fill_failed(t, i);
-        fill_failed(n_points, i);
-    });
+    }, fails_in(t, n_points));
 }
 
 long kl_ray_tangent_run(const long *run_id, const double pos[3], const double dir[3], double *t, double point[3],
@@ -598,12 +531,7 @@ long kl_ray_tangent_run_n(const long *run_id, const long *n, const double pos[][
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *) {
         return kl_ray_tangent_n(model_id, n, pos, dir, t, point, geodetic, meets_earth, status, ierr);
-    }, [=](long i) {
-        fill_failed(t, i);
-        fill_failed(point, i);
-        fill_failed(geodetic, i);
-        fill_failed(meets_earth, i);
-    });
+    }, fails_in(t, point, geodetic, meets_earth));
 }
 
 long kl_eclipse_run(const long *run_id, const long *light_time, const long *cs, const long *time_ref,
@@ -622,11 +550,7 @@ long kl_eclipse_run_n(const long *run_id, const long *n, const long *light_time,
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_eclipse_n(model_id, time_id, n, light_time, cs, time_ref, time, pos, margin, state, fraction, depth,
                             status, ierr);
-    }, [=](long i) {
-        fill_failed(state, i);
-        fill_failed(fraction, i);
-        fill_failed(depth, i);
-    });
+    }, fails_in(state, fraction, depth));
 }
 
 long kl_earth_orientation_get_run(const long *run_id, const long *corrections, const long *time_ref, const double *time,
@@ -642,9 +566,7 @@ long kl_earth_orientation_get_run_n(const long *run_id, const long *n, const lon
 {
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_earth_orientation_get_n(time_id, n, corrections, time_ref, time, out, status, ierr);
-    }, [=](long i) {
-        fill_failed(out, i);
-    });
+    }, fails_in(out));
 }
 
 long kl_iers_matrix_run(const long *run_id, const long *corrections, const long *cs_in, const long *cs_out,
@@ -663,11 +585,7 @@ long kl_iers_matrix_run_n(const long *run_id, const long *n, const long *correct
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_iers_matrix_n(time_id, n, corrections, cs_in, cs_out, time_ref, time, calc_mode, r, dr, ddr, status,
                                 ierr);
-    }, [=](long i) {
-        fill_failed(r, i);
-        fill_failed(dr, i);
-        fill_failed(ddr, i);
-    });
+    }, fails_in(r, dr, ddr));
 }
 
 long kl_iers_change_run(const long *run_id, const long *corrections, const long *calc_mode, const long *cs_in,
@@ -689,11 +607,7 @@ long kl_iers_change_run_n(const long *run_id, const long *n, const long *correct
     return with_run_n(run_id, n, status, [=](kl_model_id *, kl_time_id *time_id) {
         return kl_iers_change_n(time_id, n, corrections, calc_mode, cs_in, cs_out, time_ref, time, pos, vel, acc,
                                 pos_out, vel_out, acc_out, status, ierr);
-    }, [=](long i) {
-        fill_failed(pos_out, i);
-        fill_failed(vel_out, i);
-        fill_failed(acc_out, i);
-    });
+    }, fails_in(pos_out, vel_out, acc_out));
 }
 
 long kl_star_radec_run(const long *run_id, const long *corrections, const long *cs_out, const long *time_ref,
@@ -713,9 +627,7 @@ long kl_star_radec_run_n(const long *run_id, const long *n, const long *correcti
     return with_run_n(run_id, n, status, [=](kl_model_id *model_id, kl_time_id *time_id) {
         return kl_star_radec_n(model_id, time_id, n, corrections, cs_out, time_ref, time, star, observer_pos,
                                observer_vel, place, status, ierr);
-    }, [=](long i) {
-        fill_failed(place, i);
-    });
+    }, fails_in(place));
 }
 
 long kl_star_catalog_run(const long *run_id, const char *file, const kl_star_window *window, const long *corrections,

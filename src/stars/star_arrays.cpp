@@ -11,11 +11,7 @@ long kl_star_radec_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, 
     ArrayCall array(KL_FN_STAR_RADEC, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) {
-        constexpr double kNan = kNotANumber;
-        if (place != nullptr)
-            place[i] = {kNan, kNan, kNan, kNan, kNan, kNan};
-    };
+    const auto fail = fails_in(place);
     if (star_radec_refuses_all(array.call(), time_id, corrections, cs_out, time_ref, time, star, place))
         return array.refuse(fail);
     StarSky sky;

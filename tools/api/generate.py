@@ -391,11 +391,11 @@ def definition(function, name, parameters):
     return wrapped(f"{function.opening}{name}(", parameters, ")") + "\n{\n"
 
 
-def failed(function, argument):
-    """Fills one element of a column of results as that of an element that failed."""
-    if argument.base == "char":
-        return f"fill_failed_text({argument.name}, {function.width_of(argument)}, i)"
-    return f"fill_failed({argument.name}, i)"
+def failing(function):
+    """What array forms leave of an element that fails: the columns of results."""
+    columns = [f"TextColumn{{{a.name}, {function.width_of(a)}}}" if a.base == "char" else a.name
+               for a in function.arguments if a.role == "gives"]
+    return f"fails_in({', '.join(columns)})"
 
 
 def run_twins(table):
@@ -417,7 +417,7 @@ def run_twins(table):
             out += f"    return {opening}, [=]({handles}) {{\n"
             out += wrapped(f"        return {f.name}{suffix}(", names, ");") + "\n    }"
             if array:
-                out += ", [=](long i) {\n" + "".join(f"        {failed(f, a)};\n" for a in f.arguments if a.role == "gives") + "    }"
+                out += f", {failing(f)}"
             out += ");\n}\n"
     return out
 

@@ -41,7 +41,7 @@ struct ProcessingSide {
         double *times;
         bool is_missing(long) const { return times == nullptr; }
         Written at(long i) const { return times + i; }
-        void clear(long i) const { fill_nan(times, i); }
+        void clear(long i) const { fill_failed(times, i); }
     };
     static constexpr Given kNoneGiven = nullptr;
     static bool is_missing(Written written) { return written == nullptr; }

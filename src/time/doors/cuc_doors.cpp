@@ -179,7 +179,7 @@ long kl_time_cuc_to_processing_n(kl_time_id *time_id, const long *n, const kl_cu
     ArrayCall array(KL_FN_TIME_CUC_TO_PROCESSING, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_nan(time, i); };
+    const auto fail = fails_in(time);
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     const kl_cuc_config &own = config != nullptr ? *config : kNoConfig;
     const bool with_p_field = own.cuc_type == KL_CUC_WITH_P_FIELD;

@@ -69,7 +69,7 @@ long kl_time_add_n(const long *n, const long *proc_id, const long *time_ref, con
     ArrayCall array(KL_FN_TIME_ADD, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_nan(time_out, i); };
+    const auto fail = fails_in(time_out);
     if (const Fault fault = checked_form(proc_id, time_ref, time)) {
         array.call().fails(kAddInput[fault.code]);
         return array.refuse(fail);
@@ -105,7 +105,7 @@ long kl_time_diff_n(const long *n, const long *proc_id, const long *time_ref, co
     ArrayCall array(KL_FN_TIME_DIFF, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_nan(duration, i); };
+    const auto fail = fails_in(duration);
     if (const Fault fault = checked_form(proc_id, time_ref, time1)) {
         array.call().fails(kDiffInput[fault.code]);
         return array.refuse(fail);

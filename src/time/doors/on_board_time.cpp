@@ -97,7 +97,7 @@ long kl_time_obt_to_time_n(const long *sat_id, const long *n, const long *time_r
     ArrayCall array(KL_FN_TIME_OBT_TO_TIME, n, status, ierr);
     if (array.nothing())
         return array.result();
-    const auto fail = [&](long i) { fill_nan(time, i); };
+    const auto fail = fails_in(time);
     const long satellite = value_or(sat_id, kNoSatellite);
     const long ref = value_or(time_ref, KL_TIME_UNDEF);
     if (check_to_time(array.call(), satellite, ref, parameters, obt != nullptr) == KL_ERR || time == nullptr)
