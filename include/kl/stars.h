@@ -103,7 +103,7 @@ enum {
     KL_STAR_CATALOG_CORRECTIONS_ERR = 2,
     /** not one of the seven, or NULL */
     KL_STAR_CATALOG_CS_OUT_ERR = 3,
-    /** the file cannot be read, or has more than 1 GiB */
+    /** no plain file, not readable, above 1 GiB, changed meanwhile */
     KL_STAR_CATALOG_FILE_ERR = 4,
     /** a line that is no record of its format, or a star out of range */
     KL_STAR_CATALOG_RECORD_ERR = 5,

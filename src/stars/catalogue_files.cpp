@@ -5,9 +5,8 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
+#include <cstddef>
+#include <iterator>
 
 namespace {
 
@@ -57,19 +56,8 @@ bool drop_plus(std::string_view *text)
 }
 
 // A whole text as a number, whatever the locale; blank is 0.
-bool read_number(std::string_view text, double *value)
-{
-    text = trimmed(text);
-    *value = 0.0;
-    if (text.empty())
-        return true;
-    if (!drop_plus(&text))
-        return false;
-    const std::from_chars_result at = std::from_chars(text.data(), text.data() + text.size(), *value);
-    return at.ec == std::errc() && at.ptr == text.data() + text.size() && std::isfinite(*value);
-}
-
-bool read_whole(std::string_view text, long *value)
+template <class Number>
+bool read_number(std::string_view text, Number *value)
 {
     text = trimmed(text);
     *value = 0;
@@ -78,7 +66,7 @@ bool read_whole(std::string_view text, long *value)
     if (!drop_plus(&text))
         return false;
     const std::from_chars_result at = std::from_chars(text.data(), text.data() + text.size(), *value);
-    return at.ec == std::errc() && at.ptr == text.data() + text.size();
+    return at.ec == std::errc() && at.ptr == text.data() + text.size() && std::isfinite(static_cast<double>(*value));
 }
 
 // Columns of a line, counted from 1; blank beyond its end.
@@ -195,7 +183,7 @@ StarRecord read_hipparcos(std::string_view line, kl_star *star)
     const std::string_view dec = trimmed(field[9]);
     if (ra.empty() && dec.empty())
         return StarRecord::nothing;
-    if (ra.empty() || dec.empty() || !read_whole(field[1], &star->number) || !read_number(field[5], &star->magnitude)
+    if (ra.empty() || dec.empty() || !read_number(field[1], &star->number) || !read_number(field[5], &star->magnitude)
         || !read_number(ra, &star->ra) || !read_number(dec, &star->dec) || !read_number(field[11], &star->parallax)
         || !read_number(field[12], &star->pm_ra) || !read_number(field[13], &star->pm_dec))
         return StarRecord::malformed;
@@ -221,7 +209,7 @@ StarRecord read_own(std::string_view line, kl_star *star)
         while (end < line.size() && !is_blank(line[end]))
             ++end;
         const std::string_view word = line.substr(0, end);
-        if (word.empty() || !(i == 0 ? read_whole(word, &star->number) : read_number(word, numbers[i - 1])))
+        if (word.empty() || !(i == 0 ? read_number(word, &star->number) : read_number(word, numbers[i - 1])))
             return StarRecord::malformed;
         line = trimmed(line.substr(end));
     }
@@ -270,38 +258,4 @@ long malformed_line(std::string_view text, CatalogueFormat format)
         if (record == StarRecord::end)
             return 0;
     }
-}
-
-FileText::~FileText()
-{
-    std::free(data_);
-}
-
-FileText::Result FileText::load(const char *name)
-{
-    constexpr std::size_t kFirst = std::size_t{1} << 21;   // holds the Bright Star Catalogue
-    constexpr std::size_t kLargest = std::size_t{1} << 30; // no catalogue that is read here comes near it
-    std::FILE *file = std::fopen(name, "rb");
-    if (file == nullptr)
-        return unreadable;
-    Result result = read;
-    for (std::size_t room = kFirst; result == read; room *= 2) {
-        char *larger = room <= kLargest ? static_cast<char *>(std::malloc(room)) : nullptr;
-        if (larger == nullptr) {
-            result = room <= kLargest ? no_memory : unreadable;
-            break;
-        }
-        if (size_ > 0)
-            std::memcpy(larger, data_, size_);
-        std::free(data_);
-        data_ = larger;
-        size_ += std::fread(data_ + size_, 1, room - size_, file);
-        if (size_ < room) {
-            if (std::ferror(file) != 0)
-                result = unreadable;
-            break;
-        }
-    }
-    std::fclose(file);
-    return result;
 }

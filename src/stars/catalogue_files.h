@@ -4,7 +4,6 @@
 
 #include "kl/stars.h"
 
-#include <cstddef>
 #include <string_view>
 
 enum class CatalogueFormat { unknown, bright_stars, hipparcos, own };
@@ -31,23 +30,5 @@ private:
 
 // The first line that is a mistake, from 1; 0 when there is none, or the format is unknown.
 long malformed_line(std::string_view text, CatalogueFormat format);
-
-// A whole file in memory, freed with the object.
-class FileText {
-public:
-    enum Result { read, unreadable, no_memory };
-
-    FileText() = default;
-    ~FileText();
-    FileText(const FileText &) = delete;
-    FileText &operator=(const FileText &) = delete;
-
-    Result load(const char *name);
-    [[nodiscard]] std::string_view text() const { return {data_, size_}; }
-
-private:
-    char *data_ = nullptr;
-    std::size_t size_ = 0;
-};
 
 #endif

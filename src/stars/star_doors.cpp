@@ -7,6 +7,7 @@
 #include "stars/bright_stars.h"
 #include "stars/catalogue_files.h"
 #include "stars/search.h"
+#include "time/files/disk.h"
 
 #include <cmath>
 
@@ -182,18 +183,20 @@ namespace {
 // The catalogue of a call: a file, or the built-in one.
 struct Catalogue {
     const char *file;
-    FileText text = {};
+    time_files::Buffer<char> bytes = {};
     CatalogueFormat format = CatalogueFormat::unknown;
 
     [[nodiscard]] bool built_in() const { return file == nullptr || *file == '\0'; }
-    [[nodiscard]] FileText::Result load()
+    [[nodiscard]] std::string_view text() const { return {bytes.begin(), bytes.size()}; }
+    [[nodiscard]] time_files::DiskFault load()
     {
+        constexpr std::size_t kLargest = std::size_t{1} << 30; // no catalogue that is read here comes near it
         if (built_in())
-            return FileText::read;
-        const FileText::Result loaded = text.load(file);
-        if (loaded == FileText::read)
-            format = format_of(text.text());
-        return loaded;
+            return time_files::DiskFault::none;
+        const time_files::DiskFault fault = time_files::read_plain_file(file, kLargest, &bytes);
+        if (fault == time_files::DiskFault::none)
+            format = format_of(text());
+        return fault;
     }
 };
 
@@ -230,7 +233,7 @@ SearchEnd search_text(const StarSearch &search, CatalogueReader reader, FoundSta
 // that is told.
 long fails_after_records(Activation &call, const Catalogue &catalogue, int code)
 {
-    const long line = malformed_line(catalogue.text.text(), catalogue.format);
+    const long line = malformed_line(catalogue.text(), catalogue.format);
     return line > 0 ? call.fails(KL_STAR_CATALOG_RECORD_ERR, &line) : call.fails(code, catalogue.file);
 }
 
@@ -252,9 +255,10 @@ long kl_star_catalog(kl_model_id *model_id, kl_time_id *time_id, const char *fil
         return call.fails(KL_STAR_CATALOG_CS_OUT_ERR);
 
     Catalogue catalogue = {file};
-    const FileText::Result loaded = catalogue.load();
-    if (loaded != FileText::read)
-        return call.fails(loaded == FileText::unreadable ? KL_STAR_CATALOG_FILE_ERR : KL_STAR_CATALOG_MEMORY_ERR, file);
+    const time_files::DiskFault fault = catalogue.load();
+    if (fault != time_files::DiskFault::none)
+        return call.fails(
+            fault == time_files::DiskFault::unreadable ? KL_STAR_CATALOG_FILE_ERR : KL_STAR_CATALOG_MEMORY_ERR, file);
     StarSky sky;
     Sight sight;
     bool transformation = false;
@@ -273,10 +277,9 @@ long kl_star_catalog(kl_model_id *model_id, kl_time_id *time_id, const char *fil
     const StarSearch search(*window, sight, sky.axes);
     FoundStars found(places != nullptr);
     long line = 0;
-    const SearchEnd end =
-        catalogue.built_in()
-            ? search_built_in(search, &found)
-            : search_text(search, CatalogueReader(catalogue.text.text(), catalogue.format), &found, &line);
+    const SearchEnd end = catalogue.built_in()
+                              ? search_built_in(search, &found)
+                              : search_text(search, CatalogueReader(catalogue.text(), catalogue.format), &found, &line);
     if (end == SearchEnd::malformed)
         return call.fails(KL_STAR_CATALOG_RECORD_ERR, &line);
     if (end == SearchEnd::no_memory)

@@ -6,8 +6,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <cstdio>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 namespace {
@@ -39,8 +40,6 @@ Found search(const char *file, const kl_star_window &window, long cs = KL_BM2000
     kl_free_array(reinterpret_cast<void **>(&places));
     return found;
 }
-
-using TextFile = Scratch;
 
 // Lines of the Bright Star Catalogue: Sirius, Polaris, a nova without position.
 // clang-format off
@@ -80,7 +79,7 @@ TEST(BuiltInCatalogue, HoldsTheBrightStars)
 
 TEST(StarCatalogue, ReadsTheThreeFormats)
 {
-    const TextFile bright(kSirius + "\n" + kNova + "\r\n\n" + kPolaris);
+    const Scratch bright(kSirius + "\n" + kNova + "\r\n\n" + kPolaris);
     const Found two = search(bright.name.c_str(), kAll);
     ASSERT_EQ(two.stars.size(), 2U);
     const kl_star &sirius = two.stars[0];
@@ -96,7 +95,7 @@ TEST(StarCatalogue, ReadsTheThreeFormats)
     EXPECT_EQ(two.stars[1].number, 424);
 
     // The first entries of the main catalogue, the second without a position.
-    const TextFile hipparcos(
+    const Scratch hipparcos(
         "H|           1| |00 00 00.22|+01 05 20.4| 9.10| |H|000.00091185|+01.08901332| |   3.54|   -5.20|   -1.88|\n"
         "H|           2| |00 00 00.91|-19 29 55.8| 9.27| |G|            |            | |       |        |        |\n");
     const Found one = search(hipparcos.name.c_str(), kAll);
@@ -109,8 +108,7 @@ TEST(StarCatalogue, ReadsTheThreeFormats)
     EXPECT_EQ(one.stars[0].pm_dec, -1.88);
     EXPECT_EQ(one.stars[0].epoch, -3195.4375);
 
-    const TextFile own(
-        "KL_STARS 1\n# a comment\n\n 7 1.5 10 -20 300 -400 +50 6e1 0.5 # Alpha\n8\t2 350 0 0 0 -1 0 0.5");
+    const Scratch own("KL_STARS 1\n# a comment\n\n 7 1.5 10 -20 300 -400 +50 6e1 0.5 # Alpha\n8\t2 350 0 0 0 -1 0 0.5");
     const Found pair = search(own.name.c_str(), kAll);
     ASSERT_EQ(pair.stars.size(), 2U);
     EXPECT_EQ(pair.stars[0].number, 7);
@@ -151,7 +149,7 @@ TEST(StarCatalogue, TellsWhatIsWrongWithAFile)
             text = kind == "zeros"
                        ? std::string(static_cast<std::size_t>(column), '\0')
                        : with(static_cast<std::size_t>(column), cell).substr(kind == "alone" ? kSirius.size() + 1 : 0);
-        const TextFile file(text);
+        const Scratch file(text);
         long n = 7;
         kl_star *stars = nullptr;
         kl_radec *places = nullptr;
@@ -164,18 +162,22 @@ TEST(StarCatalogue, TellsWhatIsWrongWithAFile)
     }
     long n = 7;
     kl_star *stars = nullptr;
-    for (const char *missing : {"/nowhere/at/all", "/"})
-        expect_bits(missing, error_bits(KL_STAR_CATALOG_FILE_ERR), [&](long *e) {
-            return kl_star_catalog(nullptr, nullptr, missing, &kAll, &none, &frame, &kTai, &time, &n, &stars, nullptr,
-                                   e);
+    const std::string pipe = testing::TempDir() + "kl_stars_pipe_" + std::to_string(getpid()); // without a writer
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string &missing :
+         {std::string("/nowhere/at/all"), std::string("/"), std::string("/dev/zero"), pipe})
+        expect_bits(missing.c_str(), error_bits(KL_STAR_CATALOG_FILE_ERR), [&](long *e) {
+            return kl_star_catalog(nullptr, nullptr, missing.c_str(), &kAll, &none, &frame, &kTai, &time, &n, &stars,
+                                   nullptr, e);
         });
+    std::remove(pipe.c_str());
 }
 
 // Two things wrong at a time: the lower code is told, a line of the file even before what is known without it.
 TEST(StarCatalogue, ConditionsGoByTheirCodes)
 {
-    const TextFile good("KL_STARS 1\n1 5 10 0 0 0 0 0 0.5\n"), bad("KL_STARS 1\n1 5 10 0 0 0 0 0 0.5\n2 5 10\n");
-    const TextFile unknown("Lorem ipsum\n");
+    const Scratch good("KL_STARS 1\n1 5 10 0 0 0 0 0 0.5\n"), bad("KL_STARS 1\n1 5 10 0 0 0 0 0 0.5\n2 5 10\n");
+    const Scratch unknown("Lorem ipsum\n");
     const char *const files[] = {good.name.c_str(), bad.name.c_str(), unknown.name.c_str(), "/nowhere/at/all"};
     enum File { kGood, kBad, kUnknown, kMissing };
     kl_model_id model = {nullptr};
@@ -251,8 +253,8 @@ TEST(StarCatalogue, AWindowHoldsWhatLiesInIt)
 // Right ascensions through 0 h, and what lies on an edge: all of it belongs to the window.
 TEST(StarCatalogue, EdgesBelongToTheWindow)
 {
-    const TextFile grid("KL_STARS 1\n1 1.0 359.9 0 0 0 0 0 0.5\n2 2.0 0 0 0 0 0 0 0.5\n3 3.0 0.1 0 0 0 0 0 0.5\n"
-                        "4 4.0 180 0 0 0 0 0 0.5\n5 5.0 10 90 0 0 0 0 0.5\n6 6.0 10 -90 0 0 0 0 0.5\n");
+    const Scratch grid("KL_STARS 1\n1 1.0 359.9 0 0 0 0 0 0.5\n2 2.0 0 0 0 0 0 0 0.5\n3 3.0 0.1 0 0 0 0 0 0.5\n"
+                       "4 4.0 180 0 0 0 0 0 0.5\n5 5.0 10 90 0 0 0 0 0.5\n6 6.0 10 -90 0 0 0 0 0.5\n");
     const struct {
         const char *name;
         kl_star_window window;
@@ -281,7 +283,7 @@ TEST(StarCatalogue, EdgesBelongToTheWindow)
 // A fast star is found where it is, not where the catalogue has it.
 TEST(StarCatalogue, AConeFollowsTheMotion)
 {
-    const TextFile own("KL_STARS 1\n1 5 10 0 1e6 0 0 0 0.5\n");
+    const Scratch own("KL_STARS 1\n1 5 10 0 1e6 0 0 0 0.5\n");
     const double years = 90.0;
     const double moved =
         10.0 + std::atan(years * 1e6 * 4.84813681109536e-9) * 57.29577951308232; // along a straight line

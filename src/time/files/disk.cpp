@@ -13,16 +13,25 @@ namespace {
 constexpr std::size_t kLargest = std::size_t{64} << 20;
 constexpr std::size_t kEnds = std::size_t{64} << 10; // of a long SP3
 
-class Descriptor {
+class PlainFile {
 public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor()
+    // A pipe without a writer would block an open that waits.
+    explicit PlainFile(const char *name) : number_(name != nullptr ? open(name, O_RDONLY | O_NONBLOCK | O_CLOEXEC) : -1)
+    {
+        struct stat status = {};
+        is_plain_ = number_ >= 0 && fstat(number_, &status) == 0 && S_ISREG(status.st_mode) && status.st_size >= 0;
+        size_ = is_plain_ ? static_cast<std::size_t>(status.st_size) : 0;
+    }
+    ~PlainFile()
     {
         if (number_ >= 0)
             close(number_);
     }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
+    PlainFile(const PlainFile &) = delete;
+    PlainFile &operator=(const PlainFile &) = delete;
+
+    bool is_plain() const { return is_plain_; }
+    std::size_t size() const { return size_; } // when it was opened
 
     // Up to `room` bytes from a place on, fewer at the end of the file; false when they cannot be read.
     bool read(off_t from, char *into, std::size_t room, std::size_t *count) const
@@ -40,14 +49,15 @@ public:
         }
         return true;
     }
-    int number() const { return number_; }
 
 private:
     int number_;
+    bool is_plain_;
+    std::size_t size_;
 };
 
 // Exactly these bytes.
-bool take(const Descriptor &file, std::size_t from, std::size_t length, Buffer<char> *bytes)
+bool take(const PlainFile &file, std::size_t from, std::size_t length, Buffer<char> *bytes)
 {
     const std::size_t had = bytes->size();
     std::size_t count = 0;
@@ -55,26 +65,43 @@ bool take(const Descriptor &file, std::size_t from, std::size_t length, Buffer<c
     return file.read(static_cast<off_t>(from), bytes->begin() + had, length, &count) && count == length;
 }
 
+// All bytes behind those that were taken already.
+DiskFault take_rest(const PlainFile &file, std::size_t largest, Buffer<char> *bytes)
+{
+    if (file.size() > largest)
+        return DiskFault::unreadable;
+    if (!bytes->reserve(file.size() + 1))
+        return DiskFault::no_memory;
+    char beyond = 0;
+    std::size_t grown = 0;
+    const std::size_t had = bytes->size();
+    if (!take(file, had, file.size() - had, bytes) || !file.read(static_cast<off_t>(file.size()), &beyond, 1, &grown)
+        || grown != 0)
+        return DiskFault::unreadable;
+    return DiskFault::none;
+}
+
 } // namespace
+
+DiskFault read_plain_file(const char *name, std::size_t largest, Buffer<char> *bytes)
+{
+    const PlainFile file(name);
+    return file.is_plain() ? take_rest(file, largest, bytes) : DiskFault::unreadable;
+}
 
 DiskFault read_file(const char *name, FileBytes *file)
 {
-    // A pipe without a writer would block an open that waits.
-    const Descriptor descriptor(name != nullptr ? open(name, O_RDONLY | O_NONBLOCK | O_CLOEXEC) : -1);
-    struct stat status = {};
-    if (descriptor.number() < 0 || fstat(descriptor.number(), &status) != 0 || !S_ISREG(status.st_mode)
-        || status.st_size <= 0)
+    const PlainFile plain(name);
+    if (!plain.is_plain() || plain.size() == 0)
         return DiskFault::unreadable;
-    const auto size = static_cast<std::size_t>(status.st_size);
     Buffer<char> &bytes = file->bytes;
-
-    if (size > 2 * kEnds) { // long enough to be shortened, if it is an SP3
+    if (plain.size() > 2 * kEnds) { // long enough to be shortened, if it is an SP3
         if (!bytes.reserve(2 * kEnds))
             return DiskFault::no_memory;
-        if (!take(descriptor, 0, kEnds, &bytes))
+        if (!take(plain, 0, kEnds, &bytes))
             return DiskFault::unreadable;
         if (recognised({bytes.begin(), bytes.size()}) == Format::sp3) {
-            if (!take(descriptor, size - kEnds, kEnds, &bytes))
+            if (!take(plain, plain.size() - kEnds, kEnds, &bytes))
                 return DiskFault::unreadable;
             const std::string_view all(bytes.begin(), bytes.size());
             const std::size_t last_lf = all.substr(0, kEnds).rfind('\n');
@@ -84,17 +111,7 @@ DiskFault read_file(const char *name, FileBytes *file)
             return DiskFault::none;
         }
     }
-    if (size > kLargest)
-        return DiskFault::unreadable;
-    if (!bytes.reserve(size + 1))
-        return DiskFault::no_memory;
-    char beyond = 0;
-    std::size_t grown = 0;
-    const std::size_t had = bytes.size();
-    if (!take(descriptor, had, size - had, &bytes) || !descriptor.read(static_cast<off_t>(size), &beyond, 1, &grown)
-        || grown != 0)
-        return DiskFault::unreadable;
-    return DiskFault::none;
+    return take_rest(plain, kLargest, &bytes);
 }
 
 } // namespace time_files

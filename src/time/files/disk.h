@@ -1,4 +1,5 @@
-// Files of the disk, whole; of a long SP3 only its ends.
+// Files of the disk, whole; of a long SP3 only its ends. Directories, devices and pipes, on which a reader might wait
+// for ever, are refused.
 #ifndef KL_SRC_TIME_FILES_DISK_H
 #define KL_SRC_TIME_FILES_DISK_H
 
@@ -21,8 +22,11 @@ struct FileBytes {
     }
 };
 
-// Regular files of 1 byte to 64 MiB, that keep their size while they are read.
+// Plain files of 1 byte to 64 MiB, that keep their size while they are read.
 DiskFault read_file(const char *name, FileBytes *file);
+
+// All of such a file of at most `largest` bytes, which may be empty.
+DiskFault read_plain_file(const char *name, std::size_t largest, Buffer<char> *bytes);
 
 } // namespace time_files
 
