@@ -55,8 +55,7 @@ struct Instant {
 // A caller's pointers; what is missing becomes a value that the input check refuses.
 Instant instant_of(const long *time_ref, const double *time)
 {
-    return {time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF},
-            time != nullptr ? *time : std::numeric_limits<double>::quiet_NaN()};
+    return {value_or(time_ref, KL_TIME_UNDEF), time != nullptr ? *time : std::numeric_limits<double>::quiet_NaN()};
 }
 
 // Another scale through the time id. `no_time_id` tells why it failed.
@@ -108,10 +107,6 @@ long walk_to_ef(Activation &call, const StepCodes &codes, kl_model_id *model_id,
     }
     return call.status();
 }
-
-} // namespace
-
-namespace {
 
 // ---- the calls for one instant ----
 

@@ -383,23 +383,12 @@ Heading reduced_latitude(const Ellipsoid &e, double lat_deg)
     return {beta.s, std::max(beta.c, kLeastCosine)};
 }
 
-// lon2 - lon1 within half a turn, exactly, as the sum of two numbers.
-struct ExactAngle {
-    double high, low; // deg
-};
-
-ExactAngle two_sum(double a, double b)
+// lon2 - lon1 within half a turn, deg, without rounding.
+Exact<double> longitude_difference(double lon1, double lon2)
 {
-    const double s = a + b;
-    const double of_b = s - a;
-    return {s, (a - (s - of_b)) + (b - of_b)};
-}
-
-ExactAngle longitude_difference(double lon1, double lon2)
-{
-    ExactAngle d = two_sum(lon2, -lon1);
+    Exact<double> d = exact_sum(lon2, -lon1);
     d.high -= 360.0 * std::round(d.high / 360.0);
-    d = two_sum(without_dust(d.high), without_dust(d.low));
+    d = exact_sum(without_dust(d.high), without_dust(d.low));
     if ((d.high == 180.0 && d.low > 0.0) || (d.high == -180.0 && d.low < 0.0))
         d.high = -d.high;
     return d;
@@ -438,7 +427,7 @@ GeodesicLine geodesic_between(const GeodesicSeries &g, double lat1, double lon1,
         std::swap(lat1, lat2);
         std::swap(lon1, lon2);
     }
-    ExactAngle d = longitude_difference(lon1, lon2);
+    Exact<double> d = longitude_difference(lon1, lon2);
     const bool westward = d.high < 0.0 || (d.high == 0.0 && d.low < 0.0);
     if (westward)
         d = {-d.high, -d.low};

@@ -246,11 +246,55 @@ bool is_array(const double *values, const long *count)
     return count != nullptr && (*count == 0 || (*count > 0 && values != nullptr));
 }
 
-// Records a condition that ends the call.
-long refused(Activation &call, int code, const void *value = nullptr)
-{
-    return call.fails(code, value);
-}
+// Points of an array from the packed tables, at most kGeoidPoints at a time: side by side where most of them lie on
+// parallels of their own, else one by one.
+class PackedPoints {
+public:
+    PackedPoints(long max_degree, const double *lat_deg, const double *lon_deg, double *undulation)
+        : max_degree_(max_degree), lat_deg_(lat_deg), lon_deg_(lon_deg), undulation_(undulation),
+          parallel_(widest_geoid_kernel(), max_degree)
+    {
+    }
+
+    // Those from `first` on; refused ones are left over.
+    void compute(long first, long count, LeftOver *left)
+    {
+        long places[kGeoidPoints];
+        long n = 0, n_parallels = 0;
+        double before = ready_deg_;
+        for (long k = 0; k < count; ++k) {
+            const double lat = lat_deg_[first + k];
+            if (wrong_latitude(lat) || wrong_longitude(lon_deg_[first + k])) {
+                left->add(k);
+                continue;
+            }
+            places[n++] = first + k;
+            n_parallels += same_number(lat, before) ? 0 : 1;
+            before = lat;
+        }
+        constexpr long kTooFew = kMostLanes; // half of what go side by side: one by one costs no more
+        if (2 * n_parallels > n && n > kTooFew)
+            scattered(max_degree_, lat_deg_, lon_deg_, places, n, undulation_);
+        else
+            for (long k = 0; k < n; ++k)
+                undulation_[places[k]] = one(lat_deg_[places[k]], lon_deg_[places[k]]);
+    }
+
+private:
+    double one(double lat_deg, double lon_deg)
+    {
+        if (!same_number(lat_deg, ready_deg_))
+            parallel_.go_to(lat_deg);
+        ready_deg_ = lat_deg;
+        return parallel_.at(longitude_radians(lon_deg)) + kZeroDegree;
+    }
+
+    long max_degree_;
+    const double *lat_deg_, *lon_deg_;
+    double *undulation_;
+    PackedParallel parallel_;
+    double ready_deg_ = NAN; // the latitude of parallel_
+};
 
 void packed_grid(long max_degree, const double *lat, long n_lat, const double *lon, long n_lon, double *undulation)
 {
@@ -355,15 +399,15 @@ long geoid_at(const kl_geoid_input *inputs, double *undulation, long *ierr)
     if (inputs == nullptr || undulation == nullptr)
         return KL_ERR;
     if (wrong_degree(inputs->max_degree))
-        return refused(call, KL_GEOID_CALC_DEGREE_ERR, &inputs->max_degree);
+        return call.fails(KL_GEOID_CALC_DEGREE_ERR, &inputs->max_degree);
     if (wrong_latitude(inputs->latitude))
-        return refused(call, KL_GEOID_CALC_LATITUDE_ERR, &inputs->latitude);
+        return call.fails(KL_GEOID_CALC_LATITUDE_ERR, &inputs->latitude);
     if (wrong_longitude(inputs->longitude))
-        return refused(call, KL_GEOID_CALC_LONGITUDE_ERR, &inputs->longitude);
+        return call.fails(KL_GEOID_CALC_LONGITUDE_ERR, &inputs->longitude);
 
     ErrorRecord undu;
     if (undulation_at(*inputs, widest_geoid_kernel(), nullptr, undulation, &undu) != KL_OK)
-        return refused(call, KL_GEOID_CALC_COMPUTATION_ERR);
+        return call.fails(KL_GEOID_CALC_COMPUTATION_ERR);
     return call.status();
 }
 
@@ -379,17 +423,17 @@ long kl_geoid_grid(kl_model_id *model_id, const long *max_degree, const double *
 {
     Activation call(KL_FN_GEOID_CALC, ierr);
     if (max_degree == nullptr || wrong_degree(*max_degree))
-        return refused(call, KL_GEOID_CALC_DEGREE_ERR, max_degree);
+        return call.fails(KL_GEOID_CALC_DEGREE_ERR, max_degree);
     if (!is_array(lat, n_lat))
-        return refused(call, KL_GEOID_CALC_LATITUDE_ERR);
+        return call.fails(KL_GEOID_CALC_LATITUDE_ERR);
     if (!is_array(lon, n_lon))
-        return refused(call, KL_GEOID_CALC_LONGITUDE_ERR);
+        return call.fails(KL_GEOID_CALC_LONGITUDE_ERR);
     const double *bad_lat = std::find_if(lat, lat + *n_lat, wrong_latitude);
     if (bad_lat != lat + *n_lat)
-        return refused(call, KL_GEOID_CALC_LATITUDE_ERR, bad_lat);
+        return call.fails(KL_GEOID_CALC_LATITUDE_ERR, bad_lat);
     const double *bad_lon = std::find_if(lon, lon + *n_lon, wrong_longitude);
     if (bad_lon != lon + *n_lon)
-        return refused(call, KL_GEOID_CALC_LONGITUDE_ERR, bad_lon);
+        return call.fails(KL_GEOID_CALC_LONGITUDE_ERR, bad_lon);
     if (*n_lat == 0 || *n_lon == 0)
         return KL_OK;
     if (undulation == nullptr)
@@ -397,11 +441,11 @@ long kl_geoid_grid(kl_model_id *model_id, const long *max_degree, const double *
 
     const EarthModel &earth = model_blocks(model_id).earth;
     if (!usable(earth, *max_degree))
-        return refused(call, KL_GEOID_CALC_COMPUTATION_ERR);
+        return call.fails(KL_GEOID_CALC_COMPUTATION_ERR);
     if (built_in(earth))
         packed_grid(*max_degree, lat, *n_lat, lon, *n_lon, undulation);
     else if (plain_grid(earth, *max_degree, lat, *n_lat, lon, *n_lon, undulation) != KL_OK)
-        return refused(call, KL_GEOID_CALC_COMPUTATION_ERR);
+        return call.fails(KL_GEOID_CALC_COMPUTATION_ERR);
     return call.status();
 }
 
@@ -415,13 +459,13 @@ long kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitud
     const EarthModel &earth = model_blocks(model_id).earth;
     const bool degree = max_degree != nullptr && !wrong_degree(*max_degree);
     if (!degree)
-        refused(array.call(), KL_GEOID_CALC_DEGREE_ERR, max_degree);
+        array.call().fails(KL_GEOID_CALC_DEGREE_ERR, max_degree);
     else if (latitude == nullptr)
-        refused(array.call(), KL_GEOID_CALC_LATITUDE_ERR);
+        array.call().fails(KL_GEOID_CALC_LATITUDE_ERR);
     else if (longitude == nullptr)
-        refused(array.call(), KL_GEOID_CALC_LONGITUDE_ERR);
+        array.call().fails(KL_GEOID_CALC_LONGITUDE_ERR);
     else if (undulation != nullptr && !usable(earth, *max_degree))
-        refused(array.call(), KL_GEOID_CALC_COMPUTATION_ERR);
+        array.call().fails(KL_GEOID_CALC_COMPUTATION_ERR);
     if (!degree || latitude == nullptr || longitude == nullptr || undulation == nullptr || !usable(earth, *max_degree))
         return array.refuse(fail);
 
@@ -429,41 +473,11 @@ long kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitud
         const kl_geoid_input point = {model_id, latitude[i], longitude[i], 0.0, *max_degree};
         return geoid_at(&point, undulation + i, word);
     };
-    PackedParallel parallel(widest_geoid_kernel(), *max_degree);
-    double on = NAN; // the parallel that stands ready
+    PackedPoints points(*max_degree, latitude, longitude, undulation);
     return array.each<kGeoidPoints>(one, fail, [&](long first, long count, LeftOver &left) {
         if (!built_in(earth))
             return false;
-        // Points that need a new parallel, and all that count.
-        long places[kBlock];
-        long n_places = 0, n_parallels = 0;
-        double before = on;
-        for (long k = 0; k < count; ++k) {
-            const double lat = latitude[first + k];
-            if (wrong_latitude(lat) || wrong_longitude(longitude[first + k]) || lat == kNoLegendreLatitude) {
-                left.add(k);
-                continue;
-            }
-            places[n_places++] = first + k;
-            n_parallels += bits_of(lat) != bits_of(before) ? 1 : 0; // zeros of either sign too
-            before = lat;
-        }
-        long done = 0;
-        constexpr long kFull = 2 * kMostLanes; // points side by side; half as many would cost as much one by one
-        if (2 * n_parallels > n_places)
-            while (n_places - done > kFull / 2) {
-                const long now = n_places - done < kGeoidPoints ? n_places - done : long{kGeoidPoints};
-                scattered(*max_degree, latitude, longitude, places + done, now, undulation);
-                done += now;
-            }
-        for (; done < n_places; ++done) {
-            const double lat = latitude[places[done]];
-            const double lambda = longitude_radians(longitude[places[done]]);
-            if (bits_of(lat) != bits_of(on))
-                parallel.go_to(lat);
-            on = lat;
-            undulation[places[done]] = parallel.at(lambda) + kZeroDegree;
-        }
+        points.compute(first, count, &left);
         return true;
     });
 }

@@ -16,6 +16,9 @@
 
 #include <cstring>
 
+// Sectoral functions below this are worth less than 1e-100 m: left out before they get subnormal, which would be slow.
+constexpr double kNegligibleSectoral = 1e-130;
+
 struct GeoidSums {
     alignas(64) double cosine[kEgm96Blocks * kEgm96Lanes];
     alignas(64) double sine[kEgm96Blocks * kEgm96Lanes];
@@ -44,9 +47,6 @@ GeoidKernel widest_geoid_kernel();
 #ifdef KL_GEOID_VECTOR_BYTES // the translation units of the kernels: one vector width each
 // Everything below has internal linkage: compiled for wider machines, it must not serve another translation unit.
 namespace {
-
-// What is below this is worth less than 1e-100 m; left out before it gets subnormal, which would be slow.
-constexpr double kNegligibleSectoral = 1e-130;
 
 using Vector = double __attribute__((vector_size(KL_GEOID_VECTOR_BYTES)));
 constexpr long kWidth = KL_GEOID_VECTOR_BYTES / sizeof(double);

@@ -1,6 +1,6 @@
 #include "earth/geoid_points.h"
 
-#include "earth/egm96_layout.h"
+#include "earth/geoid_kernel.h"
 #include "numbers/pack.h"
 
 #include <type_traits>
@@ -9,9 +9,6 @@
 namespace KL_KERNELS {
 
 namespace {
-
-// As in geoid_kernel.h: worth less than 1e-100 m.
-constexpr double kNegligibleSectoral = 1e-130;
 
 // Degrees that are gone through for all points and orders of a block before the next ones: they stay in the first-level
 // cache. The first chunk has degree 0 besides: so all that follows an even order goes by pairs.

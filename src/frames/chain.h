@@ -142,7 +142,7 @@ constexpr Ways shortest_ways()
                     ways.first[at][goal] = static_cast<std::int8_t>(code);
     // Where there is nowhere to go: towards the geocentre, and away from it.
     for (int at = 1; at < kFrames; ++at)
-        ways.first[at][at] = at == KL_GM2000 ? std::int8_t{6} : ways.first[at][KL_GM2000];
+        ways.first[at][at] = at == KL_GM2000 ? ways.first[KL_GM2000][KL_MOD] : ways.first[at][KL_GM2000];
     return ways;
 }
 constexpr Ways kWays = shortest_ways();

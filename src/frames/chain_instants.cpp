@@ -41,7 +41,7 @@ ChainInstants::ChainInstants(TimeIdRecord *id, long ref, bool with_tdb, bool wit
     block_.ref = ref;
     block_.with_tdb = with_tdb;
     block_.with_tdb_of_earth = with_tdb_of_earth;
-    block_.with_pole = with_pole_ && correlation_.row_pole != nullptr && !is_explicit(correlation_);
+    block_.pole_between_rows = with_pole_ && correlation_.row_pole != nullptr && !is_explicit(correlation_);
     if (is_explicit(correlation_)) {
         constant_[0] = constant_[1] = correlation_.rows[0];
         constant_[0].tai = constant_[0].ut1 = constant_[0].utc = -kFarDays;
@@ -73,12 +73,12 @@ void ChainInstants::find_rows()
             for (long k = 0; k < count; ++k) {
                 const kl_time_row *row = row_at(block_.days[k], column);
                 block_.row[k] = &row->tai;
-                if (block_.with_pole)
+                if (block_.pole_between_rows)
                     block_.row_pole[k] = row != kNoRow ? correlation_.row_pole[row - correlation_.rows] : kNoPole[0];
             }
         });
     std::fill(block_.row + count, block_.row + padded(count), block_.row[count - 1]);
-    if (block_.with_pole)
+    if (block_.pole_between_rows)
         std::fill(block_.row_pole + count, block_.row_pole + padded(count), block_.row_pole[count - 1]);
     pad(block_.days, count);
 }
@@ -115,14 +115,14 @@ bool ChainInstants::fill()
     find_rows();
     std::uint64_t left = 0;
     scales_of_instants_kernel()(&block_, &left);
-    if (left == 0 && with_pole_ == block_.with_pole)
+    if (left == 0 && with_pole_ == block_.pole_between_rows)
         return true;
 
     for (long k = 0; k < count; ++k) {
         const bool alone = (left >> k & 1) != 0;
         if (alone && !fill_one(k))
             return false;
-        if (with_pole_ && (alone || !block_.with_pole)) {
+        if (with_pole_ && (alone || !block_.pole_between_rows)) {
             const Pole pole = pole_at(correlation_, block_.ut1[k]);
             block_.pole[0][k] = pole.x;
             block_.pole[1][k] = pole.y;

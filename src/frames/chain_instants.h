@@ -1,11 +1,11 @@
-// The instants of a block of an array call, on the scales that the chain and the bodies take.
+// The instants of an array call, block by block, on the scales that the chain and the bodies take.
 #ifndef KL_SRC_FRAMES_CHAIN_INSTANTS_H
 #define KL_SRC_FRAMES_CHAIN_INSTANTS_H
 
 #include "frames/instant_kernels.h"
 #include "time/staircase.h"
 
-// Those of an array call: by packs where they stay inside their rows of the correlation, else one by one.
+// By packs where the instants stay inside their rows of the correlation, else one by one.
 class ChainInstants {
 public:
     ChainInstants(TimeIdRecord *id, long ref, bool with_tdb, bool with_tdb_of_earth, bool with_pole);
@@ -25,8 +25,8 @@ private:
     TimeIdRecord *id_;
     const Correlation &correlation_;
     bool with_pole_;
-    kl_time_row constant_[2];           // of explicit values, which hold at every instant
-    const kl_time_row *last_ = nullptr; // of the instant before
+    kl_time_row constant_[2];           // a row for every instant, where the correlation is explicit values
+    const kl_time_row *last_ = nullptr; // the row of the instant before
     InstantBlock block_;
 };
 

@@ -121,7 +121,7 @@ void list_places(const double *time, long count, LeftOver *left, long *place, In
     block->count = n;
 }
 
-// An array call. Its blocks are false where the elements have to go one by one.
+// Carries the blocks of an array call; false where the elements have to go one by one.
 struct Changes {
     Way &way;
     ChainInstants instants;

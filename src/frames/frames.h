@@ -17,7 +17,7 @@ constexpr double KL_J2000_DAYS = 0.5;               // J2000.0 in days since 200
 constexpr double KL_MEAN_OBLIQUITY_DEG = 23.439291; // fixed, on purpose: the chain is tuned to it
 constexpr double KL_MEAN_OBLIQUITY_SINE = 0x1.9752e4f0ba151p-2, KL_MEAN_OBLIQUITY_COSINE = 0x1.d5c0357d223dep-1;
 
-// The records of numbers are the same for all instruction sets.
+// ---- records, the same for all instruction sets ----
 
 // A rotation by an angle about one axis, with the angle's rates: every edge of the chain is a few of these. Acting on
 // a state directly they cost a tenth of what 3x3 matrices with derivatives do.

@@ -7,7 +7,7 @@
 
 inline namespace KL_SET {
 
-// A row of each lane's own, and the one behind it: the columns of kl_time_row.
+// For each lane its row of the correlation and the next one, by the columns of kl_time_row.
 enum RowColumn { kTai, kUt1, kUtc, kTaiUtc, kTaiUt1, kTaiGps, kRowColumns };
 static_assert(sizeof(kl_time_row) == kRowColumns * sizeof(double));
 struct RowsOfPack {
@@ -90,7 +90,7 @@ Mask<kLanes> scales_of_pack(InstantBlock *block, long i)
         store(tdb_of(days_of(back.moment)), block->tdb_of_earth + i);
         good &= back.good;
     }
-    if (block->with_pole)
+    if (block->pole_between_rows)
         good &= pole_between(rows, ut1, block, i);
     return good;
 }

@@ -8,16 +8,16 @@
 
 #include <cstdint>
 
-// Instants of the processing range, `count` of them and each array padded to whole packs.
+// `count` instants of the processing range; each array is padded to whole packs.
 struct InstantBlock {
     long ref;               // their scale
     bool with_tdb;          // for the places of bodies
     bool with_tdb_of_earth; // by way of UT1, for the place of the Earth
-    bool with_pole;         // between rows
+    bool pole_between_rows; // the pole too, on the line between the poles of two rows
     long count;
     double days[kBlock];
-    const double *row[kBlock]; // of each in the correlation: a kl_time_row, and the next one behind it
-    const double *row_pole[kBlock];
+    const double *row[kBlock];      // the row of each in the correlation, a kl_time_row; the next one lies behind it
+    const double *row_pole[kBlock]; // the pole of that row, likewise
     // What comes out: days, rad, rad/s.
     double ut1[kBlock], tdb[kBlock], tdb_of_earth[kBlock];
     double pole[4][kBlock]; // x, y and their rates
@@ -35,7 +35,7 @@ inline PoleOf<Lanes> pole_of_pack(const InstantBlock &at, bool has_pole, long i)
 
 } // namespace KL_SET
 
-// `left` gets a bit for each instant that leaves its row on some scale: nothing is said of these.
+// `left` gets a bit for each instant that leaves its row on some scale: what is written for it means nothing.
 KL_KERNEL(scales_of_instants, (InstantBlock * block, std::uint64_t *left));
 
 #endif

@@ -1,9 +1,9 @@
 // Elementary functions of a number or a pack of numbers: the same bits on every machine, which those of the mathematics
 // library are not, since it picks its instructions at run time.
 //
-// Errors are the largest that sweeps against 113 bits found, in units of the last place of the result.
-// Not so sines and cosines: their absolute error holds, 1.82e-16 up to 1e8 rad. Where they vanish, their last places
-// are lost with the turns that come off (67 units at 16 turns, 1900 at 1e8 rad).
+// The errors told are the largest that sweeps against 113 bits found, in units of the last place of the result. Sines
+// and cosines have a bound of their absolute error instead, 1.82e-16 up to 1e8 rad: near their zeros the last places
+// are lost when whole turns are taken off (67 units at 16 turns, 1900 at 1e8 rad).
 #ifndef KL_SRC_NUMBERS_ELEMENTARY_H
 #define KL_SRC_NUMBERS_ELEMENTARY_H
 
@@ -12,6 +12,8 @@
 #include <cstddef>
 
 inline namespace KL_SET {
+
+constexpr double KL_LARGEST_NUMBER = 0x1.fffffffffffffp+1023; // below infinity
 
 // sin_cos for angles of any size.
 template <class T, std::size_t N>
@@ -100,7 +102,8 @@ T arc_tangent_of_sides(T across, T along, T y, T x)
     return copysign(high_part + (low_part + rest), y);
 }
 
-// Of one number what belongs to the sixteenth of a turn is looked up: branches on directions are guessed wrong.
+// For one number what depends on the sixteenth of a turn is looked up: a processor guesses branches on directions
+// wrong.
 struct SixteenthOfTurn {
     double high_part, low_part, sign, folded;
 };
@@ -134,7 +137,7 @@ arc_tangent_of_sides(double across, double along, double y, double x)
 inline double arc_tangent_of_any(double y, double x)
 {
     const double longer = greater(fabs(y), fabs(x));
-    if (!(longer > 0.0 && longer <= 0x1.fffffffffffffp+1023) || !(y == y && x == x))
+    if (!(longer > 0.0 && longer <= KL_LARGEST_NUMBER) || !(y == y && x == x))
         return ::atan2(y, x); // exact multiples of an eighth of a turn, or NaN
     const double scale = longer < 1.0 ? 0x1p500 : 0x1p-500;
     return arc_tangent_of_sides(fabs(y) * scale, fabs(x) * scale, y, x);
@@ -213,7 +216,7 @@ T hypotenuse_of_ordinary(T x, T y)
 inline double hypotenuse_of_any(double x, double y)
 {
     const double longer = greater(fabs(x), fabs(y));
-    if (longer > 0x1.fffffffffffffp+1023 || fabs(x) > 0x1.fffffffffffffp+1023)
+    if (longer > KL_LARGEST_NUMBER || fabs(x) > KL_LARGEST_NUMBER)
         return HUGE_VAL;
     if (!(x == x && y == y))
         return x + y;
@@ -262,7 +265,7 @@ template <class T>
 T cube_root(T x)
 {
     const T size = fabs(x);
-    const auto ordinary = (size > 0.0) & (size <= 0x1.fffffffffffffp+1023);
+    const auto ordinary = (size > 0.0) & (size <= KL_LARGEST_NUMBER);
     const Split<T> parts = split(select(ordinary, size, 1.0), 1.0);
     const T third = floor((parts.exponent + 0.5) / 3.0);
     const T left = parts.exponent - 3.0 * third;
@@ -319,7 +322,7 @@ T log_of(T high, T low, double twos)
 template <class T>
 T natural_log(T x)
 {
-    const auto ordinary = (x > 0.0) & (x <= 0x1.fffffffffffffp+1023);
+    const auto ordinary = (x > 0.0) & (x <= KL_LARGEST_NUMBER);
     const T log = log_of(select(ordinary, x, 1.0), T(0.0), 0.0);
     return select(ordinary, log, select(x == 0.0, -HUGE_VAL, select(x < 0.0, T(NAN), x)));
 }
@@ -328,7 +331,7 @@ T natural_log(T x)
 template <class T>
 T log_of_one_plus(T x)
 {
-    const auto ordinary = (x > -1.0) & (x <= 0x1.fffffffffffffp+1023);
+    const auto ordinary = (x > -1.0) & (x <= KL_LARGEST_NUMBER);
     const Exact<T> sum = exact_sum(T(1.0), select(ordinary, x, 0.0));
     const T log = log_of(sum.high, sum.low, 0.0);
     const T at_ends = select(x == -1.0, -HUGE_VAL, select(x < -1.0, T(NAN), x));
@@ -427,7 +430,7 @@ T arc_hyperbolic_sine(T x)
     const Exact<T> excess = exact_sum(a, rest); // asinh a = log(1 + excess)
     const Exact<T> sum = exact_sum(T(1.0), excess.high);
     const T near = log_of(sum.high, sum.low + excess.low, 0.0);
-    const auto finite = size <= 0x1.fffffffffffffp+1023;
+    const auto finite = size <= KL_LARGEST_NUMBER;
     const T far = select(finite, log_of(select(large & finite, size, 1.0), T(0.0), 1.0), size);
     return copysign(select(large | !finite, far, near), x);
 }

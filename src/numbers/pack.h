@@ -4,7 +4,7 @@
 //     template <class T> T parabola(T x) { return select(x > 0.0, x * x, T(0.0)); }
 //
 // A condition is a bool for double and a mask for packs: joined by & | !, asked by any() and all(), used by select(),
-// which computes both sides. What few lanes need, and would cost all of them, goes to in_lanes().
+// which computes both sides. What only a few lanes need is done for these alone, by in_lanes().
 //
 // The same header is compiled for several instruction sets. Everything that a kernel uses therefore lives in an inline
 // namespace that carries the set's name: the linker must never put one set's function in the place of another's.

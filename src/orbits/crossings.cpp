@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int kBlock = 64; // instants asked for at once on the grid
+constexpr int kAtOnce = 64; // instants of the grid that the function is asked for in one call
 
 struct Sample {
     double t, f;
@@ -17,7 +17,8 @@ class Grid {
 public:
     explicit Grid(const CrossingSearch &search) : search_(search)
     {
-        const double steps = std::ceil((search.stop - search.start) / search.step * (1.0 - 1e-12));
+        constexpr double kWhole = 1.0 - 1e-12; // a whole number of steps stays one, whatever rounding made of it
+        const double steps = std::ceil((search.stop - search.start) / search.step * kWhole);
         last_ = std::max(1.0, steps);
     }
     double last() const { return last_; }
@@ -39,9 +40,9 @@ private:
         std::copy(samples_ + (count_ - kept), samples_ + count_, samples_);
         first_ += count_ - kept;
         count_ = kept;
-        double times[kBlock], values[kBlock];
+        double times[kAtOnce], values[kAtOnce];
         long n = 0;
-        for (; n < kBlock && first_ + count_ + static_cast<double>(n) <= last_; ++n) {
+        for (; n < kAtOnce && first_ + count_ + static_cast<double>(n) <= last_; ++n) {
             const double i = first_ + count_ + static_cast<double>(n);
             times[n] = i < last_ ? search_.start + i * search_.step : search_.stop;
         }
@@ -59,7 +60,7 @@ private:
     double last_;
     double first_ = 0.0; // index of samples_[0]
     int count_ = 0;
-    Sample samples_[kBlock + 3];
+    Sample samples_[kAtOnce + 3];
 };
 
 class Finder {

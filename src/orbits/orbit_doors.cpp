@@ -331,7 +331,7 @@ long kl_orbit_sun(kl_model_id *model_id, kl_time_id *time_id, const long *cs, co
 {
     if (ierr != nullptr)
         ierr[0] = 0;
-    const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
     if (checked_instant(ref, time) || !is_frame_of_states(cs))
         return KL_ERR;
     return orbit_sun(model_id, time_id, *cs, ref, *time, pos, vel, out);
@@ -477,7 +477,7 @@ long kl_position_on_orbit_n(kl_model_id *model_id, kl_time_id *time_id, const lo
         return array.result();
     const auto fail = fails_in(out);
     constexpr double kInRange = 0.0;
-    const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
     if (refuses_instant(array.call(), kInstant, ref, time != nullptr ? &kInRange : nullptr))
         return array.refuse(fail);
     if (!is_mode(calc_mode)) {
@@ -538,7 +538,7 @@ long kl_orbit_sun_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, c
         return array.result();
     const auto fail = fails_in(out);
     constexpr double kInRange = 0.0;
-    const long ref = time_ref != nullptr ? *time_ref : long{KL_TIME_UNDEF};
+    const long ref = value_or(time_ref, KL_TIME_UNDEF);
     if (checked_instant(ref, time != nullptr ? &kInRange : nullptr) || !is_frame_of_states(cs) || pos == nullptr
         || vel == nullptr || out == nullptr)
         return array.refuse(fail);

@@ -56,11 +56,10 @@ mask_of<T> in_range(const StarOf<T> &star)
     constexpr double kSpeed = 3e5;   // km/s
     constexpr double kYear1750 = -91312.5;
     constexpr double kYear2300 = 109573.5;
-    constexpr double kLargest = 0x1.fffffffffffffp+1023;
     return (fabs(star.ra) <= 360.0) & (fabs(star.dec) <= 90.0) & (fabs(star.pm_ra) <= kFastest)
            & (fabs(star.pm_dec) <= kFastest) & (fabs(star.parallax) <= kNearest)
            & (fabs(star.radial_velocity) <= kSpeed) & (kYear1750 <= star.epoch) & (star.epoch <= kYear2300)
-           & (fabs(star.magnitude) <= kLargest);
+           & (fabs(star.magnitude) <= KL_LARGEST_NUMBER);
 }
 
 template <class T>
