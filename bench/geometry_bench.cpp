@@ -1,5 +1,5 @@
-// Roots, lines of sight and eclipses; beside them the eigenvalues of the companion matrix, as most libraries take
-// roots.
+// Roots, lines of sight and eclipses, each by the kernel that other libraries of the family call and by its public
+// door; beside them the eigenvalues of the companion matrix, as most libraries take roots.
 #include "kl_family.h"
 #include "kl_lib.h"
 
@@ -50,18 +50,29 @@ std::vector<double> polynomials(int order)
     return out;
 }
 
-void roots(benchmark::State &state, long order)
+template <class Call>
+void each_polynomial(benchmark::State &state, long order, Call call)
 {
     const std::vector<double> c = polynomials(static_cast<int>(order));
     Turns turns;
     double found[4];
     for (auto _ : state) {
-        long n = 0;
-        if (kl_poly_real_roots(&order, &c[turns.next() * static_cast<std::size_t>(order + 1)], found, &n, nullptr)
-            != KL_OK)
+        if (call(&c[turns.next() * static_cast<std::size_t>(order + 1)], found) == KL_ERR)
             state.SkipWithError("refused");
         benchmark::DoNotOptimize(found);
     }
+}
+
+void roots_by_kernel(benchmark::State &state, long order)
+{
+    each_polynomial(state, order, [&](const double *c, double *found) { return KL_Poly_real_roots(order, c, found); });
+}
+
+void roots(benchmark::State &state, long order)
+{
+    long n = 0;
+    each_polynomial(state, order,
+                    [&](const double *c, double *found) { return kl_poly_real_roots(&order, c, found, &n, nullptr); });
 }
 
 template <int order>
@@ -116,8 +127,18 @@ void each_sight(benchmark::State &state, const std::vector<Sight> &all, Call cal
 {
     Turns turns;
     for (auto _ : state)
-        if (call(all[turns.next()]) != KL_OK)
+        if (call(all[turns.next()]) == KL_ERR)
             state.SkipWithError("refused");
+}
+
+void ray_ellipsoid_by_kernel(benchmark::State &state)
+{
+    double t[2];
+    each_sight(state, sights(-5e5, 1e5), [&](const Sight &s) {
+        const long n = KL_Ray_ellipsoid(nullptr, s.pos, s.dir, 0.0, t);
+        benchmark::DoNotOptimize(t);
+        return n;
+    });
 }
 
 void ray_ellipsoid(benchmark::State &state)
@@ -132,6 +153,16 @@ void ray_ellipsoid(benchmark::State &state)
     });
 }
 
+void ray_height_by_kernel(benchmark::State &state)
+{
+    double t[2];
+    each_sight(state, sights(-5e5, 1e5), [&](const Sight &s) {
+        const long n = KL_Ray_height(nullptr, s.pos, s.dir, 1e5, t);
+        benchmark::DoNotOptimize(t);
+        return n;
+    });
+}
+
 void ray_height(benchmark::State &state)
 {
     const double height = 1e5;
@@ -141,6 +172,17 @@ void ray_height(benchmark::State &state)
         const long status = kl_ray_height(nullptr, s.pos, s.dir, &height, t, &n, nullptr);
         benchmark::DoNotOptimize(t);
         return status;
+    });
+}
+
+void ray_tangent_by_kernel(benchmark::State &state)
+{
+    double t = 0.0, point[3];
+    kl_geodetic geodetic;
+    each_sight(state, sights(0.0, 3e5), [&](const Sight &s) {
+        const long meets = KL_Ray_tangent(nullptr, s.pos, s.dir, &t, point, &geodetic);
+        benchmark::DoNotOptimize(geodetic);
+        return meets;
     });
 }
 
@@ -199,15 +241,21 @@ void eclipse_at_date(benchmark::State &state, long light_time, bool own_instants
     kl_time_close(&id, nullptr);
 }
 
-BENCHMARK_CAPTURE(roots, two, 2)->Name("kl_poly_real_roots, order 2");
-BENCHMARK(roots_by_eigenvalues<2>)->Name("kl_poly_real_roots, order 2/rival Eigen PolynomialSolver");
-BENCHMARK_CAPTURE(roots, three, 3)->Name("kl_poly_real_roots, order 3");
-BENCHMARK(roots_by_eigenvalues<3>)->Name("kl_poly_real_roots, order 3/rival Eigen PolynomialSolver");
-BENCHMARK_CAPTURE(roots, four, 4)->Name("kl_poly_real_roots, order 4");
-BENCHMARK(roots_by_eigenvalues<4>)->Name("kl_poly_real_roots, order 4/rival Eigen PolynomialSolver");
-BENCHMARK(ray_ellipsoid)->Name("kl_ray_ellipsoid");
-BENCHMARK(ray_height)->Name("kl_ray_height");
-BENCHMARK(ray_tangent)->Name("kl_ray_tangent");
+BENCHMARK_CAPTURE(roots_by_kernel, two, 2)->Name("KL_Poly_real_roots, order 2 (kernel)");
+BENCHMARK_CAPTURE(roots, two, 2)->Name("kl_poly_real_roots, order 2 (door)");
+BENCHMARK(roots_by_eigenvalues<2>)->Name("kl_poly_real_roots, order 2 (door)/rival Eigen PolynomialSolver");
+BENCHMARK_CAPTURE(roots_by_kernel, three, 3)->Name("KL_Poly_real_roots, order 3 (kernel)");
+BENCHMARK_CAPTURE(roots, three, 3)->Name("kl_poly_real_roots, order 3 (door)");
+BENCHMARK(roots_by_eigenvalues<3>)->Name("kl_poly_real_roots, order 3 (door)/rival Eigen PolynomialSolver");
+BENCHMARK_CAPTURE(roots_by_kernel, four, 4)->Name("KL_Poly_real_roots, order 4 (kernel)");
+BENCHMARK_CAPTURE(roots, four, 4)->Name("kl_poly_real_roots, order 4 (door)");
+BENCHMARK(roots_by_eigenvalues<4>)->Name("kl_poly_real_roots, order 4 (door)/rival Eigen PolynomialSolver");
+BENCHMARK(ray_ellipsoid_by_kernel)->Name("KL_Ray_ellipsoid (kernel)");
+BENCHMARK(ray_ellipsoid)->Name("kl_ray_ellipsoid (door)");
+BENCHMARK(ray_height_by_kernel)->Name("KL_Ray_height (kernel)");
+BENCHMARK(ray_height)->Name("kl_ray_height (door)");
+BENCHMARK(ray_tangent_by_kernel)->Name("KL_Ray_tangent (kernel)");
+BENCHMARK(ray_tangent)->Name("kl_ray_tangent (door)");
 BENCHMARK(eclipse)->Name("KL_Eclipse");
 BENCHMARK_CAPTURE(eclipse_at_date, own, 0, true)->Name("kl_eclipse_n, own instants");
 BENCHMARK_CAPTURE(eclipse_at_date, light, 1, true)->Name("kl_eclipse_n, own instants and light time");

@@ -6,6 +6,7 @@
 #define KL_SRC_EARTH_ELLIPSOID_H
 
 #include "models/model_record.h"
+#include "numbers/constants.h"
 #include "numbers/pack.h"
 
 #include <cmath>
@@ -37,6 +38,13 @@ inline Ellipsoid ellipsoid_of_constants(double a, double f)
 inline Ellipsoid ellipsoid_of(const EarthModel &earth)
 {
     return ellipsoid_of_constants(earth.semi_major_axis, earth.flattening);
+}
+
+// a/b; that of the Earth's own ellipsoid is divided beforehand.
+inline double stretch_of(double flattening)
+{
+    constexpr double kOfTheEarth = 1.0 / (1.0 - KL_EARTH_FLATTENING);
+    return flattening == KL_EARTH_FLATTENING ? kOfTheEarth : 1.0 / (1.0 - flattening);
 }
 
 // Across and along the meridian, m, at the latitude of this sine.

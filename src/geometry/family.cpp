@@ -1,7 +1,6 @@
 // The geometry that the higher libraries call: plain doubles, no error record.
 #include "geometry/ellipses.h"
-#include "geometry/rays.h"
-#include "geometry/roots.h"
+#include "geometry/ray_doors.h"
 #include "kl_family.h"
 #include "numbers/elementary.h"
 #include "numbers/numbers.h"
@@ -23,18 +22,12 @@ bool set_up(const kl_model_id *model_id, const double *pos, const double *dir, E
 
 long KL_Poly_real_roots(long order, const double *c, double *roots)
 {
-    return c != nullptr && roots != nullptr ? real_roots(order, c, roots) : kBad;
+    return roots_found(order, c, roots);
 }
 
 long KL_Ray_ellipsoid(const kl_model_id *model_id, const double pos[3], const double dir[3], double margin, double t[2])
 {
-    if (t == nullptr || pos == nullptr || dir == nullptr)
-        return kBad;
-    const EarthModel &earth = model_blocks(model_id).earth;
-    const double a = earth.semi_major_axis + margin;
-    if (!(earth.semi_major_axis > 0.0 && a > 0.0 && a < HUGE_VAL))
-        return kBad;
-    return line_meets_axes(a, 1.0 - earth.flattening, pos, dir, t);
+    return points_on_ellipsoid(model_id, pos, dir, margin, t);
 }
 
 long KL_Ray_height(const kl_model_id *model_id, const double pos[3], const double dir[3], double height, double t[2])

@@ -2,7 +2,29 @@
 #ifndef KL_SRC_GEOMETRY_RAY_DOORS_H
 #define KL_SRC_GEOMETRY_RAY_DOORS_H
 
+#include "geometry/rays.h"
+#include "geometry/roots.h"
 #include "kl_family.h"
+
+// The short ones in full: a call of its own would cost a fifth of them.
+
+// Their number, or -1.
+inline long roots_found(long order, const double *c, double *roots)
+{
+    return c != nullptr && roots != nullptr ? real_roots(order, c, roots) : -1;
+}
+
+inline long points_on_ellipsoid(const kl_model_id *model_id, const double *pos, const double *dir, double margin,
+                                double *t)
+{
+    if (t == nullptr || pos == nullptr || dir == nullptr)
+        return -1;
+    const EarthModel &earth = model_blocks(model_id).earth;
+    const double a = earth.semi_major_axis + margin;
+    if (!(earth.semi_major_axis > 0.0 && a > 0.0 && a < HUGE_VAL))
+        return -1;
+    return line_meets_axes(a, stretch_of(earth.flattening), pos, dir, t);
+}
 
 // A number of roots or points, or -1.
 inline long store_number(long found, long *n)
@@ -15,13 +37,13 @@ inline long store_number(long found, long *n)
 
 inline long roots_of_one(const long *order, const double *c, double *roots, long *n)
 {
-    return order != nullptr && n != nullptr ? store_number(KL_Poly_real_roots(*order, c, roots), n) : long{KL_ERR};
+    return order != nullptr && n != nullptr ? store_number(roots_found(*order, c, roots), n) : long{KL_ERR};
 }
 
 inline long ray_ellipsoid_of_one(const kl_model_id *model_id, const double *pos, const double *dir,
                                  const double *margin, double *t, long *n)
 {
-    return n != nullptr && margin != nullptr ? store_number(KL_Ray_ellipsoid(model_id, pos, dir, *margin, t), n)
+    return n != nullptr && margin != nullptr ? store_number(points_on_ellipsoid(model_id, pos, dir, *margin, t), n)
                                              : long{KL_ERR};
 }
 

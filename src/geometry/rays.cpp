@@ -8,7 +8,6 @@
 namespace {
 
 constexpr double kFarthest = 1e75; // m: the fourth power of a length is a number
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 template <class T>
 Foot<T> foot_of_any(const Ellipsoid &ellipsoid, const T &p, const T &q)
@@ -125,22 +124,21 @@ long points_of(const Chord<double> &chord, double length, double t[2])
 {
     const double half = std::sqrt(chord.square) * length; // NaN where the ray passes by
     const double middle = chord.middle * length;
-    t[0] = select(half >= 0.0, middle - half, kNone);
-    t[1] = select(half > 0.0, middle + half, kNone);
+    t[0] = select(half >= 0.0, middle - half, kNoPoint);
+    t[1] = select(half > 0.0, middle + half, kNoPoint);
     return (half >= 0.0) + (half > 0.0);
 }
 
 } // namespace
 
-long line_meets_axes(double a, double k, const double pos[3], const double dir[3], double t[2])
+long any_line_meets_axes(double a, double stretch, const double pos[3], const double dir[3], double t[2])
 {
-    constexpr double kLarge = 0x1p800;
     const double square = dot3(dir, dir);
     // Neither not finite nor so large or small that squares leave the range: no need to ask each component.
-    if (square < kLarge && square > 1.0 / kLarge && dot3(pos, pos) < kLarge)
-        return points_of(chord_of(a, k, pos, dir), std::sqrt(square), t);
+    if (square < kLargeSquare && square > 1.0 / kLargeSquare && dot3(pos, pos) < kLargeSquare)
+        return points_of(chord_of(a, stretch, pos, dir), std::sqrt(square), t);
     Ray ray;
-    return make_ray(pos, dir, &ray) ? points_of(chord_of(a, k, ray.pos, ray.dir), 1.0, t) : -1;
+    return make_ray(pos, dir, &ray) ? points_of(chord_of(a, stretch, ray.pos, ray.dir), 1.0, t) : -1;
 }
 
 // A surface of constant height is no ellipsoid: the one with both axes so much longer is up to 0.21 m off at 150 km. It
@@ -151,10 +149,11 @@ long ray_meets_height(const Ellipsoid &ellipsoid, const Ray &ray, double height,
     const double a = ellipsoid.a + height;
     const double b = ellipsoid.b + height;
     double start[2];
-    if (points_of(chord_of(a, b / a, ray.pos, ray.dir), 1.0, start) == 0) { // a grazing ray may reach it all the same
+    const Chord<double> chord = chord_of(a, 1.0 / (b / a), ray.pos, ray.dir);
+    if (points_of(chord, 1.0, start) == 0) { // a grazing ray may reach it all the same
         LowestPoint lowest;
         if (!lowest_point(ellipsoid, ray, &lowest)) {
-            t[0] = t[1] = kNone;
+            t[0] = t[1] = kNoPoint;
             return 0;
         }
         start[0] = start[1] = lowest.t;
@@ -168,13 +167,13 @@ long ray_meets_height(const Ellipsoid &ellipsoid, const Ray &ray, double height,
         reached = step_to_height(ellipsoid, ray, height, load<Pair>(sides), &at);
     store(at, start);
     if (!all(reached) || !std::isfinite(start[0]) || !std::isfinite(start[1])) {
-        t[0] = t[1] = kNone;
+        t[0] = t[1] = kNoPoint;
         return 0;
     }
     t[0] = start[0];
     t[1] = start[1];
     if (!(t[0] < t[1])) {
-        t[1] = kNone;
+        t[1] = kNoPoint;
         return 1;
     }
     return 2;

@@ -2,6 +2,8 @@
 // the line into pieces on which the polynomial is monotone; a piece whose ends differ in sign holds one root.
 #include "geometry/roots.h"
 
+#include "numbers/elementary.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -48,42 +50,6 @@ int sign_of(const Value &value)
     return std::fabs(value.p) <= value.noise ? 0 : value.p > 0.0 ? 1 : -1;
 }
 
-// ---- order 1 and 2 ----
-
-// The rounding of a product, without a fused operation: exact while nothing underflows (T. J. Dekker, Numer. Math. 18,
-// 224 (1971)).
-double product_error(double a, double b, double product)
-{
-    constexpr double kSplit = 0x1p27 + 1.0;
-    const double ca = kSplit * a;
-    const double cb = kSplit * b;
-    const double ah = ca - (ca - a);
-    const double bh = cb - (cb - b);
-    const double al = a - ah;
-    const double bl = b - bh;
-    return ((ah * bh - product) + ah * bl + al * bh) + al * bl;
-}
-
-// Their number.
-int roots_of_quadratic(double c, double b, double a, double roots[2])
-{
-    const double square = b * b;
-    const double product = 4.0 * a * c;
-    const double disc = (square - product) + (product_error(b, b, square) - product_error(4.0 * a, c, product));
-    if (disc < 0.0)
-        return 0;
-    if (disc == 0.0) {
-        roots[0] = -0.5 * b / a + 0.0;
-        return 1;
-    }
-    const double q = -0.5 * (b + std::copysign(std::sqrt(disc), b));
-    const double one = q / a + 0.0;
-    const double other = c / q + 0.0;
-    roots[0] = std::min(one, other);
-    roots[1] = std::max(one, other);
-    return 2;
-}
-
 // ---- a root in a piece ----
 
 // Value and derivatives at a point: p, p', p''/2.
@@ -114,7 +80,7 @@ double corrected(const Polynomial &f, double low, double high, double x)
         const double product = p * x;
         const double sum = product + f.c[i];
         const double part = sum - product;
-        lost = lost * x + (product_error(p, x, product) + ((product - (sum - part)) + (f.c[i] - part)));
+        lost = lost * x + (exact_product(p, x).low + ((product - (sum - part)) + (f.c[i] - part)));
         p = sum;
     }
     const double next = x - (p + lost) / d1;
@@ -251,6 +217,12 @@ double start_on_the_line(const Polynomial &f)
     return (at.p < 0.0) == (f.c[3] > 0.0) ? x + way : x - way;
 }
 
+// Not inline: of coefficients just written the compiler would load two at once, and the load wait for both.
+[[gnu::noinline]] int roots_by_value(double c, double b, double a, double roots[2])
+{
+    return static_cast<int>(roots_of_quadratic(c, b, a, roots));
+}
+
 Roots roots_of(const Polynomial &f, Search search)
 {
     Roots out;
@@ -259,7 +231,7 @@ Roots roots_of(const Polynomial &f, Search search)
         return out;
     }
     if (f.order == 2) {
-        out.n = roots_of_quadratic(f.c[0], f.c[1], f.c[2], out.x);
+        out.n = roots_by_value(f.c[0], f.c[1], f.c[2], out.x);
         return out;
     }
 
@@ -311,15 +283,8 @@ int exponent_of(double x)
     return e;
 }
 
-bool is_tame(double coefficient)
-{
-    constexpr double kLarge = 0x1p80;
-    const double size = std::fabs(coefficient);
-    return size < kLarge && size > 1.0 / kLarge;
-}
-
 // Neither the bound of the roots nor the powers of it leave the range of double.
-bool is_tame(const Polynomial &f)
+bool all_are_tame(const Polynomial &f)
 {
     bool tame = is_tame(f.c[f.order]);
     for (int i = 0; i < f.order; ++i)
@@ -356,8 +321,12 @@ bool lie_far_apart(const Polynomial &f)
            && (f.c[0] == 0.0 || 2 * exponent_of(f.c[1]) - exponent_of(f.c[0]) - exponent_of(f.c[2]) > kBits);
 }
 
-long roots_of_any(long order, const double *c, double roots[4])
+} // namespace
+
+long real_roots_of_any(long order, const double *c, double roots[4])
 {
+    if (order < 1 || order > kLargestOrder)
+        return -1;
     Polynomial f = {0, {}};
     for (int i = 0; i <= static_cast<int>(order); ++i) {
         if (!std::isfinite(c[i]))
@@ -369,7 +338,7 @@ long roots_of_any(long order, const double *c, double roots[4])
     if (f.order == 0)
         return -1;
 
-    const bool tame = is_tame(f);
+    const bool tame = all_are_tame(f);
     if (!tame && f.order == 2 && lie_far_apart(f)) {
         const double one = -f.c[1] / f.c[2];
         const double other = -f.c[0] / f.c[1];
@@ -382,13 +351,4 @@ long roots_of_any(long order, const double *c, double roots[4])
     for (int i = 0; i < found.n; ++i)
         roots[i] = exponent == 0 ? found.x[i] : std::ldexp(found.x[i], exponent);
     return found.n;
-}
-
-} // namespace
-
-long real_roots(long order, const double *c, double roots[4])
-{
-    if (order == 2 && is_tame(c[0]) && is_tame(c[1]) && is_tame(c[2])) // what most quadratics are
-        return roots_of_quadratic(c[0], c[1], c[2], roots);
-    return order < 1 || order > kLargestOrder ? -1 : roots_of_any(order, c, roots);
 }

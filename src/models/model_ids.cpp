@@ -44,16 +44,11 @@ void fill_block(ModelBlocks *blocks, int kind, long value)
     std::memcpy(block, &value, sizeof value);
 }
 
-ModelIdRecord *initialised_record(const kl_model_id *model_id)
-{
-    return KL_Id_init_status(model_id) == 1 ? static_cast<ModelIdRecord *>(model_id->record) : nullptr;
-}
-
 long init(Activation &call, const long *mode, const long models[9], kl_model_id *model_id)
 {
     if (mode == nullptr || model_id == nullptr)
         return KL_ERR;
-    if (initialised_record(model_id) != nullptr)
+    if (model_record_of(model_id) != nullptr)
         return call.fails(KL_MODEL_INIT_INITIALISED_ERR);
     const bool user = *mode == KL_MODEL_USER;
     if (user && models == nullptr)
@@ -79,11 +74,7 @@ long init(Activation &call, const long *mode, const long models[9], kl_model_id 
 
 } // namespace
 
-const ModelBlocks &model_blocks(const kl_model_id *model_id)
-{
-    const ModelIdRecord *record = initialised_record(model_id);
-    return record != nullptr ? record->blocks : KL_DEFAULT_BLOCKS;
-}
+const ModelBlocks *const KL_ORDINARY_BLOCKS = &KL_DEFAULT_BLOCKS;
 
 long kl_model_init(const long *mode, const long models[9], kl_model_id *model_id, long *ierr)
 {
@@ -134,7 +125,7 @@ void *KL_Model_get_data(kl_model_id *model_id, long kind)
 {
     if (model_id == nullptr)
         return nullptr;
-    if (initialised_record(model_id) == nullptr) {
+    if (model_record_of(model_id) == nullptr) {
         const long mode = KL_MODEL_DEFAULT;
         Activation call(KL_FN_MODEL_INIT, KL_NO_VECTOR);
         if (init(call, &mode, nullptr, model_id) != KL_OK)
@@ -142,8 +133,7 @@ void *KL_Model_get_data(kl_model_id *model_id, long kind)
     }
     if (kind == -1)
         kind = KL_MODEL_EARTH;
-    return kind >= 0 && kind < kKinds ? block_at(&initialised_record(model_id)->blocks, static_cast<int>(kind))
-                                      : nullptr;
+    return kind >= 0 && kind < kKinds ? block_at(&model_record_of(model_id)->blocks, static_cast<int>(kind)) : nullptr;
 }
 
 long kl_model_close(kl_model_id *model_id, long *ierr)

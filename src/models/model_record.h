@@ -93,8 +93,24 @@ struct ModelIdRecord {
 // The blocks of a default model: every routine by its name. Wired above all floors that it knows (src/wiring).
 extern const ModelBlocks KL_DEFAULT_BLOCKS;
 
+// Where they lie, for the floors below the wiring.
+extern const ModelBlocks *const KL_ORDINARY_BLOCKS;
+
+// The record of an initialised id, else null.
+inline ModelIdRecord *model_record_of(const kl_model_id *model_id)
+{
+    if (model_id == nullptr || model_id->record == nullptr)
+        return nullptr;
+    auto *record = static_cast<ModelIdRecord *>(model_id->record);
+    return record->head.init_status == 1 ? record : nullptr;
+}
+
 // The blocks of an initialised id; of an uninitialised one (or NULL) the default blocks, which are constant: a default
 // model for one call costs nothing.
-const ModelBlocks &model_blocks(const kl_model_id *model_id);
+inline const ModelBlocks &model_blocks(const kl_model_id *model_id)
+{
+    const ModelIdRecord *record = model_record_of(model_id);
+    return record != nullptr ? record->blocks : *KL_ORDINARY_BLOCKS;
+}
 
 #endif

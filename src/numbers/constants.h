@@ -9,12 +9,13 @@ constexpr double KL_DEG_PER_RAD = 57.29577951308232;
 constexpr double KL_RAD_PER_ARCSEC = KL_RAD_PER_DEG / 3600.0;
 
 constexpr double KL_SECONDS_PER_DAY = 86400.0;
-constexpr double KL_DAYS_PER_CENTURY = 36525.0;       // Julian
-constexpr double KL_TT_MINUS_TAI = 32.184;            // s, IAU 1991 resolution A4
-constexpr double KL_SPEED_OF_LIGHT = 299792458.0;     // m/s, the definition of the metre
-constexpr double KL_EARTH_GM = 3.9860044e14;          // m3/s2, WGS84 in eight digits
-constexpr double KL_EARTH_GRAVITY_RADIUS = 6378136.0; // m, of the gravity terms
-constexpr double KL_EARTH_EQUATOR = 6378137.0;        // m, semi-major axis of WGS84
+constexpr double KL_DAYS_PER_CENTURY = 36525.0;               // Julian
+constexpr double KL_TT_MINUS_TAI = 32.184;                    // s, IAU 1991 resolution A4
+constexpr double KL_SPEED_OF_LIGHT = 299792458.0;             // m/s, the definition of the metre
+constexpr double KL_EARTH_GM = 3.9860044e14;                  // m3/s2, WGS84 in eight digits
+constexpr double KL_EARTH_GRAVITY_RADIUS = 6378136.0;         // m, of the gravity terms
+constexpr double KL_EARTH_EQUATOR = 6378137.0;                // m, semi-major axis of WGS84
+constexpr double KL_EARTH_FLATTENING = 0.0033528106647474805; // of WGS84
 
 // A vector shorter than this, squared, counts as null.
 constexpr double KL_NULL_LENGTH_SQUARED = 1e-20;

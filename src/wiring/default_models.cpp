@@ -11,9 +11,9 @@ const ModelBlocks KL_DEFAULT_BLOCKS = {
      -2.536e-06,
      -1.623e-06, // J2, J3, J4
      KL_EARTH_EQUATOR,
-     6356752.3142, // axes of the ellipsoid, m (WGS84)
-     0.0818191908426,
-     0.0033528106647474805,                       // first eccentricity, flattening
+     6356752.3142,    // axes of the ellipsoid, m (WGS84)
+     0.0818191908426, // first eccentricity
+     KL_EARTH_FLATTENING,
      {99.96779469, 360.985647366286, 2.9079e-13}, // deg, deg/day, deg/day2 (GMST 1982 from 2000-01-01 00:00)
      {99.96779469, 360.9856473, 2.9079e-13},      // the same with a rounded rate
      0,
