@@ -7,23 +7,7 @@
 
 namespace {
 
-constexpr double kFarDays = 1e9;
-
-// Holds no instant.
-constexpr kl_time_row kNoRow[2] = {{kFarDays, kFarDays, kFarDays, 0.0, 0.0, 0.0},
-                                   {2.0 * kFarDays, 2.0 * kFarDays, 2.0 * kFarDays, 0.0, 0.0, 0.0}};
 constexpr double kNoPole[2][4] = {};
-
-bool is_explicit(const Correlation &correlation)
-{
-    return correlation.model == KL_TIME_MODEL_EXPLICIT;
-}
-
-template <class Column>
-bool holds(const kl_time_row *row, double days, Column column)
-{
-    return days >= column(row[0]) && days < column(row[1]);
-}
 
 bool has_pole(const Correlation &correlation)
 {
@@ -36,47 +20,24 @@ bool has_pole(const Correlation &correlation)
 } // namespace
 
 ChainInstants::ChainInstants(TimeIdRecord *id, long ref, bool with_tdb, bool with_tdb_of_earth, bool with_pole)
-    : id_(id), correlation_(id->correlation), with_pole_(with_pole && has_pole(correlation_))
+    : id_(id), correlation_(id->correlation), rows_(&id->correlation, ref),
+      with_pole_(with_pole && has_pole(correlation_))
 {
     block_.ref = ref;
     block_.with_tdb = with_tdb;
     block_.with_tdb_of_earth = with_tdb_of_earth;
-    block_.pole_between_rows = with_pole_ && correlation_.row_pole != nullptr && !is_explicit(correlation_);
-    if (is_explicit(correlation_)) {
-        constant_[0] = constant_[1] = correlation_.rows[0];
-        constant_[0].tai = constant_[0].ut1 = constant_[0].utc = -kFarDays;
-        constant_[1].tai = constant_[1].ut1 = constant_[1].utc = kFarDays;
-    }
-}
-
-// The row that an instant lies in, away from the leap second; kNoRow where there is none.
-template <class Column>
-const kl_time_row *ChainInstants::row_at(double days, Column column)
-{
-    if (last_ != nullptr && holds(last_, days, column))
-        return last_;
-    long i = guessed_row(correlation_, days);
-    if (i < 0 || !holds(correlation_.rows + i, days, column))
-        i = row_of(correlation_, block_.ref, days);
-    if (i < 0 || i >= correlation_.n_rows - 1 || !away_from_leap_second(correlation_, i))
-        return kNoRow;
-    return last_ = correlation_.rows + i;
+    block_.pole_between_rows = with_pole_ && correlation_.row_pole != nullptr && rows_.is_table();
 }
 
 void ChainInstants::find_rows()
 {
     const long count = block_.count;
-    if (is_explicit(correlation_))
-        std::fill(block_.row, block_.row + count, &constant_[0].tai);
-    else
-        with_column(block_.ref, [&](auto column) {
-            for (long k = 0; k < count; ++k) {
-                const kl_time_row *row = row_at(block_.days[k], column);
-                block_.row[k] = &row->tai;
-                if (block_.pole_between_rows)
-                    block_.row_pole[k] = row != kNoRow ? correlation_.row_pole[row - correlation_.rows] : kNoPole[0];
-            }
-        });
+    for (long k = 0; k < count; ++k) {
+        const kl_time_row *row = rows_.at(block_.days[k]);
+        block_.row[k] = &row->tai;
+        if (block_.pole_between_rows)
+            block_.row_pole[k] = row != kNoRow ? correlation_.row_pole[row - correlation_.rows] : kNoPole[0];
+    }
     std::fill(block_.row + count, block_.row + padded(count), block_.row[count - 1]);
     if (block_.pole_between_rows)
         std::fill(block_.row_pole + count, block_.row_pole + padded(count), block_.row_pole[count - 1]);

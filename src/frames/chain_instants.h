@@ -3,7 +3,7 @@
 #define KL_SRC_FRAMES_CHAIN_INSTANTS_H
 
 #include "frames/instant_kernels.h"
-#include "time/staircase.h"
+#include "time/row_finder.h"
 
 // By packs where the instants stay inside their rows of the correlation, else one by one.
 class ChainInstants {
@@ -17,16 +17,13 @@ public:
     bool with_pole() const { return with_pole_; }
 
 private:
-    template <class Column>
-    const kl_time_row *row_at(double days, Column column);
     void find_rows();
     bool fill_one(long k);
 
     TimeIdRecord *id_;
     const Correlation &correlation_;
+    RowFinder rows_;
     bool with_pole_;
-    kl_time_row constant_[2];           // a row for every instant, where the correlation is explicit values
-    const kl_time_row *last_ = nullptr; // the row of the instant before
     InstantBlock block_;
 };
 

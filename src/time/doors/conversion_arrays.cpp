@@ -1,14 +1,12 @@
 // The nine conversions for arrays of instants.
 #include "time/doors/conversion.h"
+#include "time/row_finder.h"
 #include "time/staircase_kernels.h"
 
 #include <algorithm>
 #include <type_traits>
 
 namespace {
-
-// What holds outside of every table, and for equal scales without one.
-constexpr double kFarDays = 1e9;
 
 // One call: the ends, the arrays and the correlation.
 template <typename In, typename Out>
@@ -21,84 +19,59 @@ struct Columns {
     const Correlation *correlation() const { return id != nullptr ? &id->correlation : nullptr; }
 };
 
-// The rows of instants that come one after the other: the last one is tried first.
+// The rows of instants that come one after the other, as the kernels take them.
 class RowCarrier {
 public:
-    RowCarrier(const Correlation *correlation, long ref) : correlation_(correlation), ref_(ref)
-    {
-        if (is_empty(correlation))
-            values_ = {-kFarDays, kFarDays, -kFarDays, kFarDays, 0.0, 0.0, 0.0, 0.0};
-        else if (correlation->model == KL_TIME_MODEL_EXPLICIT)
-            values_ = {-kFarDays,     kFarDays,      -kFarDays,     kFarDays,
-                       row().tai_ut1, row().tai_ut1, row().tai_utc, row().tai_gps};
-        else
-            is_table_ = true;
-    }
+    RowCarrier(const Correlation *correlation, long ref) : correlation_(correlation), finder_(correlation, ref) {}
 
-    [[nodiscard]] bool is_table() const { return is_table_; }
+    [[nodiscard]] bool is_table() const { return finder_.is_table(); }
 
     // The row, where all these days lie in it and no once-only warning can be due; null elsewhere.
     const RowOfBlock *row_of_all(const double *days, long count)
     {
-        if (!move_to(days[0]) || (is_table_ && !is_quiet_row()))
+        if (!move_to(days[0]) || (is_table() && !is_quiet_row()))
             return nullptr;
         int all = 1;
         for (long k = 0; k < count; ++k)
-            all &= static_cast<int>(days[k] >= values_.from) & static_cast<int>(days[k] < values_.from_end);
-        row_ = {values_.from,    values_.from_end,    values_.tai,     values_.tai_end,
-                values_.tai_ut1, values_.tai_ut1_end, values_.tai_utc, values_.tai_gps};
-        return all != 0 ? &row_ : nullptr;
+            all &= static_cast<int>(finder_.holds(days[k]));
+        row_of_block_ = values();
+        return all != 0 ? &row_of_block_ : nullptr;
     }
 
     // False where the leap second may matter, or outside of the table.
-    bool move_to(double days)
-    {
-        if (!is_table_ || (days >= values_.from && days < values_.from_end))
-            return true;
-        long i = guessed_row(*correlation_, days);
-        if (i >= 0)
-            values_ = row_values(*correlation_, ref_, i);
-        if (i < 0 || !(days >= values_.from && days < values_.from_end)) {
-            i = row_of(*correlation_, ref_, days);
-            if (i < 0 || i >= correlation_->n_rows - 1)
-                return forget();
-            values_ = row_values(*correlation_, ref_, i);
-        }
-        return away_from_leap_second(*correlation_, i) || forget();
-    }
+    bool move_to(double days) { return finder_.at(days) != kNoRow; }
 
     void put(RowBlock *block, long k) const
     {
-        block->from[k] = values_.from;
-        block->from_end[k] = values_.from_end;
-        block->tai[k] = values_.tai;
-        block->tai_end[k] = values_.tai_end;
-        block->tai_ut1[k] = values_.tai_ut1;
-        block->tai_ut1_end[k] = values_.tai_ut1_end;
-        block->tai_utc[k] = values_.tai_utc;
-        block->tai_gps[k] = values_.tai_gps;
+        const RowOfBlock row = values();
+        block->from[k] = row.from;
+        block->from_end[k] = row.from_end;
+        block->tai[k] = row.tai;
+        block->tai_end[k] = row.tai_end;
+        block->tai_ut1[k] = row.tai_ut1;
+        block->tai_ut1_end[k] = row.tai_ut1_end;
+        block->tai_utc[k] = row.tai_utc;
+        block->tai_gps[k] = row.tai_gps;
     }
 
 private:
-    [[nodiscard]] const kl_time_row &row() const { return correlation_->rows[0]; }
+    [[nodiscard]] RowOfBlock values() const
+    {
+        const kl_time_row &here = finder_.row()[0], &next = finder_.row()[1];
+        return {finder_.begin(), finder_.end(), here.tai,     next.tai,
+                here.tai_ut1,    next.tai_ut1,  here.tai_utc, here.tai_gps};
+    }
     [[nodiscard]] bool is_quiet_row() const
     {
         const QuietSpan &span = correlation_->quiet;
-        const bool spans_gap = values_.from <= span.gap_first && values_.from_end >= span.gap_last;
-        return is_quiet(span, values_.from) && is_quiet(span, values_.from_end)
+        const bool spans_gap = finder_.begin() <= span.gap_first && finder_.end() >= span.gap_last;
+        return is_quiet(span, finder_.begin()) && is_quiet(span, finder_.end())
                && (!spans_gap || span.gap_first == span.gap_last);
-    }
-    bool forget()
-    {
-        values_.from = values_.from_end = 0.0; // holds no instant
-        return false;
     }
 
     const Correlation *correlation_;
-    long ref_;
-    bool is_table_ = false;
-    RowValues<double> values_ = {0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
-    RowOfBlock row_ = {};
+    RowFinder finder_;
+    RowOfBlock row_of_block_ = {};
 };
 
 struct Block {
