@@ -8,7 +8,7 @@ from collections import namedtuple
 import numpy as np
 
 from . import _errors, _memory, _table
-from ._calls import DTYPES, F8, OCTETS, READ_WIDTH, array_call, dtype_of, one_element
+from ._calls import DTYPES, OCTETS, array_call, dtype_of, one_element, quick_call
 from ._library import symbol
 from ._pointers import pointer
 from ._selectors import long_pointer, one_record, record_fields, selected
@@ -32,38 +32,14 @@ def numbers(value, dtype, length, name):
     return array
 
 
-_READ = np.dtype(f"S{READ_WIDTH}")
-_texts = symbol("kitlib_texts")
-_texts.argtypes = [ctypes.c_void_p, ctypes.c_long, ctypes.c_long, ctypes.c_long, ctypes.c_void_p, ctypes.c_long]
-
-
 def texts(value, name):
-    """value as an array of texts of 40 octets, padded with zeros; too long ones as question marks."""
+    """value as an array of texts that the loops in C take: of characters of four octets or of one."""
     array = np.asarray(value)
     if array.dtype.kind not in "SU" and not (array.dtype.kind == "O" and all(isinstance(x, str) for x in array.flat)):
         raise TypeError(f"{name}: texts are wanted, not {array.dtype}")
-    if array.dtype.kind == "O" or not array.dtype.isnative:
-        array = array.astype("U")
-    rows = np.ascontiguousarray(array)
-    size = 4 if array.dtype.kind == "U" else 1
-    wide = _memory.some(array.shape, (), _READ)
-    if _texts(rows.ctypes.data, array.size, array.dtype.itemsize // size, size, wide.ctypes.data, READ_WIDTH):
-        raise ValueError(f"{name}: texts of times are ASCII")
-    return wide
-
-
-_longest, _wide_texts = symbol("kitlib_longest"), symbol("kitlib_wide_texts")
-_longest.argtypes = [ctypes.c_void_p, ctypes.c_long, ctypes.c_long]
-_wide_texts.argtypes = [ctypes.c_void_p, ctypes.c_long, ctypes.c_long, ctypes.c_void_p, ctypes.c_long]
-
-
-def wide_texts(array):
-    """Texts of octets that C wrote as texts of numpy, as wide as the longest."""
-    at, width = array.__array_interface__["data"][0], array.dtype.itemsize
-    longest = max(_longest(at, array.size, width), 1)
-    out = _memory.some(array.shape, (), np.dtype(f"U{longest}"))
-    _wide_texts(at, array.size, width, out.__array_interface__["data"][0], longest)
-    return out
+    if array.dtype.kind == "O" or not array.dtype.isnative or array.dtype.itemsize == 0:
+        array = array.astype("U" if array.dtype.itemsize else "U1")
+    return array
 
 
 def _octets(value, name):
@@ -147,57 +123,44 @@ def broadcast(shapes, names):
 class Function:
     """A function of the table: its parameters, and the call."""
 
-    def __init__(self, name, array_symbol, public_id, words, result, flat, parameters):
+    def __init__(self, name, array_symbol, public_id, words, result, flat, parameters, scalar_is_array=False):
         self.name, self.public_id, self.words, self.result, self.flat = name, public_id, max(words, 1), result, flat
         self.has_vector = words > 0
-        self.symbol = array_symbol
+        self.symbol, self.scalar_is_array = array_symbol, scalar_is_array
         self.parameters = parameters
         self.each = [p for p in parameters if p[0] in ("each", "both", "inout")]
         self.gives = [p for p in parameters if p[0] in ("gives", "inout")]
-        self.numbers_alone = not flat and bool(self.each) and all(p[0] == "each" and p[2] == "f8" for p in self.each)
-        self.arrays_alone = all(p[2] in ("f8", "i8") for p in self.gives)
+        self.arrays_alone = all(p[2] in ("f8", "i8", "text") for p in self.gives)
         self.array = None  # looked up at the first call, so that an older library fails in its own functions only
         self.quiet = False
-        self.one = one_element(self)
-        self.call = array_call(self)
+        self.make_calls()
 
     def silent(self):
         """The same without its warnings."""
         out = copy.copy(self)
         out.quiet = True
-        out.one, out.call = one_element(out), array_call(out)
+        out.make_calls()
         return out
 
-    def __call__(self, values, selects, ids, errors, return_status):
-        if self.one is not None and errors == "raise" and return_status is False:
-            out = self.one(values, selects, ids)
-            if out is not None:
-                return out
-        if errors not in ("raise", "nan"):
-            raise ValueError(f'errors is "raise" or "nan", not {errors!r}')
-        return self.many(values, selects, ids, errors, return_status)
+    def make_calls(self):
+        """The calls, and `go`, the one that tries them."""
+        one, quick, ndarray = one_element(self), quick_call(self), np.ndarray
+        self.call = array_call(self)
 
-    def ready(self, values):
-        """The arguments and their shape where they are arrays of float64 that need nothing; else None."""
-        if not self.numbers_alone:
-            return None
-        shape = None
-        for value, (_, _, _, length, optional, _) in zip(values, self.each):
-            if type(value) is np.ndarray:
-                if value.dtype is not F8 or not value.flags.carray:
-                    return None
-                own = value.shape
-                if length:
-                    if own[-1:] != (length,):
-                        return None
-                    own = own[:-1]
-                if shape is None:
-                    shape = own
-                elif shape != own:
-                    return None
-            elif value is not None or not optional:
-                return None
-        return None if shape is None else (values, shape)
+        def go(values, selects, ids, errors, return_status):
+            if errors == "raise" and return_status is False:
+                if quick is not None and type(values[0]) is ndarray:
+                    out = quick(values, selects, ids)
+                    if out is not None:
+                        return out
+                if one is not None:
+                    out = one(values, selects, ids)
+                    if out is not None:
+                        return out
+            if errors not in ("raise", "nan"):
+                raise ValueError(f'errors is "raise" or "nan", not {errors!r}')
+            return self.many(values, selects, ids, errors, return_status)
+        self.go = go
 
     def inputs(self, values):
         """Arrays of the per-element arguments and the shape they have together."""
@@ -249,14 +212,18 @@ class Function:
     def many(self, values, selects, ids, errors, return_status):
         if self.array is None:
             self.array = symbol(self.symbol)
-        arrays, shape = self.ready(values) or self.inputs(values)
-        done, outputs, status, vector = self.call(self.array, arrays, shape, shape[0] if len(shape) == 1 else math.prod(shape), selects, ids)
+        arrays, shape = self.inputs(values)
+        done, outputs, status, vector = self.call(self.array, arrays, shape, math.prod(shape), selects, ids)
+        return self.finished(done, outputs, status, vector, values, arrays, shape, errors, return_status)
+
+    def finished(self, done, outputs, status, vector, values, arrays, shape, errors, return_status):
+        """The result of a call for arrays, or what C found."""
         result = self.results(outputs, shape)
         if done:
             if done == -1 and errors == "raise":
                 raise self.refused(vector, status, values, arrays, shape, result)
             if not self.quiet and (done == 1 or (self.has_vector and (status == 1).any())):
-                _errors.warn(self.name, self.public_id if self.has_vector else None, vector, 5)
+                _errors.warn(self.name, self.public_id if self.has_vector else None, vector, 6)
         return (result, status if shape else int(status)) if return_status else result
 
     def refused(self, vector, status, values, arrays, shape, result):
@@ -329,5 +296,6 @@ def _record_tuple(record):
 
 def _plain(array, kind, length, shape):
     if kind == "text":
-        return wide_texts(array) if shape else array.item().decode()
+        item = array.item()
+        return item.decode() if isinstance(item, bytes) else item
     return array if shape or length or kind == "octets" else array.item()

@@ -3,18 +3,20 @@ what stands around it.
 """
 import ctypes
 import functools
+import sys
 
 import numpy as np
 
-from . import _ids, _memory
+from . import _ids, _memory, _table
 from ._library import symbol
-from ._pointers import pointer
-from ._selectors import long_pointer, one_record, selected
+from ._pointers import from_buffer, pointer
+from ._selectors import long_pointer, longs, one_record, selected
 
 TEXT_WIDTH, READ_WIDTH, OCTETS = 32, 40, 19  # octets of a text that is given, of one that is read, of a CUC
 F8 = np.dtype("f8")
-DTYPES = {"f8": F8, "i8": np.dtype("i8"), "text": np.dtype(f"S{TEXT_WIDTH}"), "octets": np.dtype("u1")}
+DTYPES = {"f8": F8, "i8": np.dtype("i8"), "octets": np.dtype("u1")}
 _NUMBERS = (float, int, np.float64)
+_text_kinds = {}
 _EACH = ("each", "both", "inout")
 
 
@@ -34,7 +36,7 @@ def _unpacked(names, group):
 
 def _context(f, lines, scope):
     """Adds the lines that make selectors, records and ids what C takes; gives the arguments, by the place of the parameter."""
-    scope.update(c=ctypes, long_pointer=long_pointer, selected=selected, one_record=one_record, ids=_ids, FIXED=ctypes.byref(ctypes.c_long(0)))
+    scope.update(c=ctypes, longs=longs, long_pointer=long_pointer, selected=selected, one_record=one_record, ids=_ids, FIXED=ctypes.byref(ctypes.c_long(0)))
     lines += _unpacked([f"select{i}" for i in _places(f, "select", "record")], "selects")
     lines += _unpacked([f"held{i}" for i in _places(f, "model", "time")], "handles")
     arguments = {}
@@ -66,35 +68,146 @@ def _made(name, lines, scope):
     return scope[name]
 
 
+def _kinds(f, to):
+    """Shape of an item and type of each output and of the statuses; texts have `to` characters."""
+    kinds = []
+    for i in _places(f, "gives"):
+        _, _, kind, length, _, _ = f.parameters[i]
+        dtype = np.dtype(f"U{to}" if f.each else f"S{TEXT_WIDTH}") if kind == "text" else DTYPES[kind] if isinstance(kind, str) else dtype_of(kind)
+        kinds.append(((length,) if length else (OCTETS,) if kind == "octets" else (), dtype))
+    return (*kinds, ((), DTYPES["i8"]))
+
+
+def _takes(f, lines, scope):
+    """Adds the lines that take memory for the results, an entry; gives the arguments, by the place of the parameter."""
+    gives = _places(f, "gives")
+    texts = [i for i in gives if f.parameters[i][2] == "text"] if f.each else []
+    k = len(gives) + 1
+    scope.update(getrefcount=sys.getrefcount, IDLE=_memory.IDLE, SMALLEST=_memory.SMALLEST, MANY=_memory.MANY)
+    if texts:
+        layout = max(i for i, p in enumerate(f.parameters[:texts[0]]) if p[0] == "select" and p[1] is _table.Ascii)
+        scope.update(length_of=length_of, shelves={}, new_shelf=lambda to: _memory.shelf(*_kinds(f, to)))
+        lines += [f"    to = length_of(select{layout}, enum{layout})", "    shelf = shelves.get(to) or shelves.setdefault(to, new_shelf(to))",
+                  "    homes, new, forget = shelf.homes, shelf.new, shelf.forget"]
+    else:
+        shelf = _memory.shelf(*_kinds(f, 0))
+        scope.update(homes=shelf.homes, new=shelf.new, forget=shelf.forget)
+    used = " or ".join(f"getrefcount(entry[{i}]) != IDLE" for i in range(k))
+    lines += ["    if n < SMALLEST:", "        entry, home = new(n)", "    else:", "        try:", "            home = homes[n]", "            entry = home.popleft()",
+              f"            if {used}:  # those given out longest ago come first", "                home.append(entry)", "                entry = home.popleft()",
+              f"                if {used}:", "                    home.append(entry)", "                    entry, home = new(n)",
+              "        except (KeyError, IndexError):", "            entry, home = new(n)"]
+    lines.append("    " + "".join(f"own{i}, " for i in gives) + "statuses, " + "".join(f"at{i}, " for i in gives) + "at_status, vector = entry")
+    lines += [f"    x{i} = own{i}[:n]" for i in gives]
+    return {i: f"at{i}" for i in gives}
+
+
+def _asks(f, arguments, shape_too):
+    """The lines of the call itself, and of what follows it."""
+    passed = [arguments[i] for i in range(len(f.parameters))] + ["at_status", "vector"][:2 if f.has_vector else 1]
+    lines = [f"    done = array({', '.join(passed)})", "    if len(home) == MANY:\n        forget(n)", "    home.append(entry)"]
+    if shape_too:
+        gives = _places(f, "gives")
+        items = [item for item, _ in _kinds(f, 1)]
+        lines.append("    status = statuses[:n]")
+        lines.append("    if len(shape) != 1:")
+        lines += [f"        x{i} = x{i}.reshape(shape + {item})" for i, item in zip(gives, items)] + ["        status = status.reshape(shape)"]
+    return lines
+
+
+def _others(f, arguments):
+    """The arguments that are the same in every call."""
+    for i, (role, *rest) in enumerate(f.parameters):
+        if role == "n":
+            arguments[i] = "longs.get(n) or long_pointer(n)"
+        elif role == "width":
+            text = f.parameters[i + 1]
+            arguments[i] = f"long_pointer({rest[0]})" if rest[0] else f"kind{i + 1}" if text[0] in _EACH else "long_pointer(to)"
+    return arguments
+
+
+def kind_of(dtype):
+    """Octets of a character and characters of a text of numpy, as the loops in C take them; None for what they do not take."""
+    size = {"U": 4, "S": 1}.get(dtype.kind)
+    if size is None or not dtype.isnative or not dtype.itemsize:
+        return None
+    return _text_kinds.setdefault(dtype, (ctypes.c_long * 2)(size, dtype.itemsize // size))
+
+
+@functools.lru_cache(maxsize=None)
+def _length_of_layout(number):
+    """Characters of the texts of a layout: those of any; 1 where it is none, which C refuses."""
+    text, zero = (ctypes.c_char * READ_WIDTH)(), [ctypes.byref(kind(0)) for kind in (ctypes.c_long, ctypes.c_long, ctypes.c_double)]
+    symbol("kl_time_processing_to_ascii")(None, *zero, ctypes.byref(ctypes.c_long(number)), zero[0], text, None)
+    return max(len(text.value), 1)
+
+
+def length_of(layout, enum):
+    return _length_of_layout(selected(layout, enum))
+
+
 def array_call(f):
     """The call for arrays that are as C takes them: what C returns, the outputs, the statuses and the vector of the conditions."""
-    scope = {"pointer": pointer, "zeros": _memory.zeros, "room_for": _memory.room_for, "Vector": ctypes.c_long * f.words,
-             "take_status": _memory.shelf((), DTYPES["i8"]), "NO": ctypes.c_void_p(None)}
+    scope = {"pointer": pointer, "zeros": _memory.zeros, "kind_of": kind_of, "NO": ctypes.c_void_p(None)}
     lines = ["def call(array, arrays, shape, n, selects, handles):"]
     lines += _unpacked([f"x{i}" for i in _places(f, *_EACH)], "arrays")
+    lines += [f"    kind{i} = kind_of(x{i}.dtype)" for i in _places(f, *_EACH) if f.parameters[i][2] == "text"]
     arguments = _context(f, lines, scope)
-    lines.append("    room = room_for(n)")
-    for i, (role, *rest) in enumerate(f.parameters):
-        if role in _EACH:
-            _, _, length, optional, none_is_zero = rest
-            missing = f"pointer(zeros(n * {max(length, 1)}))" if none_is_zero else "NO"
-            arguments[i] = f"pointer(x{i}) if x{i} is not None else {missing}" if optional else f"pointer(x{i})"
-        elif role == "gives":
-            _, kind, length, _, _ = rest
-            item = (length,) if length else (OCTETS,) if kind == "octets" else ()
-            scope[f"take{i}"] = _memory.shelf(item, DTYPES[kind] if isinstance(kind, str) else dtype_of(kind))
-            lines.append(f"    x{i}, at{i} = take{i}(shape, n, room)")
-            arguments[i] = f"at{i}"
-        elif role == "n":
-            arguments[i] = "long_pointer(n)"
-        elif role == "width":
-            arguments[i] = f"long_pointer({rest[0]})"
-    lines.append("    status, at_status = take_status(shape, n, room)")
-    lines.append("    vector = Vector()")
-    passed = [arguments[i] for i in range(len(f.parameters))] + ["at_status", "vector"][:2 if f.has_vector else 1]
-    lines.append(f"    done = array({', '.join(passed)})")
+    arguments.update(_takes(f, lines, scope))
+    for i in _places(f, *_EACH):
+        _, _, _, length, optional, none_is_zero = f.parameters[i]
+        missing = f"pointer(zeros(n * {max(length, 1)}))" if none_is_zero else "NO"
+        arguments[i] = f"pointer(x{i}) if x{i} is not None else {missing}" if optional else f"pointer(x{i})"
+    lines += _asks(f, _others(f, arguments), True)
     lines.append(f"    return done, ({''.join(f'x{i}, ' for i in _places(f, 'gives', 'inout'))}), status, vector")
     return _made("call", lines, scope)
+
+
+def quick_call(f):
+    """The same for arrays along one axis that need nothing, from the arguments to the result; None for anything else.
+    What stands around the call of C counts where that takes a few microseconds.
+    """
+    if f.flat or not f.each or any(p[0] != "each" or p[2] not in ("f8", "i8", "text") for p in f.each):
+        return None
+    scope = {"from_buffer": from_buffer, "pointer": pointer, "zeros": _memory.zeros, "ndarray": np.ndarray, "f8": F8, "i8": DTYPES["i8"], "f": f,
+             "kind_of": kind_of, "kinds": _text_kinds, "result": f.result, "new_tuple": tuple.__new__, "NO": ctypes.c_void_p(None), "symbol": symbol, "array": None}
+    each, gives = _places(f, "each"), _places(f, "gives")
+    lines = ["def quick(values, selects, handles):"] + _unpacked([f"x{i}" for i in each], "values")
+    pointers = []
+    for i in each:
+        _, _, kind, length, optional, none_is_zero = f.parameters[i]
+        if i == each[0]:
+            shape = f"x{i}.ndim != {2 if length else 1}"
+            after = [f"    n, k = x{i}.shape\n    if k != {length}:\n        return None"] if length else [f"    n = len(x{i})"]
+        else:
+            shape, after = f"x{i}.shape != (n, {length})" if length else f"x{i}.shape != (n,)", []
+        present = f"x{i} is not None and " if optional else ""
+        of_type = "" if kind == "text" else f" or x{i}.dtype is not {kind}"
+        lines.append(f"    if {present}(type(x{i}) is not ndarray{of_type} or {shape} or not x{i}.flags.carray):\n        return None")
+        if kind == "text":
+            lines.append(f"    kind{i} = kinds.get(x{i}.dtype) or kind_of(x{i}.dtype)\n    if kind{i} is None:\n        return None")
+        lines += after
+        missing = (f"pointer(zeros(n * {max(length, 1)}))" if none_is_zero else "NO") if optional else ""
+        pointers.append(f"        p{i} = from_buffer(x{i})" + (f" if x{i} is not None else {missing}" if optional else ""))
+    lines += ["    try:"] + pointers + ["    except (TypeError, ValueError, BufferError):  # read-only ones\n        return None"]
+    arguments = _context(f, lines, scope)
+    arguments.update(_takes(f, lines, scope))
+    arguments.update({i: f"p{i}" for i in each})
+    lines.append("    if array is None:\n        look_up()")
+    lines += _asks(f, _others(f, arguments), False)
+    found = "(" + "".join(f"x{i}, " for i in gives) + ")"
+    lines.append(f"    if done:\n        return f.finished(done, {found}, statuses[:n], vector, values, values, (n,), 'raise', False)")
+    kinds = [f.parameters[i][2] for i in gives]
+    if len(gives) == 1 and not isinstance(kinds[0], str):
+        found = "(" + "".join(f"x{gives[0]}[{field!r}], " for field, _ in kinds[0]._fields_) + ")"
+    elif any(kind not in ("f8", "i8", "text") for kind in kinds):
+        found = f"f.results({found}, (n,))"
+    if found.startswith("f."):
+        lines.append(f"    return {found}")
+    else:
+        lines.append(f"    return {'new_tuple(result, ' + found + ')' if f.result else f'x{gives[0]}'}")
+    lines.append("def look_up():\n    global array\n    array = symbol(f.symbol)")
+    return _made("quick", lines, scope)
 
 
 def _plain(record):
@@ -173,12 +286,14 @@ def one_element(f):
     lines.append("    try:\n        work = pool.pop()\n    except IndexError:\n        work = new()")
     lines.append(f"    {work} = work")
     lines += ["    " + put for put in puts]
-    passed = [arguments[i] for i, p in enumerate(f.parameters) if p[0] not in ("n", "width")] + (["at_vector"] if f.has_vector else [])
+    if f.scalar_is_array:
+        arguments.update({i: "long_pointer(1)" for i in _places(f, "n")})
+    passed = [arguments[i] for i, p in enumerate(f.parameters) if i in arguments] + ["NO"] * f.scalar_is_array + ["at_vector"] * f.has_vector
     lines.append(f"    status = scalar({', '.join(passed)})")
     lines.append("    if status:\n        f.failed_one(status, vector, pool, work)")
     lines.append(f"    out = {'new_tuple(result, (' + ', '.join(found) + '))' if f.result else found[0]}")
     lines.append("    pool.append(work)\n    return out")
-    lines.append("def new():\n    global scalar\n    if scalar is None:\n        scalar = symbol(f.name)")
+    lines.append("def new():\n    global scalar\n    if scalar is None:\n        scalar = symbol(f.symbol if f.scalar_is_array else f.name)")
     for x, made in cells:
         lines.append(f"    {x} = {made}")
         if made.startswith("np."):

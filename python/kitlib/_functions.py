@@ -98,7 +98,7 @@ def sun(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_sta
     >>> sun.pos.shape
     (2, 3)
     """
-    return _sun((t,), (ref,), (model, time,), errors, return_status)
+    return _sun.go((t,), (ref,), (model, time,), errors, return_status)
 
 
 _moon = _Function("kl_moon", "kl_moon_n", 23, 1, BodyStateResult, False, (
@@ -132,7 +132,7 @@ def moon(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_st
         PROC_TO_PROC_ERR: no conversion to UT1
         FRAME_ERR: no change to the Earth-fixed frame
     """
-    return _moon((t,), (ref,), (model, time,), errors, return_status)
+    return _moon.go((t,), (ref,), (model, time,), errors, return_status)
 
 
 _planet = _Function("kl_planet", "kl_planet_n", 24, 1, BodyStateResult, False, (
@@ -170,7 +170,7 @@ def planet(t, /, *, planet, ref=Time.UTC, model=None, time=None, errors="raise",
         FRAME_ERR: no change to the Earth-fixed frame
         CONVERGENCE_WARN (W): Kepler's equation not solved; not within the range of dates
     """
-    return _planet((t,), (planet, ref,), (model, time,), errors, return_status)
+    return _planet.go((t,), (planet, ref,), (model, time,), errors, return_status)
 
 
 _time_cuc_to_processing = _Function("kl_time_cuc_to_processing", "kl_time_cuc_to_processing_n", 46, 1, None, False, (
@@ -212,7 +212,7 @@ def time_cuc_to_processing(cuc, /, *, config, ref=Time.UTC, time=None, errors="r
     >>> kl.time_processing_to_ascii(tai, fmt_out=41, ref_in="TAI", ref_out="UTC")
     '2026-06-20T23:59:23'
     """
-    return _time_cuc_to_processing((_of_layout(cuc, config),), (config, ref,), (time,), errors, return_status)
+    return _time_cuc_to_processing.go((_of_layout(cuc, config),), (config, ref,), (time,), errors, return_status)
 
 
 _time_processing_to_cuc = _Function("kl_time_processing_to_cuc", "kl_time_processing_to_cuc_n", 47, 1, None, False, (
@@ -255,7 +255,7 @@ def time_processing_to_cuc(t, /, *, config, ref=Time.UTC, time=None, errors="rai
     >>> kl.time_processing_to_cuc(tai, config=config, ref="TAI")[:7].tolist()
     [128, 201, 136, 0, 0, 0, 0]
     """
-    return _time_processing_to_cuc((t,), (config, ref,), (time,), errors, return_status)
+    return _time_processing_to_cuc.go((t,), (config, ref,), (time,), errors, return_status)
 
 
 _geod_to_cart = _Function("kl_geod_to_cart", "kl_geod_to_cart_n", 18, 1, BodyStateResult, True, (
@@ -287,7 +287,7 @@ def geod_to_cart(latitude, longitude, height, latitude_rate=None, longitude_rate
         HEIGHT_ERR: below the centre or above 1e12 m, or NaN
         RATES_ERR: mode 2: not finite, or of a velocity that is not
     """
-    return _geod_to_cart((latitude, longitude, height, latitude_rate, longitude_rate, height_rate,), (mode if mode is not None else 2 if latitude_rate is not None or longitude_rate is not None or height_rate is not None else 1,), (model,), errors, return_status)
+    return _geod_to_cart.go((latitude, longitude, height, latitude_rate, longitude_rate, height_rate,), (mode if mode is not None else 2 if latitude_rate is not None or longitude_rate is not None or height_rate is not None else 1,), (model,), errors, return_status)
 
 
 _cart_to_geod = _Function("kl_cart_to_geod", "kl_cart_to_geod_n", 19, 1, GeodeticResult, False, (
@@ -320,7 +320,7 @@ def cart_to_geod(pos, vel=None, /, *, mode=None, model=None, errors="raise", ret
             rate
         POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rate is 0
     """
-    return _cart_to_geod((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1,), (model,), errors, return_status)
+    return _cart_to_geod.go((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1,), (model,), errors, return_status)
 
 
 _kepl_to_cart = _Function("kl_kepl_to_cart", "kl_kepl_to_cart_n", 20, 1, BodyStateResult, True, (
@@ -352,7 +352,7 @@ def kepl_to_cart(semi_major_axis, eccentricity, inclination, raan, arg_perigee, 
         ANGLES_ERR: not finite, or beyond 1e8 deg
         MEAN_ERR: e from 0.99 on, a (1 - e^2) below half the gravity radius, or no ellipse belongs to them
     """
-    return _kepl_to_cart((semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly,), (kind,), (model,), errors, return_status)
+    return _kepl_to_cart.go((semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly,), (kind,), (model,), errors, return_status)
 
 
 _cart_to_kepl = _Function("kl_cart_to_kepl", "kl_cart_to_kepl_n", 21, 1, KeplerResult, False, (
@@ -384,7 +384,7 @@ def cart_to_kepl(pos, vel, /, *, kind=Elements.OSCULATING, model=None, errors="r
         MEAN_ERR: hyperbola, e from 0.99 on, or a (1 - e^2) below half the gravity radius
         CONVERGENCE_ERR: no closure below 1e-13
     """
-    return _cart_to_kepl((pos, vel,), (kind,), (model,), errors, return_status)
+    return _cart_to_kepl.go((pos, vel,), (kind,), (model,), errors, return_status)
 
 
 _geod_distance = _Function("kl_geod_distance", "kl_geod_distance_n", 26, 1, GeodesicResult, False, (
@@ -420,7 +420,7 @@ def geod_distance(lat1, lon1, lat2, lon2, /, *, model=None, errors="raise", retu
         LONGITUDE2_ERR: outside -360 to 360, NaN
         CONVERGENCE_ERR: not seen: a bracket is halved where steps leave it
     """
-    return _geod_distance((lat1, lon1, lat2, lon2,), (), (model,), errors, return_status)
+    return _geod_distance.go((lat1, lon1, lat2, lon2,), (), (model,), errors, return_status)
 
 
 _geod_point = _Function("kl_geod_point", "kl_geod_point_n", None, 1, GeodesicEndResult, False, (
@@ -450,7 +450,7 @@ def geod_point(lat, lon, azimuth, distance, /, *, model=None, errors="raise", re
         longitude: deg
         azimuth: deg, direction of travel there
     """
-    return _geod_point((lat, lon, azimuth, distance,), (), (model,), errors, return_status)
+    return _geod_point.go((lat, lon, azimuth, distance,), (), (model,), errors, return_status)
 
 
 _position_on_orbit = _Function("kl_position_on_orbit", "kl_position_on_orbit_n", 32, 1, OrbitAngleResult, False, (
@@ -500,7 +500,7 @@ def position_on_orbit(t, pos, vel, acc=None, /, *, mode=None, cs, ref=Time.UTC, 
         GAP_WARN (W): once, when a call enters the gap between two bulletins
         VALIDITY_WARN (W): once, when a call leaves the validity of the table
     """
-    return _position_on_orbit((t, pos, vel, acc,), (mode if mode is not None else 3 if acc is not None else 2, cs, ref,), (model, time,), errors, return_status)
+    return _position_on_orbit.go((t, pos, vel, acc,), (mode if mode is not None else 3 if acc is not None else 2, cs, ref,), (model, time,), errors, return_status)
 
 
 _orbit_sun = _Function("kl_orbit_sun", "kl_orbit_sun_n", None, 1, OrbitSunAnglesResult, False, (
@@ -531,7 +531,7 @@ def orbit_sun(t, pos, vel, /, *, cs, ref=Time.UTC, model=None, time=None, errors
     Returns OrbitSunAngles:
         beta, node_true_solar_time, node_mean_solar_time, sun_to_satellite
     """
-    return _orbit_sun((t, pos, vel,), (cs, ref,), (model, time,), errors, return_status)
+    return _orbit_sun.go((t, pos, vel,), (cs, ref,), (model, time,), errors, return_status)
 
 
 _cart_to_radec = _Function("kl_cart_to_radec", "kl_cart_to_radec_n", 36, 1, RadecResult, False, (
@@ -562,7 +562,7 @@ def cart_to_radec(pos, vel=None, /, *, mode=None, model=None, errors="raise", re
         VELOCITY_ERR: mode 2: not finite, beyond 1e9 m/s
         POLAR_AXIS_WARN (W): mode 2, with a velocity off the axis; the rates are 0
     """
-    return _cart_to_radec((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1,), (model,), errors, return_status)
+    return _cart_to_radec.go((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1,), (model,), errors, return_status)
 
 
 _radec_to_cart = _Function("kl_radec_to_cart", "kl_radec_to_cart_n", 37, 1, BodyStateResult, True, (
@@ -594,7 +594,7 @@ def radec_to_cart(ra, dec, distance, ra_rate=None, dec_rate=None, distance_rate=
         DISTANCE_ERR: negative, or not finite
         RATES_ERR: mode 2: not finite, or of a velocity that is not
     """
-    return _radec_to_cart((ra, dec, distance, ra_rate, dec_rate, distance_rate,), (mode if mode is not None else 2 if ra_rate is not None or dec_rate is not None or distance_rate is not None else 1,), (model,), errors, return_status)
+    return _radec_to_cart.go((ra, dec, distance, ra_rate, dec_rate, distance_rate,), (mode if mode is not None else 2 if ra_rate is not None or dec_rate is not None or distance_rate is not None else 1,), (model,), errors, return_status)
 
 
 _ef_to_topocentric = _Function("kl_ef_to_topocentric", "kl_ef_to_topocentric_n", None, 1, TopocentricResult, False, (
@@ -622,7 +622,7 @@ def ef_to_topocentric(pos, vel=None, /, *, mode=None, origin, model=None, errors
         azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate: azimuth, elevation, range; rates in
             mode 2
     """
-    return _ef_to_topocentric((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1, origin,), (model,), errors, return_status)
+    return _ef_to_topocentric.go((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1, origin,), (model,), errors, return_status)
 
 
 _topocentric_to_ef = _Function("kl_topocentric_to_ef", "kl_topocentric_to_ef_n", None, 1, BodyStateResult, True, (
@@ -650,7 +650,7 @@ def topocentric_to_ef(azimuth, elevation, range, azimuth_rate=None, elevation_ra
         pos: [..., 3], m, kl.Frame.EF
         vel: [..., 3], m/s, relative to the rotating axes; 0 in mode 1
     """
-    return _topocentric_to_ef((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (mode if mode is not None else 2 if azimuth_rate is not None or elevation_rate is not None or range_rate is not None else 1, origin,), (model,), errors, return_status)
+    return _topocentric_to_ef.go((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (mode if mode is not None else 2 if azimuth_rate is not None or elevation_rate is not None or range_rate is not None else 1, origin,), (model,), errors, return_status)
 
 
 _geod_to_utm = _Function("KL_Coticchia_Surace", "KL_Coticchia_Surace_n", 39, 1, GeodToUtmResult, False, (
@@ -681,7 +681,7 @@ def geod_to_utm(lat, lon, zone=0, /, *, model=None, errors="raise", return_statu
     Raises KitError, or warns KitWarning (W):
         COMPUTATION_ERR: whatever is refused
     """
-    return _geod_to_utm((lat, lon, zone,), (), (model,), errors, return_status)
+    return _geod_to_utm.go((lat, lon, zone,), (), (model,), errors, return_status)
 
 
 _utm_to_geod = _Function("kl_utm_to_geod", "kl_utm_to_geod_n", None, 1, GridPlaceResult, False, (
@@ -709,7 +709,7 @@ def utm_to_geod(zone, north, easting, northing, /, *, model=None, errors="raise"
         latitude: deg
         longitude: deg
     """
-    return _utm_to_geod((zone, north, easting, northing,), (), (model,), errors, return_status)
+    return _utm_to_geod.go((zone, north, easting, northing,), (), (model,), errors, return_status)
 
 
 _local_orbital_frame = _Function("kl_local_orbital_frame", "kl_local_orbital_frame_n", None, 1, LocalFrameResult, False, (
@@ -736,7 +736,7 @@ def local_orbital_frame(pos, vel, acc=None, /, *, kind=LocalFrame.QSW, errors="r
         r: [..., 9], rows: the axes in the frame of the state
         dr: [..., 9], 1/s, its derivative in time
     """
-    return _local_orbital_frame((pos, vel, acc,), (kind,), (), errors, return_status)
+    return _local_orbital_frame.go((pos, vel, acc,), (kind,), (), errors, return_status)
 
 
 _mean_motion = _Function("kl_mean_motion", "kl_mean_motion_n", None, 1, KeplerResult, False, (
@@ -759,7 +759,7 @@ def mean_motion(mean, duration, /, *, model=None, errors="raise", return_status=
         semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly: elements then, angles in
             [0, 360)
     """
-    return _mean_motion((mean, duration,), (), (model,), errors, return_status)
+    return _mean_motion.go((mean, duration,), (), (model,), errors, return_status)
 
 
 _time_processing_to_processing = _Function("kl_time_processing_to_processing", "kl_time_processing_to_processing_n", 5, 1, None, False, (
@@ -801,19 +801,19 @@ def time_processing_to_processing(t, /, *, ref_in=Time.UTC, ref_out=Time.UTC, ti
     >>> round((kl.time_processing_to_processing(t, ref_in="UTC", ref_out="GPS") - t) * 86400)
     18
     """
-    return _time_processing_to_processing((t,), (ref_in, ref_out,), (time,), errors, return_status)
+    return _time_processing_to_processing.go((t,), (ref_in, ref_out,), (time,), errors, return_status)
 
 
-_time_ascii_to_ascii = _Function("kl_time_ascii_to_ascii", "kl_time_ascii_to_ascii_n", 6, 2, None, False, (
+_time_ascii_to_ascii = _Function("kl_time_ascii_to_ascii", "kitlib_kl_time_ascii_to_ascii_texts", 6, 2, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Ascii),
     ("select", _table.Time),
-    ("width", 40),
+    ("width", 0),
     ("each", "text", 'text', 0, False, False),
     ("select", _table.Ascii),
     ("select", _table.Time),
-    ("width", 32),
+    ("width", 0),
     ("gives", "ascii_out", 'text', 0, False, False),
 ))
 
@@ -866,15 +866,15 @@ def time_ascii_to_ascii(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, fmt_
     >>> kl.time_ascii_to_ascii(["2026-06-21T08:24:00"], fmt_in=41, ref_in="UTC", fmt_out=13, ref_out="GPS").tolist()
     ['2026-06-21_08:24:18.000000']
     """
-    return _time_ascii_to_ascii((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+    return _time_ascii_to_ascii.go((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_ascii_to_processing = _Function("kl_time_ascii_to_processing", "kl_time_ascii_to_processing_n", 8, 1, None, False, (
+_time_ascii_to_processing = _Function("kl_time_ascii_to_processing", "kitlib_kl_time_ascii_to_processing_texts", 8, 1, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Ascii),
     ("select", _table.Time),
-    ("width", 40),
+    ("width", 0),
     ("each", "text", 'text', 0, False, False),
     ("fixed",),
     ("select", _table.Time),
@@ -922,13 +922,13 @@ def time_ascii_to_processing(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC,
         DAY_OF_28_ERR: day 29 to 31 of another February
         LEAP_SECOND_ERR: second 60 without a leap second
     """
-    return _time_ascii_to_processing((text,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
+    return _time_ascii_to_processing.go((text,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
 
 
-_time_text_to_processing = _Function("kl_time_text_to_processing", "kl_time_text_to_processing_n", 8, 1, None, False, (
+_time_text_to_processing = _Function("kl_time_text_to_processing", "kitlib_kl_time_text_to_processing_texts", 8, 1, None, False, (
     ("time",),
     ("n",),
-    ("width", 40),
+    ("width", 0),
     ("each", "text", 'text', 0, False, False),
     ("select", _table.Time),
     ("fixed",),
@@ -979,15 +979,15 @@ def time_text_to_processing(text, /, *, ref=Time.UTC, ref_out=Time.UTC, time=Non
     Layouts: those of kl.Ascii, with the prefix of the scale or without, and CCSDS A and B, 2026-06-21T08:24:05.5Z and
     2026-172T08:24:05.5Z, with the Z or without. The seconds are required.
     """
-    return _time_text_to_processing((text,), (ref, ref_out,), (time,), errors, return_status)
+    return _time_text_to_processing.go((text,), (ref, ref_out,), (time,), errors, return_status)
 
 
-_time_ascii_to_transport = _Function("kl_time_ascii_to_transport", "kl_time_ascii_to_transport_n", 7, 1, None, False, (
+_time_ascii_to_transport = _Function("kl_time_ascii_to_transport", "kitlib_kl_time_ascii_to_transport_texts", 7, 1, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Ascii),
     ("select", _table.Time),
-    ("width", 40),
+    ("width", 0),
     ("each", "text", 'text', 0, False, False),
     ("select", _table.Transport),
     ("select", _table.Time),
@@ -1037,10 +1037,10 @@ def time_ascii_to_transport(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, 
         DAY_OF_28_ERR: day 29 to 31 of another February
         LEAP_SECOND_ERR: second 60 without a leap second
     """
-    return _time_ascii_to_transport((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+    return _time_ascii_to_transport.go((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_processing_to_ascii = _Function("kl_time_processing_to_ascii", "kl_time_processing_to_ascii_n", 3, 1, None, False, (
+_time_processing_to_ascii = _Function("kl_time_processing_to_ascii", "kitlib_kl_time_processing_to_ascii_texts", 3, 1, None, False, (
     ("time",),
     ("n",),
     ("fixed",),
@@ -1048,7 +1048,7 @@ _time_processing_to_ascii = _Function("kl_time_processing_to_ascii", "kl_time_pr
     ("each", "t", 'f8', 0, False, False),
     ("select", _table.Ascii),
     ("select", _table.Time),
-    ("width", 32),
+    ("width", 0),
     ("gives", "ascii_out", 'text', 0, False, False),
 ))
 
@@ -1079,7 +1079,7 @@ def time_processing_to_ascii(t, /, *, ref_in=Time.UTC, fmt_out=Ascii.ASCII_43, r
         BEFORE_1950_ERR: output before 1950
         AFTER_2099_ERR: output after 2099
     """
-    return _time_processing_to_ascii((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+    return _time_processing_to_ascii.go((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
 _time_processing_to_transport = _Function("kl_time_processing_to_transport", "kl_time_processing_to_transport_n", 4, 1, None, False, (
@@ -1118,10 +1118,10 @@ def time_processing_to_transport(t, /, *, ref_in=Time.UTC, fmt_out=Transport.TRA
         VALIDITY_WARN (W): left the validity of the time id
         STANDARD_FORMAT_ERR: input not split into whole units
     """
-    return _time_processing_to_transport((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+    return _time_processing_to_transport.go((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_transport_to_ascii = _Function("kl_time_transport_to_ascii", "kl_time_transport_to_ascii_n", 0, 1, None, False, (
+_time_transport_to_ascii = _Function("kl_time_transport_to_ascii", "kitlib_kl_time_transport_to_ascii_texts", 0, 1, None, False, (
     ("time",),
     ("n",),
     ("select", _table.Transport),
@@ -1129,7 +1129,7 @@ _time_transport_to_ascii = _Function("kl_time_transport_to_ascii", "kl_time_tran
     ("each", "transport", 'i8', 4, False, False),
     ("select", _table.Ascii),
     ("select", _table.Time),
-    ("width", 32),
+    ("width", 0),
     ("gives", "ascii_out", 'text', 0, False, False),
 ))
 
@@ -1170,7 +1170,7 @@ def time_transport_to_ascii(transport, /, *, fmt_in=Transport.TRANS_0, ref_in=Ti
         BEFORE_1950_ERR: output before 1950
         AFTER_2099_ERR: output after 2099
     """
-    return _time_transport_to_ascii((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+    return _time_transport_to_ascii.go((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
 _time_transport_to_processing = _Function("kl_time_transport_to_processing", "kl_time_transport_to_processing_n", 2, 1, None, False, (
@@ -1217,7 +1217,7 @@ def time_transport_to_processing(transport, /, *, fmt_in=Transport.TRANS_0, ref_
         FRACTION_ERR: not 0 to 65535
         GPS_SECONDS_ERR: outside 1950 to 2099
     """
-    return _time_transport_to_processing((transport,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
+    return _time_transport_to_processing.go((transport,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
 
 
 _time_transport_to_transport = _Function("kl_time_transport_to_transport", "kl_time_transport_to_transport_n", 1, 1, None, False, (
@@ -1266,7 +1266,7 @@ def time_transport_to_transport(transport, /, *, fmt_in=Transport.TRANS_0, ref_i
         FRACTION_ERR: not 0 to 65535
         GPS_SECONDS_ERR: outside 1950 to 2099
     """
-    return _time_transport_to_transport((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
+    return _time_transport_to_transport.go((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
 _change_cart_cs = _Function("kl_change_cart_cs", "kl_change_cart_cs_n", 17, 1, StateResult, False, (
@@ -1327,7 +1327,7 @@ def change_cart_cs(t, pos, vel=None, acc=None, /, *, mode=None, cs_in, cs_out, r
     >>> pos.round(-3).tolist()
     [6415000.0, -3181000.0, -0.0]
     """
-    return _change_cart_cs((t, pos, vel, acc,), (mode if mode is not None else 3 if acc is not None else 2 if vel is not None else 1, cs_in, cs_out, ref,), (model, time,), errors, return_status)
+    return _change_cart_cs.go((t, pos, vel, acc,), (mode if mode is not None else 3 if acc is not None else 2 if vel is not None else 1, cs_in, cs_out, ref,), (model, time,), errors, return_status)
 
 
 _ray_ellipsoid = _Function("kl_ray_ellipsoid", "kl_ray_ellipsoid_n", None, 1, RayPointsResult, False, (
@@ -1353,7 +1353,7 @@ def ray_ellipsoid(pos, dir, margin=None, /, *, model=None, errors="raise", retur
         t: [..., 2], m, along the unit direction, ascending, negative behind; NaN beyond the number of points
         n: number of points, 0 to 2
     """
-    return _ray_ellipsoid((pos, dir, margin,), (), (model,), errors, return_status)
+    return _ray_ellipsoid.go((pos, dir, margin,), (), (model,), errors, return_status)
 
 
 _ray_height = _Function("kl_ray_height", "kl_ray_height_n", None, 1, RayPointsResult, False, (
@@ -1379,7 +1379,7 @@ def ray_height(pos, dir, height, /, *, model=None, errors="raise", return_status
         t: [..., 2], m, along the unit direction, ascending, negative behind; NaN beyond the number of points
         n: number of points, 0 to 2
     """
-    return _ray_height((pos, dir, height,), (), (model,), errors, return_status)
+    return _ray_height.go((pos, dir, height,), (), (model,), errors, return_status)
 
 
 _ray_tangent = _Function("kl_ray_tangent", "kl_ray_tangent_n", None, 1, TangentPointResult, False, (
@@ -1407,7 +1407,7 @@ def ray_tangent(pos, dir, /, *, model=None, errors="raise", return_status=False)
         geodetic: record Geodetic, its coordinates; rates 0
         meetsEarth: 1 when the point lies below the ellipsoid, else 0
     """
-    return _ray_tangent((pos, dir,), (), (model,), errors, return_status)
+    return _ray_tangent.go((pos, dir,), (), (model,), errors, return_status)
 
 
 _eclipse = _Function("kl_eclipse", "kl_eclipse_n", 38, 1, EclipseStateResult, False, (
@@ -1456,7 +1456,7 @@ def eclipse(t, pos, margin=None, /, *, light_time=1, cs=Frame.EF, ref=Time.UTC, 
         GAP_WARN (W): once
         VALIDITY_WARN (W): once
     """
-    return _eclipse((t, pos, margin,), (light_time, cs, ref,), (model, time,), errors, return_status)
+    return _eclipse.go((t, pos, margin,), (light_time, cs, ref,), (model, time,), errors, return_status)
 
 
 _earth_orientation_get = _Function("kl_earth_orientation_get", "kl_earth_orientation_get_n", None, 1, EarthOrientationResult, False, (
@@ -1481,7 +1481,7 @@ def earth_orientation_get(t, /, *, corrections=0, ref=Time.UTC, time=None, error
     Returns EarthOrientation:
         x_pole, y_pole, ut1_utc, ut1_tai, dx, dy, cip_x, cip_y, s, s_prime, era, notes: the values
     """
-    return _earth_orientation_get((t,), (corrections, ref,), (time,), errors, return_status)
+    return _earth_orientation_get.go((t,), (corrections, ref,), (time,), errors, return_status)
 
 
 _iers_matrix = _Function("kl_iers_matrix", "kl_iers_matrix_n", None, 1, MatrixStateResult, False, (
@@ -1517,7 +1517,7 @@ def iers_matrix(t, /, *, corrections=0, cs_in, cs_out, ref=Time.UTC, mode=None, 
         rate: [..., 9], 1/s, its derivative; zero in mode 1
         acceleration: [..., 9], 1/s2, its second derivative; zero in modes 1 and 2
     """
-    return _iers_matrix((t,), (corrections, cs_in, cs_out, ref, mode if mode is not None else 1,), (time,), errors, return_status)
+    return _iers_matrix.go((t,), (corrections, cs_in, cs_out, ref, mode if mode is not None else 1,), (time,), errors, return_status)
 
 
 _iers_change = _Function("kl_iers_change", "kl_iers_change_n", None, 1, StateResult, False, (
@@ -1559,7 +1559,7 @@ def iers_change(t, pos, vel=None, acc=None, /, *, corrections=0, mode=None, cs_i
         vel: [..., 3], m/s, the derivative in the output frame; may be vel
         acc: [..., 3], m/s2, may be acc
     """
-    return _iers_change((t, pos, vel, acc,), (corrections, mode if mode is not None else 3 if acc is not None else 2 if vel is not None else 1, cs_in, cs_out, ref,), (time,), errors, return_status)
+    return _iers_change.go((t, pos, vel, acc,), (corrections, mode if mode is not None else 3 if acc is not None else 2 if vel is not None else 1, cs_in, cs_out, ref,), (time,), errors, return_status)
 
 
 _quaternions_to_vectors = _Function("kl_quaternions_to_vectors", "kl_quaternions_to_vectors_n", 33, 1, AxesResult, False, (
@@ -1587,7 +1587,7 @@ def quaternions_to_vectors(q, /, *, errors="raise", return_status=False):
     >>> kl.quaternions_to_vectors([0.0, 0.0, 0.0, 1.0]).y.tolist()
     [0.0, 1.0, 0.0]
     """
-    return _quaternions_to_vectors((q,), (), (), errors, return_status)
+    return _quaternions_to_vectors.go((q,), (), (), errors, return_status)
 
 
 _vectors_to_quaternions = _Function("kl_vectors_to_quaternions", "kl_vectors_to_quaternions_n", 34, 1, None, False, (
@@ -1615,7 +1615,7 @@ def vectors_to_quaternions(x, y, z, /, *, errors="raise", return_status=False):
         VECTORS_ERR: a null vector, or a left-handed set
         ORTHONORMAL_ERR: not orthogonal within 1e-6; NaN
     """
-    return _vectors_to_quaternions((x, y, z,), (), (), errors, return_status)
+    return _vectors_to_quaternions.go((x, y, z,), (), (), errors, return_status)
 
 
 _quaternions_interpol = _Function("kl_quaternions_interpol", "kl_quaternions_interpol_n", 45, 1, None, False, (
@@ -1648,7 +1648,7 @@ def quaternions_interpol(t1, q1, t2, q2, t, /, *, mode=Interpolation.SLERP, erro
         RANGE_WARN (W): t outside [t1, t2]: extrapolated
         ALGORITHM_ERR: mode inside the interval, or numbers that allow no algorithm
     """
-    return _quaternions_interpol((t1, q1, t2, q2, t,), (mode,), (), errors, return_status)
+    return _quaternions_interpol.go((t1, q1, t2, q2, t,), (mode,), (), errors, return_status)
 
 
 _euler_to_matrix = _Function("kl_euler_to_matrix", "kl_euler_to_matrix_n", None, 1, None, False, (
@@ -1667,7 +1667,7 @@ def euler_to_matrix(angles, /, *, errors="raise", return_status=False):
         matrix: [..., 9], row by row, with s and c the sines and cosines: c1c2+s0s1s2, c0s2, s1c2-s0c1s2 /
             -c1s2+s0s1c2, c0c2, -s1s2-s0c1c2 / -c0s1, s0, c0c1
     """
-    return _euler_to_matrix((angles,), (), (), errors, return_status)
+    return _euler_to_matrix.go((angles,), (), (), errors, return_status)
 
 
 _matrix_to_euler = _Function("kl_matrix_to_euler", "kl_matrix_to_euler_n", 41, 1, None, False, (
@@ -1689,7 +1689,7 @@ def matrix_to_euler(matrix, /, *, errors="raise", return_status=False):
         AMBIGUITY_WARN (W): a0 is +-90 deg (cosine below 1e-9): a2 = 0
         ORTHONORMAL_ERR: rows not orthonormal within 1e-6; NaN
     """
-    return _matrix_to_euler((matrix,), (), (), errors, return_status)
+    return _matrix_to_euler.go((matrix,), (), (), errors, return_status)
 
 
 _get_rotation_angles = _Function("kl_get_rotation_angles", "kl_get_rotation_angles_n", 30, 1, None, False, (
@@ -1721,7 +1721,7 @@ def get_rotation_angles(x1, y1, z1, x2, y2, z2, /, *, errors="raise", return_sta
         ORTHOGONAL_ERR: a set is not orthogonal within 1e-6, or has a null vector
         ROTATION_ERR: the sets are of different hands
     """
-    return _get_rotation_angles((x1, y1, z1, x2, y2, z2,), (), (), errors, return_status)
+    return _get_rotation_angles.go((x1, y1, z1, x2, y2, z2,), (), (), errors, return_status)
 
 
 _get_rotated_vectors = _Function("kl_get_rotated_vectors", "kl_get_rotated_vectors_n", 31, 1, AxesResult, False, (
@@ -1752,7 +1752,7 @@ def get_rotated_vectors(x1, y1, z1, angles, /, *, errors="raise", return_status=
         ORTHOGONAL_ERR: the set is not orthogonal within 1e-6, or has a null vector
         ROTATION_ERR: angles that are not finite
     """
-    return _get_rotated_vectors((x1, y1, z1, angles,), (), (), errors, return_status)
+    return _get_rotated_vectors.go((x1, y1, z1, angles,), (), (), errors, return_status)
 
 
 _star_radec = _Function("kl_star_radec", "kl_star_radec_n", 25, 1, RadecResult, False, (
@@ -1804,7 +1804,7 @@ def star_radec(t, star, observer_pos=None, observer_vel=None, /, *, corrections=
     Ranges of a star: ra -360 to 360, dec -90 to 90 deg; proper motions up to 1e6 mas/yr, parallax up to 1e4 mas, radial velocity
     up to 3e5 km/s, epoch -91312.5 to 109573.5 (MJD2000; 1750 to 2300); all finite. See kl.Star.
     """
-    return _star_radec((t, star, observer_pos, observer_vel,), (corrections, cs_out, ref,), (model, time,), errors, return_status)
+    return _star_radec.go((t, star, observer_pos, observer_vel,), (corrections, cs_out, ref,), (model, time,), errors, return_status)
 
 
 _time_get_pole = _Function("kl_time_get_pole", "kitlib_kl_time_get_pole_n", None, 0, None, False, (
@@ -1828,7 +1828,7 @@ def time_get_pole(t, /, *, ref=Time.UTC, time=None, errors="raise", return_statu
         pole: [..., 4], arcsec, x, y, dX, dY
     C has no array form of it: the package's own loop in C calls it once an element.
     """
-    return _time_get_pole((t,), (ref,), (time,), errors, return_status)
+    return _time_get_pole.go((t,), (ref,), (time,), errors, return_status)
 
 
 _time_add = _Function("kl_time_add", "kl_time_add_n", 9, 1, None, False, (
@@ -1856,7 +1856,7 @@ def time_add(t, duration, /, *, ref=Time.UTC, errors="raise", return_status=Fals
         TIME_ERR: time outside -18262.0 to 36524.0, or NaN
         SUM_ERR: sum outside that range, or NaN; it is written all the same
     """
-    return _time_add((t, duration,), (ref,), (), errors, return_status)
+    return _time_add.go((t, duration,), (ref,), (), errors, return_status)
 
 
 _time_diff = _Function("kl_time_diff", "kl_time_diff_n", 10, 1, None, False, (
@@ -1884,7 +1884,7 @@ def time_diff(time1, time2, /, *, ref=Time.UTC, errors="raise", return_status=Fa
         TIME1_ERR: first time outside -18262.0 to 36524.0, or NaN
         TIME2_ERR: second time outside that range, or NaN
     """
-    return _time_diff((time1, time2,), (ref,), (), errors, return_status)
+    return _time_diff.go((time1, time2,), (ref,), (), errors, return_status)
 
 
 _time_get_leap_second_info = _Function("kl_time_get_leap_second_info", "kitlib_kl_time_get_leap_second_info_n", 27, 1, LeapSecondInfoResult, False, (
@@ -1917,4 +1917,4 @@ def time_get_leap_second_info(*, fmt_out=Ascii.ASCII_43, time=None, errors="rais
         TIME_ID_WARN (W): the time id is not initialised: sign 0, empty texts
     C has no array form of it: the package's own loop in C calls it once an element.
     """
-    return _time_get_leap_second_info((), (fmt_out,), (time,), errors, return_status)
+    return _time_get_leap_second_info.go((), (fmt_out,), (time,), errors, return_status)

@@ -1,6 +1,11 @@
 """Memory of results. A page that the system hands out anew costs several times what most functions write there, so memory of
-results on which no array is left is used again.
+results on which no array is left is used again, with the pointers to it.
+
+The memory of one call is an entry: its arrays, the pointers to them and a vector of conditions. It waits in its home. Who takes it
+from there looks whether arrays of others are left on it, and brings it back when C is done.
 """
+import ctypes
+import functools
 import math
 import sys
 from collections import deque
@@ -10,99 +15,96 @@ import numpy as np
 from ._pointers import pointer
 
 LIMIT = 128 << 20  # octets that stay here at most, those of arrays in use included
-LARGEST = 32 << 20  # octets of one array
-MANY = 16  # arrays of one kind and room, when some have come free
+MANY = 16  # entries of one kind and room
 SMALLEST = 256  # elements: below, the allocator has pages at hand
-_shelves = {}
+NOWHERE = deque(maxlen=0)  # the home of what is not used again
+_MOST_SIZES = 4096
+_Vector = ctypes.c_long * 2
 _held = 0
+_shelves = []
 
 
-def _entry(base):
-    return base, pointer(base.view(np.uint8))
+def _entry(arrays):
+    return (*arrays, *(pointer(a if a.dtype.kind in "fiu" else a.view(np.uint8)) for a in arrays), _Vector())
 
 
 def _references_of_idle():
-    """How many references an array has on which there is no other one; -1 where they do not say it."""
+    """How many references an array of an entry has on which there is no other one; -1 where they do not say it."""
     if not getattr(sys, "_is_gil_enabled", lambda: True)():
         return -1
-    entry = _entry(np.empty(1))
-    return sys.getrefcount(entry[0])
+    entry = _entry([np.empty(1), np.empty(1, "U1")])
+    counts = {sys.getrefcount(entry[0]), sys.getrefcount(entry[1])}
+    return counts.pop() if len(counts) == 1 else -1
 
 
 IDLE = _references_of_idle()
 
 
-def room_for(n):
+def _room_for(n):
     """Elements for which memory is made: n, and up to an eighth more."""
     step = 1 << max(n.bit_length() - 4, 0)
     return -(-n // step) * step
 
 
-def shelf(item, dtype):
-    """The rooms of results of one kind, and the function that takes from them: one for all functions of the library."""
-    key = item, dtype.str if dtype.names is None else id(dtype)
-    if key not in _shelves:
-        _shelves[key] = _shelf(item, dtype)
-    return _shelves[key][1]
+class Shelf:
+    """The entries of calls that give the same kinds of arrays: one for all functions of the library. Each kind is the shape of an
+    item and a type."""
+
+    def __init__(self, kinds):
+        self.kinds = kinds
+        self.size = sum(dtype.itemsize * math.prod(item) for item, dtype in kinds)
+        self.homes = {}  # by number of elements; those of one room have one home
+        _shelves.append(self)
+
+    def new(self, n):
+        """An entry for n elements or a few more, and its home."""
+        global _held
+        room = _room_for(n)
+        octets = room * self.size
+        if n < SMALLEST or octets > LIMIT or IDLE < 0:
+            return _entry([np.empty((n,) + item, dtype) for item, dtype in self.kinds]), NOWHERE
+        if _held + octets > LIMIT or len(self.homes) > _MOST_SIZES:
+            release()
+        _held += octets
+        home = self.homes.setdefault(room, deque(maxlen=MANY))
+        self.homes[n] = home
+        return _entry([np.empty((room,) + item, dtype) for item, dtype in self.kinds]), home
+
+    def forget(self, n):
+        """Of an entry that gives way to another one: it was the first one in a full home."""
+        global _held
+        _held -= _room_for(n) * self.size
+
+
+@functools.lru_cache(maxsize=None)
+def shelf(*kinds):
+    return Shelf(kinds)
 
 
 def some(shape, item, dtype):
-    """An array to be filled, from its shelf."""
+    """An array to be filled, of memory that is used again."""
     n = math.prod(shape)
-    return shelf(item, dtype)(shape, n, room_for(n))[0]
-
-
-def _shelf(item, dtype):
-    rooms, size = {}, dtype.itemsize * math.prod(item)
-
-    def take(shape, n, room, getrefcount=sys.getrefcount, idle=IDLE):
-        """An array of the shape, n items together, and its pointer; it holds what stood there before."""
-        if n < SMALLEST:
-            array = np.empty(shape + item, dtype)
-            return array, pointer(array)
-        try:
-            entries = rooms[room]
-            entry = entries.popleft()
-            if getrefcount(entry[0]) != idle:  # those given out longest ago come first
-                entries.append(entry)
-                entry = entries.popleft()
-        except (KeyError, IndexError):
-            return new(shape, room)
-        if getrefcount(entry[0]) != idle:
-            entries.append(entry)
-            return new(shape, room)
-        array = entry[0][:n]
-        if len(entries) < MANY:
-            entries.append(entry)
-        else:  # a heap of results was dropped: fewer are enough, and nearer to the processor
-            forget(room)
-        return array if len(shape) == 1 else array.reshape(shape + item), entry[1]
-
-    def forget(room):
-        global _held
-        _held -= room * size
-
-    def new(shape, room):
-        global _held
-        if room * size > LARGEST or IDLE < 0:
-            array = np.empty(shape + item, dtype)
-            return array, pointer(array)
-        if _held + room * size > LIMIT:
-            release()
-        _held += room * size
-        entry = _entry(np.empty((room,) + item, dtype))
-        array = entry[0][:math.prod(shape)].reshape(shape + item)
-        rooms.setdefault(room, deque()).append(entry)
-        return array, entry[1]
-
-    return rooms, take
+    own = shelf((item, dtype))
+    try:
+        home = own.homes[n]
+        entry = home.popleft()
+        if sys.getrefcount(entry[0]) != IDLE:
+            home.append(entry)
+            entry, home = own.new(n)
+    except (KeyError, IndexError):
+        entry, home = own.new(n)
+    array = entry[0][:n].reshape(shape + item)
+    if len(home) == MANY:
+        own.forget(n)
+    home.append(entry)
+    return array
 
 
 def release():
     """Lets go of all memory that is kept; arrays in use keep theirs."""
     global _held
-    for rooms, _ in list(_shelves.values()):
-        rooms.clear()
+    for one in _shelves:
+        one.homes.clear()
     _held = 0
 
 

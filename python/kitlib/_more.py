@@ -27,22 +27,13 @@ def geoid(latitude, longitude, /, *, max_degree=360, model=None, errors="raise",
     >>> round(kl.geoid(0.0, 0.0), 3)
     17.162
     """
-    return _GEOID((latitude, longitude), (max_degree,), (model,), errors, return_status)
+    return _GEOID.go((latitude, longitude), (max_degree,), (model,), errors, return_status)
 
 
-class _Geoid(_arrays.Function):
-    """kl_geoid_calc_n of the library, or the loop over the scalar call."""
-
-    def many(self, *arguments):
-        if self.array is None:
-            self.array = symbol("kl_geoid_calc_n" if hasattr(KITLIB, "kl_geoid_calc_n") else "kitlib_kl_geoid_calc_n")
-        return super().many(*arguments)
-
-
-_GEOID = _Geoid("kl_geoid_calc", "", 44, 1, None, False, (
+# The scalar call takes a record: one element goes through the call for arrays.
+_GEOID = _arrays.Function("kl_geoid_calc", "kl_geoid_calc_n", 44, 1, None, False, (
     ("model",), ("n",), ("each", "latitude", "f8", 0, False, False), ("each", "longitude", "f8", 0, False, False), ("select", None),
-    ("gives", "undulation", "f8", 0, False, False)))
-_GEOID.one = None  # the scalar call takes a record
+    ("gives", "undulation", "f8", 0, False, False)), scalar_is_array=True)
 
 
 def geoid_grid(latitudes, longitudes, /, *, max_degree=360, model=None):

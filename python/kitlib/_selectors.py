@@ -4,16 +4,16 @@ from enum import IntEnum
 
 import numpy as np
 
-_longs = {}
+longs = {}
 
 
 def long_pointer(value):
     """A pointer to a constant long."""
-    pointer = _longs.get(value)
+    pointer = longs.get(value)
     if pointer is None:
         pointer = ctypes.byref(ctypes.c_long(value))
-        if len(_longs) < 10000:
-            _longs[value] = pointer
+        if len(longs) < 10000:
+            longs[value] = pointer
     return pointer
 
 

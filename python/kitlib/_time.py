@@ -15,7 +15,7 @@ _READ = _functions._time_text_to_processing.silent()
 def _from_texts(texts, ref):
     """MJD2000 in the scale ref of texts of any layout; what the correlation says of its validity does not matter here."""
     try:
-        return _READ((texts,), (ref, ref), (_ids.for_reading(),), "raise", False)
+        return _READ.go((texts,), (ref, ref), (_ids.for_reading(),), "raise", False)
     except KitError as error:
         where = "mjd2000: " + (error.where or f"text {texts!r}")
         raise KitError("mjd2000", error.codes, error.messages, error.status, error.outputs, where) from None

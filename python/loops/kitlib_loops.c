@@ -26,6 +26,11 @@ static void blank(void *octets, const long *width)
         memset(octets, 0, (size_t)*width);
 }
 
+static long joined(long so_far, long next)
+{
+    return so_far == KL_ERR || next == KL_ERR ? KL_ERR : so_far == KL_WARN || next == KL_WARN ? KL_WARN : KL_OK;
+}
+
 /* Notes what one element gave; the return value is the one of the whole call so far. */
 static long noted(long so_far, long one, long i, long *status, long *ierr, const long *word, int words)
 {
@@ -34,7 +39,7 @@ static long noted(long so_far, long one, long i, long *status, long *ierr, const
         status[i] = one;
     for (k = 0; ierr != NULL && k < words; ++k)
         ierr[k] |= word[k];
-    return so_far == KL_ERR || one == KL_ERR ? KL_ERR : so_far == KL_WARN || one == KL_WARN ? KL_WARN : KL_OK;
+    return joined(so_far, one);
 }
 
 /* Clears the vector; 0 when there is nothing to do, then *result is the status of the call. */
@@ -87,67 +92,243 @@ long kitlib_kl_time_get_leap_second_info_n(kl_time_id *time_id, const long *n, c
     return result;
 }
 
-/*
- * Texts of numpy, `from` characters of `size` octets (1 or 4) padded with zeros, to octets of a fixed width that ends with a
- * zero. One that is too long or has a zero inside becomes question marks, which no layout has. Returns 0, or the number of the
- * first text, from 1, that is not ASCII.
- */
-KL_API long kitlib_texts(const void *in, long n, long from, long size, unsigned char *out, long width);
-long kitlib_texts(const void *in, long n, long from, long size, unsigned char *out, long width)
+/* ---- Texts of numpy: `from` characters of 1 or 4 octets, padded with zeros; C takes octets at a fixed distance. ---- */
+
+enum {
+    kMostRows = 256,                /* texts of a block: octets of them, what is made of them and the block of C stay in the first-level cache */
+    kRoom = 8192,                   /* octets of a block */
+    kCut = 64,                      /* width of texts that are wider than that: no layout is */
+    kWidest = 32                    /* characters of a text that C writes, and its zero */
+};
+
+static long rows_of_block(long width, long rows)
 {
-    const long room = from < width - 1 ? from : width - 1;
-    long i, k;
-    for (i = 0; i < n; ++i) {
-        unsigned char *const text = out + i * width;
-        unsigned bits = 0, beyond = 0;
-        memset(text, 0, (size_t)width);
+    const long most = kRoom / (width > 0 && width < kCut ? width : kCut);
+    return most < rows ? most : rows;
+}
+
+/* Four-octet characters to octets; the bits that any of them has. Compilers make vectors of this loop and the next ones. */
+static uint32_t narrowed(const uint32_t *restrict in, long n, unsigned char *restrict out)
+{
+    uint32_t bits = 0;
+    long k;
+    for (k = 0; k < n; ++k) {
+        bits |= in[k];
+        out[k] = (unsigned char)in[k];
+    }
+    return bits;
+}
+
+static void widened(const unsigned char *restrict in, long n, uint32_t *restrict out)
+{
+    long k;
+    for (k = 0; k < n; ++k)
+        out[k] = in[k];
+}
+
+static uint32_t bits_of_wide(const uint32_t *in, long n)
+{
+    uint32_t bits = 0;
+    long k;
+    for (k = 0; k < n; ++k)
+        bits |= in[k];
+    return bits;
+}
+
+static uint32_t bits_of_octets(const unsigned char *in, long n)
+{
+    unsigned char bits = 0;
+    long k;
+    for (k = 0; k < n; ++k)
+        bits |= in[k];
+    return bits;
+}
+
+/* Does a zero stand before other characters? */
+static int is_broken(const unsigned char *text, long width)
+{
+    const void *zero = memchr(text, 0, (size_t)width);
+    return zero != NULL && bits_of_octets((const unsigned char *)zero, width - ((const unsigned char *)zero - text)) != 0;
+}
+
+/* Texts wider than any layout: what is too long for one becomes question marks. */
+static void cut(const void *in, long size, long from, long n, unsigned char *out)
+{
+    long i;
+    for (i = 0; i < n; ++i, out += kCut) {
+        uint32_t bits, beyond;
         if (size == 4) {
             const uint32_t *const row = (const uint32_t *)in + i * from;
-            for (k = 0; k < room; ++k) {
-                bits |= row[k];
-                text[k] = (unsigned char)row[k];
-            }
-            for (; k < from; ++k)
-                beyond |= row[k];
+            bits = narrowed(row, kCut - 1, out);
+            beyond = bits_of_wide(row + kCut - 1, from - kCut + 1);
         } else {
             const unsigned char *const row = (const unsigned char *)in + i * from;
-            for (k = 0; k < room; ++k) {
-                bits |= row[k];
-                text[k] = row[k];
-            }
-            for (; k < from; ++k)
-                beyond |= row[k];
+            memcpy(out, row, kCut - 1);
+            bits = bits_of_octets(row, kCut - 1);
+            beyond = bits_of_octets(row + kCut - 1, from - kCut + 1);
         }
-        if ((bits | beyond) > 127)
-            return i + 1;
-        for (k = (long)strlen((const char *)text); k < room; ++k)
-            beyond |= text[k];
-        if (beyond != 0)
-            memset(text, '?', (size_t)width - 1);
+        out[kCut - 1] = 0;
+        if (bits > 127 || beyond != 0 || is_broken(out, kCut))
+            memset(out, '?', kCut - 1);
     }
-    return 0;
 }
 
-/* Length of the longest of n texts in octets of a fixed width, padded with zeros. */
-KL_API long kitlib_longest(const unsigned char *in, long n, long width);
-long kitlib_longest(const unsigned char *in, long n, long width)
+/*
+ * The octets of n texts, and their width; `room` has space for a block. A text that is not ASCII or has a zero inside becomes
+ * question marks, which no layout has: all are looked at together, one by one only where a text is odd or not of full width.
+ */
+static const char *octets_of(const void *in, const long kind[2], long n, unsigned char *room, long *width)
 {
-    long i, longest = 0;
-    for (i = 0; i < n; ++i)
-        while (longest < width && in[i * width + longest] != 0)
-            ++longest;
-    return longest;
+    const long size = kind[0], from = kind[1];
+    uint32_t bits = 0;
+    long i;
+    *width = from < kCut ? from : kCut;
+    if (from >= kCut) {
+        cut(in, size, from, n, room);
+        return (const char *)room;
+    }
+    if (size == 4)
+        bits = narrowed((const uint32_t *)in, n * from, room);
+    if (bits <= 127 && memchr(size == 4 ? room : in, 0, (size_t)(n * from)) == NULL)
+        return size == 4 ? (const char *)room : (const char *)in;
+    if (size != 4)
+        memcpy(room, in, (size_t)(n * from));
+    for (i = 0; i < n; ++i) {
+        unsigned char *const text = room + i * from;
+        if ((bits > 127 && bits_of_wide((const uint32_t *)in + i * from, from) > 127) || is_broken(text, from))
+            memset(text, '?', (size_t)from);
+    }
+    return (const char *)room;
 }
 
-/* Octets of a fixed width to texts of numpy: `to` characters of four octets, padded with zeros. */
-KL_API long kitlib_wide_texts(const unsigned char *in, long n, long width, uint32_t *out, long to);
-long kitlib_wide_texts(const unsigned char *in, long n, long width, uint32_t *out, long to)
+KL_API long kitlib_kl_time_ascii_to_ascii_texts(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long ascii_in_width[2], const void *ascii_in, const long *ascii_id_out, const long *time_ref_out, const long *ascii_out_width, uint32_t *ascii_out, long *status, long ierr[2]);
+long kitlib_kl_time_ascii_to_ascii_texts(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long ascii_in_width[2], const void *ascii_in, const long *ascii_id_out, const long *time_ref_out, const long *ascii_out_width, uint32_t *ascii_out, long *status, long ierr[2])
 {
-    long i, k;
-    for (i = 0; i < n; ++i)
-        for (k = 0; k < to; ++k)
-            out[i * to + k] = in[i * width + k];
-    return 0;
+    unsigned char read[kRoom];
+    const char *octets;
+    long octets_width;
+    unsigned char written[kMostRows * kWidest];
+    long i, k, count, result;
+    const long rows = rows_of_block(ascii_in_width[1], kMostRows);
+    if (!begun(n, ierr, 2, &result))
+        return result;
+    if (*ascii_out_width > kWidest)
+        return KL_ERR;
+    for (i = 0; i < *n; i += rows) {
+        long word[2] = {0};
+        count = *n - i < rows ? *n - i : rows;
+        octets = octets_of((const char *)ascii_in + i * ascii_in_width[0] * ascii_in_width[1], ascii_in_width, count, read, &octets_width);
+        result = joined(result, kl_time_ascii_to_ascii_n(time_id, &count, ascii_id_in, time_ref_in, &octets_width, octets, ascii_id_out, time_ref_out, ascii_out_width, (char *)written, AT(status), word));
+        for (k = 0; ierr != NULL && k < 2; ++k)
+            ierr[k] |= word[k];
+        widened(written, count * *ascii_out_width, ascii_out + i * *ascii_out_width);
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_ascii_to_processing_texts(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long width[2], const void *ascii_in, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr);
+long kitlib_kl_time_ascii_to_processing_texts(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long width[2], const void *ascii_in, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr)
+{
+    unsigned char read[kRoom];
+    const char *octets;
+    long octets_width;
+    long i, k, count, result;
+    const long rows = rows_of_block(width[1], kMostRows);
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; i += rows) {
+        long word[1] = {0};
+        count = *n - i < rows ? *n - i : rows;
+        octets = octets_of((const char *)ascii_in + i * width[0] * width[1], width, count, read, &octets_width);
+        result = joined(result, kl_time_ascii_to_processing_n(time_id, &count, ascii_id_in, time_ref_in, &octets_width, octets, proc_id_out, time_ref_out, AT(time_out), AT(status), word));
+        for (k = 0; ierr != NULL && k < 1; ++k)
+            ierr[k] |= word[k];
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_text_to_processing_texts(kl_time_id *time_id, const long *n, const long width[2], const void *text, const long *time_ref_default, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr);
+long kitlib_kl_time_text_to_processing_texts(kl_time_id *time_id, const long *n, const long width[2], const void *text, const long *time_ref_default, const long *proc_id_out, const long *time_ref_out, double *time_out, long *status, long *ierr)
+{
+    unsigned char read[kRoom];
+    const char *octets;
+    long octets_width;
+    long i, k, count, result;
+    const long rows = rows_of_block(width[1], kMostRows);
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; i += rows) {
+        long word[1] = {0};
+        count = *n - i < rows ? *n - i : rows;
+        octets = octets_of((const char *)text + i * width[0] * width[1], width, count, read, &octets_width);
+        result = joined(result, kl_time_text_to_processing_n(time_id, &count, &octets_width, octets, time_ref_default, proc_id_out, time_ref_out, AT(time_out), AT(status), word));
+        for (k = 0; ierr != NULL && k < 1; ++k)
+            ierr[k] |= word[k];
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_ascii_to_transport_texts(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long width[2], const void *ascii_in, const long *trans_id_out, const long *time_ref_out, long transport_out[][4], long *status, long *ierr);
+long kitlib_kl_time_ascii_to_transport_texts(kl_time_id *time_id, const long *n, const long *ascii_id_in, const long *time_ref_in, const long width[2], const void *ascii_in, const long *trans_id_out, const long *time_ref_out, long transport_out[][4], long *status, long *ierr)
+{
+    unsigned char read[kRoom];
+    const char *octets;
+    long octets_width;
+    long i, k, count, result;
+    const long rows = rows_of_block(width[1], kMostRows);
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    for (i = 0; i < *n; i += rows) {
+        long word[1] = {0};
+        count = *n - i < rows ? *n - i : rows;
+        octets = octets_of((const char *)ascii_in + i * width[0] * width[1], width, count, read, &octets_width);
+        result = joined(result, kl_time_ascii_to_transport_n(time_id, &count, ascii_id_in, time_ref_in, &octets_width, octets, trans_id_out, time_ref_out, AT(transport_out), AT(status), word));
+        for (k = 0; ierr != NULL && k < 1; ++k)
+            ierr[k] |= word[k];
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_processing_to_ascii_texts(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *ascii_id_out, const long *time_ref_out, const long *width, uint32_t *ascii_out, long *status, long *ierr);
+long kitlib_kl_time_processing_to_ascii_texts(kl_time_id *time_id, const long *n, const long *proc_id_in, const long *time_ref_in, const double *time_in, const long *ascii_id_out, const long *time_ref_out, const long *width, uint32_t *ascii_out, long *status, long *ierr)
+{
+    unsigned char written[kMostRows * kWidest];
+    long i, k, count, result;
+    const long rows = kMostRows;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    if (*width > kWidest)
+        return KL_ERR;
+    for (i = 0; i < *n; i += rows) {
+        long word[1] = {0};
+        count = *n - i < rows ? *n - i : rows;
+        result = joined(result, kl_time_processing_to_ascii_n(time_id, &count, proc_id_in, time_ref_in, AT(time_in), ascii_id_out, time_ref_out, width, (char *)written, AT(status), word));
+        for (k = 0; ierr != NULL && k < 1; ++k)
+            ierr[k] |= word[k];
+        widened(written, count * *width, ascii_out + i * *width);
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_time_transport_to_ascii_texts(kl_time_id *time_id, const long *n, const long *trans_id_in, const long *time_ref_in, const long transport_in[][4], const long *ascii_id_out, const long *time_ref_out, const long *width, uint32_t *ascii_out, long *status, long *ierr);
+long kitlib_kl_time_transport_to_ascii_texts(kl_time_id *time_id, const long *n, const long *trans_id_in, const long *time_ref_in, const long transport_in[][4], const long *ascii_id_out, const long *time_ref_out, const long *width, uint32_t *ascii_out, long *status, long *ierr)
+{
+    unsigned char written[kMostRows * kWidest];
+    long i, k, count, result;
+    const long rows = kMostRows;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    if (*width > kWidest)
+        return KL_ERR;
+    for (i = 0; i < *n; i += rows) {
+        long word[1] = {0};
+        count = *n - i < rows ? *n - i : rows;
+        result = joined(result, kl_time_transport_to_ascii_n(time_id, &count, trans_id_in, time_ref_in, AT(transport_in), ascii_id_out, time_ref_out, width, (char *)written, AT(status), word));
+        for (k = 0; ierr != NULL && k < 1; ++k)
+            ierr[k] |= word[k];
+        widened(written, count * *width, ascii_out + i * *width);
+    }
+    return result;
 }
 
 /* Geoid at scattered points: the record of the scalar call taken apart. */

@@ -94,7 +94,7 @@ BAD = [
     ("bools", TypeError, lambda: kl.sun(True)),
     ("fractions for counts", TypeError, lambda: kl.time_transport_to_processing([1.5, 0, 0, 0])),
     ("numbers for texts", TypeError, lambda: kl.time_ascii_to_processing(T)),
-    ("not ASCII", ValueError, lambda: kl.time_ascii_to_processing("2026-06-21T08:24:0\u0660")),
+    ("not ASCII", kl.KitError, lambda: kl.time_ascii_to_processing("2026-06-21T08:24:0\u0660")),
     ("name of a selector", ValueError, lambda: kl.sun(T, ref="ET")),
     ("member of another class", TypeError, lambda: kl.sun(T, ref=kl.Frame.EF)),
     ("selector of no kind", TypeError, lambda: (kl.sun(T, ref=1), kl.sun(T, ref=1.0))),

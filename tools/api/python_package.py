@@ -244,6 +244,10 @@ class PythonFunction:
         return all(p.kind != "?" or p.role in ("context", "fixed") for p in self.parameters) and self.f.uniform() \
             and bool(self.gives) and self.f.name not in BY_HAND and self.f.returns == "long"
 
+    def has_texts(self):
+        """Does the array form take or give texts, which numpy has in another form?"""
+        return self.f.array and bool(self.each) and any(p.text for p in self.each + self.gives)
+
     def results(self):
         """Name of the result's class and its fields; no class for a single array."""
         names = {}
@@ -345,7 +349,7 @@ class PythonFunction:
                 rows.append(f'("record", _table.{camel(p.record)})' if p.record else f'("select", {"_table." + p.enum if p.enum else None})')
             else:
                 if p.kind in ("text", "octets"):
-                    rows.append('("width", %d)' % (19 if p.kind == "octets" else 40 if p.role == "each" else 32))
+                    rows.append(f'("width", {19 if p.octets else 32 if not self.each else 0})')
                 item = f"_table.{camel(p.record)}" if p.record else repr(p.kind)
                 role = "inout" if p.role == "both" and p in self.gives else p.role
                 rows.append(f'("{role}", "{p.name}", {item}, {p.length}, {p.optional}, {p.zeros})')
@@ -355,7 +359,7 @@ class PythonFunction:
 
     def code(self, examples):
         f = self.f
-        symbol = f.name + "_n" if f.array else f"kitlib_{f.name}_n"
+        symbol = f"kitlib_{f.name}_texts" if self.has_texts() else f.name + "_n" if f.array else f"kitlib_{f.name}_n"
         out = f'_{self.name} = _Function("{f.name}", "{symbol}", {f.public}, {f.vector}, {self.result or None}, {self.flat}, (\n'
         out += "".join(f"    {row},\n" for row in self.descriptor()) + "))\n\n\n"
         out += f"def {self.name}({self.signature()}):\n"
@@ -372,7 +376,7 @@ class PythonFunction:
             else:
                 select.append(p.name)
         ids = [HANDLES[p.a.base] for p in self.parameters if p.a.base in HANDLES]
-        out += f"    return _{self.name}({given}, ({''.join(s + ', ' for s in select).rstrip()}), ({''.join(i + ', ' for i in ids).rstrip()}), errors, return_status)\n\n\n"
+        out += f"    return _{self.name}.go({given}, ({''.join(s + ', ' for s in select).rstrip()}), ({''.join(i + ', ' for i in ids).rstrip()}), errors, return_status)\n\n\n"
         return out
 
     def mode_from(self):
@@ -512,6 +516,11 @@ static void blank(void *octets, const long *width)
         memset(octets, 0, (size_t)*width);
 }}
 
+static long joined(long so_far, long next)
+{{
+    return so_far == KL_ERR || next == KL_ERR ? KL_ERR : so_far == KL_WARN || next == KL_WARN ? KL_WARN : KL_OK;
+}}
+
 /* Notes what one element gave; the return value is the one of the whole call so far. */
 static long noted(long so_far, long one, long i, long *status, long *ierr, const long *word, int words)
 {{
@@ -520,7 +529,7 @@ static long noted(long so_far, long one, long i, long *status, long *ierr, const
         status[i] = one;
     for (k = 0; ierr != NULL && k < words; ++k)
         ierr[k] |= word[k];
-    return so_far == KL_ERR || one == KL_ERR ? KL_ERR : so_far == KL_WARN || one == KL_WARN ? KL_WARN : KL_OK;
+    return joined(so_far, one);
 }}
 
 /* Clears the vector; 0 when there is nothing to do, then *result is the status of the call. */
@@ -571,8 +580,58 @@ static int begun(const long *n, long *ierr, int words, long *result)
         out += f"        one = {f.name}({', '.join(given + (['word'] if f.vector else []))});\n"
         out += f"        result = noted(result, one, i, status, {'ierr' if f.vector else 'NULL'}, word, {words});\n"
         out += "        if (one == KL_ERR) {\n" + "".join(f"            {line}\n" for line in after) + "        }\n    }\n    return result;\n}\n"
+    with open("python/loops/texts.inc", encoding="utf-8") as file:
+        out += file.read()
+    out += "".join(text_loop(pf) for pf in functions if pf.has_texts())
     with open("python/loops/by_hand.inc", encoding="utf-8") as file:
         return out + "\n" + file.read()
+
+
+def text_loop(pf):
+    """An array form that takes and gives texts as numpy has them: block by block, so that each is touched once."""
+    f, name = pf.f, f"kitlib_{pf.f.name}_texts"
+    taken = next((p for p in pf.parameters if p.text and p.role == "each"), None)
+    given = next((p for p in pf.parameters if p.text and p.role == "gives"), None)
+    texts = {p.a.name: f.width_of(p.a) for p in (taken, given) if p}
+    declared = ", ".join(f.parameters(array=True))
+    passed = []
+    for parameter in f.parameters(array=True):
+        argument = re.search(r"(\w+)(\[\w*\])*$", parameter).group(1)
+        p = next((p for p in pf.parameters if p.a.name == argument), None)
+        width = next((t for t, w in texts.items() if w == argument), None)
+        if width:
+            passed.append("&octets_width" if taken and width == taken.a.name else argument)
+        elif p is not None and p.text:
+            passed.append("octets" if p is taken else "(char *)written")
+        elif p is not None and p.role in ("each", "gives", "both") or argument == "status":
+            passed.append(f"AT({argument})")
+        else:
+            passed.append({"n": "&count", "ierr": "word"}.get(argument, argument))
+    words = max(f.vector, 1)
+    if taken:
+        declared = declared.replace(f"const long *{texts[taken.a.name]}", f"const long {texts[taken.a.name]}[2]").replace(f"const char *{taken.a.name}", f"const void *{taken.a.name}")
+    if given:
+        declared = declared.replace(f"char *{given.a.name}", f"uint32_t *{given.a.name}")
+    out = f"\nKL_API long {name}({declared});\nlong {name}({declared})\n{{\n"
+    rows = "kMostRows"
+    if taken:
+        rows = f"rows_of_block({texts[taken.a.name]}[1], {rows})"
+        out += "    unsigned char read[kRoom];\n    const char *octets;\n    long octets_width;\n"
+    if given:
+        out += "    unsigned char written[kMostRows * kWidest];\n"
+    out += f"    long i, k, count, result;\n    const long rows = {rows};\n"
+    out += f"    if (!begun(n, ierr, {words}, &result))\n        return result;\n"
+    if given:
+        out += f"    if (*{texts[given.a.name]} > kWidest)\n        return KL_ERR;\n"
+    out += f"    for (i = 0; i < *n; i += rows) {{\n        long word[{words}] = {{0}};\n        count = *n - i < rows ? *n - i : rows;\n"
+    if taken:
+        wide = texts[taken.a.name]
+        out += f"        octets = octets_of((const char *){taken.a.name} + i * {wide}[0] * {wide}[1], {wide}, count, read, &octets_width);\n"
+    out += f"        result = joined(result, {f.name}_n({', '.join(passed)}));\n"
+    out += f"        for (k = 0; ierr != NULL && k < {words}; ++k)\n            ierr[k] |= word[k];\n"
+    if given:
+        out += f"        widened(written, count * *{texts[given.a.name]}, {given.a.name} + i * *{texts[given.a.name]});\n"
+    return out + "    }\n    return result;\n}\n"
 
 
 def outputs(table):
