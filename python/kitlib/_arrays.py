@@ -144,23 +144,18 @@ class Function:
 
     def make_calls(self):
         """The calls, and `go`, the one that tries them."""
-        one, quick, ndarray = one_element(self), quick_call(self), np.ndarray
+        one = one_element(self)
         self.call = array_call(self)
 
-        def go(values, selects, ids, errors, return_status):
-            if errors == "raise" and return_status is False:
-                if quick is not None and type(values[0]) is ndarray:
-                    out = quick(values, selects, ids)
-                    if out is not None:
-                        return out
-                if one is not None:
-                    out = one(values, selects, ids)
-                    if out is not None:
-                        return out
+        def other(values, selects, ids, errors, return_status):
+            if one is not None and errors == "raise" and return_status is False:
+                out = one(values, selects, ids)
+                if out is not None:
+                    return out
             if errors not in ("raise", "nan"):
                 raise ValueError(f'errors is "raise" or "nan", not {errors!r}')
             return self.many(values, selects, ids, errors, return_status)
-        self.go = go
+        self.go = quick_call(self, other)
 
     def inputs(self, values):
         """Arrays of the per-element arguments and the shape they have together."""
@@ -219,11 +214,13 @@ class Function:
     def finished(self, done, outputs, status, vector, values, arrays, shape, errors, return_status):
         """The result of a call for arrays, or what C found."""
         result = self.results(outputs, shape)
+        if shape and (return_status or done == -1):
+            status = status.copy()  # the memory of statuses is not watched
         if done:
             if done == -1 and errors == "raise":
                 raise self.refused(vector, status, values, arrays, shape, result)
             if not self.quiet and (done == 1 or (self.has_vector and (status == 1).any())):
-                _errors.warn(self.name, self.public_id if self.has_vector else None, vector, 6)
+                _errors.warn(self.name, self.public_id if self.has_vector else None, vector)
         return (result, status if shape else int(status)) if return_status else result
 
     def refused(self, vector, status, values, arrays, shape, result):
@@ -267,7 +264,7 @@ class Function:
             pool.append(work)
             raise found
         if not self.quiet:
-            _errors.warn(self.name, self.public_id if self.has_vector else None, vector, 6)
+            _errors.warn(self.name, self.public_id if self.has_vector else None, vector)
 
     def results(self, outputs, shape):
         if shape and self.arrays_alone:

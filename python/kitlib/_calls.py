@@ -10,7 +10,7 @@ import numpy as np
 from . import _ids, _memory, _table
 from ._library import symbol
 from ._pointers import from_buffer, pointer
-from ._selectors import long_pointer, longs, one_record, selected
+from ._selectors import long_pointer, one_record, selected
 
 TEXT_WIDTH, READ_WIDTH, OCTETS = 32, 40, 19  # octets of a text that is given, of one that is read, of a CUC
 F8 = np.dtype("f8")
@@ -36,7 +36,7 @@ def _unpacked(names, group):
 
 def _context(f, lines, scope):
     """Adds the lines that make selectors, records and ids what C takes; gives the arguments, by the place of the parameter."""
-    scope.update(c=ctypes, longs=longs, long_pointer=long_pointer, selected=selected, one_record=one_record, ids=_ids, FIXED=ctypes.byref(ctypes.c_long(0)))
+    scope.update(c=ctypes, long_pointer=long_pointer, selected=selected, one_record=one_record, ids=_ids, FIXED=ctypes.byref(ctypes.c_long(0)))
     lines += _unpacked([f"select{i}" for i in _places(f, "select", "record")], "selects")
     lines += _unpacked([f"held{i}" for i in _places(f, "model", "time")], "handles")
     arguments = {}
@@ -64,6 +64,7 @@ def _context(f, lines, scope):
 
 
 def _made(name, lines, scope):
+    scope["__name__"] = __name__
     exec("\n".join(lines), scope)  # the text is made here, from the table alone
     return scope[name]
 
@@ -88,17 +89,17 @@ def _takes(f, lines, scope):
         layout = max(i for i, p in enumerate(f.parameters[:texts[0]]) if p[0] == "select" and p[1] is _table.Ascii)
         scope.update(length_of=length_of, shelves={}, new_shelf=lambda to: _memory.shelf(*_kinds(f, to)))
         lines += [f"    to = length_of(select{layout}, enum{layout})", "    shelf = shelves.get(to) or shelves.setdefault(to, new_shelf(to))",
-                  "    homes, new, forget = shelf.homes, shelf.new, shelf.forget"]
+                  "    places, new, forget = shelf.places, shelf.new, shelf.forget"]
     else:
         shelf = _memory.shelf(*_kinds(f, 0))
-        scope.update(homes=shelf.homes, new=shelf.new, forget=shelf.forget)
-    used = " or ".join(f"getrefcount(entry[{i}]) != IDLE" for i in range(k))
-    lines += ["    if n < SMALLEST:", "        entry, home = new(n)", "    else:", "        try:", "            home = homes[n]", "            entry = home.popleft()",
-              f"            if {used}:  # those given out longest ago come first", "                home.append(entry)", "                entry = home.popleft()",
-              f"                if {used}:", "                    home.append(entry)", "                    entry, home = new(n)",
-              "        except (KeyError, IndexError):", "            entry, home = new(n)"]
+        scope.update(places=shelf.places, new=shelf.new, forget=shelf.forget)
+    used = " or ".join(f"getrefcount(entry[{i}]) != IDLE" for i in range(max(k - 1, 1)))
+    lines += ["    if n < SMALLEST:", "        entry, (home, at_n, cut) = new(n)", "    else:", "        try:", "            home, at_n, cut = places[n]",
+              "            entry = home.popleft()", f"            if {used}:  # those given out longest ago come first", "                home.append(entry)",
+              "                entry = home.popleft()", f"                if {used}:", "                    home.append(entry)", "                    entry, (home, at_n, cut) = new(n)",
+              "        except (KeyError, IndexError):", "            entry, (home, at_n, cut) = new(n)"]
     lines.append("    " + "".join(f"own{i}, " for i in gives) + "statuses, " + "".join(f"at{i}, " for i in gives) + "at_status, vector = entry")
-    lines += [f"    x{i} = own{i}[:n]" for i in gives]
+    lines += [f"    x{i} = own{i}[cut]" for i in gives]
     return {i: f"at{i}" for i in gives}
 
 
@@ -109,7 +110,7 @@ def _asks(f, arguments, shape_too):
     if shape_too:
         gives = _places(f, "gives")
         items = [item for item, _ in _kinds(f, 1)]
-        lines.append("    status = statuses[:n]")
+        lines.append("    status = statuses[cut]")
         lines.append("    if len(shape) != 1:")
         lines += [f"        x{i} = x{i}.reshape(shape + {item})" for i, item in zip(gives, items)] + ["        status = status.reshape(shape)"]
     return lines
@@ -119,7 +120,7 @@ def _others(f, arguments):
     """The arguments that are the same in every call."""
     for i, (role, *rest) in enumerate(f.parameters):
         if role == "n":
-            arguments[i] = "longs.get(n) or long_pointer(n)"
+            arguments[i] = "at_n"
         elif role == "width":
             text = f.parameters[i + 1]
             arguments[i] = f"long_pointer({rest[0]})" if rest[0] else f"kind{i + 1}" if text[0] in _EACH else "long_pointer(to)"
@@ -163,51 +164,53 @@ def array_call(f):
     return _made("call", lines, scope)
 
 
-def quick_call(f):
-    """The same for arrays along one axis that need nothing, from the arguments to the result; None for anything else.
+def quick_call(f, other):
+    """The same for arrays along one axis that need nothing, from the arguments to the result; `other` has all that is not so.
     What stands around the call of C counts where that takes a few microseconds.
     """
     if f.flat or not f.each or any(p[0] != "each" or p[2] not in ("f8", "i8", "text") for p in f.each):
-        return None
+        return other
     scope = {"from_buffer": from_buffer, "pointer": pointer, "zeros": _memory.zeros, "ndarray": np.ndarray, "f8": F8, "i8": DTYPES["i8"], "f": f,
-             "kind_of": kind_of, "kinds": _text_kinds, "result": f.result, "new_tuple": tuple.__new__, "NO": ctypes.c_void_p(None), "symbol": symbol, "array": None}
+             "kind_of": kind_of, "kinds": _text_kinds, "result": f.result, "new_tuple": tuple.__new__, "NO": ctypes.c_void_p(None),
+             "symbol": symbol, "array": None, "other": other}
     each, gives = _places(f, "each"), _places(f, "gives")
-    lines = ["def quick(values, selects, handles):"] + _unpacked([f"x{i}" for i in each], "values")
+    lines = ["def go(values, selects, handles, errors, return_status):"] + _unpacked([f"x{i}" for i in each], "values")
+    turned_down = "        return other(values, selects, handles, errors, return_status)"
     pointers = []
     for i in each:
         _, _, kind, length, optional, none_is_zero = f.parameters[i]
+        refused = [f"type(x{i}) is not ndarray", f"not x{i}.flags.carray"]
+        if kind != "text":
+            refused.insert(1, f"x{i}.dtype is not {kind}")
         if i == each[0]:
-            shape = f"x{i}.ndim != {2 if length else 1}"
-            after = [f"    n, k = x{i}.shape\n    if k != {length}:\n        return None"] if length else [f"    n = len(x{i})"]
+            refused += [f"x{i}.ndim != {2 if length else 1}", "errors != 'raise'", "return_status is not False"]
         else:
-            shape, after = f"x{i}.shape != (n, {length})" if length else f"x{i}.shape != (n,)", []
+            refused.append(f"x{i}.shape != (n, {length})" if length else f"x{i}.shape != (n,)")
         present = f"x{i} is not None and " if optional else ""
-        of_type = "" if kind == "text" else f" or x{i}.dtype is not {kind}"
-        lines.append(f"    if {present}(type(x{i}) is not ndarray{of_type} or {shape} or not x{i}.flags.carray):\n        return None")
+        lines.append(f"    if {present}({' or '.join(refused)}):\n{turned_down}")
         if kind == "text":
-            lines.append(f"    kind{i} = kinds.get(x{i}.dtype) or kind_of(x{i}.dtype)\n    if kind{i} is None:\n        return None")
-        lines += after
+            lines.append(f"    kind{i} = kinds.get(x{i}.dtype) or kind_of(x{i}.dtype)\n    if kind{i} is None:\n{turned_down}")
+        if i == each[0]:
+            lines.append(f"    n, k = x{i}.shape\n    if k != {length}:\n{turned_down}" if length else f"    n = len(x{i})")
         missing = (f"pointer(zeros(n * {max(length, 1)}))" if none_is_zero else "NO") if optional else ""
         pointers.append(f"        p{i} = from_buffer(x{i})" + (f" if x{i} is not None else {missing}" if optional else ""))
-    lines += ["    try:"] + pointers + ["    except (TypeError, ValueError, BufferError):  # read-only ones\n        return None"]
+    lines += ["    try:"] + pointers + [f"    except (TypeError, ValueError, BufferError):  # read-only ones\n{turned_down}"]
     arguments = _context(f, lines, scope)
     arguments.update(_takes(f, lines, scope))
     arguments.update({i: f"p{i}" for i in each})
     lines.append("    if array is None:\n        look_up()")
     lines += _asks(f, _others(f, arguments), False)
     found = "(" + "".join(f"x{i}, " for i in gives) + ")"
-    lines.append(f"    if done:\n        return f.finished(done, {found}, statuses[:n], vector, values, values, (n,), 'raise', False)")
+    lines.append(f"    if done:\n        return f.finished(done, {found}, statuses[cut], vector, values, values, (n,), errors, False)")
     kinds = [f.parameters[i][2] for i in gives]
     if len(gives) == 1 and not isinstance(kinds[0], str):
         found = "(" + "".join(f"x{gives[0]}[{field!r}], " for field, _ in kinds[0]._fields_) + ")"
-    elif any(kind not in ("f8", "i8", "text") for kind in kinds):
-        found = f"f.results({found}, (n,))"
-    if found.startswith("f."):
-        lines.append(f"    return {found}")
+    if len(gives) > 1 and any(kind not in ("f8", "i8", "text") for kind in kinds):
+        lines.append(f"    return f.results({found}, (n,))")
     else:
         lines.append(f"    return {'new_tuple(result, ' + found + ')' if f.result else f'x{gives[0]}'}")
     lines.append("def look_up():\n    global array\n    array = symbol(f.symbol)")
-    return _made("quick", lines, scope)
+    return _made("go", lines, scope)
 
 
 def _plain(record):

@@ -1,6 +1,7 @@
 """Exceptions and warnings made of error vectors."""
 import ctypes
 import re
+import sys
 import warnings
 from enum import IntEnum
 
@@ -95,7 +96,10 @@ def error(name, public_id, vector, status=None, outputs=None, where="", one=True
     return KitError(name, codes, _with_values(messages) if one else messages, status, outputs, where)
 
 
-def warn(name, public_id, vector, depth):
+def warn(name, public_id, vector):
     codes, messages = decoded(public_id, vector)
     text = "; ".join(m for m in messages) or f"{name}: a warning"
+    depth, frame = 1, sys._getframe()
+    while frame is not None and frame.f_globals.get("__name__", "").partition(".")[0] == __package__:
+        depth, frame = depth + 1, frame.f_back
     warnings.warn(KitWarning(text, name, codes), stacklevel=depth)

@@ -26,7 +26,7 @@ def _check(name, status, public_id, vector):
     if status == -1:
         raise _errors.error(name, public_id, vector)
     if status == 1:
-        _errors.warn(name, public_id, vector, 5)
+        _errors.warn(name, public_id, vector)
 
 
 def _refused_format(state, kind):
@@ -156,7 +156,7 @@ class TimeId(_Id):
         self._opened()
         self.report = report
         if status == 1 and not quiet:
-            _errors.warn(name, public, vector, 4)
+            _errors.warn(name, public, vector)
         return self
 
     @classmethod

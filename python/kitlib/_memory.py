@@ -13,6 +13,7 @@ from collections import deque
 import numpy as np
 
 from ._pointers import pointer
+from ._selectors import long_pointer
 
 LIMIT = 128 << 20  # octets that stay here at most, those of arrays in use included
 MANY = 16  # entries of one kind and room
@@ -25,7 +26,8 @@ _shelves = []
 
 
 def _entry(arrays):
-    return (*arrays, *(pointer(a if a.dtype.kind in "fiu" else a.view(np.uint8)) for a in arrays), _Vector())
+    pointers = [pointer(a if a.dtype.kind in "fiu" else a.view(np.uint8)) for a in arrays]
+    return (*arrays, *map(ctypes.byref, [*pointers, _Vector()]))
 
 
 def _references_of_idle():
@@ -53,22 +55,22 @@ class Shelf:
     def __init__(self, kinds):
         self.kinds = kinds
         self.size = sum(dtype.itemsize * math.prod(item) for item, dtype in kinds)
-        self.homes = {}  # by number of elements; those of one room have one home
+        self.homes, self.places = {}, {}  # by room and by number of elements
         _shelves.append(self)
 
     def new(self, n):
-        """An entry for n elements or a few more, and its home."""
+        """An entry for n elements or a few more, and the place of n: its home, the pointer to n and the slice of n elements."""
         global _held
         room = _room_for(n)
         octets = room * self.size
         if n < SMALLEST or octets > LIMIT or IDLE < 0:
-            return _entry([np.empty((n,) + item, dtype) for item, dtype in self.kinds]), NOWHERE
-        if _held + octets > LIMIT or len(self.homes) > _MOST_SIZES:
+            return _entry([np.empty((n,) + item, dtype) for item, dtype in self.kinds]), (NOWHERE, long_pointer(n), slice(n))
+        if _held + octets > LIMIT or len(self.places) > _MOST_SIZES:
             release()
         _held += octets
         home = self.homes.setdefault(room, deque(maxlen=MANY))
-        self.homes[n] = home
-        return _entry([np.empty((room,) + item, dtype) for item, dtype in self.kinds]), home
+        place = self.places[n] = (home, long_pointer(n), slice(n))
+        return _entry([np.empty((room,) + item, dtype) for item, dtype in self.kinds]), place
 
     def forget(self, n):
         """Of an entry that gives way to another one: it was the first one in a full home."""
@@ -86,13 +88,13 @@ def some(shape, item, dtype):
     n = math.prod(shape)
     own = shelf((item, dtype))
     try:
-        home = own.homes[n]
+        home = own.places[n][0]
         entry = home.popleft()
         if sys.getrefcount(entry[0]) != IDLE:
             home.append(entry)
-            entry, home = own.new(n)
+            entry, (home, _, _) = own.new(n)
     except (KeyError, IndexError):
-        entry, home = own.new(n)
+        entry, (home, _, _) = own.new(n)
     array = entry[0][:n].reshape(shape + item)
     if len(home) == MANY:
         own.forget(n)
@@ -105,6 +107,7 @@ def release():
     global _held
     for one in _shelves:
         one.homes.clear()
+        one.places.clear()
     _held = 0
 
 

@@ -121,7 +121,7 @@ def _clock_call(name, public_id, sat, ref, parameters, given, out, status, error
     if done == -1 and errors == "raise":
         raise _errors.error(name, public_id, vector, status if shape else None, outputs if shape else None)
     if done == 1:
-        _errors.warn(name, public_id, vector, 4)
+        _errors.warn(name, public_id, vector)
 
 
 def star_catalog(t, /, *, file=None, magnitudes=(-30.0, 30.0), box=None, cone=None, corrections=7, cs_out="TOD", ref="UTC", model=None, time=None):
@@ -154,7 +154,7 @@ def star_catalog(t, /, *, file=None, magnitudes=(-30.0, 30.0), box=None, cone=No
         found.append(np.frombuffer(octets, dtype).copy())
         KITLIB.kl_free_array(ctypes.byref(pointer))
     if status == 1:
-        _errors.warn("kl_star_catalog", 35, vector, 3)
+        _errors.warn("kl_star_catalog", 35, vector)
     return tuple(found)
 
 
