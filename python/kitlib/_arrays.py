@@ -3,12 +3,11 @@ import copy
 import ctypes
 import math
 import re
-from collections import namedtuple
 
 import numpy as np
 
 from . import _errors, _memory, _table
-from ._calls import DTYPES, OCTETS, array_call, dtype_of, one_element, quick_call
+from ._calls import DTYPES, OCTETS, array_call, dtype_of, one_element, quick_call, record_tuple
 from ._library import symbol
 from ._pointers import pointer
 from ._selectors import long_pointer, one_record, record_fields, selected
@@ -69,19 +68,23 @@ def octets(value, name):
 
 def of_layout(cuc, config):
     """Octets of CUCs, if they are as many as the layout has: C takes missing ones as zeros and leaves out what is more."""
-    config, given = one_record(config, _table.CucConfig), _octets(cuc, "cuc")
+    config = one_record(config, _table.CucConfig)
+    counts = config.n_coarse + config.n_fine if 1 <= config.n_coarse <= 7 and 0 <= config.n_fine <= 10 else 0
+    with_p_field = config.cuc_type == _table.CucType.WITH_P_FIELD
+    if type(cuc) is bytes and len(cuc) > 1 and len(cuc) == (_octets_of_p_field(cuc[0], cuc[1]) if with_p_field else counts):
+        return cuc
+    given = _octets(cuc, "cuc")
     width = given.shape[-1]
     if width == 0:
         raise ValueError("cuc: no octets")
     rows = given.reshape(-1, width)
-    if config.cuc_type == _table.CucType.WITH_P_FIELD:
-        extended = width > 1 and len(rows) > 0 and rows[0, 0] > 127
-        same = all((rows[:, k] == rows[:1, k]).all() for k in range(2 if extended else 1))  # mostly all have one layout
-        heads = rows[:1] if same else rows
-        wanted = _octets_of_p_fields(heads[:, 0].astype(int), heads[:, 1].astype(int) if width > 1 else np.zeros(len(heads), int))
+    if with_p_field:
+        heads, which = np.unique(rows[:, :2], axis=0, return_inverse=True)  # mostly all have one layout
+        wanted = np.array([_octets_of_p_field(int(h[0]), int(h[1]) if width > 1 else 0) for h in heads], int)
+        wanted = wanted if len(wanted) == 1 else wanted[which.reshape(-1)]
         parts = "its P-field says"
-    elif 1 <= config.n_coarse <= 7 and 0 <= config.n_fine <= 10:
-        wanted = np.array([config.n_coarse + config.n_fine])
+    elif counts:
+        wanted = np.array([counts])
         parts = f"{config.n_coarse} coarse and {config.n_fine} fine"
     else:
         return given  # C refuses it
@@ -94,11 +97,11 @@ def of_layout(cuc, config):
     return given
 
 
-def _octets_of_p_fields(first, second):
-    """How many octets P-fields announce with themselves (CCSDS 301.0-B); 0 for those that C refuses."""
+def _octets_of_p_field(first, second):
+    """How many octets a P-field announces with itself (CCSDS 301.0-B); 0 for one that C refuses."""
     more = first >> 7
     wanted = 2 + more + (first >> 2 & 3) + (first & 3) + more * ((second >> 5 & 3) + (second >> 2 & 7))
-    return np.where(np.isin(first >> 4 & 7, (1, 2)) & (more * second < 128) & (wanted <= OCTETS), wanted, 0)
+    return wanted if first >> 4 & 7 in (1, 2) and more * second < 128 and wanted <= OCTETS else 0
 
 
 def contiguous(array, shape, item, dtype):
@@ -144,7 +147,7 @@ class Function:
 
     def make_calls(self):
         """The calls, and `go`, the one that tries them."""
-        one = one_element(self)
+        self.one = one = one_element(self)
         self.call = array_call(self)
 
         def other(values, selects, ids, errors, return_status):
@@ -155,7 +158,7 @@ class Function:
             if errors not in ("raise", "nan"):
                 raise ValueError(f'errors is "raise" or "nan", not {errors!r}')
             return self.many(values, selects, ids, errors, return_status)
-        self.go = quick_call(self, other)
+        self.go = quick_call(self, one, other)
 
     def inputs(self, values):
         """Arrays of the per-element arguments and the shape they have together."""
@@ -278,17 +281,8 @@ class Function:
                 if isinstance(kind, str):
                     found.append(_plain(array, kind, length, shape))
                 else:
-                    found.append(_record_tuple(kind)(*(array[name] if shape else array[name].item() for name in array.dtype.names)))
+                    found.append(record_tuple(kind)(*(array[name] if shape else array[name].item() for name in array.dtype.names)))
         return self.result(*found) if self.result else found[0]
-
-
-_record_tuples = {}
-
-
-def _record_tuple(record):
-    if record not in _record_tuples:
-        _record_tuples[record] = namedtuple(record.__name__, [field for field, _ in record._fields_])
-    return _record_tuples[record]
 
 
 def _plain(array, kind, length, shape):

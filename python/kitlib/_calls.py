@@ -3,7 +3,9 @@ what stands around it.
 """
 import ctypes
 import functools
+import re
 import sys
+from collections import namedtuple
 
 import numpy as np
 
@@ -18,6 +20,12 @@ DTYPES = {"f8": F8, "i8": np.dtype("i8"), "octets": np.dtype("u1")}
 _NUMBERS = (float, int, np.float64)
 _text_kinds = {}
 _EACH = ("each", "both", "inout")
+
+
+@functools.lru_cache(maxsize=None)
+def record_tuple(record):
+    """The class of a result that stands for a record among others."""
+    return namedtuple(record.__name__, [field for field, _ in record._fields_])
 
 
 @functools.lru_cache(maxsize=None)
@@ -56,7 +64,7 @@ def _context(f, lines, scope):
             lines.append(f"    held{i} = ids.DEFAULT_MODELS if held{i} is None else ids.pointer_of('model', held{i})")
             arguments[i] = f"held{i}.pointer"
         elif role == "time":
-            lines.append(f"    held{i} = ids.pointer_of('time', held{i})")
+            lines.append(f"    held{i} = ids.common or ids.pointer_of('time', None) if held{i} is None else ids.pointer_of('time', held{i})")
             arguments[i] = f"held{i}.pointer"
         elif role == "fixed":
             arguments[i] = "FIXED"
@@ -164,7 +172,7 @@ def array_call(f):
     return _made("call", lines, scope)
 
 
-def quick_call(f, other):
+def quick_call(f, one, other):
     """The same for arrays along one axis that need nothing, from the arguments to the result; `other` has all that is not so.
     What stands around the call of C counts where that takes a few microseconds.
     """
@@ -172,10 +180,13 @@ def quick_call(f, other):
         return other
     scope = {"from_buffer": from_buffer, "pointer": pointer, "zeros": _memory.zeros, "ndarray": np.ndarray, "f8": F8, "i8": DTYPES["i8"], "f": f,
              "kind_of": kind_of, "kinds": _text_kinds, "result": f.result, "new_tuple": tuple.__new__, "NO": ctypes.c_void_p(None),
-             "symbol": symbol, "array": None, "other": other}
+             "symbol": symbol, "array": None, "one": one, "other": other}
     each, gives = _places(f, "each"), _places(f, "gives")
     lines = ["def go(values, selects, handles, errors, return_status):"] + _unpacked([f"x{i}" for i in each], "values")
     turned_down = "        return other(values, selects, handles, errors, return_status)"
+    if one is not None:
+        lines.append(f"    if type(x{each[0]}) is not ndarray and errors == 'raise' and return_status is False:")
+        lines.append("        out = one(values, selects, handles)\n        if out is not None:\n            return out")
     pointers = []
     for i in each:
         _, _, kind, length, optional, none_is_zero = f.parameters[i]
@@ -219,24 +230,46 @@ def _plain(record):
 
 def _has_one(f):
     """Can the scalar form of C be called with what one_element knows?"""
-    given = [p[2] for p in f.each]
-    found = [p[2] for p in f.gives]
-    return bool(given) and all(p[0] != "inout" for p in f.each) and (f.flat and all(kind is ctypes.c_double for _, kind in given[0]._fields_) or all(kind in ("f8", "i8", "text") for kind in given)) \
-        and (all(kind in ("f8", "i8", "text") for kind in found) or len(found) == 1 and not isinstance(found[0], str) and _plain(found[0]))
+    return (not f.flat or all(kind is ctypes.c_double for _, kind in f.each[0][2]._fields_)) and all(isinstance(p[2], str) or _plain(p[2]) for p in f.gives)
+
+
+def as_record(value, record):
+    """A record that one element is, or None where the call for arrays has to see what it is."""
+    if type(value) is record:
+        return value
+    if type(value) is np.void and value.dtype is dtype_of(record):
+        return record.from_buffer_copy(value)
+    if isinstance(value, tuple) and 0 < len(value) <= len(record._fields_) and all(kind is ctypes.c_double for _, kind in record._fields_) \
+            and all(type(x) in _NUMBERS for x in value):
+        return record(*value)
+    return None
+
+
+# Of a value of one element by its kind: what it must be, how it gets into the memory that C reads, and that memory.
+_GIVEN = {
+    "text": (f"type(v) is str and len(v) < {READ_WIDTH} and v.isascii() and '\\0' not in v", "x.value = v.encode()", f"(c.c_char * {READ_WIDTH})()"),
+    "octets": (f"type(v) is bytes and len(v) <= {OCTETS}", f"x.raw = v.ljust({OCTETS}, b'\\0')", f"(c.c_char * {OCTETS})()"),
+    "f8": ("type(v) in NUMBERS", "x.value = v", "c.c_double()"),
+    "i8": ("type(v) is int and v.bit_length() < 64", "x.value = v", "c.c_long()"),
+}
+# Of a result of one element: the memory that C writes, and the value.
+_FOUND = {"text": (f"(c.c_char * {TEXT_WIDTH})()", "x.value.decode()"), "octets": (f"np.zeros({OCTETS}, 'u1')", "copy(x)"),
+          "f8": ("c.c_double()", "x.value"), "i8": ("c.c_long()", "x.value")}
 
 
 def one_element(f):
     """The call for one element, or None where there is none.
 
-    It takes numbers, texts, and arrays of just the length and type for vectors; for anything else it gives None, and the call for
-    arrays has it. The memory that C reads and writes is kept and used by one call at a time.
+    It takes numbers, texts, octets, records and arrays of just the length and type for vectors; for anything else it gives None, and
+    the call for arrays has it. The memory that C reads and writes is kept and used by one call at a time.
     """
     if not _has_one(f):
         return None
     scope = {"np": np, "f": f, "result": f.result, "symbol": symbol, "NO": ctypes.c_void_p(None), "pointer": pointer, "ndarray": np.ndarray,
-             "ZERO": pointer(np.zeros(16)), "new_tuple": tuple.__new__, "pool": [], "copy": np.ndarray.copy, "NUMBERS": _NUMBERS, "scalar": None}
-    each, gives = _places(f, "each", "both"), _places(f, "gives")
-    checks, puts, cells, values, found = [], [], [], [], []
+             "ZERO": pointer(np.zeros(16)), "new_tuple": tuple.__new__, "pool": [], "copy": np.ndarray.copy, "NUMBERS": _NUMBERS, "scalar": None,
+             "as_record": as_record}
+    each, gives = _places(f, *_EACH), _places(f, "gives", "inout")
+    checks, records, puts, cells, values, found = [], [], [], [], [], []
     arguments = {}
     for i in each:
         _, _, kind, length, optional, none_is_zero = f.parameters[i]
@@ -250,41 +283,48 @@ def one_element(f):
                 values.append(f"v{j}")
             continue
         values.append(f"v{i}")
-        if kind == "text":
-            check, put = f"type(v{i}) is str and len(v{i}) < {READ_WIDTH} and v{i}.isascii() and '\\0' not in v{i}", f"x{i}.value = v{i}.encode()"
-            cells.append((f"x{i}", f"(c.c_char * {READ_WIDTH})()"))
-        elif length:
+        if not isinstance(kind, str):
+            scope[f"type{i}"] = kind
+            records.append(f"v{i} = as_record(v{i}, type{i})\n    if v{i} is None:\n        return None")
+            arguments[i] = f"c.byref(v{i})"
+            continue
+        if length:
             scope[f"dtype{i}"] = DTYPES[kind]
             check, put = f"type(v{i}) is ndarray and v{i}.shape == ({length},) and v{i}.dtype is dtype{i}", f"x{i}[:] = v{i}"
             cells.append((f"x{i}", f"np.zeros({length}, dtype{i})"))
         else:
-            check, put = f"type(v{i}) in {'NUMBERS' if kind == 'f8' else '(int,)'}", f"x{i}.value = v{i}"
-            cells.append((f"x{i}", "c.c_double()" if kind == "f8" else "c.c_long()"))
+            check, put, cell = (re.sub(r"\b([vx])\b", rf"\g<1>{i}", text) for text in _GIVEN[kind])
+            cells.append((f"x{i}", cell))
         if optional:
             check, put = f"(v{i} is None or {check})", f"if v{i} is not None: {put}"
             arguments[i] = f"at{i}p if v{i} is not None else {'ZERO' if none_is_zero else 'NO'}"
         checks.append(check)
         puts.append(put)
     for i in gives:
-        _, _, kind, length, _, _ = f.parameters[i]
+        role, _, kind, length, _, _ = f.parameters[i]
         arguments[i] = f"at{i}p"
         if not isinstance(kind, str):
-            scope[f"type{i}"] = kind
+            scope.update({f"type{i}": kind, f"tuple{i}": record_tuple(kind)})
             cells.append((f"x{i}", f"type{i}()"))
-            found += [f"x{i}.{field}" for field, _ in kind._fields_]
+            fields = [f"x{i}.{field}" for field, _ in kind._fields_]
+            found += fields if len(gives) == 1 else [f"new_tuple(tuple{i}, ({', '.join(fields)},))"]
         elif length:
             scope[f"dtype{i}"] = DTYPES[kind]
             cells.append((f"x{i}", f"np.zeros({length}, dtype{i})"))
             found.append(f"copy(x{i})")
         else:
-            cells.append((f"x{i}", {"f8": "c.c_double()", "i8": "c.c_long()", "text": f"(c.c_char * {TEXT_WIDTH})()"}[kind]))
-            found.append(f"x{i}.value" + (".decode()" if kind == "text" else ""))
+            cell, value = _FOUND[kind]
+            if role == "gives":
+                cells.append((f"x{i}", cell))
+            found.append(re.sub(r"\bx\b", f"x{i}", value))
     names = [x for x, _ in cells]
     work = ", ".join(names + [f"at{x[1:]}p" for x in names] + ["vector", "at_vector"])
 
     lines = ["def one(values, selects, handles):"]
     lines += _unpacked(values, "values")
-    lines.append(f"    if not ({' and '.join(checks)}):\n        return None")
+    if checks:
+        lines.append(f"    if not ({' and '.join(checks)}):\n        return None")
+    lines += ["    " + record for record in records]
     arguments.update(_context(f, lines, scope))
     lines.append("    try:\n        work = pool.pop()\n    except IndexError:\n        work = new()")
     lines.append(f"    {work} = work")

@@ -1335,7 +1335,7 @@ _ray_ellipsoid = _Function("kl_ray_ellipsoid", "kl_ray_ellipsoid_n", None, 1, Ra
     ("n",),
     ("each", "pos", 'f8', 3, False, False),
     ("each", "dir", 'f8', 3, False, False),
-    ("each", "margin", 'f8', 0, True, False),
+    ("each", "margin", 'f8', 0, True, True),
     ("gives", "t", 'f8', 2, False, False),
     ("gives", "n_points", 'i8', 0, False, False),
 ))
@@ -1347,7 +1347,7 @@ def ray_ellipsoid(pos, dir, margin=None, /, *, model=None, errors="raise", retur
     Arguments, arrays that broadcast against each other:
         pos: [..., 3], m, in axes whose z is the Earth's: kl.Frame.EF, kl.Frame.PEF, kl.Frame.TOD, kl.Frame.TEME
         dir: [..., 3], direction, of any length but 0
-        margin: m, raises the ellipsoid: semi-axes a + margin and (a + margin) b/a
+        margin: m, raises the ellipsoid: semi-axes a + margin and (a + margin) b/a; None: 0
         model: ModelId, None: the default models
     Returns RayPoints:
         t: [..., 2], m, along the unit direction, ascending, negative behind; NaN beyond the number of points

@@ -465,7 +465,7 @@ class _DefaultModels:
 
 
 DEFAULT_MODELS = _DefaultModels()
-_bundled = _reading = None
+common = _reading = None
 
 
 def for_reading():
@@ -480,15 +480,15 @@ def for_reading():
 
 def pointer_of(role, given):
     """The id to use for a keyword that was left out or given."""
-    global _bundled
+    global common
     if given is None:
         if role == "model":
             return DEFAULT_MODELS
-        if _bundled is None:
+        if common is None:
             with _making:
-                if _bundled is None:
-                    _bundled = TimeId.bundled()
-        return _bundled
+                if common is None:
+                    common = TimeId.bundled()
+        return common
     if isinstance(given, RunId):
         if given.closed:
             raise ValueError("RunId is closed")

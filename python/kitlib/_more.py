@@ -5,7 +5,7 @@ from collections import namedtuple
 
 import numpy as np
 
-from . import _arrays, _errors, _ids, _table
+from . import _arrays, _calls, _errors, _ids, _table
 from ._library import KITLIB, symbol
 from ._selectors import one_instant
 
@@ -149,7 +149,7 @@ def star_catalog(t, /, *, file=None, magnitudes=(-30.0, 30.0), box=None, cone=No
         raise _errors.error("kl_star_catalog", 35, vector)
     found = []
     for pointer, record in ((stars, _table.Star), (places, _table.Radec)):
-        dtype = np.dtype(record)
+        dtype = _calls.dtype_of(record)
         octets = ctypes.string_at(pointer.value, n.value * dtype.itemsize) if n.value else b""
         found.append(np.frombuffer(octets, dtype).copy())
         KITLIB.kl_free_array(ctypes.byref(pointer))

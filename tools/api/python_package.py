@@ -212,7 +212,7 @@ class Parameter:
         self.kind = ("record" if self.record else "octets" if self.octets else "text" if self.text else NUMPY.get(a.base, "?"))
         if a.length and not a.length.isdigit() and not (self.text or self.octets):
             self.kind = "?"  # a length that depends on another argument
-        self.zeros = "read in every mode" in a.meaning
+        self.zeros = "read in every mode" in a.meaning or (a.name == "margin" and "NULL" not in a.meaning)
         self.optional = a.role == "each" and (a.name in ("vel", "acc", "margin") or "NULL" in a.meaning)
         self.enum = self.default = ""
         if a.role == "select":
@@ -306,7 +306,8 @@ class PythonFunction:
             if self.flat:
                 item(", ".join(n for n, _, _ in self.fields[p.record]), "", p.unit, p.meaning)
             else:
-                item(p.name, shape(p), p.unit, p.meaning + ("; a copy is changed" if p.role == "both" and p not in self.gives else ""))
+                item(p.name, shape(p), p.unit, p.meaning + ("; a copy is changed" if p.role == "both" and p not in self.gives else "")
+                     + ("; None: 0" if p.optional and p.a.name == "margin" and p.zeros else ""))
         if self.select:
             lines.append("Keywords:")
         for p in self.select:
