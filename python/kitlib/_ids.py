@@ -18,8 +18,30 @@ _ROW = np.dtype([("tai", "f8"), ("ut1", "f8"), ("utc", "f8"), ("tai_utc", "f8"),
 _POINTERS = {"rows": ("n_rows", _ROW), "pole": ("n_rows", np.dtype("(4,)f8")), "row_notes": ("n_rows", np.dtype("(2,)i8"))}
 
 
+_closing = threading.RLock()  # one at a time opens and closes runs, and closes ids; a finalizer may do so inside another
+
+
 class _Handle(ctypes.Structure):
+    """An id as C knows it. It is closed when nothing holds it any more: neither its object nor a call that a thread is in, for the
+    arguments of a call hold what they point to.
+    """
+
     _fields_ = [("record", ctypes.c_void_p)]
+
+    def __del__(self):
+        if self.record:
+            try:
+                symbol(self.close_symbol)(ctypes.byref(self), None)
+            except (TypeError, AttributeError):  # the interpreter is going down
+                pass
+
+
+class _TimeHandle(_Handle):
+    close_symbol = "kl_time_close"
+
+
+class _ModelHandle(_Handle):
+    close_symbol = "kl_model_close"
 
 
 def _check(name, status, public_id, vector):
@@ -37,16 +59,16 @@ def _refused_format(state, kind):
 class _Id:
     """What all ids share: an open handle, or none."""
 
-    _close_symbol, _close_public = "", None
+    _handle_class, _close_public = _Handle, None
 
     def __init__(self):
-        self._handle = _Handle()
-        self._pointer = ctypes.byref(self._handle)
+        self._handle = self._handle_class()
         self._open = False
+        self._runs = 0  # that hold it open
 
     def _opened(self):
         self._open = True
-        self.pointer = self._pointer
+        self.pointer = ctypes.byref(self._handle)
 
     def __getattr__(self, name):
         if name == "pointer":  # there is one while the id is open; a property would cost every call its time
@@ -58,28 +80,24 @@ class _Id:
         return not self._open
 
     def close(self):
-        """Closes the id; again is no mistake. A run that uses it keeps it: KitError."""
-        if not self._open:
-            return
-        vector = (ctypes.c_long * 1)()
-        if symbol(self._close_symbol)(self._pointer, vector) == -1:
-            raise _errors.error(self._close_symbol, self._close_public, vector)
-        self._open = False
-        del self.pointer
+        """Closes the id; again is no mistake. Calls that other threads are in end with it as it was. A run that uses it keeps it:
+        KitError."""
+        with _closing:
+            if not self._open:
+                return
+            if self._runs:
+                vector = (ctypes.c_long * 1)()
+                symbol(self._handle_class.close_symbol)(self.pointer, vector)  # C refuses it
+                raise _errors.error(self._handle_class.close_symbol, self._close_public, vector)
+            self._open = False
+            del self.pointer
+            del self._handle  # the last reference, or a call has it
 
     def __enter__(self):
         return self
 
     def __exit__(self, *_):
         self.close()
-
-    def __del__(self):
-        if getattr(self, "_open", False):
-            self._open = False
-            try:
-                symbol(self._close_symbol)(self._pointer, (ctypes.c_long * 1)())
-            except (TypeError, AttributeError):  # the interpreter is going down
-                pass
 
     def __copy__(self):
         return self
@@ -97,7 +115,7 @@ class TimeId(_Id):
     <TimeId: explicit values, TAI-UTC 37 s, TAI-GPS 19 s, UT1-UTC 0.000000 s>
     """
 
-    _close_symbol, _close_public = "kl_time_close", 16
+    _handle_class, _close_public = _TimeHandle, 16
 
     def __init__(self):
         raise TypeError("a TimeId is made by TimeId.bundled(), .from_files(), .from_values() or .from_rows()")
@@ -140,7 +158,7 @@ class TimeId(_Id):
         first = ctypes.c_double(0.0 if start is None else start)
         last = ctypes.c_double(0.0 if stop is None else stop)
         report, vector = _table.TimeFileReport(), (ctypes.c_long * 1)()
-        tail = (ctypes.byref(window), ctypes.byref(first), ctypes.byref(last), ctypes.byref(report), self._pointer, vector)
+        tail = (ctypes.byref(window), ctypes.byref(first), ctypes.byref(last), ctypes.byref(report), ctypes.byref(self._handle), vector)
         if model is None:
             hold = ctypes.c_long(1 if no_extrapolation else 0)
             name, public, status = "kl_time_id_init", 15, symbol("kl_time_id_init")(ctypes.byref(n), array, ctypes.byref(hold), *tail)
@@ -165,7 +183,7 @@ class TimeId(_Id):
         self = cls._new()
         readings = (ctypes.c_double * 4)(tai, utc, ut1, gps)
         vector = (ctypes.c_long * 1)()
-        status = symbol("kl_time_ref_init")(readings, None, None, None, self._pointer, vector)
+        status = symbol("kl_time_ref_init")(readings, None, None, None, ctypes.byref(self._handle), vector)
         _check("kl_time_ref_init", status, 14, vector)
         self._opened()
         return self
@@ -205,7 +223,7 @@ class TimeId(_Id):
                 getattr(data, field)[:] = value
             else:
                 setattr(data, field, value)
-        if symbol("kl_time_set_id_data")(self._pointer, ctypes.byref(data)) != 0:
+        if symbol("kl_time_set_id_data")(ctypes.byref(self._handle), ctypes.byref(data)) != 0:
             raise ValueError("not a usable table of a time id: rows must be finite, increasing and within -18262.0 to 36524.0, with whole seconds of TAI-UTC")
         self._opened()
         return self
@@ -260,8 +278,8 @@ _receiving, _making = threading.Lock(), threading.Lock()
 
 def _fresh_locks():
     """In a child of a fork: another thread of the parent may have held them."""
-    global _receiving, _making
-    _receiving, _making = threading.Lock(), threading.Lock()
+    global _receiving, _making, _closing
+    _receiving, _making, _closing = threading.Lock(), threading.Lock(), threading.RLock()
 
 
 os.register_at_fork(after_in_child=_fresh_locks)
@@ -290,7 +308,7 @@ class ModelId(_Id):
     6378137.0
     """
 
-    _close_symbol, _close_public = "kl_model_close", 43
+    _handle_class, _close_public = _ModelHandle, 43
 
     def __init__(self, **selections):
         _Id.__init__(self)
@@ -302,11 +320,9 @@ class ModelId(_Id):
         self.selections = {name: numbers[name] for name in kinds if numbers.get(name, 0)}
         values = (ctypes.c_long * 9)(*[numbers.get(name, 0) for name in kinds])
         mode, vector = ctypes.c_long(1 if selections else 0), (ctypes.c_long * 1)()
-        status = symbol("kl_model_init")(ctypes.byref(mode), values, self._pointer, vector)
+        status = symbol("kl_model_init")(ctypes.byref(mode), values, ctypes.byref(self._handle), vector)
         if status == -1:
-            error = _errors.error("kl_model_init", 42, vector)
-            symbol("kl_model_close")(self._pointer, vector)  # a refused selection leaves an id behind
-            raise error
+            raise _errors.error("kl_model_init", 42, vector)  # a refused selection leaves an id behind, which its handle closes
         self._opened()
 
     @property
@@ -418,19 +434,31 @@ class RunId:
     """
 
     def __init__(self, sat, time=None, model=None):
-        self.sat, self.time, self.model = sat, pointer_of("time", time), model
+        if not isinstance(sat, SatId):
+            raise TypeError(f"sat: a SatId is wanted, not {type(sat).__name__}")
+        self.sat, self.time, self.model = sat, pointer_of("time", time), None if model is None else pointer_of("model", model)
         self._open = False
         number, vector = ctypes.c_long(-1), (ctypes.c_long * 1)()
-        status = symbol("kl_run_init")(sat.pointer, self.time.pointer, model.pointer if model is not None else None, ctypes.byref(number), vector)
+        with _closing:
+            status = symbol("kl_run_init")(sat.pointer, self.time.pointer, model.pointer if model is not None else None, ctypes.byref(number), vector)
+            if status != -1:
+                self.number, self._open = number.value, True
+                self._count(1)
         _check("kl_run_init", status, 29, vector)
-        self.number, self._open = number.value, True
+
+    def _count(self, step):
+        for held in (self.time, self.model):
+            if held is not None:
+                held._runs += step
 
     def close(self):
         """Closes the run and lets go of its ids, which stay open."""
-        if self._open:
-            self._open = False
-            KITLIB.kl_run_close.restype = None
-            KITLIB.kl_run_close(ctypes.byref(ctypes.c_long(self.number)))
+        with _closing:
+            if self._open:
+                self._open = False
+                KITLIB.kl_run_close.restype = None
+                KITLIB.kl_run_close(ctypes.byref(ctypes.c_long(self.number)))
+                self._count(-1)
 
     @property
     def closed(self):
@@ -458,6 +486,13 @@ class RunId:
         return f"<RunId {self.number}: {self.sat}, {self.time}, {self.model}>" if self._open else "<RunId: closed>"
 
 
+class _Common(TimeId):
+    """The correlation of the package, which is not anyone's to close."""
+
+    def close(self):
+        """It stays open."""
+
+
 class _DefaultModels:
     """In place of a ModelId: the default models."""
 
@@ -474,7 +509,7 @@ def for_reading():
     if _reading is None:
         with _making:
             if _reading is None:
-                _reading = TimeId.bundled()
+                _reading = _Common.bundled()
     return _reading
 
 
@@ -487,7 +522,7 @@ def pointer_of(role, given):
         if common is None:
             with _making:
                 if common is None:
-                    common = TimeId.bundled()
+                    common = _Common.bundled()
         return common
     if isinstance(given, RunId):
         if given.closed:

@@ -1,13 +1,17 @@
 """Ids as objects: open and closed, copied, pickled, in other processes."""
 import copy
+import ctypes
 import multiprocessing
 import os
 import pickle
+import threading
+import time
 
 import numpy as np
 import pytest
 
 import kitlib as kl
+from kitlib._library import KITLIB
 
 ROWS = np.array([[9600.0, 37, 0.01], [9650.0, 37, 0.02], [9700.0, 37, 0.03]])
 VALUES = dict(tai=9497 + 37 / 86400, utc=9497.0, ut1=9497.0 + 1e-7, gps=9497 + 18 / 86400)
@@ -69,6 +73,80 @@ def test_closed():
                  lambda: kl.RunId(kl.SatId(21), time_id)):
         with pytest.raises(ValueError, match="closed"):
             call()
+
+
+def test_closed_while_others_compute():
+    """A thread is in a long call when its id is closed and others take the memory: its numbers are those of the id."""
+    rows = np.stack([9600.0 + np.arange(20000) / 200, np.full(20000, 37.0), 0.1 * np.sin(np.arange(20000) / 2000)], axis=1)
+    t = np.random.default_rng(1).uniform(9601, 9699, 1_000_000)
+    with kl.TimeId.from_rows(rows) as time_id:
+        expected = kl.time_processing_to_processing(t, ref_in="UTC", ref_out="UT1", time=time_id)
+    for _ in range(3):
+        time_id, started, found = kl.TimeId.from_rows(rows), threading.Event(), []
+
+        def work():
+            started.set()
+            found.append(kl.time_processing_to_processing(t, ref_in="UTC", ref_out="UT1", time=time_id))
+        thread = threading.Thread(target=work)
+        thread.start()
+        started.wait()
+        time.sleep(0.005)
+        time_id.close()
+        others = [kl.TimeId.from_rows(rows * [1, 1, -1]) for _ in range(20)]
+        with pytest.raises(ValueError, match="closed"):
+            kl.sun(9650.0, time=time_id)
+        thread.join()
+        assert np.array_equal(found[0], expected)
+        del others
+
+
+def test_closing_waits_for_the_last_call():
+    """What a call holds keeps the id of C; the close of C comes when it lets go."""
+    for made in (lambda: kl.TimeId.from_rows(ROWS), kl.ModelId):
+        one = made()
+        held = one.pointer  # as the arguments of a call
+        initialised = getattr(KITLIB, "kl_time_init_status" if isinstance(one, kl.TimeId) else "kl_model_init_status")
+        one.close()
+        assert one.closed and initialised(held) == 1
+        handle = held._obj
+        del held
+        handle.__del__()
+        assert initialised(ctypes.byref(handle)) == 0
+
+
+def test_threads_close_and_compute():
+    """Four threads use an id as long as there is one, a fifth closes it: numbers or ValueError, and nothing else."""
+    expected, wrong = ut1(kl.TimeId.from_rows(ROWS)), []
+
+    def work(ids):
+        while True:
+            try:
+                if not np.array_equal(ut1(ids[0]), expected):
+                    wrong.append(ids[0])
+            except ValueError:
+                return
+    for _ in range(8):
+        ids = [kl.TimeId.from_rows(ROWS)]
+        threads = [threading.Thread(target=work, args=(ids,)) for _ in range(4)]
+        for thread in threads:
+            thread.start()
+        time.sleep(0.002)
+        ids[0].close()
+        for thread in threads:
+            thread.join()
+    assert wrong == []
+
+
+def test_nobody_closes_the_common_correlation():
+    with kl.RunId(kl.SatId(21)) as run:
+        run.time.close()
+    assert kl.sun(9650.0).pos.any() and not run.time.closed
+
+
+def test_run_of_what_are_no_ids():
+    for wrong in (lambda: kl.RunId(21), lambda: kl.RunId(kl.SatId(21), kl.ModelId()), lambda: kl.RunId(kl.SatId(21), None, 5)):
+        with pytest.raises(TypeError):
+            wrong()
 
 
 def test_run_holds_its_ids():
