@@ -212,58 +212,78 @@ class Function:
             self.array = symbol(self.symbol)
         arrays, shape = self.inputs(values)
         done, outputs, status, vector = self.call(self.array, arrays, shape, math.prod(shape), selects, ids)
-        return self.finished(done, outputs, status, vector, values, arrays, shape, errors, return_status)
+        return self.finished(done, outputs, status, vector, (values, selects, ids), arrays, shape, errors, return_status)
 
-    def finished(self, done, outputs, status, vector, values, arrays, shape, errors, return_status):
+    def finished(self, done, outputs, status, vector, asked, arrays, shape, errors, return_status):
         """The result of a call for arrays, or what C found."""
         result = self.results(outputs, shape)
         if shape and (return_status or done == -1):
             status = status.copy()  # the memory of statuses is not watched
         if done:
             if done == -1 and errors == "raise":
-                raise self.refused(vector, status, values, arrays, shape, result)
+                raise self.refused(vector, status, asked, arrays, shape, result)
             if not self.quiet and (done == 1 or (self.has_vector and (status == 1).any())):
                 _errors.warn(self.name, self.public_id if self.has_vector else None, vector)
         return (result, status if shape else int(status)) if return_status else result
 
-    def refused(self, vector, status, values, arrays, shape, result):
+    def refused(self, vector, status, asked, arrays, shape, result):
         """The exception of a call for arrays: which element was the first, and what it has."""
+        values, selects, ids = asked
         if not shape:
-            return self.error(vector)
+            return self.error(vector, self.said(values, selects))
+        kept = (ctypes.c_long * 2).from_buffer_copy(vector._obj)
         first = int(np.argmax(status.ravel() == -1))
         index = tuple(int(i) for i in np.unravel_index(first, shape))
-        said = [f"element {index[0] if len(index) == 1 else index}"]
-        if not self.flat and len(arrays) == len(self.each):
-            for value, array, (_, name, kind, *_) in zip(values, arrays, self.each):
-                if array is not None and kind == "text":  # as it was given: too long a one is not in the array
-                    item = np.broadcast_to(np.asarray(value), shape)[index]
-                    said.append(f"{name} {item.decode('ascii', 'replace') if isinstance(item, bytes) else str(item)!r}")
-                elif array is not None and kind in ("f8", "i8"):
-                    said.append(f"{name} {array[index].tolist()}")
-        elif self.flat:
-            said += [f"{name} {arrays[0][name][index]}" for name in arrays[0].dtype.names]
-        return self.error(vector, status, result, ", ".join(said), np.count_nonzero(status == -1) == 1)
+        if np.count_nonzero(status == -1) > 1:  # once more, for the values in its messages
+            alone = [None if a is None else np.ascontiguousarray(a[index])[None].copy() for a in arrays]
+            self.call(self.array or symbol(self.symbol), alone, (1,), 1, selects, ids)
+        if self.flat:
+            items = [None if v is None else arrays[0][name][index] for v, name in zip(values, arrays[0].dtype.names)] if arrays[0].dtype.names else values
+        else:  # a text as it was given: too long a one is cut
+            items = [None if a is None else _text(np.broadcast_to(np.asarray(v), shape)[index]) if kind == "text" else a[index]
+                     for v, a, (_, _, kind, *_) in zip(values, arrays, self.each)]
+        return self.error(kept, f"element {index[0] if len(index) == 1 else index}, " + self.said(items, selects), status, result)
 
-    def error(self, vector, status=None, result=None, where="", one=True):
-        if self.public_id is not None:
-            return _errors.error(self.name, self.public_id, vector, status, result, where, one)
-        found = tuple(m for m in _errors.last_messages() if f"ERROR in {self.name}: " in m)
-        return _errors.KitError(self.name, (), (found or (f"{self.name}: refused",)) + self.takes(), status, result, where)
+    def said(self, values, selects):
+        """The values of one element and the selectors, with their names."""
+        names = [field for field, _ in self.each[0][2]._fields_] if self.flat else [p[1] for p in self.each]
+        said = [f"{name} {written(value)}" for name, value in zip(names, values) if value is not None and written(value)]
+        for (_, enum, name), value in zip([p for p in self.parameters if p[0] in ("select", "record")], selects):
+            if isinstance(value, (str, int, np.integer)):
+                number = selected(value, enum)
+                said.append(f"{name} {enum(number).name if enum and number in enum.__members__.values() else number}")
+            elif isinstance(value, ctypes.Structure):
+                said.append(f"{name} {written(value)}")
+        return ", ".join(said)
 
-    def takes(self):
-        """What the docstring says of the arguments, as a message."""
+    def error(self, vector, where="", status=None, result=None):
+        own = self.python_name()
+        where = f"{own}: {where}" if where else own
+        if self.public_id is None:
+            found = tuple(m for m in _errors.last_messages() if f"ERROR in {self.name}: " in m)
+            return _errors.KitError(self.name, (), (found or (f"{self.name}: refused",)) + self.takes(own), status, result, where)
+        error = _errors.error(self.name, self.public_id, vector, status, result, where)
+        if sum(name.endswith("_ERR") for name, _ in _table.CONDITIONS[self.public_id][1]) == 1:  # one for whatever is refused
+            return _errors.KitError(self.name, error.codes, error.messages + self.takes(own), status, result, where)
+        return error
+
+    def python_name(self):
         from . import _functions  # which needs this module
-        name = next((n for n in _functions.__all__ if getattr(_functions, "_" + n) is self), None)
-        doc = (getattr(_functions, name).__doc__ or "") if name else ""
+        return next((n for n in _functions.__all__ if getattr(_functions, "_" + n) is self), "geoid" if self.name == "kl_geoid_calc" else self.name[3:])
+
+    def takes(self, name):
+        """What the docstring says of the arguments, as a message."""
+        from . import _functions
+        doc = getattr(_functions, name).__doc__ or "" if hasattr(_functions, name) else ""
         lines = doc.partition("Arguments")[2].partition("Returns")[0].splitlines()[1:]
         said = " ".join(line.strip() if not re.match(r" {8}\w[\w, ]*: ", line) else "| " + line.strip() for line in lines
                         if line.startswith(" " * 8) and not re.match(r" {8}(model|time): ", line))
         return (f"{name} takes " + said[2:].replace(" | ", "; "),) if said else ()
 
-    def failed_one(self, status, vector, pool, work):
+    def failed_one(self, status, vector, pool, work, values, selects):
         """Raises or warns what the scalar call found."""
         if status < 0:
-            found = self.error(vector)
+            found = self.error(vector, self.said(values, selects))
             pool.append(work)
             raise found
         if not self.quiet:
@@ -283,6 +303,30 @@ class Function:
                 else:
                     found.append(record_tuple(kind)(*(array[name] if shape else array[name].item() for name in array.dtype.names)))
         return self.result(*found) if self.result else found[0]
+
+
+def _text(item):
+    return item.decode("ascii", "replace") if isinstance(item, bytes) else str(item)
+
+
+def written(value):
+    """A value of a message: a number, a text or a list of numbers; nothing for what is none of these."""
+    if isinstance(value, (np.ndarray, np.generic)):
+        value = value.tolist()
+    if isinstance(value, ctypes.Structure):
+        value = [getattr(value, field) for field, _ in value._fields_]
+    if isinstance(value, bytes):
+        value = value.hex(" ")
+    if isinstance(value, (list, tuple)):
+        return f"[{', '.join(map(written, value))}]" if all(isinstance(x, (int, float, str, list)) for x in value) else ""
+    return repr(value) if isinstance(value, (str, int, float)) else ""
+
+
+def where_failed(name, status, shape, named):
+    """The function and the first element that it refused, with its values: arrays by their names."""
+    index = tuple(int(i) for i in np.unravel_index(int(np.argmax(np.ravel(status) == -1)), shape))
+    said = [f"element {index[0] if len(index) == 1 else index}"] if shape else []
+    return f"{name}: " + ", ".join(said + [f"{n} {written(np.broadcast_to(a, shape + a.shape[len(shape):])[index])}" for n, a in named.items()])
 
 
 def _plain(array, kind, length, shape):

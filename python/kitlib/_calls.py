@@ -212,7 +212,7 @@ def quick_call(f, one, other):
     lines.append("    if array is None:\n        look_up()")
     lines += _asks(f, _others(f, arguments), False)
     found = "(" + "".join(f"x{i}, " for i in gives) + ")"
-    lines.append(f"    if done:\n        return f.finished(done, {found}, statuses[cut], vector, values, values, (n,), errors, False)")
+    lines.append(f"    if done:\n        return f.finished(done, {found}, statuses[cut], vector, (values, selects, handles), values, (n,), errors, False)")
     kinds = [f.parameters[i][2] for i in gives]
     if len(gives) == 1 and not isinstance(kinds[0], str):
         found = "(" + "".join(f"x{gives[0]}[{field!r}], " for field, _ in kinds[0]._fields_) + ")"
@@ -333,7 +333,7 @@ def one_element(f):
         arguments.update({i: "long_pointer(1)" for i in _places(f, "n")})
     passed = [arguments[i] for i, p in enumerate(f.parameters) if i in arguments] + ["NO"] * f.scalar_is_array + ["at_vector"] * f.has_vector
     lines.append(f"    status = scalar({', '.join(passed)})")
-    lines.append("    if status:\n        f.failed_one(status, vector, pool, work)")
+    lines.append("    if status:\n        f.failed_one(status, vector, pool, work, values, selects)")
     lines.append(f"    out = {'new_tuple(result, (' + ', '.join(found) + '))' if f.result else found[0]}")
     lines.append("    pool.append(work)\n    return out")
     lines.append("def new():\n    global scalar\n    if scalar is None:\n        scalar = symbol(f.symbol if f.scalar_is_array else f.name)")

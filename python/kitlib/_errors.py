@@ -36,13 +36,14 @@ def _code_again(public_id, code):
 class KitError(Exception):
     """A call that the library refused.
 
-    function: its name; codes: conditions, members of an IntEnum; messages: their texts; where: the first element that was
-    refused, of a call for arrays.
+    function: its name in C; codes: conditions, members of an IntEnum; messages: their texts; where: the function as it was
+    called, with the values of the one element, or of the first that was refused.
     status: 0, 1 or -1 of each element, and outputs: what was computed, when the call was for arrays.
     """
 
     def __init__(self, function, codes=(), messages=(), status=None, outputs=None, where=""):
-        super().__init__((f"{where}: " if where else "") + ("; ".join(messages) if messages else f"{function}: refused"))
+        names = ", ".join(getattr(code, "name", str(code)) for code in codes)
+        super().__init__((f"{where}: " if where else "") + ("; ".join(messages) if messages else f"{function}: refused") + (f" ({names})" if names else ""))
         self.function, self.codes, self.messages = function, tuple(codes), tuple(messages)
         self.status, self.outputs, self.where = status, outputs, where
 
@@ -69,10 +70,10 @@ def last_messages():
 
 
 def _with_values(messages):
-    """Texts of a vector, which has no values, with those of the last call, if it is the one that gave the vector."""
-    last = last_messages()[-len(messages):] if messages else ()
-    same = len(last) == len(messages) and all(_VALUE.sub("0", a).startswith(_VALUE.sub("0", b)) for a, b in zip(last, messages))
-    return last if same else messages
+    """Texts of a vector, which has no values, with those of the last call where it has the same ones."""
+    last = last_messages() if messages else ()
+    shapes = [_VALUE.sub("0", text) for text in last]
+    return tuple(next((text for text, shape in zip(last, shapes) if shape.startswith(_VALUE.sub("0", message))), message) for message in messages)
 
 
 def decoded(public_id, vector):
@@ -90,10 +91,10 @@ def decoded(public_id, vector):
     return found, tuple(texts[i].value.decode("utf-8", "replace") for i in range(n.value))
 
 
-def error(name, public_id, vector, status=None, outputs=None, where="", one=True):
-    """The exception; one: was one element refused, so that the values of the last messages are its own?"""
+def error(name, public_id, vector, status=None, outputs=None, where=""):
+    """The exception of the call that this thread made last."""
     codes, messages = decoded(public_id, vector)
-    return KitError(name, codes, _with_values(messages) if one else messages, status, outputs, where)
+    return KitError(name, codes, _with_values(messages), status, outputs, where)
 
 
 def warn(name, public_id, vector):

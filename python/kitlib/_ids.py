@@ -44,9 +44,9 @@ class _ModelHandle(_Handle):
     close_symbol = "kl_model_close"
 
 
-def _check(name, status, public_id, vector):
+def _check(name, status, public_id, vector, where):
     if status == -1:
-        raise _errors.error(name, public_id, vector)
+        raise _errors.error(name, public_id, vector, where=where)
     if status == 1:
         _errors.warn(name, public_id, vector)
 
@@ -88,7 +88,7 @@ class _Id:
             if self._runs:
                 vector = (ctypes.c_long * 1)()
                 symbol(self._handle_class.close_symbol)(self.pointer, vector)  # C refuses it
-                raise _errors.error(self._handle_class.close_symbol, self._close_public, vector)
+                raise _errors.error(self._handle_class.close_symbol, self._close_public, vector, where=f"{self}: a run uses it")
             self._open = False
             del self.pointer
             del self._handle  # the last reference, or a call has it
@@ -166,10 +166,10 @@ class TimeId(_Id):
             kind = ctypes.c_long(selected(model, _table.TimeModel))
             name, public, status = "kl_time_ref_init_file", 13, symbol("kl_time_ref_init_file")(ctypes.byref(kind), ctypes.byref(n), array, *tail)
         if status == -1:
-            error = _errors.error(name, public, vector)
+            error = _errors.error(name, public, vector, where="TimeId.from_files")
             if report.line:
                 where = f"{names[report.file]}:{report.line}:{report.column}: {report.field.decode('ascii', 'replace')!r}"
-                error = _errors.KitError(name, error.codes, error.messages + (where,))
+                error = _errors.KitError(name, error.codes, error.messages + (where,), where=error.where)
             raise error
         self._opened()
         self.report = report
@@ -184,7 +184,7 @@ class TimeId(_Id):
         readings = (ctypes.c_double * 4)(tai, utc, ut1, gps)
         vector = (ctypes.c_long * 1)()
         status = symbol("kl_time_ref_init")(readings, None, None, None, ctypes.byref(self._handle), vector)
-        _check("kl_time_ref_init", status, 14, vector)
+        _check("kl_time_ref_init", status, 14, vector, f"TimeId.from_values: tai {tai}, utc {utc}, ut1 {ut1}, gps {gps}")
         self._opened()
         return self
 
@@ -322,7 +322,8 @@ class ModelId(_Id):
         mode, vector = ctypes.c_long(1 if selections else 0), (ctypes.c_long * 1)()
         status = symbol("kl_model_init")(ctypes.byref(mode), values, ctypes.byref(self._handle), vector)
         if status == -1:
-            raise _errors.error("kl_model_init", 42, vector)  # a refused selection leaves an id behind, which its handle closes
+            said = ", ".join(f"{kind} {number}" for kind, number in self.selections.items())
+            raise _errors.error("kl_model_init", 42, vector, where=f"ModelId: {said}")  # a refused selection leaves an id behind, which its handle closes
         self._opened()
 
     @property
@@ -373,7 +374,7 @@ class SatId:
         status = symbol("kl_default_sat_init")(ctypes.byref(sat), name, vector)
         self.number = sat.value
         if status == -1:
-            error = _errors.error("kl_default_sat_init", 28, vector)
+            error = _errors.error("kl_default_sat_init", 28, vector, where=f"SatId: file {os.fsdecode(name)!r}")
             if 0 <= sat.value <= 9:
                 symbol("kl_default_sat_close")(ctypes.byref(sat))
             self._open = False
@@ -444,7 +445,7 @@ class RunId:
             if status != -1:
                 self.number, self._open = number.value, True
                 self._count(1)
-        _check("kl_run_init", status, 29, vector)
+        _check("kl_run_init", status, 29, vector, f"RunId: {sat}, {self.time}, {model}")
 
     def _count(self, step):
         for held in (self.time, self.model):

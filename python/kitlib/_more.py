@@ -32,7 +32,7 @@ def geoid(latitude, longitude, /, *, max_degree=360, model=None, errors="raise",
 
 # The scalar call takes a record: one element goes through the call for arrays.
 _GEOID = _arrays.Function("kl_geoid_calc", "kl_geoid_calc_n", 44, 1, None, False, (
-    ("model",), ("n",), ("each", "latitude", "f8", 0, False, False), ("each", "longitude", "f8", 0, False, False), ("select", None),
+    ("model",), ("n",), ("each", "latitude", "f8", 0, False, False), ("each", "longitude", "f8", 0, False, False), ("select", None, "max_degree"),
     ("gives", "undulation", "f8", 0, False, False)), scalar_is_array=True)
 
 
@@ -52,7 +52,7 @@ def geoid_grid(latitudes, longitudes, /, *, max_degree=360, model=None):
     held = _ids.pointer_of("model", model)
     if symbol("kl_geoid_grid")(held.pointer, ctypes.byref(degree), _arrays.pointer(lat), ctypes.byref(n_lat), _arrays.pointer(lon), ctypes.byref(n_lon),
                                _arrays.pointer(out), vector) == -1:
-        raise _errors.error("kl_geoid_grid", 44, vector)
+        raise _errors.error("kl_geoid_grid", 44, vector, where="geoid_grid")
     return out
 
 
@@ -88,7 +88,7 @@ def time_obt_to_time(*reading, parameters, ref="UTC", errors="raise", return_sta
     for v, n in zip(given, names):
         obt[n] = v
     out, status = np.empty(shape), np.zeros(shape, "i8")
-    _clock_call("kl_time_obt_to_time", 11, sat, ref, parameters, obt, out, status, errors, out, shape)
+    _clock_call("kl_time_obt_to_time", 11, sat, ref, parameters, obt, out, status, errors, out, shape, dict(zip(names, given)))
     result = out if shape else out.item()
     return (result, status if shape else int(status)) if return_status else result
 
@@ -105,21 +105,21 @@ def time_time_to_obt(t, /, *, parameters, ref="UTC", errors="raise", return_stat
     given = given.reshape(shape)
     obt, status = np.zeros(shape, dtype), np.zeros(shape, "i8")
     obt["sat_id"] = sat
-    fields = _clock_call("kl_time_time_to_obt", 12, sat, ref, parameters, given, obt, status, errors, obt, shape)
+    fields = _clock_call("kl_time_time_to_obt", 12, sat, ref, parameters, given, obt, status, errors, obt, shape, {"t": given})
     found = tuple(obt[n] if shape else obt[n].item() for n in dtype.names[1:])
     result = found if len(found) > 1 else found[0]
     return (result, status if shape else int(status)) if return_status else result
 
 
-def _clock_call(name, public_id, sat, ref, parameters, given, out, status, errors, outputs, shape):
+def _clock_call(name, public_id, sat, ref, parameters, given, out, status, errors, outputs, shape, named):
     if errors not in ("raise", "nan"):
         raise ValueError(f'errors is "raise" or "nan", not {errors!r}')
     n, number, scale = ctypes.c_long(out.size), ctypes.c_long(sat), _arrays.long_pointer(_arrays.selected(ref, _table.Time))
     vector = (ctypes.c_long * 1)()
-    function = symbol(name + "_n" if hasattr(KITLIB, name + "_n") else f"kitlib_{name}_n")
-    done = function(ctypes.byref(number), ctypes.byref(n), scale, ctypes.byref(parameters), _arrays.pointer(given), _arrays.pointer(out), _arrays.pointer(status), vector)
+    done = symbol(name + "_n")(ctypes.byref(number), ctypes.byref(n), scale, ctypes.byref(parameters), _arrays.pointer(given), _arrays.pointer(out), _arrays.pointer(status), vector)
     if done == -1 and errors == "raise":
-        raise _errors.error(name, public_id, vector, status if shape else None, outputs if shape else None)
+        raise _errors.error(name, public_id, vector, status if shape else None, outputs if shape else None, 
+                            _arrays.where_failed(name[3:], status, shape, named) + f", parameters {_arrays.written(parameters)}")
     if done == 1:
         _errors.warn(name, public_id, vector)
 
@@ -146,7 +146,7 @@ def star_catalog(t, /, *, file=None, magnitudes=(-30.0, 30.0), box=None, cone=No
                                        _arrays.long_pointer(_arrays.selected(ref, _table.Time)), ctypes.byref(ctypes.c_double(t)), ctypes.byref(n),
                                        ctypes.byref(stars), ctypes.byref(places), vector)
     if status == -1:
-        raise _errors.error("kl_star_catalog", 35, vector)
+        raise _errors.error("kl_star_catalog", 35, vector, where=f"star_catalog: t {t}, file {file!r}, magnitudes {magnitudes}, box {box}, cone {cone}")
     found = []
     for pointer, record in ((stars, _table.Star), (places, _table.Radec)):
         dtype = _calls.dtype_of(record)
@@ -179,7 +179,8 @@ def poly_real_roots(c, /, *, errors="raise", return_status=False):
     done = symbol("kl_poly_real_roots_n")(ctypes.byref(n), ctypes.byref(order), _arrays.pointer(given), _arrays.pointer(roots), _arrays.pointer(n_roots),
                                           _arrays.pointer(status), None)
     if done == -1 and errors == "raise":
-        raise _errors.KitError("kl_poly_real_roots", messages=("a coefficient is not finite, or none is above order 0",), status=status, outputs=roots)
+        raise _errors.KitError("kl_poly_real_roots", messages=("a coefficient is not finite, or none is above order 0",), status=status if shape else None,
+                               outputs=roots if shape else None, where=_arrays.where_failed("poly_real_roots", status, shape, {"c": given}))
     found = RealRoots(roots, n_roots if shape else int(n_roots))
     return (found, status if shape else int(status)) if return_status else found
 
@@ -200,8 +201,8 @@ def time_get_row(t, /, *, ref="UTC", time=None):
     which = _arrays.long_pointer(_arrays.selected(ref, _table.Time))
     if symbol("kitlib_kl_time_get_row_n")(_ids.pointer_of("time", time).pointer, ctypes.byref(ctypes.c_long(instants.size)), which,
                                           _arrays.pointer(instants), _arrays.pointer(out), _arrays.pointer(status)) == -1:
-        raise _errors.KitError("kl_time_get_row", messages=(f"no row for the instant {instants[status == -1].flat[0]}",),
-                               status=status if status.ndim else None, outputs=out if status.ndim else None)
+        raise _errors.KitError("kl_time_get_row", messages=("no row for the instant",), status=status if status.ndim else None, outputs=out if status.ndim else None,
+                               where=_arrays.where_failed("time_get_row", status, status.shape, {"t": instants}))
     return out
 
 
@@ -249,7 +250,8 @@ def interpolate_states(t, /, *, times, pos, vel, errors="raise", return_status=F
         found = found._replace(error=found.error.item())
     if done == -1 and errors == "raise":
         raise _errors.KitError("kl_interpolate_states", messages=("an instant without states around it, or states that are not in order or no numbers",),
-                               status=status if shape else None, outputs=found if shape else None)
+                               status=status if shape else None, outputs=found if shape else None,
+                               where=_arrays.where_failed("interpolate_states", status, shape, {"t": given.reshape(shape)}))
     return (found, status if shape else int(status)) if return_status else found
 
 

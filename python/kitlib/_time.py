@@ -17,7 +17,7 @@ def _from_texts(texts, ref):
     try:
         return _READ.go((texts,), (ref, ref), (_ids.for_reading(),), "raise", False)
     except KitError as error:
-        where = "mjd2000: " + (error.where or f"text {texts!r}")
+        where = "mjd2000: " + error.where.partition(": ")[2]
         raise KitError("mjd2000", error.codes, error.messages, error.status, error.outputs, where) from None
 
 

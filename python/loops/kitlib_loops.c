@@ -331,26 +331,6 @@ long kitlib_kl_time_transport_to_ascii_texts(kl_time_id *time_id, const long *n,
     return result;
 }
 
-/* Geoid at scattered points: the record of the scalar call taken apart. */
-KL_API long kitlib_kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitude, const double *longitude,
-                                   const long *max_degree, double *undulation, long *status, long *ierr);
-long kitlib_kl_geoid_calc_n(kl_model_id *model_id, const long *n, const double *latitude, const double *longitude,
-                            const long *max_degree, double *undulation, long *status, long *ierr)
-{
-    long i, result;
-    if (!begun(n, ierr, 1, &result))
-        return result;
-    for (i = 0; i < *n; ++i) {
-        kl_geoid_input input = {model_id, latitude[i], longitude[i], 0.0, *max_degree};
-        long word[1] = {0};
-        const long one = kl_geoid_calc(&input, undulation + i, word);
-        result = noted(result, one, i, status, ierr, word, 1);
-        if (one == KL_ERR)
-            undulation[i] = NAN;
-    }
-    return result;
-}
-
 /* States between states in memory; one that there is not is NaN. */
 KL_API long kitlib_kl_interpolate_states_n(const long *n_states, const kl_state_at *states, const long *n, const double *time, double pos[][3],
                                            double vel[][3], double *error, long *status);
@@ -386,54 +366,6 @@ long kitlib_kl_time_get_row_n(kl_time_id *time_id, const long *n, const long *ti
         result = noted(result, one, i, status, NULL, NULL, 0);
         if (one == KL_ERR)
             memset(out + i, 0, sizeof out[i]);
-    }
-    return result;
-}
-
-/* On-board times lie at the size of the satellite's record; a failed one keeps its satellite. */
-static size_t clock_size(const long *sat_id)
-{
-    return *sat_id == 61 ? sizeof(kl_obt_kelda) : sizeof(kl_obt_tarvos);
-}
-
-KL_API long kitlib_kl_time_obt_to_time_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters,
-                                         const void *obt, double *time, long *status, long *ierr);
-long kitlib_kl_time_obt_to_time_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters, const void *obt,
-                                  double *time, long *status, long *ierr)
-{
-    const size_t size = clock_size(sat_id);
-    long i, result;
-    if (!begun(n, ierr, 1, &result))
-        return result;
-    for (i = 0; i < *n; ++i) {
-        long word[1] = {0};
-        const long one = kl_time_obt_to_time(sat_id, time_ref, parameters, (const char *)obt + (size_t)i * size, time + i, word);
-        result = noted(result, one, i, status, ierr, word, 1);
-        if (one == KL_ERR)
-            time[i] = NAN;
-    }
-    return result;
-}
-
-KL_API long kitlib_kl_time_time_to_obt_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters,
-                                         const double *time, void *obt, long *status, long *ierr);
-long kitlib_kl_time_time_to_obt_n(const long *sat_id, const long *n, const long *time_ref, const void *parameters, const double *time,
-                                  void *obt, long *status, long *ierr)
-{
-    const size_t size = clock_size(sat_id);
-    long i, result;
-    if (!begun(n, ierr, 1, &result))
-        return result;
-    for (i = 0; i < *n; ++i) {
-        char *here = (char *)obt + (size_t)i * size;
-        long word[1] = {0};
-        const long one = kl_time_time_to_obt(sat_id, time_ref, parameters, time + i, here, word);
-        result = noted(result, one, i, status, ierr, word, 1);
-        if (one == KL_ERR) {
-            memset(here + sizeof(long), 0, size - sizeof(long));
-            if (*sat_id == 61)
-                ((kl_obt_kelda *)(void *)here)->obt = NAN;
-        }
     }
     return result;
 }

@@ -347,7 +347,7 @@ class PythonFunction:
             elif p.role == "fixed":
                 rows.append('("fixed",)')
             elif p.role == "select":
-                rows.append(f'("record", _table.{camel(p.record)})' if p.record else f'("select", {"_table." + p.enum if p.enum else None})')
+                rows.append(f'("record", _table.{camel(p.record)}, "{p.name}")' if p.record else f'("select", {"_table." + p.enum if p.enum else None}, "{p.name}")')
             else:
                 if p.kind in ("text", "octets"):
                     rows.append(f'("width", {19 if p.octets else 32 if not self.each else 0})')
