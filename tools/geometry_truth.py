@@ -84,6 +84,9 @@ def roots_table():
     for s in (1e150, 1e-150):
         rows.append([2 * s * s, -3 * s, 1.0])
         rows.append([-s / 1e10, 0.0, 0.0, 1e-10])
+    # turning points that lie close together as seen from the largest root
+    rows.append([-8e-5, -4.0, 6e4, -2.25e6, -0.0625])
+    rows.append([8.75e-6, 0.0, -7.25e7, 1.5e6, 1.5e-4])
     table = []
     for c in rows:
         found = real_roots(c)

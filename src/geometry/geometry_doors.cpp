@@ -98,7 +98,8 @@ long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3],
     const double raised = margin != nullptr ? *margin : 0.0;
     const EarthModel &earth = model_blocks(model_id).earth;
     const Ellipsoid ellipsoid = ellipsoid_of(earth);
-    if (pos == nullptr || !is_near_enough(pos) || (is_margin(raised) && is_inside(ellipsoid, pos, raised)))
+    // With a margin out of range the ellipsoid itself: what is inside that is the first mistake.
+    if (pos == nullptr || !is_near_enough(pos) || is_inside(ellipsoid, pos, is_margin(raised) ? raised : 0.0))
         return call.fails(KL_ECLIPSE_POSITION_ERR);
     if (!is_sun(sun))
         return call.fails(KL_ECLIPSE_SUN_ERR);

@@ -119,8 +119,9 @@ double root_between(const Polynomial &f, double low, double high, bool rising, d
         const double slope = at.d1 * at.d1 - at.p * at.d2;
         double next = slope != 0.0 ? x - at.p * at.d1 / slope : std::numeric_limits<double>::infinity(); // Halley
         if (!(next > low && next < high)) {
-            // A step onto an end is one of rounding, unless the end is still far.
-            if (std::fabs(next - x) <= 4.0 * kUnit * std::fabs(x))
+            // A step onto an end is one of rounding, unless the end is still far, or is a turning point, beside which
+            // steps are short however large the value.
+            if (std::fabs(next - x) <= 4.0 * kUnit * std::fabs(x) && sign_of(value_at(f, x)) == 0)
                 return x;
             next = 0.5 * (low + high);
             if (!(next > low && next < high))
@@ -198,13 +199,14 @@ double start_beyond(const Polynomial &f, const Mark &turning, double side)
     return turning.x + side * way;
 }
 
-// Between two turning points the cubic that turns there too: s^2 (3 - 2 s) of the way.
+// Between two turning points the cubic that turns there too: s^2 (3 - 2 s) of the way, from the nearer end.
 double start_between(const Mark &low, const Mark &high)
 {
-    const double share = low.p / (low.p - high.p);
-    const double y = std::min(share, 1.0 - share);
+    const bool from_low = std::fabs(low.p) < std::fabs(high.p);
+    const double y = (from_low ? low.p : -high.p) / (low.p - high.p);
     const double s = std::sqrt(y / (3.0 - 2.0 * std::sqrt(y * (1.0 / 3.0))));
-    return low.x + (high.x - low.x) * (share < 0.5 ? s : 1.0 - s);
+    const double way = (high.x - low.x) * s;
+    return from_low ? low.x + way : high.x - way;
 }
 
 // A cubic without turning points: from where it is steepest or flattest.
@@ -293,7 +295,7 @@ bool all_are_tame(const Polynomial &f)
 }
 
 // The whole divided by a power of two, and x by another one, so that the largest root is near 1 and the leading
-// coefficient too. Roots below 1e-300 of the largest may come out as 0.
+// coefficient too. Roots far below 1e-100 of the largest may come out as 0.
 int scale(Polynomial *f)
 {
     const int n = f->order;
@@ -317,8 +319,28 @@ int scale(Polynomial *f)
 bool lie_far_apart(const Polynomial &f)
 {
     constexpr int kBits = 120;
-    return f.c[1] != 0.0
-           && (f.c[0] == 0.0 || 2 * exponent_of(f.c[1]) - exponent_of(f.c[0]) - exponent_of(f.c[2]) > kBits);
+    return f.c[1] != 0.0 && 2 * exponent_of(f.c[1]) - exponent_of(f.c[0]) - exponent_of(f.c[2]) > kBits;
+}
+
+// Of any size; c[0] is not 0.
+Roots roots_of_any_size(Polynomial f)
+{
+    Roots out;
+    if (f.order == 0)
+        return out;
+    const bool tame = all_are_tame(f);
+    if (!tame && f.order == 2 && lie_far_apart(f)) {
+        const double one = -f.c[1] / f.c[2];
+        const double other = -f.c[0] / f.c[1];
+        out.add(std::min(one, other));
+        out.add(std::max(one, other));
+        return out;
+    }
+    const int exponent = tame ? 0 : scale(&f);
+    out = roots_of(f, Search::root);
+    for (int i = 0; i < out.n && exponent != 0; ++i)
+        out.x[i] = std::ldexp(out.x[i], exponent);
+    return out;
 }
 
 } // namespace
@@ -327,28 +349,35 @@ long real_roots_of_any(long order, const double *c, double roots[4])
 {
     if (order < 1 || order > kLargestOrder)
         return -1;
-    Polynomial f = {0, {}};
+    // Roots of 0 are taken out exactly: rounding would make a value beside them one of its own.
+    Polynomial rest = {0, {}};
+    int zeros = 0;
+    bool leading = true;
+    int last = 0;
     for (int i = 0; i <= static_cast<int>(order); ++i) {
         if (!std::isfinite(c[i]))
             return -1;
-        f.c[i] = c[i];
-        if (c[i] != 0.0)
-            f.order = i;
+        if (c[i] != 0.0) {
+            leading = false;
+            last = i;
+        }
+        zeros += leading ? 1 : 0;
     }
-    if (f.order == 0)
+    if (last == 0)
         return -1;
+    rest.order = last - zeros;
+    std::copy(c + zeros, c + last + 1, rest.c);
+    const Roots found = roots_of_any_size(rest);
 
-    const bool tame = all_are_tame(f);
-    if (!tame && f.order == 2 && lie_far_apart(f)) {
-        const double one = -f.c[1] / f.c[2];
-        const double other = -f.c[0] / f.c[1];
-        roots[0] = std::min(one, other) + 0.0;
-        roots[1] = std::max(one, other) + 0.0;
-        return 2;
+    int n = 0;
+    bool zero_is_due = zeros > 0;
+    for (int i = 0; i <= found.n; ++i) {
+        if (zero_is_due && (i == found.n || found.x[i] >= 0.0)) {
+            roots[n++] = 0.0;
+            zero_is_due = false;
+        }
+        if (i < found.n && !(zeros > 0 && found.x[i] == 0.0)) // one that underflowed
+            roots[n++] = found.x[i];
     }
-    const int exponent = tame ? 0 : scale(&f);
-    const Roots found = roots_of(f, Search::root);
-    for (int i = 0; i < found.n; ++i)
-        roots[i] = exponent == 0 ? found.x[i] : std::ldexp(found.x[i], exponent);
-    return found.n;
+    return n;
 }

@@ -161,6 +161,7 @@ TEST(Eclipse, Conditions)
     LEAVES(error_bits(KL_ECLIPSE_MARGIN_ERR), KL_Eclipse(nullptr, pos, sun, &low, &state, &f, &d, e));
     LEAVES(error_bits(KL_ECLIPSE_MARGIN_ERR), KL_Eclipse(nullptr, pos, sun, &high, &state, &f, &d, e));
     LEAVES(error_bits(KL_ECLIPSE_MARGIN_ERR), KL_Eclipse(nullptr, pos, sun, &not_one, &state, &f, &d, e));
+    LEAVES(error_bits(KL_ECLIPSE_POSITION_ERR), KL_Eclipse(nullptr, inside, sun, &not_one, &state, &f, &d, e));
     LEAVES(kRefused, KL_Eclipse(nullptr, pos, sun, nullptr, nullptr, &f, &d, e));
     const double star[3] = {-1e308, 1e308, 1e300}; // a point, behind the Earth
     LEAVES(kNothing, KL_Eclipse(nullptr, pos, star, nullptr, &state, &f, &d, e));

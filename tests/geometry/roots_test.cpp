@@ -54,6 +54,8 @@ TEST(Roots, AMultipleRootIsGivenOnce)
     expect_roots({1, -2, 1}, {1}, 0.0);
     expect_roots({4, -12, 13, -6, 1}, {1, 2}, 1.4e-15);
     expect_roots({-8, 12, -6, 1}, {2}, 1e-15);
+    expect_roots({0, 0, 13.12676337474103, -158.14015394074872, 638.5463011540858}, {0}, 0.0);
+    expect_roots({0, 0, 3, -4, 1}, {0, 1, 3}, 1e-15);
     expect_roots({1, 0, 2, 0, 1}, {}, 0.0);
     expect_roots({-1, 0, 0, 0, 1}, {-1, 1}, 0.0);
     expect_roots({24, -50, 35, -10, 1}, {1, 2, 3, 4}, 3e-15);
