@@ -339,7 +339,7 @@ Roots roots_of_any_size(Polynomial f)
     const int exponent = tame ? 0 : scale(&f);
     out = roots_of(f, Search::root);
     for (int i = 0; i < out.n && exponent != 0; ++i)
-        out.x[i] = std::ldexp(out.x[i], exponent);
+        out.x[i] = std::ldexp(out.x[i], exponent) + 0.0; // no negative zero
     return out;
 }
 

@@ -4,6 +4,7 @@
 #include "numbers/pack.h"
 #include "orientation/units.h"
 #include "time/deltas.h"
+#include "time/moments.h"
 #include "time/time_record.h"
 
 #include <algorithm>
@@ -251,8 +252,10 @@ void eop_values(const Correlation &c, const SplitDay &tai, long near, int order,
     const bool explicit_values = c.model == KL_TIME_MODEL_EXPLICIT;
     const long row = c.n_rows == 1 && explicit_values ? 0 : row_near(c, days_of(tai), near);
     const kl_time_row &last = c.rows[c.n_rows - 1];
-    const bool at_last = row == c.n_rows - 1 && days_to(last, tai) == 0.0;
-    const bool inside = explicit_values || at_last || (row >= 0 && row < c.n_rows - 1);
+    // The ends belong to the table, to rounding: an instant of another scale meets their rows in TAI no better.
+    const bool at_first = row < 0 && days_to(c.rows[0], tai) <= KL_ROW_EDGE;
+    const bool at_last = row == c.n_rows - 1 && days_to(last, tai) >= -KL_ROW_EDGE;
+    const bool inside = explicit_values || at_first || at_last || (row >= 0 && row < c.n_rows - 1);
     const bool interpolates = inside && c.n_rows > 1;
     const bool after = !inside && row >= 0;
     out->tai_utc = tai_utc_at(c, row, tai);
@@ -268,7 +271,7 @@ void eop_values(const Correlation &c, const SplitDay &tai, long near, int order,
         out->dy = constant(inside ? pole[3] * kRadPerArcsecond : 0.0);
     }
     if (interpolates) {
-        const Span span = span_about(c, row);
+        const Span span = span_about(c, std::max(row, 0L));
         if (span.n == 2)
             interpolate<2, 1>(c, span, line_weights(c, span, tai), out);
         else if (order == 0)

@@ -314,6 +314,25 @@ TEST(EarthOrientation, SameInstantOnEveryScale)
             EXPECT_NEAR(matrix(&id.id, KL_GCRS, KL_ITRS, ref, by[ref]).m[k], by_tai.m[k], 1.4e-11) << ref;
 }
 
+TEST(EarthOrientation, HoldsAtItsFirstAndLastRowOnEveryScale)
+{
+    for (const double origin : {-9860.0, 0.0, 9000.0, 10000.0})
+        for (const long n : {1L, 2L, 3L, 4L, 95L}) {
+            SmoothId id(origin, n);
+            for (const double utc : {origin, origin + static_cast<double>(n - 1)}) {
+                const double tai = utc + 37.0 / 86400.0;
+                const double by[4] = {tai, utc, utc + (37.0 - id.tai_ut1(tai)) / 86400.0, utc + 18.0 / 86400.0};
+                for (long ref = KL_TIME_TAI; ref <= KL_TIME_GPS; ++ref) {
+                    const kl_earth_orientation e = orientation(&id.id, by[ref], 0, ref);
+                    double pole[4];
+                    id.pole(tai, pole);
+                    EXPECT_EQ(e.notes, 0) << origin << ' ' << n << ' ' << utc << ' ' << ref;
+                    EXPECT_NEAR(e.dx * kArcsecond, pole[2], 1e-18) << origin << ' ' << n << ' ' << utc << ' ' << ref;
+                }
+            }
+        }
+}
+
 TEST(EarthOrientation, ReadsOnlyWhatTheModeHas)
 {
     SmoothId id(9000.0, 10);
