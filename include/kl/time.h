@@ -100,9 +100,9 @@ typedef struct kl_time_file_report {
 typedef struct kl_time_row_info {
     long row;     /**< last row not after the instant; -1 before the table, n_rows after it */
     long file;    /**< index in the list of files, -1: the correlation compiled in */
-    long line;    /**< of that file */
+    long line;    /**< of that file; 0: none, or not known: the end of an SP3 above 128 KiB */
     long quality; /**< KL_TIME_QUALITY_FINAL to KL_TIME_QUALITY_INSERTED; of the first or last row outside the table */
-    long by_formula;                  /**< 1: UT1-UTC comes from the formula after the table */
+    long by_formula;                  /**< 1: UT1-UTC comes from the formula: from the last row on */
     double tai_utc, tai_ut1, tai_gps; /**< s */
     double pole[4];                   /**< x, y, dX, dY, arcsec */
 } kl_time_row_info;

@@ -832,9 +832,9 @@ class TimeRowInfo(_c.Structure):
     Fields in their order, by position or by name; those that are left out are 0:
         row: last row not after the instant; -1 before the table, n_rows after it
         file: index in the list of files, -1: the correlation compiled in
-        line: of that file
+        line: of that file; 0: none, or not known: the end of an SP3 above 128 KiB
         quality: kl.Quality.FINAL to kl.Quality.INSERTED; of the first or last row outside the table
-        by_formula: 1: UT1-UTC comes from the formula after the table
+        by_formula: 1: UT1-UTC comes from the formula: from the last row on
         tai_utc, tai_ut1, tai_gps: s
         pole: x, y, dX, dY, arcsec
     """

@@ -136,6 +136,8 @@ TEST(TimeFiles, FormulaOfABulletinGoesOnAfterItsTable)
     const double mjd = 54305.0;
     const kl_time_row_info info = id.at(mjd);
     EXPECT_EQ(std::tuple(info.row, info.by_formula), std::tuple(372, 1));
+    for (const auto &[at, by_formula] : {std::tuple(54105.0, 1), std::tuple(54104.99, 0)}) // its last row: 54105
+        EXPECT_EQ(std::tuple(id.at(at).row, id.at(at).by_formula), std::tuple(at < 54105.0 ? 370 : 371, by_formula));
     const double a = 2 * M_PI * (mjd - 53740) / 365.25, c = 2 * M_PI * (mjd - 53740) / 435.0;
     EXPECT_NEAR(info.pole[0],
                 0.0337 - 0.0743 * std::cos(a) - 0.1283 * std::sin(a) + 0.0956 * std::cos(c) + 0.1453 * std::sin(c),
@@ -262,6 +264,9 @@ TEST(TimeFiles, TaiUtcOfATextIsOnlyChecked)
     FileId rows(KL_TIME_MODEL_MERGED, {data_file("finals2000A_2017.excerpt"), scratch.holding(list)});
     EXPECT_EQ(std::tuple(rows.ierr, rows.report.line), std::tuple(warning_bits(13), 11));
     EXPECT_EQ(rows.at(57755.0).tai_utc, 37.0);
+    // Cut before its first row it holds nothing; the list compiled in is not taken for it.
+    list.erase(list.find("    41317.0"));
+    EXPECT_EQ(FileId(KL_TIME_MODEL_LEAP_SECONDS, {scratch.holding(list)}).ierr, error_bits(9));
 }
 
 TEST(OwnTable, HoldsAnySource)
@@ -536,6 +541,7 @@ TEST(AwkwardFiles, ALongOrbitIsReadAtItsEnds)
     FileId whole(KL_TIME_MODEL_ORBIT_FILE, {data_file("example-c-1.sp3")});
     EXPECT_EQ(std::tuple(id.ierr, id.report.first, id.report.last),
               std::tuple(whole.ierr, whole.report.first, whole.report.last));
+    EXPECT_EQ(id.at(id.report.last + kMjd2000).line, 0); // not known: the middle has not been read
 }
 
 } // namespace

@@ -298,7 +298,7 @@ long kl_time_get_row(kl_time_id *time_id, const long *time_ref, const double *ti
     found.file = floor_div(note[0], kFileUnit);
     found.quality = note[0] - found.file * kFileUnit;
     found.line = note[1];
-    found.by_formula = after && own->no_extrapolation == 0 ? 1 : 0;
+    found.by_formula = !constant && row == last && own->no_extrapolation == 0 ? 1 : 0; // from the last row on
     pole_in_arcsec(*own, ut1_of(*time_ref, *time, found), found.pole);
     *info = found;
     return KL_OK;

@@ -87,8 +87,9 @@ public:
     {
         Lines lines(bytes);
         for (Line line; lines.next(&line);) {
+            line.number = 0;
             Finding finding = epoch(line);
-            finding.line = finding.column = 0;
+            finding.column = 0;
             if (finding)
                 return finding;
         }

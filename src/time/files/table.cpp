@@ -154,6 +154,8 @@ private:
             find_span(leaps);
         else if (model_ == KL_TIME_MODEL_ORBIT_FILE)
             return TableFault::no_rows;
+        if (model_ == KL_TIME_MODEL_LEAP_SECONDS && !lists_) // cut before its first row: the own list is not meant
+            return TableFault::no_rows;
         if (model_ == KL_TIME_MODEL_LEAP_SECONDS || (n_with_rows_ == 0 && span_.given)) {
             table_->no_ut1 = true;
             const bool good =
