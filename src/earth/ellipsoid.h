@@ -149,12 +149,6 @@ inline Foot<double> foot_anywhere(const Ellipsoid &ellipsoid, double p, double q
     return foot_at(ellipsoid, p, q, T * C, C);
 }
 
-inline Foot<double> foot_of(const Ellipsoid &ellipsoid, double p, double q)
-{
-    const double r = std::sqrt(p * p + q * q);
-    return r >= kFarFromCentre ? foot_from_afar(ellipsoid, p, q, r) : foot_anywhere(ellipsoid, p, q);
-}
-
 } // namespace KL_SET
 
 #endif

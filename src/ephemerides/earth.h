@@ -216,7 +216,7 @@ private:
 template <class T>
 T centuries_of(T date)
 {
-    return (date - kMjd1900) / kDaysPerCentury;
+    return (date - kMjd1900) / KL_DAYS_PER_CENTURY;
 }
 
 constexpr double kJ2000Equinox = 2000.0;

@@ -8,11 +8,9 @@
 #include <cmath>
 #include <cstdint>
 
-constexpr double kArcsecond = KL_RAD_PER_ARCSEC;
 constexpr double kSecondOfTime = 7.272205216643039903848712e-5; // rad
-constexpr double kDaysPerCentury = KL_DAYS_PER_CENTURY;
-constexpr double kMjd1900 = 15019.5;      // 1900 January 0.5
-constexpr double kMjd2000 = 51544.5;      // J2000.0
+constexpr double kMjd1900 = 15019.5;                            // 1900 January 0.5
+constexpr double kMjdOfJ2000 = 51544.5;
 constexpr double kMjdOfDayZero = 51544.0; // MJD2000 counts from here
 
 // On purpose: 14 millionths more than the IAU unit; every result of the family is scaled with it.
@@ -29,7 +27,7 @@ inline namespace KL_SET {
 template <class T>
 T julian_epoch(T mjd)
 {
-    return 2000.0 + (mjd - kMjd2000) / 365.25;
+    return 2000.0 + (mjd - kMjdOfJ2000) / KL_DAYS_PER_YEAR;
 }
 
 // Correction of the equinox from FK4 to FK5, rad, at a Julian epoch: W. Fricke, Astron. Astrophys. 107, L13

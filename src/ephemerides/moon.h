@@ -254,8 +254,7 @@ template <class T>
 void moon_vectors(T pv[6], T date)
 {
     using namespace moon_ephemeris;
-    constexpr double kSecondsPerCentury = 3155760000.0;
-    const T t = (date - kMjd1900) / kDaysPerCentury;
+    const T t = (date - kMjd1900) / KL_DAYS_PER_CENTURY;
 
     // Fundamental arguments and their rates: rad, rad per century.
     T argument[6], rate[6];
@@ -313,17 +312,17 @@ void moon_vectors(T pv[6], T date)
     const ValueAndRate<T> tb = sum<kLatitudeSeries>(anomalies, for_sine);
     const ValueAndRate<T> tp = sum<kParallaxSeries>(anomalies, for_cosine);
     const T lon = argument[kMoonLongitude] + KL_RAD_PER_DEG * tl.value;
-    const T lon_rate = (rate[kMoonLongitude] + KL_RAD_PER_DEG * tl.rate) / kSecondsPerCentury;
+    const T lon_rate = (rate[kMoonLongitude] + KL_RAD_PER_DEG * tl.rate) / KL_SECONDS_PER_CENTURY;
     const T g = 1.0 - kLatfac[0] * slow_cos[2] - kLatfac[1] * slow_cos[3];
     const T g_rate = kLatfac[0] * slow_rate[2] * slow_sin[2] + kLatfac[1] * slow_rate[3] * slow_sin[3];
     const T lat = KL_RAD_PER_DEG * tb.value * g;
-    const T lat_rate = KL_RAD_PER_DEG * (tb.rate * g + tb.value * g_rate) / kSecondsPerCentury;
+    const T lat_rate = KL_RAD_PER_DEG * (tb.rate * g + tb.value * g_rate) / KL_SECONDS_PER_CENTURY;
     const T parallax = KL_RAD_PER_DEG * tp.value;
-    const T parallax_rate = KL_RAD_PER_DEG * tp.rate / kSecondsPerCentury;
+    const T parallax_rate = KL_RAD_PER_DEG * tp.rate / KL_SECONDS_PER_CENTURY;
 
     // Mean obliquity, rad.
-    const T t2000 = (date - kMjd2000) / kDaysPerCentury;
-    const T eps = kArcsecond * (kObliq[0] + (kObliq[1] + (kObliq[2] + kObliq[3] * t2000) * t2000) * t2000);
+    const T t2000 = (date - kMjdOfJ2000) / KL_DAYS_PER_CENTURY;
+    const T eps = KL_RAD_PER_ARCSEC * (kObliq[0] + (kObliq[1] + (kObliq[2] + kObliq[3] * t2000) * t2000) * t2000);
 
     enum { kLon, kLat, kParallax, kEps };
     const T last[4] = {lon, lat, parallax, eps};

@@ -13,7 +13,7 @@ namespace planet_ephemeris {
 template <class T>
 T angle_at(const double c[3], T t)
 {
-    return (3600.0 * c[0] + (c[1] + c[2] * t) * t) * kArcsecond;
+    return (3600.0 * c[0] + (c[1] + c[2] * t) * t) * KL_RAD_PER_ARCSEC;
 }
 
 } // namespace planet_ephemeris
@@ -99,7 +99,7 @@ void planet_vectors(const PlanetTable &planet, T t, T pv[6], mask_of<T> *converg
 template <class T>
 T planet_millennia(T mjd)
 {
-    return (mjd - kMjd2000) / 365250.0;
+    return (mjd - kMjdOfJ2000) / 365250.0;
 }
 
 // In metres.

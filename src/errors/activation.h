@@ -7,8 +7,6 @@
 #include "errors/messages.h"
 #include "kl_family.h"
 
-#include <cstddef>
-
 // A record for the conditions of a callee. Three kilobytes: only its counters are set.
 struct ErrorRecord : kl_error_record {
     ErrorRecord()
@@ -19,23 +17,11 @@ struct ErrorRecord : kl_error_record {
     }
 };
 
-// Condition of a callee -> condition of the caller. One table a callee.
-struct CodeMap {
-    int callee_code;
-    int own_code;
-};
-
 // True when the callee recorded the code. A failing look-up only prints a line.
 bool recorded(int callee_id, int code, const kl_error_record &callee);
 
 // Is the library verbose? For the few lines that no error record carries.
 bool is_verbose();
-
-// KL_WARN or KL_ERR, for a code that the function has.
-inline long severity_of(int function_id, int code)
-{
-    return function_messages(function_id).messages->rows[code].severity;
-}
 
 // Where nobody takes the conditions of an activation but the printer and the last call.
 constexpr kl_error_record *KL_NO_RECORD = nullptr;
@@ -73,17 +59,6 @@ public:
 
     // Records a warning of this function; the call goes on.
     void warns(int code, const void *value = nullptr) { record(code, value); }
-
-    // Takes over each condition of the callee that was found, in the order of the map; true when one is an error, which
-    // ends the call.
-    template <std::size_t N>
-    [[nodiscard]] bool stops(int callee_id, const kl_error_record &callee, const CodeMap (&map)[N])
-    {
-        for (const CodeMap &row : map)
-            if (recorded(callee_id, row.callee_code, callee) && record(row.own_code) == KL_ERR)
-                return true;
-        return false;
-    }
 
     // KL_OK, or the severity recorded last.
     [[nodiscard]] long status() const { return severity_; }

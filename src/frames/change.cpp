@@ -43,6 +43,20 @@ bool tai_of(const Correlation *correlation, const kl_time_record &date, double *
     return (step.findings & KL_STEP_REFUSED) == 0;
 }
 
+// On the scale of the place of the Earth.
+bool tdb_of(const Correlation *correlation, const kl_time_record &date, double *tdb, DateFindings *found)
+{
+    if (date.reference == KL_REF_TDB) {
+        *tdb = date.value;
+        return true;
+    }
+    double tai = 0.0;
+    if (!tai_of(correlation, date, &tai, found))
+        return false;
+    *tdb = tdb_of_tai(tai);
+    return true;
+}
+
 void record_step_of(int function_id, unsigned findings)
 {
     if (findings == 0)
@@ -114,19 +128,6 @@ bool ut1_of(const Correlation *correlation, const kl_time_record &date, double *
     found->from_tai = step.findings;
     *ut1 = days_of(step.moment);
     return (step.findings & KL_STEP_REFUSED) == 0;
-}
-
-bool tdb_of(const Correlation *correlation, const kl_time_record &date, double *tdb, DateFindings *found)
-{
-    if (date.reference == KL_REF_TDB) {
-        *tdb = date.value;
-        return true;
-    }
-    double tai = 0.0;
-    if (!tai_of(correlation, date, &tai, found))
-        return false;
-    *tdb = tdb_of_tai(tai);
-    return true;
 }
 
 bool lacks_routine(const ModelBlocks &models, bool simplified, const Path &path)

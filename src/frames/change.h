@@ -32,10 +32,9 @@ struct ChainFindings {
     [[nodiscard]] bool failed() const { return error != KL_CHAIN_FINE; }
 };
 
-// A date, in MJD2000 as all of them here, on the scale that the rotations of the Earth take, and on that of its place.
-// False where there is no way.
+// A date, in MJD2000 as all of them here, on the scale that the rotations of the Earth take. False where there is no
+// way.
 bool ut1_of(const Correlation *correlation, const kl_time_record &date, double *ut1, DateFindings *found);
-bool tdb_of(const Correlation *correlation, const kl_time_record &date, double *tdb, DateFindings *found);
 
 // The pole that a correlation holds; none without one.
 PoleOf<double> pole_of(const Correlation *correlation, double ut1_days);

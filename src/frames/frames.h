@@ -12,7 +12,6 @@
 
 enum { KL_FIRST_FRAME = KL_BM2000, KL_LAST_FRAME = KL_PTOD };
 
-constexpr double KL_SECONDS_PER_CENTURY = KL_DAYS_PER_CENTURY * KL_SECONDS_PER_DAY;
 constexpr double KL_J2000_DAYS = 0.5;               // J2000.0 in days since 2000-01-01 00:00
 constexpr double KL_MEAN_OBLIQUITY_DEG = 23.439291; // fixed, on purpose: the chain is tuned to it
 constexpr double KL_MEAN_OBLIQUITY_SINE = 0x1.9752e4f0ba151p-2, KL_MEAN_OBLIQUITY_COSINE = 0x1.d5c0357d223dep-1;

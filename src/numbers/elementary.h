@@ -198,41 +198,7 @@ Exact<T> exact_product(T a, T b)
     return {product, ((ah * bh - product) + ah * bl + al * bh) + al * bl};
 }
 
-// ---- lengths and roots ----
-
-template <class T>
-T hypotenuse_of_ordinary(T x, T y)
-{
-    const T h = sqrt(x * x + y * y);
-    const Exact<T> xx = exact_product(x, x);
-    const Exact<T> yy = exact_product(y, y);
-    const Exact<T> hh = exact_product(h, h);
-    const auto x_longer = xx.high > yy.high;
-    const T missing = ((select(x_longer, xx.high, yy.high) - hh.high) + select(x_longer, yy.high, xx.high))
-                      + ((xx.low + yy.low) - hh.low);
-    return select(h > 0.0, h + missing / (2.0 * h), h);
-}
-
-inline double hypotenuse_of_any(double x, double y)
-{
-    const double longer = greater(fabs(x), fabs(y));
-    if (longer > KL_LARGEST_NUMBER || fabs(x) > KL_LARGEST_NUMBER)
-        return HUGE_VAL;
-    if (!(x == x && y == y))
-        return x + y;
-    const double scale = longer < 1.0 ? 0x1p600 : 0x1p-600;
-    return hypotenuse_of_ordinary(x * scale, y * scale) / scale;
-}
-
-// Length of (x, y), any size, within 0.51 units; a quarter of a unit more below the normal numbers.
-template <class T>
-T hypotenuse(T x, T y)
-{
-    const T longer = greater(fabs(x), fabs(y));
-    const auto common = ((longer > 0x1p-400) | (longer == 0.0)) & (longer < 0x1p500) & (fabs(y) >= 0.0);
-    const T length = hypotenuse_of_ordinary(x, y);
-    return all(common) ? length : in_lanes(!common, length, hypotenuse_of_any, x, y);
-}
+// ---- roots ----
 
 // 2^k, k whole, -1022 to 1023.
 template <class T>
@@ -327,17 +293,6 @@ T natural_log(T x)
     return select(ordinary, log, select(x == 0.0, -HUGE_VAL, select(x < 0.0, T(NAN), x)));
 }
 
-// Natural logarithm of 1 + x, within 0.8 units.
-template <class T>
-T log_of_one_plus(T x)
-{
-    const auto ordinary = (x > -1.0) & (x <= KL_LARGEST_NUMBER);
-    const Exact<T> sum = exact_sum(T(1.0), select(ordinary, x, 0.0));
-    const T log = log_of(sum.high, sum.low, 0.0);
-    const T at_ends = select(x == -1.0, -HUGE_VAL, select(x < -1.0, T(NAN), x));
-    return select(ordinary & (x != 0.0), log, at_ends); // zero keeps its sign
-}
-
 // e^x = 2^k (high + low), for -750 to 750.
 template <class T>
 struct Power {
@@ -373,14 +328,6 @@ T scaled(T x, T k)
 {
     const T half = floor(0.5 * k);
     return (x * power_of_two(half)) * power_of_two(T(k - half));
-}
-
-// Within 0.6 units, 1 where the result is subnormal.
-template <class T>
-T exponential(T x)
-{
-    const Power<T> e = power_of_e(lesser(T(750.0), greater(T(-750.0), x)));
-    return scaled(e.high, e.k);
 }
 
 // Within 0.8 units.

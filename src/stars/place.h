@@ -72,22 +72,20 @@ T dot_with(const double *a, const T *b)
 template <class T>
 void moved(const Sight &sight, const StarOf<T> &star, T (&u)[3])
 {
-    constexpr double kDaysPerYear = 365.25;                 // Julian
     constexpr double kVelocityToMotion = 0.210949526569698; // km/s times rad of parallax, per Julian year
-    constexpr double kRadPerMas = KL_RAD_PER_DEG / 3.6e6;
-    constexpr double kAuInYears = KL_TRUE_AU / (KL_SPEED_OF_LIGHT * KL_SECONDS_PER_DAY * kDaysPerYear);
+    constexpr double kAuInYears = KL_TRUE_AU / (KL_SPEED_OF_LIGHT * KL_SECONDS_PER_DAY * KL_DAYS_PER_YEAR);
     const T angles[2] = {star.ra, star.dec};
     T s[2], c[2];
     sin_cos_degrees(angles, s, c);
     const T p[3] = {c[1] * c[0], c[1] * s[0], s[1]};
     const T east[3] = {-s[0], c[0], T(0.0)};
     const T north[3] = {-s[1] * c[0], -s[1] * s[0], c[1]};
-    const T parallax = greater(star.parallax, T(0.0)) * kRadPerMas;
+    const T parallax = greater(star.parallax, T(0.0)) * KL_RAD_PER_MAS;
     const T roemer = sight.light_time ? dot_with(sight.barycentric, p) * kAuInYears : T(0.0);
-    const T years = (sight.tdb - star.epoch) / kDaysPerYear + roemer;
+    const T years = (sight.tdb - star.epoch) / KL_DAYS_PER_YEAR + roemer;
     const T along = kVelocityToMotion * star.radial_velocity * parallax;
-    const T mu_e = star.pm_ra * kRadPerMas;
-    const T mu_n = star.pm_dec * kRadPerMas;
+    const T mu_e = star.pm_ra * KL_RAD_PER_MAS;
+    const T mu_n = star.pm_dec * KL_RAD_PER_MAS;
     const T shift = sight.parallax ? parallax : T(0.0);
     for (int i = 0; i < 3; ++i)
         u[i] = p[i] + years * (mu_e * east[i] + mu_n * north[i] + along * p[i]) - shift * sight.barycentric[i];

@@ -87,10 +87,9 @@ StarSearch::StarSearch(const kl_star_window &window, const Sight &sight, const F
 bool StarSearch::may_lie_in_cone(const kl_star &star) const
 {
     constexpr double kSlack = 0.02 * KL_RAD_PER_DEG; // aberration, deflection, parallax
-    constexpr double kRadPerMas = KL_RAD_PER_DEG / 3.6e6;
-    const double years = std::fabs(sight_.tdb - star.epoch) / 365.25 + 1.0;
+    const double years = std::fabs(sight_.tdb - star.epoch) / KL_DAYS_PER_YEAR + 1.0;
     // Twice the proper motion: a star that comes nearer moves faster and faster.
-    const double motion = 2.0 * years * kRadPerMas * (std::fabs(star.pm_ra) + std::fabs(star.pm_dec));
+    const double motion = 2.0 * years * KL_RAD_PER_MAS * (std::fabs(star.pm_ra) + std::fabs(star.pm_dec));
     const double approach = 1e-9 * years * std::max(star.parallax, 0.0) * std::fabs(star.radial_velocity) * 1.1;
     const double reach = radius_ + kSlack + motion;
     if (reach >= KL_PI || approach > 0.5)

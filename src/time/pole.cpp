@@ -15,6 +15,13 @@ bool has_formula(const PoleFormula &formula)
     return std::any_of(formula.x, formula.x + 5, given) || std::any_of(formula.y, formula.y + 5, given);
 }
 
+// Does the formula serve this instant?
+bool is_by_formula(const Correlation &correlation, double ut1_days)
+{
+    return has_formula(correlation.pole)
+           && (correlation.row_pole == nullptr || ut1_days > correlation.rows[correlation.n_rows - 1].ut1);
+}
+
 using Coordinate = PoleCoordinate<double>;
 
 Coordinate formula_coordinate(const double k[5], const PoleFormula &formula, double days)
@@ -51,12 +58,6 @@ Coordinate on_the_line(const Between &between, int k)
 
 } // namespace
 
-bool pole_by_formula(const Correlation &correlation, double ut1_days)
-{
-    return has_formula(correlation.pole)
-           && (correlation.row_pole == nullptr || ut1_days > correlation.rows[correlation.n_rows - 1].ut1);
-}
-
 Pole pole_at(const Correlation &correlation, double ut1_days)
 {
     if (correlation.row_pole != nullptr) {
@@ -66,7 +67,7 @@ Pole pole_at(const Correlation &correlation, double ut1_days)
             return pole_in_radians(on_the_line(between, 0), on_the_line(between, 1));
         }
     }
-    if (pole_by_formula(correlation, ut1_days)) {
+    if (is_by_formula(correlation, ut1_days)) {
         const PoleFormula &formula = correlation.pole;
         return pole_in_radians(formula_coordinate(formula.x, formula, ut1_days),
                                formula_coordinate(formula.y, formula, ut1_days));
@@ -92,7 +93,7 @@ void pole_in_arcsec(const Correlation &correlation, double ut1_days, double pole
         const double *end = correlation.row_pole[row < 0 ? 0 : correlation.n_rows - 1];
         std::copy(end, end + 4, pole);
     }
-    if (pole_by_formula(correlation, ut1_days)) {
+    if (is_by_formula(correlation, ut1_days)) {
         pole[0] = formula_coordinate(correlation.pole.x, correlation.pole, ut1_days).value;
         pole[1] = formula_coordinate(correlation.pole.y, correlation.pole, ut1_days).value;
     }

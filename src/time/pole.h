@@ -44,7 +44,4 @@ Pole pole_at(const Correlation &correlation, double ut1_days);
 // The same as published: x, y, dX, dY, arcsec. dX, dY of the first or last row outside the table.
 void pole_in_arcsec(const Correlation &correlation, double ut1_days, double pole[4]);
 
-// Does the formula serve this instant?
-bool pole_by_formula(const Correlation &correlation, double ut1_days);
-
 #endif

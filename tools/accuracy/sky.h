@@ -111,17 +111,7 @@ public:
 
     Vector frame(long from, long to, double tai, const Vector &pos)
     {
-        const long mode = KL_CALC_POS;
-        const long ref = KL_TIME_TAI;
-        const double zero[3] = {0.0, 0.0, 0.0};
-        Vector out{};
-        double vel[3];
-        double acc[3];
-        if (kl_change_cart_cs(nullptr, &time_, &mode, &from, &to, &ref, &tai, pos.data(), zero, zero, out.data(), vel,
-                              acc, nullptr)
-            == KL_ERR)
-            fail("kl_change_cart_cs");
-        return out;
+        return frame(from, to, tai, Motion{pos, {}}).pos;
     }
 
 private:

@@ -92,10 +92,10 @@ bool read_head(Reader *reader, Head *head, Contents *contents)
     head->days = reader->number();
     head->final_days = reader->number();
     head->observed_days = reader->number();
-    contents->leap_expiry = reader->number() - kMjd2000;
+    contents->leap_expiry = reader->number() - kMjdOfDayZero;
     const std::int32_t leaps = reader->number();
     for (std::int32_t i = 0; i < leaps; ++i) {
-        const double utc = reader->number() - kMjd2000;
+        const double utc = reader->number() - kMjdOfDayZero;
         const double tai_utc = reader->number();
         if (!contents->leap_steps.add({utc, tai_utc, 0}))
             return false;
@@ -111,7 +111,7 @@ struct Days {
 // From the last at or before the start of the window to the first at or after its stop.
 Days days_of(const Window &window, const Head &head)
 {
-    const double first = head.first - kMjd2000, last = first + head.days - 1;
+    const double first = head.first - kMjdOfDayZero, last = first + head.days - 1;
     if (!window.given)
         return {0, static_cast<std::size_t>(head.days)};
     if (window.start > last || window.stop < first)
@@ -127,7 +127,7 @@ void read_rows(const Head &head, const Days &taken, const Buffer<LeapStep> &leap
     std::size_t leap = 0;
     reader->series(n, [&](std::size_t i, std::int64_t ut1_tai) {
         const auto day = static_cast<std::int32_t>(i);
-        const double utc = head.first + day - kMjd2000;
+        const double utc = head.first + day - kMjdOfDayZero;
         while (leap + 1 < leaps.size() && leaps[leap + 1].utc <= utc)
             ++leap;
         const std::size_t row = i - taken.first;
@@ -182,7 +182,7 @@ TableFault build_built_in(const Request &request, Table *table)
     const auto up_to = [&](long days) { return std::clamp(head.first + days, first, end); };
     table->n_predicted = end - up_to(head.observed_days);
     table->last_final =
-        up_to(head.final_days) > first ? static_cast<double>(up_to(head.final_days)) - 1.0 - kMjd2000 : 0.0;
+        up_to(head.final_days) > first ? static_cast<double>(up_to(head.final_days)) - 1.0 - kMjdOfDayZero : 0.0;
     table->leap_expiry = list.leap_expiry;
     const Window &window = request.window;
     table->uncovered = window.given && (window.start < out.rows[0].utc || window.stop > out.rows[out.n_rows - 1].utc);

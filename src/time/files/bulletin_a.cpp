@@ -92,7 +92,7 @@ bool read_ut1_formula(Walk walk, Formula *formula, std::string_view *refused)
     const bool good = walk.term(false, &formula->a) && walk.term(true, &formula->b) && walk.past("(MJD-")
                       && walk.number(&day) && walk.past(")-(UT2-UT1)");
     *refused = walk.rest();
-    formula->c = day - kMjd2000;
+    formula->c = day - kMjdOfDayZero;
     return good && walk.ends();
 }
 
@@ -104,7 +104,7 @@ bool read_where(Walk walk, Formula *formula, std::string_view *refused)
         double day = 0.0;
         good = walk.past("2*pi*(MJD-") && walk.number(&day) && walk.past(")/") && walk.number(&formula->pole_period[i])
                && formula->pole_period[i] >= 1.0 && (i > 0 || walk.past("andC="));
-        formula->pole_reference_date[i] = day - kMjd2000;
+        formula->pole_reference_date[i] = day - kMjdOfDayZero;
     }
     *refused = walk.rest();
     return good && walk.ends();
@@ -206,7 +206,7 @@ private:
             seen_ |= 4;
         } else if (double day = 0.0, seconds = 0.0; statement.past("TAI-UTC(MJD") && statement.number(&day)
                                                     && statement.past(")=") && statement.number(&seconds)) {
-            if (!contents_->statements.add({day - kMjd2000, day - kMjd2000, seconds, line.number}))
+            if (!contents_->statements.add({day - kMjdOfDayZero, day - kMjdOfDayZero, seconds, line.number}))
                 return no_memory();
         }
         return good ? Finding{} : malformed(line, refused);

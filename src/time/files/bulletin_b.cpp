@@ -64,8 +64,8 @@ bool read_statement(const Line &line, Statement *statement)
         || !read_number(text.substr(open + 1, dash - open - 1), &first)
         || !read_number(text.substr(dash + 1, close - dash - 1), &last))
         return false;
-    statement->first = first - kMjd2000;
-    statement->last = last - kMjd2000;
+    statement->first = first - kMjdOfDayZero;
+    statement->last = last - kMjdOfDayZero;
     statement->line = line.number;
     return true;
 }

@@ -3,6 +3,7 @@
 #define KL_SRC_TIME_FILES_CONTENTS_H
 
 #include "time/files/buffer.h"
+#include "time/instants.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,12 +11,10 @@
 
 namespace time_files {
 
-constexpr double kMjd2000 = 51544.0;                   // MJD of day 0
-constexpr double kFirstDay = -18262.0;                 // days in which a date is looked for: the processing range
-constexpr double kLastDay = 36524.0;                   //
-constexpr double kFirstWholeTaiUtc = 41317 - kMjd2000; // 1972-01-01: before it TAI-UTC was no whole number
-constexpr double kLargestUt1Utc = 100.0 - 0x1p-46;     // s, next below 100: the bound of 0.9 s may be relaxed one day
-constexpr double kLargestPole = 2.0 - 0x1p-52;         // arcsec, next below 2
+constexpr double kMjdOfDayZero = 51544.0;
+constexpr double kFirstWholeTaiUtc = 41317 - kMjdOfDayZero; // 1972-01-01: before it TAI-UTC was no whole number
+constexpr double kLargestUt1Utc = 100.0 - 0x1p-46; // s, next below 100: the bound of 0.9 s may be relaxed one day
+constexpr double kLargestPole = 2.0 - 0x1p-52;     // arcsec, next below 2
 constexpr std::size_t kRecognisedBytes = 4096;
 constexpr std::size_t kFieldLength = 64;
 

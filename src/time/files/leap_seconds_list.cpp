@@ -13,14 +13,14 @@ constexpr double kNtpEpochMjd = 15020.0; // 1900-01-01
 
 double day_of_ntp(double seconds)
 {
-    return kNtpEpochMjd + seconds / KL_SECONDS_PER_DAY - kMjd2000;
+    return kNtpEpochMjd + seconds / KL_SECONDS_PER_DAY - kMjdOfDayZero;
 }
 
 bool read_ntp(const Line &line, std::string_view field, double *utc, Finding *finding)
 {
     double seconds = 0.0;
-    if (read_number(field, &seconds) && seconds == std::floor(seconds) && day_of_ntp(seconds) >= kFirstDay
-        && day_of_ntp(seconds) <= kLastDay) {
+    if (read_number(field, &seconds) && seconds == std::floor(seconds) && day_of_ntp(seconds) >= KL_PROCESSING_FIRST
+        && day_of_ntp(seconds) <= KL_PROCESSING_LAST) {
         *utc = day_of_ntp(seconds);
         return true;
     }

@@ -187,8 +187,8 @@ bool whole_in(const Line &line, std::string_view field, long least, long most, l
 bool date_in(const Line &line, std::string_view field, double *utc, Finding *finding)
 {
     double mjd = 0.0;
-    if (read_number(field, &mjd) && mjd - kMjd2000 >= kFirstDay && mjd - kMjd2000 <= kLastDay) {
-        *utc = mjd - kMjd2000;
+    if (read_number(field, &mjd) && inside_processing_range(mjd - kMjdOfDayZero)) {
+        *utc = mjd - kMjdOfDayZero;
         return true;
     }
     *finding = malformed(line, field);

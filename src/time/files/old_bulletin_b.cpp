@@ -61,7 +61,7 @@ Finding read_old_bulletin_b(std::string_view bytes, Contents *contents)
     enum class At { head, final_values, extension, daily, end } at = At::head;
     RowSink rows(contents);
     Lines lines(bytes);
-    double last_final = kFirstDay - 1.0;
+    double last_final = KL_PROCESSING_FIRST - 1.0;
     for (Line line; at != At::end && lines.next(&line);) {
         const std::string_view text = trimmed(line.text);
         const Words words = words_of(line.text);

@@ -38,7 +38,7 @@ Finding read_row(const Line &line, const Words &words, RowSink *rows)
     Finding finding;
     if (words.count != 3 && words.count != 5)
         return malformed(line, line.text);
-    if (!read_instant(words.word[0], &row.utc) || row.utc > kLastDay)
+    if (!read_instant(words.word[0], &row.utc) || row.utc > KL_PROCESSING_LAST)
         return malformed(line, words.word[0]);
     if (!number_in(line, words.word[1], kLargestTaiUtc, &row.tai_utc, &finding)
         || !number_in(line, words.word[2], kLargestUt1Utc, &row.ut1_utc, &finding))

@@ -162,7 +162,7 @@ private:
                 span_.given && model_ != KL_TIME_MODEL_LEAP_SECONDS ? rows_of_span(leaps) : rows_of_list(leaps);
             return !good ? TableFault::no_memory : rows_.empty() ? TableFault::no_rows : TableFault::none;
         }
-        double last_of_b = kFirstDay - 1.0; // rows of Bulletin A up to it are dropped
+        double last_of_b = KL_PROCESSING_FIRST - 1.0; // rows of Bulletin A up to it are dropped
         for (std::size_t i = 0; i < n_sources_; ++i) {
             Contents &contents = sources_[i].contents;
             keep_used(&contents);
@@ -172,7 +172,7 @@ private:
                 last_of_b = std::max(last_of_b, contents.rows.back().utc);
         }
         const bool formula_model = model_ == KL_TIME_MODEL_BULLETIN_A || model_ == KL_TIME_MODEL_BULLETIN_A_TABLE;
-        return merge(formula_model ? last_of_b : kFirstDay - 1.0) ? TableFault::none : TableFault::no_memory;
+        return merge(formula_model ? last_of_b : KL_PROCESSING_FIRST - 1.0) ? TableFault::none : TableFault::no_memory;
     }
 
     void keep_used(Contents *contents)

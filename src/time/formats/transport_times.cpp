@@ -111,30 +111,31 @@ void carry(const Correlation *correlation, long ref, kl_std_record *record)
     ++record->days;
 }
 
+struct FormCodes {
+    int format, ref, gps_ref;
+};
+Fault check_form(const FormCodes &codes, long id, long ref)
+{
+    const Format *format = format_of(id);
+    if (format == nullptr)
+        return {codes.format, id};
+    if (!is_time_ref(ref))
+        return {codes.ref, ref};
+    if (format->gps_only && ref != KL_TIME_GPS)
+        return {codes.gps_ref, ref};
+    return {};
+}
+
 } // namespace
 
 Fault check_transport_input(long id, long ref)
 {
-    const Format *format = format_of(id);
-    if (format == nullptr)
-        return {KL_TRANS_IN_FORMAT, id};
-    if (!is_time_ref(ref))
-        return {KL_TRANS_IN_REF, ref};
-    if (format->gps_only && ref != KL_TIME_GPS)
-        return {KL_TRANS_IN_GPS_REF, ref};
-    return {};
+    return check_form({KL_TRANS_IN_FORMAT, KL_TRANS_IN_REF, KL_TRANS_IN_GPS_REF}, id, ref);
 }
 
 Fault check_transport_output(long id, long ref)
 {
-    const Format *format = format_of(id);
-    if (format == nullptr)
-        return {KL_TRANS_OUT_FORMAT, id};
-    if (!is_time_ref(ref))
-        return {KL_TRANS_OUT_REF, ref};
-    if (format->gps_only && ref != KL_TIME_GPS)
-        return {KL_TRANS_OUT_GPS_REF, ref};
-    return {};
+    return check_form({KL_TRANS_OUT_FORMAT, KL_TRANS_OUT_REF, KL_TRANS_OUT_GPS_REF}, id, ref);
 }
 
 Fault read_transport(const Correlation *correlation, long id, long ref, const long fields[4], Reading *out)
