@@ -97,22 +97,27 @@ def roots_table():
 
 # ---- the ellipsoid ----
 
-def height(p):
-    """Distance from the ellipsoid, negative inside: the nearest point by bisection (D. Eberly's function)."""
-    x, z = sqrt(p[0] ** 2 + p[1] ** 2), abs(p[2])
-    b = A * K
-    r0 = (A / b) ** 2
-    z0, z1 = x / A, z / b
+def eberly(z0, z1, r0):
+    """On which side of an ellipse a point lies, and the root of D. Eberly's function, which gives the nearest point."""
     g = z0 * z0 + z1 * z1 - 1
-    lo = z1 - 1
-    hi = mpf(0) if g < 0 else sqrt(r0 * r0 * z0 * z0 + z1 * z1) - 1
+    lo, hi = z1 - 1, mpf(0) if g < 0 else sqrt(r0 * r0 * z0 * z0 + z1 * z1) - 1
     for _ in range(190):
         s = (lo + hi) / 2
         if (r0 * z0 / (s + r0)) ** 2 + (z1 / (s + 1)) ** 2 - 1 > 0:
             lo = s
         else:
             hi = s
-    fx, fz = r0 * x / (lo + r0), z / (lo + 1)
+    return g, lo
+
+
+def height(p):
+    """Distance from the ellipsoid, negative inside, and the geographic latitude of the nearest point."""
+    x, z = sqrt(p[0] ** 2 + p[1] ** 2), abs(p[2])
+    b = A * K
+    r0 = (A / b) ** 2
+    z0, z1 = x / A, z / b
+    g, s = eberly(z0, z1, r0)
+    fx, fz = r0 * x / (s + r0), z / (s + 1)
     return (sqrt((fx - x) ** 2 + (fz - z) ** 2) if g > 0 else -sqrt((fx - x) ** 2 + (fz - z) ** 2)), atan2(r0 * fz, fx)
 
 
@@ -221,15 +226,8 @@ def ellipse_tables():
         x, y = rng.uniform(-2, 2) * 10 ** rng.uniform(-6, 1), rng.uniform(-2, 2) * 10 ** rng.uniform(-6, 1)
         X, Y, B = mpf(abs(x)), mpf(abs(y)), mpf(b)
         z0, z1, r0 = X, Y / B, 1 / B ** 2
-        g = z0 * z0 + z1 * z1 - 1
-        lo, hi = z1 - 1, mpf(0) if g < 0 else sqrt(r0 * r0 * z0 * z0 + z1 * z1) - 1
-        for _ in range(190):
-            s = (lo + hi) / 2
-            if (r0 * z0 / (s + r0)) ** 2 + (z1 / (s + 1)) ** 2 - 1 > 0:
-                lo = s
-            else:
-                hi = s
-        fx, fy = r0 * X / (lo + r0), Y / (lo + 1)
+        g, s = eberly(z0, z1, r0)
+        fx, fy = r0 * X / (s + r0), Y / (s + 1)
         d = sqrt((fx - X) ** 2 + (fy - Y) ** 2) * (1 if g > 0 else -1)
         rows.append([1.0, b, x, y, fx * (1 if x > 0 else -1), fy * (1 if y > 0 else -1), d])
     write("feet", "a, b, point [2], nearest point [2], distance (negative inside)", rows)

@@ -113,7 +113,7 @@ enum {
  * @param[in]  model_id   models; NULL or uninitialised: the default ones, for this call only
  * @param[in]  calc_mode  KL_CALC_POS or KL_CALC_POS_VEL
  * @param[in]  in         latitude -90 to 90, longitude -360 to 360, height from the centre (-6356752 m) to 1e12 m;
- * rates in mode 2
+ *                        rates in mode 2
  * @param[out] pos        [3] m, KL_EF
  * @param[out] vel        [3] m/s, relative to the rotating axes; 0 in mode 1
  * @param[out] ierr       [1] error vector
@@ -495,7 +495,7 @@ KL_API long kl_utm_to_geod(kl_model_id *model_id, const long *zone, const long *
  * @param[in]  pos   [3] m, inertial frame, up to 1e13
  * @param[in]  vel   [3] m/s, up to 1e9
  * @param[in]  acc   [3] m/s2, up to 1e9; NULL: motion of two bodies with the gm of the default model. Zeros are taken
- * as they stand
+ *                   as they stand
  * @param[out] r     [9] rows: the axes in the frame of the state, so that r v is v along the axes
  * @param[out] dr    [9] its derivative in time, 1/s; a velocity relative to the turning axes is r vel + dr pos
  * @param[out] ierr  [1] cleared; this function has no public id and sets no bits
@@ -538,12 +538,12 @@ KL_API long kl_mean_motion(kl_model_id *model_id, const kl_kepler *mean, const d
  *
  * @param[in]  n_states  2 or more
  * @param[in]  states    [n_states] in the order of time, all in one frame; of the six that are used the order is
- * checked
+ *                       checked
  * @param[in]  time      s, from the first to the last; nothing is extrapolated
  * @param[out] pos       [3] m
  * @param[out] vel       [3] m/s
  * @param[out] error     [1] m: how far the same polynomial with one state fewer is; above the true error of the
- * position where the motion is smooth; or NULL
+ *                       position where the motion is smooth; or NULL
  * @param[out] ierr      [1] cleared; this function has no public id and sets no bits
  * @return KL_OK or KL_ERR
  * Of a circle with an angle of w between states, the position in the middle is off by 2.6e-8 w^12 of the radius, by

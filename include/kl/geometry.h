@@ -130,7 +130,7 @@ enum {
  * @param[out] fraction    [1] visible part of the Sun's disc, 0 to 1
  * @param[out] depth       [1] angle from the Sun's centre to the limb of the Earth, in radii of the Sun, negative when
  *                         the centre is covered: smooth in time, through 1 at the edge of the sunlight, 0, and -1 at
- * that of the umbra, for finding entry and exit
+ *                         that of the umbra, for finding entry and exit
  * @param[out] ierr        [1] error vector, bits KL_ECLIPSE_*
  * @return KL_OK, KL_WARN or KL_ERR; on KL_ERR the outputs are untouched. NULL for light_time or an output is KL_ERR
  * with no bit. Checked in the order of the arguments: cs, time_ref, time, pos, margin; then what needs the ids, a

@@ -53,9 +53,9 @@ enum {
  *
  * @param[in]     mode      KL_MODEL_DEFAULT (all selections 0; so does any number but 1) or KL_MODEL_USER
  * @param[in]     models    [9] selections in the order of KL_MODEL_EARTH ... with KL_MODEL_USER: 0, and for the Sun 0
- * or 1, for light propagation 0, 1 or 2; not read (may be NULL) in the default mode
- * (the Sun of 1 is the Sun of 0; the light propagation is recorded for other libraries of the family and changes
- * nothing in this one)
+ *                          or 1, for light propagation 0, 1 or 2; not read (may be NULL) in the default mode. The Sun
+ *                          of 1 is the Sun of 0; the light propagation is recorded for other libraries of the family
+ *                          and changes nothing in this one
  * @param[in,out] model_id  handle, not initialised
  * @param[out]    ierr      [1] error vector
  * @return KL_OK or KL_ERR. After a refused selection (bit 2) the handle is initialised all the same, with the blocks

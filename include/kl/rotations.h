@@ -77,6 +77,7 @@ enum {
  * @param[in]     t     time wanted
  * @param[out]    q     [4] unit quaternion
  * @param[out]    ierr  [1] error vector
+ *
  * Beyond the interval the rotation from q1 to q2 goes on AS IT STANDS, without choosing the shorter way: give q2 the
  * sign for which q1 . q2 >= 0 where the shorter one is wanted. q2 = -q1 is no motion.
  *

@@ -374,7 +374,7 @@ KL_API long kl_time_get_id_data(kl_time_id *time_id, kl_time_id_data *data);
  *                         1e10) at most 1e12. rows: at least one, finite, -18262.0 to 36524.0, increasing on all
  *                         scales, TAI-UTC and TAI-GPS whole seconds no longer than that range, times that agree with
  *                         the differences to 2e-6 s. pole, row_notes: as long as rows, or NULL; a pole below 100
- * arcsec, periods of 0 or from 1 day on. leap_sign, leap_utc and leap_tai are not read
+ *                         arcsec, periods of 0 or from 1 day on. leap_sign, leap_utc and leap_tai are not read
  * @return 0, or -1 with nothing changed; in verbose mode with a line on standard error that says what is wrong
  *
  * Between rows TAI-UT1 is interpolated linearly, TAI-UTC and TAI-GPS are those of the row before. The id knows one leap

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <map>
 #include <string>
 #include <sys/stat.h>
 #include <vector>
@@ -178,40 +179,23 @@ TEST(StarCatalogue, ConditionsGoByTheirCodes)
 {
     const Scratch good("KL_STARS 1\n1 5 10 0 0 0 0 0 0.5\n"), bad("KL_STARS 1\n1 5 10 0 0 0 0 0 0.5\n2 5 10\n");
     const Scratch unknown("Lorem ipsum\n");
-    const char *const files[] = {good.name.c_str(), bad.name.c_str(), unknown.name.c_str(), "/nowhere/at/all"};
-    enum File { kGood, kBad, kUnknown, kMissing };
+    const std::map<std::string, const char *> files = {{"good", good.name.c_str()},
+                                                       {"bad", bad.name.c_str()},
+                                                       {"unknown", unknown.name.c_str()},
+                                                       {"missing", "/nowhere/at/all"}};
     kl_model_id model = {nullptr};
     const long user = KL_MODEL_USER, models[9] = {0, 9, 0, 0, 0, 0, 0, 0, 0}; // refused: no routines
     kl_model_init(&user, models, &model, nullptr);
     kl_star_window none = kAll;
     none.radius = -1.0;
-    const struct {
-        long corrections, frame, ref;
-        double time;
-        File file;
-        bool model, window;
-        long code;
-    } cases[] = {
-        {8, KL_HM2000, 4, 1e9, kMissing, true, true, KL_STAR_CATALOG_TIME_REF_ERR},
-        {8, KL_HM2000, KL_TIME_UTC, 1e9, kMissing, true, true, KL_STAR_CATALOG_DATE_ERR},
-        {8, KL_HM2000, KL_TIME_UTC, 0.5, kMissing, true, true, KL_STAR_CATALOG_CORRECTIONS_ERR},
-        {7, KL_HM2000, KL_TIME_UTC, 0.5, kMissing, true, true, KL_STAR_CATALOG_CS_OUT_ERR},
-        {7, KL_TOD, KL_TIME_UTC, 0.5, kMissing, true, true, KL_STAR_CATALOG_FILE_ERR},
-        {7, KL_TOD, KL_TIME_UTC, 0.5, kBad, true, true, KL_STAR_CATALOG_RECORD_ERR},
-        {7, KL_MOD, KL_TIME_TAI, 0.5, kBad, true, false, KL_STAR_CATALOG_RECORD_ERR},
-        {7, KL_MOD, KL_TIME_TAI, 0.5, kBad, false, true, KL_STAR_CATALOG_RECORD_ERR},
-        {7, KL_TOD, KL_TIME_TAI, 0.5, kUnknown, true, true, KL_STAR_CATALOG_TIME_ID_ERR},
-        {7, KL_MOD, KL_TIME_TAI, 0.5, kUnknown, true, true, KL_STAR_CATALOG_TRANSFORMATION_ERR},
-        {7, KL_MOD, KL_TIME_TAI, 0.5, kGood, true, true, KL_STAR_CATALOG_TRANSFORMATION_ERR},
-        {7, KL_MOD, KL_TIME_TAI, 0.5, kUnknown, false, true, KL_STAR_CATALOG_FORMAT_ERR},
-        {7, KL_MOD, KL_TIME_TAI, 0.5, kGood, false, true, KL_STAR_CATALOG_WINDOW_ERR},
-    };
-    for (const auto &c : cases)
-        expect_bits("two conditions", error_bits(c.code), [&](long *e) {
+    for (const auto &[corrections, frame, ref, time, file, has_model, has_window, bits] :
+         read_rows<long, long, long, double, std::string, long, long, Bits>("star_conditions.csv"))
+        expect_bits("two conditions", bits, [&](long *e) {
             long n = 7;
             kl_star *stars = nullptr;
-            return kl_star_catalog(c.model ? &model : nullptr, nullptr, files[c.file], c.window ? &none : &kAll,
-                                   &c.corrections, &c.frame, &c.ref, &c.time, &n, &stars, nullptr, e);
+            return kl_star_catalog(has_model != 0 ? nullptr : &model, nullptr, files.at(file),
+                                   has_window != 0 ? &kAll : &none, &corrections, &frame, &ref, &time, &n, &stars,
+                                   nullptr, e);
         });
     kl_model_close(&model, nullptr);
 }
