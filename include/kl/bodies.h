@@ -50,7 +50,7 @@ enum {
  * UT1. An instant outside the table of the time id gives a complete result and no condition, BUT IT SPENDS THE
  * ONCE-ONLY WARNINGS OF THE CONVERSIONS (bits 7 to 9 of kl/formats.h): the next conversion outside no longer gives
  * them. Geometric: no light time, no aberration. The astronomical unit is the rounded 1.496e11 m: lengths and
- * velocities are 1.4233e-5 of themselves too large (2129 km). The axes are those of kl_change_cart_cs, without a pole.
+ * velocities are 1.4233e-5 of themselves too large (2129 km). The axes are KL_EF, with the pole that the time id holds.
  * Accuracy over 1950-2099, at most of an instant every 2.4 hours: 2.68" and 880 km from a full theory (ERFA's EPV00 on
  * IAU 2006/2000A axes), the unit of length apart; velocity 0.51 m/s before the axes turn, 143 m/s after, since a
  * direction turns with them.

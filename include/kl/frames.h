@@ -85,8 +85,8 @@ enum {
  * lines of the verbose mode. KL_LIF to KL_LIF copies. An instant outside the table of the time id, whatever it warns of
  * itself, ALSO SPENDS THE ONCE-ONLY WARNINGS OF THE CONVERSIONS (bits 7 to 9 of kl/formats.h).
  *
- * KL_EF IS WITHOUT POLAR MOTION as long as a time id holds no pole, and none of this library does: it equals KL_PEF, up
- * to 15 m on the ground from the Earth's true axes.
+ * KL_EF has the polar motion of the time id; those of kl_time_id_init and of files with UT1 hold one. WITH AN ID THAT
+ * HOLDS NO POLE (explicit values, leap seconds alone) it equals KL_PEF, up to 15 m on the ground from the true axes.
  *
  * Galactic frames carry positions only: velocity and acceleration come out as zero. BM1950 is without E-terms.
  * Precession IAU 1976, nine terms of nutation, GMST 1982; UT1 serves for TT there. Either way between two frames, at

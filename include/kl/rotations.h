@@ -80,7 +80,6 @@ enum {
  *
  * Beyond the interval the rotation from q1 to q2 goes on AS IT STANDS, without choosing the shorter way: give q2 the
  * sign for which q1 . q2 >= 0 where the shorter one is wanted. q2 = -q1 is no motion.
- *
  * @return KL_OK, KL_WARN or KL_ERR. NaN, infinities, null quaternions, lengths with a product above 1e125 and t1 = t2
  *         with another t are KL_QUATERNIONS_INTERPOL_ALGORITHM_ERR, as a NULL mode is where it counts; KL_ERR with a
  *         clear vector when another argument is NULL
