@@ -11,6 +11,7 @@ from importlib.metadata import PackageNotFoundError, version
 import numpy as np
 
 import overhead
+import scalars
 import side_by_side
 
 PAGE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "docs", "performance-python.md")
@@ -34,9 +35,16 @@ def in_words(n):
 
 
 def overhead_table(rows):
-    out = "| function | elements | C, us | C into new memory, us | package, us | package / C | one element, us |\n|---|---:|---:|---:|---:|---:|---:|\n"
+    out = "| function | elements | C, us | C into new memory, us | package, us | package / C |\n|---|---:|---:|---:|---:|---:|\n"
     for r in rows:
-        out += f"| {r.function} | {in_words(r.n)} | {r.c * 1e6:.1f} | {r.c_new * 1e6:.1f} | {r.package * 1e6:.1f} | {r.package / r.c:.2f} | {r.scalar * 1e6:.1f} |\n"
+        out += f"| {r.function} | {in_words(r.n)} | {r.c * 1e6:.1f} | {r.c_new * 1e6:.1f} | {r.package * 1e6:.1f} | {r.package / r.c:.2f} |\n"
+    return out
+
+
+def scalars_table(rows):
+    out = "| function | C, us | package, us | the package adds, us |\n|---|---:|---:|---:|\n"
+    for r in rows:
+        out += f"| {r.function} | {r.c * 1e6:.2f} | {r.package * 1e6:.2f} | {(r.package - r.c) * 1e6:.2f} |\n"
     return out
 
 
@@ -74,12 +82,14 @@ def main():
     n_cluster = int(float(sys.argv[2])) if len(sys.argv) > 2 else CLUSTER
     where = machine()
     added = list(overhead.rows(most))
+    alone = list(scalars.rows())
     beside = list(side_by_side.rows(most))
     cluster = cluster_line(n_cluster)
     largest = max(r.n for r in beside)
     slower = [f"{r.task} beside {r.rival} ({in_words(r.n)}: {r.theirs / r.ours:.1f})" for r in beside if r.n > 1 and not isinstance(r.theirs, str) and r.theirs < r.ours]
     beyond = [f"{r.function} ({in_words(r.n)}: {r.package / r.c:.2f})" for r in added if r.package > 1.3 * r.c]
-    scalar = max(added, key=lambda r: r.scalar)
+    adds = max(alone, key=lambda r: r.package - r.c)
+    over = [f"{r.function} ({r.package * 1e6:.1f}, C alone {r.c * 1e6:.1f})" for r in alone if r.package > 3e-6]
     page = f"""# How fast the Python package is
 
 Written by `bench/python/run.sh`, all of it from one run: {where}. Times are those of the processor, the least of at least
@@ -91,11 +101,19 @@ difference of the results.
 The call of C alone, with its arguments made ready, into memory that is ready, and into memory that is asked for at each call, as
 results of numpy are; the package keeps memory on which no array is left (up to {overhead.LIMIT >> 20} MiB) and so needs no new pages.
 
-- Beyond 1.3 times the call of C: {', '.join(beyond) or 'none'}. Texts of numpy have four octets a character, which become one on
-  the way in and four on the way out.
-- One element of plain numbers takes at most {scalar.scalar * 1e6:.1f} us ({scalar.function}), the work in C included.
+- Beyond 1.3 times the call of C: {', '.join(beyond) or 'none'}.
+- Texts of numpy have four octets a character (U) or one (S); C takes and gives one. They are changed block by block around the call.
 
 {overhead_table(added)}
+## One element
+
+Of plain numbers, texts, or arrays of one vector. C is the very call that the package makes, without what Python needs to call any
+function of C (0.3 us and more with the number of arguments): that is in what the package adds.
+
+- The package adds at most {(adds.package - adds.c) * 1e6:.1f} us ({adds.function}).
+- Above 3 us in all: {', '.join(over) or 'none'}.
+
+{scalars_table(alone)}
 ## Beside others
 
 - Slower than a rival at 1000 elements or more: {', '.join(slower) or 'none'}.

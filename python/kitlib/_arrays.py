@@ -13,11 +13,16 @@ from ._pointers import pointer
 from ._selectors import long_pointer, one_record, record_fields, selected
 
 
-def numbers(value, dtype, length, name):
-    """value as an array of the type and the item length."""
+def unmasked(value, name):
+    """value as an array; one with a mask is refused: what it hides would be computed."""
     if isinstance(value, np.ma.MaskedArray):
         raise TypeError(f"{name}: a masked array; fill it or compress it first")
-    array = np.asarray(value)
+    return np.asarray(value)
+
+
+def numbers(value, dtype, length, name):
+    """value as an array of the type and the item length."""
+    array = unmasked(value, name)
     kind = array.dtype.kind
     if kind not in ("fiu" if dtype.kind == "f" else "iu"):
         if kind == "f" and dtype.kind == "i":
@@ -33,12 +38,12 @@ def numbers(value, dtype, length, name):
 
 def texts(value, name):
     """value as an array of texts that the loops in C take: of characters of four octets or of one."""
-    array = np.asarray(value)
+    array = unmasked(value, name)
     if array.dtype.kind not in "SU" and not (array.dtype.kind == "O" and all(isinstance(x, str) for x in array.flat)):
         raise TypeError(f"{name}: texts are wanted, not {array.dtype}")
-    if array.dtype.kind == "O" or not array.dtype.isnative or array.dtype.itemsize == 0:
-        array = array.astype("U" if array.dtype.itemsize else "U1")
-    return array
+    if array.dtype.kind == "O":
+        array = array.astype("U")
+    return array.astype(array.dtype.newbyteorder("=") if array.dtype.itemsize else "U1", copy=False)
 
 
 def _octets(value, name):
@@ -50,7 +55,7 @@ def _octets(value, name):
             raise ValueError(f"{name}: codes of one length are wanted")
         array = np.frombuffer(b"".join(value), np.uint8).reshape(len(value), len(value[0]) if value else 0)
     else:
-        array = np.asarray(value)
+        array = unmasked(value, name)
     if array.dtype != np.uint8:
         raise TypeError(f"{name}: bytes or an array of uint8 is wanted, not {array.dtype}")
     if array.ndim == 0 or array.shape[-1] > OCTETS:

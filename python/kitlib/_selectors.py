@@ -51,6 +51,8 @@ def record_fields(value, record, name):
     known = [field for field, _ in record._fields_]
     if isinstance(value, record):
         return [getattr(value, field) for field in known]
+    if isinstance(value, np.ma.MaskedArray):
+        raise TypeError(f"{name}: a masked array; fill it or compress it first")
     if isinstance(value, (np.ndarray, np.void)) and value.dtype.names:
         return [value[field] if field in value.dtype.names else None for field in known]
     if isinstance(value, (str, bytes, dict, set)) or not hasattr(value, "__iter__"):

@@ -95,17 +95,11 @@ long kitlib_kl_time_get_leap_second_info_n(kl_time_id *time_id, const long *n, c
 /* ---- Texts of numpy: `from` characters of 1 or 4 octets, padded with zeros; C takes octets at a fixed distance. ---- */
 
 enum {
-    kMostRows = 256,                /* texts of a block: octets of them, what is made of them and the block of C stay in the first-level cache */
-    kRoom = 8192,                   /* octets of a block */
-    kCut = 64,                      /* width of texts that are wider than that: no layout is */
-    kWidest = 32                    /* characters of a text that C writes, and its zero */
+    kMostRows = 64, /* texts of a block: with more of them the processor waits for memory, with fewer for the calls */
+    kCut = 64,      /* width of texts that are wider than that: no layout is */
+    kRoom = kMostRows * kCut,
+    kWidest = 32 /* characters of a text that C writes, and its zero */
 };
-
-static long rows_of_block(long width, long rows)
-{
-    const long most = kRoom / (width > 0 && width < kCut ? width : kCut);
-    return most < rows ? most : rows;
-}
 
 /* Four-octet characters to octets; the bits that any of them has. Compilers make vectors of this loop and the next ones. */
 static uint32_t narrowed(const uint32_t *restrict in, long n, unsigned char *restrict out)
@@ -174,7 +168,7 @@ static void cut(const void *in, long size, long from, long n, unsigned char *out
 }
 
 /*
- * The octets of n texts, and their width; `room` has space for a block. A text that is not ASCII or has a zero inside becomes
+ * The octets of n texts, and their width; `room` has space for kMostRows of them. A text that is not ASCII or has a zero inside becomes
  * question marks, which no layout has: all are looked at together, one by one only where a text is odd or not of full width.
  */
 static const char *octets_of(const void *in, const long kind[2], long n, unsigned char *room, long *width)
@@ -209,14 +203,13 @@ long kitlib_kl_time_ascii_to_ascii_texts(kl_time_id *time_id, const long *n, con
     long octets_width;
     unsigned char written[kMostRows * kWidest];
     long i, k, count, result;
-    const long rows = rows_of_block(ascii_in_width[1], kMostRows);
     if (!begun(n, ierr, 2, &result))
         return result;
     if (*ascii_out_width > kWidest)
         return KL_ERR;
-    for (i = 0; i < *n; i += rows) {
+    for (i = 0; i < *n; i += kMostRows) {
         long word[2] = {0};
-        count = *n - i < rows ? *n - i : rows;
+        count = *n - i < kMostRows ? *n - i : kMostRows;
         octets = octets_of((const char *)ascii_in + i * ascii_in_width[0] * ascii_in_width[1], ascii_in_width, count, read, &octets_width);
         result = joined(result, kl_time_ascii_to_ascii_n(time_id, &count, ascii_id_in, time_ref_in, &octets_width, octets, ascii_id_out, time_ref_out, ascii_out_width, (char *)written, AT(status), word));
         for (k = 0; ierr != NULL && k < 2; ++k)
@@ -233,12 +226,11 @@ long kitlib_kl_time_ascii_to_processing_texts(kl_time_id *time_id, const long *n
     const char *octets;
     long octets_width;
     long i, k, count, result;
-    const long rows = rows_of_block(width[1], kMostRows);
     if (!begun(n, ierr, 1, &result))
         return result;
-    for (i = 0; i < *n; i += rows) {
+    for (i = 0; i < *n; i += kMostRows) {
         long word[1] = {0};
-        count = *n - i < rows ? *n - i : rows;
+        count = *n - i < kMostRows ? *n - i : kMostRows;
         octets = octets_of((const char *)ascii_in + i * width[0] * width[1], width, count, read, &octets_width);
         result = joined(result, kl_time_ascii_to_processing_n(time_id, &count, ascii_id_in, time_ref_in, &octets_width, octets, proc_id_out, time_ref_out, AT(time_out), AT(status), word));
         for (k = 0; ierr != NULL && k < 1; ++k)
@@ -254,12 +246,11 @@ long kitlib_kl_time_text_to_processing_texts(kl_time_id *time_id, const long *n,
     const char *octets;
     long octets_width;
     long i, k, count, result;
-    const long rows = rows_of_block(width[1], kMostRows);
     if (!begun(n, ierr, 1, &result))
         return result;
-    for (i = 0; i < *n; i += rows) {
+    for (i = 0; i < *n; i += kMostRows) {
         long word[1] = {0};
-        count = *n - i < rows ? *n - i : rows;
+        count = *n - i < kMostRows ? *n - i : kMostRows;
         octets = octets_of((const char *)text + i * width[0] * width[1], width, count, read, &octets_width);
         result = joined(result, kl_time_text_to_processing_n(time_id, &count, &octets_width, octets, time_ref_default, proc_id_out, time_ref_out, AT(time_out), AT(status), word));
         for (k = 0; ierr != NULL && k < 1; ++k)
@@ -275,12 +266,11 @@ long kitlib_kl_time_ascii_to_transport_texts(kl_time_id *time_id, const long *n,
     const char *octets;
     long octets_width;
     long i, k, count, result;
-    const long rows = rows_of_block(width[1], kMostRows);
     if (!begun(n, ierr, 1, &result))
         return result;
-    for (i = 0; i < *n; i += rows) {
+    for (i = 0; i < *n; i += kMostRows) {
         long word[1] = {0};
-        count = *n - i < rows ? *n - i : rows;
+        count = *n - i < kMostRows ? *n - i : kMostRows;
         octets = octets_of((const char *)ascii_in + i * width[0] * width[1], width, count, read, &octets_width);
         result = joined(result, kl_time_ascii_to_transport_n(time_id, &count, ascii_id_in, time_ref_in, &octets_width, octets, trans_id_out, time_ref_out, AT(transport_out), AT(status), word));
         for (k = 0; ierr != NULL && k < 1; ++k)
@@ -294,14 +284,13 @@ long kitlib_kl_time_processing_to_ascii_texts(kl_time_id *time_id, const long *n
 {
     unsigned char written[kMostRows * kWidest];
     long i, k, count, result;
-    const long rows = kMostRows;
     if (!begun(n, ierr, 1, &result))
         return result;
     if (*width > kWidest)
         return KL_ERR;
-    for (i = 0; i < *n; i += rows) {
+    for (i = 0; i < *n; i += kMostRows) {
         long word[1] = {0};
-        count = *n - i < rows ? *n - i : rows;
+        count = *n - i < kMostRows ? *n - i : kMostRows;
         result = joined(result, kl_time_processing_to_ascii_n(time_id, &count, proc_id_in, time_ref_in, AT(time_in), ascii_id_out, time_ref_out, width, (char *)written, AT(status), word));
         for (k = 0; ierr != NULL && k < 1; ++k)
             ierr[k] |= word[k];
@@ -315,14 +304,13 @@ long kitlib_kl_time_transport_to_ascii_texts(kl_time_id *time_id, const long *n,
 {
     unsigned char written[kMostRows * kWidest];
     long i, k, count, result;
-    const long rows = kMostRows;
     if (!begun(n, ierr, 1, &result))
         return result;
     if (*width > kWidest)
         return KL_ERR;
-    for (i = 0; i < *n; i += rows) {
+    for (i = 0; i < *n; i += kMostRows) {
         long word[1] = {0};
-        count = *n - i < rows ? *n - i : rows;
+        count = *n - i < kMostRows ? *n - i : kMostRows;
         result = joined(result, kl_time_transport_to_ascii_n(time_id, &count, trans_id_in, time_ref_in, AT(transport_in), ascii_id_out, time_ref_out, width, (char *)written, AT(status), word));
         for (k = 0; ierr != NULL && k < 1; ++k)
             ierr[k] |= word[k];

@@ -23,6 +23,29 @@ def test_every_layout():
     assert kl.mjd2000(["2026-06-21T12:00:00Z", "UTC=20260621T120000"], ref="GPS").tolist() == [NOON + 18 / 86400] * 2
 
 
+COLUMN = ["2026-06-21T12:00:00.000000", "2026-06-21T12:00:00.00000", "2026-06-21T12:00:00.000000\0Z", "", "\0" + "2026-06-21T12:00:00.000000",
+          "2026-06-21T12:00:00.00000\u0660", "2026-06-21T12:00:00.00000\u0130", "2026-06-21T12:00:00.000000 ", "2026-06-21T12:00:00.000000" + 40 * "x"]
+
+
+@pytest.mark.parametrize("width", [0, 27, 40, 63, 64, 65, 200])
+@pytest.mark.parametrize("kind", ["U", ">U", "S"])
+def test_columns_of_texts(width, kind):
+    """Wherever in a column an odd text stands, it alone is refused: too short or long, empty, not ASCII, with a zero inside."""
+    texts = [COLUMN[0]] * 300
+    for k, odd in enumerate(COLUMN):
+        if (width == 0 or len(odd) <= width) and (kind != "S" or odd.isascii()):
+            texts[k * 33] = texts[299 - k] = odd
+    longest = max(width, max(len(t) for t in texts), 1)
+    column = np.array([t.encode() for t in texts], f"S{longest}") if kind == "S" else np.array(texts, f"{kind}{longest}")
+    good = np.array([t == COLUMN[0] for t in texts])
+    for given in (column, np.repeat(column, 2)[::2], column.reshape(3, 100)):
+        days, status = kl.time_ascii_to_processing(given, fmt_in=43, errors="nan", return_status=True)
+        assert np.array_equal(status.ravel() == 0, good) and np.array_equal(days.ravel(), np.where(good, NOON, np.nan), equal_nan=True)
+        back = kl.time_ascii_to_ascii(given, fmt_in=43, fmt_out=41, errors="nan").ravel()
+        assert back.tolist() == ["2026-06-21T12:00:00" if g else "" for g in good]
+    assert np.array_equal(kl.time_processing_to_ascii(np.where(good, NOON, np.nan), errors="nan"), np.where(good, COLUMN[0], ""))
+
+
 def test_every_day_of_ordinals():
     days = np.arange("1950-01-01", "2099-12-31", dtype="M8[D]")
     year = days.astype("M8[Y]")

@@ -614,17 +614,15 @@ def text_loop(pf):
     if given:
         declared = declared.replace(f"char *{given.a.name}", f"uint32_t *{given.a.name}")
     out = f"\nKL_API long {name}({declared});\nlong {name}({declared})\n{{\n"
-    rows = "kMostRows"
     if taken:
-        rows = f"rows_of_block({texts[taken.a.name]}[1], {rows})"
         out += "    unsigned char read[kRoom];\n    const char *octets;\n    long octets_width;\n"
     if given:
         out += "    unsigned char written[kMostRows * kWidest];\n"
-    out += f"    long i, k, count, result;\n    const long rows = {rows};\n"
+    out += "    long i, k, count, result;\n"
     out += f"    if (!begun(n, ierr, {words}, &result))\n        return result;\n"
     if given:
         out += f"    if (*{texts[given.a.name]} > kWidest)\n        return KL_ERR;\n"
-    out += f"    for (i = 0; i < *n; i += rows) {{\n        long word[{words}] = {{0}};\n        count = *n - i < rows ? *n - i : rows;\n"
+    out += f"    for (i = 0; i < *n; i += kMostRows) {{\n        long word[{words}] = {{0}};\n        count = *n - i < kMostRows ? *n - i : kMostRows;\n"
     if taken:
         wide = texts[taken.a.name]
         out += f"        octets = octets_of((const char *){taken.a.name} + i * {wide}[0] * {wide}[1], {wide}, count, read, &octets_width);\n"
