@@ -4,7 +4,8 @@
  *
  * `kl_f_n` takes the arguments of `kl_f` with n after the ids and `status` before `ierr`. What is one value in the
  * scalar function and differs from element to element is an array of n: `time[n]`, `pos[n][3]`, records, texts at a
- * fixed distance of `width` octets. References, frames, modes and the like are one value for the call.
+ * fixed distance of `width` octets. References, frames, modes and the like are one value for the call; so are the
+ * origin of topocentric coordinates, the configuration of a CUC and the parameters of an on-board clock.
  *
  * - n: 0 is KL_OK and touches nothing but `ierr`; below 0 or NULL is KL_ERR with a clear vector.
  * - status: [n] or NULL; KL_OK, KL_WARN or KL_ERR of each element, as the scalar call gives it.
