@@ -442,7 +442,7 @@ KL_API long kl_geod_distance(kl_model_id *model_id, const double *lat1, const do
  * @param[out] azimuth2  deg, direction of travel there; NULL: not asked for
  * @param[out] ierr      [1] cleared; this function has no public id and sets no bits
  * @return KL_OK or KL_ERR
- * Within 15 nm on the first turn around the Earth.
+ * Within 15 nm as far as the antipode, 20 nm on the rest of the first turn around the Earth.
  */
 KL_API long kl_geod_point(kl_model_id *model_id, const double *lat, const double *lon, const double *azimuth,
                           const double *distance, double *lat2, double *lon2, double *azimuth2, long *ierr);
