@@ -135,8 +135,12 @@ int main(int argc, char **argv)
     try {
         const std::string dir = argv[1];
         std::ofstream file(argv[2], std::ios::binary);
-        write(file, table<std::int32_t>(read_series(dir + "/cip_x.txt", kPoleXPolynomial)));
-        write(file, table<std::int32_t>(read_series(dir + "/cip_y.txt", kPoleYPolynomial)));
+        const auto x = table<std::int32_t>(read_series(dir + "/cip_x.txt", kPoleXPolynomial));
+        const auto y = table<std::int32_t>(read_series(dir + "/cip_y.txt", kPoleYPolynomial));
+        std::vector<std::int32_t> both;
+        for (std::size_t i = 0; i < x.size(); ++i)
+            both.insert(both.end(), {x[i], y[i]});
+        write(file, both);
         write(file, table<std::int16_t>(read_series(dir + "/cio_s.txt", kPoleSPolynomial)));
         if (!file.flush() || file.tellp() != kPoleFileSize)
             throw std::runtime_error(std::string("cannot write ") + argv[2]);

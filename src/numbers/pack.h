@@ -34,18 +34,24 @@ struct Registers<2> {
     using Doubles = double __attribute__((vector_size(16)));
     using Signed = std::int64_t __attribute__((vector_size(16)));
     using Bits = std::uint64_t __attribute__((vector_size(16)));
+    using Counts = std::int32_t __attribute__((vector_size(8)));
+    using ShortCounts = std::int16_t __attribute__((vector_size(4)));
 };
 template <>
 struct Registers<4> {
     using Doubles = double __attribute__((vector_size(32)));
     using Signed = std::int64_t __attribute__((vector_size(32)));
     using Bits = std::uint64_t __attribute__((vector_size(32)));
+    using Counts = std::int32_t __attribute__((vector_size(16)));
+    using ShortCounts = std::int16_t __attribute__((vector_size(8)));
 };
 template <>
 struct Registers<8> {
     using Doubles = double __attribute__((vector_size(64)));
     using Signed = std::int64_t __attribute__((vector_size(64)));
     using Bits = std::uint64_t __attribute__((vector_size(64)));
+    using Counts = std::int32_t __attribute__((vector_size(32)));
+    using ShortCounts = std::int16_t __attribute__((vector_size(16)));
 };
 
 template <int N>
@@ -64,6 +70,8 @@ struct Mask {
 template <int N>
 struct Pack {
     using Vector = typename Registers<N>::Doubles;
+    using Counts = typename Registers<N>::Counts; // as many integers
+    using ShortCounts = typename Registers<N>::ShortCounts;
     Vector v;
 
     Pack() = default;
@@ -290,6 +298,21 @@ T load(const double *from) // as many neighbours as T has lanes
     T x;
     std::memcpy(&x, from, sizeof x);
     return x;
+}
+// The same of integers.
+template <class T>
+T load(const std::int32_t *from)
+{
+    typename T::Counts counts;
+    std::memcpy(&counts, from, sizeof counts);
+    return T(__builtin_convertvector(counts, typename T::Vector));
+}
+template <class T>
+T load(const std::int16_t *from)
+{
+    typename T::ShortCounts counts;
+    std::memcpy(&counts, from, sizeof counts);
+    return T(__builtin_convertvector(__builtin_convertvector(counts, typename T::Counts), typename T::Vector));
 }
 template <class T>
 void store(T x, double *to)

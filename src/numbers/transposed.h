@@ -104,13 +104,13 @@ template <int N>
     }
 }
 
-// From N places, M doubles each: no way through memory, where narrow writes would hold up wide reads.
-template <int N, int M>
-void gather(const double *const (&from)[N], Pack<N> (&out)[M])
+// From N places, M numbers each: no way through memory, where narrow writes would hold up wide reads.
+template <class Number, int N, int M>
+void gather(const Number *const (&from)[N], Pack<N> (&out)[M])
 {
     int j = 0;
     if constexpr (N == 8) {
-        const double *const halves[2][4] = {{from[0], from[1], from[2], from[3]}, {from[4], from[5], from[6], from[7]}};
+        const Number *const halves[2][4] = {{from[0], from[1], from[2], from[3]}, {from[4], from[5], from[6], from[7]}};
         Pack<4> low[M], high[M];
         gather(halves[0], low);
         gather(halves[1], high);
@@ -137,9 +137,16 @@ void gather(const double *const (&from)[N], Pack<N> (&out)[M])
     for (; j < M; ++j) {
         typename Pack<N>::Vector v = {};
         for (int k = 0; k < N; ++k)
-            v[k] = from[k][j];
+            v[k] = static_cast<double>(from[k][j]);
         out[j] = Pack<N>(v);
     }
+}
+
+template <class Number, int M>
+void gather(const Number *const (&from)[1], double (&out)[M])
+{
+    for (int j = 0; j < M; ++j)
+        out[j] = from[0][j];
 }
 
 // To N places.

@@ -3,6 +3,7 @@
 #ifndef KL_SRC_ORIENTATION_CELESTIAL_POLE_H
 #define KL_SRC_ORIENTATION_CELESTIAL_POLE_H
 
+#include "numbers/transposed.h"
 #include "orientation/jet.h"
 #include "orientation/pole_layout.h"
 #include "orientation/units.h"
@@ -10,8 +11,7 @@
 #include <cstdint>
 
 extern "C" {
-extern const std::int32_t kl_pole_x[kPoleNodes] __attribute__((visibility("hidden")));
-extern const std::int32_t kl_pole_y[kPoleNodes] __attribute__((visibility("hidden")));
+extern const std::int32_t kl_pole_xy[2 * kPoleNodes] __attribute__((visibility("hidden")));
 extern const std::int16_t kl_pole_s[kPoleNodes] __attribute__((visibility("hidden")));
 }
 
@@ -51,11 +51,17 @@ constexpr PairCoefficients<n> pair_coefficients()
     return out;
 }
 
-// Value and derivatives by x of the polynomial through the pairs; sums[j] = y(j + 1/2) + y(-j - 1/2), differences
-// alike.
-template <int order, int n, class T>
-inline Jet<T> through_pairs(const T (&sums)[n], const T (&differences)[n], const T &x)
+// Value and derivatives by x of the polynomial through the nodes in their order.
+template <int order, int n2, class T>
+inline Jet<T> through_nodes(const T (&nodes)[n2], const T &x)
 {
+    constexpr int n = n2 / 2;
+    T sums[n];
+    T differences[n];
+    for (int j = 0; j < n; ++j) {
+        sums[j] = nodes[n + j] + nodes[n - 1 - j];
+        differences[j] = nodes[n + j] - nodes[n - 1 - j];
+    }
     constexpr PairCoefficients<n> by = pair_coefficients<n>();
     T c[2 * n];
     for (int k = 0; k < n; ++k) {
@@ -84,68 +90,17 @@ inline Jet<T> through_pairs(const T (&sums)[n], const T (&differences)[n], const
 constexpr int kPolePairs = 5;   // ten nodes: 1.1 microarcseconds; eight leave 4.8, six 29
 constexpr int kOriginPairs = 3; // s is smooth
 
-// What the table holds about an instant: the nodes about its day in the order of time, in counts.
-struct PoleRows {
-    double x[2 * kPolePairs], y[2 * kPolePairs], s[2 * kOriginPairs];
-};
-
 // Days of TT between which the nodes suffice.
-inline bool inside_pole_table(long day)
+inline bool inside_pole_table(double day)
 {
     return day >= kPoleFirstDay + kPolePairs - 1 && day < kPoleLastDay - kPolePairs;
 }
 
-// Nodes about the day that begins at 0h TT of `day`.
-inline PoleRows pole_rows(long day)
+// The first of the nodes about the day that begins at 0h TT of `day`.
+template <int pairs>
+inline long first_node(double day)
 {
-    PoleRows out;
-    const long first = day - kPoleFirstDay;
-    for (int j = 0; j < 2 * kPolePairs; ++j)
-        out.x[j] = kl_pole_x[first + 1 - kPolePairs + j];
-    for (int j = 0; j < 2 * kPolePairs; ++j)
-        out.y[j] = kl_pole_y[first + 1 - kPolePairs + j];
-    for (int j = 0; j < 2 * kOriginPairs; ++j)
-        out.s[j] = kl_pole_s[first + 1 - kOriginPairs + j];
-    return out;
-}
-
-// Sums and differences of pairs of nodes. X and Y stand side by side.
-template <class T>
-struct PoleNodes {
-    T xy_sum[kPolePairs][2], xy_difference[kPolePairs][2];
-    T s_sum[kOriginPairs], s_difference[kOriginPairs];
-};
-
-// rows[i]: those of the instant of lane i.
-template <class T>
-inline PoleNodes<T> pole_nodes(const PoleRows (&rows)[lanes_of<T>])
-{
-    const auto all = [&](const auto &number) {
-        double lanes[lanes_of<T>];
-        for (int i = 0; i < lanes_of<T>; ++i)
-            lanes[i] = number(rows[i]);
-        return load<T>(lanes);
-    };
-    PoleNodes<T> out;
-    for (int j = 0; j < kPolePairs; ++j) {
-        const int up = kPolePairs + j;
-        const int down = kPolePairs - 1 - j;
-        const T xa = all([=](const PoleRows &r) { return r.x[up]; });
-        const T xb = all([=](const PoleRows &r) { return r.x[down]; });
-        const T ya = all([=](const PoleRows &r) { return r.y[up]; });
-        const T yb = all([=](const PoleRows &r) { return r.y[down]; });
-        out.xy_sum[j][0] = xa + xb;
-        out.xy_sum[j][1] = ya + yb;
-        out.xy_difference[j][0] = xa - xb;
-        out.xy_difference[j][1] = ya - yb;
-    }
-    for (int j = 0; j < kOriginPairs; ++j) {
-        const T a = all([=](const PoleRows &r) { return r.s[kOriginPairs + j]; });
-        const T b = all([=](const PoleRows &r) { return r.s[kOriginPairs - 1 - j]; });
-        out.s_sum[j] = a + b;
-        out.s_difference[j] = a - b;
-    }
-    return out;
+    return static_cast<long>(day) - kPoleFirstDay + 1 - pairs;
 }
 
 template <class T>
@@ -179,38 +134,40 @@ inline Jet<T> with_polynomial(const Jet<T> &counts, const Coefficient (&polynomi
     return out;
 }
 
-// At a fraction of the day of the nodes; t: Julian centuries of TT from J2000.0.
+// At the instants of the lanes: day and fraction of TT, and t, Julian centuries of TT from J2000.0.
 template <int order, class T>
-inline CelestialPole<T> celestial_pole(const PoleNodes<T> &nodes, const T &fraction, const T &t)
+inline CelestialPole<T> celestial_pole(const double (&day)[lanes_of<T>], const T &fraction, const T &t)
 {
     const T x = fraction - 0.5;
-    const Jet<T> s =
-        with_polynomial<order>(through_pairs<order>(nodes.s_sum, nodes.s_difference, x), kPoleSPolynomial, t);
+    const std::int16_t *s_at[lanes_of<T>];
+    const std::int32_t *xy_at[lanes_of<T>];
+    for (int i = 0; i < lanes_of<T>; ++i) {
+        s_at[i] = kl_pole_s + first_node<kOriginPairs>(day[i]);
+        xy_at[i] = kl_pole_xy + 2 * first_node<kPolePairs>(day[i]);
+    }
+    T s_nodes[2 * kOriginPairs];
+    gather(s_at, s_nodes);
+    const Jet<T> s = with_polynomial<order>(through_nodes<order>(s_nodes, x), kPoleSPolynomial, t);
     if constexpr (lanes_of<T> == 1) { // X and Y in one pack
         using Pair = Pack<2>;
-        Pair sum[kPolePairs];
-        Pair difference[kPolePairs];
+        Pair nodes[2 * kPolePairs];
+        for (int j = 0; j < 2 * kPolePairs; ++j)
+            nodes[j] = load<Pair>(xy_at[0] + 2 * j);
         Pair polynomial[6];
-        for (int j = 0; j < kPolePairs; ++j) {
-            sum[j] = load<Pair>(nodes.xy_sum[j]);
-            difference[j] = load<Pair>(nodes.xy_difference[j]);
-        }
         for (int k = 0; k < 6; ++k) {
             const double both[2] = {kPoleXPolynomial[k], kPoleYPolynomial[k]};
             polynomial[k] = load<Pair>(both);
         }
-        const Jet<Pair> xy =
-            with_polynomial<order>(through_pairs<order>(sum, difference, Pair(x)), polynomial, Pair(t));
+        const Jet<Pair> xy = with_polynomial<order>(through_nodes<order>(nodes, Pair(x)), polynomial, Pair(t));
         return {{xy.value[0], xy.rate[0], xy.acceleration[0]}, {xy.value[1], xy.rate[1], xy.acceleration[1]}, s};
     } else {
-        const auto one = [&](int i, const double(&polynomial)[6]) {
-            T sum[kPolePairs];
-            T difference[kPolePairs];
-            for (int j = 0; j < kPolePairs; ++j) {
-                sum[j] = nodes.xy_sum[j][i];
-                difference[j] = nodes.xy_difference[j][i];
-            }
-            return with_polynomial<order>(through_pairs<order>(sum, difference, x), polynomial, t);
+        T both[4 * kPolePairs];
+        gather(xy_at, both);
+        const auto one = [&](int first, const double(&polynomial)[6]) {
+            T nodes[2 * kPolePairs];
+            for (int j = 0; j < 2 * kPolePairs; ++j)
+                nodes[j] = both[2 * j + first];
+            return with_polynomial<order>(through_nodes<order>(nodes, x), polynomial, t);
         };
         return {one(0, kPoleXPolynomial), one(1, kPoleYPolynomial), s};
     }

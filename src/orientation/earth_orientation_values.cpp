@@ -1,8 +1,7 @@
 #include "orientation/earth_orientation_values.h"
 #include "kl_family.h"
 #include "numbers/elementary.h"
-#include "numbers/pack.h"
-#include "orientation/units.h"
+#include "orientation/eop_rows.h"
 #include "time/deltas.h"
 #include "time/moments.h"
 #include "time/time_record.h"
@@ -15,7 +14,6 @@ namespace {
 constexpr double kWidest = 10.0;    // days: rows further apart are joined by straight lines
 constexpr long kModelOrbitFile = 7; // rows of leap seconds only: straight lines too
 constexpr long kModelLeapSeconds = 8;
-constexpr double kGpsAfterFormula = 19.0; // s, TAI-GPS where UT1 comes from a formula
 
 struct Span {
     long first, n; // rows that take part in the interpolation
@@ -58,113 +56,62 @@ long row_near(const Correlation &c, double t, long low)
     return low;
 }
 
+// Does the correlation know nothing better than straight lines?
+bool only_straight(const Correlation &c)
+{
+    return c.model == kModelOrbitFile || c.model == kModelLeapSeconds || c.n_rows < 4;
+}
+
 Span span_about(const Correlation &c, long row)
 {
     const auto gap = [&](long i) { return c.rows[i + 1].tai - c.rows[i].tai; };
-    const bool straight = c.model == kModelOrbitFile || c.model == kModelLeapSeconds || c.n_rows < 4;
-    if (!straight) {
-        const long first = std::clamp(row - 1, 0L, c.n_rows - 4);
+    if (!only_straight(c)) {
+        const long first = first_of_four(c, row);
         if (gap(first) <= kWidest && gap(first + 1) <= kWidest && gap(first + 2) <= kWidest)
             return {first, 4};
     }
     return {std::min(row, c.n_rows - 2), 2};
 }
 
-using Pair = Pack<2>; // two rows, or two columns, side by side
-
-Pair pair(double first, double second)
+// Weights of two rows and their derivatives by days: a straight line.
+void line_weights(const Correlation &c, const Span &span, const SplitDay &tai, Jet<double> (&w)[2])
 {
-    const double both[2] = {first, second};
-    return load<Pair>(both);
-}
-
-// Weights of the rows of a span and their first and second derivatives by days.
-struct Weights {
-    double value[4], rate[4], acceleration[4];
-};
-
-Weights line_weights(const Correlation &c, const Span &span, const SplitDay &tai)
-{
-    Weights w{};
     const double before = days_to(c.rows[span.first], tai);
     const double after = days_to(c.rows[span.first + 1], tai);
     const double width = after - before;
-    w.value[0] = after / width;
-    w.value[1] = -before / width;
-    w.rate[0] = -1.0 / width;
-    w.rate[1] = 1.0 / width;
-    return w;
-}
-
-// Two rows of a cubic: days to themselves and to the three others.
-template <int order>
-void cubic_weights(Pair own, Pair a, Pair b, Pair d, int first, Weights *w)
-{
-    const Pair scale = 1.0 / ((own - a) * (own - b) * (own - d));
-    store(-scale * (a * b * d), w->value + first);
-    if (order >= 1)
-        store(scale * (a * b + a * d + b * d), w->rate + first);
-    if (order >= 2)
-        store(-2.0 * scale * (a + b + d), w->acceleration + first);
+    w[0] = {after / width, -1.0 / width, 0.0};
+    w[1] = {-before / width, 1.0 / width, 0.0};
 }
 
 template <int order>
-Weights cubic_weights(const Correlation &c, const Span &span, const SplitDay &tai)
+void cubic_weights(const Correlation &c, const Span &span, const SplitDay &tai, Jet<double> (&w)[4])
 {
     double ahead[4]; // days from the instant to each row
     for (int i = 0; i < 4; ++i)
         ahead[i] = days_to(c.rows[span.first + i], tai);
-    const Pair first = pair(ahead[0], ahead[1]);
-    const Pair second = pair(ahead[1], ahead[2]);
-    const Pair third = pair(ahead[2], ahead[3]);
-    const Pair last = pair(ahead[3], ahead[0]);
-    Weights w;
-    cubic_weights<order>(first, second, third, last, 0, &w);
-    cubic_weights<order>(third, last, first, second, 2, &w);
-    return w;
+    row_weights<order>(ahead, w);
 }
 
-template <class T>
-struct Sums {
-    T value, rate, acceleration;
-};
-
-// The weighted sum of a column, or of two, and its derivatives by seconds.
-template <class T, int n, int order, class Column>
-Sums<T> interpolated(long first, const Weights &w, Column column)
+template <int order, int n>
+void interpolate(const Correlation &c, const Span &span, const Jet<double> (&w)[n], EopValues *out)
 {
-    Sums<T> out{0.0, 0.0, 0.0};
-    for (int i = 0; i < n; ++i) {
-        const T y = column(first + i);
-        out.value = out.value + w.value[i] * y;
-        if (order >= 1)
-            out.rate = out.rate + w.rate[i] * y;
-        if (order >= 2)
-            out.acceleration = out.acceleration + w.acceleration[i] * y;
-    }
-    if (order >= 1)
-        out.rate = out.rate / kSecondsPerDay;
-    if (order >= 2)
-        out.acceleration = out.acceleration / (kSecondsPerDay * kSecondsPerDay);
-    return out;
-}
-
-void part(const Sums<Pair> &sums, Motion *first, Motion *second)
-{
-    *first = {sums.value[0], sums.rate[0], sums.acceleration[0]};
-    *second = {sums.value[1], sums.rate[1], sums.acceleration[1]};
-}
-
-template <int n, int order>
-void interpolate(const Correlation &c, const Span &span, const Weights &w, EopValues *out)
-{
-    const Sums<double> ut1 = interpolated<double, n, order>(span.first, w, [&](long i) { return c.rows[i].tai_ut1; });
+    double tai_ut1[n];
+    for (int i = 0; i < n; ++i)
+        tai_ut1[i] = c.rows[span.first + i].tai_ut1;
+    const Jet<double> ut1 = weighted<order>(w, tai_ut1);
     out->tai_ut1 = {ut1.value, ut1.rate, ut1.acceleration};
     if (c.row_pole == nullptr)
         return;
-    const auto columns = [&](long i, int first) { return load<Pair>(c.row_pole[i] + first) * kRadPerArcsecond; };
-    part(interpolated<Pair, n, order>(span.first, w, [&](long i) { return columns(i, 0); }), &out->x, &out->y);
-    part(interpolated<Pair, n, order>(span.first, w, [&](long i) { return columns(i, 2); }), &out->dx, &out->dy);
+    const auto columns = [&](int first, Motion *one, Motion *two) { // two side by side
+        Pack<2> pole[n];
+        for (int i = 0; i < n; ++i)
+            pole[i] = load<Pack<2>>(c.row_pole[span.first + i] + first) * kRadPerArcsecond;
+        const Jet<Pack<2>> sums = weighted<order>(w, pole);
+        *one = {sums.value[0], sums.rate[0], sums.acceleration[0]};
+        *two = {sums.value[1], sums.rate[1], sums.acceleration[1]};
+    };
+    columns(0, &out->x, &out->y);
+    columns(2, &out->dx, &out->dy);
 }
 
 Motion constant(double value)
@@ -272,14 +219,18 @@ void eop_values(const Correlation &c, const SplitDay &tai, long near, int order,
     }
     if (interpolates) {
         const Span span = span_about(c, std::max(row, 0L));
-        if (span.n == 2)
-            interpolate<2, 1>(c, span, line_weights(c, span, tai), out);
-        else if (order == 0)
-            interpolate<4, 0>(c, span, cubic_weights<0>(c, span, tai), out);
-        else if (order == 1)
-            interpolate<4, 1>(c, span, cubic_weights<1>(c, span, tai), out);
-        else
-            interpolate<4, 2>(c, span, cubic_weights<2>(c, span, tai), out);
+        Jet<double> line[2];
+        Jet<double> cubic[4];
+        if (span.n == 2) {
+            line_weights(c, span, tai, line);
+            interpolate<1>(c, span, line, out);
+        } else if (order == 0) {
+            cubic_weights<0>(c, span, tai, cubic);
+            interpolate<0>(c, span, cubic, out);
+        } else {
+            cubic_weights<2>(c, span, tai, cubic);
+            interpolate<2>(c, span, cubic, out);
+        }
     } else {
         out->tai_ut1 = constant(c.rows[std::max(row, 0L)].tai_ut1);
     }
@@ -287,15 +238,10 @@ void eop_values(const Correlation &c, const SplitDay &tai, long near, int order,
     add_formulas(c, tai, after, out);
 }
 
-long first_row_of_cubic(const Correlation &c, const SplitDay &tai, long near)
+bool cubic_serves(const Correlation &c)
 {
-    if (c.model == KL_TIME_MODEL_EXPLICIT || c.row_pole == nullptr || c.n_rows < 4)
-        return -1;
-    const long row = row_near(c, days_of(tai), near);
-    if (row < 0 || row >= c.n_rows - 1)
-        return -1;
-    const Span span = span_about(c, row);
-    return span.n == 4 ? span.first : -1;
+    return !only_straight(c) && c.model != KL_TIME_MODEL_EXPLICIT && c.widest_gap <= kWidest
+           && (c.row_pole != nullptr || !has_pole_formula(c.pole));
 }
 
 TaiInstant tai_of(const Correlation &c, long scale, double time_days)
@@ -307,11 +253,11 @@ TaiInstant tai_of(const Correlation &c, long scale, double time_days)
     case KL_TIME_TAI:
         return {given, row_before(c, given)};
     case KL_TIME_GPS: {
-        const SplitDay near = shifted(kGpsAfterFormula);
+        const SplitDay near = shifted(kTaiMinusGps);
         const long row = row_before(c, near);
         const bool formula = row == c.n_rows - 1 && c.no_extrapolation == 0 && days_to(c.rows[row], near) < 0.0
                              && c.model != KL_TIME_MODEL_EXPLICIT;
-        return {shifted(formula ? kGpsAfterFormula : c.rows[std::max(row, 0L)].tai_gps), row};
+        return {shifted(formula ? kTaiMinusGps : c.rows[std::max(row, 0L)].tai_gps), row};
     }
     case KL_TIME_UTC: {
         // The value of the row before; at the leap second of the id that of the row after, from its instant on.

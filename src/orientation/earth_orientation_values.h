@@ -4,6 +4,8 @@
 
 #include "time/correlation.h"
 
+#include <algorithm>
+
 // An instant of a scale as day number (MJD2000) and fraction, so that its digits are those of the caller's double.
 struct SplitDay {
     long day;
@@ -15,13 +17,15 @@ struct Motion {
     double value, rate, acceleration;
 };
 
+constexpr double kTaiMinusGps = 19.0; // s, as GPS is defined
+
 enum EopNotes { kEopOutsideTable = 1, kEopNoPole = 2, kEopByFormula = 4 };
 
 struct EopValues {
+    long notes;          // sum of EopNotes
+    double tai_utc;      // s; inside a leap second the value before it
     Motion tai_ut1;      // s
     Motion x, y, dx, dy; // rad
-    double tai_utc;      // s; inside a leap second the value before it
-    long notes;          // sum of EopNotes
 };
 
 // An instant of TAI and a row of the correlation nearby.
@@ -33,8 +37,14 @@ struct TaiInstant {
 // At an instant of TAI with `order` derivatives; the search of the row starts at `near`.
 void eop_values(const Correlation &correlation, const SplitDay &tai, long near, int order, EopValues *out);
 
-// The first of the four rows with poles whose cubic serves an instant of TAI; -1 where eop_values goes another way.
-long first_row_of_cubic(const Correlation &correlation, const SplitDay &tai, long near);
+// Does a cubic serve every instant between the rows, the pole included? Where it does not, eop_values chooses.
+bool cubic_serves(const Correlation &correlation);
+
+// The first of the four rows of the instants between a row and the next one.
+inline long first_of_four(const Correlation &correlation, long row)
+{
+    return std::clamp(row - 1, 0L, correlation.n_rows - 4);
+}
 
 // The same instant in TAI; `scale` one of KL_TIME_TAI to KL_TIME_GPS. UT1 is that of the rows, without corrections.
 TaiInstant tai_of(const Correlation &correlation, long scale, double time_days);

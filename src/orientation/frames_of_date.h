@@ -32,9 +32,8 @@ constexpr double kFrameBias[3][3] = {
 //   1 - a X^2, -a X Y, -X;  -a X Y, 1 - a Y^2, -Y;  X, Y, 1 - a (X^2 + Y^2),  a = 1/(1 + sqrt(1 - X^2 - Y^2)).
 // Source: IERS Conventions (2010), equation 5.10.
 template <int order, class T>
-inline JetMatrix<T> pole_matrix(const Jet<T> &x, const Jet<T> &y)
+inline void pole_matrix(const Jet<T> &x, const Jet<T> &y, JetMatrix<T> &out)
 {
-    JetMatrix<T> out;
     const T xx = x.value * x.value;
     const T xy = x.value * y.value;
     const T yy = y.value * y.value;
@@ -78,20 +77,17 @@ inline JetMatrix<T> pole_matrix(const Jet<T> &x, const Jet<T> &y)
             out.acceleration[2][2] = out.acceleration[0][0] + out.acceleration[1][1];
         }
     }
-    return out;
 }
 
 template <class T>
-inline JetMatrix<T> constant_matrix(bool bias)
+inline void constant_matrix(bool bias, JetMatrix<T> &out)
 {
-    JetMatrix<T> out;
     for (int i = 0; i < 3; ++i)
         for (int k = 0; k < 3; ++k) {
             out.m[i][k] = bias ? kFrameBias[k][i] : i == k ? 1.0 : 0.0; // EME2000 -> GCRS
             out.rate[i][k] = 0.0;
             out.acceleration[i][k] = 0.0;
         }
-    return out;
 }
 
 // a <- a EME2000 -> GCRS: the bias stands first, behind everything that turns.
@@ -121,18 +117,23 @@ inline void sin_cos_small(const T &angle, T &sine, T &cosine)
     cosine = 1.0 - q * (0.5 - q * (1.0 / 24.0 - q * (1.0 / 720.0)));
 }
 
+// Matrices are filled where they stand: a copy of one costs more than the turn by a pole.
+//
 // From the frame of rank `from` to that of a higher rank `to`. The turns about the pole of date (-s, era, s') are one.
 template <int order, class T>
-[[gnu::always_inline]] inline JetMatrix<T> upward_matrix(int from, int to, const EarthAngles<T> &e)
+[[gnu::always_inline]] inline void upward_matrix(int from, int to, const EarthAngles<T> &e, JetMatrix<T> &a)
 {
     const bool through_pole = from <= kRankGcrs && to >= kRankCirs;
     const bool through_rotation = from <= kRankCirs && to >= kRankTirs;
     const bool through_wobble = from <= kRankTirs && to == kRankItrs;
     const bool biased = from == kRankEme2000;
     if (!through_pole && !through_rotation && !through_wobble)
-        return constant_matrix<T>(biased && to != from);
+        return constant_matrix(biased && to != from, a);
 
-    JetMatrix<T> a = through_pole ? pole_matrix<order>(e.cip.x, e.cip.y) : constant_matrix<T>(false);
+    if (through_pole)
+        pole_matrix<order>(e.cip.x, e.cip.y, a);
+    else
+        constant_matrix(false, a);
     Jet<T> turned{e.s_prime * 0.0, e.s_prime * 0.0, e.s_prime * 0.0};
     if (through_rotation)
         turned = e.era;
@@ -155,14 +156,13 @@ template <int order, class T>
     }
     if (biased)
         after_bias<order>(a);
-    return a;
 }
 
 template <int order, class T>
-[[gnu::always_inline]] inline JetMatrix<T> frame_matrix(int from, int to, const EarthAngles<T> &e)
+[[gnu::always_inline]] inline void frame_matrix(int from, int to, const EarthAngles<T> &e, JetMatrix<T> &a)
 {
     const bool back = from > to;
-    JetMatrix<T> a = upward_matrix<order>(back ? to : from, back ? from : to, e);
+    upward_matrix<order>(back ? to : from, back ? from : to, e, a);
     if (back) {
         transpose(a.m);
         if (order >= 1)
@@ -170,7 +170,6 @@ template <int order, class T>
         if (order >= 2)
             transpose(a.acceleration);
     }
-    return a;
 }
 
 } // namespace KL_SET

@@ -5,16 +5,16 @@
 #include "numbers/kernels.h"
 #include "orientation/earth_orientation_values.h"
 
-// An instant as the kernels take it: what the correlation says of it, nothing of precession and nutation yet.
+// An instant as the kernels take it: what the correlation says of it, nothing of precession and nutation yet. Days are
+// whole (MJD2000), apart from their fractions.
 struct OrientationInstant {
-    long tt_day;        // MJD2000
-    double tt_fraction; // of that day
-    double ut1_day, ut1_fraction;
-    EopValues eop;
-    // Or, where a cubic serves, its four rows and the instant of TAI: then UT1 and the values follow in the kernel.
+    double tai_day, tai_fraction, tt_day, tt_fraction;
+    // Where a cubic serves, its four rows and what stands of the pole beside them, or null where nothing does: UT1 and
+    // the values follow in the kernel.
     const kl_time_row *rows;
     const double (*poles)[4];
-    double tai_day, tai_fraction;
+    EopValues eop; // without rows; the notes always
+    double ut1_day, ut1_fraction;
 };
 
 // What is known of the Earth at an instant: radians, seconds.
@@ -33,12 +33,9 @@ struct OrientationPath {
 bool orientation_instant(const Correlation &correlation, long scale, double time_days, int order,
                          OrientationInstant *out);
 
-// The same where a cubic serves, of scales other than UT1, without UT1 and the values. False elsewhere.
-bool orientation_rows(const Correlation &correlation, long scale, double time_days, OrientationInstant *out);
-
 // Those of a call are all with rows or all without.
-// Matrices with `order` derivatives: m[i], rate[i], acceleration[i] of instant i, rows of three; unused ones may be
-// null.
+// Matrices with `order` derivatives: m[i], rate[i], acceleration[i] of instant i, rows of three; derivatives beyond are
+// zero.
 KL_KERNEL(orientation_matrices, (const OrientationInstant *instants, long n, const OrientationPath &path, int order,
                                  double (*m)[9], double (*rate)[9], double (*acceleration)[9]));
 

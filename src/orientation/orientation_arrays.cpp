@@ -6,6 +6,8 @@
 #include "orientation/orientation.h"
 #include "orientation/requests.h"
 
+#include <algorithm>
+
 namespace {
 
 struct Block {
@@ -15,10 +17,10 @@ struct Block {
     long place[kBlock]; // of the instant of each element among them; -1 leaves it to the scalar call, which refuses it
 };
 
-// Prepares the instants of a block, equal neighbours once: where a cubic serves all of them with their rows, else by
-// their values.
-void prepare(const OrientationRequest &request, const OrientationPath &path, const double *time, long count, int order,
-             Block *block, LeftOver *left)
+// Prepares the instants of a block, equal neighbours once: by the rows where they serve all of them, else by their
+// values.
+void prepare(const OrientationRequest &request, RowInstants *rows, const OrientationPath &path, const double *time,
+             long count, int order, Block *block, LeftOver *left)
 {
     bool nothing_to_say = true;
     const auto prepare_all = [&](const auto &prepares) {
@@ -35,12 +37,11 @@ void prepare(const OrientationRequest &request, const OrientationPath &path, con
         }
     };
     bool all_by_rows = true;
-    prepare_all([&](double days, OrientationInstant *out) {
-        all_by_rows = all_by_rows && orientation_rows(*request.correlation, request.scale, days, out);
-        return all_by_rows;
-    });
+    prepare_all([&](double days, OrientationInstant *out) { return all_by_rows = all_by_rows && rows->at(days, out); });
     if (!all_by_rows)
-        prepare_all([&](double days, OrientationInstant *out) { return prepared(request, &days, order, out); });
+        prepare_all([&](double days, OrientationInstant *out) {
+            return orientation_instant(*request.correlation, request.scale, days, order, out);
+        });
     for (long k = 0; k < count && !nothing_to_say; ++k)
         if (block->place[k] < 0)
             left->add(k);
@@ -83,20 +84,21 @@ long kl_iers_matrix_n(kl_time_id *time_id, const long *n, const long *correction
                                   ddr[i]);
     };
     Block block;
+    RowInstants rows(*request.correlation, request.scale);
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
-        prepare(request, path, time + first, count, order, &block, &left);
+        prepare(request, &rows, path, time + first, count, order, &block, &left);
+        if (block.n == count) { // every element has its own
+            orientation_matrices_kernel()(block.instants, count, path, order, r + first, dr + first, ddr + first);
+            return true;
+        }
         orientation_matrices_kernel()(block.instants, block.n, path, order, block.m, block.rate, block.acceleration);
         for (long k = 0; k < count; ++k) {
             const long p = block.place[k];
             if (p < 0)
                 continue;
-            const auto copy = [&](const double(&from)[9], bool wanted, double *to) {
-                for (int i = 0; i < 9; ++i)
-                    to[i] = wanted ? from[i] : 0.0;
-            };
-            copy(block.m[p], true, r[first + k]);
-            copy(block.rate[p], order >= 1, dr[first + k]);
-            copy(block.acceleration[p], order >= 2, ddr[first + k]);
+            std::copy_n(block.m[p], 9, r[first + k]);
+            std::copy_n(block.rate[p], 9, dr[first + k]);
+            std::copy_n(block.acceleration[p], 9, ddr[first + k]);
         }
         return true;
     });
@@ -125,8 +127,9 @@ long kl_iers_change_n(kl_time_id *time_id, const long *n, const long *correction
                                   element(vel, i), element(acc, i), pos_out[i], vel_out[i], acc_out[i]);
     };
     Block block;
+    RowInstants rows(*request.correlation, request.scale);
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
-        prepare(request, path, time + first, count, order, &block, &left);
+        prepare(request, &rows, path, time + first, count, order, &block, &left);
         if (block.n == count) { // every element has its own
             orientation_states_kernel()(block.instants, count, path, order, pos + first, at_or_null(vel, first),
                                         at_or_null(acc, first), pos_out + first, vel_out + first, acc_out + first);

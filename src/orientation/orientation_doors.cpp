@@ -25,12 +25,6 @@ double (*one_matrix(double *m))[9]
     return reinterpret_cast<double(*)[9]>(m);
 }
 
-void clear_nine(double *m)
-{
-    for (int i = 0; i < 9; ++i)
-        m[i] = 0.0;
-}
-
 } // namespace
 
 long earth_orientation_of_one(kl_time_id *time_id, const long *corrections, const long *time_ref, const double *time,
@@ -38,7 +32,8 @@ long earth_orientation_of_one(kl_time_id *time_id, const long *corrections, cons
 {
     const OrientationRequest request = request_of(time_id, corrections, time_ref);
     OrientationInstant instant;
-    if (request.correlation == nullptr || out == nullptr || !prepared(request, time, 0, &instant))
+    if (request.correlation == nullptr || out == nullptr || time == nullptr || !inside_processing_range(*time)
+        || !orientation_instant(*request.correlation, request.scale, *time, 0, &instant))
         return KL_ERR;
     Orientation v;
     orientation_values_kernel()(&instant, 1, request.corrections, &v);
@@ -69,12 +64,8 @@ long iers_matrix_of_one(kl_time_id *time_id, const long *corrections, const long
         || dr == nullptr || ddr == nullptr || !prepared(request, time, order_of(*calc_mode), &instant))
         return KL_ERR;
     const OrientationPath path = path_of(*cs_in, *cs_out, request.corrections);
-    const int order = order_of(*calc_mode);
-    if (order < 1)
-        clear_nine(dr);
-    if (order < 2)
-        clear_nine(ddr);
-    orientation_matrices_kernel()(&instant, 1, path, order, one_matrix(r), one_matrix(dr), one_matrix(ddr));
+    orientation_matrices_kernel()(&instant, 1, path, order_of(*calc_mode), one_matrix(r), one_matrix(dr),
+                                  one_matrix(ddr));
     return status_of(path, instant.eop.notes);
 }
 

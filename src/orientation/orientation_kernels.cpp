@@ -64,58 +64,58 @@ EopOf<T> given_eop(const OrientationInstant *in)
             gathered<T>(in, [](const OrientationInstant &i) { return i.ut1_fraction; })};
 }
 
-// rad: x, y, dX, dY of a row.
-template <class T>
-void gathered_pole(const OrientationInstant *in, int row, T (&pole)[4])
+// The pole and its offsets from the weights of their rows.
+template <int order, class T>
+void add_pole(const OrientationInstant *in, const Jet<T> (&w)[4], EopOf<T> *out)
 {
-    if constexpr (lanes_of<T> == 1) {
-        std::memcpy(pole, in->poles[row], sizeof pole);
+    if constexpr (lanes_of<T> == 1) { // x, y, dX, dY side by side
+        constexpr int width = kLanes < 4 ? kLanes : 4;
+        Jet<T> *const to[4] = {&out->x, &out->y, &out->dx, &out->dy};
+        for (int first = 0; first < 4; first += width) {
+            Pack<width> pole[4];
+            for (int k = 0; k < 4; ++k)
+                pole[k] = load<Pack<width>>(in->poles[k] + first) * kRadPerArcsecond;
+            const Jet<Pack<width>> sums = weighted<order>(w, pole);
+            for (int i = 0; i < width; ++i)
+                *to[first + i] = {sums.value[i], sums.rate[i], sums.acceleration[i]};
+        }
     } else {
-        const double *from[lanes_of<T>];
-        for (int i = 0; i < lanes_of<T>; ++i)
-            from[i] = in[i].poles[row];
-        ::gather(from, pole);
+        T columns[4][4];
+        for (int k = 0; k < 4; ++k) {
+            const double *from[lanes_of<T>];
+            for (int i = 0; i < lanes_of<T>; ++i)
+                from[i] = in[i].poles[k];
+            T pole[4];
+            ::gather(from, pole);
+            for (int j = 0; j < 4; ++j)
+                columns[j][k] = pole[j] * kRadPerArcsecond;
+        }
+        out->x = weighted<order>(w, columns[0]);
+        out->y = weighted<order>(w, columns[1]);
+        out->dx = weighted<order>(w, columns[2]);
+        out->dy = weighted<order>(w, columns[3]);
     }
-    for (T &coordinate : pole)
-        coordinate = coordinate * kRadPerArcsecond;
 }
 
 template <int order, class T>
-EopOf<T> eop_of_rows(const OrientationInstant *in)
+EopOf<T> eop_of_rows(const OrientationInstant *in, const T &day, const T &fraction)
 {
-    const T day = gathered<T>(in, [](const OrientationInstant &i) { return i.tai_day; });
-    const T fraction = gathered<T>(in, [](const OrientationInstant &i) { return i.tai_fraction; });
-    T ahead[4], tai_ut1[4], columns[4][4];
+    T ahead[4], tai_ut1[4];
     for (int k = 0; k < 4; ++k) {
         ahead[k] = (gathered<T>(in, [k](const OrientationInstant &i) { return i.rows[k].tai; }) - day) - fraction;
         tai_ut1[k] = gathered<T>(in, [k](const OrientationInstant &i) { return i.rows[k].tai_ut1; });
-        T pole[4];
-        gathered_pole(in, k, pole);
-        for (int j = 0; j < 4; ++j)
-            columns[j][k] = pole[j];
     }
-    const RowWeights<T> w = row_weights<order>(ahead);
-    EopOf<T> out = {weighted<order>(w, tai_ut1),
-                    weighted<order>(w, columns[0]),
-                    weighted<order>(w, columns[1]),
-                    weighted<order>(w, columns[2]),
-                    weighted<order>(w, columns[3]),
-                    day,
-                    fraction};
+    Jet<T> w[4];
+    row_weights<order>(ahead, w);
+    EopOf<T> out{};
+    out.tai_ut1 = weighted<order>(w, tai_ut1);
+    if (in->poles != nullptr)
+        add_pole<order>(in, w, &out);
     const T behind = fraction - out.tai_ut1.value / kSecondsPerDay;
     const T carry = floor(behind);
     out.ut1_day = day + carry;
     out.ut1_fraction = behind - carry;
     return out;
-}
-
-template <class T>
-PoleNodes<T> gathered_nodes(const OrientationInstant *in)
-{
-    PoleRows rows[lanes_of<T>];
-    for (int i = 0; i < lanes_of<T>; ++i)
-        rows[i] = pole_rows(in[i].tt_day);
-    return pole_nodes<T>(rows);
 }
 
 // GMST + pi, the argument of the tides. Source: IERS Conventions (2010), chapters 5 and 8.
@@ -143,21 +143,28 @@ struct Angles {
 
 // Inlined, with what uses its result: derivatives beyond the order are then not computed.
 template <int order, class T>
-[[gnu::always_inline]] inline Angles<T> angles_of(const OrientationInstant *in, int from, int to, long corrections)
+[[gnu::always_inline]] inline Angles<T> angles_of(const OrientationInstant *in, int low, int high, long corrections)
 {
     Angles<T> out{};
     EarthAngles<T> &e = out.turned;
-    const T tt_fraction = gathered<T>(in, [](const OrientationInstant &i) { return i.tt_fraction; });
-    const T tt_day = gathered<T>(in, [](const OrientationInstant &i) { return static_cast<double>(i.tt_day); });
+    const double *from[lanes_of<T>];
+    double tt_days[lanes_of<T>];
+    for (int i = 0; i < lanes_of<T>; ++i) {
+        from[i] = &in[i].tai_day;
+        tt_days[i] = in[i].tt_day;
+    }
+    T times[4];
+    ::gather(from, times);
+    const auto &[tai_day, tai_fraction, tt_day, tt_fraction] = times;
     const T t = ((tt_day - 0.5) + tt_fraction) * (1.0 / kDaysPerCentury);
-    const EopOf<T> eop = in->rows != nullptr ? eop_of_rows<order, T>(in) : given_eop<T>(in);
-    if (from <= kRankGcrs && to >= kRankCirs) {
-        e.cip = celestial_pole<order>(gathered_nodes<T>(in), tt_fraction, t);
+    const EopOf<T> eop = in->rows != nullptr ? eop_of_rows<order, T>(in, tai_day, tai_fraction) : given_eop<T>(in);
+    if (low <= kRankGcrs && high >= kRankCirs) {
+        e.cip = celestial_pole<order>(tt_days, tt_fraction, t);
         add(e.cip.x, eop.dx);
         add(e.cip.y, eop.dy);
         separate_origin<order>(e.cip);
     }
-    if (to < kRankTirs)
+    if (high < kRankTirs)
         return out;
 
     const T day = eop.ut1_day;
@@ -201,23 +208,23 @@ void scatter(const T (&m)[3][3], double (*out)[9])
 }
 
 template <int order, class T>
-JetMatrix<T> matrix_of(const OrientationInstant *in, const OrientationPath &path)
+void matrix_of(const OrientationInstant *in, const OrientationPath &path, JetMatrix<T> &a)
 {
     const int low = path.from < path.to ? path.from : path.to;
     const int high = path.from < path.to ? path.to : path.from;
-    return frame_matrix<order>(path.from, path.to, angles_of<order, T>(in, low, high, path.corrections).turned);
+    frame_matrix<order>(path.from, path.to, angles_of<order, T>(in, low, high, path.corrections).turned, a);
 }
 
 template <int order, class T>
 void matrices(const OrientationInstant *in, const OrientationPath &path, double (*m)[9], double (*rate)[9],
               double (*acceleration)[9])
 {
-    const JetMatrix<T> a = matrix_of<order, T>(in, path);
+    JetMatrix<T> a;
+    matrix_of<order>(in, path, a);
+    constexpr T kNone[3][3] = {};
     scatter(a.m, m);
-    if (order >= 1)
-        scatter(a.rate, rate);
-    if (order >= 2)
-        scatter(a.acceleration, acceleration);
+    scatter(order >= 1 ? a.rate : kNone, rate);
+    scatter(order >= 2 ? a.acceleration : kNone, acceleration);
 }
 
 template <int order>
@@ -226,11 +233,9 @@ void all_matrices(const OrientationInstant *in, long n, const OrientationPath &p
 {
     long i = 0;
     for (; i + kLanes <= n; i += kLanes)
-        matrices<order, Lanes>(in + i, path, m + i, order >= 1 ? rate + i : nullptr,
-                               order >= 2 ? acceleration + i : nullptr);
+        matrices<order, Lanes>(in + i, path, m + i, rate + i, acceleration + i);
     for (; i < n; ++i)
-        matrices<order, double>(in + i, path, m + i, order >= 1 ? rate + i : nullptr,
-                                order >= 2 ? acceleration + i : nullptr);
+        matrices<order, double>(in + i, path, m + i, rate + i, acceleration + i);
 }
 
 // ---- states ----
@@ -319,10 +324,16 @@ template <int order>
 void all_states(const OrientationInstant *in, long n, const OrientationPath &path, const States &states)
 {
     long i = 0;
-    for (; i + kLanes <= n; i += kLanes)
-        turn_at<order>(matrix_of<order, Lanes>(in + i, path), states, i);
-    for (; i < n; ++i)
-        turn_at<order>(matrix_of<order, double>(in + i, path), states, i);
+    for (; i + kLanes <= n; i += kLanes) {
+        JetMatrix<Lanes> a;
+        matrix_of<order>(in + i, path, a);
+        turn_at<order>(a, states, i);
+    }
+    for (; i < n; ++i) {
+        JetMatrix<double> a;
+        matrix_of<order>(in + i, path, a);
+        turn_at<order>(a, states, i);
+    }
 }
 
 template <int order, class T>

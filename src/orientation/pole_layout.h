@@ -8,9 +8,8 @@ constexpr long kPoleLastDay = 36536;   // 2100-01-12
 constexpr long kPoleNodes = kPoleLastDay - kPoleFirstDay + 1;
 constexpr double kPoleUnit = 0.1; // microarcseconds a count, of X, Y and s + XY/2
 
-// The file: X, Y as 32-bit counts, s + XY/2 as 16-bit counts, each without its polynomial.
-constexpr long kPoleXOffset = 0;
-constexpr long kPoleYOffset = 4 * kPoleNodes;
+// The file: X and Y of each node side by side as 32-bit counts, s + XY/2 as 16-bit counts, each without its polynomial.
+constexpr long kPoleXyOffset = 0;
 constexpr long kPoleSOffset = 8 * kPoleNodes;
 constexpr long kPoleFileSize = 10 * kPoleNodes;
 

@@ -4,18 +4,15 @@
 #include "orientation/pole_layout.h"
 
 // The assembler is told the numbers of pole_layout.h in text.
-#define X_OFFSET 0
-#define Y_OFFSET 219244
+#define XY_OFFSET 0
 #define S_OFFSET 438488
 #define S_SIZE 109622
-static_assert(kPoleXOffset == X_OFFSET && kPoleYOffset == Y_OFFSET && kPoleSOffset == S_OFFSET
-              && kPoleFileSize == S_OFFSET + S_SIZE);
+static_assert(kPoleXyOffset == XY_OFFSET && kPoleSOffset == S_OFFSET && kPoleFileSize == S_OFFSET + S_SIZE);
 
 // clang-format off
 __asm__(".pushsection .rodata.pole, \"a\", %progbits\n"
         ".balign 64\n"
-        KL_BINARY_TABLE(POLE_FILE, "kl_pole_x", KL_TEXT(X_OFFSET), KL_TEXT(Y_OFFSET))
-        KL_BINARY_TABLE(POLE_FILE, "kl_pole_y", KL_TEXT(Y_OFFSET), KL_TEXT(Y_OFFSET))
+        KL_BINARY_TABLE(POLE_FILE, "kl_pole_xy", KL_TEXT(XY_OFFSET), KL_TEXT(S_OFFSET))
         KL_BINARY_TABLE(POLE_FILE, "kl_pole_s", KL_TEXT(S_OFFSET), KL_TEXT(S_SIZE))
         ".popsection\n");
 // clang-format on

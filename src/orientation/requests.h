@@ -5,6 +5,7 @@
 #include "kl/orientation.h"
 #include "orientation/frames_of_date.h"
 #include "orientation/orientation.h"
+#include "orientation/row_instants.h"
 #include "time/scales.h"
 #include "time/time_record.h"
 
@@ -26,10 +27,12 @@ inline OrientationRequest request_of(const kl_time_id *time_id, const long *corr
     return {correlation_of(time_id), *corrections, *time_ref};
 }
 
+// By the rows where they serve, else by the values.
 inline bool prepared(const OrientationRequest &request, const double *time, int order, OrientationInstant *instant)
 {
     return time != nullptr && inside_processing_range(*time)
-           && orientation_instant(*request.correlation, request.scale, *time, order, instant);
+           && (RowInstants(*request.correlation, request.scale).at(*time, instant)
+               || orientation_instant(*request.correlation, request.scale, *time, order, instant));
 }
 
 inline bool is_frame(const long *cs)

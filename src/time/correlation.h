@@ -47,6 +47,7 @@ struct Correlation {
     // What follows from the rows, by complete():
     QuietSpan quiet;
     long leap_first, leap_last; // rows in which the leap second may matter
+    double widest_gap;          // days from one row to the next
     double rows_per_day;        // of an evenly spaced table; where the search of an uneven one starts
 };
 

@@ -15,10 +15,12 @@ inline constexpr kl_time_row kNoRow[2] = {{kRowFarDays, kRowFarDays, kRowFarDays
 class RowFinder {
 public:
     RowFinder(const Correlation *correlation, long ref)
-        : correlation_(correlation), ref_(ref),
-          is_table_(!is_empty(correlation) && correlation->model != KL_TIME_MODEL_EXPLICIT)
+        : correlation_(correlation), ref_(ref), column_(ref == KL_TIME_TAI   ? &kl_time_row::tai
+                                                        : ref == KL_TIME_UT1 ? &kl_time_row::ut1
+                                                                             : &kl_time_row::utc),
+          last_(!is_empty(correlation) && correlation->model != KL_TIME_MODEL_EXPLICIT ? correlation->n_rows - 1 : -1)
     {
-        if (is_table_)
+        if (is_table())
             return;
         if (!is_empty(correlation))
             always_[0] = always_[1] = correlation->rows[0];
@@ -31,40 +33,47 @@ public:
 
     // The row with column(row) <= days < column(row + 1), the next one behind it; kNoRow outside the table and where
     // the leap second may matter.
-    const kl_time_row *at(double days) { return holds(days) ? row_ : searched(days); }
+    const kl_time_row *at(double days)
+    {
+        if (holds(days) || !is_table() || lies_in(guessed_row(*correlation_, days), days))
+            return row_;
+        return searched(days);
+    }
 
-    [[nodiscard]] bool is_table() const { return is_table_; }
+    [[nodiscard]] bool is_table() const { return last_ >= 0; }
     // Of the row of the last call: where it lies on the scale, and whether this instant lies in it too.
     [[nodiscard]] const kl_time_row *row() const { return row_; }
-    [[nodiscard]] bool holds(double days) const { return days >= begin_ && days < end_; }
+    [[nodiscard]] bool holds(double days) const
+    {
+        return (static_cast<int>(days >= begin_) & static_cast<int>(days < end_)) != 0; // one branch, not two
+    }
     [[nodiscard]] double begin() const { return begin_; }
     [[nodiscard]] double end() const { return end_; }
 
 private:
+    [[nodiscard]] double start_of(const kl_time_row &row) const
+    {
+        return ref_ == KL_TIME_GPS ? row.tai - row.tai_gps / KL_SECONDS_PER_DAY : row.*column_;
+    }
+
+    // Takes the row of this number, if there is one, as that of the last call. Does the instant lie in it?
+    bool lies_in(long i, double days)
+    {
+        if (i < 0 || i >= last_ || !away_from_leap_second(*correlation_, i))
+            return false;
+        row_ = correlation_->rows + i;
+        begin_ = start_of(row_[0]);
+        end_ = start_of(row_[1]);
+        return holds(days);
+    }
+
     [[gnu::noinline]] const kl_time_row *searched(double days)
     {
-        if (!is_table_)
+        const long guess = guessed_row(*correlation_, days);
+        if (guess >= 0 && lies_in(guess + 1, days)) // midnights: rounding, and scales apart from TAI
             return row_;
-        const long row = with_column(ref_, [&](auto column) {
-            const kl_time_row *rows = correlation_->rows;
-            const long last = correlation_->n_rows - 1;
-            const auto lies_in = [&](long i) {
-                if (i < 0 || i >= last)
-                    return false;
-                begin_ = column(rows[i]);
-                end_ = column(rows[i + 1]);
-                return holds(days);
-            };
-            const long guess = guessed_row(*correlation_, days);
-            if (lies_in(guess))
-                return guess;
-            if (guess >= 0 && days >= end_ && lies_in(guess + 1)) // midnights: rounding, and scales apart from TAI
-                return guess + 1;
-            const long found = row_of(*correlation_, ref_, days);
-            return lies_in(found) ? found : -1;
-        });
-        if (row >= 0 && away_from_leap_second(*correlation_, row))
-            return row_ = correlation_->rows + row;
+        if (lies_in(row_of(*correlation_, ref_, days), days))
+            return row_;
         begin_ = kNoRow[0].tai;
         end_ = kNoRow[1].tai;
         return row_ = kNoRow;
@@ -72,8 +81,9 @@ private:
 
     const Correlation *correlation_;
     long ref_;
-    bool is_table_;
-    const kl_time_row *row_ = kNoRow; // of the last call
+    double kl_time_row::*column_;
+    long last_; // row; -1: no table
+    const kl_time_row *row_ = kNoRow;
     double begin_ = kNoRow[0].tai, end_ = kNoRow[1].tai;
     kl_time_row always_[2] = {}; // where the correlation is no table
 };

@@ -151,6 +151,9 @@ bool complete(Correlation *correlation)
     const kl_time_row *rows = correlation->rows;
     const long n = correlation->n_rows;
     correlation->rows_per_day = n > 1 ? static_cast<double>(n - 1) / (rows[n - 1].tai - rows[0].tai) : 0.0;
+    correlation->widest_gap = 0.0;
+    for (long i = 1; i < n; ++i)
+        correlation->widest_gap = std::max(correlation->widest_gap, rows[i].tai - rows[i - 1].tai);
     if (!find_leap_second(*correlation, &correlation->leap))
         return false;
     find_rows_of_leap_second(correlation);
