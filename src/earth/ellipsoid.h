@@ -40,11 +40,20 @@ inline Ellipsoid ellipsoid_of(const EarthModel &earth)
     return ellipsoid_of_constants(earth.semi_major_axis, earth.flattening);
 }
 
-// a/b; that of the Earth's own ellipsoid is divided beforehand.
-inline double stretch_of(double flattening)
+// What makes a sphere of the ellipsoid along its axis.
+struct Stretch {
+    double once, twice; // a/b and its square
+};
+constexpr Stretch divided_stretch(double flattening)
 {
-    constexpr double kOfTheEarth = 1.0 / (1.0 - KL_EARTH_FLATTENING);
-    return flattening == KL_EARTH_FLATTENING ? kOfTheEarth : 1.0 / (1.0 - flattening);
+    const double k = 1.0 - flattening;
+    return {1.0 / k, 1.0 / (k * k)};
+}
+// The Earth's own is divided beforehand.
+inline Stretch stretch_of(double flattening)
+{
+    constexpr Stretch kOfTheEarth = divided_stretch(KL_EARTH_FLATTENING);
+    return flattening == KL_EARTH_FLATTENING ? kOfTheEarth : divided_stretch(flattening);
 }
 
 // Across and along the meridian, m, at the latitude of this sine.

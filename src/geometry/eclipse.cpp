@@ -3,14 +3,18 @@
 #include <algorithm>
 #include <cmath>
 
-Shadow find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double sun[3], double margin)
+Shadow find_shadow(const Outlook &outlook, const double pos[3], const double sun[3])
 {
     // The way to a Sun so far that products leave the range is shortened by a power of two.
     constexpr double kFar = 0x1p160;
     const double size = std::max({std::fabs(sun[0]), std::fabs(sun[1]), std::fabs(sun[2])});
-    const double scale = size > kFar ? std::ldexp(1.0, 40 - std::ilogb(size)) : 1.0;
-    const double to_sun[3] = {scale * sun[0] - scale * pos[0], scale * sun[1] - scale * pos[1],
-                              scale * sun[2] - scale * pos[2]};
+    double scale = 1.0;
+    double to_sun[3] = {sun[0] - pos[0], sun[1] - pos[1], sun[2] - pos[2]};
+    if (size > kFar) {
+        scale = std::ldexp(1.0, 40 - std::ilogb(size));
+        for (int i = 0; i < 3; ++i)
+            to_sun[i] = scale * sun[i] - scale * pos[i];
+    }
     SightPlane<double> plane;
     cross(pos, to_sun, plane.normal);
     plane.product = plane.length = std::sqrt(dot3(plane.normal, plane.normal));
@@ -21,5 +25,5 @@ Shadow find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double
         cross(pos, plane.normal, plane.normal);
         plane.length = std::sqrt(dot3(plane.normal, plane.normal));
     }
-    return shadow_of(limb_view(ellipsoid, pos, to_sun, plane, ellipsoid.a + margin, scale));
+    return shadow_of(limb_view(outlook.ellipsoid, pos, outlook.at, to_sun, plane, outlook.radius, scale));
 }

@@ -58,13 +58,12 @@ struct SightPlane {
 // tan(psi) is a root of q2 t^2 + 2 q1 t + q0, written without its differences, and so is theta - psi, with theta the
 // angle from the centre to the Sun.
 template <class T>
-LimbView<T> limb_view(const Ellipsoid &ellipsoid, const T *pos, const T *to_sun, const SightPlane<T> &plane,
-                      const T &radius, const T &scale)
+LimbView<T> limb_view(const Ellipsoid &ellipsoid, const T *pos, const Stretched<T> &at, const T *to_sun,
+                      const SightPlane<T> &plane, const T &radius, const T &scale)
 {
     const T *normal = plane.normal;
-    const double per_k2 = 1.0 / (ellipsoid.k * ellipsoid.k);
+    const double per_k2 = stretch_of(ellipsoid.f).twice;
     const double stretch = ellipsoid.e2 * per_k2; // 1/k^2 - 1
-    const Stretched<T> at = stretched(ellipsoid, pos, radius);
     const T flat = normal[0] * normal[0] + normal[1] * normal[1];
     const T upright = normal[2] * normal[2];
     const T tilt = normal[0] * pos[1] - normal[1] * pos[0]; // z of what stands at right angles to pos in the plane
@@ -144,13 +143,21 @@ ShadowOf<T> shadow_of(const LimbView<T> &v)
 
 } // namespace KL_SET
 
-// Positions from the centre of the Earth, m, in axes whose z is the Earth's; `margin` raises the ellipsoid.
-inline bool is_inside(const Ellipsoid &ellipsoid, const double pos[3], double margin)
-{
-    return !(stretched(ellipsoid, pos, ellipsoid.a + margin).above >= 0.0);
-}
+// Positions from the centre of the Earth, m, in axes whose z is the Earth's; `margin` raises the ellipsoid. The bounds
+// above are the caller's to check.
+struct Outlook {
+    Ellipsoid ellipsoid;
+    double radius; // m
+    Stretched<double> at;
 
-// The bounds above are the caller's to check, and that the position is not inside.
-Shadow find_shadow(const Ellipsoid &ellipsoid, const double pos[3], const double sun[3], double margin);
+    Outlook(const EarthModel &earth, const double pos[3], double margin)
+        : ellipsoid(ellipsoid_of(earth)), radius(ellipsoid.a + margin), at(stretched(ellipsoid, pos, radius))
+    {
+    }
+    [[nodiscard]] bool is_inside() const { return !(at.above >= 0.0); }
+};
+
+// Of a position that is not inside.
+Shadow find_shadow(const Outlook &outlook, const double pos[3], const double sun[3]);
 
 #endif

@@ -30,7 +30,10 @@ bool is_near_enough(const double pos[3])
 
 bool is_sun(const double sun[3])
 {
-    return is_finite3(sun) && dot3(sun, sun) >= kNearestSun * kNearestSun;
+    if (sun == nullptr)
+        return false;
+    const double square = dot3(sun, sun);
+    return square >= kNearestSun * kNearestSun && (square < HUGE_VAL || finite(sun)); // a square may leave the range
 }
 
 void hand_out(const Shadow &shadow, long *state, double *fraction, double *depth)
@@ -97,9 +100,11 @@ long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3],
     Activation call(KL_FN_ECLIPSE, ierr);
     const double raised = margin != nullptr ? *margin : 0.0;
     const EarthModel &earth = model_blocks(model_id).earth;
-    const Ellipsoid ellipsoid = ellipsoid_of(earth);
+    if (pos == nullptr || !is_near_enough(pos))
+        return call.fails(KL_ECLIPSE_POSITION_ERR);
     // With a margin out of range the ellipsoid itself: what is inside that is the first mistake.
-    if (pos == nullptr || !is_near_enough(pos) || is_inside(ellipsoid, pos, is_margin(raised) ? raised : 0.0))
+    const Outlook outlook(earth, pos, is_margin(raised) ? raised : 0.0);
+    if (outlook.is_inside())
         return call.fails(KL_ECLIPSE_POSITION_ERR);
     if (!is_sun(sun))
         return call.fails(KL_ECLIPSE_SUN_ERR);
@@ -109,7 +114,7 @@ long KL_Eclipse(kl_model_id *model_id, const double pos[3], const double sun[3],
         return KL_ERR;
     if (!(earth.semi_major_axis > 0.0))
         return KL_ERR; // its selection was refused
-    hand_out(find_shadow(ellipsoid, pos, sun, raised), state, fraction, depth);
+    hand_out(find_shadow(outlook, pos, sun), state, fraction, depth);
     return call.status();
 }
 
@@ -206,10 +211,10 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
     const EarthModel &earth = model_blocks(model_id).earth;
     if (!(earth.semi_major_axis > 0.0) || (lights && !sun_with_light_time(model_id, time_id, *sky, satellite, sun)))
         return call.fails(KL_ECLIPSE_TRANSFORMATION_ERR);
-    const Ellipsoid ellipsoid = ellipsoid_of(earth);
-    if (is_inside(ellipsoid, satellite, raised))
+    const Outlook outlook(earth, satellite, raised);
+    if (outlook.is_inside())
         return call.fails(KL_ECLIPSE_POSITION_ERR);
-    hand_out(find_shadow(ellipsoid, satellite, sun, raised), state, fraction, depth);
+    hand_out(find_shadow(outlook, satellite, sun), state, fraction, depth);
     const long warned = warning_of_call(time_id, sky->instant);
     if (warned != 0)
         call.warns(static_cast<int>(KL_ECLIPSE_FORMULA_WARN + warned - 1));

@@ -23,7 +23,7 @@ inline long points_on_ellipsoid(const kl_model_id *model_id, const double *pos, 
     const double a = earth.semi_major_axis + margin;
     if (!(earth.semi_major_axis > 0.0 && a > 0.0 && a < HUGE_VAL))
         return -1;
-    return line_meets_axes(a, stretch_of(earth.flattening), pos, dir, t);
+    return line_meets_axes(a, stretch_of(earth.flattening).once, pos, dir, t);
 }
 
 // A number of roots or points, or -1.

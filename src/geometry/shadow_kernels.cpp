@@ -28,11 +28,11 @@ void shadows(const ShadowScene *scene, const double (*pos)[3], const double *mar
                                    0.0,
                                    0.0};
         plane.product = plane.length = sqrt(dot3(plane.normal, plane.normal));
+        const Stretched<Lanes> place = stretched(ellipsoid, at, radius);
         const auto good = (dot3(p, p) <= kFarthestSatellite * kFarthestSatellite) & (kLowestMargin <= raised[0])
-                          & (raised[0] <= kHighestMargin) & (stretched(ellipsoid, at, radius).above >= 0.0)
-                          & (plane.length > 0.0);
+                          & (raised[0] <= kHighestMargin) & (place.above >= 0.0) & (plane.length > 0.0);
         accepted(good, i, count, left);
-        const ShadowOf<Lanes> shadow = shadow_of(limb_view(ellipsoid, at, to_sun, plane, radius, Lanes(1.0)));
+        const ShadowOf<Lanes> shadow = shadow_of(limb_view(ellipsoid, at, place, to_sun, plane, radius, Lanes(1.0)));
         store(shadow.state, out->state + i);
         store(shadow.fraction, out->fraction + i);
         store(shadow.depth, out->depth + i);
