@@ -33,7 +33,7 @@ LIMITS = [
     ("Sun", "series: sines of its arguments"),
     ("Moon", "126 terms with rates of two components, whose operands come from memory; nutation; sines"),
     ("Mars", "series of two planets, and the chain of frames"),
-    ("eclipse, own", "Sun and frame anew, element by element"),
+    ("eclipse, own", "series of the Earth, precession and nutation; arc tangents"),
     ("eclipse", "arc tangents, sines and divisions"),
     ("star", "arc tangents, sines and divisions"),
     ("rotation", "the scalar call, element by element"),

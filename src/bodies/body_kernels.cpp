@@ -1,36 +1,11 @@
 // Kernels of Sun, Moon and planets in the Earth-fixed frame.
 #include "bodies/body_kernels.h"
+#include "bodies/sun_of_date.h"
 #include "ephemerides/moon.h"
 #include "ephemerides/planets.h"
-#include "frames/chain.h"
 #include "numbers/transposed.h"
 
 inline namespace KL_SET {
-
-StateOf<Lanes> state_of(const BodyState<Lanes> &body)
-{
-    StateOf<Lanes> state;
-    state.order = 1;
-    for (int i = 0; i < 3; ++i) {
-        state.pos[i] = body.pos[i];
-        state.vel[i] = body.vel[i];
-        state.acc[i] = 0.0;
-    }
-    return state;
-}
-
-// From the centre of the Earth, mean of date: what the Earth's heliocentric state is, turned round.
-StateOf<Lanes> sun_of_date(const Path &precession, Sky<Lanes> sky, Lanes tdb)
-{
-    StateOf<Lanes> state = state_of(heliocentric_earth(tdb));
-    for (int i = 0; i < 3; ++i) {
-        state.pos[i] = -state.pos[i];
-        state.vel[i] = -state.vel[i];
-    }
-    sky.days = tdb;
-    walk(precession, sky, &state);
-    return state;
-}
 
 // body(sky, tdb) gives the state in the frame where the way begins.
 template <class Body>
@@ -62,8 +37,7 @@ namespace KL_KERNELS {
 
 void suns(BodyBlock *block)
 {
-    const Path precession = path_between(KL_GM2000, KL_MOD);
-    to_earth_fixed(block, KL_MOD, [&](const Sky<Lanes> &sky, Lanes tdb) { return sun_of_date(precession, sky, tdb); });
+    to_earth_fixed(block, KL_MOD, [](const Sky<Lanes> &, Lanes tdb) { return sun_of_date(tdb, 1); });
 }
 
 void moons(BodyBlock *block)

@@ -1,25 +1,10 @@
 // The Sun seen from the Earth, and from a satellite with the light time taken off.
 #include "bodies/bodies.h"
+#include "bodies/sun_of_date.h"
 #include "errors/activation.h"
 #include "frames/doors.h"
 #include "models/model_record.h"
 #include "time/scales.h"
-
-namespace {
-
-// On purpose: 0.499 s, a thousandth of the light time over one AU. Only a start; what it misses stays in the result,
-// since there is one refinement and no more.
-constexpr double kFirstGuess = 5.775518304412127e-6; // days
-
-double distance(const Cord &a, const Cord &b)
-{
-    double sum = 0.0;
-    for (int i = 1; i <= 3; ++i)
-        sum += (a.pos[i] - b.pos[i]) * (a.pos[i] - b.pos[i]);
-    return std::sqrt(sum);
-}
-
-} // namespace
 
 long KL_Sun_PosVel(kl_model_id *model_id, kl_time_id *time_id, const kl_time_record *tdb, Cord *sun,
                    kl_error_record *error)
@@ -63,10 +48,9 @@ long seen_sun(Activation &call, kl_model_id *model_id, kl_time_id *time_id, cons
         departure.value = days;
         return routine != nullptr && routine(model_id, time_id, &departure, sun, nullptr) != KL_ERR;
     };
-    if (!sun_leaves(tdb->value - kFirstGuess))
+    if (!sun_leaves(tdb->value - KL_FIRST_LIGHT_TIME))
         return call.fails(KL_LIGHT_SUN_SUN);
-    const double light_days = distance(*sun, observer) / KL_SPEED_OF_LIGHT / KL_SECONDS_PER_DAY;
-    if (!sun_leaves(tdb->value - light_days))
+    if (!sun_leaves(tdb->value - light_days(sun->pos + 1, observer.pos + 1)))
         return call.fails(KL_LIGHT_SUN_SUN);
 
     *emission = {KL_REF_TAI, KL_FORMAT_MJD2000, tai_of_tdb(departure.value)};

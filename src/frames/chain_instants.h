@@ -5,6 +5,26 @@
 #include "frames/instant_kernels.h"
 #include "time/row_finder.h"
 
+// Equal to the bit?
+inline bool same_instants(const double *days, long count)
+{
+    std::uint64_t differences = 0;
+    for (long k = 1; k < count; ++k)
+        differences |= bits_of(days[k]) ^ bits_of(days[0]);
+    return differences == 0;
+}
+
+// Has neither a change of scale nor a frame change anything to say, or to note, at the instants?
+inline bool all_are_quiet(const TimeIdRecord &id, const double *days, long count)
+{
+    const QuietSpan conversions = steady_span(id, KL_FLAGS_CONVERSION);
+    const QuietSpan changes = steady_span(id, KL_FLAGS_FRAME_CHANGE);
+    bool quiet = true;
+    for (long k = 0; k < count; ++k)
+        quiet = quiet && is_quiet(conversions, days[k]) && is_quiet(changes, days[k]);
+    return quiet;
+}
+
 // By packs where the instants stay inside their rows of the correlation, else one by one.
 class ChainInstants {
 public:

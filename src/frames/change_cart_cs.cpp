@@ -98,15 +98,6 @@ Sky<double> sky_at(const Way &way, bool with_pole, const InstantBlock &at)
     return sky;
 }
 
-// To the bit.
-bool same_instants(const double *time, long count)
-{
-    std::uint64_t differences = 0;
-    for (long k = 1; k < count; ++k)
-        differences |= bits_of(time[k]) ^ bits_of(time[0]);
-    return differences == 0;
-}
-
 // Lists the places that the kernels take and their instants.
 void list_places(const double *time, long count, LeftOver *left, long *place, InstantBlock *block)
 {
@@ -127,20 +118,9 @@ struct Changes {
     ChainInstants instants;
     const TimeIdRecord &id;
 
-    // Is there nothing to say, or to note, at the instants?
-    bool are_quiet(const double *days, long count) const
-    {
-        const QuietSpan conversions = steady_span(id, KL_FLAGS_CONVERSION);
-        const QuietSpan changes = steady_span(id, KL_FLAGS_FRAME_CHANGE);
-        bool quiet = true;
-        for (long k = 0; k < count; ++k)
-            quiet = quiet && is_quiet(conversions, days[k]) && is_quiet(changes, days[k]);
-        return quiet;
-    }
-
     bool at_one_instant(double instant, const StateArrays &states)
     {
-        if (!are_quiet(&instant, 1))
+        if (!all_are_quiet(id, &instant, 1))
             return false;
         if (!way.made || !same_number(instant, way.time)) {
             InstantBlock &at = *instants.block();
@@ -163,7 +143,7 @@ struct Changes {
         list_places(time, count, left, place, &at);
         if (at.count == 0)
             return true;
-        if (!are_quiet(at.days, at.count) || !instants.fill())
+        if (!all_are_quiet(id, at.days, at.count) || !instants.fill())
             return false;
         states.count = at.count;
         states.place = at.count < count ? place : nullptr;

@@ -25,5 +25,6 @@ Shadow find_shadow(const Outlook &outlook, const double pos[3], const double sun
         cross(pos, plane.normal, plane.normal);
         plane.length = std::sqrt(dot3(plane.normal, plane.normal));
     }
-    return shadow_of(limb_view(outlook.ellipsoid, pos, outlook.at, to_sun, plane, outlook.radius, scale));
+    return shadow_of(limb_view(outlook.ellipsoid, stretch_of(outlook.ellipsoid.f).twice, pos, outlook.at, to_sun, plane,
+                               outlook.radius, scale));
 }

@@ -52,17 +52,16 @@ struct SightPlane {
     T product; // length of the vector product of both: that of the normal, but for satellites in line with the two
 };
 
-// `to_sun` is the way from the satellite, m, times `scale`.
+// `to_sun` is the way from the satellite, m, times `scale`; per_k2 that of stretch_of().
 //
 // With z stretched the Earth is a sphere and lines and tangents stay what they are, so that the flattening is exact:
 // tan(psi) is a root of q2 t^2 + 2 q1 t + q0, written without its differences, and so is theta - psi, with theta the
 // angle from the centre to the Sun.
 template <class T>
-LimbView<T> limb_view(const Ellipsoid &ellipsoid, const T *pos, const Stretched<T> &at, const T *to_sun,
+LimbView<T> limb_view(const Ellipsoid &ellipsoid, double per_k2, const T *pos, const Stretched<T> &at, const T *to_sun,
                       const SightPlane<T> &plane, const T &radius, const T &scale)
 {
     const T *normal = plane.normal;
-    const double per_k2 = stretch_of(ellipsoid.f).twice;
     const double stretch = ellipsoid.e2 * per_k2; // 1/k^2 - 1
     const T flat = normal[0] * normal[0] + normal[1] * normal[1];
     const T upright = normal[2] * normal[2];

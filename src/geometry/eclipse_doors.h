@@ -2,7 +2,9 @@
 #ifndef KL_SRC_GEOMETRY_ECLIPSE_DOORS_H
 #define KL_SRC_GEOMETRY_ECLIPSE_DOORS_H
 
+#include "arrays/array_call.h"
 #include "frames/axes.h"
+#include "frames/chain_instants.h"
 #include "geometry/shadow_kernels.h"
 #include "numbers/pack.h"
 #include "time/doors/call_instant.h"
@@ -29,6 +31,20 @@ long eclipse_of_one(kl_model_id *model_id, kl_time_id *time_id, const long *ligh
 // than the last one, with light time, from frames with another origin, or with a warning due.
 bool eclipse_scene(const kl_model_id *model_id, const kl_time_id *time_id, long light_time, long cs, const double *time,
                    long count, const EclipseSky &sky, ShadowScene *scene);
+
+// What the kernels take for elements at instants of their own, or with light time.
+struct EclipseScenes {
+    ShadowScenes shared;
+
+    EclipseScenes(const kl_model_id *model_id, kl_time_id *time_id, bool light_time, long cs, long ref);
+    // False where the elements have to be taken in order, by scalar calls.
+    bool fill(const double *time, long count, LeftOver *left);
+
+private:
+    bool usable_;
+    const TimeIdRecord &id_;
+    ChainInstants at_, by_light_;
+};
 
 // For arrays: does what all elements share refuse the call? Then the condition is recorded.
 bool eclipse_refuses_all(Activation &call, const kl_time_id *time_id, const long *light_time, const long *cs,

@@ -91,6 +91,7 @@ long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, con
                             state, fraction, depth))
         return array.refuse(fail);
     EclipseSky sky;
+    EclipseScenes scenes(model_id, time_id, *light_time == 1, *cs, *time_ref);
     const auto one = [&](long i, long *word) {
         if (is_verbose())
             sky = EclipseSky(); // every element prints its lines
@@ -98,12 +99,15 @@ long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, con
                               state + i, fraction + i, depth + i, &sky, word);
     };
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
-        ShadowScene scene;
-        if (!eclipse_scene(model_id, time_id, *light_time, *cs, time + first, count, sky, &scene))
-            return false;
         ShadowBlock block;
         std::uint64_t refused = 0;
-        shadows_kernel()(&scene, pos + first, element(margin, first), count, &block, &refused);
+        ShadowScene scene;
+        if (eclipse_scene(model_id, time_id, *light_time, *cs, time + first, count, sky, &scene))
+            shadows_kernel()(&scene, pos + first, element(margin, first), count, &block, &refused);
+        else if ((*light_time != 1 && same_instants(time + first, count)) || !scenes.fill(time + first, count, &left))
+            return false;
+        else
+            shadows_at_instants_kernel()(&scenes.shared, pos + first, element(margin, first), &block, &refused);
         left.add_all(refused);
         for (long k = 0; k < count; ++k)
             if (!left.has(k)) {

@@ -240,6 +240,48 @@ bool eclipse_scene(const kl_model_id *model_id, const kl_time_id *time_id, long 
     return true;
 }
 
+EclipseScenes::EclipseScenes(const kl_model_id *model_id, kl_time_id *time_id, bool light_time, long cs, long ref)
+    : shared{}, id_(*time_record_of(time_id)), at_(time_record_of(time_id), ref, true, false, cs == KL_EF),
+      by_light_(time_record_of(time_id), KL_TIME_TAI, false, false, false)
+{
+    const ModelBlocks &models = model_blocks(model_id);
+    usable_ = !is_centred_elsewhere(cs) && models.earth.semi_major_axis > 0.0 && models.sun.sun != nullptr
+              && models.sun.earth != nullptr && models.precession.precession != nullptr
+              && models.nutation.nutation != nullptr;
+    shared.earth_model = &models.earth;
+    shared.frame = cs;
+    shared.has_pole = at_.with_pole();
+    shared.at = at_.block();
+    shared.by_light = light_time ? by_light_.block() : nullptr;
+}
+
+// Elements out of range take the instant of another one, and are left over.
+bool EclipseScenes::fill(const double *time, long count, LeftOver *left)
+{
+    double *days = at_.block()->days;
+    long first = 0;
+    while (first < count && !inside_processing_range(time[first]))
+        ++first;
+    if (!usable_ || first == count)
+        return false;
+    for (long k = 0; k < count; ++k) {
+        const bool inside = inside_processing_range(time[k]);
+        days[k] = inside ? time[k] : time[first];
+        if (!inside)
+            left->add(k);
+    }
+    at_.block()->count = count;
+    if (!all_are_quiet(id_, days, count) || !at_.fill())
+        return false;
+    if (shared.by_light == nullptr)
+        return true;
+    InstantBlock &light = *by_light_.block();
+    light.count = count;
+    for (long k = 0; k < count; ++k)
+        light.days[k] = tai_of_tdb(at_.block()->tdb[k]);
+    return by_light_.fill();
+}
+
 bool eclipse_refuses_all(Activation &call, const kl_time_id *time_id, const long *light_time, const long *cs,
                          const long *time_ref, const double *time, const double *pos, const long *state,
                          const double *fraction, const double *depth)
