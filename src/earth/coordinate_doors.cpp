@@ -148,7 +148,7 @@ long radec_to_cart(Activation &call, bool rates, const kl_radec *in, double *pos
         return call.fails(KL_RADEC_TO_CART_DEC_ERR);
     if (!(in->distance >= 0.0 && std::isfinite(in->distance)))
         return call.fails(KL_RADEC_TO_CART_DISTANCE_ERR);
-    const PolarAxes<double> axes = polar_axes(in->ra, in->dec);
+    const LocalAxes<double> axes = local_axes(in->dec, in->ra);
     double p[3], v[3];
     from_polar(axes, in->distance, p);
     if (rates) {
@@ -237,7 +237,7 @@ long topocentric_to_ef(Activation &call, const Station &station, bool rates, con
     if (in == nullptr || !within(in->azimuth, -360.0, 360.0) || !within(in->elevation, -90.0, 90.0)
         || !within(in->range, 0.0, kFarthest))
         return call.fails(KL_TOPOCENTRIC_TO_EF_COORDINATES_ERR);
-    const PolarAxes<double> direction = polar_axes(in->azimuth, in->elevation);
+    const LocalAxes<double> direction = local_axes(in->elevation, in->azimuth);
     double d[3], p[3], w[3], v[3];
     from_polar(direction, in->range, d);
     from_local(station.axes, {d[0], d[1], d[2]}, p);
@@ -253,7 +253,7 @@ long topocentric_to_ef(Activation &call, const Station &station, bool rates, con
     for (int i = 0; i < 3; ++i)
         pos[i] = station.pos[i] + p[i];
     put_velocity(rates, v, vel);
-    if (direction.cb == 0.0)
+    if (direction.c == 0.0)
         call.warns(KL_TOPOCENTRIC_TO_EF_ZENITH_WARN);
     return call.status();
 }

@@ -3,18 +3,11 @@
 #define KL_SRC_EARTH_GEODETIC_H
 
 #include "earth/ellipsoid.h"
+#include "earth/sphere.h"
 #include "numbers/elementary.h"
 #include "numbers/pack.h"
 
 inline namespace KL_SET {
-
-// The axes at a point: north (-s cl, -s sl, c), east (-sl, cl, 0), up (c cl, c sl, s). From degrees by sines that are
-// exact at whole quarters of a turn, a pole is a pole.
-template <class T>
-struct LocalAxes {
-    T s, c;   // of the geodetic latitude
-    T sl, cl; // of the longitude
-};
 
 template <class T>
 struct NorthEastUp {
@@ -148,15 +141,6 @@ template <class T>
 struct GeodeticDegrees {
     T lat, lon, h, lat_rate, lon_rate, h_rate; // deg, m, deg/s, m/s
 };
-
-template <class T>
-LocalAxes<T> local_axes(T lat_deg, T lon_deg)
-{
-    const T degrees[2] = {lat_deg, lon_deg};
-    T s[2], c[2];
-    sin_cos_degrees(degrees, s, c);
-    return {s[0], c[0], s[1], c[1]};
-}
 
 template <class T>
 void degrees_to_cartesian(const Ellipsoid &e, bool rates, const GeodeticDegrees<T> &in, T pos[3], T vel[3])

@@ -2,6 +2,7 @@
 #ifndef KL_SRC_EARTH_POLAR_H
 #define KL_SRC_EARTH_POLAR_H
 
+#include "earth/sphere.h"
 #include "numbers/elementary.h"
 #include "numbers/pack.h"
 
@@ -53,38 +54,23 @@ Polar<T> to_polar_rates(const T v[3], const PolarLengths<T> &l, const T w[3])
 }
 
 template <class T>
-struct PolarAxes {
-    T sl, cl; // of the longitude
-    T sb, cb; // of the latitude
-};
-
-template <class T>
-PolarAxes<T> polar_axes(T lon_deg, T lat_deg)
+void from_polar(const LocalAxes<T> &x, T distance, T v[3])
 {
-    const T degrees[2] = {lon_deg, lat_deg};
-    T s[2], c[2];
-    sin_cos_degrees(degrees, s, c);
-    return {s[0], c[0], s[1], c[1]};
-}
-
-template <class T>
-void from_polar(const PolarAxes<T> &x, T distance, T v[3])
-{
-    const T q = distance * x.cb;
+    const T q = distance * x.c;
     v[0] = q * x.cl;
     v[1] = q * x.sl;
-    v[2] = distance * x.sb;
+    v[2] = distance * x.s;
 }
 
 template <class T>
-void from_polar_rates(const PolarAxes<T> &x, T distance, T lon_rate, T lat_rate, T distance_rate, T w[3])
+void from_polar_rates(const LocalAxes<T> &x, T distance, T lon_rate, T lat_rate, T distance_rate, T w[3])
 {
-    const T across = distance * x.cb * lon_rate;
+    const T across = distance * x.c * lon_rate;
     const T up = distance * lat_rate;
-    const T outward = distance_rate * x.cb - up * x.sb;
+    const T outward = distance_rate * x.c - up * x.s;
     w[0] = outward * x.cl - across * x.sl;
     w[1] = outward * x.sl + across * x.cl;
-    w[2] = distance_rate * x.sb + up * x.cb;
+    w[2] = distance_rate * x.s + up * x.c;
 }
 
 } // namespace KL_SET

@@ -81,7 +81,7 @@ void states_of_radec(bool rates, const double (*in)[6], double (*pos)[3], double
     for (long i = 0; i < count; i += kLanes) {
         Lanes x[6], p[3], v[3] = {};
         load_elements(in[0], i, count, x);
-        const PolarAxes<Lanes> axes = polar_axes(x[0], x[1]);
+        const LocalAxes<Lanes> axes = local_axes(x[1], x[0]);
         from_polar(axes, x[2], p);
         if (rates)
             from_polar_rates(axes, x[2], x[3] * KL_RAD_PER_DEG, x[4] * KL_RAD_PER_DEG, x[5], v);
@@ -117,7 +117,7 @@ void states_of_topocentric(const StationConstants *station, bool rates, const do
     for (long i = 0; i < count; i += kLanes) {
         Lanes x[6], d[3], p[3], w[3], v[3] = {};
         load_elements(in[0], i, count, x);
-        const PolarAxes<Lanes> direction = polar_axes(x[0], x[1]);
+        const LocalAxes<Lanes> direction = local_axes(x[1], x[0]);
         from_polar(direction, x[2], d);
         from_local(axes, {d[0], d[1], d[2]}, p);
         if (rates) {
@@ -126,7 +126,7 @@ void states_of_topocentric(const StationConstants *station, bool rates, const do
         }
         for (int j = 0; j < 3; ++j)
             p[j] = station->pos[j] + p[j];
-        const auto good = are_angles(x, 360.0, 90.0) & (x[2] >= 0.0) & (x[2] < kOrdinaryLength) & (direction.cb != 0.0);
+        const auto good = are_angles(x, 360.0, 90.0) & (x[2] >= 0.0) & (x[2] < kOrdinaryLength) & (direction.c != 0.0);
         store_state(p, v, good, rates, pos, vel, i, count, left);
     }
 }
