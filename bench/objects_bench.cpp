@@ -183,11 +183,12 @@ struct Values {
     // What C asks for.
     kl_time_id *id = time.id();
     kl_model_id *model = default_models().getId();
-    double days = time.taiDays();
+    Time later = time + std::chrono::minutes(1);
+    double days = time.taiDays(), later_days = later.taiDays();
     TransportTime record = time.transport(TransportFormat::days_seconds, Scale::TAI);
     long tai = KL_TIME_TAI, utc = KL_TIME_UTC, proc = KL_PROC, trans = KL_TRANS_0, iso = KL_ASCII_43;
     long mode = KL_CALC_POS_VEL, from = KL_TOD, to = KL_EF, osculating = KL_KEPLER_OSCULATING, all = 7, one = 1;
-    double zero = 0.0, minute = 60.0;
+    double zero = 0.0;
 };
 const Values &v()
 {
@@ -346,14 +347,15 @@ const bool kPairs[] = {
         "kl_mean_motion and kl_kepl_to_cart", "MeanMotion",
         [] {
             static const long kMean = KL_KEPLER_MEAN;
+            const double seconds = (v().later_days - v().days) * 86400.0;
             kl_kepler at;
-            BodyState out;
+            State out;
             long ierr[1];
-            kl_mean_motion(v().model, &v().mean, &v().minute, &at, ierr);
+            kl_mean_motion(v().model, &v().mean, &seconds, &at, ierr);
             kl_kepl_to_cart(v().model, &kMean, &at, out.pos.data(), out.vel.data(), ierr);
             return out;
         },
-        [] { return v().motion(v().time + std::chrono::minutes(1)); }),
+        [] { return v().motion(v().later); }),
 };
 
 // For the record: sharing an id, and the dear way out.

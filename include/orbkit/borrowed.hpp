@@ -11,6 +11,21 @@
 
 namespace ORBKIT {
 
+namespace detail {
+
+// As getId, in line: values ask for their handles at each call.
+struct Handles {
+    static kl_time_id *of(const TimeCorrelation &id) { return &static_cast<const KitId &>(id).handle_.time; }
+    static kl_model_id *of(const ModelId &id) { return &static_cast<const KitId &>(id).handle_.model; }
+};
+template <class Id>
+auto *handle(const Id &id)
+{
+    return Handles::of(id);
+}
+
+} // namespace detail
+
 /** The correlation compiled into the library: one for the process, never closed. */
 inline const TimeCorrelation &built_in_correlation()
 {

@@ -19,6 +19,14 @@ namespace ORBKIT {
  * Elements one after the other that belong to somebody else: of a std::vector, a std::array, a C array, or from a
  * pointer on. Nothing is copied; the elements must stay while the call lasts, so it is for arguments: in a variable it
  * outlives a temporary. Without elements it stands for NULL.
+ *
+ * @code{.cpp}
+ * const double latitude[] = {0.0, 46.5};
+ * std::vector<double> longitude = {0.0, 8.0, 99.0}, geoid(2);
+ * const ORBKIT::Column<double> two(longitude.data(), 2); // of a longer one
+ * ORBKIT::Arrays::geoidCalc(ORBKIT::ModelId(), latitude, two, 360, geoid);
+ * std::printf("%.2f %.2f m\n", geoid[0], geoid[1]); // -> 17.16 50.68 m
+ * @endcode
  */
 template <typename T>
 class Column {

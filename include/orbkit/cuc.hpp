@@ -6,6 +6,9 @@
 
 #include "time.hpp"
 
+#include <cstddef>
+#include <ostream>
+
 namespace ORBKIT {
 
 /**
@@ -27,11 +30,35 @@ public:
     explicit Cuc(const kl_cuc_config &config) : config_(config) {}
 
     const kl_cuc_config &config() const { return config_; }
+    /** Octets of a code, its P-field with them: 1 octet, 2 beyond 4 coarse or 3 fine ones. */
+    std::size_t length() const
+    {
+        const bool two = config_.n_coarse > 4 || config_.n_fine > 3;
+        const long p_field = config_.cuc_type == KL_CUC_WITH_P_FIELD ? (two ? 2 : 1) : 0;
+        return static_cast<std::size_t>(p_field + config_.n_coarse + config_.n_fine);
+    }
+    /** The first length() octets are read. */
     Time decode(const CucTime &octets, Borrowed<TimeCorrelation> correlation = {}) const
     {
         return Time::fromCuc(octets, config_, correlation);
     }
+    /** In the first length() octets; the others are 0. */
     CucTime encode(const Time &time) const { return time.cuc(config_); }
+
+    friend bool operator==(const Cuc &a, const Cuc &b)
+    {
+        const kl_cuc_config &x = a.config_;
+        const kl_cuc_config &y = b.config_;
+        const bool same_epoch =
+            x.epoch_type != KL_CUC_EPOCH_USER || (x.epoch_time_ref == y.epoch_time_ref && x.epoch == y.epoch);
+        return x.cuc_type == y.cuc_type && x.epoch_type == y.epoch_type && same_epoch && x.n_coarse == y.n_coarse
+               && x.n_fine == y.n_fine;
+    }
+    friend bool operator!=(const Cuc &a, const Cuc &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const Cuc &cuc)
+    {
+        return out << "CUC of " << cuc.config_.n_coarse << " and " << cuc.config_.n_fine << " octets";
+    }
 
 private:
     kl_cuc_config config_;

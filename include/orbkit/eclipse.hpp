@@ -40,8 +40,8 @@ struct Eclipse {
         Eclipse out;
         long ierr[1] = {0};
         throw_unless_ok("Eclipse::at",
-                        kl_eclipse(satellite.models().getId(), satellite.time().id(), &light_time, &cs, &ref, &days,
-                                   satellite.pos().data(), &margin, &state, &out.fraction, &out.depth, ierr),
+                        kl_eclipse(detail::handle(satellite.models()), satellite.time().id(), &light_time, &cs, &ref,
+                                   &days, satellite.pos().data(), &margin, &state, &out.fraction, &out.depth, ierr),
                         KL_ID_FUNC_ECLIPSE, ierr);
         out.state = static_cast<Shadow>(state);
         return out;
@@ -53,6 +53,14 @@ struct Eclipse {
         return a.state == b.state && a.fraction == b.fraction && a.depth == b.depth;
     }
     friend bool operator!=(const Eclipse &a, const Eclipse &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const Eclipse &eclipse)
+    {
+        const char *const name = eclipse.state == Shadow::sunlight   ? "sunlight"
+                                 : eclipse.state == Shadow::penumbra ? "penumbra"
+                                 : eclipse.state == Shadow::umbra    ? "umbra"
+                                                                     : "annular eclipse";
+        return out << name << ", " << eclipse.fraction << " of the Sun";
+    }
 };
 
 } // namespace ORBKIT

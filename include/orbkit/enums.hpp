@@ -13,6 +13,22 @@ namespace ORBKIT {
 /** Time scales. */
 enum class Scale : long { TAI = KL_TIME_TAI, UTC = KL_TIME_UTC, UT1 = KL_TIME_UT1, GPS = KL_TIME_GPS };
 
+/** What a correlation is made of: see kl_time_ref_init_file. */
+enum class TimeModel : long {
+    explicit_values = KL_TIME_MODEL_EXPLICIT,
+    bulletin_b = KL_TIME_MODEL_BULLETIN_B,
+    bulletin_b_extended = KL_TIME_MODEL_BULLETIN_B_EXTENDED,
+    finals_observed = KL_TIME_MODEL_FINALS_OBSERVED,
+    finals = KL_TIME_MODEL_FINALS,
+    c04 = KL_TIME_MODEL_C04,
+    table = KL_TIME_MODEL_TABLE,
+    orbit_file = KL_TIME_MODEL_ORBIT_FILE,
+    leap_seconds = KL_TIME_MODEL_LEAP_SECONDS,
+    merged = KL_TIME_MODEL_MERGED,
+    bulletin_a = KL_TIME_MODEL_BULLETIN_A,
+    bulletin_a_table = KL_TIME_MODEL_BULLETIN_A_TABLE
+};
+
 /** Frames of the family's conventional chain; see KL_BM2000 and the others. */
 enum class Frame : long {
     BM2000 = KL_BM2000,

@@ -4,20 +4,22 @@
  * by kl_find_crossings to a microsecond. Nothing is missed that lasts longer than the step; what goes on at an end of
  * the span is cut there and says so. Instants are told in the scale of the span's start.
  *
- * An orbit is any function from an instant to a StateVector: see orbits.hpp for two. What such a function throws comes
- * out as a KitError.
+ * An orbit is any function from an instant to a StateVector: MeanMotion and InterpolatedOrbit are two. What such a
+ * function throws comes out as a KitError.
  */
 #ifndef ORBKIT_EVENTS_HPP
 #define ORBKIT_EVENTS_HPP
 
 #include "eclipse.hpp"
-#include "orbits.hpp"
+#include "interpolated_orbit.hpp"
+#include "mean_motion.hpp"
 #include "sun.hpp"
 
 #include <algorithm>
 #include <chrono>
 #include <exception>
 #include <functional>
+#include <ostream>
 #include <utility>
 #include <vector>
 
@@ -29,6 +31,14 @@ using Orbit = std::function<StateVector(const Time &)>;
 /** From an instant to a later one. */
 struct Span {
     Time start, stop;
+
+    Time::Duration duration() const { return stop - start; }
+    friend bool operator==(const Span &a, const Span &b) { return a.start == b.start && a.stop == b.stop; }
+    friend bool operator!=(const Span &a, const Span &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const Span &span)
+    {
+        return out << span.start << " to " << span.stop;
+    }
 };
 
 /**
@@ -65,6 +75,16 @@ struct Crossing {
     Time time;
     bool rising = false; /**< the function is above zero afterwards */
     bool cut = false;    /**< no crossing: the span ends here, above zero */
+
+    friend bool operator==(const Crossing &a, const Crossing &b)
+    {
+        return a.time == b.time && a.rising == b.rising && a.cut == b.cut;
+    }
+    friend bool operator!=(const Crossing &a, const Crossing &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const Crossing &c)
+    {
+        return out << c.time << (c.rising ? " up" : " down") << (c.cut ? ", cut" : "");
+    }
 };
 
 /** While something lasts: from start to stop; cut where the span ends first. */
@@ -73,6 +93,16 @@ struct Interval {
     bool cut_start = false, cut_stop = false;
 
     Time::Duration duration() const { return stop - start; }
+    friend bool operator==(const Interval &a, const Interval &b)
+    {
+        return a.start == b.start && a.stop == b.stop && a.cut_start == b.cut_start && a.cut_stop == b.cut_stop;
+    }
+    friend bool operator!=(const Interval &a, const Interval &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const Interval &interval)
+    {
+        return out << interval.start << (interval.cut_start ? " (cut) to " : " to ") << interval.stop
+                   << (interval.cut_stop ? " (cut)" : "");
+    }
 };
 
 /** A pass over a station. */
@@ -80,6 +110,16 @@ struct Pass {
     Interval visible;
     Time culmination;
     double elevation = 0.0; /**< deg, at the culmination */
+
+    friend bool operator==(const Pass &a, const Pass &b)
+    {
+        return a.visible == b.visible && a.culmination == b.culmination && a.elevation == b.elevation;
+    }
+    friend bool operator!=(const Pass &a, const Pass &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const Pass &pass)
+    {
+        return out << pass.visible << ", " << pass.elevation << " deg high";
+    }
 };
 
 /** How deep an eclipse is, in radii of the Sun: its first touch, its centre on the limb, the last light. */
@@ -172,12 +212,26 @@ std::vector<Interval> while_above(Function function, const Span &span, Time::Dur
     return out;
 }
 
+namespace detail {
+
+// Its instant, where it has one, is of the same correlation.
+template <class Motion>
+StateVector state_at(const Motion &orbit, const Time &time)
+{
+    StateVector state = orbit(time);
+    if (state.hasTime())
+        Time::together(state.time(), time);
+    return state;
+}
+
+} // namespace detail
+
 /** Passes of a satellite over a station above an elevation, deg; no refraction. */
 template <class Motion>
 std::vector<Pass> passes(const Motion &orbit, const GroundStation &station, const Span &span, double elevation = 0.0,
                          Time::Duration step = std::chrono::minutes(1))
 {
-    const auto seen = [&](const Time &time) { return orbit(time).seenFrom(station); };
+    const auto seen = [&](const Time &time) { return detail::state_at(orbit, time).seenFrom(station); };
     std::vector<Pass> out;
     for (const Interval &visible :
          while_above([&](const Time &t) { return seen(t).elevation - elevation; }, span, step)) {
@@ -206,18 +260,28 @@ std::vector<Interval> eclipses(const Motion &orbit, const Span &span, Edge edge 
                                Time::Duration step = std::chrono::minutes(1))
 {
     const double depth = static_cast<double>(number(edge));
-    return while_above([&](const Time &t) { return depth - Eclipse::at(orbit(t)).depth; }, span, step);
+    return while_above([&](const Time &t) { return depth - Eclipse::at(detail::state_at(orbit, t)).depth; }, span,
+                       step);
 }
 
-/** Rise and set of the Sun at a station: its centre at -0.8333 deg, no refraction. Ends of the span are not given. */
+/** From the rise of the Sun at a station to its set: its centre at -0.8333 deg, no refraction. */
+inline std::vector<Interval> daylight(const GroundStation &station, const Span &span,
+                                      Time::Duration step = std::chrono::minutes(20))
+{
+    return while_above([&](const Time &t) { return Sun::at(t).seenFrom(station).elevation + 0.8333; }, span, step);
+}
+
+/** Rise and set of the Sun alone, as daylight has them; where it does neither daylight tells day from night. */
 inline std::vector<Crossing> sun_rise_set(const GroundStation &station, const Span &span,
                                           Time::Duration step = std::chrono::minutes(20))
 {
     std::vector<Crossing> out;
-    for (const Crossing &c :
-         when([&](const Time &t) { return Sun::at(t).seenFrom(station).elevation + 0.8333; }, span, step))
-        if (!c.cut)
-            out.push_back(c);
+    for (const Interval &day : daylight(station, span, step)) {
+        if (!day.cut_start)
+            out.push_back({day.start, true, false});
+        if (!day.cut_stop)
+            out.push_back({day.stop, false, false});
+    }
     return out;
 }
 
@@ -227,7 +291,8 @@ std::vector<Crossing> node_crossings(const Motion &orbit, const Span &span,
                                      Time::Duration step = std::chrono::minutes(1))
 {
     std::vector<Crossing> out;
-    for (const Crossing &c : when([&](const Time &t) { return orbit(t).in(Frame::TOD).pos()[2]; }, span, step))
+    for (const Crossing &c :
+         when([&](const Time &t) { return detail::state_at(orbit, t).position().in(Frame::TOD).pos()[2]; }, span, step))
         if (!c.cut)
             out.push_back(c);
     return out;

@@ -43,7 +43,7 @@ public:
         Vector pos{};
         long ierr[1] = {0};
         throw_unless_ok("GroundStation::position",
-                        kl_geod_to_cart(models().getId(), &mode, &place_, pos.data(), nullptr, ierr),
+                        kl_geod_to_cart(detail::handle(models()), &mode, &place_, pos.data(), nullptr, ierr),
                         KL_ID_FUNC_GEOD_TO_CART, ierr);
         return pos;
     }
@@ -54,9 +54,10 @@ public:
         const long mode = KL_CALC_POS_VEL;
         kl_topocentric out{};
         long ierr[1] = {0};
-        throw_unless_ok("GroundStation::sees",
-                        kl_ef_to_topocentric(models().getId(), &mode, &place_, pos.data(), vel.data(), &out, ierr),
-                        "The station or the position is out of range.");
+        throw_unless_ok(
+            "GroundStation::sees",
+            kl_ef_to_topocentric(detail::handle(models()), &mode, &place_, pos.data(), vel.data(), &out, ierr),
+            "The station or the position is out of range.");
         return out;
     }
 
@@ -66,8 +67,9 @@ public:
         double distance = 0.0;
         long ierr[1] = {0};
         throw_unless_ok("GroundStation::distanceTo",
-                        kl_geod_distance(models().getId(), &place_.latitude, &place_.longitude, &other.place_.latitude,
-                                         &other.place_.longitude, &distance, nullptr, nullptr, ierr),
+                        kl_geod_distance(detail::handle(models()), &place_.latitude, &place_.longitude,
+                                         &other.place_.latitude, &other.place_.longitude, &distance, nullptr, nullptr,
+                                         ierr),
                         KL_ID_FUNC_GEOD_DISTANCE, ierr);
         return distance;
     }
@@ -75,7 +77,7 @@ public:
     /** Height of the geoid EGM96 above the ellipsoid, m. */
     double geoid(long max_degree = 360) const
     {
-        const kl_geoid_input input = {models().getId(), place_.latitude, place_.longitude, 0.0, max_degree};
+        const kl_geoid_input input = {detail::handle(models()), place_.latitude, place_.longitude, 0.0, max_degree};
         double undulation = 0.0;
         long ierr[1] = {0};
         throw_unless_ok("GroundStation::geoid", kl_geoid_calc(&input, &undulation, ierr), KL_ID_FUNC_GEOID_CALC, ierr);

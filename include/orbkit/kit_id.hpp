@@ -8,6 +8,12 @@
 
 namespace ORBKIT {
 
+namespace detail {
+
+struct Handles;
+
+} // namespace detail
+
 /**
  * Base of the id classes: one id handle. Objects that hold the same id count themselves in its record, and no one can
  * close the record while the count is not zero.
@@ -48,6 +54,8 @@ public:
     void subtractInstance();
 
 protected:
+    friend struct detail::Handles;
+
     union Handle { // one pointer, whatever its kind
         kl_time_id time;
         kl_model_id model;

@@ -21,7 +21,7 @@ public:
     /** In Frame::EF, relative to its turning axes. */
     static StateVector at(const Time &time, Borrowed<ModelId> models = {})
     {
-        return detail::body_at("Moon::at", KL_ID_FUNC_MOON, kl_moon, time, models);
+        return detail::Body::at("Moon::at", KL_ID_FUNC_MOON, kl_moon, time, models);
     }
 };
 

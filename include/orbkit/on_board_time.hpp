@@ -6,7 +6,31 @@
 
 #include "time.hpp"
 
+#include <ostream>
+#include <tuple>
+
 namespace ORBKIT {
+
+namespace detail {
+
+inline auto parts(const kl_obt_param_tarvos &p)
+{
+    return std::tie(p.sat_id, p.ref_time, p.ref_coarse, p.ref_fine, p.clock_step);
+}
+inline auto parts(const kl_obt_param_kelda &p)
+{
+    return std::tie(p.sat_id, p.ref_time, p.ref_time_fraction, p.ref_obt, p.ref_obt_fraction, p.gain, p.offset);
+}
+inline auto parts(const kl_obt_param_brisa &p)
+{
+    return std::tie(p.sat_id, p.offset, p.ref_coarse, p.ref_fine, p.week, p.seconds_of_week, p.fraction);
+}
+inline auto parts(const kl_obt_param_vardo &p)
+{
+    return std::tie(p.sat_id, p.offset);
+}
+
+} // namespace detail
 
 /**
  * The clock of a satellite. The type of its parameters, kl_obt_param_*, chooses the format, and with it the record of a
@@ -36,6 +60,16 @@ public:
         return Time::fromOnBoard(count, parameters_, scale_, correlation);
     }
     Count count(const Time &time) const { return time.onBoard(parameters_, scale_); }
+
+    friend bool operator==(const OnBoardTime &a, const OnBoardTime &b)
+    {
+        return detail::parts(a.parameters_) == detail::parts(b.parameters_) && a.scale_ == b.scale_;
+    }
+    friend bool operator!=(const OnBoardTime &a, const OnBoardTime &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const OnBoardTime &clock)
+    {
+        return out << "clock of satellite " << clock.parameters_.sat_id;
+    }
 
 private:
     Parameters parameters_;

@@ -28,11 +28,18 @@ public:
         const auto call = [planet = number(name_)](kl_model_id *model, kl_time_id *id, auto... rest) {
             return kl_planet(model, id, &planet, rest...);
         };
-        return detail::body_at("Planet::at", KL_ID_FUNC_PLANET, call, time, models);
+        return detail::Body::at("Planet::at", KL_ID_FUNC_PLANET, call, time, models);
     }
 
     friend bool operator==(const Planet &a, const Planet &b) { return a.name_ == b.name_; }
     friend bool operator!=(const Planet &a, const Planet &b) { return a.name_ != b.name_; }
+    friend std::ostream &operator<<(std::ostream &out, const Planet &planet)
+    {
+        constexpr const char *kNames[] = {"Mercury", "Venus",  "Earth-Moon barycentre", "Mars", "Jupiter", "Saturn",
+                                          "Uranus",  "Neptune"};
+        const long i = number(planet.name_) - KL_MERCURY;
+        return out << (i >= 0 && i < 8 ? kNames[i] : "no planet");
+    }
 
 private:
     PlanetName name_;

@@ -36,7 +36,7 @@ public:
     /** m. */
     Position(const Vector &pos, Frame frame, const std::optional<Time> &time = std::nullopt,
              Borrowed<ModelId> models = {})
-        : pos_(pos), time_(time), models_(models), frame_(frame)
+        : pos_(pos), time_(time ? *time : Time()), models_(models), frame_(frame), has_time_(time.has_value())
     {
     }
 
@@ -48,7 +48,7 @@ public:
         const long mode = KL_CALC_POS;
         long ierr[1] = {0};
         throw_unless_ok("Position::fromGeodetic",
-                        kl_geod_to_cart(out.models().getId(), &mode, &place, out.pos_.data(), nullptr, ierr),
+                        kl_geod_to_cart(detail::handle(out.models()), &mode, &place, out.pos_.data(), nullptr, ierr),
                         KL_ID_FUNC_GEOD_TO_CART, ierr);
         return out;
     }
@@ -60,21 +60,22 @@ public:
         Position out({}, frame, time, models);
         const long mode = KL_CALC_POS;
         long ierr[1] = {0};
-        throw_unless_ok("Position::fromRaDec",
-                        kl_radec_to_cart(out.models().getId(), &mode, &direction, out.pos_.data(), nullptr, ierr),
-                        KL_ID_FUNC_RADEC_TO_CART, ierr);
+        throw_unless_ok(
+            "Position::fromRaDec",
+            kl_radec_to_cart(detail::handle(out.models()), &mode, &direction, out.pos_.data(), nullptr, ierr),
+            KL_ID_FUNC_RADEC_TO_CART, ierr);
         return out;
     }
 
     const Vector &pos() const { return pos_; } /**< m */
     Frame frame() const { return frame_; }
-    bool hasTime() const { return time_.has_value(); }
+    bool hasTime() const { return has_time_; }
     /** @throws KitError without one */
     const Time &time() const
     {
-        if (!time_)
+        if (!has_time_)
             throw_messages({"There is no instant.", "Position::time"});
-        return *time_;
+        return time_;
     }
     const ModelId &models() const { return models_ != nullptr ? *models_ : default_models(); }
 
@@ -95,7 +96,7 @@ public:
         kl_geodetic out{};
         long ierr[1] = {0};
         throw_unless_ok("Position::geodetic",
-                        kl_cart_to_geod(models().getId(), &mode, fixed.pos_.data(), nullptr, &out, ierr),
+                        kl_cart_to_geod(detail::handle(models()), &mode, fixed.pos_.data(), nullptr, &out, ierr),
                         KL_ID_FUNC_CART_TO_GEOD, ierr);
         return out;
     }
@@ -106,7 +107,8 @@ public:
         const long mode = KL_CALC_POS;
         kl_radec out{};
         long ierr[1] = {0};
-        throw_unless_ok("Position::raDec", kl_cart_to_radec(models().getId(), &mode, pos_.data(), nullptr, &out, ierr),
+        throw_unless_ok("Position::raDec",
+                        kl_cart_to_radec(detail::handle(models()), &mode, pos_.data(), nullptr, &out, ierr),
                         KL_ID_FUNC_CART_TO_RADEC, ierr);
         return out;
     }
@@ -114,15 +116,17 @@ public:
     /** Azimuth, elevation and range seen from a station; rates as if the point stood still on the Earth. */
     kl_topocentric seenFrom(const GroundStation &station) const { return station.sees(in(Frame::EF).pos_, {}); }
 
+    /** The same numbers; the models are not compared. */
     friend bool operator==(const Position &a, const Position &b)
     {
-        return a.pos_ == b.pos_ && a.frame_ == b.frame_ && a.time_ == b.time_;
+        return a.pos_ == b.pos_ && a.frame_ == b.frame_ && a.has_time_ == b.has_time_
+               && (!a.has_time_ || a.time_ == b.time_);
     }
     friend bool operator!=(const Position &a, const Position &b) { return !(a == b); }
     friend std::ostream &operator<<(std::ostream &out, const Position &p)
     {
-        if (p.time_)
-            out << *p.time_ << ' ';
+        if (p.has_time_)
+            out << p.time_ << ' ';
         return out << '[' << p.pos_[0] << ' ' << p.pos_[1] << ' ' << p.pos_[2] << "] m";
     }
 
@@ -133,17 +137,17 @@ private:
     void change(const char *operation, long mode, Frame to, const double *vel, const double *acc, double *vel_out,
                 double *acc_out)
     {
-        if (!time_)
+        if (!has_time_)
             throw_messages({"A change of frame needs an instant.", operation});
         constexpr Vector kZero{};
         Vector pos_out{}, unused{};
         const long from = number(frame_);
         const long target = number(to);
         const long ref = KL_TIME_TAI;
-        const double days = time_->taiDays();
+        const double days = time_.taiDays();
         long ierr[1] = {0};
         throw_unless_ok(operation,
-                        kl_change_cart_cs(models().getId(), time_->id(), &mode, &from, &target, &ref, &days,
+                        kl_change_cart_cs(detail::handle(models()), time_.id(), &mode, &from, &target, &ref, &days,
                                           pos_.data(), vel != nullptr ? vel : kZero.data(),
                                           acc != nullptr ? acc : kZero.data(), pos_out.data(),
                                           vel_out != nullptr ? vel_out : unused.data(),
@@ -154,9 +158,10 @@ private:
     }
 
     Vector pos_;
-    std::optional<Time> time_;
+    Time time_; // where there is one
     const ModelId *models_;
     Frame frame_;
+    bool has_time_;
 };
 
 } // namespace ORBKIT

@@ -69,8 +69,8 @@ public:
     RayPoints ellipsoid(double margin = 0.0) const
     {
         RayPoints out{};
-        if (kl_ray_ellipsoid(from_.models().getId(), from_.pos().data(), direction_.data(), &margin, out.t.data(),
-                             &out.n, nullptr)
+        if (kl_ray_ellipsoid(detail::handle(from_.models()), from_.pos().data(), direction_.data(), &margin,
+                             out.t.data(), &out.n, nullptr)
             == KL_ERR)
             throw_messages({"The position or the margin is out of range.", "Ray::ellipsoid"});
         return out;
@@ -80,8 +80,8 @@ public:
     RayPoints atHeight(double height) const
     {
         RayPoints out{};
-        if (kl_ray_height(from_.models().getId(), from_.pos().data(), direction_.data(), &height, out.t.data(), &out.n,
-                          nullptr)
+        if (kl_ray_height(detail::handle(from_.models()), from_.pos().data(), direction_.data(), &height, out.t.data(),
+                          &out.n, nullptr)
             == KL_ERR)
             throw_messages({"The position or the height is out of range.", "Ray::atHeight"});
         return out;
@@ -91,8 +91,8 @@ public:
     TangentPoint tangent() const
     {
         TangentPoint out{};
-        if (kl_ray_tangent(from_.models().getId(), from_.pos().data(), direction_.data(), &out.t, out.point.data(),
-                           &out.geodetic, &out.meetsEarth, nullptr)
+        if (kl_ray_tangent(detail::handle(from_.models()), from_.pos().data(), direction_.data(), &out.t,
+                           out.point.data(), &out.geodetic, &out.meetsEarth, nullptr)
             == KL_ERR)
             throw_messages({"A line of sight near the centre of the Earth has no lowest point.", "Ray::tangent"});
         return out;

@@ -48,15 +48,19 @@ public:
         const long cs = number(frame);
         const long ref = KL_TIME_TAI;
         const double days = time.taiDays();
-        std::optional<StateVector> seen;
-        if (observer)
-            seen = observer->in(Frame::GM2000);
+        Vector pos, vel;
+        if (observer) {
+            if (observer->hasTime() && observer->time() != time)
+                throw_messages({"The observer is at another instant.", "Star::place"});
+            const StateVector from = observer->in(Frame::GM2000);
+            pos = from.pos();
+            vel = from.vel();
+        }
         kl_radec out{};
         long ierr[1] = {0};
         throw_unless_ok("Star::place",
-                        kl_star_radec(model.getId(), time.id(), &what, &cs, &ref, &days, &data_,
-                                      seen ? seen->pos().data() : nullptr, seen ? seen->vel().data() : nullptr, &out,
-                                      ierr),
+                        kl_star_radec(detail::handle(model), time.id(), &what, &cs, &ref, &days, &data_,
+                                      observer ? pos.data() : nullptr, observer ? vel.data() : nullptr, &out, ierr),
                         KL_ID_FUNC_STAR_RADEC, ierr);
         return out;
     }

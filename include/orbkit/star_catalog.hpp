@@ -52,8 +52,8 @@ public:
         kl_star *stars = nullptr;
         kl_radec *places = nullptr;
         long ierr[1] = {0};
-        const long status = kl_star_catalog(model.getId(), time.id(), file_.c_str(), &window, &what, &cs, &ref, &days,
-                                            &n, &stars, &places, ierr);
+        const long status = kl_star_catalog(detail::handle(model), time.id(), file_.c_str(), &window, &what, &cs, &ref,
+                                            &days, &n, &stars, &places, ierr);
         const Owner<kl_star> star_owner(stars); // before a warning is thrown
         const Owner<kl_radec> place_owner(places);
         throw_unless_ok("StarCatalog::window", status, KL_ID_FUNC_STAR_CATALOG, ierr);
@@ -83,6 +83,13 @@ public:
     {
         return window({-30.0, magnitude, 0.0, 360.0, -90.0, 90.0, axis.ra, axis.dec, radius}, time, frame,
                       StarCorrections::all, models);
+    }
+
+    friend bool operator==(const StarCatalog &a, const StarCatalog &b) { return a.file_ == b.file_; }
+    friend bool operator!=(const StarCatalog &a, const StarCatalog &b) { return a.file_ != b.file_; }
+    friend std::ostream &operator<<(std::ostream &out, const StarCatalog &catalog)
+    {
+        return out << (catalog.file_.empty() ? "stars that are built in" : "stars of " + catalog.file_);
     }
 
 private:

@@ -12,6 +12,20 @@ namespace ORBKIT {
 
 namespace detail {
 
+struct Body;
+
+// Rows times a vector, and the transpose.
+inline Vector along_axes(const Matrix &m, const Vector &v)
+{
+    return {m[0] * v[0] + m[1] * v[1] + m[2] * v[2], m[3] * v[0] + m[4] * v[1] + m[5] * v[2],
+            m[6] * v[0] + m[7] * v[1] + m[8] * v[2]};
+}
+inline Vector from_axes(const Matrix &m, const Vector &v)
+{
+    return {m[0] * v[0] + m[3] * v[1] + m[6] * v[2], m[1] * v[0] + m[4] * v[1] + m[7] * v[2],
+            m[2] * v[0] + m[5] * v[1] + m[8] * v[2]};
+}
+
 // Elements of an orbit have no meaning where the axes turn.
 inline void need_inertial(Frame frame, const char *operation)
 {
@@ -24,6 +38,12 @@ inline void need_inertial(Frame frame, const char *operation)
 /** The axes that go along with a satellite: rows in the frame of the state, and their derivatives, 1/s. */
 struct OrbitalAxes {
     Matrix axes{}, rates{};
+
+    friend bool operator==(const OrbitalAxes &a, const OrbitalAxes &b)
+    {
+        return a.axes == b.axes && a.rates == b.rates;
+    }
+    friend bool operator!=(const OrbitalAxes &a, const OrbitalAxes &b) { return !(a == b); }
 };
 
 /**
@@ -44,6 +64,8 @@ struct OrbitalAxes {
  * std::printf("%.2f deg from the node\n", tod.orbitAngle().angle); // -> 167.50 deg from the node
  * const ORBKIT::OrbitalAxes axes = tod.localFrame(ORBKIT::OrbitalFrame::LVLH);
  * std::printf("down is %.3f %.3f %.3f\n", axes.axes[6], axes.axes[7], axes.axes[8]); // -> down is 0.349 -0.912 -0.215
+ * const StateVector ahead = StateVector::fromLocalFrame(tod, ORBKIT::OrbitalFrame::LVLH, {100.0, 0.0, 0.0});
+ * std::printf("%.1f m ahead\n", ahead.beside(tod, ORBKIT::OrbitalFrame::LVLH).pos[0]); // -> 100.0 m ahead
  * @endcode
  */
 class StateVector {
@@ -65,14 +87,11 @@ public:
     static StateVector fromGeodetic(const kl_geodetic &place, const std::optional<Time> &time = std::nullopt,
                                     Borrowed<ModelId> models = {})
     {
-        StateVector out({}, {}, Frame::EF, time, models);
         const long mode = KL_CALC_POS_VEL;
-        long ierr[1] = {0};
-        throw_unless_ok(
-            "StateVector::fromGeodetic",
-            kl_geod_to_cart(out.models().getId(), &mode, &place, out.place_.pos_.data(), out.vel_.data(), ierr),
-            KL_ID_FUNC_GEOD_TO_CART, ierr);
-        return out;
+        return made("StateVector::fromGeodetic", KL_ID_FUNC_GEOD_TO_CART, Frame::EF, time, models,
+                    [&](kl_model_id *model, double *pos, double *vel, long *ierr) {
+                        return kl_geod_to_cart(model, &mode, &place, pos, vel, ierr);
+                    });
     }
 
     /**
@@ -84,28 +103,22 @@ public:
                                   const std::optional<Time> &time = std::nullopt, Borrowed<ModelId> models = {})
     {
         detail::need_inertial(frame, "StateVector::fromKepler");
-        StateVector out({}, {}, frame, time, models);
         const long of = number(kind);
-        long ierr[1] = {0};
-        throw_unless_ok(
-            "StateVector::fromKepler",
-            kl_kepl_to_cart(out.models().getId(), &of, &elements, out.place_.pos_.data(), out.vel_.data(), ierr),
-            KL_ID_FUNC_KEPL_TO_CART, ierr);
-        return out;
+        return made("StateVector::fromKepler", KL_ID_FUNC_KEPL_TO_CART, frame, time, models,
+                    [&](kl_model_id *model, double *pos, double *vel, long *ierr) {
+                        return kl_kepl_to_cart(model, &of, &elements, pos, vel, ierr);
+                    });
     }
 
     /** From right ascension, declination, distance and their rates. */
     static StateVector fromRaDec(const kl_radec &direction, Frame frame, const std::optional<Time> &time = std::nullopt,
                                  Borrowed<ModelId> models = {})
     {
-        StateVector out({}, {}, frame, time, models);
         const long mode = KL_CALC_POS_VEL;
-        long ierr[1] = {0};
-        throw_unless_ok(
-            "StateVector::fromRaDec",
-            kl_radec_to_cart(out.models().getId(), &mode, &direction, out.place_.pos_.data(), out.vel_.data(), ierr),
-            KL_ID_FUNC_RADEC_TO_CART, ierr);
-        return out;
+        return made("StateVector::fromRaDec", KL_ID_FUNC_RADEC_TO_CART, frame, time, models,
+                    [&](kl_model_id *model, double *pos, double *vel, long *ierr) {
+                        return kl_radec_to_cart(model, &mode, &direction, pos, vel, ierr);
+                    });
     }
 
     /** From azimuth, elevation, range and their rates seen from a station, in Frame::EF. */
@@ -116,13 +129,17 @@ public:
         const long mode = KL_CALC_POS_VEL;
         long ierr[1] = {0};
         throw_unless_ok("StateVector::fromStation",
-                        kl_topocentric_to_ef(station.models().getId(), &mode, &station.geodetic(), &seen,
+                        kl_topocentric_to_ef(detail::handle(station.models()), &mode, &station.geodetic(), &seen,
                                              out.place_.pos_.data(), out.vel_.data(), ierr),
                         "The station or the direction is out of range.");
         return out;
     }
 
-    /** From the angle on an orbit, its rates, node and inclination, at a radius of m, in Frame::TOD. */
+    /**
+     * On a circle through angle, node and inclination, in Frame::TOD; the rates are not looked at.
+     *
+     * @param radius  m
+     */
     static StateVector fromOrbitAngle(const kl_orbit_angle &angle, double radius,
                                       const std::optional<Time> &time = std::nullopt, Borrowed<ModelId> models = {})
     {
@@ -132,6 +149,29 @@ public:
         circle.raan = angle.node;
         circle.mean_anomaly = angle.angle;
         return fromKepler(circle, Elements::osculating, Frame::TOD, time, models);
+    }
+
+    /**
+     * From where it is beside another satellite: the frame and the instant are that one's.
+     *
+     * @param satellite  to which the axes belong
+     * @param pos, vel   along the axes and relative to them as they turn, m, m/s
+     */
+    static StateVector fromLocalFrame(const StateVector &satellite, OrbitalFrame kind, const Vector &pos,
+                                      const Vector &vel = {})
+    {
+        const OrbitalAxes a = satellite.localFrame(kind);
+        StateVector out = satellite;
+        out.acc_ = {};
+        out.has_acc_ = false;
+        const Vector offset = detail::from_axes(a.axes, pos);
+        const Vector turned = detail::along_axes(a.rates, offset);
+        const Vector moves = detail::from_axes(a.axes, {vel[0] - turned[0], vel[1] - turned[1], vel[2] - turned[2]});
+        for (std::size_t i = 0; i < 3; ++i) {
+            out.place_.pos_[i] += offset[i];
+            out.vel_[i] += moves[i];
+        }
+        return out;
     }
 
     const Vector &pos() const { return place_.pos(); } /**< m */
@@ -162,9 +202,10 @@ public:
         const long mode = KL_CALC_POS_VEL;
         kl_geodetic out{};
         long ierr[1] = {0};
-        throw_unless_ok("StateVector::geodetic",
-                        kl_cart_to_geod(models().getId(), &mode, fixed.pos().data(), fixed.vel_.data(), &out, ierr),
-                        KL_ID_FUNC_CART_TO_GEOD, ierr);
+        throw_unless_ok(
+            "StateVector::geodetic",
+            kl_cart_to_geod(detail::handle(models()), &mode, fixed.pos().data(), fixed.vel_.data(), &out, ierr),
+            KL_ID_FUNC_CART_TO_GEOD, ierr);
         return out;
     }
 
@@ -180,7 +221,7 @@ public:
         kl_kepler out{};
         long ierr[1] = {0};
         throw_unless_ok("StateVector::kepler",
-                        kl_cart_to_kepl(models().getId(), &of, pos().data(), vel_.data(), &out, ierr),
+                        kl_cart_to_kepl(detail::handle(models()), &of, pos().data(), vel_.data(), &out, ierr),
                         KL_ID_FUNC_CART_TO_KEPL, ierr);
         return out;
     }
@@ -192,7 +233,7 @@ public:
         kl_radec out{};
         long ierr[1] = {0};
         throw_unless_ok("StateVector::raDec",
-                        kl_cart_to_radec(models().getId(), &mode, pos().data(), vel_.data(), &out, ierr),
+                        kl_cart_to_radec(detail::handle(models()), &mode, pos().data(), vel_.data(), &out, ierr),
                         KL_ID_FUNC_CART_TO_RADEC, ierr);
         return out;
     }
@@ -214,8 +255,8 @@ public:
         kl_orbit_angle out{};
         long ierr[1] = {0};
         throw_unless_ok("StateVector::orbitAngle",
-                        kl_position_on_orbit(models().getId(), time().id(), &mode, &cs, &ref, &days, pos().data(),
-                                             vel_.data(), has_acc_ ? acc_.data() : nullptr, &out, ierr),
+                        kl_position_on_orbit(detail::handle(models()), time().id(), &mode, &cs, &ref, &days,
+                                             pos().data(), vel_.data(), has_acc_ ? acc_.data() : nullptr, &out, ierr),
                         KL_ID_FUNC_POSITION_ON_ORBIT, ierr);
         return out;
     }
@@ -235,9 +276,32 @@ public:
         return out;
     }
 
+    /**
+     * Where it is beside another satellite, along that one's axes and relative to them as they turn: m, m/s.
+     *
+     * @throws KitError when the two are in different frames or at different instants
+     */
+    State beside(const StateVector &satellite, OrbitalFrame kind) const
+    {
+        if (frame() != satellite.frame())
+            throw_messages({"The two states must be in one frame.", "StateVector::beside"});
+        if (hasTime() && satellite.hasTime() && time() != satellite.time())
+            throw_messages({"The two states must be at one instant.", "StateVector::beside"});
+        const OrbitalAxes a = satellite.localFrame(kind);
+        Vector p, v;
+        for (std::size_t i = 0; i < 3; ++i) {
+            p[i] = pos()[i] - satellite.pos()[i];
+            v[i] = vel()[i] - satellite.vel()[i];
+        }
+        const Vector moves = detail::along_axes(a.axes, v);
+        const Vector turned = detail::along_axes(a.rates, p);
+        return {detail::along_axes(a.axes, p), {moves[0] + turned[0], moves[1] + turned[1], moves[2] + turned[2]}, {}};
+    }
+
+    /** The same numbers; the models are not compared. */
     friend bool operator==(const StateVector &a, const StateVector &b)
     {
-        return a.place_ == b.place_ && a.vel_ == b.vel_ && a.acc_ == b.acc_;
+        return a.place_ == b.place_ && a.vel_ == b.vel_ && a.acc_ == b.acc_ && a.has_acc_ == b.has_acc_;
     }
     friend bool operator!=(const StateVector &a, const StateVector &b) { return !(a == b); }
     friend std::ostream &operator<<(std::ostream &out, const StateVector &s)
@@ -246,6 +310,20 @@ public:
     }
 
 private:
+    friend struct detail::Body;
+
+    // What a call of C makes of it: position, velocity and error vector are the call's to fill.
+    template <class Call>
+    static StateVector made(const char *operation, long public_id, Frame frame, const std::optional<Time> &time,
+                            Borrowed<ModelId> models, Call call)
+    {
+        StateVector out({}, {}, frame, time, models);
+        long ierr[1] = {0};
+        throw_unless_ok(operation, call(detail::handle(out.models()), out.place_.pos_.data(), out.vel_.data(), ierr),
+                        public_id, ierr);
+        return out;
+    }
+
     Position place_;
     Vector vel_, acc_{};
     bool has_acc_ = false;

@@ -80,7 +80,7 @@ public:
         const long to = number(frame);
         std::vector<Vector> acc(size());
         call.finish("StateVectors::in",
-                    kl_change_cart_cs_n(models().getId(), call.id, &call.n, &mode, &from, &to, &call.ref,
+                    kl_change_cart_cs_n(detail::handle(models()), call.id, &call.n, &mode, &from, &to, &call.ref,
                                         call.days.data(), plain(pos_), plain(vel_), plain(acc), plain(out.pos_),
                                         plain(out.vel_), plain(acc), call.status, call.ierr),
                     KL_ID_FUNC_CHANGE_CART_CS);
@@ -96,7 +96,7 @@ public:
         const Call call(*this);
         const long mode = KL_CALC_POS_VEL;
         call.finish("StateVectors::geodetic",
-                    kl_cart_to_geod_n(models().getId(), &call.n, &mode, plain(pos_), plain(vel_), out.data(),
+                    kl_cart_to_geod_n(detail::handle(models()), &call.n, &mode, plain(pos_), plain(vel_), out.data(),
                                       call.status, call.ierr),
                     KL_ID_FUNC_CART_TO_GEOD);
         return out;
@@ -110,8 +110,8 @@ public:
         const Call call(*this);
         const long of = number(kind);
         call.finish("StateVectors::kepler",
-                    kl_cart_to_kepl_n(models().getId(), &call.n, &of, plain(pos_), plain(vel_), out.data(), call.status,
-                                      call.ierr),
+                    kl_cart_to_kepl_n(detail::handle(models()), &call.n, &of, plain(pos_), plain(vel_), out.data(),
+                                      call.status, call.ierr),
                     KL_ID_FUNC_CART_TO_KEPL);
         return out;
     }
@@ -123,7 +123,7 @@ public:
         const Call call(*this);
         const long mode = KL_CALC_POS_VEL;
         call.finish("StateVectors::raDec",
-                    kl_cart_to_radec_n(models().getId(), &call.n, &mode, plain(pos_), plain(vel_), out.data(),
+                    kl_cart_to_radec_n(detail::handle(models()), &call.n, &mode, plain(pos_), plain(vel_), out.data(),
                                        call.status, call.ierr),
                     KL_ID_FUNC_CART_TO_RADEC);
         return out;
@@ -137,7 +137,7 @@ public:
         std::vector<kl_topocentric> out(size());
         const Call call(*this);
         const long mode = KL_CALC_POS_VEL;
-        if (kl_ef_to_topocentric_n(station.models().getId(), &call.n, &mode, &station.geodetic(), plain(pos_),
+        if (kl_ef_to_topocentric_n(detail::handle(station.models()), &call.n, &mode, &station.geodetic(), plain(pos_),
                                    plain(vel_), out.data(), call.status, call.ierr)
             == KL_ERR) // without a public id: no messages
             throw_messages({"The station or a position is out of range.", "StateVectors::seenFrom", call.failed()});
@@ -152,8 +152,9 @@ public:
         const long mode = KL_CALC_POS_VEL;
         const long cs = number(frame_);
         call.finish("StateVectors::orbitAngle",
-                    kl_position_on_orbit_n(models().getId(), call.id, &call.n, &mode, &cs, &call.ref, call.days.data(),
-                                           plain(pos_), plain(vel_), nullptr, out.data(), call.status, call.ierr),
+                    kl_position_on_orbit_n(detail::handle(models()), call.id, &call.n, &mode, &cs, &call.ref,
+                                           call.days.data(), plain(pos_), plain(vel_), nullptr, out.data(), call.status,
+                                           call.ierr),
                     KL_ID_FUNC_POSITION_ON_ORBIT);
         return out;
     }
@@ -163,6 +164,13 @@ public:
         return a.frame_ == b.frame_ && a.times_ == b.times_ && a.pos_ == b.pos_ && a.vel_ == b.vel_;
     }
     friend bool operator!=(const StateVectors &a, const StateVectors &b) { return !(a == b); }
+    /** A state a line. */
+    friend std::ostream &operator<<(std::ostream &out, const StateVectors &states)
+    {
+        for (std::size_t i = 0; i < states.size(); ++i)
+            out << states[i] << '\n';
+        return out;
+    }
 
 private:
     // What the array calls share.

@@ -21,7 +21,7 @@ public:
     /** In Frame::EF, relative to its turning axes. */
     static StateVector at(const Time &time, Borrowed<ModelId> models = {})
     {
-        return detail::body_at("Sun::at", KL_ID_FUNC_SUN, kl_sun, time, models);
+        return detail::Body::at("Sun::at", KL_ID_FUNC_SUN, kl_sun, time, models);
     }
 };
 

@@ -26,6 +26,9 @@ namespace ORBKIT {
  * that come from different correlations do neither: that is a KitError. TimeCorrelation::builtIn() makes another one at
  * each call: leave it out, or keep one for all instants. An instant outside 1950 to 2099 is a KitError too.
  *
+ * Durations are those of std::chrono, whole microseconds: 1s, 90min, and std::chrono::duration_cast<Time::Duration>(d)
+ * of a duration d that holds a double.
+ *
  * @code{.cpp}
  * using namespace std::chrono_literals;
  * using ORBKIT::Scale, ORBKIT::Time, ORBKIT::TextFormat;
@@ -39,6 +42,10 @@ namespace ORBKIT {
  * std::printf("%d, %lld us\n", same == leap, static_cast<long long>((same - last).count())); // -> 1, 1000000 us
  * const auto clock = Time("2026-06-21T08:24:00.25").systemClock(); // a std::chrono time_point
  * std::printf("%.0f days\n", std::chrono::duration<double>(Time(clock) - last).count() / 86400.0); // -> 3458 days
+ * const std::string_view line = "2026-172T08:24:00.25,67.857"; // texts of any kind, without a copy on the heap
+ * std::printf("%s\n", Time(line.substr(0, line.find(','))).text().c_str()); // -> 2026-06-21T08:24:00.250000
+ * const Time strict = Time::fromText("20161231_235960", TextFormat::ascii_21); // this layout and no other
+ * std::printf("%d %.6f s\n", strict == leap, std::chrono::duration<double>(leap - last).count()); // -> 1 1.000000 s
  * const kl_time_row_info row = last.served(); // what the correlation gives there
  * std::printf("TAI-UTC %.0f s, pole %.3f arcsec\n", row.tai_utc, row.pole[1]); // -> TAI-UTC 36 s, pole 0.263 arcsec
  * @endcode
@@ -59,37 +66,50 @@ public:
      * @param correlation  borrowed
      * @throws KitError when it is no such text
      */
-    explicit Time(const std::string &text, Scale scale = Scale::UTC, Borrowed<TimeCorrelation> correlation = {})
+    explicit Time(const TypedText &text, Scale scale = Scale::UTC, Borrowed<TimeCorrelation> correlation = {})
         : correlation_(correlation), scale_(scale)
     {
         const char *const typed = text.c_str();
-        const std::size_t length = std::strlen(typed);
-        std::size_t first = 0, end = length;
-        while (first < end && typed[first] <= ' ')
-            ++first;
-        while (first < end && typed[end - 1] <= ' ')
-            --end;
-        if (end > first + 3 && typed[first + 3] == '=')
-            scale_ = scale_named(typed + first);
-        else if (end > first && typed[end - 1] == 'Z')
-            scale_ = Scale::UTC;
+        take_scale(typed);
         const long ref = number(scale_);
         const long processing = KL_PROC;
         const long tai = KL_TIME_TAI;
-        double days = 0.0;
+        double days;
         long ierr[1] = {0};
-        const char *const whole = length == text.size() ? typed : "?"; // no zeros inside
-        throw_unless_ok("Time", kl_time_text_to_processing(id(), whole, &ref, &processing, &tai, &days, ierr),
+        throw_unless_ok("Time", kl_time_text_to_processing(id(), typed, &ref, &processing, &tai, &days, ierr),
                         KL_ID_FUNC_TIME_ASCII_TO_PROCESSING, ierr);
-        const std::int64_t day = static_cast<std::int64_t>(days) - (days < 0.0 ? 1 : 0);
-        const double rest = (days - static_cast<double>(day)) * static_cast<double>(kDay);
-        tai_ = day * kDay + static_cast<std::int64_t>(rest + 0.5);
+        tai_ = nearest(days);
+    }
+
+    /**
+     * From a text of one layout, to the character: what is not written so is refused.
+     *
+     * @param scale  of the layouts without a prefix, as TextFormat::iso; the others say it themselves
+     */
+    static Time fromText(const TypedText &text, TextFormat format, Scale scale = Scale::UTC,
+                         Borrowed<TimeCorrelation> correlation = {})
+    {
+        Time time(scale, correlation);
+        const long in = number(format);
+        const bool prefix = in % 2 == 0;
+        if (prefix)
+            time.take_scale(text.c_str());
+        const long ref = prefix ? long{KL_TIME_UNDEF} : number(scale);
+        const long transport = KL_TRANS_0;
+        const long tai = KL_TIME_TAI;
+        long fields[4] = {};
+        long ierr[1] = {0};
+        throw_unless_ok("Time::fromText",
+                        kl_time_ascii_to_transport(time.id(), &in, &ref, text.c_str(), &transport, &tai, fields, ierr),
+                        KL_ID_FUNC_TIME_ASCII_TO_TRANSPORT, ierr);
+        time.take(fields);
+        return time;
     }
 
     /** From the clock of the system, which counts UTC without leap seconds. */
     explicit Time(std::chrono::system_clock::time_point clock, Borrowed<TimeCorrelation> correlation = {})
     {
-        const std::int64_t utc = std::chrono::duration_cast<Duration>(clock.time_since_epoch()).count() - kUnixEpoch;
+        const std::int64_t utc = std::chrono::round<Duration>(clock.time_since_epoch()).count() - kUnixEpoch;
         *this = fromTransport(fields_of(utc), TransportFormat::days_seconds, Scale::UTC, correlation);
     }
 
@@ -181,11 +201,7 @@ public:
     /** Microseconds of TAI since MJD2000 0.0. */
     std::int64_t taiMicroseconds() const { return tai_; }
     /** Days of TAI since MJD2000 0.0. */
-    double taiDays() const
-    {
-        const std::int64_t day = day_of(tai_);
-        return static_cast<double>(day) + static_cast<double>(tai_ - day * kDay) / static_cast<double>(kDay);
-    }
+    double taiDays() const { return static_cast<double>(tai_) / static_cast<double>(kDay); }
 
     /** The scale in which it is told. */
     Scale scale() const { return scale_; }
@@ -291,10 +307,10 @@ public:
         return correlation_ != nullptr ? *correlation_ : built_in_correlation();
     }
     /** Which row of the correlation serves it, and what that gives: differences of scales, pole, quality. */
-    kl_time_row_info served() const { return correlation().getRow(KL_TIME_TAI, taiDays()); }
+    kl_time_row_info served() const { return correlation().getRow(Scale::TAI, taiDays()); }
 
     /** For the calls of C. */
-    kl_time_id *id() const { return correlation().getId(); }
+    kl_time_id *id() const { return detail::handle(correlation()); }
 
     /** @throws KitError beyond 1950 to 2099 */
     Time &operator+=(Duration duration)
@@ -340,9 +356,44 @@ private:
 
     Time(Scale scale, Borrowed<TimeCorrelation> correlation) : correlation_(correlation), scale_(scale) {}
 
-    static Scale scale_named(const char *name) // where it is none of the four the text is refused
+    // The scale that a text says itself: TAI= and the like in front, or a Z behind. Where it is none the text is
+    // refused.
+    void take_scale(const char *text)
     {
-        return name[0] == 'T' ? Scale::TAI : name[0] == 'G' ? Scale::GPS : name[2] == 'C' ? Scale::UTC : Scale::UT1;
+        while (*text != '\0' && *text <= ' ')
+            ++text;
+        if (text[0] != '\0' && text[1] != '\0' && text[2] != '\0' && text[3] == '=') {
+            scale_ = text[0] == 'T'   ? Scale::TAI
+                     : text[0] == 'G' ? Scale::GPS
+                     : text[2] == 'C' ? Scale::UTC
+                                      : Scale::UT1;
+        } else if (scale_ != Scale::UTC) {
+            char last = '\0';
+            for (; *text != '\0'; ++text)
+                last = *text > ' ' ? *text : last;
+            scale_ = last == 'Z' ? Scale::UTC : scale_;
+        }
+    }
+
+    // Microseconds. Up to 2^14 days a rounded product is off by less than half of one; beyond, day and rest apart.
+    static std::int64_t nearest(double days)
+    {
+        constexpr double kCount = static_cast<double>(kDay);
+        if (std::fabs(days) < 0x1p14)
+            return whole(days * kCount);
+        const std::int64_t day = static_cast<std::int64_t>(days);
+        return day * kDay + whole((days - static_cast<double>(day)) * kCount);
+    }
+    // To the nearest, below 2^51: where doubles lie one apart, their bits count.
+    static std::int64_t whole(double count)
+    {
+        const double one_apart = 0x1.8p52;
+        const double sum = count + one_apart;
+        std::int64_t a = 0;
+        std::int64_t b = 0;
+        std::memcpy(&a, &sum, sizeof a);
+        std::memcpy(&b, &one_apart, sizeof b);
+        return a - b;
     }
 
     static std::int64_t day_of(std::int64_t count) { return count / kDay - (count % kDay < 0 ? 1 : 0); }

@@ -4,10 +4,12 @@
 #ifndef ORBKIT_TIME_CORRELATION_HPP
 #define ORBKIT_TIME_CORRELATION_HPP
 
+#include "enums.hpp"
 #include "kit_id.hpp"
 
 #include <array>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -63,7 +65,7 @@ struct LeapSecondStep {
  * std::printf("%zu rows\n", ORBKIT::TimeCorrelation(table).getData().rows.size()); // -> 2 rows
  *
  * const auto published = ORBKIT::TimeCorrelation::builtIn(); // UT1, leap seconds and pole since 1972
- * const kl_time_row_info row = published.getRow(KL_TIME_UTC, 6210.0);
+ * const kl_time_row_info row = published.getRow(ORBKIT::Scale::UTC, 6210.0);
  * std::printf("2017-01-01: TAI-UTC %.0f s, UT1-UTC %.4f s\n", row.tai_utc, row.tai_utc - row.tai_ut1);
  * // -> 2017-01-01: TAI-UTC 37 s, UT1-UTC 0.5913 s
  * const ORBKIT::TimeWindow rows = published.getValidity();
@@ -102,10 +104,9 @@ public:
     /**
      * From files of one model.
      *
-     * @param model  KL_TIME_MODEL_*
      * @throws KitError when kl_time_ref_init_file fails
      */
-    static TimeCorrelation fromFiles(long model, const std::vector<std::string> &files,
+    static TimeCorrelation fromFiles(TimeModel model, const std::vector<std::string> &files,
                                      const std::optional<TimeWindow> &window = std::nullopt,
                                      kl_time_file_report *report = nullptr);
     TimeCorrelation(const TimeCorrelation &other);
@@ -139,16 +140,18 @@ public:
     /**
      * The pole of the Earth: x, y, dX, dY, arcsec.
      *
+     * @param days  MJD2000; of a Time: Time::served()
      * @throws KitError with "Pole cannot be read." when kl_time_get_pole fails
      */
-    std::array<double, 4> getPole(long time_ref, double time) const;
+    std::array<double, 4> getPole(Scale scale, double days) const;
 
     /**
      * Which row serves an instant, and what it gives.
      *
+     * @param days  MJD2000; of a Time: Time::served()
      * @throws KitError with "Row of the time correlation cannot be read." when kl_time_get_row fails
      */
-    kl_time_row_info getRow(long time_ref, double time) const;
+    kl_time_row_info getRow(Scale scale, double days) const;
 
     /**
      * All steps of TAI-UTC in the table.
@@ -163,6 +166,20 @@ public:
 
     /** The handle, for the C functions; it stays the object's. */
     kl_time_id *getId() const;
+
+    /** The same id. */
+    friend bool operator==(const TimeCorrelation &a, const TimeCorrelation &b)
+    {
+        return a.handle_.time.record == b.handle_.time.record;
+    }
+    friend bool operator!=(const TimeCorrelation &a, const TimeCorrelation &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const TimeCorrelation &time)
+    {
+        if (time.status() != 1)
+            return out << "no time correlation";
+        const TimeWindow rows = time.getValidity();
+        return out << "time correlation from day " << rows.start << " to " << rows.stop;
+    }
 
     /**
      * Gives up this object's share and leaves it empty; closes the id when nobody else holds it.

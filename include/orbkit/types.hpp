@@ -8,7 +8,10 @@
 #include "../kl_lib.h"
 
 #include <array>
+#include <cstring>
+#include <ostream>
 #include <string>
+#include <string_view>
 
 namespace ORBKIT {
 
@@ -94,6 +97,10 @@ struct TimeText {
 
     const char *c_str() const { return text; }
     std::string str() const { return text; }
+
+    friend bool operator==(const TimeText &a, const TimeText &b) { return std::strcmp(a.text, b.text) == 0; }
+    friend bool operator!=(const TimeText &a, const TimeText &b) { return !(a == b); }
+    friend std::ostream &operator<<(std::ostream &out, const TimeText &time) { return out << time.text; }
 };
 
 /** Argument type: any terminated text, borrowed for the call. */
@@ -107,6 +114,33 @@ public:
 
 private:
     const char *text_;
+};
+
+/**
+ * Argument type: a text that somebody wrote, of any kind; only one without an end of its own is copied. None, one with
+ * zeros inside and one longer than any time are no time, and so refused.
+ */
+class TypedText {
+public:
+    TypedText(const char *text) : text_(text != nullptr ? text : kNone) {}
+    TypedText(const std::string &text) : text_(std::strlen(text.c_str()) == text.size() ? text.c_str() : kNone) {}
+    TypedText(const TimeText &text) : text_(text.text) {}
+    TypedText(std::string_view text) : text_(kNone)
+    {
+        if (text.size() >= sizeof copy_ || text.find('\0') != text.npos)
+            return;
+        copy_[text.copy(copy_, text.size())] = '\0';
+        text_ = copy_;
+    }
+    TypedText(const TypedText &) = delete;
+    TypedText &operator=(const TypedText &) = delete;
+
+    const char *c_str() const { return text_; }
+
+private:
+    static constexpr const char *kNone = "?";
+    const char *text_;
+    char copy_[80];
 };
 
 /** The leap second of a time id: sign 0 and empty texts when it has none. */

@@ -174,31 +174,34 @@ TimeCorrelation TimeCorrelation::fromFiles(const std::vector<std::string> &files
     return fresh;
 }
 
-TimeCorrelation TimeCorrelation::fromFiles(long model, const std::vector<std::string> &files,
+TimeCorrelation TimeCorrelation::fromFiles(TimeModel model, const std::vector<std::string> &files,
                                            const std::optional<TimeWindow> &window, kl_time_file_report *report)
 {
     const FileArguments in(files, window);
+    const long of = number(model);
     TimeCorrelation fresh;
     long ierr[1] = {0};
-    const long status = kl_time_ref_init_file(&model, &in.n_files, in.names.data(), &in.mode, &in.limits.start,
+    const long status = kl_time_ref_init_file(&of, &in.n_files, in.names.data(), &in.mode, &in.limits.start,
                                               &in.limits.stop, report, fresh.getId(), ierr);
     fresh.addInstance();
     check("TimeCorrelation::fromFiles", status, KL_ID_FUNC_TIME_REF_INIT_FILE, ierr);
     return fresh;
 }
 
-std::array<double, 4> TimeCorrelation::getPole(long time_ref, double time) const
+std::array<double, 4> TimeCorrelation::getPole(Scale scale, double days) const
 {
+    const long ref = number(scale);
     std::array<double, 4> pole{};
-    if (kl_time_get_pole(getId(), &time_ref, &time, pole.data()) != KL_OK)
+    if (kl_time_get_pole(getId(), &ref, &days, pole.data()) != KL_OK)
         throw_messages({"Pole cannot be read."});
     return pole;
 }
 
-kl_time_row_info TimeCorrelation::getRow(long time_ref, double time) const
+kl_time_row_info TimeCorrelation::getRow(Scale scale, double days) const
 {
+    const long ref = number(scale);
     kl_time_row_info info{};
-    if (kl_time_get_row(getId(), &time_ref, &time, &info) != KL_OK)
+    if (kl_time_get_row(getId(), &ref, &days, &info) != KL_OK)
         throw_messages({"Row of the time correlation cannot be read."});
     return info;
 }

@@ -20,6 +20,16 @@ static_assert(!std::is_convertible_v<Frame, long> && !std::is_convertible_v<long
 static_assert(!std::is_constructible_v<StateVector, ORBKIT::Vector, ORBKIT::Vector, ORBKIT::IersFrame, Time>);
 static_assert(!std::is_constructible_v<Time, const char *, Scale, ORBKIT::TimeCorrelation>); // it would die first
 static_assert(std::is_same_v<ORBKIT::TimeId, ORBKIT::TimeCorrelation>);
+// A number, or one of another kind, in the place of each enumeration.
+template <class N>
+constexpr bool kAnywhere = std::
+                               is_constructible_v<
+                                   Time, std::string, N> || std::is_invocable_v<decltype(&Time::in), Time, N> || std::is_invocable_v<decltype(&Time::fromText), const char *, N, Scale, ORBKIT::Borrowed<ORBKIT::TimeCorrelation>> || std::is_invocable_v<decltype(&StateVector::in), StateVector, N> || std::is_invocable_v<decltype(&StateVector::kepler), StateVector, N> || std::is_invocable_v<decltype(&StateVector::localFrame), StateVector, N> || std::is_invocable_v<decltype(&ORBKIT::IersState::in), ORBKIT::IersState, N, ORBKIT::EopCorrections> || std::is_invocable_v<decltype(&ORBKIT::TimeCorrelation::getPole), ORBKIT::TimeCorrelation, N, double> || std::is_constructible_v<ORBKIT::Planet, N> || std::is_constructible_v<ORBKIT::StateVectors, N>;
+static_assert(
+    !kAnywhere<
+        long> && !kAnywhere<int> && !kAnywhere<ORBKIT::EopCorrections> && !kAnywhere<ORBKIT::StarCorrections> && !kAnywhere<ORBKIT::TransportFormat>);
+static_assert(!std::is_invocable_v<decltype(&StateVector::in), StateVector, Scale>);
+static_assert(!std::is_constructible_v<ORBKIT::Planet, Frame> && !std::is_convertible_v<ORBKIT::Elements, long>);
 static_assert(sizeof(Time) == 24 && std::is_trivially_copyable_v<Time>);
 
 namespace {
@@ -86,10 +96,45 @@ TEST(TimeValue, TakesWhatPeopleType)
          {"", "yesterday", "2026-13-01T00:00:00", "2026-06-21", "2026-06-21T08:24:00.", "Z", "2026-06-21T08:24:00.25x",
           "2026-06-21T08:24:00.2500000x", "XYZ=2026-06-21T08:24:00", "2026-06-31T00:00:00", "2026-06-21T08:24:60"})
         EXPECT_THROW(Time{text}, KitError) << text;
+    const std::string_view line = "2026-06-21T08:24:00.25,7.1";
+    EXPECT_EQ(Time(line.substr(0, line.find(','))), time);
+    EXPECT_EQ(Time(time.text()), time);
     EXPECT_THROW(Time(std::string("2026-06-21T08:24:00\0.5", 22)), KitError);
+    EXPECT_THROW(Time(std::string_view("2026-06-21T08:24:00\0.5", 22)), KitError);
+    EXPECT_THROW(Time(std::string_view("2026-06-21T08:24:00" + std::string(90, ' '))), KitError);
+    EXPECT_THROW(Time(static_cast<const char *>(nullptr)), KitError);
     throws("between 1950 and 2099", [] { return Time() + std::chrono::hours(24 * 366 * 1000); });
     throws("between 1950 and 2099", [] { return Time() - Time::Duration::max(); });
     throws("between 1950 and 2099", [] { return Time() - Time::Duration::min(); }); // whose negative there is not
+}
+
+TEST(TimeValue, TakesALayoutToTheCharacter)
+{
+    using ORBKIT::TextFormat;
+    const Time leap("2016-12-31T23:59:60.000001");
+    EXPECT_EQ(Time::fromText("2016-12-31T23:59:60.000001", TextFormat::iso), leap);
+    EXPECT_EQ(Time::fromText("GPS=20170101_000017000001", TextFormat::ascii_24), leap);
+    EXPECT_EQ(Time::fromText("GPS=20170101_000017000001", TextFormat::ascii_24).scale(), Scale::GPS);
+    EXPECT_EQ(Time::fromText("2017-01-01T00:00:36.000001", TextFormat::iso, Scale::TAI), leap);
+    for (const char *text : {"2016-12-31T23:59:60", "2016-12-31 23:59:60.000001", " 2016-12-31T23:59:60.000001",
+                             "UTC=2016-12-31T23:59:60.000001", "2016-12-31T23:59:60.000001Z", ""})
+        EXPECT_THROW(Time::fromText(text, TextFormat::iso), KitError) << text;
+}
+
+// Counts of a fixed generator over the whole range; beyond 2^14 days a rounded product of days would be one off.
+TEST(TimeValue, EveryMicrosecondComesBackFromItsText)
+{
+    std::uint64_t random = 7;
+    for (int i = 0; i < 20000; ++i) {
+        random = random * 6364136223846793005U + 1442695040888963407U;
+        const auto count = static_cast<std::int64_t>(random >> 12) % (54780 * std::int64_t{86400000000});
+        const Time time = Time::fromTaiMicroseconds(count - 18260 * std::int64_t{86400000000});
+        for (const Scale scale : {Scale::TAI, Scale::UTC, Scale::UT1, Scale::GPS})
+            ASSERT_EQ(Time(time.text(ORBKIT::TextFormat::ascii_44, scale)), time) << time;
+    }
+    using Clock = std::chrono::system_clock;
+    const auto early = Clock::time_point(std::chrono::nanoseconds(-1500)); // to the nearest, before 1970 too
+    EXPECT_EQ(Time(early), Time("1970-01-01T00:00:00") - 2us);
 }
 
 TEST(Values, DoNotMixCorrelationsAndNeedAnInstantForAnotherFrame)
@@ -112,6 +157,17 @@ TEST(Values, DoNotMixCorrelationsAndNeedAnInstantForAnotherFrame)
     throws("needs an instant", [&] { nowhen.in(Frame::TOD); });
     throws("needs an instant", [&] { nowhen.position().in(Frame::TOD); });
     throws("no instant", [&] { ORBKIT::Eclipse::at(nowhen); });
+    const auto foreign = [&](const Time &t) {
+        return StateVector({7e6, 0, 0}, {0, 7e3, 0}, Frame::TOD, there + (t - here));
+    };
+    const ORBKIT::GroundStation pole(90.0, 0.0, 0.0);
+    throws("different time correlations", [&] { ORBKIT::events::passes(foreign, pole, {here, here + 1h}); });
+    throws("different time correlations", [&] { ORBKIT::events::eclipses(foreign, {here, here + 1h}); });
+    throws("different time correlations", [&] { ORBKIT::events::node_crossings(foreign, {here, here + 1h}); });
+    const ORBKIT::Star star{kl_star{}};
+    const auto all = ORBKIT::StarCorrections::all;
+    throws("at another instant", [&] { star.place(here, Frame::GM2000, all, kOrbit(here + 1s)); });
+    throws("different time correlations", [&] { star.place(here, Frame::GM2000, all, foreign(here)); });
 }
 
 void near(const ORBKIT::Vector &a, const ORBKIT::Vector &b, double tolerance)
@@ -144,6 +200,20 @@ TEST(StateValue, ComesBackFromWhatItBecomes)
     near(StateVector::fromStation(station, state.seenFrom(station), state.time()).vel(), fixed.vel(), 1e-8);
     const double radius = state.raDec().distance;
     near(StateVector::fromOrbitAngle(state.orbitAngle(), radius, state.time()).pos(), state.pos(), 1e-6);
+    // Hill's circle about it: what stands still along its axes moves with them.
+    const auto kind = ORBKIT::OrbitalFrame::LVLH;
+    const ORBKIT::Vector offset = {120.0, -35.0, 7.5}, drift = {0.25, 1.5, -0.125};
+    const StateVector other = StateVector::fromLocalFrame(state, kind, offset, drift);
+    near(other.beside(state, kind).pos, offset, 1e-8);
+    near(other.beside(state, kind).vel, drift, 1e-11);
+    const StateVector still = StateVector::fromLocalFrame(state, kind, offset);
+    const StateVector later = kOrbit(state.time() + 1s);
+    const StateVector moved = StateVector::fromLocalFrame(later, kind, offset);
+    for (std::size_t i = 0; i < 3; ++i) // the axes turn as two bodies do, J2 adds a thousandth of 0.13 m/s
+        EXPECT_NEAR(moved.pos()[i] - still.pos()[i] - (later.pos()[i] - state.pos()[i]),
+                    0.5 * (still.vel()[i] + moved.vel()[i] - state.vel()[i] - later.vel()[i]), 1.3e-4);
+    throws("in one frame", [&] { fixed.beside(state, kind); });
+    throws("at one instant", [&] { later.beside(state, kind); });
     // A position alone is where the state is.
     const ORBKIT::Position place = state.position();
     near(place.in(Frame::EF).pos(), fixed.pos(), 1e-8);
@@ -160,7 +230,7 @@ TEST(Values, BuiltInLeapSecondsAndRows)
     ASSERT_EQ(steps.size(), 27U);
     EXPECT_EQ(std::tuple(steps.front().utc, steps.front().tai_utc), std::tuple(-10045.0, 11.0));
     EXPECT_EQ(std::tuple(steps.back().utc, steps.back().tai_utc), std::tuple(6210.0, 37.0));
-    const kl_time_row_info row = published.getRow(KL_TIME_UTC, 6210.0);
+    const kl_time_row_info row = published.getRow(Scale::UTC, 6210.0);
     EXPECT_EQ(row.tai_utc, 37.0);
     EXPECT_NEAR(row.tai_utc - row.tai_ut1, 0.5913, 5e-5);
 }
@@ -296,6 +366,9 @@ TEST(Events, EclipsesNodesAndSunriseMeetTheirDefinitions)
     }
     // The Sun does not set at Kiruna at the solstice, and stays up some 12 h 7 min at the equator.
     EXPECT_TRUE(ORBKIT::events::sun_rise_set({67.857, 20.964, 390.0}, {kEpoch, kEpoch + 24h}).empty());
+    const auto polar_day = ORBKIT::events::daylight({67.857, 20.964, 390.0}, {kEpoch, kEpoch + 24h});
+    EXPECT_TRUE(polar_day.size() == 1 && polar_day[0].cut_start && polar_day[0].cut_stop);
+    EXPECT_TRUE(ORBKIT::events::daylight({-80.0, 0.0, 0.0}, {kEpoch, kEpoch + 24h}).empty());
     const auto day = ORBKIT::events::sun_rise_set({0.0, 0.0, 0.0}, {kEpoch, kEpoch + 24h});
     ASSERT_TRUE(day.size() == 2 && day[0].rising && !day[1].rising);
     EXPECT_NEAR(std::chrono::duration<double>(day[1].time - day[0].time).count(), 43200.0 + 430.0, 30.0);

@@ -636,8 +636,20 @@ inline long told(const char *operation, long status, long public_id, const long 
  * as the first, or empty where C takes NULL and where the mode needs none; a result may lie on an input of the same
  * shape. With a column of statuses nothing is thrown: they tell which elements failed, and what failed is NaN, zero or
  * empty. Without one a failed element throws a KitError, after all were computed; columns of different lengths are a
- * std::invalid_argument before anything
- * is. Texts stand a width apart.
+ * std::invalid_argument before anything is. Texts stand a width apart. Scales and frames are the constants of C here.
+ *
+ * @code{{.cpp}}
+ * const auto correlation = ORBKIT::TimeCorrelation::builtIn();
+ * const std::vector<double> days = {{9668.0, 9850.0, 40000.0}}; // UTC, MJD2000; the last one lies beyond 2099
+ * std::vector<ORBKIT::Vector> pos(days.size()), vel(days.size());
+ * std::vector<long> status(days.size());
+ * ORBKIT::Arrays::sun(ORBKIT::ModelId(), correlation, KL_TIME_UTC, days, pos, vel, status);
+ * for (std::size_t i = 0; i < days.size(); ++i)
+ *     std::printf("%ld: %.2f million km north\\n", status[i], pos[i][2] / 1e9);
+ * // -> 0: 60.47 million km north
+ * // -> 0: -58.51 million km north
+ * // -> -1: nan million km north
+ * @endcode
  */
 // clang-format off
 class Arrays {{

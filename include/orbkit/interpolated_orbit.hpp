@@ -1,54 +1,14 @@
 /**
- * @file orbits.hpp
- * Motions: functions from an instant to the state there. Any function of the caller's is one.
+ * @file interpolated_orbit.hpp
  */
-#ifndef ORBKIT_ORBITS_HPP
-#define ORBKIT_ORBITS_HPP
+#ifndef ORBKIT_INTERPOLATED_ORBIT_HPP
+#define ORBKIT_INTERPOLATED_ORBIT_HPP
 
 #include "state_vectors.hpp"
 
+#include <vector>
+
 namespace ORBKIT {
-
-/**
- * Motion on mean Kepler elements in Frame::TOD, whose node, perigee and anomaly turn by the secular rates of J2: see
- * kl_mean_motion.
- *
- * @code{.cpp}
- * const ORBKIT::Time epoch("2026-06-21T00:00:00");
- * const ORBKIT::MeanMotion orbit({7178137.0, 0.001, 98.6, 250.0, 90.0, 0.0}, epoch);
- * const kl_kepler later = orbit(epoch + std::chrono::hours(24)).kepler(ORBKIT::Elements::mean);
- * std::printf("node moved %.2f deg in a day\n", later.raan - 250.0); // -> node moved 0.99 deg in a day
- * @endcode
- */
-class MeanMotion {
-public:
-    MeanMotion(const kl_kepler &mean_elements, const Time &epoch, Borrowed<ModelId> models = {})
-        : elements_(mean_elements), epoch_(epoch), models_(models)
-    {
-        (*this)(epoch); // refuses elements that are none
-    }
-    /** From a state, by its mean elements. */
-    explicit MeanMotion(const StateVector &state)
-        : MeanMotion(state.in(Frame::TOD).kepler(Elements::mean), state.time(), state.models())
-    {
-    }
-
-    /** @throws KitError for an instant of another correlation */
-    StateVector operator()(const Time &time) const
-    {
-        const ModelId &models = models_ != nullptr ? *models_ : default_models();
-        const double seconds = static_cast<double>((time - epoch_).count()) * 1e-6;
-        kl_kepler at{};
-        if (kl_mean_motion(models.getId(), &elements_, &seconds, &at, nullptr) == KL_ERR)
-            throw_messages({"The mean elements are not those of an ellipse around the Earth.", "MeanMotion"});
-        return StateVector::fromKepler(at, Elements::mean, Frame::TOD, time, models);
-    }
-
-private:
-    kl_kepler elements_;
-    Time epoch_;
-    const ModelId *models_;
-};
 
 /**
  * States in memory, and Hermite's polynomial of degree 11 through the six nearest between them: see
