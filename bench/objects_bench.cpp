@@ -175,6 +175,14 @@ struct Values {
     GroundStation station{48.0, 11.0, 600.0};
     Ray ray{fixed.position(), {0.3, -1.0, -0.2}};
     Cuc codes{{KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1958, KL_TIME_TAI, 0.0, 4, 3}};
+    CucTime octets = codes.encode(time);
+    IersState precise{fixed.pos(), fixed.vel(), IersFrame::ITRS, time};
+    StateVectors many = [this] {
+        StateVectors out(Frame::TOD);
+        for (int i = 0; i < 1000; ++i)
+            out.add(tod);
+        return out;
+    }();
     OnBoardTime<kl_obt_param_vardo> clock{{51, 0}, Scale::TAI};
     Star star{{101.287155, -16.716116, -546.0, -1223.0, 379.2, -5.5, 0.5, -1.46, 2491}};
     kl_kepler mean{7178137.0, 0.001, 98.6, 250.0, 90.0, 0.0};
@@ -188,6 +196,7 @@ struct Values {
     TransportTime record = time.transport(TransportFormat::days_seconds, Scale::TAI);
     long tai = KL_TIME_TAI, utc = KL_TIME_UTC, proc = KL_PROC, trans = KL_TRANS_0, iso = KL_ASCII_43;
     long mode = KL_CALC_POS_VEL, from = KL_TOD, to = KL_EF, osculating = KL_KEPLER_OSCULATING, all = 7, one = 1;
+    long itrs = KL_ITRS, gcrs = KL_GCRS, corrections = KL_EOP_ALL, lvlh = KL_ORBITAL_LVLH;
     double zero = 0.0;
 };
 const Values &v()
@@ -207,6 +216,16 @@ const bool kPairs[] = {
             return days;
         },
         [] { return Time(v().text); }),
+    pair(
+        "kl_time_processing_to_transport", "Time::fromProcessing",
+        [] {
+            TransportTime record;
+            long ierr[1];
+            kl_time_processing_to_transport(v().id, &v().proc, &v().utc, &v().days, &v().trans, &v().tai, record.data(),
+                                            ierr);
+            return record;
+        },
+        [] { return Time::fromProcessing(v().days, Scale::UTC); }),
     pair(
         "kl_time_transport_to_ascii", "Time::text",
         [] {
@@ -237,6 +256,15 @@ const bool kPairs[] = {
         },
         [] { return v().codes.encode(v().time); }),
     pair(
+        "kl_time_cuc_to_processing", "Cuc::decode",
+        [] {
+            double days;
+            long ierr[1];
+            kl_time_cuc_to_processing(v().id, &v().codes.config(), &v().tai, v().octets.data(), &days, ierr);
+            return days;
+        },
+        [] { return v().codes.decode(v().octets); }),
+    pair(
         "kl_time_time_to_obt", "OnBoardTime::count",
         [] {
             kl_obt_vardo count{51, 0, 0};
@@ -257,6 +285,43 @@ const bool kPairs[] = {
             return out;
         },
         [] { return v().tod.in(Frame::EF); }),
+    pair(
+        "kl_change_cart_cs_n, 1000 states", "StateVectors::in",
+        [] {
+            const std::size_t n = v().many.size();
+            const long many = static_cast<long>(n);
+            std::vector<Vector> pos(n), vel(n), acc(n);
+            std::vector<double> days(n, v().days);
+            std::vector<long> status(n);
+            const auto plain = [](const std::vector<Vector> &x) { return reinterpret_cast<const double(*)[3]>(&x[0]); };
+            const auto filled = [](std::vector<Vector> &x) { return reinterpret_cast<double(*)[3]>(&x[0]); };
+            long ierr[1];
+            kl_change_cart_cs_n(v().model, v().id, &many, &v().mode, &v().from, &v().to, &v().tai, days.data(),
+                                plain(v().many.pos()), plain(v().many.vel()), plain(acc), filled(pos), filled(vel),
+                                filled(acc), status.data(), ierr);
+            return pos;
+        },
+        [] { return v().many.in(Frame::EF); }),
+    pair(
+        "kl_iers_change", "IersState::in",
+        [] {
+            State out;
+            long ierr[1];
+            kl_iers_change(v().id, &v().corrections, &v().mode, &v().itrs, &v().gcrs, &v().tai, &v().days,
+                           v().precise.pos().data(), v().precise.vel().data(), nullptr, out.pos.data(), out.vel.data(),
+                           out.acc.data(), ierr);
+            return out;
+        },
+        [] { return v().precise.in(IersFrame::GCRS); }),
+    pair(
+        "kl_local_orbital_frame", "StateVector::localFrame",
+        [] {
+            OrbitalAxes out;
+            kl_local_orbital_frame(&v().lvlh, v().tod.pos().data(), v().tod.vel().data(), nullptr, out.axes.data(),
+                                   out.rates.data(), nullptr);
+            return out;
+        },
+        [] { return v().tod.localFrame(OrbitalFrame::LVLH); }),
     pair(
         "kl_cart_to_geod", "StateVector::geodetic",
         [] {

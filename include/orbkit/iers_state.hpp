@@ -37,15 +37,14 @@ public:
     /** The same state in another frame of the conventions. NaN goes through. */
     IersState in(IersFrame frame, EopCorrections corrections = EopCorrections::all) const
     {
-        IersState out = *this;
-        out.frame_ = frame;
+        IersState out({}, {}, frame, time_);
         const long mode = KL_CALC_POS_VEL;
         const long what = number(corrections);
         const long from = number(frame_);
         const long to = number(frame);
         const long ref = KL_TIME_TAI;
         const double days = time_.taiDays();
-        Vector acc{};
+        Vector acc;
         long ierr[1] = {0};
         throw_unless_ok("IersState::in",
                         kl_iers_change(time_.id(), &what, &mode, &from, &to, &ref, &days, pos_.data(), vel_.data(),

@@ -97,7 +97,7 @@ public:
         const long ref = prefix ? long{KL_TIME_UNDEF} : number(scale);
         const long transport = KL_TRANS_0;
         const long tai = KL_TIME_TAI;
-        long fields[4] = {};
+        long fields[4];
         long ierr[1] = {0};
         throw_unless_ok("Time::fromText",
                         kl_time_ascii_to_transport(time.id(), &in, &ref, text.c_str(), &transport, &tai, fields, ierr),
@@ -131,7 +131,7 @@ public:
         const long ref = number(scale);
         const long transport = KL_TRANS_0;
         const long tai = KL_TIME_TAI;
-        long fields[4] = {};
+        long fields[4];
         long ierr[1] = {0};
         throw_unless_ok(
             "Time::fromProcessing",
@@ -150,7 +150,7 @@ public:
         const long ref = number(scale);
         const long transport = KL_TRANS_0;
         const long tai = KL_TIME_TAI;
-        long fields[4] = {};
+        long fields[4];
         long ierr[1] = {0};
         throw_unless_ok(
             "Time::fromTransport",
@@ -163,13 +163,14 @@ public:
     /** From a CCSDS unsegmented code, by way of TAI, so that leap seconds since its epoch count. */
     static Time fromCuc(const CucTime &octets, const kl_cuc_config &config, Borrowed<TimeCorrelation> correlation = {})
     {
-        const Time any(Scale::TAI, correlation);
+        Time time(Scale::TAI, correlation);
         const long tai = KL_TIME_TAI;
-        double days = 0.0;
+        double days;
         long ierr[1] = {0};
-        throw_unless_ok("Time::fromCuc", kl_time_cuc_to_processing(any.id(), &config, &tai, octets.data(), &days, ierr),
+        throw_unless_ok("Time::fromCuc",
+                        kl_time_cuc_to_processing(time.id(), &config, &tai, octets.data(), &days, ierr),
                         KL_ID_FUNC_TIME_CUC_TO_PROCESSING, ierr);
-        return fromProcessing(days, Scale::TAI, correlation);
+        return time += Duration(std::fabs(days) < 1e6 ? by_day_and_rest(days) : kLast - kFirst); // that is refused
     }
 
     /**
@@ -375,14 +376,15 @@ private:
         }
     }
 
-    // Microseconds. Up to 2^14 days a rounded product is off by less than half of one; beyond, day and rest apart.
+    // Microseconds of a count of them. Up to 2^14 days a rounded product is off by less than half of one.
     static std::int64_t nearest(double days)
     {
-        constexpr double kCount = static_cast<double>(kDay);
-        if (std::fabs(days) < 0x1p14)
-            return whole(days * kCount);
+        return std::fabs(days) < 0x1p14 ? whole(days * static_cast<double>(kDay)) : by_day_and_rest(days);
+    }
+    static std::int64_t by_day_and_rest(double days)
+    {
         const std::int64_t day = static_cast<std::int64_t>(days);
-        return day * kDay + whole((days - static_cast<double>(day)) * kCount);
+        return day * kDay + whole((days - static_cast<double>(day)) * static_cast<double>(kDay));
     }
     // To the nearest, below 2^51: where doubles lie one apart, their bits count.
     static std::int64_t whole(double count)
@@ -406,7 +408,7 @@ private:
     template <class Fields>
     static std::int64_t count_of(const Fields &record)
     {
-        return (record[0] * 86400 + record[1]) * std::int64_t{1000000} + record[2];
+        return record[0] * kDay + record[1] * std::int64_t{1000000} + record[2];
     }
     void take(const long (&record)[4]) { tai_ = count_of(record); }
 
