@@ -14,6 +14,10 @@ namespace ORBKIT {
 /**
  * CCSDS unsegmented time codes of one layout. They go by way of TAI, so that leap seconds since their epoch count.
  *
+ * The layout, kl_cuc_config, in this order: cuc_type (KL_CUC_TIME_FIELD_ONLY, KL_CUC_WITH_P_FIELD), epoch_type
+ * (KL_CUC_EPOCH_1958, KL_CUC_EPOCH_1980, KL_CUC_EPOCH_USER), scale and MJD2000 of an epoch of one's own, n_coarse,
+ * n_fine. A wrong one is refused where it is used.
+ *
  * @code{.cpp}
  * // Four octets of seconds since 1958 and three of their fraction.
  * const ORBKIT::Cuc codes({KL_CUC_TIME_FIELD_ONLY, KL_CUC_EPOCH_1958, KL_TIME_TAI, 0.0, 4, 3});
@@ -23,6 +27,16 @@ namespace ORBKIT {
  *             octets[6]); // -> 80c9fe45 000001
  * std::printf("%d %s\n", codes.decode(octets) == time, codes.decode(octets).in(ORBKIT::Scale::UTC).text().c_str());
  * // -> 1 2026-06-21T08:24:00.000000
+ * std::vector<unsigned char> stream; // codes one after the other
+ * for (int i = 0; i < 3; ++i) {
+ *     const ORBKIT::CucTime next = codes.encode(time + std::chrono::seconds(i));
+ *     stream.insert(stream.end(), next.data(), next.data() + codes.length());
+ * }
+ * for (std::size_t at = 0; at < stream.size(); at += codes.length())
+ *     std::printf("%s\n", codes.decode(&stream[at]).text(ORBKIT::TextFormat::ascii_21).c_str());
+ * // -> 20260621_082437
+ * // -> 20260621_082438
+ * // -> 20260621_082439
  * @endcode
  */
 class Cuc {
@@ -37,8 +51,12 @@ public:
         const long p_field = config_.cuc_type == KL_CUC_WITH_P_FIELD ? (two ? 2 : 1) : 0;
         return static_cast<std::size_t>(p_field + config_.n_coarse + config_.n_fine);
     }
-    /** The first length() octets are read. */
+    /** The first length() octets are read; the instant is told in TAI. @throws KitError when they are no such code */
     Time decode(const CucTime &octets, Borrowed<TimeCorrelation> correlation = {}) const
+    {
+        return Time::fromCuc(octets, config_, correlation);
+    }
+    Time decode(const unsigned char *octets, Borrowed<TimeCorrelation> correlation = {}) const
     {
         return Time::fromCuc(octets, config_, correlation);
     }

@@ -48,7 +48,7 @@ public:
         return pos;
     }
 
-    /** Azimuth, elevation and range of an Earth-fixed position, with rates; no refraction. */
+    /** Azimuth, elevation (deg) and range (m) of an Earth-fixed position, and azimuth_rate and so on; no refraction. */
     kl_topocentric sees(const Vector &pos, const Vector &vel) const
     {
         const long mode = KL_CALC_POS_VEL;

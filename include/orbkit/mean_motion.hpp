@@ -23,6 +23,10 @@ namespace ORBKIT {
  */
 class MeanMotion {
 public:
+    /**
+     * @param mean_elements  semi_major_axis (m), eccentricity, inclination, raan, arg_perigee, mean_anomaly (deg)
+     * @throws KitError when they are not those of an ellipse around the Earth
+     */
     MeanMotion(const kl_kepler &mean_elements, const Time &epoch, Borrowed<ModelId> models = {})
         : elements_(mean_elements), epoch_(epoch), models_(models)
     {

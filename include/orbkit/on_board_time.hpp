@@ -34,7 +34,8 @@ inline auto parts(const kl_obt_param_vardo &p)
 
 /**
  * The clock of a satellite. The type of its parameters, kl_obt_param_*, chooses the format, and with it the record of a
- * count.
+ * count: kl_obt_param_tarvos for satellite 21, kl_obt_param_vardo for 51, kl_obt_param_kelda for 61, kl_obt_param_brisa
+ * for 71; what is in them stands at kl_time_obt_to_time.
  *
  * @code{.cpp}
  * // Satellite 51 counts seconds since 1980-01-06, with an offset of none.

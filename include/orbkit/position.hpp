@@ -40,7 +40,7 @@ public:
     {
     }
 
-    /** Geodetic coordinates, in Frame::EF. */
+    /** From latitude, longitude (deg) and height (m) above the ellipsoid, in Frame::EF. */
     static Position fromGeodetic(const kl_geodetic &place, const std::optional<Time> &time = std::nullopt,
                                  Borrowed<ModelId> models = {})
     {
@@ -53,7 +53,7 @@ public:
         return out;
     }
 
-    /** Right ascension, declination and distance. */
+    /** From ra, dec (deg) and distance (m). */
     static Position fromRaDec(const kl_radec &direction, Frame frame, const std::optional<Time> &time = std::nullopt,
                               Borrowed<ModelId> models = {})
     {
@@ -88,7 +88,7 @@ public:
         return out;
     }
 
-    /** By way of Frame::EF. */
+    /** Latitude, longitude (deg) and height (m) above the ellipsoid; by way of Frame::EF. */
     kl_geodetic geodetic() const
     {
         const Position fixed = in(Frame::EF);
@@ -101,7 +101,7 @@ public:
         return out;
     }
 
-    /** Right ascension, declination and distance in the frame of the position. */
+    /** ra, dec (deg) and distance (m) in the frame of the position. */
     kl_radec raDec() const
     {
         const long mode = KL_CALC_POS;

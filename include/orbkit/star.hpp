@@ -10,7 +10,7 @@
 
 namespace ORBKIT {
 
-/** What is done to the direction of a star on its way to an observer; a sum of KL_STAR_PARALLAX and the others. */
+/** What is done to the direction of a star on its way to an observer; some of them by parallax | aberration. */
 enum class StarCorrections : long {
     none = 0,
     parallax = KL_STAR_PARALLAX,
@@ -18,6 +18,12 @@ enum class StarCorrections : long {
     deflection = KL_STAR_DEFLECTION,
     all = KL_STAR_PARALLAX + KL_STAR_ABERRATION + KL_STAR_DEFLECTION
 };
+
+/** Both. */
+constexpr StarCorrections operator|(StarCorrections a, StarCorrections b)
+{
+    return static_cast<StarCorrections>(number(a) | number(b));
+}
 
 /**
  * A star, as catalogues have it: place, motion, parallax, brightness.
@@ -30,6 +36,10 @@ enum class StarCorrections : long {
  */
 class Star {
 public:
+    /**
+     * @param data  ra, dec (deg, J2000), pm_ra with the cosine, pm_dec (mas/yr), parallax (mas), radial_velocity
+     * (km/s), epoch (MJD2000; 0.5 is J2000.0), magnitude, number
+     */
     explicit Star(const kl_star &data) : data_(data) {}
 
     const kl_star &data() const { return data_; }

@@ -19,6 +19,9 @@ namespace ORBKIT {
  * const ORBKIT::Time time("2026-06-21T00:00:00");
  * const StarCatalog catalog;
  * std::printf("%zu bright stars\n", catalog.brighterThan(1.0, time).size()); // -> 15 bright stars
+ * const kl_star_window window = {2.0, 3.0, 350.0, 10.0, 0.0, 90.0, 0.0, 0.0, 0.0}; // magnitudes, ra, dec
+ * const auto some = ORBKIT::StarCorrections::parallax | ORBKIT::StarCorrections::aberration;
+ * std::printf("%zu there\n", catalog.window(window, time, Frame::TOD, some).size()); // -> 3 there
  * const kl_radec axis = {84.0, 0.0, 1.0, 0.0, 0.0, 0.0}; // where a camera looks, deg
  * for (const StarCatalog::Place &found : catalog.around(axis, 5.0, 3.0, time))
  *     std::printf("%ld at %.2f %.2f deg\n", found.star.data().number, found.seen.ra, found.seen.dec);
@@ -39,7 +42,12 @@ public:
     StarCatalog() = default;
     explicit StarCatalog(std::string file) : file_(std::move(file)) {}
 
-    /** All stars of a window of the sky and of brightness, seen from the centre of the Earth. */
+    /**
+     * All stars of a window of the sky and of brightness, seen from the centre of the Earth.
+     *
+     * @param window  mag_min, mag_max; ra_min, ra_max, dec_min, dec_max (deg, in the frame; a ra_min above ra_max goes
+     *                over 0) and, where radius is not 0, a cone of so many deg around ra and dec as well
+     */
     std::vector<Place> window(const kl_star_window &window, const Time &time, Frame frame = Frame::GM2000,
                               StarCorrections corrections = StarCorrections::all, Borrowed<ModelId> models = {}) const
     {

@@ -83,7 +83,7 @@ public:
     {
     }
 
-    /** From geodetic coordinates and their rates, in Frame::EF. */
+    /** From latitude, longitude (deg), height (m) and their rates, deg/s and m/s, in Frame::EF. */
     static StateVector fromGeodetic(const kl_geodetic &place, const std::optional<Time> &time = std::nullopt,
                                     Borrowed<ModelId> models = {})
     {
@@ -97,6 +97,7 @@ public:
     /**
      * From Keplerian elements in an inertial frame; mean ones speak of the equator of Frame::TOD.
      *
+     * @param elements  semi_major_axis (m), eccentricity, inclination, raan, arg_perigee, mean_anomaly (deg)
      * @throws KitError for Frame::EF and PEF too, whose axes turn with the Earth
      */
     static StateVector fromKepler(const kl_kepler &elements, Elements kind, Frame frame,
@@ -110,7 +111,7 @@ public:
                     });
     }
 
-    /** From right ascension, declination, distance and their rates. */
+    /** From ra, dec (deg), distance (m) and their rates. */
     static StateVector fromRaDec(const kl_radec &direction, Frame frame, const std::optional<Time> &time = std::nullopt,
                                  Borrowed<ModelId> models = {})
     {
@@ -195,7 +196,7 @@ public:
         return out;
     }
 
-    /** Geodetic coordinates with rates; by way of Frame::EF. */
+    /** Latitude, longitude (deg), height (m) above the ellipsoid, and latitude_rate and so on; by way of Frame::EF. */
     kl_geodetic geodetic() const
     {
         const StateVector fixed = in(Frame::EF);
@@ -210,7 +211,8 @@ public:
     }
 
     /**
-     * Keplerian elements of the state as it stands: Frame::TOD for mean ones.
+     * Keplerian elements of the state as it stands: Frame::TOD for mean ones. semi_major_axis (m), eccentricity,
+     * inclination, raan, arg_perigee, mean_anomaly (deg).
      *
      * @throws KitError for Frame::EF and PEF too, whose axes turn with the Earth: in(Frame::TOD).kepler()
      */
@@ -226,7 +228,7 @@ public:
         return out;
     }
 
-    /** Right ascension, declination, distance and their rates, in the frame of the state. */
+    /** ra, dec (deg), distance (m), and ra_rate and so on, in the frame of the state. */
     kl_radec raDec() const
     {
         const long mode = KL_CALC_POS_VEL;
@@ -238,14 +240,14 @@ public:
         return out;
     }
 
-    /** Azimuth, elevation and range seen from a station, with rates; no refraction. */
+    /** Azimuth, elevation (deg) and range (m) seen from a station, and azimuth_rate and so on; no refraction. */
     kl_topocentric seenFrom(const GroundStation &station) const
     {
         const StateVector fixed = in(Frame::EF);
         return station.sees(fixed.pos(), fixed.vel_);
     }
 
-    /** Angle on the orbit from the ascending node, with node and inclination of date. */
+    /** Angle on the orbit from the ascending node, its rate, node and inclination, of the true equator of date, deg. */
     kl_orbit_angle orbitAngle() const
     {
         const long mode = KL_CALC_POS_VEL;

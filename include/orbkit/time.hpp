@@ -163,12 +163,16 @@ public:
     /** From a CCSDS unsegmented code, by way of TAI, so that leap seconds since its epoch count. */
     static Time fromCuc(const CucTime &octets, const kl_cuc_config &config, Borrowed<TimeCorrelation> correlation = {})
     {
+        return fromCuc(octets.data(), config, correlation);
+    }
+    static Time fromCuc(const unsigned char *octets, const kl_cuc_config &config,
+                        Borrowed<TimeCorrelation> correlation = {})
+    {
         Time time(Scale::TAI, correlation);
         const long tai = KL_TIME_TAI;
         double days;
         long ierr[1] = {0};
-        throw_unless_ok("Time::fromCuc",
-                        kl_time_cuc_to_processing(time.id(), &config, &tai, octets.data(), &days, ierr),
+        throw_unless_ok("Time::fromCuc", kl_time_cuc_to_processing(time.id(), &config, &tai, octets, &days, ierr),
                         KL_ID_FUNC_TIME_CUC_TO_PROCESSING, ierr);
         return time += Duration(std::fabs(days) < 1e6 ? by_day_and_rest(days) : kLast - kFirst); // that is refused
     }
@@ -307,7 +311,10 @@ public:
     {
         return correlation_ != nullptr ? *correlation_ : built_in_correlation();
     }
-    /** Which row of the correlation serves it, and what that gives: differences of scales, pole, quality. */
+    /**
+     * Which row of the correlation serves it, and what that gives: tai_utc, tai_ut1, tai_gps (s), pole (x, y, dX, dY,
+     * arcsec), row, quality, and the file and line that it came from.
+     */
     kl_time_row_info served() const { return correlation().getRow(Scale::TAI, taiDays()); }
 
     /** For the calls of C. */

@@ -94,7 +94,8 @@ public:
      *
      * @param files            their names; none: as builtIn
      * @param window           only the rows around it
-     * @param report           what was found, also when it throws; or null
+     * @param report           what was found: n_rows, first, last_final and last (UTC, MJD2000); when it throws where:
+     *                         file, line, column, field. Or null
      * @param by_formula_after after the table by the formula of a Bulletin A instead of the last row
      * @throws KitError when kl_time_id_init fails
      */

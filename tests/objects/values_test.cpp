@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <sstream>
@@ -30,6 +31,23 @@ static_assert(
         long> && !kAnywhere<int> && !kAnywhere<ORBKIT::EopCorrections> && !kAnywhere<ORBKIT::StarCorrections> && !kAnywhere<ORBKIT::TransportFormat>);
 static_assert(!std::is_invocable_v<decltype(&StateVector::in), StateVector, Scale>);
 static_assert(!std::is_constructible_v<ORBKIT::Planet, Frame> && !std::is_convertible_v<ORBKIT::Elements, long>);
+// Copied, compared and printed, all of them.
+template <class, class = void>
+constexpr bool kValue = false;
+template <class T>
+constexpr bool kValue<T, std::void_t<decltype(std::declval<const T &>() == std::declval<const T &>()),
+                                     decltype(std::declval<const T &>() != std::declval<const T &>()),
+                                     decltype(std::declval<std::ostream &>() << std::declval<const T &>())>> =
+    std::is_copy_constructible_v<T> &&std::is_copy_assignable_v<T>;
+template <class... T>
+constexpr bool kValues = (kValue<T> && ...);
+static_assert(kValues<Time, ORBKIT::TimeText, ORBKIT::TimeCorrelation, ORBKIT::Cuc, ORBKIT::Position, StateVector,
+                      ORBKIT::StateVectors, ORBKIT::IersState, ORBKIT::OnBoardTime<kl_obt_param_tarvos>,
+                      ORBKIT::OnBoardTime<kl_obt_param_kelda>, ORBKIT::OnBoardTime<kl_obt_param_brisa>,
+                      ORBKIT::OnBoardTime<kl_obt_param_vardo>>);
+static_assert(kValues<ORBKIT::GroundStation, ORBKIT::Planet, ORBKIT::Star, ORBKIT::StarCatalog, ORBKIT::Eclipse,
+                      ORBKIT::Ray, ORBKIT::Rotation, ORBKIT::MeanMotion, ORBKIT::Span, ORBKIT::events::Crossing,
+                      ORBKIT::events::Interval, ORBKIT::events::Pass>);
 static_assert(sizeof(Time) == 24 && std::is_trivially_copyable_v<Time>);
 
 namespace {
@@ -135,6 +153,26 @@ TEST(TimeValue, EveryMicrosecondComesBackFromItsText)
     using Clock = std::chrono::system_clock;
     const auto early = Clock::time_point(std::chrono::nanoseconds(-1500)); // to the nearest, before 1970 too
     EXPECT_EQ(Time(early), Time("1970-01-01T00:00:00") - 2us);
+}
+
+// CCSDS 301.0-B: the P-field has a second octet beyond 4 coarse or 3 fine ones. Octets on the heap: none but a code's
+// own are read, and none behind them written.
+TEST(CucValue, CodesAreAsLongAsTheirLayouts)
+{
+    const Time time("2026-06-21T08:24:00.250000");
+    for (const long type : {KL_CUC_TIME_FIELD_ONLY, KL_CUC_WITH_P_FIELD})
+        for (long coarse = 4; coarse <= 7; ++coarse)
+            for (long fine = 1; fine <= 10; ++fine) {
+                const ORBKIT::Cuc codes({type, KL_CUC_EPOCH_1958, KL_TIME_TAI, 0.0, coarse, fine});
+                const ORBKIT::CucTime octets = codes.encode(time);
+                const auto end = octets.begin() + static_cast<std::ptrdiff_t>(codes.length());
+                EXPECT_EQ(std::count(end, octets.end(), 0), octets.end() - end);
+                const std::vector<unsigned char> own(octets.begin(), end);
+                EXPECT_LE(std::abs((codes.decode(own.data()) - time).count()), fine > 2 ? 0 : 2000) << codes; // us
+                EXPECT_EQ(codes.decode(own.data()), codes.decode(octets));
+            }
+    EXPECT_EQ(ORBKIT::Cuc({KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, 0, 0.0, 4, 3}).length(), 8U);
+    EXPECT_EQ(ORBKIT::Cuc({KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, 0, 0.0, 4, 4}).length(), 10U);
 }
 
 TEST(Values, DoNotMixCorrelationsAndNeedAnInstantForAnotherFrame)
