@@ -122,6 +122,54 @@ constexpr long number(Enumeration value)
     return static_cast<long>(value);
 }
 
+/** As it is written here. */
+constexpr const char *name(Scale scale)
+{
+    return scale == Scale::TAI ? "TAI" : scale == Scale::UTC ? "UTC" : scale == Scale::UT1 ? "UT1" : "GPS";
+}
+constexpr const char *name(Frame frame)
+{
+    switch (frame) {
+    case Frame::BM2000:
+        return "BM2000";
+    case Frame::HM2000:
+        return "HM2000";
+    case Frame::GM2000:
+        return "GM2000";
+    case Frame::MOD:
+        return "MOD";
+    case Frame::TOD:
+        return "TOD";
+    case Frame::PEF:
+        return "PEF";
+    case Frame::EF:
+        return "EF";
+    case Frame::BM1950:
+        return "BM1950";
+    case Frame::GALACTIC:
+        return "GALACTIC";
+    case Frame::TEME:
+        return "TEME";
+    }
+    return "no frame";
+}
+constexpr const char *name(IersFrame frame)
+{
+    switch (frame) {
+    case IersFrame::GCRS:
+        return "GCRS";
+    case IersFrame::CIRS:
+        return "CIRS";
+    case IersFrame::TIRS:
+        return "TIRS";
+    case IersFrame::ITRS:
+        return "ITRS";
+    case IersFrame::EME2000:
+        return "EME2000";
+    }
+    return "no frame";
+}
+
 } // namespace ORBKIT
 
 #endif

@@ -60,8 +60,8 @@ public:
     friend bool operator!=(const IersState &a, const IersState &b) { return !(a == b); }
     friend std::ostream &operator<<(std::ostream &out, const IersState &s)
     {
-        return out << s.time_ << " [" << s.pos_[0] << ' ' << s.pos_[1] << ' ' << s.pos_[2] << "] m [" << s.vel_[0]
-                   << ' ' << s.vel_[1] << ' ' << s.vel_[2] << "] m/s";
+        return out << s.time_ << ' ' << name(s.frame_) << " [" << s.pos_[0] << ' ' << s.pos_[1] << ' ' << s.pos_[2]
+                   << "] m [" << s.vel_[0] << ' ' << s.vel_[1] << ' ' << s.vel_[2] << "] m/s";
     }
 
 private:

@@ -127,7 +127,7 @@ public:
     {
         if (p.has_time_)
             out << p.time_ << ' ';
-        return out << '[' << p.pos_[0] << ' ' << p.pos_[1] << ' ' << p.pos_[2] << "] m";
+        return out << name(p.frame_) << " [" << p.pos_[0] << ' ' << p.pos_[1] << ' ' << p.pos_[2] << "] m";
     }
 
 private:
