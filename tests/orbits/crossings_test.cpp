@@ -131,7 +131,7 @@ TEST(Crossings, KnownZeros)
         }
         ASSERT_EQ(zeros.size(), c.zeros.size()) << c.name;
         for (std::size_t i = 0; i < zeros.size(); ++i)
-            EXPECT_NEAR(zeros[i], c.zeros[i], c.name[0] == 'f' ? 1e-4 * 0.0 + 2e-12 : 2.0 * tolerance) << c.name;
+            EXPECT_NEAR(zeros[i], c.zeros[i], 2.0 * tolerance) << c.name;
     }
 }
 

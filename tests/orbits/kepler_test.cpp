@@ -159,7 +159,6 @@ TEST(Elements, RoundTrips)
     }
 }
 
-// Along one line position and velocity span no plane, whatever rounding leaves of it: every function says so.
 TEST(Elements, RangesEndWhereTheHeaderSays)
 {
     const auto state_of = [](double kl_kepler::*element, double value) {
@@ -179,8 +178,16 @@ TEST(Elements, RangesEndWhereTheHeaderSays)
     expect_element("node", &kl_kepler::raan, -1e8, 1e8);
     expect_element("perigee", &kl_kepler::arg_perigee, -1e8, 1e8);
     expect_element("mean anomaly", &kl_kepler::mean_anomaly, -1e8, 1e8);
+    for (const double from_parabola : {-1.1e-9, -0.9e-9, 0.9e-9, 1.1e-9}) { // of r v^2/gm
+        const double pos[3] = {7e6, 0.0, 0.0}, vel[3] = {0.0, std::sqrt((2.0 + from_parabola) * kGm / 7e6), 0.0};
+        kl_kepler out;
+        expect_bits("near a parabola",
+                    std::fabs(from_parabola) < 1e-9 ? error_bits(KL_CART_TO_KEPL_CONIC_ERR) : kNothing,
+                    [&](long *e) { return kl_cart_to_kepl(nullptr, &kOsculating, pos, vel, &out, e); });
+    }
 }
 
+// Along one line position and velocity span no plane, whatever rounding leaves of it: every function says so.
 TEST(Elements, StraightLines)
 {
     std::mt19937 random(3);
