@@ -135,6 +135,18 @@ TEST(Crossings, KnownZeros)
     }
 }
 
+// The parabola through three samples lies beside the top of the wave; the top above zero is seen all the same.
+TEST(Crossings, AGrazingPairIsSeenWhereverTheGridLies)
+{
+    for (int k = 0; k < 200; ++k) {
+        const double start = -2.0 + 0.005 * k, before = std::asin(0.9999);
+        const Found found = crossings([](double t) { return std::sin(t) - 0.9999; }, start, start + 6.0, 1.0);
+        ASSERT_EQ(found.all.size(), 2U) << start;
+        EXPECT_NEAR(found.all[0].time, before, 2e-12) << start;
+        EXPECT_NEAR(found.all[1].time, 3.141592653589793 - before, 2e-12) << start;
+    }
+}
+
 TEST(Crossings, FewValuesAreAskedFor)
 {
     const Found found =

@@ -1,4 +1,5 @@
 #include "kl_lib.h"
+#include "support/bounds.h"
 #include "support/conditions.h"
 
 #include <gtest/gtest.h>
@@ -85,6 +86,40 @@ TEST(StarRadec, FramesAreThoseOfTheFrameChange)
         const double ra = std::atan2(turned[1], turned[0]) * kDeg;
         EXPECT_LT(arcsec_between(place, ra < 0 ? ra + 360 : ra, std::asin(turned[2]) * kDeg), 1e-8) << frame;
     }
+}
+
+TEST(StarRadec, RangesEndWhereTheHeaderSays)
+{
+    const auto status_of = [](const kl_star &star, const double *pos, const double *vel) {
+        const long frame = KL_GM2000;
+        const double at = 9000.0;
+        kl_radec place;
+        return kl_star_radec(nullptr, nullptr, &kEvery, &frame, &kTai, &at, &star, pos, vel, &place, nullptr);
+    };
+    const struct {
+        const char *name;
+        double kl_star::*number;
+        double least, most;
+    } cases[] = {
+        {"right ascension", &kl_star::ra, -360.0, 360.0}, {"declination", &kl_star::dec, -90.0, 90.0},
+        {"motion eastwards", &kl_star::pm_ra, -1e6, 1e6}, {"motion northwards", &kl_star::pm_dec, -1e6, 1e6},
+        {"parallax", &kl_star::parallax, -1e4, 1e4},      {"velocity", &kl_star::radial_velocity, -3e5, 3e5},
+        {"epoch", &kl_star::epoch, -91312.5, 109573.5},
+    };
+    for (const auto &c : cases)
+        expect_range(c.name, c.least, c.most, [&](double value) {
+            kl_star star = kGood;
+            star.*c.number = value;
+            return status_of(star, nullptr, nullptr);
+        });
+    expect_range("observer's place", -1e12, 1e12, [&](double x) {
+        const double pos[3] = {x, 0.0, 0.0};
+        return status_of(kGood, pos, nullptr);
+    });
+    expect_range("observer's velocity", -3e7, 3e7, [&](double y) {
+        const double vel[3] = {0.0, y, 0.0};
+        return status_of(kGood, nullptr, vel);
+    });
 }
 
 TEST(StarRadec, TheObserverCounts)
