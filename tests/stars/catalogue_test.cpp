@@ -289,5 +289,8 @@ TEST(StarCatalogue, PlacesAreThoseOfTheSingleStar)
         EXPECT_EQ(place.ra, all.places[i].ra);
         EXPECT_EQ(place.dec, all.places[i].dec);
         EXPECT_EQ(place.distance, 1.0);
+        // A narrow cone about the place, where aberration has moved the star, holds it.
+        const kl_star_window cone = {-2.0, 99.0, 0.0, 360.0, -90.0, 90.0, place.ra, place.dec, 1e-6};
+        EXPECT_EQ(search(nullptr, cone, frame, corrections, time).stars.size(), 1U) << all.stars[i].number;
     }
 }
