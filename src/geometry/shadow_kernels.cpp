@@ -5,6 +5,7 @@
 #include "numbers/streams.h"
 
 inline namespace KL_SET {
+namespace {
 
 // A pack of satellites: as the caller gives them, and true of date.
 struct Satellites {
@@ -80,6 +81,7 @@ Lanes departure_of_light(const InstantBlock &by_light, const Lanes (&at)[3], Lan
     return tdb - light_days(near.pos, observer.pos);
 }
 
+} // namespace
 } // namespace KL_SET
 
 namespace KL_KERNELS {
