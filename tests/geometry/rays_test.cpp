@@ -1,10 +1,13 @@
 #include "kl_family.h"
+#include "kl_lib.h"
 #include "support/csv.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -87,6 +90,33 @@ TEST(Rays, ReachAHeightWhereFiftyDigitsPutIt)
             EXPECT_NEAR(t[i], row[8 + i], (3e-9 + 2 * spacing(&row[0], row[8 + i])) / steepness(row[8], row[9]))
                 << ::testing::PrintToString(row);
         }
+    }
+}
+
+// So little above the lowest point that the ellipsoid of the start may be missed; in a pack beside others that meet it.
+TEST(Rays, ReachAHeightThatTheyGrazeSideBySideToTheBit)
+{
+    std::vector<std::array<double, 3>> pos, dir;
+    std::vector<double> height;
+    for (const auto &row : read_table("tangents.csv", 8))
+        for (const double above : {1e-3, 0.05, 0.15, 1.0}) {
+            pos.push_back({row[0], row[1], row[2]});
+            dir.push_back({row[3], row[4], row[5]});
+            height.push_back(std::fmax(-9e4, row[7] + above));
+        }
+    const long n = static_cast<long>(height.size());
+    std::vector<std::array<double, 2>> t(height.size());
+    std::vector<long> found(height.size());
+    using Vectors = const double(*)[3];
+    ASSERT_EQ(kl_ray_height_n(nullptr, &n, reinterpret_cast<Vectors>(pos.data()), reinterpret_cast<Vectors>(dir.data()),
+                              height.data(), reinterpret_cast<double(*)[2]>(t.data()), found.data(), nullptr, nullptr),
+              KL_OK);
+    for (std::size_t i = 0; i < height.size(); ++i) {
+        double alone[2];
+        EXPECT_EQ(found[i], 2) << i;
+        ASSERT_EQ(KL_Ray_height(nullptr, pos[i].data(), dir[i].data(), height[i], alone), found[i]);
+        for (std::size_t k = 0; k < static_cast<std::size_t>(found[i]); ++k)
+            EXPECT_EQ(alone[k], t[i][k]) << i;
     }
 }
 
