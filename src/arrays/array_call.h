@@ -30,7 +30,7 @@ inline namespace KL_SET {
 // Elements of a block that the kernels leave to the scalar call.
 class LeftOver {
 public:
-    void add_all(std::uint64_t places) { bits_ |= places; }
+    std::uint64_t *bits() { return &bits_; } // a bit a place, for kernels to set
     void add(long place) { bits_ |= std::uint64_t{1} << place; }
     bool has(long place) const { return (bits_ >> place & 1) != 0; }
     bool any() const { return bits_ != 0; }

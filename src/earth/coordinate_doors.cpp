@@ -513,11 +513,9 @@ long kl_geod_to_cart_n(kl_model_id *model_id, const long *n, const long *calc_mo
         [&](long first, long count, LeftOver &left) {
             if (pos == nullptr || (rates && vel == nullptr))
                 return false;
-            std::uint64_t places = 0;
             const EllipsoidConstants ellipsoid = {e.a, e.f};
             states_of_geodetic_kernel()(&ellipsoid, rates, six(in, first), pos + first, from(vel, first), count,
-                                        &places);
-            left.add_all(places);
+                                        left.bits());
             return true;
         });
 }
@@ -544,11 +542,9 @@ long kl_cart_to_geod_n(kl_model_id *model_id, const long *n, const long *calc_mo
         [&](long first, long count, LeftOver &left) {
             if (out == nullptr)
                 return false;
-            std::uint64_t places = 0;
             const EllipsoidConstants ellipsoid = {e.a, e.f};
             geodetic_of_states_kernel()(&ellipsoid, rates, pos + first, from(vel, first), six(out, first), count,
-                                        &places);
-            left.add_all(places);
+                                        left.bits());
             return true;
         });
 }
@@ -576,9 +572,7 @@ long kl_cart_to_radec_n(kl_model_id *, const long *n, const long *calc_mode, con
         [&](long first, long count, LeftOver &left) {
             if (out == nullptr)
                 return false;
-            std::uint64_t places = 0;
-            radec_of_states_kernel()(rates, pos + first, from(vel, first), six(out, first), count, &places);
-            left.add_all(places);
+            radec_of_states_kernel()(rates, pos + first, from(vel, first), six(out, first), count, left.bits());
             return true;
         });
 }
@@ -606,9 +600,7 @@ long kl_radec_to_cart_n(kl_model_id *, const long *n, const long *calc_mode, con
         [&](long first, long count, LeftOver &left) {
             if (pos == nullptr || (rates && vel == nullptr))
                 return false;
-            std::uint64_t places = 0;
-            states_of_radec_kernel()(rates, six(in, first), pos + first, from(vel, first), count, &places);
-            left.add_all(places);
+            states_of_radec_kernel()(rates, six(in, first), pos + first, from(vel, first), count, left.bits());
             return true;
         });
 }
@@ -635,11 +627,9 @@ long kl_ef_to_topocentric_n(kl_model_id *model_id, const long *n, const long *ca
         [&](long first, long count, LeftOver &left) {
             if (out == nullptr)
                 return false;
-            std::uint64_t places = 0;
             const StationConstants there = constants_of(station);
             topocentric_of_states_kernel()(&there, rates, pos + first, from(vel, first), six(out, first), count,
-                                           &places);
-            left.add_all(places);
+                                           left.bits());
             return true;
         });
 }
@@ -666,11 +656,9 @@ long kl_topocentric_to_ef_n(kl_model_id *model_id, const long *n, const long *ca
         [&](long first, long count, LeftOver &left) {
             if (pos == nullptr || (rates && vel == nullptr))
                 return false;
-            std::uint64_t places = 0;
             const StationConstants there = constants_of(station);
             states_of_topocentric_kernel()(&there, rates, six(in, first), pos + first, from(vel, first), count,
-                                           &places);
-            left.add_all(places);
+                                           left.bits());
             return true;
         });
 }

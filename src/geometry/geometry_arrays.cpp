@@ -68,9 +68,7 @@ auto meetings_of_block(const kl_model_id *model_id, const double (*pos)[3], cons
             return false;
         const RaysOfBlock rays = rays_of_block(model_id, pos, dir, raised, first, count);
         MeetingBlock block;
-        std::uint64_t refused = 0;
-        kernel(&rays, &block, &refused);
-        left.add_all(refused);
+        kernel(&rays, &block, left.bits());
         for (long k = 0; k < count; ++k)
             if (!left.has(k)) {
                 t[first + k][0] = block.t[0][k];
@@ -138,9 +136,7 @@ long kl_ray_tangent_n(kl_model_id *model_id, const long *n, const double pos[][3
                 return false;
             const RaysOfBlock rays = rays_of_block(model_id, pos, dir, nullptr, first, count);
             LowestBlock block;
-            std::uint64_t refused = 0;
-            lowest_points_kernel()(&rays, &block, &refused);
-            left.add_all(refused);
+            lowest_points_kernel()(&rays, &block, left.bits());
             for (long k = 0; k < count; ++k)
                 if (!left.has(k)) {
                     t[first + k] = block.t[k];
@@ -173,15 +169,13 @@ long kl_eclipse_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, con
     };
     return array.each(one, fail, [&](long first, long count, LeftOver &left) {
         ShadowBlock block;
-        std::uint64_t refused = 0;
         ShadowScene scene;
         if (eclipse_scene(model_id, time_id, *light_time, *cs, time + first, count, sky, &scene))
-            shadows_kernel()(&scene, pos + first, element(margin, first), count, &block, &refused);
+            shadows_kernel()(&scene, pos + first, element(margin, first), count, &block, left.bits());
         else if ((*light_time != 1 && same_instants(time + first, count)) || !scenes.fill(time + first, count, &left))
             return false;
         else
-            shadows_at_instants_kernel()(&scenes.shared, pos + first, element(margin, first), &block, &refused);
-        left.add_all(refused);
+            shadows_at_instants_kernel()(&scenes.shared, pos + first, element(margin, first), &block, left.bits());
         for (long k = 0; k < count; ++k)
             if (!left.has(k)) {
                 state[first + k] = static_cast<long>(block.state[k]);

@@ -430,10 +430,8 @@ long kl_kepl_to_cart_n(kl_model_id *model_id, const long *n, const long *kind, c
         [&](long first, long count, LeftOver &left) {
             if (mean || pos == nullptr || vel == nullptr)
                 return false;
-            std::uint64_t places = 0;
             states_of_ellipses_kernel()(field.gm, reinterpret_cast<const double(*)[6]>(in + first), pos + first,
-                                        vel + first, count, &places);
-            left.add_all(places);
+                                        vel + first, count, left.bits());
             return true;
         });
 }
@@ -460,10 +458,8 @@ long kl_cart_to_kepl_n(kl_model_id *model_id, const long *n, const long *kind, c
         [&](long first, long count, LeftOver &left) {
             if (mean || out == nullptr)
                 return false;
-            std::uint64_t places = 0;
             ellipses_of_states_kernel()(field.gm, pos + first, vel + first, reinterpret_cast<double(*)[6]>(out + first),
-                                        count, &places);
-            left.add_all(places);
+                                        count, left.bits());
             return true;
         });
 }
@@ -521,10 +517,8 @@ long kl_local_orbital_frame_n(const long *n, const long *kind, const double pos[
             if (*kind < KL_ORBITAL_QSW || *kind > KL_ORBITAL_VNC || pos == nullptr || vel == nullptr || r == nullptr
                 || dr == nullptr)
                 return false;
-            std::uint64_t places = 0;
             local_frames_kernel()(*kind, model_blocks(nullptr).earth.gm, pos + first, vel + first,
-                                  acc != nullptr ? acc + first : nullptr, r + first, dr + first, count, &places);
-            left.add_all(places);
+                                  acc != nullptr ? acc + first : nullptr, r + first, dr + first, count, left.bits());
             return true;
         });
 }

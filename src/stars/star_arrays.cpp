@@ -27,9 +27,7 @@ long kl_star_radec_n(kl_model_id *model_id, kl_time_id *time_id, const long *n, 
             || !star_scene(time_id, *corrections, *cs_out, time + first, count, sky, &scene))
             return false;
         double ra[kBlock], dec[kBlock];
-        std::uint64_t refused = 0;
-        star_places_kernel()(&scene, star + first, count, ra, dec, &refused);
-        left.add_all(refused);
+        star_places_kernel()(&scene, star + first, count, ra, dec, left.bits());
         for (long k = 0; k < count; ++k)
             if (!left.has(k))
                 place[first + k] = {ra[k], dec[k], 1.0, 0.0, 0.0, 0.0};
