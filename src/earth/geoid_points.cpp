@@ -10,8 +10,8 @@ namespace KL_KERNELS {
 
 namespace {
 
-// Degrees that are gone through for all points and orders of a block before the next ones: they stay in the first-level
-// cache. The first chunk has degree 0 besides: so all that follows an even order goes by pairs.
+// A chunk of degrees is gone through for all points and orders of a block before the next one: its coefficients stay in
+// the first-level cache. The first chunk holds degree 0 as well, so that from an even order on the degrees go by pairs.
 constexpr int kChunk = 32;
 constexpr int kChunks = kEgm96Degree / kChunk + 1;
 

@@ -6,7 +6,7 @@
 
 inline namespace KL_SET {
 
-// Past the processing range by more than a day: UT1 of its first instants lies a little outside.
+// A day more than the processing range on either side: UT1 of its first instants lies a little outside.
 template <class T>
 mask_of<T> inside_chain_range(T days)
 {

@@ -157,7 +157,7 @@ ChainFindings change_frame(const ChainSources &sources, bool simplified, const k
     if (path.n == 0)
         return found;
 
-    // Dates: UT1 for the rotations of the Earth, TDB for the place of the Earth; the rest takes what there is.
+    // UT1 for the rotations of the Earth, TDB for the place of the Earth; the other steps take the date as it is.
     const bool ut1 = path.any(kUt1Steps);
     const bool tdb = path.any(set_of(kTranslationEdge));
     double days = date.value;

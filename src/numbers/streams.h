@@ -54,7 +54,7 @@ void store_accepted(const Pack<N> (&in)[M], std::uint64_t bits, double *to, long
             to[M * (first + k) + j] = lane(in[j], k);
 }
 
-// As many of the vector's components as it has are numbers of ordinary size: below `most`, which is below 1e150.
+// Are all components numbers, and smaller than `most` (1e150 at the largest)?
 template <class T, int M>
 mask_of<T> all_below(const T (&v)[M], double most)
 {

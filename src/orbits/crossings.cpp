@@ -60,7 +60,7 @@ private:
     double last_;
     double first_ = 0.0; // index of samples_[0]
     int count_ = 0;
-    Sample samples_[kAtOnce + 3];
+    Sample samples_[kAtOnce + 3] = {};
 };
 
 class Finder {
