@@ -36,7 +36,7 @@ void ChainInstants::find_rows()
         const kl_time_row *row = rows_.at(block_.days[k]);
         block_.row[k] = &row->tai;
         if (block_.pole_between_rows)
-            block_.row_pole[k] = row != kNoRow ? correlation_.row_pole[row - correlation_.rows] : kNoPole[0];
+            block_.row_pole[k] = row != kNoRow ? correlation_.row_pole[rows_.number()] : kNoPole[0];
     }
     std::fill(block_.row + count, block_.row + padded(count), block_.row[count - 1]);
     if (block_.pole_between_rows)

@@ -303,6 +303,11 @@ T load(const double *from) // as many neighbours as T has lanes
 template <class T>
 T load(const std::int32_t *from)
 {
+#if defined(__SSE2__)
+    if constexpr (lanes_of<T> == 2) // g++ 12 converts one after the other
+        return T(reinterpret_cast<typename T::Vector>(
+            _mm_cvtepi32_pd(_mm_loadl_epi64(reinterpret_cast<const __m128i *>(from)))));
+#endif
     typename T::Counts counts;
     std::memcpy(&counts, from, sizeof counts);
     return T(__builtin_convertvector(counts, typename T::Vector));

@@ -158,18 +158,28 @@ template <int order, class T>
         after_bias<order>(a);
 }
 
+// Its nine numbers, row by row, or column by column: the way back.
+template <class T>
+inline void write_matrix(const T (&m)[3][3], bool back, T *out)
+{
+    for (int i = 0; i < 3; ++i)
+        for (int k = 0; k < 3; ++k)
+            out[3 * i + k] = back ? m[k][i] : m[i][k];
+}
+
+// With `order` derivatives, of nine numbers each; those beyond are not written.
 template <int order, class T>
-[[gnu::always_inline]] inline void frame_matrix(int from, int to, const EarthAngles<T> &e, JetMatrix<T> &a)
+[[gnu::always_inline]] inline void frame_matrix(int from, int to, const EarthAngles<T> &e, T *m, T *rate,
+                                                T *acceleration)
 {
     const bool back = from > to;
+    JetMatrix<T> a;
     upward_matrix<order>(back ? to : from, back ? from : to, e, a);
-    if (back) {
-        transpose(a.m);
-        if (order >= 1)
-            transpose(a.rate);
-        if (order >= 2)
-            transpose(a.acceleration);
-    }
+    write_matrix(a.m, back, m);
+    if (order >= 1)
+        write_matrix(a.rate, back, rate);
+    if (order >= 2)
+        write_matrix(a.acceleration, back, acceleration);
 }
 
 } // namespace KL_SET

@@ -52,17 +52,6 @@ inline void turn(int axis, const T &sine, const T &cosine, const T &rate, const 
     }
 }
 
-template <class T>
-inline void transpose(T (&m)[3][3])
-{
-    for (int i = 0; i < 2; ++i)
-        for (int k = i + 1; k < 3; ++k) {
-            const T upper = m[i][k];
-            m[i][k] = m[k][i];
-            m[k][i] = upper;
-        }
-}
-
 } // namespace KL_SET
 
 #endif

@@ -22,27 +22,28 @@ struct Block {
 void prepare(const OrientationRequest &request, RowInstants *rows, const OrientationPath &path, const double *time,
              long count, int order, Block *block, LeftOver *left)
 {
-    bool nothing_to_say = true;
-    const auto prepare_all = [&](const auto &prepares) {
+    const auto prepare_all = [&](bool to_the_end, const auto &prepares) {
         block->n = 0;
-        nothing_to_say = true;
         for (long k = 0; k < count; ++k) {
             if (k > 0 && same_number(time[k], time[k - 1])) {
                 block->place[k] = block->place[k - 1];
                 continue;
             }
             const bool good = inside_processing_range(time[k]) && prepares(time[k], &block->instants[block->n]);
-            nothing_to_say &= good && status_of(path, block->instants[block->n].eop.notes) == KL_OK;
+            if (!good && !to_the_end)
+                return false;
             block->place[k] = good ? block->n++ : -1;
         }
+        return true;
     };
-    bool all_by_rows = true;
-    prepare_all([&](double days, OrientationInstant *out) { return all_by_rows = all_by_rows && rows->at(days, out); });
-    if (!all_by_rows)
-        prepare_all([&](double days, OrientationInstant *out) {
+    const bool by_rows = prepare_all(false, [&](double days, OrientationInstant *out) { return rows->at(days, out); });
+    if (by_rows && status_of(path, rows->notes()) == KL_OK)
+        return;
+    if (!by_rows)
+        prepare_all(true, [&](double days, OrientationInstant *out) {
             return orientation_instant(*request.correlation, request.scale, days, order, out);
         });
-    for (long k = 0; k < count && !nothing_to_say; ++k)
+    for (long k = 0; k < count; ++k)
         if (block->place[k] < 0)
             left->add(k);
         else if (status_of(path, block->instants[block->place[k]].eop.notes) != KL_OK)

@@ -5,6 +5,7 @@
 #include "orientation/orientation.h"
 #include "orientation/short_period_terms.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -195,36 +196,41 @@ template <int order, class T>
     return out;
 }
 
+// Nine numbers each; no rates where the order has none.
 template <class T>
-void scatter(const T (&m)[3][3], double (*out)[9])
-{
-    T flat[9];
-    for (int k = 0; k < 9; ++k)
-        flat[k] = m[k / 3][k % 3];
-    if constexpr (lanes_of<T> == 1)
-        std::memcpy(*out, flat, sizeof flat);
-    else
-        store_elements(flat, *out, 0, lanes_of<T>);
-}
+struct Matrices {
+    T m[9], rate[9], acceleration[9];
+};
 
 template <int order, class T>
-void matrix_of(const OrientationInstant *in, const OrientationPath &path, JetMatrix<T> &a)
+void matrix_of(const OrientationInstant *in, const OrientationPath &path, T *m, T *rate, T *acceleration)
 {
     const int low = path.from < path.to ? path.from : path.to;
     const int high = path.from < path.to ? path.to : path.from;
-    frame_matrix<order>(path.from, path.to, angles_of<order, T>(in, low, high, path.corrections).turned, a);
+    frame_matrix<order>(path.from, path.to, angles_of<order, T>(in, low, high, path.corrections).turned, m, rate,
+                        acceleration);
 }
 
 template <int order, class T>
 void matrices(const OrientationInstant *in, const OrientationPath &path, double (*m)[9], double (*rate)[9],
               double (*acceleration)[9])
 {
-    JetMatrix<T> a;
-    matrix_of<order>(in, path, a);
-    constexpr T kNone[3][3] = {};
-    scatter(a.m, m);
-    scatter(order >= 1 ? a.rate : kNone, rate);
-    scatter(order >= 2 ? a.acceleration : kNone, acceleration);
+    if constexpr (lanes_of<T> == 1) {
+        matrix_of<order>(in, path, *m, *rate, *acceleration);
+    } else {
+        Matrices<T> a;
+        matrix_of<order>(in, path, a.m, a.rate, a.acceleration);
+        store_elements(a.m, *m, 0, lanes_of<T>);
+        if (order >= 1)
+            store_elements(a.rate, *rate, 0, lanes_of<T>);
+        if (order >= 2)
+            store_elements(a.acceleration, *acceleration, 0, lanes_of<T>);
+    }
+    constexpr long kAll = 9 * lanes_of<T>;
+    if (order < 1)
+        std::fill_n(*rate, kAll, 0.0);
+    if (order < 2)
+        std::fill_n(*acceleration, kAll, 0.0);
 }
 
 template <int order>
@@ -265,14 +271,14 @@ void scatter(const T (&from)[3], double (*to)[3])
 }
 
 template <class T>
-void through(const T (&m)[3][3], const T (&v)[3], T (&out)[3])
+void through(const T (&m)[9], const T (&v)[3], T (&out)[3])
 {
     for (int i = 0; i < 3; ++i)
-        out[i] = m[i][0] * v[0] + m[i][1] * v[1] + m[i][2] * v[2];
+        out[i] = m[3 * i] * v[0] + m[3 * i + 1] * v[1] + m[3 * i + 2] * v[2];
 }
 
 template <int order, class T>
-State<T> turned(const JetMatrix<T> &a, const State<T> &in)
+State<T> turned(const Matrices<T> &a, const State<T> &in)
 {
     State<T> out{};
     through(a.m, in.pos, out.pos);
@@ -306,7 +312,7 @@ struct States {
 };
 
 template <int order, class T>
-void turn_at(const JetMatrix<T> &a, const States &s, long i)
+void turn_at(const Matrices<T> &a, const States &s, long i)
 {
     State<T> in{};
     gather(s.pos + i, in.pos);
@@ -325,27 +331,27 @@ void all_states(const OrientationInstant *in, long n, const OrientationPath &pat
 {
     long i = 0;
     for (; i + kLanes <= n; i += kLanes) {
-        JetMatrix<Lanes> a;
-        matrix_of<order>(in + i, path, a);
+        Matrices<Lanes> a;
+        matrix_of<order>(in + i, path, a.m, a.rate, a.acceleration);
         turn_at<order>(a, states, i);
     }
     for (; i < n; ++i) {
-        JetMatrix<double> a;
-        matrix_of<order>(in + i, path, a);
+        Matrices<double> a;
+        matrix_of<order>(in + i, path, a.m, a.rate, a.acceleration);
         turn_at<order>(a, states, i);
     }
 }
 
 template <int order, class T>
-JetMatrix<T> the_same(const double (&m)[9], const double *rate, const double *acceleration)
+Matrices<T> the_same(const double (&m)[9], const double *rate, const double *acceleration)
 {
-    JetMatrix<T> out{};
+    Matrices<T> out{};
     for (int k = 0; k < 9; ++k) {
-        out.m[k / 3][k % 3] = m[k];
+        out.m[k] = m[k];
         if (order >= 1)
-            out.rate[k / 3][k % 3] = rate[k];
+            out.rate[k] = rate[k];
         if (order >= 2)
-            out.acceleration[k / 3][k % 3] = acceleration[k];
+            out.acceleration[k] = acceleration[k];
     }
     return out;
 }
@@ -355,12 +361,12 @@ void through_one(const double (&m)[9], const double *rate, const double *acceler
 {
     long i = 0;
     if (n >= kLanes) {
-        const JetMatrix<Lanes> a = the_same<order, Lanes>(m, rate, acceleration);
+        const Matrices<Lanes> a = the_same<order, Lanes>(m, rate, acceleration);
         for (; i + kLanes <= n; i += kLanes)
             turn_at<order>(a, states, i);
     }
     if (i < n) {
-        const JetMatrix<double> a = the_same<order, double>(m, rate, acceleration);
+        const Matrices<double> a = the_same<order, double>(m, rate, acceleration);
         for (; i < n; ++i)
             turn_at<order>(a, states, i);
     }

@@ -15,6 +15,9 @@ public:
     {
     }
 
+    // What the correlation lacks, at any instant between rows: EopNotes.
+    [[nodiscard]] long notes() const { return notes_; }
+
     // False where a cubic through four rows does not serve, or TT leaves the table of the pole: orientation_instant()
     // has the answer.
     bool at(double time_days, OrientationInstant *out)
@@ -31,7 +34,7 @@ public:
         out->tai_fraction = fraction;
         out->tt_day = day + carry;
         out->tt_fraction = tt - carry;
-        const long first = first_of_four(correlation_, row - correlation_.rows);
+        const long first = first_of_four(correlation_, finder_.number());
         out->rows = correlation_.rows + first;
         out->poles = correlation_.row_pole != nullptr ? correlation_.row_pole + first : nullptr;
         out->eop.notes = notes_;

@@ -2,6 +2,7 @@
 #ifndef KL_SRC_TIME_ROW_FINDER_H
 #define KL_SRC_TIME_ROW_FINDER_H
 
+#include "numbers/streams.h"
 #include "time/staircase.h"
 
 constexpr double kRowFarDays = 1e9;
@@ -24,8 +25,9 @@ public:
             return;
         if (!is_empty(correlation))
             always_[0] = always_[1] = correlation->rows[0];
-        begin_ = always_[0].tai = always_[0].ut1 = always_[0].utc = -kRowFarDays;
-        end_ = always_[1].tai = always_[1].ut1 = always_[1].utc = kRowFarDays;
+        always_[0].tai = always_[0].ut1 = always_[0].utc = -kRowFarDays;
+        always_[1].tai = always_[1].ut1 = always_[1].utc = kRowFarDays;
+        span_ = span(-kRowFarDays, kRowFarDays);
         row_ = always_;
     }
     RowFinder(const RowFinder &) = delete;
@@ -41,16 +43,18 @@ public:
     }
 
     [[nodiscard]] bool is_table() const { return last_ >= 0; }
-    // Of the row of the last call: where it lies on the scale, and whether this instant lies in it too.
+    // Of the row of the last call: its number in a table, where it lies on the scale, and whether this instant lies in
+    // it too.
     [[nodiscard]] const kl_time_row *row() const { return row_; }
-    [[nodiscard]] bool holds(double days) const
-    {
-        return (static_cast<int>(days >= begin_) & static_cast<int>(days < end_)) != 0; // one branch, not two
-    }
-    [[nodiscard]] double begin() const { return begin_; }
-    [[nodiscard]] double end() const { return end_; }
+    [[nodiscard]] long number() const { return number_; }
+    // Without branches: of instants at random every other one would be guessed wrong.
+    [[nodiscard]] bool holds(double days) const { return bits_of_lanes(Pack<2>(days) >= span_) == 1; }
+    [[nodiscard]] double begin() const { return span_[0]; }
+    [[nodiscard]] double end() const { return span_[1]; }
 
 private:
+    static Pack<2> span(double begin, double end) { return Pack<2>(Pack<2>::Vector{begin, end}); }
+
     [[nodiscard]] double start_of(const kl_time_row &row) const
     {
         return ref_ == KL_TIME_GPS ? row.tai - row.tai_gps / KL_SECONDS_PER_DAY : row.*column_;
@@ -62,8 +66,8 @@ private:
         if (i < 0 || i >= last_ || !away_from_leap_second(*correlation_, i))
             return false;
         row_ = correlation_->rows + i;
-        begin_ = start_of(row_[0]);
-        end_ = start_of(row_[1]);
+        number_ = i;
+        span_ = span(start_of(row_[0]), start_of(row_[1]));
         return holds(days);
     }
 
@@ -74,8 +78,7 @@ private:
             return row_;
         if (lies_in(row_of(*correlation_, ref_, days), days))
             return row_;
-        begin_ = kNoRow[0].tai;
-        end_ = kNoRow[1].tai;
+        span_ = span(kNoRow[0].tai, kNoRow[1].tai);
         return row_ = kNoRow;
     }
 
@@ -84,8 +87,9 @@ private:
     double kl_time_row::*column_;
     long last_; // row; -1: no table
     const kl_time_row *row_ = kNoRow;
-    double begin_ = kNoRow[0].tai, end_ = kNoRow[1].tai;
-    kl_time_row always_[2] = {}; // where the correlation is no table
+    long number_ = -1;
+    Pack<2> span_ = span(kNoRow[0].tai, kNoRow[1].tai); // of the row on the scale
+    kl_time_row always_[2] = {};                        // where the correlation is no table
 };
 
 #endif
