@@ -91,9 +91,10 @@ constexpr int kPolePairs = 5;   // ten nodes: 1.1 microarcseconds; eight leave 4
 constexpr int kOriginPairs = 3; // s is smooth
 
 // Days of TT between which the nodes suffice.
-inline bool inside_pole_table(double day)
+template <class T>
+mask_of<T> inside_pole_table(const T &day)
 {
-    return day >= kPoleFirstDay + kPolePairs - 1 && day < kPoleLastDay - kPolePairs;
+    return (day >= T(kPoleFirstDay + kPolePairs - 1)) & (day < T(kPoleLastDay - kPolePairs));
 }
 
 // The first of the nodes about the day that begins at 0h TT of `day`.

@@ -20,14 +20,14 @@ bool orientation_instant(const Correlation &correlation, long scale, double time
     const auto [tai, near] = tai_of(correlation, scale, time_days);
     eop_values(correlation, tai, near, order, &out->eop);
     out->rows = nullptr;
-    out->tai_day = static_cast<double>(tai.day);
-    out->tai_fraction = tai.fraction;
-    out->tt_fraction = carried(tai.day, tai.fraction + kTtMinusTai / kSecondsPerDay, &out->tt_day);
+    out->times.tai_day = static_cast<double>(tai.day);
+    out->times.tai_fraction = tai.fraction;
+    out->times.tt_fraction = carried(tai.day, tai.fraction + kTtMinusTai / kSecondsPerDay, &out->times.tt_day);
     if (scale == KL_TIME_UT1) {
         out->ut1_day = static_cast<double>(whole_days(time_days));
         out->ut1_fraction = time_days - out->ut1_day;
     } else {
         out->ut1_fraction = carried(tai.day, tai.fraction - out->eop.tai_ut1.value / kSecondsPerDay, &out->ut1_day);
     }
-    return inside_pole_table(out->tt_day);
+    return inside_pole_table(out->times.tt_day);
 }

@@ -5,16 +5,21 @@
 #include "numbers/kernels.h"
 #include "orientation/earth_orientation_values.h"
 
-// An instant as the kernels take it: what the correlation says of it, nothing of precession and nutation yet. Days are
-// whole (MJD2000), apart from their fractions.
+// An instant in TAI and TT: whole days (MJD2000) apart from their fractions.
+template <class T>
+struct OrientationTimes {
+    T tai_day, tai_fraction, tt_day, tt_fraction;
+};
+
+// An instant as the kernels take it: what the correlation says of it, nothing of precession and nutation yet.
 struct OrientationInstant {
-    double tai_day, tai_fraction, tt_day, tt_fraction;
+    OrientationTimes<double> times;
     // Where a cubic serves, its four rows and what stands of the pole beside them, or null where nothing does: UT1 and
     // the values follow in the kernel.
     const kl_time_row *rows;
     const double (*poles)[4];
-    EopValues eop; // without rows; the notes always
-    double ut1_day, ut1_fraction;
+    EopValues eop;                // without rows; the notes always
+    double ut1_day, ut1_fraction; // MJD2000
 };
 
 // What is known of the Earth at an instant: radians, seconds.
@@ -33,7 +38,12 @@ struct OrientationPath {
 bool orientation_instant(const Correlation &correlation, long scale, double time_days, int order,
                          OrientationInstant *out);
 
-// Those of a call are all with rows or all without.
+// Times of instants between rows, n of them, padded to whole packs: row[i] is the row before days[i] on its scale.
+// False in `all` where one leaves its row in TAI, or TT the table of the pole.
+KL_KERNEL(times_between_rows, (const double *days, const kl_time_row *const *row, long n, long scale,
+                               OrientationInstant *instants, bool *all));
+
+// Instants of a call are all with rows or all without.
 // Matrices with `order` derivatives: m[i], rate[i], acceleration[i] of instant i, rows of three; derivatives beyond are
 // zero.
 KL_KERNEL(orientation_matrices, (const OrientationInstant *instants, long n, const OrientationPath &path, int order,

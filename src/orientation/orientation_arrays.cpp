@@ -13,6 +13,8 @@ namespace {
 struct Block {
     long n = 0; // different instants
     OrientationInstant instants[kBlock];
+    double days[kBlock]; // of each on its scale, and the row before it
+    const kl_time_row *row[kBlock];
     double m[kBlock][9], rate[kBlock][9], acceleration[kBlock][9];
     long place[kBlock]; // of the instant of each element among them; -1 leaves it to the scalar call, which refuses it
 };
@@ -36,7 +38,17 @@ void prepare(const OrientationRequest &request, RowInstants *rows, const Orienta
         }
         return true;
     };
-    const bool by_rows = prepare_all(false, [&](double days, OrientationInstant *out) { return rows->at(days, out); });
+    bool by_rows = prepare_all(false, [&](double days, OrientationInstant *out) {
+        const bool good = rows->take_rows(days, out);
+        block->days[block->n] = days;
+        block->row[block->n] = rows->row();
+        return good;
+    });
+    if (by_rows) {
+        pad(block->days, block->n);
+        std::fill(block->row + block->n, block->row + padded(block->n), block->row[block->n - 1]);
+        times_between_rows_kernel()(block->days, block->row, block->n, request.scale, block->instants, &by_rows);
+    }
     if (by_rows && status_of(path, rows->notes()) == KL_OK)
         return;
     if (!by_rows)

@@ -3,6 +3,7 @@
 #include "orientation/eop_rows.h"
 #include "orientation/frames_of_date.h"
 #include "orientation/orientation.h"
+#include "orientation/row_times.h"
 #include "orientation/short_period_terms.h"
 
 #include <algorithm>
@@ -151,8 +152,8 @@ template <int order, class T>
     const double *from[lanes_of<T>];
     double tt_days[lanes_of<T>];
     for (int i = 0; i < lanes_of<T>; ++i) {
-        from[i] = &in[i].tai_day;
-        tt_days[i] = in[i].tt_day;
+        from[i] = &in[i].times.tai_day;
+        tt_days[i] = in[i].times.tt_day;
     }
     T times[4];
     ::gather(from, times);
@@ -375,6 +376,28 @@ void through_one(const double (&m)[9], const double *rate, const double *acceler
 } // namespace
 
 namespace KL_KERNELS {
+
+void times_between_rows(const double *days, const kl_time_row *const *row, long n, long scale,
+                        OrientationInstant *instants, bool *all)
+{
+    *all = true;
+    for (long i = 0; i < n; i += kLanes) {
+        const double *here[kLanes];
+        double tai_end[kLanes];
+        double *to[kLanes];
+        for (int k = 0; k < kLanes; ++k) {
+            here[k] = &row[i + k]->tai;
+            tai_end[k] = row[i + k][1].tai;
+            to[k] = &instants[i + k].times.tai_day;
+        }
+        Lanes columns[4]; // TAI, UT1, UTC, TAI-UTC
+        ::gather(here, columns);
+        OrientationTimes<Lanes> at;
+        *all &= !any(!times_between(load<Lanes>(days + i), scale, columns[3], columns[0], load<Lanes>(tai_end), &at));
+        const Lanes times[4] = {at.tai_day, at.tai_fraction, at.tt_day, at.tt_fraction};
+        ::scatter(times, to);
+    }
+}
 
 void orientation_matrices(const OrientationInstant *instants, long n, const OrientationPath &path, int order,
                           double (*m)[9], double (*rate)[9], double (*acceleration)[9])

@@ -2,8 +2,7 @@
 #ifndef KL_SRC_ORIENTATION_ROW_INSTANTS_H
 #define KL_SRC_ORIENTATION_ROW_INSTANTS_H
 
-#include "orientation/celestial_pole.h"
-#include "orientation/orientation.h"
+#include "orientation/row_times.h"
 #include "time/row_finder.h"
 
 // Of one scale, one after the other.
@@ -18,37 +17,30 @@ public:
     // What the correlation lacks, at any instant between rows: EopNotes.
     [[nodiscard]] long notes() const { return notes_; }
 
-    // False where a cubic through four rows does not serve, or TT leaves the table of the pole: orientation_instant()
-    // has the answer.
-    bool at(double time_days, OrientationInstant *out)
+    // The four rows of an instant. False where a cubic does not serve: orientation_instant() has the answer.
+    bool take_rows(double time_days, OrientationInstant *out)
     {
         const kl_time_row *row = serves_ ? finder_.at(time_days) : kNoRow;
-        if (row == kNoRow)
+        // GPS of another distance from TAI than ever asks for a search of its own.
+        if (row == kNoRow || (scale_ == KL_TIME_GPS && row->tai_gps != kTaiMinusGps))
             return false;
-        const double day = static_cast<double>(whole_days(time_days));
-        const double fraction = (time_days - day) + to_tai(*row) / kSecondsPerDay;
-        const double tai = day + fraction;
-        const double tt = fraction + kTtMinusTai / kSecondsPerDay;
-        const double carry = static_cast<double>(whole_days(tt));
-        out->tai_day = day;
-        out->tai_fraction = fraction;
-        out->tt_day = day + carry;
-        out->tt_fraction = tt - carry;
         const long first = first_of_four(correlation_, finder_.number());
         out->rows = correlation_.rows + first;
         out->poles = correlation_.row_pole != nullptr ? correlation_.row_pole + first : nullptr;
         out->eop.notes = notes_;
-        // GPS of another distance than ever asks for a search of its own.
-        return tai >= row[0].tai && tai < row[1].tai && inside_pole_table(out->tt_day)
-               && (scale_ != KL_TIME_GPS || row->tai_gps == kTaiMinusGps);
+        return true;
+    }
+    // The row before that instant, on its scale.
+    [[nodiscard]] const kl_time_row *row() const { return finder_.row(); }
+
+    // The instant with its rows. False also where it leaves them in TAI, or TT the table of the pole.
+    bool at(double time_days, OrientationInstant *out)
+    {
+        return take_rows(time_days, out)
+               && times_between(time_days, scale_, row()->tai_utc, row()[0].tai, row()[1].tai, &out->times);
     }
 
 private:
-    [[nodiscard]] double to_tai(const kl_time_row &row) const // s
-    {
-        return scale_ == KL_TIME_UTC ? row.tai_utc : scale_ == KL_TIME_GPS ? row.tai_gps : 0.0;
-    }
-
     const Correlation &correlation_;
     long scale_;
     bool serves_;
