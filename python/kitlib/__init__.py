@@ -59,15 +59,16 @@ class _Codes:
     """Conditions of the functions: kl.codes.sun.DATE_ERR."""
 
     def __getattr__(self, name):
-        for public_id, (function, _) in _CONDITIONS.items():
-            if function == "kl_" + name:
-                return _codes_of(public_id)
+        if name in _PUBLIC_IDS:
+            return _codes_of(_PUBLIC_IDS[name])
         raise AttributeError(f"no function {name} with conditions")
 
     def __dir__(self):
-        return [function[3:] for function, _ in _CONDITIONS.values()]
+        return sorted(_PUBLIC_IDS)
 
 
+_PUBLIC_IDS = {function[3:]: public_id for public_id, (function, _) in _CONDITIONS.items()}
+_PUBLIC_IDS.update({n: f.public_id for n in _functions.__all__ if (f := getattr(_functions, "_" + n)).public_id is not None}, geoid=_PUBLIC_IDS["geoid_calc"])
 codes = _Codes()
 
 

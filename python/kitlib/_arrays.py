@@ -39,6 +39,8 @@ def numbers(value, dtype, length, name):
 def texts(value, name):
     """value as an array of texts that the loops in C take: of characters of four octets or of one."""
     array = unmasked(value, name)
+    if array.size == 0 and not isinstance(value, np.ndarray):  # an empty list says no type
+        array = array.astype("U1")
     if array.dtype.kind not in "SU" and not (array.dtype.kind == "O" and all(isinstance(x, str) for x in array.flat)):
         raise TypeError(f"{name}: texts are wanted, not {array.dtype}")
     if array.dtype.kind == "O":
@@ -322,6 +324,8 @@ def written(value):
         value = [getattr(value, field) for field, _ in value._fields_]
     if isinstance(value, bytes):
         value = value.hex(" ")
+    if isinstance(value, str) and len(value) > 80:
+        value = value[:77] + "..."
     if isinstance(value, (list, tuple)):
         return f"[{', '.join(map(written, value))}]" if all(isinstance(x, (int, float, str, list)) for x in value) else ""
     return repr(value) if isinstance(value, (str, int, float)) else ""

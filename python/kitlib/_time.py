@@ -50,6 +50,8 @@ def mjd2000(x, ref="UTC"):
     if isinstance(x, np.ma.MaskedArray):
         raise TypeError("a masked array; fill it or compress it first")
     array = np.asarray(x)
+    if array.size == 0 and not isinstance(x, np.ndarray):  # an empty list says no type
+        return np.empty(array.shape)
     if array.dtype.kind == "O":
         if all(isinstance(item, datetime.datetime) for item in array.flat):
             array = np.array([np.datetime64(_naive(item, ref), "us") for item in array.flat], "M8[us]").reshape(array.shape)

@@ -175,6 +175,16 @@ def test_errors_say_what_was_wrong(name, said, call):
         call()
 
 
+def test_every_refusal_has_its_constant():
+    """Codes are found under the name of the function that was called, also where C has another one."""
+    for call, code in ((lambda: kl.geod_to_utm(95.0, 0.0), kl.codes.geod_to_utm.COMPUTATION_ERR), (lambda: kl.geoid(0.0, 400.0), kl.codes.geoid.LONGITUDE_ERR),
+                       (lambda: kl.eclipse(1e9, R[0]), kl.codes.eclipse.DATE_ERR)):
+        with pytest.raises(kl.KitError) as caught:
+            call()
+        assert caught.value.codes == (code,) and code.name in str(caught.value)
+    assert {"sun", "geod_to_utm", "geoid"} <= set(dir(kl.codes)) and not hasattr(kl.codes, "sunshine")
+
+
 def test_refused_elements():
     """One bad row of many: raised with everything that was computed, or given as NaN."""
     times = T.copy()
