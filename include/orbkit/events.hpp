@@ -125,6 +125,25 @@ struct Pass {
 /** How deep an eclipse is, in radii of the Sun: its first touch, its centre on the limb, the last light. */
 enum class Edge : long { penumbra = 1, centre = 0, umbra = -1 };
 
+namespace detail {
+
+// What a function of the caller throws, as a KitError.
+template <class Call>
+auto in_words(Call call)
+{
+    try {
+        return call();
+    } catch (const KitError &) {
+        throw;
+    } catch (const std::exception &error) {
+        throw_messages({"The function of time failed.", "events", error.what()});
+    } catch (...) {
+        throw_messages({"The function of time failed.", "events"});
+    }
+}
+
+} // namespace detail
+
 /**
  * When a smooth function crosses zero; rises and falls alternate, ends of the span that are above zero are cut.
  *
@@ -173,15 +192,7 @@ std::vector<Crossing> when(Function function, const Span &span, Time::Duration s
         const long status = kl_find_crossings(values, &context, &start, &stop, &step_days, &tolerance, &room, &n,
                                               found.data(), nullptr);
         if (context.thrown != nullptr)
-            try {
-                std::rethrow_exception(context.thrown);
-            } catch (const KitError &) {
-                throw;
-            } catch (const std::exception &error) {
-                throw_messages({"The function of time failed.", "events::when", error.what()});
-            } catch (...) {
-                throw_messages({"The function of time failed.", "events::when"});
-            }
+            detail::in_words([&] { std::rethrow_exception(context.thrown); });
         if (status == KL_ERR)
             throw_messages({"The function of time is no number, or the span has too many steps.", "events::when"});
         if (status == KL_OK)
@@ -231,7 +242,9 @@ template <class Motion>
 std::vector<Pass> passes(const Motion &orbit, const GroundStation &station, const Span &span, double elevation = 0.0,
                          Time::Duration step = std::chrono::minutes(1))
 {
-    const auto seen = [&](const Time &time) { return detail::state_at(orbit, time).seenFrom(station); };
+    const auto seen = [&](const Time &time) {
+        return detail::in_words([&] { return detail::state_at(orbit, time).seenFrom(station); });
+    };
     std::vector<Pass> out;
     for (const Interval &visible :
          while_above([&](const Time &t) { return seen(t).elevation - elevation; }, span, step)) {

@@ -106,10 +106,17 @@ public:
         return time;
     }
 
-    /** From the clock of the system, which counts UTC without leap seconds. */
+    /** From the clock of the system, which counts UTC without leap seconds; to the nearest microsecond. */
     explicit Time(std::chrono::system_clock::time_point clock, Borrowed<TimeCorrelation> correlation = {})
     {
-        const std::int64_t utc = std::chrono::round<Duration>(clock.time_since_epoch()).count() - kUnixEpoch;
+        const auto since = clock.time_since_epoch();
+        Duration whole = std::chrono::duration_cast<Duration>(since);
+        const auto rest = since - whole; // of the sign of the whole; std::chrono::round leaves the range at its ends
+        if (2 * rest >= Duration(1))
+            ++whole;
+        else if (2 * rest < -Duration(1))
+            --whole;
+        const std::int64_t utc = whole.count() - kUnixEpoch;
         *this = fromTransport(fields_of(utc), TransportFormat::days_seconds, Scale::UTC, correlation);
     }
 

@@ -151,8 +151,11 @@ TEST(TimeValue, EveryMicrosecondComesBackFromItsText)
             ASSERT_EQ(Time(time.text(ORBKIT::TextFormat::ascii_44, scale)), time) << time;
     }
     using Clock = std::chrono::system_clock;
-    const auto early = Clock::time_point(std::chrono::nanoseconds(-1500)); // to the nearest, before 1970 too
+    const auto early = Clock::time_point(std::chrono::nanoseconds(-1501)); // to the nearest, before 1970 too
     EXPECT_EQ(Time(early), Time("1970-01-01T00:00:00") - 2us);
+    EXPECT_EQ(Time(Clock::time_point(std::chrono::nanoseconds(1499))), Time("1970-01-01T00:00:00") + 1us);
+    EXPECT_THROW(Time(Clock::time_point::min()), KitError);
+    EXPECT_THROW(Time(Clock::time_point::max()), KitError);
 }
 
 // CCSDS 301.0-B: the P-field has a second octet beyond 4 coarse or 3 fine ones. Octets on the heap: none but a code's
@@ -430,6 +433,21 @@ TEST(Events, CutWhatTheSpanCutsAndTellWhatIsWrong)
     const auto fails = [](const Time &) -> double { throw std::runtime_error("no ephemeris"); };
     throws("no ephemeris", [&] { ORBKIT::events::when(fails, {kEpoch, kEpoch + 1h}); });
     throws("failed", [&] { ORBKIT::events::when([](const Time &) -> double { throw 3; }, {kEpoch, kEpoch + 1h}); });
+    int calls = 0, last = 0; // wherever it fails: in a search, or at one of its results
+    const auto fails_once = [&](const Time &t) {
+        if (++calls == last)
+            throw std::runtime_error("no ephemeris");
+        return kOrbit(t);
+    };
+    const auto one_pass = [&] {
+        calls = 0;
+        ORBKIT::events::passes(fails_once, {67.857, 20.964, 390.0}, {kEpoch + 8h, kEpoch + 9h});
+    };
+    one_pass();
+    const int all = calls;
+    ASSERT_GT(all, 60);
+    for (last = 1; last <= all; ++last)
+        throws("no ephemeris", one_pass);
     const auto far = [](const Time &t) { return (t + std::chrono::hours(24 * 365 * 100)).processing(); };
     throws("between 1950", [&] { ORBKIT::events::when(far, {kEpoch, kEpoch + 1h}); }); // its own KitError
     throws("no number", [&] { ORBKIT::events::when([](const Time &) { return NAN; }, {kEpoch, kEpoch + 1h}); });
