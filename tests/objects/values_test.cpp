@@ -1,5 +1,6 @@
 // Times, states and events as values: laws, and searches on a grid.
 #include "objects/objects.h"
+#include "support/fault_injection.h"
 
 #include <gtest/gtest.h>
 
@@ -176,6 +177,28 @@ TEST(CucValue, CodesAreAsLongAsTheirLayouts)
             }
     EXPECT_EQ(ORBKIT::Cuc({KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, 0, 0.0, 4, 3}).length(), 8U);
     EXPECT_EQ(ORBKIT::Cuc({KL_CUC_WITH_P_FIELD, KL_CUC_EPOCH_1958, 0, 0.0, 4, 4}).length(), 10U);
+}
+
+// Memory fails at the first asking: nobody asks.
+TEST(Values, TakeNoMemory)
+{
+    SKIP_WITHOUT_FAULTS();
+    const std::string line = "2026-06-21T08:24:00.250000,UTC";
+    const ORBKIT::GroundStation station(48.0, 11.0, 600.0);
+    const ORBKIT::Star star{kl_star{}};
+    faults::Fail fail(faults::Site::kAllocation);
+    const Time time(std::string_view(line).substr(0, 26));
+    const Time typed("2026-06-21T08:24:00.250000Z");
+    const ORBKIT::TimeText text = time.text();
+    const StateVector state = kOrbit(time);
+    const ORBKIT::CucTime octets = ORBKIT::Cuc(kCuc).encode(time);
+    const double sum = state.in(Frame::EF).pos()[0] + state.geodetic().height + state.kepler().eccentricity
+                       + state.raDec().ra + state.seenFrom(station).range + state.orbitAngle().angle
+                       + state.localFrame(ORBKIT::OrbitalFrame::QSW).axes[0] + ORBKIT::Sun::at(time).pos()[0]
+                       + ORBKIT::Eclipse::at(state).depth + star.place(time, Frame::TOD, {}, state).ra
+                       + ORBKIT::Ray(state.position(), {0.0, 0.0, 1.0}).ellipsoid().t[0];
+    EXPECT_FALSE(fail.disarm());
+    EXPECT_TRUE(time == typed && octets[0] != 0 && text == typed.text() && sum != 0.0);
 }
 
 TEST(Values, DoNotMixCorrelationsAndNeedAnInstantForAnotherFrame)
