@@ -10,8 +10,8 @@
  * - n: 0 is KL_OK and touches nothing but `ierr`; below 0 or NULL is KL_ERR with a clear vector.
  * - status: [n] or NULL; KL_OK, KL_WARN or KL_ERR of each element, as the scalar call gives it.
  * - ierr: the union of the vectors of all elements, decoded with the id of the scalar function. What does not depend on
- * an element (a selector, an id that is always needed, an array that is missing) refuses the call: its bit stands
- * alone, its lines are printed once and every element counts as failed.
+ *   an element (a selector, an id that is always needed, an array that is missing) refuses the call: its bit stands
+ *   alone, its lines are printed once and every element counts as failed.
  * - A run that is not initialised fails every element and leaves `ierr` as it was, as the scalar twin does.
  * - Return: KL_ERR when an element failed, else KL_WARN when one warned, else KL_OK.
  * - An element that fails gets NaN in its doubles, 0 in its integers and an empty text; all others are computed.

@@ -76,8 +76,8 @@ KL_API long kl_print_msg(const long *n_msg, char msg[][512]);
 
 /**
  * Frees an array that the library allocated for the caller with malloc and sets the pointer to NULL; NULL does nothing.
- * The one such array are the rows of kl_time_get_id_data: kl_time_free_id_data frees them and sets their number to 0
- * as well, which this function does not know of.
+ * Such arrays come from kl_star_catalog and kl_time_get_leap_seconds; those of kl_time_get_id_data are freed together,
+ * with their number set to 0, by kl_time_free_id_data.
  */
 KL_API void kl_free_array(void **array);
 

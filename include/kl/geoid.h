@@ -43,7 +43,7 @@ enum {
  * The correction from height anomaly to undulation and the term of degree zero, -0.53 m, are in the value. Degrees 0
  * and 1 leave these two alone. Rounding: below 1e-12 m at the 140 points and degrees of the reference; the model itself
  * is good to half a metre or a metre.
- * The same bits on every machine of one C library, whatever its vector instructions; nothing is kept between calls, and
+ * The same bits on every machine, C library and set of instructions; nothing is kept between calls, and
  * any number of threads may call. For many points on few parallels kl_geoid_grid is dozens of times faster.
  * Source: Lemoine et al., NASA/TP-1998-206861 (1998); Rapp, J. Geodesy 71, 282-289 (1997); the published EGM96
  * undulation program (F477).
