@@ -1,5 +1,6 @@
 // Between elements of a few doubles, one after the other, and packs of which each holds one double of several elements:
-// by shuffles of whole registers, a quarter of the instructions that lanes one by one take.
+// by shuffles of whole registers, a quarter of the instructions that lanes one by one take. They are
+// put in line: as calls they hand packs and places over in memory.
 #ifndef KL_SRC_NUMBERS_TRANSPOSED_H
 #define KL_SRC_NUMBERS_TRANSPOSED_H
 
@@ -106,7 +107,7 @@ template <int N>
 
 // From N places, M numbers each: no way through memory, where narrow writes would hold up wide reads.
 template <class Number, int N, int M>
-void gather(const Number *const (&from)[N], Pack<N> (&out)[M])
+[[gnu::always_inline]] inline void gather(const Number *const (&from)[N], Pack<N> (&out)[M])
 {
     int j = 0;
     if constexpr (N == 8) {
@@ -151,7 +152,7 @@ void gather(const Number *const (&from)[1], double (&out)[M])
 
 // To N places.
 template <int N, int M>
-void scatter(const Pack<N> (&in)[M], double *const (&to)[N])
+[[gnu::always_inline]] inline void scatter(const Pack<N> (&in)[M], double *const (&to)[N])
 {
     int j = 0;
     if constexpr (N == 8) {
