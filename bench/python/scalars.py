@@ -4,6 +4,7 @@ C alone is what the very call of the package takes, made again with the pointers
 needs to call any function of C: that is in what the package adds.
 """
 import ctypes
+import sys
 import time
 from collections import namedtuple
 
@@ -27,60 +28,61 @@ TRANSPORT = np.array([9668, 30245, 123456, 0])
 OCTETS = bytes([128, 201, 136, 0, 0, 0, 0])
 T = 9668.35
 
+# (what varies, selectors and the like) of each function.
 CALLS = {
-    "sun": lambda: kl.sun(T),
-    "moon": lambda: kl.moon(T),
-    "planet": lambda: kl.planet(T, planet=kl.Planet.MARS),
-    "time_cuc_to_processing": lambda: kl.time_cuc_to_processing(OCTETS, config=CUC, ref=kl.Time.TAI),
-    "time_processing_to_cuc": lambda: kl.time_processing_to_cuc(T, config=CUC, ref=kl.Time.TAI),
-    "geod_to_cart": lambda: kl.geod_to_cart(48.0, 11.0, 600.0),
-    "cart_to_geod": lambda: kl.cart_to_geod(R),
-    "kepl_to_cart": lambda: kl.kepl_to_cart(*ORBIT),
-    "cart_to_kepl": lambda: kl.cart_to_kepl(R, V),
-    "geod_distance": lambda: kl.geod_distance(40.6, -73.8, 51.6, -0.5),
-    "geod_point": lambda: kl.geod_point(40.6, -73.8, 51.0, 5.0e6),
-    "position_on_orbit": lambda: kl.position_on_orbit(T, R, V, cs=kl.Frame.TOD),
-    "orbit_sun": lambda: kl.orbit_sun(T, R, V, cs=kl.Frame.TOD),
-    "cart_to_radec": lambda: kl.cart_to_radec(R),
-    "radec_to_cart": lambda: kl.radec_to_cart(10.0, 20.0, 7.0e6),
-    "ef_to_topocentric": lambda: kl.ef_to_topocentric(R, origin=STATION),
-    "topocentric_to_ef": lambda: kl.topocentric_to_ef(10.0, 20.0, 7.0e5, origin=STATION),
-    "geod_to_utm": lambda: kl.geod_to_utm(48.0, 11.0),
-    "utm_to_geod": lambda: kl.utm_to_geod(38, 1, 444140.5, 3684706.3),
-    "local_orbital_frame": lambda: kl.local_orbital_frame(R, V),
-    "mean_motion": lambda: kl.mean_motion(ORBIT, 600.0),
-    "time_processing_to_processing": lambda: kl.time_processing_to_processing(T, ref_in=kl.Time.UTC, ref_out=kl.Time.UT1),
-    "time_ascii_to_ascii": lambda: kl.time_ascii_to_ascii("2026-06-21T08:24:00", fmt_in=kl.Ascii.ASCII_41, fmt_out=kl.Ascii.ASCII_13, ref_out=kl.Time.GPS),
-    "time_ascii_to_processing": lambda: kl.time_ascii_to_processing("2026-06-21T08:24:00.123456"),
-    "time_text_to_processing": lambda: kl.time_text_to_processing("2026-06-21T08:24:00Z"),
-    "time_ascii_to_transport": lambda: kl.time_ascii_to_transport("2026-06-21T08:24:00.123456"),
-    "time_processing_to_ascii": lambda: kl.time_processing_to_ascii(T),
-    "time_processing_to_transport": lambda: kl.time_processing_to_transport(T),
-    "time_transport_to_ascii": lambda: kl.time_transport_to_ascii(TRANSPORT),
-    "time_transport_to_processing": lambda: kl.time_transport_to_processing(TRANSPORT),
-    "time_transport_to_transport": lambda: kl.time_transport_to_transport(TRANSPORT, fmt_out=kl.Transport.TRANS_22),
-    "change_cart_cs": lambda: kl.change_cart_cs(T, R, V, cs_in=kl.Frame.TEME, cs_out=kl.Frame.EF),
-    "ray_ellipsoid": lambda: kl.ray_ellipsoid(R, DOWN),
-    "ray_height": lambda: kl.ray_height(R, DOWN, 1000.0),
-    "ray_tangent": lambda: kl.ray_tangent(R, AWAY),
-    "eclipse": lambda: kl.eclipse(T, R),
-    "earth_orientation_get": lambda: kl.earth_orientation_get(T),
-    "iers_matrix": lambda: kl.iers_matrix(T, cs_in=kl.IersFrame.GCRS, cs_out=kl.IersFrame.ITRS),
-    "iers_change": lambda: kl.iers_change(T, R, V, cs_in=kl.IersFrame.GCRS, cs_out=kl.IersFrame.ITRS),
-    "quaternions_to_vectors": lambda: kl.quaternions_to_vectors(Q),
-    "vectors_to_quaternions": lambda: kl.vectors_to_quaternions(X, Y, Z),
-    "quaternions_interpol": lambda: kl.quaternions_interpol(9668.0, Q, 9669.0, Q, T),
-    "euler_to_matrix": lambda: kl.euler_to_matrix(ANGLES),
-    "matrix_to_euler": lambda: kl.matrix_to_euler(MATRIX),
-    "get_rotation_angles": lambda: kl.get_rotation_angles(X, Y, Z, X, Y, Z),
-    "get_rotated_vectors": lambda: kl.get_rotated_vectors(X, Y, Z, ANGLES),
-    "star_radec": lambda: kl.star_radec(T, STAR),
-    "time_get_pole": lambda: kl.time_get_pole(T),
-    "time_add": lambda: kl.time_add(T, 0.5),
-    "time_diff": lambda: kl.time_diff(T, 9668.0),
-    "time_get_leap_second_info": lambda: kl.time_get_leap_second_info(fmt_out=kl.Ascii.ASCII_41),
-    "geoid": lambda: kl.geoid(48.0, 11.0),
-    "geoid, max_degree=36": lambda: kl.geoid(48.0, 11.0, max_degree=36),
+    "sun": ((T,), dict()),
+    "moon": ((T,), dict()),
+    "planet": ((T,), dict(planet=kl.Planet.MARS)),
+    "time_cuc_to_processing": ((OCTETS,), dict(config=CUC, ref=kl.Time.TAI)),
+    "time_processing_to_cuc": ((T,), dict(config=CUC, ref=kl.Time.TAI)),
+    "geod_to_cart": ((48.0, 11.0, 600.0), dict()),
+    "cart_to_geod": ((R,), dict()),
+    "kepl_to_cart": (ORBIT, dict()),
+    "cart_to_kepl": ((R, V), dict()),
+    "geod_distance": ((40.6, -73.8, 51.6, -0.5), dict()),
+    "geod_point": ((40.6, -73.8, 51.0, 5.0e6), dict()),
+    "position_on_orbit": ((T, R, V), dict(cs=kl.Frame.TOD)),
+    "orbit_sun": ((T, R, V), dict(cs=kl.Frame.TOD)),
+    "cart_to_radec": ((R,), dict()),
+    "radec_to_cart": ((10.0, 20.0, 7.0e6), dict()),
+    "ef_to_topocentric": ((R,), dict(origin=STATION)),
+    "topocentric_to_ef": ((10.0, 20.0, 7.0e5), dict(origin=STATION)),
+    "geod_to_utm": ((48.0, 11.0), dict()),
+    "utm_to_geod": ((38, 1, 444140.5, 3684706.3), dict()),
+    "local_orbital_frame": ((R, V), dict()),
+    "mean_motion": ((ORBIT, 600.0), dict()),
+    "time_processing_to_processing": ((T,), dict(ref_in=kl.Time.UTC, ref_out=kl.Time.UT1)),
+    "time_ascii_to_ascii": (("2026-06-21T08:24:00",), dict(fmt_in=kl.Ascii.ASCII_41, fmt_out=kl.Ascii.ASCII_13, ref_out=kl.Time.GPS)),
+    "time_ascii_to_processing": (("2026-06-21T08:24:00.123456",), dict()),
+    "time_text_to_processing": (("2026-06-21T08:24:00Z",), dict()),
+    "time_ascii_to_transport": (("2026-06-21T08:24:00.123456",), dict()),
+    "time_processing_to_ascii": ((T,), dict()),
+    "time_processing_to_transport": ((T,), dict()),
+    "time_transport_to_ascii": ((TRANSPORT,), dict()),
+    "time_transport_to_processing": ((TRANSPORT,), dict()),
+    "time_transport_to_transport": ((TRANSPORT,), dict(fmt_out=kl.Transport.TRANS_22)),
+    "change_cart_cs": ((T, R, V), dict(cs_in=kl.Frame.TEME, cs_out=kl.Frame.EF)),
+    "ray_ellipsoid": ((R, DOWN), dict()),
+    "ray_height": ((R, DOWN, 1000.0), dict()),
+    "ray_tangent": ((R, AWAY), dict()),
+    "eclipse": ((T, R), dict()),
+    "earth_orientation_get": ((T,), dict()),
+    "iers_matrix": ((T,), dict(cs_in=kl.IersFrame.GCRS, cs_out=kl.IersFrame.ITRS)),
+    "iers_change": ((T, R, V), dict(cs_in=kl.IersFrame.GCRS, cs_out=kl.IersFrame.ITRS)),
+    "quaternions_to_vectors": ((Q,), dict()),
+    "vectors_to_quaternions": ((X, Y, Z), dict()),
+    "quaternions_interpol": ((9668.0, Q, 9669.0, Q, T), dict()),
+    "euler_to_matrix": ((ANGLES,), dict()),
+    "matrix_to_euler": ((MATRIX,), dict()),
+    "get_rotation_angles": ((X, Y, Z, X, Y, Z), dict()),
+    "get_rotated_vectors": ((X, Y, Z, ANGLES), dict()),
+    "star_radec": ((T, STAR), dict()),
+    "time_get_pole": ((T,), dict()),
+    "time_add": ((T, 0.5), dict()),
+    "time_diff": ((T, 9668.0), dict()),
+    "time_get_leap_second_info": ((), dict(fmt_out=kl.Ascii.ASCII_41)),
+    "geoid": ((48.0, 11.0), dict()),
+    "geoid, max_degree=36": ((48.0, 11.0), dict(max_degree=36)),
 }
 
 
@@ -105,33 +107,74 @@ def least_of(functions, seconds=0.25):
     return best
 
 
-def call_inside(name):
-    """The function of C and the arguments that the package gives it."""
+def function_of(name):
+    """The function of the package, and what the package keeps of it."""
     bare = name.partition(",")[0]
-    function = _more._GEOID if bare == "geoid" else getattr(_functions, "_" + bare)
-    space, place = function.one.__globals__, "scalar"
-    taken = []
-    real = space[place]
+    return getattr(kl, bare), _more._GEOID if bare == "geoid" else getattr(_functions, "_" + bare)
 
-    def spy(*arguments):
-        taken.append(arguments)
-        return real(*arguments)
-    space[place] = spy
-    CALLS[name]()
-    space[place] = real
-    return real, taken[0]
+
+class Spy:
+    """In place of a function of C: calls it and keeps its arguments."""
+
+    def __init__(self, real):
+        self.real, self.arguments = real, None
+
+    def __call__(self, *arguments):
+        self.arguments = arguments
+        return self.real(*arguments)
+
+    def again(self):
+        return self.real(*self.arguments)
 
 
 def rows():
+    """C and the package for one element."""
     nothing = ctypes.CDLL(KITLIB._name).kl_silent  # with any arguments: it looks at none
     nothing.restype = ctypes.c_long
-    for name, package in CALLS.items():
-        package()
-        function, arguments = call_inside(name)
-        c, empty, whole = least_of([lambda: function(*arguments), lambda: nothing(*arguments), package])
+    for name, (given, keywords) in CALLS.items():
+        function, own = function_of(name)
+        function(*given, **keywords)
+        space = own.one.__globals__
+        spy = space["scalar"] = Spy(space["scalar"])
+        function(*given, **keywords)
+        space["scalar"] = spy.real
+        c, empty, whole = least_of([spy.again, lambda: nothing(*spy.arguments), lambda: function(*given, **keywords)])
         yield Row(name, max(c - empty, 0.0), whole)
 
 
+def many(value, n):
+    """An argument for n elements."""
+    if value is T:
+        return T + np.arange(n) / (2 * n)
+    if isinstance(value, bytes):
+        return np.tile(np.frombuffer(value, np.uint8), (n, 1))
+    if isinstance(value, tuple):
+        return [np.full(n, x) for x in value]
+    if isinstance(value, np.void):
+        return np.full(n, value)
+    return np.tile(value, (n, 1)) if np.ndim(value) else np.full(n, value)
+
+
+def rows_of_many(n):
+    """C and the package for n elements, of every function that takes any."""
+    for name, (one, keywords) in CALLS.items():
+        if not one or name == "geoid":
+            continue
+        function, own = function_of(name)
+        given = [many(value, n) for value in one]
+        function(*given, **keywords)
+        spies = []
+        for space in (own.go.__globals__, vars(own)):
+            if space.get("array") is not None:
+                spies.append((space, space["array"]))
+                space["array"] = Spy(space["array"])
+        function(*given, **keywords)
+        spy = next(space["array"] for space, _ in spies if space["array"].arguments)
+        for space, real in spies:
+            space["array"] = real
+        yield Row(name, *least_of([spy.again, lambda: function(*given, **keywords)], 0.15))
+
+
 if __name__ == "__main__":
-    for row in rows():
-        print(f"{row.function:32s} C {row.c * 1e6:6.2f}  package {row.package * 1e6:6.2f}  adds {(row.package - row.c) * 1e6:6.2f}")
+    for row in rows() if len(sys.argv) < 2 else rows_of_many(int(float(sys.argv[1]))):
+        print(f"{row.function:32s} C {row.c * 1e6:8.2f}  package {row.package * 1e6:8.2f}  adds {(row.package - row.c) * 1e6:8.2f}  {row.package / max(row.c, 1e-9):6.2f}")

@@ -1,15 +1,16 @@
 """From Python's arguments to the array calls of C and back: broadcasting, types, selectors, results."""
 import copy
 import ctypes
+import functools
 import math
 import re
 
 import numpy as np
 
 from . import _errors, _memory, _table
-from ._calls import DTYPES, OCTETS, array_call, dtype_of, one_element, quick_call, record_tuple
+from ._calls import DTYPES, F8, OCTETS, array_call, dtype_of, one_element, quick_call, record_tuple
 from ._library import symbol
-from ._pointers import pointer
+from ._pointers import from_buffer, pointer
 from ._selectors import long_pointer, one_record, record_fields, selected
 
 
@@ -48,7 +49,7 @@ def texts(value, name):
     return array.astype(array.dtype.newbyteorder("=") if array.dtype.itemsize else "U1", copy=False)
 
 
-def _octets(value, name):
+def octets(value, name):
     """value as an array of octets."""
     if isinstance(value, (bytes, bytearray)):
         array = np.frombuffer(bytes(value), np.uint8)
@@ -60,35 +61,29 @@ def _octets(value, name):
         array = unmasked(value, name)
     if array.dtype != np.uint8:
         raise TypeError(f"{name}: bytes or an array of uint8 is wanted, not {array.dtype}")
-    if array.ndim == 0 or array.shape[-1] > OCTETS:
-        raise ValueError(f"{name}: the last axis must have at most {OCTETS} octets, not shape {array.shape}")
+    if array.ndim == 0 or not 0 < array.shape[-1] <= OCTETS:
+        raise ValueError(f"{name}: the last axis must have 1 to {OCTETS} octets, not shape {array.shape}")
     return array
-
-
-def octets(value, name):
-    """value as an array of octets, its last axis padded to the longest layout."""
-    array = _octets(value, name)
-    wide = np.zeros(array.shape[:-1] + (OCTETS,), np.uint8)
-    wide[..., :array.shape[-1]] = array
-    return wide
 
 
 def of_layout(cuc, config):
     """Octets of CUCs, if they are as many as the layout has: C takes missing ones as zeros and leaves out what is more."""
-    config = one_record(config, _table.CucConfig)
+    config = config if type(config) is _table.CucConfig else one_record(config, _table.CucConfig)
     counts = config.n_coarse + config.n_fine if 1 <= config.n_coarse <= 7 and 0 <= config.n_fine <= 10 else 0
     with_p_field = config.cuc_type == _table.CucType.WITH_P_FIELD
-    if type(cuc) is bytes and len(cuc) > 1 and len(cuc) == (_octets_of_p_field(cuc[0], cuc[1]) if with_p_field else counts):
+    if type(cuc) is bytes and len(cuc) > 1 and len(cuc) == (_octets_of_p_field(cuc[0] << 8 | cuc[1]) if with_p_field else counts):
         return cuc
-    given = _octets(cuc, "cuc")
+    given = octets(cuc, "cuc")
     width = given.shape[-1]
-    if width == 0:
-        raise ValueError("cuc: no octets")
+    if width == counts and not with_p_field:
+        return given
     rows = given.reshape(-1, width)
     if with_p_field:
-        heads, which = np.unique(rows[:, :2], axis=0, return_inverse=True)  # mostly all have one layout
-        wanted = np.array([_octets_of_p_field(int(h[0]), int(h[1]) if width > 1 else 0) for h in heads], int)
-        wanted = wanted if len(wanted) == 1 else wanted[which.reshape(-1)]
+        heads, which = rows[:, 0].astype("u2") << 8 | (rows[:, 1] if width > 1 else 0), None
+        if (heads != heads[:1]).any():
+            heads, which = np.unique(heads, return_inverse=True)
+        wanted = np.array([_octets_of_p_field(int(head)) for head in (heads[:1] if which is None else heads)], int)  # mostly all have one layout
+        wanted = wanted if which is None else wanted[which]
         parts = "its P-field says"
     elif counts:
         wanted = np.array([counts])
@@ -104,11 +99,27 @@ def of_layout(cuc, config):
     return given
 
 
-def _octets_of_p_field(first, second):
-    """How many octets a P-field announces with itself (CCSDS 301.0-B); 0 for one that C refuses."""
+def _octets_of_p_field(head):
+    """How many octets a P-field announces with itself (CCSDS 301.0-B), of its first two; 0 for one that C refuses."""
+    first, second = head >> 8, head & 255
     more = first >> 7
     wanted = 2 + more + (first >> 2 & 3) + (first & 3) + more * ((second >> 5 & 3) + (second >> 2 & 7))
     return wanted if first >> 4 & 7 in (1, 2) and more * second < 128 and wanted <= OCTETS else 0
+
+
+_packed = symbol("kitlib_packed")
+
+
+@functools.lru_cache(maxsize=None)
+def _all_numbers(record):
+    return all(kind is ctypes.c_double for _, kind in record._fields_)
+
+
+def _address(array):
+    try:
+        return ctypes.addressof(from_buffer(array))
+    except (TypeError, ValueError, BufferError):  # read-only ones
+        return array.__array_interface__["data"][0]
 
 
 def contiguous(array, shape, item, dtype):
@@ -169,50 +180,63 @@ class Function:
 
     def inputs(self, values):
         """Arrays of the per-element arguments and the shape they have together."""
-        if self.flat:
-            _, name, record, *_ = self.each[0]
-            return self.packed(values, record, [field for field, _ in record._fields_])
-        arrays, shapes, names = [], [], []
+        arrays, items, shapes, names = [], [], [], []
         for value, (_, name, kind, length, optional, zeros) in zip(values, self.each):
             if value is None:
                 if not optional:
                     raise TypeError(f"{self.name[3:]}: {name} is missing")
                 arrays.append(None)
+                items.append(())
                 continue
             if kind == "text":
                 array, item = texts(value, name), ()
             elif kind == "octets":
                 array = octets(value, name)
-                item = (OCTETS,)
+                item = array.shape[-1:]
             elif isinstance(kind, str):
                 array = numbers(value, DTYPES[kind], length, name)
                 item = (length,) if length else ()
             else:
-                array, _ = self.packed(record_fields(value, kind, name), kind, [field for field, _ in kind._fields_])
-                array, item = array[0], ()
+                array, item = self.packed(value, kind, name), ()
             arrays.append(array)
+            items.append(item)
             shapes.append(array.shape[:array.ndim - len(item)])
             names.append(name)
         shape = broadcast(shapes, names) if shapes else ()
-        for i, (role, name, kind, length, optional, zeros) in enumerate(self.each):
-            dtype = (DTYPES[kind] if kind in ("f8", "i8") else arrays[i].dtype if arrays[i] is not None else None) if isinstance(kind, str) else dtype_of(kind)
-            item = (length,) if length else (OCTETS,) if isinstance(kind, str) and kind == "octets" else ()
+        for i, (role, *_) in enumerate(self.each):
             if arrays[i] is not None:
                 given = arrays[i]
-                arrays[i] = contiguous(given, shape, item, dtype)
+                arrays[i] = contiguous(given, shape, items[i], DTYPES.get(self.each[i][2], given.dtype))
                 if role != "each" and np.shares_memory(arrays[i], given):
                     arrays[i] = arrays[i].copy()
         return arrays, shape
 
-    def packed(self, values, record, names):
-        fields = [None if v is None else numbers(v, np.dtype("f8"), 0, n) for v, n in zip(values, names)]
-        if fields[0] is None:
+    def packed(self, value, record, name):
+        """Records of a structured array, or of their fields."""
+        dtype = dtype_of(record)
+        if isinstance(value, np.ndarray) and value.dtype == dtype and not isinstance(value, np.ma.MaskedArray):
+            return value
+        names = dtype.names
+        if isinstance(value, (list, tuple)) and len(value) == len(names) and _all_numbers(record) and all(
+                type(v) is np.ndarray and v.dtype is F8 and v.flags.carray and v.shape == value[0].shape for v in value):
+            return self.of_columns(value, value[0].shape, dtype)
+        fields = [None if v is None else numbers(v, F8, 0, n) for v, n in zip(record_fields(value, record, name), names)]
+        if not fields or fields[0] is None:
             raise TypeError(f"{self.name[3:]}: {names[0]} is missing")
         shape = broadcast([f.shape for f in fields if f is not None], [n for f, n in zip(fields, names) if f is not None])
-        out = _memory.some(shape, (), dtype_of(record))
-        for name, field in zip(names, fields):
-            out[name] = 0.0 if field is None else field
-        return [out], shape
+        out = _memory.some(shape, (), dtype)
+        if not _all_numbers(record):
+            for n, field in zip(names, fields):
+                out[n] = 0.0 if field is None else field
+            return out
+        return self.of_columns([None if f is None else contiguous(f, shape, (), F8) for f in fields], shape, dtype, out)
+
+    def of_columns(self, columns, shape, dtype, out=None):
+        """Records of columns of numbers; one that is missing is zeros."""
+        out = _memory.some(shape, (), dtype) if out is None else out
+        addresses = (ctypes.c_void_p * len(columns))(*[None if c is None else _address(c) for c in columns])
+        _packed(addresses, long_pointer(len(columns)), ctypes.byref(ctypes.c_long(math.prod(shape))), pointer(out))
+        return out
 
     def many(self, values, selects, ids, errors, return_status):
         if self.array is None:
@@ -244,17 +268,13 @@ class Function:
         if np.count_nonzero(status == -1) > 1:  # once more, for the values in its messages
             alone = [None if a is None else np.ascontiguousarray(a[index])[None].copy() for a in arrays]
             self.call(self.array or symbol(self.symbol), alone, (1,), 1, selects, ids)
-        if self.flat:
-            items = [None if v is None else arrays[0][name][index] for v, name in zip(values, arrays[0].dtype.names)] if arrays[0].dtype.names else values
-        else:  # a text as it was given: too long a one is cut
-            items = [None if a is None else _text(np.broadcast_to(np.asarray(v), shape)[index]) if kind == "text" else a[index]
-                     for v, a, (_, _, kind, *_) in zip(values, arrays, self.each)]
+        items = [None if a is None else _text(np.broadcast_to(np.asarray(v), shape)[index]) if kind == "text" else a[index]
+                 for v, a, (_, _, kind, *_) in zip(values, arrays, self.each)]
         return self.error(kept, f"element {index[0] if len(index) == 1 else index}, " + self.said(items, selects), status, result)
 
     def said(self, values, selects):
         """The values of one element and the selectors, with their names."""
-        names = [field for field, _ in self.each[0][2]._fields_] if self.flat else [p[1] for p in self.each]
-        said = [f"{name} {written(value)}" for name, value in zip(names, values) if value is not None and written(value)]
+        said = [f"{p[1]} {written(value)}" for p, value in zip(self.each, values) if value is not None and written(value)]
         for (_, enum, name), value in zip([p for p in self.parameters if p[0] in ("select", "record")], selects):
             if isinstance(value, (str, int, np.integer)):
                 number = selected(value, enum)

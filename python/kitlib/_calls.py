@@ -131,7 +131,12 @@ def _others(f, arguments):
             arguments[i] = "at_n"
         elif role == "width":
             text = f.parameters[i + 1]
-            arguments[i] = f"long_pointer({rest[0]})" if rest[0] else f"kind{i + 1}" if text[0] in _EACH else "long_pointer(to)"
+            if rest[0]:
+                arguments[i] = f"long_pointer({rest[0]})"
+            elif text[2] == "octets":
+                arguments[i] = f"long_pointer(x{i + 1}.shape[-1])"
+            else:
+                arguments[i] = f"kind{i + 1}" if text[0] in _EACH else "long_pointer(to)"
     return arguments
 
 
@@ -176,12 +181,12 @@ def quick_call(f, one, other):
     """The same for arrays along one axis that need nothing, from the arguments to the result; `other` has all that is not so.
     What stands around the call of C counts where that takes a few microseconds.
     """
-    if f.flat or not f.each or any(p[0] != "each" or p[2] not in ("f8", "i8", "text") for p in f.each):
+    if not f.each or any(p[0] == "inout" or p[2] not in ("f8", "i8", "text", "octets") for p in f.each):
         return other
-    scope = {"from_buffer": from_buffer, "pointer": pointer, "zeros": _memory.zeros, "ndarray": np.ndarray, "f8": F8, "i8": DTYPES["i8"], "f": f,
+    scope = {"from_buffer": from_buffer, "pointer": pointer, "zeros": _memory.zeros, "ndarray": np.ndarray, "f8": F8, "i8": DTYPES["i8"], "octets": DTYPES["octets"], "f": f,
              "kind_of": kind_of, "kinds": _text_kinds, "result": f.result, "new_tuple": tuple.__new__, "NO": ctypes.c_void_p(None),
              "symbol": symbol, "array": None, "one": one, "other": other}
-    each, gives = _places(f, "each"), _places(f, "gives")
+    each, gives = _places(f, "each", "both"), _places(f, "gives")
     lines = ["def go(values, selects, handles, errors, return_status):"] + _unpacked([f"x{i}" for i in each], "values")
     turned_down = "        return other(values, selects, handles, errors, return_status)"
     if one is not None:
@@ -191,6 +196,8 @@ def quick_call(f, one, other):
     for i in each:
         _, _, kind, length, optional, none_is_zero = f.parameters[i]
         refused = [f"type(x{i}) is not ndarray", f"not x{i}.flags.carray"]
+        if kind == "octets":
+            length = True
         if kind != "text":
             refused.insert(1, f"x{i}.dtype is not {kind}")
         if i == each[0]:
@@ -202,7 +209,9 @@ def quick_call(f, one, other):
         if kind == "text":
             lines.append(f"    kind{i} = kinds.get(x{i}.dtype) or kind_of(x{i}.dtype)\n    if kind{i} is None:\n{turned_down}")
         if i == each[0]:
-            lines.append(f"    n, k = x{i}.shape\n    if k != {length}:\n{turned_down}" if length else f"    n = len(x{i})")
+            lines.append(f"    n, k = x{i}.shape\n    if {'not 0 < k <= ' + str(OCTETS) if kind == 'octets' else f'k != {length}'}:\n{turned_down}" if length else f"    n = len(x{i})")
+        if f.parameters[i][0] == "both":
+            lines.append(f"    x{i} = x{i}.copy()  # C writes there")
         missing = (f"pointer(zeros(n * {max(length, 1)}))" if none_is_zero else "NO") if optional else ""
         pointers.append(f"        p{i} = from_buffer(x{i})" + (f" if x{i} is not None else {missing}" if optional else ""))
     lines += ["    try:"] + pointers + [f"    except (TypeError, ValueError, BufferError):  # read-only ones\n{turned_down}"]
@@ -230,7 +239,7 @@ def _plain(record):
 
 def _has_one(f):
     """Can the scalar form of C be called with what one_element knows?"""
-    return (not f.flat or all(kind is ctypes.c_double for _, kind in f.each[0][2]._fields_)) and all(isinstance(p[2], str) or _plain(p[2]) for p in f.gives)
+    return all(isinstance(p[2], str) or _plain(p[2]) for p in f.gives)
 
 
 def as_record(value, record):
@@ -274,13 +283,16 @@ def one_element(f):
     for i in each:
         _, _, kind, length, optional, none_is_zero = f.parameters[i]
         arguments[i] = f"at{i}p"
-        if f.flat:
-            scope[f"type{i}"] = kind
-            cells.append((f"x{i}", f"type{i}()"))
-            for j, (field, _) in enumerate(kind._fields_):
-                checks.append(f"type(v{j}) in NUMBERS" if j == 0 else f"(v{j} is None or type(v{j}) in NUMBERS)")
-                puts.append(f"x{i}.{field} = v{j}" if j == 0 else f"x{i}.{field} = 0.0 if v{j} is None else v{j}")
-                values.append(f"v{j}")
+        if f.flat:  # the scalar call takes a record, the one for arrays its fields
+            name, first = f.parameters[i][1], each[0]
+            if i == first:
+                scope["type_of_record"] = f.flat
+                cells.append((f"x{i}", "type_of_record()"))
+            else:
+                del arguments[i]
+            checks.append(f"(v{i} is None or type(v{i}) in NUMBERS)" if optional else f"type(v{i}) in NUMBERS")
+            puts.append(f"x{first}.{name} = 0.0 if v{i} is None else v{i}" if optional else f"x{first}.{name} = v{i}")
+            values.append(f"v{i}")
             continue
         values.append(f"v{i}")
         if not isinstance(kind, str):

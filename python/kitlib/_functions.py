@@ -62,7 +62,7 @@ __all__ = [
     "time_get_leap_second_info",
 ]
 
-_sun = _Function("kl_sun", "kl_sun_n", 22, 1, BodyStateResult, False, (
+_sun = _Function("kl_sun", "kl_sun_n", 22, 1, BodyStateResult, None, (
     ("model",),
     ("time",),
     ("n",),
@@ -101,7 +101,7 @@ def sun(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_sta
     return _sun.go((t,), (ref,), (model, time,), errors, return_status)
 
 
-_moon = _Function("kl_moon", "kl_moon_n", 23, 1, BodyStateResult, False, (
+_moon = _Function("kl_moon", "kl_moon_n", 23, 1, BodyStateResult, None, (
     ("model",),
     ("time",),
     ("n",),
@@ -135,7 +135,7 @@ def moon(t, /, *, ref=Time.UTC, model=None, time=None, errors="raise", return_st
     return _moon.go((t,), (ref,), (model, time,), errors, return_status)
 
 
-_planet = _Function("kl_planet", "kl_planet_n", 24, 1, BodyStateResult, False, (
+_planet = _Function("kl_planet", "kl_planet_n", 24, 1, BodyStateResult, None, (
     ("model",),
     ("time",),
     ("n",),
@@ -173,12 +173,12 @@ def planet(t, /, *, planet, ref=Time.UTC, model=None, time=None, errors="raise",
     return _planet.go((t,), (planet, ref,), (model, time,), errors, return_status)
 
 
-_time_cuc_to_processing = _Function("kl_time_cuc_to_processing", "kl_time_cuc_to_processing_n", 46, 1, None, False, (
+_time_cuc_to_processing = _Function("kl_time_cuc_to_processing", "kl_time_cuc_to_processing_n", 46, 1, None, None, (
     ("time",),
     ("n",),
     ("record", _table.CucConfig, "config"),
     ("select", _table.Time, "ref"),
-    ("width", 19),
+    ("width", 0),
     ("each", "cuc", 'octets', 0, False, False),
     ("gives", "t", 'f8', 0, False, False),
 ))
@@ -215,7 +215,7 @@ def time_cuc_to_processing(cuc, /, *, config, ref=Time.UTC, time=None, errors="r
     return _time_cuc_to_processing.go((_of_layout(cuc, config),), (config, ref,), (time,), errors, return_status)
 
 
-_time_processing_to_cuc = _Function("kl_time_processing_to_cuc", "kl_time_processing_to_cuc_n", 47, 1, None, False, (
+_time_processing_to_cuc = _Function("kl_time_processing_to_cuc", "kl_time_processing_to_cuc_n", 47, 1, None, None, (
     ("time",),
     ("n",),
     ("record", _table.CucConfig, "config"),
@@ -258,11 +258,16 @@ def time_processing_to_cuc(t, /, *, config, ref=Time.UTC, time=None, errors="rai
     return _time_processing_to_cuc.go((t,), (config, ref,), (time,), errors, return_status)
 
 
-_geod_to_cart = _Function("kl_geod_to_cart", "kl_geod_to_cart_n", 18, 1, BodyStateResult, True, (
+_geod_to_cart = _Function("kl_geod_to_cart", "kitlib_kl_geod_to_cart_columns", 18, 1, BodyStateResult, _table.Geodetic, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode, "mode"),
-    ("each", "in", _table.Geodetic, 0, False, False),
+    ("each", "latitude", 'f8', 0, False, False),
+    ("each", "longitude", 'f8', 0, False, False),
+    ("each", "height", 'f8', 0, False, False),
+    ("each", "latitude_rate", 'f8', 0, True, False),
+    ("each", "longitude_rate", 'f8', 0, True, False),
+    ("each", "height_rate", 'f8', 0, True, False),
     ("gives", "pos", 'f8', 3, False, False),
     ("gives", "vel", 'f8', 3, False, False),
 ))
@@ -290,7 +295,7 @@ def geod_to_cart(latitude, longitude, height, latitude_rate=None, longitude_rate
     return _geod_to_cart.go((latitude, longitude, height, latitude_rate, longitude_rate, height_rate,), (mode if mode is not None else 2 if latitude_rate is not None or longitude_rate is not None or height_rate is not None else 1,), (model,), errors, return_status)
 
 
-_cart_to_geod = _Function("kl_cart_to_geod", "kl_cart_to_geod_n", 19, 1, GeodeticResult, False, (
+_cart_to_geod = _Function("kl_cart_to_geod", "kl_cart_to_geod_n", 19, 1, GeodeticResult, None, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode, "mode"),
@@ -323,11 +328,16 @@ def cart_to_geod(pos, vel=None, /, *, mode=None, model=None, errors="raise", ret
     return _cart_to_geod.go((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1,), (model,), errors, return_status)
 
 
-_kepl_to_cart = _Function("kl_kepl_to_cart", "kl_kepl_to_cart_n", 20, 1, BodyStateResult, True, (
+_kepl_to_cart = _Function("kl_kepl_to_cart", "kitlib_kl_kepl_to_cart_columns", 20, 1, BodyStateResult, _table.Kepler, (
     ("model",),
     ("n",),
     ("select", _table.Elements, "kind"),
-    ("each", "in", _table.Kepler, 0, False, False),
+    ("each", "semi_major_axis", 'f8', 0, False, False),
+    ("each", "eccentricity", 'f8', 0, False, False),
+    ("each", "inclination", 'f8', 0, False, False),
+    ("each", "raan", 'f8', 0, False, False),
+    ("each", "arg_perigee", 'f8', 0, False, False),
+    ("each", "mean_anomaly", 'f8', 0, False, False),
     ("gives", "pos", 'f8', 3, False, False),
     ("gives", "vel", 'f8', 3, False, False),
 ))
@@ -355,7 +365,7 @@ def kepl_to_cart(semi_major_axis, eccentricity, inclination, raan, arg_perigee, 
     return _kepl_to_cart.go((semi_major_axis, eccentricity, inclination, raan, arg_perigee, mean_anomaly,), (kind,), (model,), errors, return_status)
 
 
-_cart_to_kepl = _Function("kl_cart_to_kepl", "kl_cart_to_kepl_n", 21, 1, KeplerResult, False, (
+_cart_to_kepl = _Function("kl_cart_to_kepl", "kl_cart_to_kepl_n", 21, 1, KeplerResult, None, (
     ("model",),
     ("n",),
     ("select", _table.Elements, "kind"),
@@ -387,7 +397,7 @@ def cart_to_kepl(pos, vel, /, *, kind=Elements.OSCULATING, model=None, errors="r
     return _cart_to_kepl.go((pos, vel,), (kind,), (model,), errors, return_status)
 
 
-_geod_distance = _Function("kl_geod_distance", "kl_geod_distance_n", 26, 1, GeodesicResult, False, (
+_geod_distance = _Function("kl_geod_distance", "kl_geod_distance_n", 26, 1, GeodesicResult, None, (
     ("model",),
     ("n",),
     ("each", "lat1", 'f8', 0, False, False),
@@ -423,7 +433,7 @@ def geod_distance(lat1, lon1, lat2, lon2, /, *, model=None, errors="raise", retu
     return _geod_distance.go((lat1, lon1, lat2, lon2,), (), (model,), errors, return_status)
 
 
-_geod_point = _Function("kl_geod_point", "kl_geod_point_n", None, 1, GeodesicEndResult, False, (
+_geod_point = _Function("kl_geod_point", "kl_geod_point_n", None, 1, GeodesicEndResult, None, (
     ("model",),
     ("n",),
     ("each", "lat", 'f8', 0, False, False),
@@ -453,7 +463,7 @@ def geod_point(lat, lon, azimuth, distance, /, *, model=None, errors="raise", re
     return _geod_point.go((lat, lon, azimuth, distance,), (), (model,), errors, return_status)
 
 
-_position_on_orbit = _Function("kl_position_on_orbit", "kl_position_on_orbit_n", 32, 1, OrbitAngleResult, False, (
+_position_on_orbit = _Function("kl_position_on_orbit", "kl_position_on_orbit_n", 32, 1, OrbitAngleResult, None, (
     ("model",),
     ("time",),
     ("n",),
@@ -503,7 +513,7 @@ def position_on_orbit(t, pos, vel, acc=None, /, *, mode=None, cs, ref=Time.UTC, 
     return _position_on_orbit.go((t, pos, vel, acc,), (mode if mode is not None else 3 if acc is not None else 2, cs, ref,), (model, time,), errors, return_status)
 
 
-_orbit_sun = _Function("kl_orbit_sun", "kl_orbit_sun_n", None, 1, OrbitSunAnglesResult, False, (
+_orbit_sun = _Function("kl_orbit_sun", "kl_orbit_sun_n", None, 1, OrbitSunAnglesResult, None, (
     ("model",),
     ("time",),
     ("n",),
@@ -534,7 +544,7 @@ def orbit_sun(t, pos, vel, /, *, cs, ref=Time.UTC, model=None, time=None, errors
     return _orbit_sun.go((t, pos, vel,), (cs, ref,), (model, time,), errors, return_status)
 
 
-_cart_to_radec = _Function("kl_cart_to_radec", "kl_cart_to_radec_n", 36, 1, RadecResult, False, (
+_cart_to_radec = _Function("kl_cart_to_radec", "kl_cart_to_radec_n", 36, 1, RadecResult, None, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode, "mode"),
@@ -565,11 +575,16 @@ def cart_to_radec(pos, vel=None, /, *, mode=None, model=None, errors="raise", re
     return _cart_to_radec.go((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1,), (model,), errors, return_status)
 
 
-_radec_to_cart = _Function("kl_radec_to_cart", "kl_radec_to_cart_n", 37, 1, BodyStateResult, True, (
+_radec_to_cart = _Function("kl_radec_to_cart", "kitlib_kl_radec_to_cart_columns", 37, 1, BodyStateResult, _table.Radec, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode, "mode"),
-    ("each", "in", _table.Radec, 0, False, False),
+    ("each", "ra", 'f8', 0, False, False),
+    ("each", "dec", 'f8', 0, False, False),
+    ("each", "distance", 'f8', 0, False, False),
+    ("each", "ra_rate", 'f8', 0, True, False),
+    ("each", "dec_rate", 'f8', 0, True, False),
+    ("each", "distance_rate", 'f8', 0, True, False),
     ("gives", "pos", 'f8', 3, False, False),
     ("gives", "vel", 'f8', 3, False, False),
 ))
@@ -597,7 +612,7 @@ def radec_to_cart(ra, dec, distance, ra_rate=None, dec_rate=None, distance_rate=
     return _radec_to_cart.go((ra, dec, distance, ra_rate, dec_rate, distance_rate,), (mode if mode is not None else 2 if ra_rate is not None or dec_rate is not None or distance_rate is not None else 1,), (model,), errors, return_status)
 
 
-_ef_to_topocentric = _Function("kl_ef_to_topocentric", "kl_ef_to_topocentric_n", None, 1, TopocentricResult, False, (
+_ef_to_topocentric = _Function("kl_ef_to_topocentric", "kl_ef_to_topocentric_n", None, 1, TopocentricResult, None, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode, "mode"),
@@ -625,12 +640,17 @@ def ef_to_topocentric(pos, vel=None, /, *, mode=None, origin, model=None, errors
     return _ef_to_topocentric.go((pos, vel,), (mode if mode is not None else 2 if vel is not None else 1, origin,), (model,), errors, return_status)
 
 
-_topocentric_to_ef = _Function("kl_topocentric_to_ef", "kl_topocentric_to_ef_n", None, 1, BodyStateResult, True, (
+_topocentric_to_ef = _Function("kl_topocentric_to_ef", "kitlib_kl_topocentric_to_ef_columns", None, 1, BodyStateResult, _table.Topocentric, (
     ("model",),
     ("n",),
     ("select", _table.CalcMode, "mode"),
     ("record", _table.Geodetic, "origin"),
-    ("each", "in", _table.Topocentric, 0, False, False),
+    ("each", "azimuth", 'f8', 0, False, False),
+    ("each", "elevation", 'f8', 0, False, False),
+    ("each", "range", 'f8', 0, False, False),
+    ("each", "azimuth_rate", 'f8', 0, True, False),
+    ("each", "elevation_rate", 'f8', 0, True, False),
+    ("each", "range_rate", 'f8', 0, True, False),
     ("gives", "pos", 'f8', 3, False, False),
     ("gives", "vel", 'f8', 3, False, False),
 ))
@@ -653,7 +673,7 @@ def topocentric_to_ef(azimuth, elevation, range, azimuth_rate=None, elevation_ra
     return _topocentric_to_ef.go((azimuth, elevation, range, azimuth_rate, elevation_rate, range_rate,), (mode if mode is not None else 2 if azimuth_rate is not None or elevation_rate is not None or range_rate is not None else 1, origin,), (model,), errors, return_status)
 
 
-_geod_to_utm = _Function("KL_Coticchia_Surace", "KL_Coticchia_Surace_n", 39, 1, GeodToUtmResult, False, (
+_geod_to_utm = _Function("KL_Coticchia_Surace", "KL_Coticchia_Surace_n", 39, 1, GeodToUtmResult, None, (
     ("model",),
     ("n",),
     ("each", "lat", 'f8', 0, False, False),
@@ -684,7 +704,7 @@ def geod_to_utm(lat, lon, zone=0, /, *, model=None, errors="raise", return_statu
     return _geod_to_utm.go((lat, lon, zone,), (), (model,), errors, return_status)
 
 
-_utm_to_geod = _Function("kl_utm_to_geod", "kl_utm_to_geod_n", None, 1, GridPlaceResult, False, (
+_utm_to_geod = _Function("kl_utm_to_geod", "kl_utm_to_geod_n", None, 1, GridPlaceResult, None, (
     ("model",),
     ("n",),
     ("each", "zone", 'i8', 0, False, False),
@@ -712,7 +732,7 @@ def utm_to_geod(zone, north, easting, northing, /, *, model=None, errors="raise"
     return _utm_to_geod.go((zone, north, easting, northing,), (), (model,), errors, return_status)
 
 
-_local_orbital_frame = _Function("kl_local_orbital_frame", "kl_local_orbital_frame_n", None, 1, LocalFrameResult, False, (
+_local_orbital_frame = _Function("kl_local_orbital_frame", "kl_local_orbital_frame_n", None, 1, LocalFrameResult, None, (
     ("n",),
     ("select", _table.LocalFrame, "kind"),
     ("each", "pos", 'f8', 3, False, False),
@@ -739,7 +759,7 @@ def local_orbital_frame(pos, vel, acc=None, /, *, kind=LocalFrame.QSW, errors="r
     return _local_orbital_frame.go((pos, vel, acc,), (kind,), (), errors, return_status)
 
 
-_mean_motion = _Function("kl_mean_motion", "kl_mean_motion_n", None, 1, KeplerResult, False, (
+_mean_motion = _Function("kl_mean_motion", "kl_mean_motion_n", None, 1, KeplerResult, None, (
     ("model",),
     ("n",),
     ("each", "mean", _table.Kepler, 0, False, False),
@@ -762,7 +782,7 @@ def mean_motion(mean, duration, /, *, model=None, errors="raise", return_status=
     return _mean_motion.go((mean, duration,), (), (model,), errors, return_status)
 
 
-_time_processing_to_processing = _Function("kl_time_processing_to_processing", "kl_time_processing_to_processing_n", 5, 1, None, False, (
+_time_processing_to_processing = _Function("kl_time_processing_to_processing", "kl_time_processing_to_processing_n", 5, 1, None, None, (
     ("time",),
     ("n",),
     ("fixed",),
@@ -804,7 +824,7 @@ def time_processing_to_processing(t, /, *, ref_in=Time.UTC, ref_out=Time.UTC, ti
     return _time_processing_to_processing.go((t,), (ref_in, ref_out,), (time,), errors, return_status)
 
 
-_time_ascii_to_ascii = _Function("kl_time_ascii_to_ascii", "kitlib_kl_time_ascii_to_ascii_texts", 6, 2, None, False, (
+_time_ascii_to_ascii = _Function("kl_time_ascii_to_ascii", "kitlib_kl_time_ascii_to_ascii_texts", 6, 2, None, None, (
     ("time",),
     ("n",),
     ("select", _table.Ascii, "fmt_in"),
@@ -869,7 +889,7 @@ def time_ascii_to_ascii(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, fmt_
     return _time_ascii_to_ascii.go((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_ascii_to_processing = _Function("kl_time_ascii_to_processing", "kitlib_kl_time_ascii_to_processing_texts", 8, 1, None, False, (
+_time_ascii_to_processing = _Function("kl_time_ascii_to_processing", "kitlib_kl_time_ascii_to_processing_texts", 8, 1, None, None, (
     ("time",),
     ("n",),
     ("select", _table.Ascii, "fmt_in"),
@@ -925,7 +945,7 @@ def time_ascii_to_processing(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC,
     return _time_ascii_to_processing.go((text,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
 
 
-_time_text_to_processing = _Function("kl_time_text_to_processing", "kitlib_kl_time_text_to_processing_texts", 8, 1, None, False, (
+_time_text_to_processing = _Function("kl_time_text_to_processing", "kitlib_kl_time_text_to_processing_texts", 8, 1, None, None, (
     ("time",),
     ("n",),
     ("width", 0),
@@ -982,7 +1002,7 @@ def time_text_to_processing(text, /, *, ref=Time.UTC, ref_out=Time.UTC, time=Non
     return _time_text_to_processing.go((text,), (ref, ref_out,), (time,), errors, return_status)
 
 
-_time_ascii_to_transport = _Function("kl_time_ascii_to_transport", "kitlib_kl_time_ascii_to_transport_texts", 7, 1, None, False, (
+_time_ascii_to_transport = _Function("kl_time_ascii_to_transport", "kitlib_kl_time_ascii_to_transport_texts", 7, 1, None, None, (
     ("time",),
     ("n",),
     ("select", _table.Ascii, "fmt_in"),
@@ -1040,7 +1060,7 @@ def time_ascii_to_transport(text, /, *, fmt_in=Ascii.ASCII_43, ref_in=Time.UTC, 
     return _time_ascii_to_transport.go((text,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_processing_to_ascii = _Function("kl_time_processing_to_ascii", "kitlib_kl_time_processing_to_ascii_texts", 3, 1, None, False, (
+_time_processing_to_ascii = _Function("kl_time_processing_to_ascii", "kitlib_kl_time_processing_to_ascii_texts", 3, 1, None, None, (
     ("time",),
     ("n",),
     ("fixed",),
@@ -1082,7 +1102,7 @@ def time_processing_to_ascii(t, /, *, ref_in=Time.UTC, fmt_out=Ascii.ASCII_43, r
     return _time_processing_to_ascii.go((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_processing_to_transport = _Function("kl_time_processing_to_transport", "kl_time_processing_to_transport_n", 4, 1, None, False, (
+_time_processing_to_transport = _Function("kl_time_processing_to_transport", "kl_time_processing_to_transport_n", 4, 1, None, None, (
     ("time",),
     ("n",),
     ("fixed",),
@@ -1121,7 +1141,7 @@ def time_processing_to_transport(t, /, *, ref_in=Time.UTC, fmt_out=Transport.TRA
     return _time_processing_to_transport.go((t,), (ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_transport_to_ascii = _Function("kl_time_transport_to_ascii", "kitlib_kl_time_transport_to_ascii_texts", 0, 1, None, False, (
+_time_transport_to_ascii = _Function("kl_time_transport_to_ascii", "kitlib_kl_time_transport_to_ascii_texts", 0, 1, None, None, (
     ("time",),
     ("n",),
     ("select", _table.Transport, "fmt_in"),
@@ -1173,7 +1193,7 @@ def time_transport_to_ascii(transport, /, *, fmt_in=Transport.TRANS_0, ref_in=Ti
     return _time_transport_to_ascii.go((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_time_transport_to_processing = _Function("kl_time_transport_to_processing", "kl_time_transport_to_processing_n", 2, 1, None, False, (
+_time_transport_to_processing = _Function("kl_time_transport_to_processing", "kl_time_transport_to_processing_n", 2, 1, None, None, (
     ("time",),
     ("n",),
     ("select", _table.Transport, "fmt_in"),
@@ -1220,7 +1240,7 @@ def time_transport_to_processing(transport, /, *, fmt_in=Transport.TRANS_0, ref_
     return _time_transport_to_processing.go((transport,), (fmt_in, ref_in, ref_out,), (time,), errors, return_status)
 
 
-_time_transport_to_transport = _Function("kl_time_transport_to_transport", "kl_time_transport_to_transport_n", 1, 1, None, False, (
+_time_transport_to_transport = _Function("kl_time_transport_to_transport", "kl_time_transport_to_transport_n", 1, 1, None, None, (
     ("time",),
     ("n",),
     ("select", _table.Transport, "fmt_in"),
@@ -1269,7 +1289,7 @@ def time_transport_to_transport(transport, /, *, fmt_in=Transport.TRANS_0, ref_i
     return _time_transport_to_transport.go((transport,), (fmt_in, ref_in, fmt_out, ref_out,), (time,), errors, return_status)
 
 
-_change_cart_cs = _Function("kl_change_cart_cs", "kl_change_cart_cs_n", 17, 1, StateResult, False, (
+_change_cart_cs = _Function("kl_change_cart_cs", "kl_change_cart_cs_n", 17, 1, StateResult, None, (
     ("model",),
     ("time",),
     ("n",),
@@ -1330,7 +1350,7 @@ def change_cart_cs(t, pos, vel=None, acc=None, /, *, mode=None, cs_in, cs_out, r
     return _change_cart_cs.go((t, pos, vel, acc,), (mode if mode is not None else 3 if acc is not None else 2 if vel is not None else 1, cs_in, cs_out, ref,), (model, time,), errors, return_status)
 
 
-_ray_ellipsoid = _Function("kl_ray_ellipsoid", "kl_ray_ellipsoid_n", None, 1, RayPointsResult, False, (
+_ray_ellipsoid = _Function("kl_ray_ellipsoid", "kl_ray_ellipsoid_n", None, 1, RayPointsResult, None, (
     ("model",),
     ("n",),
     ("each", "pos", 'f8', 3, False, False),
@@ -1356,7 +1376,7 @@ def ray_ellipsoid(pos, dir, margin=None, /, *, model=None, errors="raise", retur
     return _ray_ellipsoid.go((pos, dir, margin,), (), (model,), errors, return_status)
 
 
-_ray_height = _Function("kl_ray_height", "kl_ray_height_n", None, 1, RayPointsResult, False, (
+_ray_height = _Function("kl_ray_height", "kl_ray_height_n", None, 1, RayPointsResult, None, (
     ("model",),
     ("n",),
     ("each", "pos", 'f8', 3, False, False),
@@ -1382,7 +1402,7 @@ def ray_height(pos, dir, height, /, *, model=None, errors="raise", return_status
     return _ray_height.go((pos, dir, height,), (), (model,), errors, return_status)
 
 
-_ray_tangent = _Function("kl_ray_tangent", "kl_ray_tangent_n", None, 1, TangentPointResult, False, (
+_ray_tangent = _Function("kl_ray_tangent", "kl_ray_tangent_n", None, 1, TangentPointResult, None, (
     ("model",),
     ("n",),
     ("each", "pos", 'f8', 3, False, False),
@@ -1410,7 +1430,7 @@ def ray_tangent(pos, dir, /, *, model=None, errors="raise", return_status=False)
     return _ray_tangent.go((pos, dir,), (), (model,), errors, return_status)
 
 
-_eclipse = _Function("kl_eclipse", "kl_eclipse_n", 38, 1, EclipseStateResult, False, (
+_eclipse = _Function("kl_eclipse", "kl_eclipse_n", 38, 1, EclipseStateResult, None, (
     ("model",),
     ("time",),
     ("n",),
@@ -1459,7 +1479,7 @@ def eclipse(t, pos, margin=None, /, *, light_time=1, cs=Frame.EF, ref=Time.UTC, 
     return _eclipse.go((t, pos, margin,), (light_time, cs, ref,), (model, time,), errors, return_status)
 
 
-_earth_orientation_get = _Function("kl_earth_orientation_get", "kl_earth_orientation_get_n", None, 1, EarthOrientationResult, False, (
+_earth_orientation_get = _Function("kl_earth_orientation_get", "kl_earth_orientation_get_n", None, 1, EarthOrientationResult, None, (
     ("time",),
     ("n",),
     ("select", None, "corrections"),
@@ -1484,7 +1504,7 @@ def earth_orientation_get(t, /, *, corrections=0, ref=Time.UTC, time=None, error
     return _earth_orientation_get.go((t,), (corrections, ref,), (time,), errors, return_status)
 
 
-_iers_matrix = _Function("kl_iers_matrix", "kl_iers_matrix_n", None, 1, MatrixStateResult, False, (
+_iers_matrix = _Function("kl_iers_matrix", "kl_iers_matrix_n", None, 1, MatrixStateResult, None, (
     ("time",),
     ("n",),
     ("select", None, "corrections"),
@@ -1520,7 +1540,7 @@ def iers_matrix(t, /, *, corrections=0, cs_in, cs_out, ref=Time.UTC, mode=None, 
     return _iers_matrix.go((t,), (corrections, cs_in, cs_out, ref, mode if mode is not None else 1,), (time,), errors, return_status)
 
 
-_iers_change = _Function("kl_iers_change", "kl_iers_change_n", None, 1, StateResult, False, (
+_iers_change = _Function("kl_iers_change", "kl_iers_change_n", None, 1, StateResult, None, (
     ("time",),
     ("n",),
     ("select", None, "corrections"),
@@ -1562,7 +1582,7 @@ def iers_change(t, pos, vel=None, acc=None, /, *, corrections=0, mode=None, cs_i
     return _iers_change.go((t, pos, vel, acc,), (corrections, mode if mode is not None else 3 if acc is not None else 2 if vel is not None else 1, cs_in, cs_out, ref,), (time,), errors, return_status)
 
 
-_quaternions_to_vectors = _Function("kl_quaternions_to_vectors", "kl_quaternions_to_vectors_n", 33, 1, AxesResult, False, (
+_quaternions_to_vectors = _Function("kl_quaternions_to_vectors", "kl_quaternions_to_vectors_n", 33, 1, AxesResult, None, (
     ("n",),
     ("each", "q", 'f8', 4, False, False),
     ("gives", "x", 'f8', 3, False, False),
@@ -1590,7 +1610,7 @@ def quaternions_to_vectors(q, /, *, errors="raise", return_status=False):
     return _quaternions_to_vectors.go((q,), (), (), errors, return_status)
 
 
-_vectors_to_quaternions = _Function("kl_vectors_to_quaternions", "kl_vectors_to_quaternions_n", 34, 1, None, False, (
+_vectors_to_quaternions = _Function("kl_vectors_to_quaternions", "kl_vectors_to_quaternions_n", 34, 1, None, None, (
     ("n",),
     ("each", "x", 'f8', 3, False, False),
     ("each", "y", 'f8', 3, False, False),
@@ -1618,7 +1638,7 @@ def vectors_to_quaternions(x, y, z, /, *, errors="raise", return_status=False):
     return _vectors_to_quaternions.go((x, y, z,), (), (), errors, return_status)
 
 
-_quaternions_interpol = _Function("kl_quaternions_interpol", "kl_quaternions_interpol_n", 45, 1, None, False, (
+_quaternions_interpol = _Function("kl_quaternions_interpol", "kl_quaternions_interpol_n", 45, 1, None, None, (
     ("n",),
     ("select", _table.Interpolation, "mode"),
     ("each", "t1", 'f8', 0, False, False),
@@ -1651,7 +1671,7 @@ def quaternions_interpol(t1, q1, t2, q2, t, /, *, mode=Interpolation.SLERP, erro
     return _quaternions_interpol.go((t1, q1, t2, q2, t,), (mode,), (), errors, return_status)
 
 
-_euler_to_matrix = _Function("kl_euler_to_matrix", "kl_euler_to_matrix_n", None, 1, None, False, (
+_euler_to_matrix = _Function("kl_euler_to_matrix", "kl_euler_to_matrix_n", None, 1, None, None, (
     ("n",),
     ("each", "angles", 'f8', 3, False, False),
     ("gives", "matrix", 'f8', 9, False, False),
@@ -1670,7 +1690,7 @@ def euler_to_matrix(angles, /, *, errors="raise", return_status=False):
     return _euler_to_matrix.go((angles,), (), (), errors, return_status)
 
 
-_matrix_to_euler = _Function("kl_matrix_to_euler", "kl_matrix_to_euler_n", 41, 1, None, False, (
+_matrix_to_euler = _Function("kl_matrix_to_euler", "kl_matrix_to_euler_n", 41, 1, None, None, (
     ("n",),
     ("each", "matrix", 'f8', 9, False, False),
     ("gives", "angles", 'f8', 3, False, False),
@@ -1692,7 +1712,7 @@ def matrix_to_euler(matrix, /, *, errors="raise", return_status=False):
     return _matrix_to_euler.go((matrix,), (), (), errors, return_status)
 
 
-_get_rotation_angles = _Function("kl_get_rotation_angles", "kl_get_rotation_angles_n", 30, 1, None, False, (
+_get_rotation_angles = _Function("kl_get_rotation_angles", "kl_get_rotation_angles_n", 30, 1, None, None, (
     ("n",),
     ("each", "x1", 'f8', 3, False, False),
     ("each", "y1", 'f8', 3, False, False),
@@ -1724,7 +1744,7 @@ def get_rotation_angles(x1, y1, z1, x2, y2, z2, /, *, errors="raise", return_sta
     return _get_rotation_angles.go((x1, y1, z1, x2, y2, z2,), (), (), errors, return_status)
 
 
-_get_rotated_vectors = _Function("kl_get_rotated_vectors", "kl_get_rotated_vectors_n", 31, 1, AxesResult, False, (
+_get_rotated_vectors = _Function("kl_get_rotated_vectors", "kl_get_rotated_vectors_n", 31, 1, AxesResult, None, (
     ("n",),
     ("each", "x1", 'f8', 3, False, False),
     ("each", "y1", 'f8', 3, False, False),
@@ -1755,7 +1775,7 @@ def get_rotated_vectors(x1, y1, z1, angles, /, *, errors="raise", return_status=
     return _get_rotated_vectors.go((x1, y1, z1, angles,), (), (), errors, return_status)
 
 
-_star_radec = _Function("kl_star_radec", "kl_star_radec_n", 25, 1, RadecResult, False, (
+_star_radec = _Function("kl_star_radec", "kl_star_radec_n", 25, 1, RadecResult, None, (
     ("model",),
     ("time",),
     ("n",),
@@ -1807,7 +1827,7 @@ def star_radec(t, star, observer_pos=None, observer_vel=None, /, *, corrections=
     return _star_radec.go((t, star, observer_pos, observer_vel,), (corrections, cs_out, ref,), (model, time,), errors, return_status)
 
 
-_time_get_pole = _Function("kl_time_get_pole", "kitlib_kl_time_get_pole_n", None, 0, None, False, (
+_time_get_pole = _Function("kl_time_get_pole", "kitlib_kl_time_get_pole_n", None, 0, None, None, (
     ("time",),
     ("n",),
     ("select", _table.Time, "ref"),
@@ -1831,7 +1851,7 @@ def time_get_pole(t, /, *, ref=Time.UTC, time=None, errors="raise", return_statu
     return _time_get_pole.go((t,), (ref,), (time,), errors, return_status)
 
 
-_time_add = _Function("kl_time_add", "kl_time_add_n", 9, 1, None, False, (
+_time_add = _Function("kl_time_add", "kl_time_add_n", 9, 1, None, None, (
     ("n",),
     ("fixed",),
     ("select", _table.Time, "ref"),
@@ -1859,7 +1879,7 @@ def time_add(t, duration, /, *, ref=Time.UTC, errors="raise", return_status=Fals
     return _time_add.go((t, duration,), (ref,), (), errors, return_status)
 
 
-_time_diff = _Function("kl_time_diff", "kl_time_diff_n", 10, 1, None, False, (
+_time_diff = _Function("kl_time_diff", "kl_time_diff_n", 10, 1, None, None, (
     ("n",),
     ("fixed",),
     ("select", _table.Time, "ref"),
@@ -1887,7 +1907,7 @@ def time_diff(time1, time2, /, *, ref=Time.UTC, errors="raise", return_status=Fa
     return _time_diff.go((time1, time2,), (ref,), (), errors, return_status)
 
 
-_time_get_leap_second_info = _Function("kl_time_get_leap_second_info", "kitlib_kl_time_get_leap_second_info_n", 27, 1, LeapSecondInfoResult, False, (
+_time_get_leap_second_info = _Function("kl_time_get_leap_second_info", "kitlib_kl_time_get_leap_second_info_n", 27, 1, LeapSecondInfoResult, None, (
     ("time",),
     ("n",),
     ("select", _table.Ascii, "fmt_out"),

@@ -83,10 +83,17 @@ def shelf(*kinds):
     return Shelf(kinds)
 
 
+_shelves_of_records = {}
+
+
 def some(shape, item, dtype):
     """An array to be filled, of memory that is used again."""
     n = math.prod(shape)
-    own = shelf((item, dtype))
+    own = _shelves_of_records.get(id(dtype))  # numpy hashes all fields of such a type
+    if own is None:
+        own = shelf((item, dtype))
+        if dtype.names and own.kinds[0][1] is dtype:  # which lives on
+            _shelves_of_records[id(dtype)] = own
     try:
         home = own.places[n][0]
         entry = home.popleft()

@@ -319,6 +319,142 @@ long kitlib_kl_time_transport_to_ascii_texts(kl_time_id *time_id, const long *n,
     return result;
 }
 
+KL_API long kitlib_kl_geod_to_cart_columns(kl_model_id *model_id, const long *n, const long *calc_mode, const double *latitude, const double *longitude, const double *height, const double *latitude_rate, const double *longitude_rate, const double *height_rate, double pos[][3], double vel[][3], long *status, long *ierr);
+long kitlib_kl_geod_to_cart_columns(kl_model_id *model_id, const long *n, const long *calc_mode, const double *latitude, const double *longitude, const double *height, const double *latitude_rate, const double *longitude_rate, const double *height_rate, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    kl_geodetic block[kMostRows];
+    long i, k, count, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    memset(block, 0, sizeof block);
+    for (i = 0; i < *n; i += kMostRows) {
+        long word[1] = {0};
+        count = *n - i < kMostRows ? *n - i : kMostRows;
+        for (k = 0; latitude != NULL && k < count; ++k)
+            block[k].latitude = latitude[i + k];
+        for (k = 0; longitude != NULL && k < count; ++k)
+            block[k].longitude = longitude[i + k];
+        for (k = 0; height != NULL && k < count; ++k)
+            block[k].height = height[i + k];
+        for (k = 0; latitude_rate != NULL && k < count; ++k)
+            block[k].latitude_rate = latitude_rate[i + k];
+        for (k = 0; longitude_rate != NULL && k < count; ++k)
+            block[k].longitude_rate = longitude_rate[i + k];
+        for (k = 0; height_rate != NULL && k < count; ++k)
+            block[k].height_rate = height_rate[i + k];
+        result = joined(result, kl_geod_to_cart_n(model_id, &count, calc_mode, block, AT(pos), AT(vel), AT(status), word));
+        for (k = 0; ierr != NULL && k < 1; ++k)
+            ierr[k] |= word[k];
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_kepl_to_cart_columns(kl_model_id *model_id, const long *n, const long *kind, const double *semi_major_axis, const double *eccentricity, const double *inclination, const double *raan, const double *arg_perigee, const double *mean_anomaly, double pos[][3], double vel[][3], long *status, long *ierr);
+long kitlib_kl_kepl_to_cart_columns(kl_model_id *model_id, const long *n, const long *kind, const double *semi_major_axis, const double *eccentricity, const double *inclination, const double *raan, const double *arg_perigee, const double *mean_anomaly, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    kl_kepler block[kMostRows];
+    long i, k, count, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    memset(block, 0, sizeof block);
+    for (i = 0; i < *n; i += kMostRows) {
+        long word[1] = {0};
+        count = *n - i < kMostRows ? *n - i : kMostRows;
+        for (k = 0; semi_major_axis != NULL && k < count; ++k)
+            block[k].semi_major_axis = semi_major_axis[i + k];
+        for (k = 0; eccentricity != NULL && k < count; ++k)
+            block[k].eccentricity = eccentricity[i + k];
+        for (k = 0; inclination != NULL && k < count; ++k)
+            block[k].inclination = inclination[i + k];
+        for (k = 0; raan != NULL && k < count; ++k)
+            block[k].raan = raan[i + k];
+        for (k = 0; arg_perigee != NULL && k < count; ++k)
+            block[k].arg_perigee = arg_perigee[i + k];
+        for (k = 0; mean_anomaly != NULL && k < count; ++k)
+            block[k].mean_anomaly = mean_anomaly[i + k];
+        result = joined(result, kl_kepl_to_cart_n(model_id, &count, kind, block, AT(pos), AT(vel), AT(status), word));
+        for (k = 0; ierr != NULL && k < 1; ++k)
+            ierr[k] |= word[k];
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_radec_to_cart_columns(kl_model_id *model_id, const long *n, const long *calc_mode, const double *ra, const double *dec, const double *distance, const double *ra_rate, const double *dec_rate, const double *distance_rate, double pos[][3], double vel[][3], long *status, long *ierr);
+long kitlib_kl_radec_to_cart_columns(kl_model_id *model_id, const long *n, const long *calc_mode, const double *ra, const double *dec, const double *distance, const double *ra_rate, const double *dec_rate, const double *distance_rate, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    kl_radec block[kMostRows];
+    long i, k, count, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    memset(block, 0, sizeof block);
+    for (i = 0; i < *n; i += kMostRows) {
+        long word[1] = {0};
+        count = *n - i < kMostRows ? *n - i : kMostRows;
+        for (k = 0; ra != NULL && k < count; ++k)
+            block[k].ra = ra[i + k];
+        for (k = 0; dec != NULL && k < count; ++k)
+            block[k].dec = dec[i + k];
+        for (k = 0; distance != NULL && k < count; ++k)
+            block[k].distance = distance[i + k];
+        for (k = 0; ra_rate != NULL && k < count; ++k)
+            block[k].ra_rate = ra_rate[i + k];
+        for (k = 0; dec_rate != NULL && k < count; ++k)
+            block[k].dec_rate = dec_rate[i + k];
+        for (k = 0; distance_rate != NULL && k < count; ++k)
+            block[k].distance_rate = distance_rate[i + k];
+        result = joined(result, kl_radec_to_cart_n(model_id, &count, calc_mode, block, AT(pos), AT(vel), AT(status), word));
+        for (k = 0; ierr != NULL && k < 1; ++k)
+            ierr[k] |= word[k];
+    }
+    return result;
+}
+
+KL_API long kitlib_kl_topocentric_to_ef_columns(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin, const double *azimuth, const double *elevation, const double *range, const double *azimuth_rate, const double *elevation_rate, const double *range_rate, double pos[][3], double vel[][3], long *status, long *ierr);
+long kitlib_kl_topocentric_to_ef_columns(kl_model_id *model_id, const long *n, const long *calc_mode, const kl_geodetic *origin, const double *azimuth, const double *elevation, const double *range, const double *azimuth_rate, const double *elevation_rate, const double *range_rate, double pos[][3], double vel[][3], long *status, long *ierr)
+{
+    kl_topocentric block[kMostRows];
+    long i, k, count, result;
+    if (!begun(n, ierr, 1, &result))
+        return result;
+    memset(block, 0, sizeof block);
+    for (i = 0; i < *n; i += kMostRows) {
+        long word[1] = {0};
+        count = *n - i < kMostRows ? *n - i : kMostRows;
+        for (k = 0; azimuth != NULL && k < count; ++k)
+            block[k].azimuth = azimuth[i + k];
+        for (k = 0; elevation != NULL && k < count; ++k)
+            block[k].elevation = elevation[i + k];
+        for (k = 0; range != NULL && k < count; ++k)
+            block[k].range = range[i + k];
+        for (k = 0; azimuth_rate != NULL && k < count; ++k)
+            block[k].azimuth_rate = azimuth_rate[i + k];
+        for (k = 0; elevation_rate != NULL && k < count; ++k)
+            block[k].elevation_rate = elevation_rate[i + k];
+        for (k = 0; range_rate != NULL && k < count; ++k)
+            block[k].range_rate = range_rate[i + k];
+        result = joined(result, kl_topocentric_to_ef_n(model_id, &count, calc_mode, origin, block, AT(pos), AT(vel), AT(status), word));
+        for (k = 0; ierr != NULL && k < 1; ++k)
+            ierr[k] |= word[k];
+    }
+    return result;
+}
+
+/* Columns of numbers to records of them. */
+KL_API long kitlib_packed(const double *const *columns, const long *n_columns, const long *n, double *out);
+long kitlib_packed(const double *const *columns, const long *n_columns, const long *n, double *out)
+{
+    const long width = *n_columns;
+    long first, i, k;
+    for (first = 0; first < *n; first += kMostRows) {
+        double *const block = out + first * width;
+        const long count = *n - first < kMostRows ? *n - first : kMostRows;
+        for (k = 0; k < width; ++k)
+            for (i = 0; i < count; ++i)
+                block[i * width + k] = columns[k] != NULL ? columns[k][first + i] : 0.0;
+    }
+    return KL_OK;
+}
+
 /* States between states in memory; one that there is not is NaN. */
 KL_API long kitlib_kl_interpolate_states_n(const long *n_states, const kl_state_at *states, const long *n, const double *time, double pos[][3],
                                            double vel[][3], double *error, long *status);

@@ -350,7 +350,10 @@ class PythonFunction:
                 rows.append(f'("record", _table.{camel(p.record)}, "{p.name}")' if p.record else f'("select", {"_table." + p.enum if p.enum else None}, "{p.name}")')
             else:
                 if p.kind in ("text", "octets"):
-                    rows.append(f'("width", {19 if p.octets else 32 if not self.each else 0})')
+                    rows.append(f'("width", {19 if p.octets and p.role == "gives" else 32 if not self.each else 0})')
+                if self.flat and p is self.each[0]:
+                    rows += [f'("each", "{field}", \'f8\', 0, {field.endswith("_rate")}, False)' for field, _, _ in self.fields[p.record]]
+                    continue
                 item = f"_table.{camel(p.record)}" if p.record else repr(p.kind)
                 role = "inout" if p.role == "both" and p in self.gives else p.role
                 rows.append(f'("{role}", "{p.name}", {item}, {p.length}, {p.optional}, {p.zeros})')
@@ -358,10 +361,13 @@ class PythonFunction:
             rows.append('("n",)')
         return rows
 
+    def flat_record(self):
+        return f"_table.{camel(self.each[0].record)}" if self.flat else None
+
     def code(self, examples):
         f = self.f
-        symbol = f"kitlib_{f.name}_texts" if self.has_texts() else f.name + "_n" if f.array else f"kitlib_{f.name}_n"
-        out = f'_{self.name} = _Function("{f.name}", "{symbol}", {f.public}, {f.vector}, {self.result or None}, {self.flat}, (\n'
+        symbol = f"kitlib_{f.name}_columns" if self.flat else f"kitlib_{f.name}_texts" if self.has_texts() else f.name + "_n" if f.array else f"kitlib_{f.name}_n"
+        out = f'_{self.name} = _Function("{f.name}", "{symbol}", {f.public}, {f.vector}, {self.result + "Result" if self.result else None}, {self.flat_record()}, (\n'
         out += "".join(f"    {row},\n" for row in self.descriptor()) + "))\n\n\n"
         out += f"def {self.name}({self.signature()}):\n"
         out += f'    """{self.docstring(examples).strip()}\n    """\n'
@@ -460,7 +466,7 @@ def functions_module(functions, examples):
     names = sorted({f.result + "Result" for f in functions if f.result})
     out += "from ._table import " + ", ".join(names) + "\n\n__all__ = [\n" + "".join(f'    "{f.name}",\n' for f in functions) + "]\n\n"
     for f in functions:
-        out += f.code(examples).replace(f", {f.result}, {f.flat}, (\n", f", {f.result}Result, {f.flat}, (\n") if f.result else f.code(examples)
+        out += f.code(examples)
     return out.rstrip() + "\n"
 
 
@@ -584,8 +590,33 @@ static int begun(const long *n, long *ierr, int words, long *result)
     with open("python/loops/texts.inc", encoding="utf-8") as file:
         out += file.read()
     out += "".join(text_loop(pf) for pf in functions if pf.has_texts())
+    out += "".join(column_loop(pf) for pf in functions if pf.flat)
     with open("python/loops/by_hand.inc", encoding="utf-8") as file:
         return out + "\n" + file.read()
+
+
+def column_loop(pf):
+    """An array form that takes the fields of its records as columns, block by block; a column that is not there is zeros."""
+    f, name, record = pf.f, f"kitlib_{pf.f.name}_columns", pf.each[0]
+    fields = pf.fields[record.record]
+    if not f.array or any(type_ != "double" or length for _, type_, length in fields):
+        raise SystemExit(f"python: {f.name}: a record that is no columns of numbers")
+    declared, passed = [], []
+    for parameter in f.parameters(array=True):
+        argument = re.search(r"(\w+)(\[\w*\])*$", parameter).group(1)
+        p = next((p for p in pf.parameters if p.a.name == argument), None)
+        declared += [f"const double *{field}" for field, _, _ in fields] if p is record else [parameter]
+        varies = p is not None and p.role in ("each", "gives", "both") or argument == "status"
+        passed.append("block" if p is record else f"AT({argument})" if varies else {"n": "&count", "ierr": "word"}.get(argument, argument))
+    declared, words = ", ".join(declared), max(f.vector, 1)
+    out = f"\nKL_API long {name}({declared});\nlong {name}({declared})\n{{\n    {record.record} block[kMostRows];\n    long i, k, count, result;\n"
+    out += f"    if (!begun(n, ierr, {words}, &result))\n        return result;\n    memset(block, 0, sizeof block);\n"
+    out += f"    for (i = 0; i < *n; i += kMostRows) {{\n        long word[{words}] = {{0}};\n        count = *n - i < kMostRows ? *n - i : kMostRows;\n"
+    for field, _, _ in fields:
+        out += f"        for (k = 0; {field} != NULL && k < count; ++k)\n            block[k].{field} = {field}[i + k];\n"
+    out += f"        result = joined(result, {f.name}_n({', '.join(passed)}));\n"
+    out += f"        for (k = 0; ierr != NULL && k < {words}; ++k)\n            ierr[k] |= word[k];\n"
+    return out + "    }\n    return result;\n}\n"
 
 
 def text_loop(pf):
