@@ -66,17 +66,21 @@ def octets(value, name):
     return array
 
 
+_WITH_P_FIELD = int(_table.CucType.WITH_P_FIELD)
+
+
 def of_layout(cuc, config):
     """Octets of CUCs, if they are as many as the layout has: C takes missing ones as zeros and leaves out what is more."""
     config = config if type(config) is _table.CucConfig else one_record(config, _table.CucConfig)
-    counts = config.n_coarse + config.n_fine if 1 <= config.n_coarse <= 7 and 0 <= config.n_fine <= 10 else 0
-    with_p_field = config.cuc_type == _table.CucType.WITH_P_FIELD
+    n_coarse, n_fine = config.n_coarse, config.n_fine
+    counts = n_coarse + n_fine if 1 <= n_coarse <= 7 and 0 <= n_fine <= 10 else 0
+    with_p_field = config.cuc_type == _WITH_P_FIELD
+    if type(cuc) is np.ndarray and not with_p_field and cuc.shape[-1:] == (counts,) and cuc.dtype is DTYPES["octets"]:
+        return cuc
     if type(cuc) is bytes and len(cuc) > 1 and len(cuc) == (_octets_of_p_field(cuc[0] << 8 | cuc[1]) if with_p_field else counts):
         return cuc
     given = octets(cuc, "cuc")
     width = given.shape[-1]
-    if width == counts and not with_p_field:
-        return given
     rows = given.reshape(-1, width)
     if with_p_field:
         heads, which = rows[:, 0].astype("u2") << 8 | (rows[:, 1] if width > 1 else 0), None

@@ -276,6 +276,70 @@ def test_memory_of_results_is_used_again_when_nobody_has_it():
     assert np.array_equal(kl.sun(times).pos, expected[0])
 
 
+def test_statuses_stay():
+    """Statuses that were given out keep their values through other calls, with other statuses, on the same memory."""
+    times = 9668.0 + np.arange(1000) / 1000
+    kept = []
+    for k in range(12):
+        mixed = np.where(np.arange(1000) % (k + 2) == 0, 1e9, times)
+        if k % 2:
+            kept.append((k, kl.sun(mixed, errors="nan", return_status=True)[1]))
+        else:
+            with pytest.raises(kl.KitError) as caught:
+                kl.sun(mixed)
+            kept.append((k, caught.value.status))
+            del caught
+        kl.sun(times)
+    for k, status in kept:
+        assert np.array_equal(status == -1, np.arange(1000) % (k + 2) == 0)
+
+
+def test_threads_have_their_own_errors():
+    """Refused and good calls of four threads at once on shared memory: each has its code, its statuses and its numbers."""
+    times, wrong = 9668.0 + np.arange(500) / 500, []
+    expected = kl.sun(times).pos
+
+    def work(k):
+        bad = times.copy()
+        bad[k] = 1e9
+        for _ in range(60):
+            try:
+                kl.sun(bad if k % 2 else times, ref="UTC" if k != 2 else 9)
+                mine = k == 0
+            except kl.KitError as error:
+                code = kl.codes.sun.TIME_REF_ERR if k == 2 else kl.codes.sun.DATE_ERR
+                mine = k != 0 and error.codes == (code,) and (error.status == -1).sum() == (500 if k == 2 else 1)
+                mine = mine and (k == 2 or f"element {k}, t 1000000000.0" in str(error))
+            if not mine or not np.array_equal(kl.sun(times).pos, expected):
+                wrong.append(k)
+    threads = [threading.Thread(target=work, args=(k,)) for k in range(4)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert wrong == []
+
+
+def test_records_and_their_columns():
+    """The same bits of records, of their columns, with one number for all, and one by one; a column that is left out is zeros."""
+    n = 300
+    columns = [7.2e6 + np.arange(n), np.full(n, 0.001), np.full(n, 98.0), np.linspace(0, 350, n), np.full(n, 20.0), np.full(n, 30.0)]
+    records = np.zeros(n, np.dtype(kl.Kepler))
+    for name, column in zip(records.dtype.names, columns):
+        records[name] = column
+    whole = kl.mean_motion(records, 600.0)
+    for given in (columns, tuple(columns), [columns[0], 0.001, 98.0, columns[3], np.array([20.0]), 30], [c[::-1][::-1] for c in columns]):
+        assert all(np.array_equal(a, b) for a, b in zip(whole, kl.mean_motion(given, 600.0)))
+    one = kl.mean_motion(tuple(float(c[7]) for c in columns), 600.0)
+    assert tuple(one) == tuple(c[7] for c in whole) == tuple(kl.mean_motion(kl.Kepler(*[c[7] for c in columns]), 600.0))
+    orbit = kl.kepl_to_cart(*columns)
+    assert np.array_equal(orbit.pos, kl.kepl_to_cart(columns[0], 0.001, 98.0, columns[3], 20.0, 30.0).pos)
+    place = [np.linspace(-80, 80, n), np.linspace(0, 350, n), np.full(n, 500.0)]
+    assert np.array_equal(kl.geod_to_cart(*place, None, np.full(n, 1e-3)).vel, kl.geod_to_cart(*place, np.zeros(n), 1e-3, 0.0).vel)
+    with pytest.raises(TypeError, match="eccentricity is missing"):
+        kl.kepl_to_cart(columns[0], None, 98.0, 10.0, 20.0, 30.0)
+
+
 def test_threads_share_memory_of_results():
     half = np.linspace(0.1, 0.7, 1000)[:, None]
     quaternions = np.concatenate([np.sin(half) * [1.0, 0.0, 0.0], np.cos(half)], axis=1)
