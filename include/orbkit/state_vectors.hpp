@@ -34,6 +34,42 @@ class StateVectors {
 public:
     explicit StateVectors(Frame frame, Borrowed<ModelId> models = {}) : frame_(frame), models_(models) {}
 
+    /**
+     * From Keplerian elements, an instant each, as StateVector::fromKepler.
+     *
+     * @throws KitError when there are more of the ones than of the others, too
+     */
+    static StateVectors fromKepler(const std::vector<kl_kepler> &elements, Elements kind, Frame frame,
+                                   const std::vector<Time> &times, Borrowed<ModelId> models = {})
+    {
+        detail::need_inertial(frame, "StateVectors::fromKepler");
+        const long of = number(kind);
+        return made("StateVectors::fromKepler", KL_ID_FUNC_KEPL_TO_CART, elements, frame, times, models,
+                    [&](kl_model_id *model, const long *n, double(*pos)[3], double(*vel)[3], long *status, long *ierr) {
+                        return kl_kepl_to_cart_n(model, n, &of, elements.data(), pos, vel, status, ierr);
+                    });
+    }
+    /** From geodetic coordinates and their rates, an instant each, in Frame::EF, as StateVector::fromGeodetic. */
+    static StateVectors fromGeodetic(const std::vector<kl_geodetic> &places, const std::vector<Time> &times,
+                                     Borrowed<ModelId> models = {})
+    {
+        const long mode = KL_CALC_POS_VEL;
+        return made("StateVectors::fromGeodetic", KL_ID_FUNC_GEOD_TO_CART, places, Frame::EF, times, models,
+                    [&](kl_model_id *model, const long *n, double(*pos)[3], double(*vel)[3], long *status, long *ierr) {
+                        return kl_geod_to_cart_n(model, n, &mode, places.data(), pos, vel, status, ierr);
+                    });
+    }
+    /** From right ascensions and so on, an instant each, as StateVector::fromRaDec. */
+    static StateVectors fromRaDec(const std::vector<kl_radec> &directions, Frame frame, const std::vector<Time> &times,
+                                  Borrowed<ModelId> models = {})
+    {
+        const long mode = KL_CALC_POS_VEL;
+        return made("StateVectors::fromRaDec", KL_ID_FUNC_RADEC_TO_CART, directions, frame, times, models,
+                    [&](kl_model_id *model, const long *n, double(*pos)[3], double(*vel)[3], long *status, long *ierr) {
+                        return kl_radec_to_cart_n(model, n, &mode, directions.data(), pos, vel, status, ierr);
+                    });
+    }
+
     void reserve(std::size_t n)
     {
         times_.reserve(n);
@@ -49,7 +85,7 @@ public:
         pos_.push_back(pos);
         vel_.push_back(vel);
     }
-    /** @throws KitError in another frame, or without an instant */
+    /** An acceleration is left behind. @throws KitError in another frame, or without an instant */
     void add(const StateVector &state)
     {
         if (state.frame() != frame_)
@@ -159,6 +195,23 @@ public:
         return out;
     }
 
+    /** Axes that go along with each of them, as StateVector::localFrame. */
+    std::vector<OrbitalAxes> localFrame(OrbitalFrame kind) const
+    {
+        std::vector<OrbitalAxes> out(size());
+        std::vector<Matrix> axes(size()), rates(size());
+        const Call call(*this);
+        const long of = number(kind);
+        if (kl_local_orbital_frame_n(&call.n, &of, plain(pos_), plain(vel_), nullptr, plain(axes), plain(rates),
+                                     call.status, call.ierr)
+            == KL_ERR)
+            throw_messages(
+                {"A state without angular momentum has no frame.", "StateVectors::localFrame", call.failed()});
+        for (std::size_t i = 0; i < size(); ++i)
+            out[i] = {axes[i], rates[i]};
+        return out;
+    }
+
     friend bool operator==(const StateVectors &a, const StateVectors &b)
     {
         return a.frame_ == b.frame_ && a.times_ == b.times_ && a.pos_ == b.pos_ && a.vel_ == b.vel_;
@@ -210,6 +263,28 @@ private:
         mutable long ierr[1] = {0};
     };
 
+    // What an array call makes of records; it fills positions, velocities, statuses and the error vector.
+    template <class Record, class Fill>
+    static StateVectors made(const char *operation, long public_id, const std::vector<Record> &records, Frame frame,
+                             const std::vector<Time> &times, Borrowed<ModelId> models, Fill fill)
+    {
+        if (records.size() != times.size())
+            throw_messages({"There must be an instant for each state.", operation});
+        StateVectors out(frame, models);
+        out.reserve(times.size());
+        for (const Time &time : times)
+            out.add(Vector{}, Vector{}, time);
+        if (out.empty())
+            return out;
+        const Call call(out);
+        call.finish(
+            operation,
+            fill(detail::handle(out.models()), &call.n, plain(out.pos_), plain(out.vel_), call.status, call.ierr),
+            public_id);
+        return out;
+    }
+
+    static double (*plain(std::vector<Matrix> &m))[9] { return reinterpret_cast<double(*)[9]>(m.data()); }
     static const double (*plain(const std::vector<Vector> &v))[3]
     {
         static_assert(sizeof(Vector) == 3 * sizeof(double));

@@ -337,10 +337,19 @@ TEST(StateVectors, AreTheirStates)
     const auto directions = states.raDec();
     const auto seen = states.seenFrom(station);
     const auto angles = states.orbitAngle();
+    const auto axes = states.localFrame(ORBKIT::OrbitalFrame::TNW);
+    const auto &times = states.times();
+    const auto by_mean = ORBKIT::StateVectors::fromKepler(mean, ORBKIT::Elements::mean, Frame::TOD, times);
+    const auto by_place = ORBKIT::StateVectors::fromGeodetic(geodetic, times);
+    const auto by_direction = ORBKIT::StateVectors::fromRaDec(directions, Frame::TOD, times);
     for (std::size_t i = 0; i < states.size(); ++i) {
         const StateVector one = states[i];
         EXPECT_EQ(fixed[i], one.in(Frame::EF));
         EXPECT_TRUE(same(geodetic[i], one.geodetic()) && same(mean[i], one.kepler(ORBKIT::Elements::mean))) << i;
+        EXPECT_EQ(axes[i], one.localFrame(ORBKIT::OrbitalFrame::TNW));
+        EXPECT_EQ(by_mean[i], StateVector::fromKepler(mean[i], ORBKIT::Elements::mean, Frame::TOD, one.time()));
+        EXPECT_EQ(by_place[i], StateVector::fromGeodetic(geodetic[i], one.time()));
+        EXPECT_EQ(by_direction[i], StateVector::fromRaDec(directions[i], Frame::TOD, one.time()));
         EXPECT_TRUE(same(directions[i], one.raDec()) && same(seen[i], one.seenFrom(station))
                     && same(angles[i], one.orbitAngle()))
             << i;
@@ -348,6 +357,9 @@ TEST(StateVectors, AreTheirStates)
     EXPECT_TRUE(ORBKIT::StateVectors(Frame::TOD).in(Frame::EF).geodetic().empty());
     states.add({0, 0, 0}, {0, 0, 0}, kEpoch + 4h);
     throws("State 148 of 149", [&] { states.kepler(); });
+    throws("State 148 of 149", [&] { states.localFrame(ORBKIT::OrbitalFrame::TNW); });
+    throws("an instant for each", [&] { ORBKIT::StateVectors::fromGeodetic(geodetic, states.times()); });
+    EXPECT_TRUE(ORBKIT::StateVectors::fromGeodetic({}, {}).empty());
     ORBKIT::StateVectors far(Frame::EF);
     far.add({1e300, 0, 0}, {0, 0, 0}, kEpoch);
     throws("a position is out of range", [&] { far.seenFrom(station); });
