@@ -22,15 +22,22 @@ static_assert(!std::is_convertible_v<Frame, long> && !std::is_convertible_v<long
 static_assert(!std::is_constructible_v<StateVector, ORBKIT::Vector, ORBKIT::Vector, ORBKIT::IersFrame, Time>);
 static_assert(!std::is_constructible_v<Time, const char *, Scale, ORBKIT::TimeCorrelation>); // it would die first
 static_assert(std::is_same_v<ORBKIT::TimeId, ORBKIT::TimeCorrelation>);
-// A number, or one of another kind, in the place of each enumeration.
-template <class N>
-constexpr bool kAnywhere = std::
-                               is_constructible_v<
-                                   Time, std::string, N> || std::is_invocable_v<decltype(&Time::in), Time, N> || std::is_invocable_v<decltype(&Time::fromText), const char *, N, Scale, ORBKIT::Borrowed<ORBKIT::TimeCorrelation>> || std::is_invocable_v<decltype(&StateVector::in), StateVector, N> || std::is_invocable_v<decltype(&StateVector::kepler), StateVector, N> || std::is_invocable_v<decltype(&StateVector::localFrame), StateVector, N> || std::is_invocable_v<decltype(&ORBKIT::IersState::in), ORBKIT::IersState, N, ORBKIT::EopCorrections> || std::is_invocable_v<decltype(&ORBKIT::TimeCorrelation::getPole), ORBKIT::TimeCorrelation, N, double> || std::is_constructible_v<ORBKIT::Planet, N> || std::is_constructible_v<ORBKIT::StateVectors, N>;
-static_assert(
-    !kAnywhere<
-        long> && !kAnywhere<int> && !kAnywhere<ORBKIT::EopCorrections> && !kAnywhere<ORBKIT::StarCorrections> && !kAnywhere<ORBKIT::TransportFormat>);
-static_assert(!std::is_invocable_v<decltype(&StateVector::in), StateVector, Scale>);
+// In the place of an enumeration neither its number nor a value of another one.
+template <class Function, class... Arguments>
+using Invocable = std::is_invocable<Function, Arguments...>;
+template <class Right, class Wrong, class Function, class... Before>
+constexpr bool kOnly =
+    std::conjunction_v<Invocable<Function, Before..., Right>, std::negation<Invocable<Function, Before..., long>>,
+                       std::negation<Invocable<Function, Before..., int>>,
+                       std::negation<Invocable<Function, Before..., Wrong>>>;
+static_assert(kOnly<Scale, Frame, decltype(&Time::in), Time>);
+static_assert(kOnly<Frame, ORBKIT::IersFrame, decltype(&StateVector::in), StateVector>);
+static_assert(kOnly<Frame, Scale, decltype(&ORBKIT::Position::in), ORBKIT::Position>);
+static_assert(kOnly<ORBKIT::Elements, ORBKIT::OrbitalFrame, decltype(&StateVector::kepler), StateVector>);
+static_assert(kOnly<ORBKIT::OrbitalFrame, ORBKIT::Elements, decltype(&StateVector::localFrame), StateVector>);
+static_assert(std::is_constructible_v<Time, std::string, Scale> && !std::is_constructible_v<Time, std::string, long>);
+static_assert(!std::is_constructible_v<Time, std::string, Frame> && !std::is_constructible_v<ORBKIT::Planet, long>);
+static_assert(!std::is_invocable_v<decltype(&ORBKIT::TimeCorrelation::getPole), ORBKIT::TimeCorrelation, long, double>);
 static_assert(!std::is_constructible_v<ORBKIT::Planet, Frame> && !std::is_convertible_v<ORBKIT::Elements, long>);
 // Copied, compared and printed, all of them.
 template <class, class = void>
@@ -155,8 +162,8 @@ TEST(TimeValue, EveryMicrosecondComesBackFromItsText)
     const auto early = Clock::time_point(std::chrono::nanoseconds(-1501)); // to the nearest, before 1970 too
     EXPECT_EQ(Time(early), Time("1970-01-01T00:00:00") - 2us);
     EXPECT_EQ(Time(Clock::time_point(std::chrono::nanoseconds(1499))), Time("1970-01-01T00:00:00") + 1us);
-    EXPECT_THROW(Time(Clock::time_point::min()), KitError);
-    EXPECT_THROW(Time(Clock::time_point::max()), KitError);
+    EXPECT_THROW(Time{Clock::time_point::min()}, KitError);
+    EXPECT_THROW(Time{Clock::time_point::max()}, KitError);
 }
 
 // CCSDS 301.0-B: the P-field has a second octet beyond 4 coarse or 3 fine ones. Octets on the heap: none but a code's
