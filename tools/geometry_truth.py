@@ -87,6 +87,8 @@ def roots_table():
     # turning points that lie close together as seen from the largest root
     rows.append([-8e-5, -4.0, 6e4, -2.25e6, -0.0625])
     rows.append([8.75e-6, 0.0, -7.25e7, 1.5e6, 1.5e-4])
+    # roots that lie far apart
+    rows.append([-0.07, -4e-58, -4e-55, -0.1, 1.5e-33])
     table = []
     for c in rows:
         found = real_roots(c)

@@ -29,10 +29,10 @@ enum {
  * @param[out] ierr     [1] always 0: this function has no id
  * @return KL_OK, or KL_ERR for another order, a coefficient that is not finite, all but c[0] zero, or NULL
  * A multiple root is given once; from order 3 on roots so close that rounding the coefficients could make them one are
- * one (a double root needs a gap of some 1e-8 of itself to be two, a quadruple one 1e-4). Any size of coefficients;
- * where roots lie more than 1e100 apart, small ones may come out as 0 or as one. Accuracy: 2.4 units at most of what
- * rounding the coefficients alone does to a root. No closed formulas above order 2, which lose half the digits beside
- * multiple roots: the roots of the derivative cut the line, each piece is searched.
+ * one (a double root needs a gap of some 1e-8 of itself to be two, a quadruple one 1e-4). Any size of coefficients; a
+ * root outside the range of double comes out as 0 or infinite. Accuracy: 2.4 units at most of what rounding the
+ * coefficients alone does to a root. No closed formulas above order 2, which lose half the digits beside multiple
+ * roots: the roots of the derivative cut the line, each piece is searched.
  */
 KL_API long kl_poly_real_roots(const long *order, const double *c, double roots[4], long *n_roots, long *ierr);
 

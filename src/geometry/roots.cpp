@@ -104,7 +104,7 @@ enum class Search { turning_point, root };
 // The polynomial changes its sign between the ends and is monotone.
 double root_between(const Polynomial &f, double low, double high, bool rising, double start, Search search)
 {
-    constexpr int kLimit = 200; // bisection alone ends sooner
+    constexpr int kLimit = 2400; // steps that halve x from either side end sooner
     const double enough = search == Search::root ? 4.0 * kUnit : 1e-6;
     double x = start > low && start < high ? start : 0.5 * (low + high);
     double moved_before = 0.0;
@@ -295,12 +295,12 @@ bool all_are_tame(const Polynomial &f)
 }
 
 // The whole divided by a power of two, and x by another one, so that the largest root is near 1 and the leading
-// coefficient too. Roots far below 1e-100 of the largest may come out as 0.
+// coefficient too.
 int scale(Polynomial *f)
 {
     const int n = f->order;
     const int leading = exponent_of(f->c[n]);
-    int largest = -5000;
+    int largest = std::numeric_limits<int>::min();
     for (int i = 0; i < n; ++i)
         if (f->c[i] != 0.0) {
             const int above = exponent_of(f->c[i]) - leading;
@@ -308,38 +308,55 @@ int scale(Polynomial *f)
             const int root = above >= 0 ? (above + power - 1) / power : above / power;
             largest = std::max(largest, root);
         }
-    if (largest == -5000)
-        largest = 0;
     for (int i = 0; i <= n; ++i)
         f->c[i] = std::ldexp(f->c[i], (i - n) * largest - leading);
     return largest;
 }
 
-// Are the roots of a quadratic so different that each is a quotient of two coefficients?
-bool lie_far_apart(const Polynomial &f)
+// Those of the coefficients first to last alone, neither of them 0, put in their places.
+void add_roots_of_part(const Polynomial &f, int first, int last, Roots *out)
 {
-    constexpr int kBits = 120;
-    return f.c[1] != 0.0 && 2 * exponent_of(f.c[1]) - exponent_of(f.c[0]) - exponent_of(f.c[2]) > kBits;
+    Polynomial part = {last - first, {}};
+    std::copy(f.c + first, f.c + last + 1, part.c);
+    const int exponent = scale(&part);
+    const Roots found = roots_of(part, Search::root);
+    for (int i = 0; i < found.n; ++i) {
+        out->add(std::ldexp(found.x[i], exponent));
+        for (int k = out->n - 1; k > 0 && out->x[k] < out->x[k - 1]; --k)
+            std::swap(out->x[k], out->x[k - 1]);
+    }
 }
 
-// Of any size; c[0] is not 0.
-Roots roots_of_any_size(Polynomial f)
+// Of any size; c[0] is not 0. Roots of very different sizes do not know of each other: each edge of Newton's polygon,
+// the upper hull of the coefficients' exponents, gives the size of as many roots as it is long, the smallest first.
+Roots roots_of_any_size(const Polynomial &f)
 {
+    constexpr double kApart = 64.0; // bits: what is left out is below the rounding of the coefficients
     Roots out;
     if (f.order == 0)
         return out;
-    const bool tame = all_are_tame(f);
-    if (!tame && f.order == 2 && lie_far_apart(f)) {
-        const double one = -f.c[1] / f.c[2];
-        const double other = -f.c[0] / f.c[1];
-        out.add(std::min(one, other));
-        out.add(std::max(one, other));
-        return out;
+    if (all_are_tame(f))
+        return roots_of(f, Search::root);
+    int first = 0;
+    double before = HUGE_VAL; // the size of the roots of the last edge, bits
+    for (int at = 0; at < f.order;) {
+        double size = HUGE_VAL;
+        int next = at;
+        for (int j = at + 1; j <= f.order; ++j) {
+            const double edge = static_cast<double>(exponent_of(f.c[at]) - exponent_of(f.c[j])) / (j - at);
+            if (f.c[j] != 0.0 && edge <= size) {
+                size = edge;
+                next = j;
+            }
+        }
+        if (size - before > kApart) {
+            add_roots_of_part(f, first, at, &out);
+            first = at;
+        }
+        before = size;
+        at = next;
     }
-    const int exponent = tame ? 0 : scale(&f);
-    out = roots_of(f, Search::root);
-    for (int i = 0; i < out.n && exponent != 0; ++i)
-        out.x[i] = std::ldexp(out.x[i], exponent) + 0.0; // no negative zero
+    add_roots_of_part(f, first, f.order, &out);
     return out;
 }
 
@@ -376,7 +393,7 @@ long real_roots_of_any(long order, const double *c, double roots[4])
             roots[n++] = 0.0;
             zero_is_due = false;
         }
-        if (i < found.n && !(zeros > 0 && found.x[i] == 0.0)) // one that underflowed
+        if (i < found.n && (n == 0 || found.x[i] != roots[n - 1])) // two that left the range are one
             roots[n++] = found.x[i];
     }
     return n;

@@ -92,6 +92,24 @@ TEST(Roots, LeadingZerosLowerTheOrder)
     EXPECT_NEAR(roots_of({1, -1e200, 1})[0], 1e-200, 1e-215);
 }
 
+// (x - 1/s)(x - 1)(x - s), times x + s/2 too: what lies as far apart as this is not moved by the other roots.
+TEST(Roots, OfVeryDifferentSizes)
+{
+    for (const double s : {1e30, 1e60, 1e90, 1e120, 1e150}) {
+        SCOPED_TRACE(s);
+        const std::vector<double> three = roots_of({-1, s, -s, 1});
+        const std::vector<double> four = roots_of({-0.5 * s, 0.5 * s * s, -0.5 * s * s, -0.5 * s, 1});
+        ASSERT_EQ(three.size(), 3U);
+        ASSERT_EQ(four.size(), 4U);
+        EXPECT_NEAR(four[0] / s, -0.5, 2e-16);
+        const double expected[3] = {1 / s, 1, s};
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_NEAR(three[i] / expected[i], 1.0, 4e-16);
+            EXPECT_NEAR(four[i + 1] / expected[i], 1.0, 4e-16);
+        }
+    }
+}
+
 TEST(Roots, RefusesWhatIsNoPolynomial)
 {
     const double c[5] = {1, 2, 3, 4, 5};
