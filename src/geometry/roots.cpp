@@ -366,25 +366,25 @@ long real_roots_of_any(long order, const double *c, double roots[4])
 {
     if (order < 1 || order > kLargestOrder)
         return -1;
-    // Roots of 0 are taken out exactly: rounding would make a value beside them one of its own.
-    Polynomial rest = {0, {}};
+    Polynomial f = {0, {}};
     int zeros = 0;
-    bool leading = true;
-    int last = 0;
     for (int i = 0; i <= static_cast<int>(order); ++i) {
         if (!std::isfinite(c[i]))
             return -1;
-        if (c[i] != 0.0) {
-            leading = false;
-            last = i;
-        }
-        zeros += leading ? 1 : 0;
+        f.c[i] = c[i];
+        if (c[i] != 0.0)
+            f.order = i;
+        else if (f.order == 0 && c[0] == 0.0)
+            ++zeros;
     }
-    if (last == 0)
+    if (f.order == 0)
         return -1;
-    rest.order = last - zeros;
-    std::copy(c + zeros, c + last + 1, rest.c);
-    const Roots found = roots_of_any_size(rest);
+    // Roots of 0 are taken out exactly: rounding would make a value beside them one of its own.
+    if (zeros > 0) {
+        f.order -= zeros;
+        std::copy(c + zeros, c + zeros + f.order + 1, f.c);
+    }
+    const Roots found = roots_of_any_size(f);
 
     int n = 0;
     bool zero_is_due = zeros > 0;
