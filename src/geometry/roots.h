@@ -53,7 +53,7 @@ long real_roots_of_any(long order, const double *c, double roots[4]);
 // to 4, a coefficient is not finite, or all but the first are zero.
 inline long real_roots(long order, const double *c, double roots[4])
 {
-    if (order == 2 && (is_tame(c[0]) & is_tame(c[1]) & is_tame(c[2]))) // what most quadratics are
+    if (order == 2 && is_tame(c[0]) && is_tame(c[1]) && is_tame(c[2])) // what most quadratics are
         return roots_of_quadratic(c[0], c[1], c[2], roots);
     return real_roots_of_any(order, c, roots);
 }
