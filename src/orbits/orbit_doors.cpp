@@ -366,9 +366,10 @@ long KL_Local_orbital_frame(long kind, const double pos[3], const double vel[3],
         const double pull = model_blocks(nullptr).earth.gm / (r2 * std::sqrt(r2));
         for (int i = 0; i < 3; ++i)
             two_bodies[i] = -pull * pos[i];
+        acc = two_bodies;
     }
     double axes[9], turning[9];
-    if (!local_orbital_frame(kind, pos, vel, acc != nullptr ? acc : two_bodies, axes, turning))
+    if (!local_orbital_frame(kind, pos, vel, acc, axes, turning))
         return KL_ERR;
     for (int i = 0; i < 9; ++i)
         if (!std::isfinite(axes[i]) || !std::isfinite(turning[i]))
