@@ -14,9 +14,9 @@
 //
 // The last argument computes a block by kernels. It reads all inputs of the block before it writes, since outputs may
 // lie on inputs, and writes elements that come out well; those with a warning that has no bit and no line it reports by
-// left.warns(i - first). The others it leaves to the scalar call, by left.add(i - first) or, all of them, by returning
-// false: that is for blocks in which a once-only warning may be due, which the elements have to take in order. Verbose
-// calls go through the scalar call element by element.
+// left.warns(i - first). The others it leaves to the scalar call, by left.add(i - first), by left.bits() of a kernel
+// or, all of them, by returning false: for blocks in which a once-only warning may be due, which the elements have to
+// take in order. Verbose calls go through the scalar call element by element.
 #ifndef KL_SRC_ARRAYS_ARRAY_CALL_H
 #define KL_SRC_ARRAYS_ARRAY_CALL_H
 
