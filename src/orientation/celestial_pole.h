@@ -26,6 +26,7 @@ inline namespace KL_SET {
 template <int n>
 struct PairCoefficients {
     double even[n][n], odd[n][n];
+    double side_by_side[n][n][4]; // even, even, odd, odd
 };
 
 template <int n>
@@ -46,6 +47,8 @@ constexpr PairCoefficients<n> pair_coefficients()
         for (int k = 0; k < n; ++k) {
             out.even[k][j] = 0.5 * basis[k];
             out.odd[k][j] = 0.5 * basis[k] / (j + 0.5);
+            for (int i = 0; i < 4; ++i)
+                out.side_by_side[k][j][i] = i < 2 ? out.even[k][j] : out.odd[k][j];
         }
     }
     return out;
@@ -62,18 +65,23 @@ inline Jet<T> through_nodes(const T (&nodes)[n2], const T &x)
         sums[j] = nodes[n + j] + nodes[n - 1 - j];
         differences[j] = nodes[n + j] - nodes[n - 1 - j];
     }
-    constexpr PairCoefficients<n> by = pair_coefficients<n>();
+    static constexpr PairCoefficients<n> by = pair_coefficients<n>();
     T c[2 * n];
-    for (int k = 0; k < n; ++k) {
-        T even = by.even[k][0] * sums[0];
-        T odd = by.odd[k][0] * differences[0];
-        for (int j = 1; j < n; ++j) {
-            even = even + by.even[k][j] * sums[j];
-            odd = odd + by.odd[k][j] * differences[j];
+    for (int k = 0; k < n; ++k)
+        if constexpr (lanes_of<T> == 2 && kLanes >= 4) { // the even and the odd coefficient in one register
+            Pack<4> both = load<Pack<4>>(by.side_by_side[k][0]) * joined(sums[0], differences[0]);
+            for (int j = 1; j < n; ++j)
+                both = both + load<Pack<4>>(by.side_by_side[k][j]) * joined(sums[j], differences[j]);
+            c[2 * k] = T(shuffled<0, 1>(both.v, both.v));
+            c[2 * k + 1] = T(shuffled<2, 3>(both.v, both.v));
+        } else {
+            c[2 * k] = by.even[k][0] * sums[0];
+            c[2 * k + 1] = by.odd[k][0] * differences[0];
+            for (int j = 1; j < n; ++j) {
+                c[2 * k] = c[2 * k] + by.even[k][j] * sums[j];
+                c[2 * k + 1] = c[2 * k + 1] + by.odd[k][j] * differences[j];
+            }
         }
-        c[2 * k] = even;
-        c[2 * k + 1] = odd;
-    }
     Jet<T> out{c[2 * n - 1], c[2 * n - 1] * 0.0, c[2 * n - 1] * 0.0};
     for (int k = 2 * n - 2; k >= 0; --k) {
         if (order >= 2)
