@@ -53,7 +53,7 @@ constexpr Stretch divided_stretch(double flattening)
 inline Stretch stretch_of(double flattening)
 {
     constexpr Stretch kOfTheEarth = divided_stretch(KL_EARTH_FLATTENING);
-    return flattening == KL_EARTH_FLATTENING ? kOfTheEarth : divided_stretch(flattening);
+    return same_number(flattening, KL_EARTH_FLATTENING) ? kOfTheEarth : divided_stretch(flattening);
 }
 
 // Across and along the meridian, m, at the latitude of this sine.

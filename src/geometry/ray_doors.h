@@ -20,10 +20,9 @@ inline long points_on_ellipsoid(const kl_model_id *model_id, const double *pos, 
     if (t == nullptr || pos == nullptr || dir == nullptr)
         return -1;
     const EarthModel &earth = model_blocks(model_id).earth;
-    const double a = earth.semi_major_axis + margin;
-    if (!(earth.semi_major_axis > 0.0 && a > 0.0 && a < HUGE_VAL))
+    if (!(earth.semi_major_axis > 0.0))
         return -1;
-    return line_meets_axes(a, stretch_of(earth.flattening).once, pos, dir, t);
+    return line_meets_axes(earth.semi_major_axis + margin, stretch_of(earth.flattening).once, pos, dir, t);
 }
 
 // A number of roots or points, or -1.

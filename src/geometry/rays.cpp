@@ -42,6 +42,8 @@ long hand_out(const MeetingPoints<double> &points, double t[2])
 
 long any_line_meets_axes(double a, double stretch, const double pos[3], const double dir[3], double t[2])
 {
+    if (!(a > 0.0 && a < HUGE_VAL))
+        return -1;
     if (is_ordinary(pos, dir))
         return hand_out(points_of(chord_of(a, stretch, pos, dir), std::sqrt(dot3(dir, dir))), t);
     Ray ray;

@@ -7,6 +7,7 @@
 #include "earth/ellipsoid.h"
 #include "numbers/elementary.h"
 #include "numbers/numbers.h"
+#include "numbers/streams.h"
 
 #include <cmath>
 #include <limits>
@@ -292,26 +293,22 @@ bool lowest_point(const Ellipsoid &ellipsoid, const Ray &ray, LowestPoint *out);
 // false.
 long any_line_meets_axes(double a, double stretch, const double pos[3], const double dir[3], double t[2]);
 
-// It with the common cases before a call: no component is asked whether it is finite, as the sums of all tell.
+// It with the common cases before a call: no component is asked whether it is finite, as the sums of all tell. Without
+// a branch on whether there are points, which is guessed wrong where lines pass the limb.
 inline long line_meets_axes(double a, double stretch, const double pos[3], const double dir[3], double t[2])
 {
+    using Pair = Pack<2>;
     const double square = dot3(dir, dir);
     const Chord<double> chord = chord_of(a, stretch, pos, dir);
     const double length = sqrt(square);
-    const double half = sqrt(chord.square) * length; // NaN where the ray passes by, or a number is none
+    const double half = sqrt(chord.square) * length; // never below 0, NaN where the ray passes by
     const double middle = chord.middle * length;
-    if (square < kLargeSquare && square > 1.0 / kLargeSquare) {
-        if (half > 0.0 && fabs(middle) < kFar) {
-            t[0] = middle - half;
-            t[1] = middle + half;
-            return 2;
-        }
-        if (!(half >= 0.0) && dot3(pos, pos) < kLargeSquare) {
-            t[0] = t[1] = kNoPoint;
-            return 0;
-        }
-    }
-    return any_line_meets_axes(a, stretch, pos, dir, t);
+    if (!(square < kLargeSquare && square > 1.0 / kLargeSquare && fabs(middle) < kFar && a > 0.0 && a < kFar))
+        return any_line_meets_axes(a, stretch, pos, dir, t);
+    const Mask<2> there = Pair(half) > Pair(Pair::Vector{-1.0, 0.0});
+    store(select(there, Pair(Pair::Vector{middle - half, middle + half}), Pair(kNoPoint)), t);
+    const std::uint64_t bits = bits_of_lanes(there); // none, the first, or both
+    return static_cast<long>(bits - (bits >> 1));
 }
 
 #endif
