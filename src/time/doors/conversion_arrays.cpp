@@ -145,7 +145,7 @@ bool stays_quiet(const TimeIdRecord *id, const RowCarrier &carrier, long count, 
                  const LeftOver &left)
 {
     int quiet = 1;
-    for (long k = 0; k < count && carrier.is_table(); ++k)
+    for (long k = 0; k < count && id != nullptr && carrier.is_table(); ++k)
         quiet &= static_cast<int>(is_quiet(id->correlation.quiet, block.days[k]) || left.has(k));
     return quiet != 0;
 }
@@ -167,7 +167,7 @@ void pad_rows(long count, Block *block)
 bool change_block(const TimeIdRecord *id, RowCarrier *carrier, long from, long to, long count, Block *block,
                   LeftOver *left)
 {
-    if (carrier->is_table() && !all_inside(id->once_only[KL_FLAGS_CONVERSION]))
+    if (id != nullptr && carrier->is_table() && !all_inside(id->once_only[KL_FLAGS_CONVERSION]))
         return false;
     pad_moments(count, block);
     if (from == to) {
