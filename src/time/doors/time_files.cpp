@@ -326,12 +326,12 @@ long kl_time_get_leap_seconds(kl_time_id *time_id, long *n, double **utc, double
             std::free(values);
             return KL_ERR;
         }
+        std::size_t at = 0;
+        steps([&](const kl_time_row &row) {
+            instants[at] = row.utc;
+            values[at++] = row.tai_utc;
+        });
     }
-    std::size_t at = 0;
-    steps([&](const kl_time_row &row) {
-        instants[at] = row.utc;
-        values[at++] = row.tai_utc;
-    });
     *n = static_cast<long>(count);
     *utc = instants;
     *tai_utc = values;
