@@ -357,7 +357,7 @@ void put_month(const Layout &layout, char *p, long month)
     else if (month >= 1 && month <= 12)
         std::memcpy(p, kl_months[month], 3);
     else
-        std::memcpy(p, month == 0 ? "000" : "999", 3);
+        std::memset(p, month == 0 ? '0' : '9', 3); // of the mission limits
 }
 
 void write_fields(const Form &form, long ref, const long fields[kFields], char *text)
