@@ -6,7 +6,7 @@ Written by tools/api/generate.py from the table in api/ and the headers in inclu
 from . import _table
 from ._arrays import Function as _Function, of_layout as _of_layout
 from ._table import *  # noqa: F403
-from ._table import AxesResult, BodyStateResult, EarthOrientationResult, EclipseStateResult, GeodToUtmResult, GeodesicEndResult, GeodesicResult, GeodeticResult, GridPlaceResult, KeplerResult, LeapSecondInfoResult, LocalFrameResult, MatrixStateResult, OrbitAngleResult, OrbitSunAnglesResult, RadecResult, RayPointsResult, StateResult, TangentPointResult, TopocentricResult
+from ._table import AxesResult, BodyStateResult, EarthOrientationResult, EclipseStateResult, GeodPointResult, GeodToUtmResult, GeodesicResult, GeodeticResult, GetRotatedVectorsResult, IersMatrixResult, KeplerResult, LeapSecondInfoResult, LocalFrameResult, OrbitAngleResult, OrbitSunAnglesResult, RadecResult, RayPointsResult, RayTangentResult, StateResult, TopocentricResult, UtmToGeodResult
 
 __all__ = [
     "sun",
@@ -433,7 +433,7 @@ def geod_distance(lat1, lon1, lat2, lon2, /, *, model=None, errors="raise", retu
     return _geod_distance.go((lat1, lon1, lat2, lon2,), (), (model,), errors, return_status)
 
 
-_geod_point = _Function("kl_geod_point", "kl_geod_point_n", None, 1, GeodesicEndResult, None, (
+_geod_point = _Function("kl_geod_point", "kl_geod_point_n", None, 1, GeodPointResult, None, (
     ("model",),
     ("n",),
     ("each", "lat", 'f8', 0, False, False),
@@ -455,10 +455,10 @@ def geod_point(lat, lon, azimuth, distance, /, *, model=None, errors="raise", re
         azimuth: deg, north through east, -360 to 360
         distance: m, -1e9 to 1e9; negative: backwards
         model: ModelId, None: the default models
-    Returns GeodesicEnd:
-        latitude: deg
-        longitude: deg
-        azimuth: deg, direction of travel there
+    Returns GeodPoint:
+        lat2: deg
+        lon2: deg
+        azimuth2: deg, direction of travel there
     """
     return _geod_point.go((lat, lon, azimuth, distance,), (), (model,), errors, return_status)
 
@@ -704,7 +704,7 @@ def geod_to_utm(lat, lon, zone=0, /, *, model=None, errors="raise", return_statu
     return _geod_to_utm.go((lat, lon, zone,), (), (model,), errors, return_status)
 
 
-_utm_to_geod = _Function("kl_utm_to_geod", "kl_utm_to_geod_n", None, 1, GridPlaceResult, None, (
+_utm_to_geod = _Function("kl_utm_to_geod", "kl_utm_to_geod_n", None, 1, UtmToGeodResult, None, (
     ("model",),
     ("n",),
     ("each", "zone", 'i8', 0, False, False),
@@ -725,9 +725,9 @@ def utm_to_geod(zone, north, easting, northing, /, *, model=None, errors="raise"
         easting: m
         northing: m, within 84 deg of the equator and 6 deg of the central meridian
         model: ModelId, None: the default models
-    Returns GridPlace:
-        latitude: deg
-        longitude: deg
+    Returns UtmToGeod:
+        lat: deg
+        lon: deg
     """
     return _utm_to_geod.go((zone, north, easting, northing,), (), (model,), errors, return_status)
 
@@ -1402,7 +1402,7 @@ def ray_height(pos, dir, height, /, *, model=None, errors="raise", return_status
     return _ray_height.go((pos, dir, height,), (), (model,), errors, return_status)
 
 
-_ray_tangent = _Function("kl_ray_tangent", "kl_ray_tangent_n", None, 1, TangentPointResult, None, (
+_ray_tangent = _Function("kl_ray_tangent", "kl_ray_tangent_n", None, 1, RayTangentResult, None, (
     ("model",),
     ("n",),
     ("each", "pos", 'f8', 3, False, False),
@@ -1421,11 +1421,11 @@ def ray_tangent(pos, dir, /, *, model=None, errors="raise", return_status=False)
         pos: [..., 3], m, in axes whose z is the Earth's: kl.Frame.EF, kl.Frame.PEF, kl.Frame.TOD, kl.Frame.TEME
         dir: [..., 3], direction, of any length but 0
         model: ModelId, None: the default models
-    Returns TangentPoint:
+    Returns RayTangent:
         t: m, along the unit direction, negative behind
         point: [..., 3], m, in the axes of pos
         geodetic: record Geodetic, its coordinates; rates 0
-        meetsEarth: 1 when the point lies below the ellipsoid, else 0
+        meets_earth: 1 when the point lies below the ellipsoid, else 0
     """
     return _ray_tangent.go((pos, dir,), (), (model,), errors, return_status)
 
@@ -1504,7 +1504,7 @@ def earth_orientation_get(t, /, *, corrections=0, ref=Time.UTC, time=None, error
     return _earth_orientation_get.go((t,), (corrections, ref,), (time,), errors, return_status)
 
 
-_iers_matrix = _Function("kl_iers_matrix", "kl_iers_matrix_n", None, 1, MatrixStateResult, None, (
+_iers_matrix = _Function("kl_iers_matrix", "kl_iers_matrix_n", None, 1, IersMatrixResult, None, (
     ("time",),
     ("n",),
     ("select", None, "corrections"),
@@ -1532,10 +1532,10 @@ def iers_matrix(t, /, *, corrections=0, cs_in, cs_out, ref=Time.UTC, mode=None, 
         mode: kl.CalcMode, kl.CalcMode.POS, kl.CalcMode.POS_VEL or kl.CalcMode.POS_VEL_ACC; left out: by the
             arguments given
         time: TimeId, None: the correlation of the package
-    Returns MatrixState:
-        matrix: [..., 9], rows of the matrix
-        rate: [..., 9], 1/s, its derivative; zero in mode 1
-        acceleration: [..., 9], 1/s2, its second derivative; zero in modes 1 and 2
+    Returns IersMatrix:
+        r: [..., 9], rows of the matrix
+        dr: [..., 9], 1/s, its derivative; zero in mode 1
+        ddr: [..., 9], 1/s2, its second derivative; zero in modes 1 and 2
     """
     return _iers_matrix.go((t,), (corrections, cs_in, cs_out, ref, mode if mode is not None else 1,), (time,), errors, return_status)
 
@@ -1744,7 +1744,7 @@ def get_rotation_angles(x1, y1, z1, x2, y2, z2, /, *, errors="raise", return_sta
     return _get_rotation_angles.go((x1, y1, z1, x2, y2, z2,), (), (), errors, return_status)
 
 
-_get_rotated_vectors = _Function("kl_get_rotated_vectors", "kl_get_rotated_vectors_n", 31, 1, AxesResult, None, (
+_get_rotated_vectors = _Function("kl_get_rotated_vectors", "kl_get_rotated_vectors_n", 31, 1, GetRotatedVectorsResult, None, (
     ("n",),
     ("each", "x1", 'f8', 3, False, False),
     ("each", "y1", 'f8', 3, False, False),
@@ -1764,10 +1764,10 @@ def get_rotated_vectors(x1, y1, z1, angles, /, *, errors="raise", return_status=
         y1: [..., 3], orthogonal set, any lengths
         z1: [..., 3], orthogonal set, any lengths
         angles: [..., 3], deg
-    Returns Axes:
-        x: [..., 3], unit axes of the turned set; may be those of the first
-        y: [..., 3], unit axes of the turned set; may be those of the first
-        z: [..., 3], unit axes of the turned set; may be those of the first
+    Returns GetRotatedVectors:
+        x2: [..., 3], unit axes of the turned set; may be those of the first
+        y2: [..., 3], unit axes of the turned set; may be those of the first
+        z2: [..., 3], unit axes of the turned set; may be those of the first
     Raises KitError, or warns KitWarning (W):
         ORTHOGONAL_ERR: the set is not orthogonal within 1e-6, or has a null vector
         ROTATION_ERR: angles that are not finite

@@ -251,7 +251,7 @@ class PythonFunction:
     def results(self):
         """Name of the result's class and its fields; no class for a single array."""
         names = {}
-        kind = camel("kl_" + self.name)
+        own = kind = camel("kl_" + self.name)
         if self.f.member and "returns" in self.f.member:
             kind, *pairs = self.f.member["returns"].split()
             names = {argument: field for field, argument in (pair.split("=") for pair in pairs)}
@@ -261,7 +261,12 @@ class PythonFunction:
                 fields += [name for name, _, _ in self.fields[p.record]]
                 kind = camel(p.record)
             else:
-                fields.append(names.get(p.a.name, re.sub(r"_out$", "", p.a.name)))
+                # As in C; of sun_pos and pos_out the word that the class has, too. Other words, another class.
+                name = re.sub(r"_out$", "", p.a.name)
+                word = names.get(p.a.name, name)
+                if word not in name.split("_"):
+                    word, kind = name, own
+                fields.append(word)
         return (kind if len(fields) > 1 else None), fields
 
     def signature(self, stub=False):
