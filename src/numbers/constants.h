@@ -7,6 +7,7 @@ constexpr double KL_TWO_PI = 6.283185307179586476925287;
 constexpr double KL_RAD_PER_DEG = 0.017453292519943295;
 constexpr double KL_DEG_PER_RAD = 57.29577951308232;
 constexpr double KL_RAD_PER_ARCSEC = KL_RAD_PER_DEG / 3600.0;
+constexpr double KL_RAD_PER_MICROARCSEC = KL_RAD_PER_ARCSEC * 1e-6;
 constexpr double KL_RAD_PER_MAS = KL_RAD_PER_DEG / 3.6e6;
 
 constexpr double KL_SECONDS_PER_DAY = 86400.0;

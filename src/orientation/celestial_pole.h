@@ -3,10 +3,10 @@
 #ifndef KL_SRC_ORIENTATION_CELESTIAL_POLE_H
 #define KL_SRC_ORIENTATION_CELESTIAL_POLE_H
 
+#include "numbers/constants.h"
 #include "numbers/transposed.h"
 #include "orientation/jet.h"
 #include "orientation/pole_layout.h"
-#include "orientation/units.h"
 
 #include <cstdint>
 
@@ -130,16 +130,16 @@ inline Jet<T> with_polynomial(const Jet<T> &counts, const Coefficient (&polynomi
             p.rate = p.rate * t + p.value;
         p.value = p.value * t + polynomial[k];
     }
-    constexpr double kDay = 1.0 / kSecondsPerDay;
-    constexpr double kCentury = 1.0 / (kDaysPerCentury * kSecondsPerDay);
+    constexpr double kDay = 1.0 / KL_SECONDS_PER_DAY;
+    constexpr double kCentury = 1.0 / (KL_DAYS_PER_CENTURY * KL_SECONDS_PER_DAY);
     Jet<T> out = p;
-    out.value = kRadPerMicroarcsecond * (kPoleUnit * counts.value + p.value);
+    out.value = KL_RAD_PER_MICROARCSEC * (kPoleUnit * counts.value + p.value);
     if (order >= 1)
         out.rate =
-            (kRadPerMicroarcsecond * kPoleUnit * kDay) * counts.rate + (kRadPerMicroarcsecond * kCentury) * p.rate;
+            (KL_RAD_PER_MICROARCSEC * kPoleUnit * kDay) * counts.rate + (KL_RAD_PER_MICROARCSEC * kCentury) * p.rate;
     if (order >= 2)
-        out.acceleration = (kRadPerMicroarcsecond * kPoleUnit * kDay * kDay) * counts.acceleration
-                           + (kRadPerMicroarcsecond * kCentury * kCentury) * p.acceleration;
+        out.acceleration = (KL_RAD_PER_MICROARCSEC * kPoleUnit * kDay * kDay) * counts.acceleration
+                           + (KL_RAD_PER_MICROARCSEC * kCentury * kCentury) * p.acceleration;
     return out;
 }
 

@@ -105,7 +105,7 @@ void interpolate(const Correlation &c, const Span &span, const Jet<double> (&w)[
     const auto columns = [&](int first, Motion *one, Motion *two) { // two side by side
         Pack<2> pole[n];
         for (int i = 0; i < n; ++i)
-            pole[i] = load<Pack<2>>(c.row_pole[span.first + i] + first) * kRadPerArcsecond;
+            pole[i] = load<Pack<2>>(c.row_pole[span.first + i] + first) * KL_RAD_PER_ARCSEC;
         const Jet<Pack<2>> sums = weighted<order>(w, pole);
         *one = {sums.value[0], sums.rate[0], sums.acceleration[0]};
         *two = {sums.value[1], sums.rate[1], sums.acceleration[1]};
@@ -124,13 +124,13 @@ Motion ut1_by_formula(const Correlation &c, const SplitDay &tai)
 {
     const double tai_utc = c.rows[c.n_rows - 1].tai_utc;
     const auto tai_ut1 = [&](double days) { return tai_utc - (c.a + c.b * (days - c.c) - KL_Get_ut2_ut1(days)); };
-    const double utc = static_cast<double>(tai.day) + (tai.fraction - tai_utc / kSecondsPerDay);
+    const double utc = static_cast<double>(tai.day) + (tai.fraction - tai_utc / KL_SECONDS_PER_DAY);
     constexpr double kStep = 0.5; // days: the seasons of UT2-UT1 are half a year and a year
     const double before = tai_ut1(utc - kStep);
     const double now = tai_ut1(utc);
     const double after = tai_ut1(utc + kStep);
-    return {now, (after - before) / (2.0 * kStep * kSecondsPerDay),
-            ((after - now) - (now - before)) / (kStep * kStep * kSecondsPerDay * kSecondsPerDay)};
+    return {now, (after - before) / (2.0 * kStep * KL_SECONDS_PER_DAY),
+            ((after - now) - (now - before)) / (kStep * kStep * KL_SECONDS_PER_DAY * KL_SECONDS_PER_DAY)};
 }
 
 // One coordinate of the bulletin's formula of the pole.
@@ -148,8 +148,8 @@ Motion pole_by_formula(const PoleFormula &formula, const double (&k)[5], const S
         out.rate += w * (sine * angle.c - cosine * angle.s);
         out.acceleration -= w * w * (cosine * angle.c + sine * angle.s);
     }
-    return {out.value * kRadPerArcsecond, out.rate * (kRadPerArcsecond / kSecondsPerDay),
-            out.acceleration * (kRadPerArcsecond / (kSecondsPerDay * kSecondsPerDay))};
+    return {out.value * KL_RAD_PER_ARCSEC, out.rate * (KL_RAD_PER_ARCSEC / KL_SECONDS_PER_DAY),
+            out.acceleration * (KL_RAD_PER_ARCSEC / (KL_SECONDS_PER_DAY * KL_SECONDS_PER_DAY))};
 }
 
 bool has_pole_formula(const PoleFormula &formula)
@@ -187,7 +187,7 @@ double tai_utc_at(const Correlation &c, long row, const SplitDay &tai)
     if (row < 0 || row + 1 >= c.n_rows || c.leap.sign == 0 || c.rows[row + 1].tai_utc == before.tai_utc)
         return before.tai_utc;
     const double after = (static_cast<double>(tai.day) - c.leap.tai) + tai.fraction; // days since it began
-    return after >= (c.leap.sign > 0 ? 1.0 / kSecondsPerDay : 0.0) && c.leap.tai > before.tai - 1.0
+    return after >= (c.leap.sign > 0 ? 1.0 / KL_SECONDS_PER_DAY : 0.0) && c.leap.tai > before.tai - 1.0
                ? c.rows[row + 1].tai_utc
                : before.tai_utc;
 }
@@ -212,10 +212,10 @@ void eop_values(const Correlation &c, const SplitDay &tai, long near, int order,
         out->x = out->y = out->dx = out->dy = constant(0.0);
     if (c.row_pole != nullptr && !interpolates) { // the edge row; the offsets dX, dY belong to the table alone
         const double(&pole)[4] = c.row_pole[std::max(row, 0L)];
-        out->x = constant(pole[0] * kRadPerArcsecond);
-        out->y = constant(pole[1] * kRadPerArcsecond);
-        out->dx = constant(inside ? pole[2] * kRadPerArcsecond : 0.0);
-        out->dy = constant(inside ? pole[3] * kRadPerArcsecond : 0.0);
+        out->x = constant(pole[0] * KL_RAD_PER_ARCSEC);
+        out->y = constant(pole[1] * KL_RAD_PER_ARCSEC);
+        out->dx = constant(inside ? pole[2] * KL_RAD_PER_ARCSEC : 0.0);
+        out->dy = constant(inside ? pole[3] * KL_RAD_PER_ARCSEC : 0.0);
     }
     if (interpolates) {
         const Span span = span_about(c, std::max(row, 0L));
@@ -248,7 +248,9 @@ TaiInstant tai_of(const Correlation &c, long scale, double time_days)
 {
     const long floor_days = whole_days(time_days);
     const SplitDay given = {floor_days, time_days - static_cast<double>(floor_days)};
-    const auto shifted = [&](double seconds) { return SplitDay{given.day, given.fraction + seconds / kSecondsPerDay}; };
+    const auto shifted = [&](double seconds) {
+        return SplitDay{given.day, given.fraction + seconds / KL_SECONDS_PER_DAY};
+    };
     switch (scale) {
     case KL_TIME_TAI:
         return {given, row_before(c, given)};

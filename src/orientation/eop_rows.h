@@ -2,8 +2,8 @@
 #ifndef KL_SRC_ORIENTATION_EOP_ROWS_H
 #define KL_SRC_ORIENTATION_EOP_ROWS_H
 
+#include "numbers/constants.h"
 #include "orientation/jet.h"
-#include "orientation/units.h"
 
 inline namespace KL_SET {
 
@@ -57,9 +57,9 @@ inline Jet<T> weighted(const Jet<Weight> (&w)[n], const T (&column)[n])
             out.acceleration = out.acceleration + w[i].acceleration * column[i];
     }
     if (order >= 1)
-        out.rate = out.rate / kSecondsPerDay;
+        out.rate = out.rate / KL_SECONDS_PER_DAY;
     if (order >= 2)
-        out.acceleration = out.acceleration / (kSecondsPerDay * kSecondsPerDay);
+        out.acceleration = out.acceleration / (KL_SECONDS_PER_DAY * KL_SECONDS_PER_DAY);
     return out;
 }
 

@@ -4,8 +4,8 @@
 #ifndef KL_SRC_ORIENTATION_FUNDAMENTAL_ARGUMENTS_H
 #define KL_SRC_ORIENTATION_FUNDAMENTAL_ARGUMENTS_H
 
+#include "numbers/constants.h"
 #include "numbers/sin_cos.h"
-#include "orientation/units.h"
 
 inline namespace KL_SET {
 
@@ -32,7 +32,7 @@ constexpr double kPlanetLongitude[8][2] = {
 template <class T>
 inline T lunisolar_argument(const LunisolarArgument &a, const T &t)
 {
-    return reduced((a.degrees * 3600.0 + t * (a.c1 + t * (a.c2 + t * (a.c3 + t * a.c4)))) * kRadPerArcsecond);
+    return reduced((a.degrees * 3600.0 + t * (a.c1 + t * (a.c2 + t * (a.c3 + t * a.c4)))) * KL_RAD_PER_ARCSEC);
 }
 
 inline void fundamental_arguments(double t, double (&out)[14])

@@ -22,12 +22,12 @@ bool orientation_instant(const Correlation &correlation, long scale, double time
     out->rows = nullptr;
     out->times.tai_day = static_cast<double>(tai.day);
     out->times.tai_fraction = tai.fraction;
-    out->times.tt_fraction = carried(tai.day, tai.fraction + kTtMinusTai / kSecondsPerDay, &out->times.tt_day);
+    out->times.tt_fraction = carried(tai.day, tai.fraction + KL_TT_MINUS_TAI / KL_SECONDS_PER_DAY, &out->times.tt_day);
     if (scale == KL_TIME_UT1) {
         out->ut1_day = static_cast<double>(whole_days(time_days));
         out->ut1_fraction = time_days - out->ut1_day;
     } else {
-        out->ut1_fraction = carried(tai.day, tai.fraction - out->eop.tai_ut1.value / kSecondsPerDay, &out->ut1_day);
+        out->ut1_fraction = carried(tai.day, tai.fraction - out->eop.tai_ut1.value / KL_SECONDS_PER_DAY, &out->ut1_day);
     }
     return inside_pole_table(out->times.tt_day);
 }

@@ -37,7 +37,7 @@ long earth_orientation_of_one(kl_time_id *time_id, const long *corrections, cons
         return KL_ERR;
     Orientation v;
     orientation_values_kernel()(&instant, 1, request.corrections, &v);
-    constexpr double kArcsec = 1.0 / kRadPerArcsecond;
+    constexpr double kArcsec = 1.0 / KL_RAD_PER_ARCSEC;
     const double degrees = v.era * KL_DEG_PER_RAD;
     *out = {v.x_pole * kArcsec,
             v.y_pole * kArcsec,

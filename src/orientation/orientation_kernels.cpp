@@ -11,9 +11,9 @@
 
 namespace {
 
-constexpr double kEraAtEpoch = 0.7790572732640;               // turns at J2000.0
-constexpr double kEraExcess = 0.00273781191135448;            // turns a day of UT1 above one
-constexpr double kSPrimeRate = -47.0 * kRadPerMicroarcsecond; // rad a century
+constexpr double kEraAtEpoch = 0.7790572732640;                // turns at J2000.0
+constexpr double kEraExcess = 0.00273781191135448;             // turns a day of UT1 above one
+constexpr double kSPrimeRate = -47.0 * KL_RAD_PER_MICROARCSEC; // rad a century
 
 // A number of each instant of a pack, in registers: what is written in narrow parts holds up a wide read.
 template <class T, class Number>
@@ -76,7 +76,7 @@ void add_pole(const OrientationInstant *in, const Jet<T> (&w)[4], EopOf<T> *out)
         for (int first = 0; first < 4; first += width) {
             Pack<width> pole[4];
             for (int k = 0; k < 4; ++k)
-                pole[k] = load<Pack<width>>(in->poles[k] + first) * kRadPerArcsecond;
+                pole[k] = load<Pack<width>>(in->poles[k] + first) * KL_RAD_PER_ARCSEC;
             const Jet<Pack<width>> sums = weighted<order>(w, pole);
             for (int i = 0; i < width; ++i)
                 *to[first + i] = {sums.value[i], sums.rate[i], sums.acceleration[i]};
@@ -90,7 +90,7 @@ void add_pole(const OrientationInstant *in, const Jet<T> (&w)[4], EopOf<T> *out)
             T pole[4];
             ::gather(from, pole);
             for (int j = 0; j < 4; ++j)
-                columns[j][k] = pole[j] * kRadPerArcsecond;
+                columns[j][k] = pole[j] * KL_RAD_PER_ARCSEC;
         }
         out->x = weighted<order>(w, columns[0]);
         out->y = weighted<order>(w, columns[1]);
@@ -113,7 +113,7 @@ EopOf<T> eop_of_rows(const OrientationInstant *in, const T &day, const T &fracti
     out.tai_ut1 = weighted<order>(w, tai_ut1);
     if (in->poles != nullptr)
         add_pole<order>(in, w, &out);
-    const T behind = fraction - out.tai_ut1.value / kSecondsPerDay;
+    const T behind = fraction - out.tai_ut1.value / KL_SECONDS_PER_DAY;
     const T carry = floor(behind);
     out.ut1_day = day + carry;
     out.ut1_fraction = behind - carry;
@@ -125,7 +125,7 @@ template <class T>
 T gamma_of(const T &t, const T &ut1_fraction)
 {
     const T seconds = 67310.54841 + t * (8640184.812866 + t * (0.093104 - t * 6.2e-6));
-    const T turns = seconds * (1.0 / kSecondsPerDay) + ut1_fraction; // half a turn from 0h to noon, half from pi
+    const T turns = seconds * (1.0 / KL_SECONDS_PER_DAY) + ut1_fraction; // half a turn from 0h to noon, half from pi
     return (turns - floor(turns)) * KL_TWO_PI;
 }
 
@@ -158,7 +158,7 @@ template <int order, class T>
     T times[4];
     ::gather(from, times);
     const auto &[tai_day, tai_fraction, tt_day, tt_fraction] = times;
-    const T t = ((tt_day - 0.5) + tt_fraction) * (1.0 / kDaysPerCentury);
+    const T t = ((tt_day - 0.5) + tt_fraction) * (1.0 / KL_DAYS_PER_CENTURY);
     const EopOf<T> eop = in->rows != nullptr ? eop_of_rows<order, T>(in, tai_day, tai_fraction) : given_eop<T>(in);
     if (low <= kRankGcrs && high >= kRankCirs) {
         e.cip = celestial_pole<order>(tt_days, tt_fraction, t);
@@ -175,7 +175,7 @@ template <int order, class T>
     e.x_pole = eop.x;
     e.y_pole = eop.y;
     if (corrections != 0) {
-        const T centuries = ((day - 0.5) + fraction) * (1.0 / kDaysPerCentury);
+        const T centuries = ((day - 0.5) + fraction) * (1.0 / KL_DAYS_PER_CENTURY);
         const ShortPeriodSums<T> tides =
             short_period_terms<order>(kTideAmplitudes[corrections], gamma_of(centuries, fraction), centuries);
         add(e.x_pole, tides.x);
@@ -183,12 +183,12 @@ template <int order, class T>
         tai_ut1.value = tai_ut1.value - tides.ut1.value;
         tai_ut1.rate = tai_ut1.rate - tides.ut1.rate;
         tai_ut1.acceleration = tai_ut1.acceleration - tides.ut1.acceleration;
-        fraction = fraction + tides.ut1.value * (1.0 / kSecondsPerDay);
+        fraction = fraction + tides.ut1.value * (1.0 / KL_SECONDS_PER_DAY);
     }
     // Source: IERS Conventions (2010), equation 5.15.
     const T noon = fraction - 0.5;
     const T turns = kEraAtEpoch + kEraExcess * (day + noon) + noon;
-    constexpr double kTurnRate = KL_TWO_PI * (1.0 + kEraExcess) / kSecondsPerDay;
+    constexpr double kTurnRate = KL_TWO_PI * (1.0 + kEraExcess) / KL_SECONDS_PER_DAY;
     e.era.value = (turns - floor(turns)) * KL_TWO_PI;
     e.era.rate = kTurnRate * (1.0 - tai_ut1.rate);
     e.era.acceleration = -kTurnRate * tai_ut1.acceleration;

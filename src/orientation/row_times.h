@@ -2,6 +2,7 @@
 #ifndef KL_SRC_ORIENTATION_ROW_TIMES_H
 #define KL_SRC_ORIENTATION_ROW_TIMES_H
 
+#include "numbers/constants.h"
 #include "orientation/celestial_pole.h"
 #include "orientation/orientation.h"
 
@@ -26,9 +27,9 @@ mask_of<T> times_between(const T &days, long scale, const T &tai_utc, const T &t
 {
     const T to_tai = scale == KL_TIME_UTC ? tai_utc : T(scale == KL_TIME_GPS ? kTaiMinusGps : 0.0);
     out->tai_day = floor_of_days(days);
-    out->tai_fraction = (days - out->tai_day) + to_tai / kSecondsPerDay;
+    out->tai_fraction = (days - out->tai_day) + to_tai / KL_SECONDS_PER_DAY;
     const T tai = out->tai_day + out->tai_fraction;
-    const T tt = out->tai_fraction + kTtMinusTai / kSecondsPerDay;
+    const T tt = out->tai_fraction + KL_TT_MINUS_TAI / KL_SECONDS_PER_DAY;
     const T carry = floor_of_days(tt);
     out->tt_day = out->tai_day + carry;
     out->tt_fraction = tt - carry;

@@ -2,6 +2,7 @@
 #ifndef KL_SRC_ORIENTATION_SHORT_PERIOD_TERMS_H
 #define KL_SRC_ORIENTATION_SHORT_PERIOD_TERMS_H
 
+#include "numbers/constants.h"
 #include "orientation/fundamental_arguments.h"
 #include "orientation/jet.h"
 #include "orientation/short_period_table.h"
@@ -27,7 +28,7 @@ constexpr double kGmstRate = (8640184.812866 + 3155760000.0) / 36525.0 / 86400.0
 
 constexpr double lunisolar_rate(int i)
 {
-    return kLunisolar[i].c1 * kRadPerArcsecond / (kDaysPerCentury * kSecondsPerDay);
+    return kLunisolar[i].c1 * KL_RAD_PER_ARCSEC / (KL_DAYS_PER_CENTURY * KL_SECONDS_PER_DAY);
 }
 
 constexpr TideAmplitudes tide_amplitudes(bool ocean, bool libration)
@@ -44,7 +45,7 @@ constexpr TideAmplitudes tide_amplitudes(bool ocean, bool libration)
             double amplitude[2] = {};
             for (int k = 0; k < 2; ++k)
                 amplitude[k] = ((ocean ? term.ocean[2 * q + k] : 0.0) + (libration ? term.libration[2 * q + k] : 0.0))
-                               * (q < 2 ? kRadPerMicroarcsecond : 1e-6);
+                               * (q < 2 ? KL_RAD_PER_MICROARCSEC : 1e-6);
             out.of[q][0][i] = amplitude[0];
             out.of[q][1][i] = amplitude[1];
             out.of[q + 3][0][i] = -frequency * amplitude[1];
