@@ -12,6 +12,12 @@
 
 namespace ORBKIT {
 
+// With a sanitizer g++ 12 does not see that an instant which is not there is not read.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
+
 /**
  * A position in a frame of the chain: numbers, frame, instant and models. A value; the models are borrowed.
  *
@@ -36,8 +42,10 @@ public:
     /** m. */
     Position(const Vector &pos, Frame frame, const std::optional<Time> &time = std::nullopt,
              Borrowed<ModelId> models = {})
-        : pos_(pos), time_(time ? *time : Time()), models_(models), frame_(frame), has_time_(time.has_value())
+        : pos_(pos), models_(models), frame_(frame), has_time_(time.has_value())
     {
+        if (has_time_)
+            time_ = *time;
     }
 
     /** From latitude, longitude (deg) and height (m) above the ellipsoid, in Frame::EF. */
@@ -163,6 +171,10 @@ private:
     Frame frame_;
     bool has_time_;
 };
+
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic pop
+#endif
 
 } // namespace ORBKIT
 
