@@ -29,7 +29,7 @@ LIMITS = [
     ("GCRS to ITRS with rates, one", "moving 160 octets between elements and packs"),
     ("GM2000", "series of nutation and six turns with two derivatives: arithmetic"),
     ("TEME", "the whole chain over true of date, as for one state"),
-    ("GCRS", "search of rows and TAI one by one; cubics of four rows and of the table of the pole"),
+    ("GCRS", "cubics of four rows and of the table of the pole"),
     ("Sun", "series: sines of its arguments"),
     ("Moon", "126 terms with rates of two components, whose operands come from memory; nutation; sines"),
     ("Mars", "series of two planets, and the chain of frames"),
